@@ -1,0 +1,42 @@
+# What every target of the project shares: the language, the warnings and the way rooms are linked.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+if(NOT CMAKE_BUILD_TYPE)
+  set(CMAKE_BUILD_TYPE Release)
+endif()
+
+# The programs and every data file they read stand together in one folder that can be moved.
+set(HALVANE_PROGRAM_FOLDER ${CMAKE_BINARY_DIR}/halvane)
+
+add_library(halvane_settings INTERFACE)
+target_include_directories(halvane_settings INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(
+  halvane_settings
+  INTERFACE -Wall
+            -Wextra
+            -Wpedantic
+            -Wshadow
+            -Wconversion
+            -Wold-style-cast
+            -Wnon-virtual-dtor
+            -Woverloaded-virtual
+            -Werror
+            # One rounding per operation on every processor: reports must not depend on the machine.
+            -ffp-contract=off)
+if(HALVANE_SANITIZE)
+  target_compile_options(halvane_settings INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
+                                                    -fno-omit-frame-pointer)
+  target_link_options(halvane_settings INTERFACE -fsanitize=address,undefined)
+endif()
+if(HALVANE_FUZZ)
+  target_compile_options(halvane_settings INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
+# halvane_room(NAME SOURCES ... USES ...): a folder as a library that sees only the rooms it names.
+function(halvane_room NAME)
+  cmake_parse_arguments(ROOM "" "" "SOURCES;USES" ${ARGN})
+  add_library(${NAME} STATIC ${ROOM_SOURCES})
+  target_link_libraries(${NAME} PUBLIC halvane_settings ${ROOM_USES})
+endfunction()

@@ -1,0 +1,35 @@
+#pragma once
+
+namespace halvane {
+
+/// A calendar date as the user gave it; no field is checked against the calendar.
+struct DateNumbers {
+    double year = 0;
+    double month = 0;
+    double day = 0;
+
+    bool operator==(const DateNumbers&) const = default;
+};
+
+/// `date.vsk`: for which days the prayer, Moon and Qiblah reports are calculated, in the order of the file.
+struct CalculationDate {
+    bool one_day = false;    ///< one day only; decides the wording of the reports
+    DateNumbers start;       ///< first day, as the reports use it
+    DateNumbers end;         ///< last day, as the reports use it
+    DateNumbers from;        ///< the panel's boxes of a period
+    DateNumbers to;          ///< the panel's boxes of a period
+    DateNumbers one;         ///< the panel's boxes of one day
+    bool period = false;     ///< a period
+    bool system_date = true; ///< the machine's date in place of `start` and `end`
+
+    bool operator==(const CalculationDate&) const = default;
+};
+
+/// The stored calculation date. Reads `date.vsk`. The reference holds until the next read or write.
+/// Error  raises RunTimeFailure for a missing or damaged file.
+const CalculationDate& read_date();
+
+/// Rewrites `date.vsk` whole.
+void write_date(const CalculationDate& date);
+
+} // namespace halvane

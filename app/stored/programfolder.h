@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace halvane {
+
+/// The folder of the stored files and reports: the executable's own folder until a program sets another.
+const std::string& program_folder();
+
+/// Makes `folder` the program folder. Every reader drops the copy it keeps.
+void set_program_folder(const std::string& folder);
+
+/// Counts the calls of set_program_folder, so that a kept path or copy can tell that it is stale.
+unsigned program_folder_generation();
+
+/// The folder of the running executable; the present folder where the system does not tell.
+std::string executable_folder();
+
+/// `name` within the program folder.
+std::string program_path(std::string_view name);
+
+/// `name` within the folder of the series files: the program folder, or the executable's folder when the
+/// program folder holds none of the four series files (a folder of settings only).
+std::string series_path(std::string_view name);
+
+} // namespace halvane

@@ -1,0 +1,184 @@
+#include "app/stored/record.h"
+
+#include "app/stored/failure.h"
+
+#include <charconv>
+#include <cmath>
+#include <system_error>
+#include <utility>
+
+namespace halvane {
+namespace {
+
+bool is_line_end(char c) {
+    return c == '\r' || c == '\n';
+}
+
+bool is_blank(char c) {
+    return c == ' ' || c == '\t';
+}
+
+std::string_view trimmed(std::string_view text) {
+    while (!text.empty() && is_blank(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && is_blank(text.back()))
+        text.remove_suffix(1);
+    return text;
+}
+
+/// What a message shows of a damaged field: enough to find it, not a whole damaged file.
+std::string excerpt(std::string_view text) {
+    constexpr std::size_t longest = 40;
+    std::string shown(text.substr(0, longest));
+    while (text.size() > longest && !shown.empty() &&
+           (static_cast<unsigned char>(shown.back()) & 0xC0U) == 0x80U)
+        shown.pop_back();
+    for (char& c : shown)
+        if (static_cast<unsigned char>(c) < 0x20U)
+            c = ' ';
+    return text.size() > longest ? shown + "..." : shown;
+}
+
+template <class Float>
+std::string shortest(Float value) {
+    require_finite(static_cast<double>(value), "a number to be written");
+    char digits[512];
+    const auto end = std::to_chars(digits, digits + sizeof digits, value, std::chars_format::fixed).ptr;
+    return {digits, end};
+}
+
+} // namespace
+
+RecordReader::RecordReader(std::string_view text, std::string path) : text_(text), path_(std::move(path)) {}
+
+bool RecordReader::at_end() {
+    while (position_ < text_.size() && (is_line_end(text_[position_]) || is_blank(text_[position_])))
+        ++position_;
+    return position_ >= text_.size();
+}
+
+void RecordReader::start_record() {
+    if (field_ > 0)
+        ++record_;
+    field_ = 0;
+}
+
+RecordReader::Field RecordReader::next_field() {
+    ++field_;
+    while (position_ < text_.size() && is_blank(text_[position_]))
+        ++position_;
+    if (position_ >= text_.size())
+        return {};
+    Field field{{}, text_[position_] == '"', true};
+    if (field.quoted) {
+        const std::size_t start = position_ + 1;
+        const std::size_t close = text_.find('"', start);
+        if (close == std::string_view::npos)
+            raise({text_.substr(position_), false, true}, "a closing double quote mark");
+        field.text = text_.substr(start, close - start);
+        position_ = close + 1;
+    }
+    const std::size_t start = position_;
+    while (position_ < text_.size() && text_[position_] != ',' && !is_line_end(text_[position_]))
+        ++position_;
+    const std::string_view rest = trimmed(text_.substr(start, position_ - start));
+    if (field.quoted && !rest.empty())
+        raise({rest, false, true}, "a comma or a line end");
+    if (!field.quoted)
+        field.text = rest;
+    if (position_ < text_.size()) {
+        const char separator = text_[position_++];
+        if (separator == '\r' && position_ < text_.size() && text_[position_] == '\n')
+            ++position_;
+    }
+    return field;
+}
+
+void RecordReader::raise(const Field& field, const char* wanted) const {
+    const std::string found =
+        field.present ? "\"" + excerpt(field.text) + "\"" : std::string("the end of the file");
+    throw RunTimeFailure(path_ + ", record " + std::to_string(record_) + ", field " + std::to_string(field_) +
+                         ": wanted " + wanted + ", found " + found + ".");
+}
+
+std::string RecordReader::text() {
+    const Field field = next_field();
+    if (!field.present)
+        raise(field, "a text");
+    return std::string(field.text);
+}
+
+double RecordReader::number() {
+    const Field field = next_field();
+    if (!field.present || field.quoted)
+        raise(field, "a number");
+    std::string_view digits = field.text;
+    if (digits.size() > 1 && digits[0] == '+' && digits[1] != '-')
+        digits.remove_prefix(1);
+    double value = 0;
+    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+    if (result.ec != std::errc() || result.ptr != digits.data() + digits.size() || !std::isfinite(value))
+        raise(field, "a number");
+    return value;
+}
+
+double RecordReader::number_within(double limit) {
+    const double value = number();
+    if (std::fabs(value) > limit)
+        raise({plain_number(value), false, true}, ("a number within " + plain_number(limit)).c_str());
+    return value;
+}
+
+bool RecordReader::boolean() {
+    const Field field = next_field();
+    if (field.present && !field.quoted && field.text == "#TRUE#")
+        return true;
+    if (field.present && !field.quoted && field.text == "#FALSE#")
+        return false;
+    raise(field, "#TRUE# or #FALSE#");
+}
+
+int RecordReader::integer() {
+    constexpr double lowest = -32768;
+    constexpr double highest = 32767;
+    const double value = number();
+    if (value != std::floor(value) || value < lowest || value > highest)
+        raise({plain_number(value), false, true}, "a whole number of 16 bits");
+    return static_cast<int>(value);
+}
+
+void RecordWriter::separate() {
+    if (!line_.empty())
+        line_ += ',';
+}
+
+RecordWriter& RecordWriter::text(std::string_view value) {
+    separate();
+    line_ += '"';
+    for (const char c : value)
+        line_ += c == '"' ? '\'' : is_line_end(c) ? ' ' : c;
+    line_ += '"';
+    return *this;
+}
+
+RecordWriter& RecordWriter::number(double value) {
+    separate();
+    line_ += plain_number(value);
+    return *this;
+}
+
+RecordWriter& RecordWriter::boolean(bool value) {
+    separate();
+    line_ += value ? "#TRUE#" : "#FALSE#";
+    return *this;
+}
+
+std::string plain_number(double value) {
+    return shortest(value);
+}
+
+std::string plain_number(float value) {
+    return shortest(value);
+}
+
+} // namespace halvane

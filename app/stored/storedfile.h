@@ -1,0 +1,92 @@
+#pragma once
+
+#include "app/stored/programfolder.h"
+#include "app/stored/record.h"
+#include "app/stored/textfile.h"
+
+#include <optional>
+#include <string>
+#include <sys/stat.h>
+
+namespace halvane {
+
+/// What tells one state of a file from another: device, inode, size, time of change of content and of entry.
+class FileIdentity {
+public:
+    /// The identity of `path` now; equal to no other when the file is missing.
+    static FileIdentity of(const std::string& path) {
+        FileIdentity identity;
+        identity.exists_ = ::stat(path.c_str(), &identity.status_) == 0;
+        return identity;
+    }
+    bool operator==(const FileIdentity& other) const {
+        return exists_ && other.exists_ && status_.st_dev == other.status_.st_dev &&
+               status_.st_ino == other.status_.st_ino && status_.st_size == other.status_.st_size &&
+               same(status_.st_mtim, other.status_.st_mtim) && same(status_.st_ctim, other.status_.st_ctim);
+    }
+
+private:
+    static bool same(const timespec& a, const timespec& b) {
+        return a.tv_sec == b.tv_sec && a.tv_nsec == b.tv_nsec;
+    }
+    bool exists_ = false;
+    struct stat status_ {};
+};
+
+/// A stored file of one record. `read` gives the results of reading the file at every call at the price of
+/// one look at the file's identity; the record is parsed again only when that has changed.
+template <class Record>
+class StoredFile {
+public:
+    using Parse = Record (*)(RecordReader&);
+    using Format = std::string (*)(const Record&);
+
+    constexpr StoredFile(const char* name, Parse parse, Format format)
+        : name_(name), parse_(parse), format_(format) {}
+
+    /// The stored record; the reference holds until the next call of `read` or `write`.
+    const Record& read() {
+        refresh_path();
+        const FileIdentity now = FileIdentity::of(path_);
+        if (!record_ || !(now == identity_)) {
+            record_.reset();
+            const std::string text = read_text_file(path_);
+            RecordReader reader(text, path_);
+            record_ = parse_(reader);
+            identity_ = now;
+            ++version_;
+        }
+        return *record_;
+    }
+
+    /// Rewrites the file whole, in one step.
+    void write(const Record& record) {
+        refresh_path();
+        const std::string line = format_(record);
+        record_.reset();
+        save_text_file(path_, line);
+    }
+
+    /// Changes whenever `read` has parsed the file anew.
+    unsigned version() const { return version_; }
+
+private:
+    void refresh_path() {
+        if (!path_.empty() && generation_ == program_folder_generation())
+            return;
+        generation_ = program_folder_generation();
+        path_ = program_path(name_);
+        record_.reset();
+    }
+
+    const char* name_;
+    Parse parse_;
+    Format format_;
+    std::string path_;
+    unsigned generation_ = 0;
+    unsigned version_ = 0;
+    std::optional<Record> record_;
+    FileIdentity identity_;
+};
+
+} // namespace halvane

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "app/stored/date.h"
+
+namespace halvane {
+
+/// The machine's local date and clock.
+struct MachineTime {
+    int year = 2000;
+    int month = 1;
+    int day = 1;
+    int hour = 0;
+    int minute = 0;
+    int second = 0;
+};
+
+/// The machine's local time now, or what set_machine_time has put in its place.
+MachineTime machine_time();
+
+/// Puts a fixed time in place of the machine's clock (tests and reproducible reports).
+void set_machine_time(const MachineTime& time);
+
+/// Gives the machine's own clock back.
+void use_machine_clock();
+
+/// First and last day of a run: those of the stored record, or today for both when it follows the system's
+/// date.
+struct CalculationPeriod {
+    DateNumbers start;
+    DateNumbers end;
+};
+CalculationPeriod calculation_period(const CalculationDate& date);
+
+} // namespace halvane

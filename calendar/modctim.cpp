@@ -1,0 +1,49 @@
+#include "calendar/modctim.h"
+
+#include "app/stored/failure.h"
+#include "calendar/numberformat.h"
+
+#include <cmath>
+
+namespace halvane {
+namespace {
+
+/// A count of `unit`s as a clock of one day.
+double wrapped(double count, double per_day) {
+    return count - per_day * std::floor(count / per_day);
+}
+
+std::string two_digits(double value) {
+    return format_number(value, "00");
+}
+
+std::string seconds_text(double hour, double minute, double second) {
+    if (hour == 23 && minute == 59 && second >= 59.5)
+        return "24:00:00";
+    const double seconds = wrapped(hour * 3600 + minute * 60 + std::nearbyint(second), 86400);
+    const double h = std::floor(seconds / 3600);
+    const double m = std::floor((seconds - h * 3600) / 60);
+    return two_digits(h) + ":" + two_digits(m) + ":" + two_digits(seconds - h * 3600 - m * 60);
+}
+
+std::string minutes_text(int precision, double hour, double minute, double second) {
+    if (hour == 23 && minute == 59 && second >= 29.5 && precision == 1)
+        return "24:00";
+    const double minutes = wrapped(hour * 60 + std::nearbyint(minute + second / 60), 1440);
+    const double h = std::floor(minutes / 60);
+    return two_digits(h) + ":" + two_digits(minutes - h * 60);
+}
+
+} // namespace
+
+void modctim(int precision, double hours, std::string& text) {
+    require_finite(hours, "a clock time");
+    const double hour = std::floor(hours);
+    const double x = (hours - hour) * 60;
+    const double minute = std::floor(x);
+    const double second = (x - minute) * 60;
+    text =
+        precision == 0 ? seconds_text(hour, minute, second) : minutes_text(precision, hour, minute, second);
+}
+
+} // namespace halvane

@@ -1,0 +1,49 @@
+#include "ephemeris/sun.h"
+
+#include "ephemeris/earthorientation.h"
+#include "ephemeris/modgeneral.h"
+#include "ephemeris/series.h"
+#include "ephemeris/seriesterms.h"
+#include "ephemeris/sunplace.h"
+#include "ephemeris/sunroutine.h"
+
+#include <array>
+
+namespace halvane {
+namespace {
+
+EarthPlace earth_high(double tau) {
+    const SunSeries& series = termfull();
+    std::array<double, longest_series> terms; // NOLINT: filled whole by the next call
+    series_terms().cosine_of_rate(series.amplitude.data(), series.phase.data(), series.frequency.data(), tau,
+                                  series.amplitude.size(), terms.data());
+    std::array<double, termfull_groups.size()> s{};
+    row_order_sums(terms.data(), termfull_groups.data(), termfull_groups.size(), s.data());
+    return {s[0] + tau * (s[1] + tau * (s[2] + tau * (s[3] + tau * (s[4] + tau * s[5])))),
+            s[6] + tau * (s[7] + tau * (s[8] + tau * (s[9] + tau * s[10]))),
+            s[11] + tau * (s[12] + tau * (s[13] + tau * (s[14] + tau * (s[15] + tau * s[16]))))};
+}
+
+} // namespace
+
+SunPlace sun_high(const Observer& observer, double jd) {
+    const double tau = (jd + days_to_dynamical_time(jd) - epoch_j2000) / 365250;
+    const EarthPlace earth = earth_high(tau);
+    double variation = 0;
+    moddabb(tau, variation);
+    return apparent_sun(observer, jd, tau, earth, -0.005775518 * earth.radius * variation);
+}
+
+void modcorsh(double /*pi_value*/, double jd, double& right_ascension, double& declination,
+              double& topocentric_right_ascension, double& topocentric_declination, double& longitude,
+              double& latitude, double& topocentric_longitude, double& topocentric_latitude, double& radius,
+              double& equation_of_time) {
+    const SunPlace sun = sun_high(stored_observer(), jd);
+    SunOutputs{right_ascension, declination, topocentric_right_ascension, topocentric_declination,
+               longitude,       latitude,    topocentric_longitude,       topocentric_latitude,
+               radius}
+        .take(sun);
+    equation_of_time = sun.equation_of_time;
+}
+
+} // namespace halvane

@@ -1,0 +1,56 @@
+#include "ephemeris/sun.h"
+
+#include "ephemeris/earthorientation.h"
+#include "ephemeris/modgeneral.h"
+#include "ephemeris/series.h"
+#include "ephemeris/seriesterms.h"
+#include "ephemeris/sunplace.h"
+#include "ephemeris/sunroutine.h"
+
+#include <array>
+
+namespace halvane {
+namespace {
+
+constexpr std::size_t padded_rows = 248;
+
+/// Divisors of the groups' sums: the file scales the small groups up.
+constexpr std::array<double, term_groups.size()> divisors{1,  10, 10, 1000, 1000, 1000, 1,
+                                                          10, 1,  10, 10,   1000, 1000};
+constexpr double unit = 1e8;
+
+EarthPlace earth_medium(double tau) {
+    const SunSeries& series = term();
+    std::array<double, padded_rows> terms; // NOLINT: filled whole by the next call
+    series_terms().cosine_of_rate(series.amplitude.data(), series.phase.data(), series.frequency.data(), tau,
+                                  padded_rows, terms.data());
+    std::array<double, term_groups.size()> s{};
+    row_order_sums(terms.data(), term_groups.data(), term_groups.size(), s.data());
+    for (std::size_t i = 0; i < s.size(); ++i)
+        s[i] /= divisors[i];
+    return {(s[0] + tau * (s[1] + tau * (s[2] + tau * (s[3] + tau * (s[4] + tau * s[5]))))) / unit,
+            (s[6] + tau * s[7]) / unit,
+            (s[8] + tau * (s[9] + tau * (s[10] + tau * (s[11] + tau * s[12])))) / unit};
+}
+
+} // namespace
+
+SunPlace sun_medium(const Observer& observer, double jd) {
+    const double tau = (jd + days_to_dynamical_time(jd) - epoch_j2000) / 365250;
+    const EarthPlace earth = earth_medium(tau);
+    return apparent_sun(observer, jd, tau, earth, -0.0056916111 / earth.radius);
+}
+
+void modcorsm(double /*pi_value*/, double jd, double& right_ascension, double& declination,
+              double& topocentric_right_ascension, double& topocentric_declination, double& longitude,
+              double& latitude, double& topocentric_longitude, double& topocentric_latitude, double& radius,
+              double& equation_of_time) {
+    const SunPlace sun = sun_medium(stored_observer(), jd);
+    SunOutputs{right_ascension, declination, topocentric_right_ascension, topocentric_declination,
+               longitude,       latitude,    topocentric_longitude,       topocentric_latitude,
+               radius}
+        .take(sun);
+    equation_of_time = sun.equation_of_time;
+}
+
+} // namespace halvane

@@ -1,0 +1,98 @@
+#include "ephemeris/earthorientation.h"
+#include "ephemeris/meanobliquity.h"
+#include "ephemeris/series.h"
+#include "ephemeris/seriesterms.h"
+
+#include "calendar/moddeltat.h"
+
+#include <array>
+
+namespace halvane {
+namespace {
+
+struct Orientation {
+    double nutation_longitude = 0;
+    double nutation_obliquity = 0;
+    double true_obliquity = 0;
+};
+
+/// D, M, M', F, Omega of the nutation's theory                                           [rad]
+std::array<double, 5> fundamental_arguments(double t) {
+    const double t2 = t * t;
+    const double t3 = t2 * t;
+    const std::array<double, 5> degrees{297.85036 + 445267.11148 * t - 0.0019142 * t2 + t3 / 189474,
+                                        357.52772 + 35999.05034 * t - 0.0001603 * t2 - t3 / 300000,
+                                        134.96298 + 477198.867398 * t + 0.0086972 * t2 + t3 / 56250,
+                                        93.27191 + 483202.017538 * t - 0.0036825 * t2 + t3 / 327270,
+                                        125.04452 - 1934.136261 * t + 0.0020708 * t2 + t3 / 450000};
+    std::array<double, 5> radians{};
+    for (std::size_t i = 0; i < degrees.size(); ++i)
+        radians[i] = reduce360(degrees[i]) * radians_per_degree;
+    return radians;
+}
+
+Orientation compute(double jd) {
+    constexpr std::size_t padded = (nutation_rows + series_padding - 1) / series_padding * series_padding;
+    constexpr double units_per_degree = 36000000;
+    const double tau = (jd + days_to_dynamical_time(jd) - epoch_j2000) / 365250;
+    const double t = 10 * tau;
+    const PeriodicTerms& table = mterm().nutation;
+    const SeriesTerms& set = series_terms();
+
+    std::array<double, padded> argument{};
+    std::array<double, padded> longitude_amplitude{};
+    std::array<double, padded> obliquity_amplitude{};
+    set.fundamental_argument(table.d.data(), table.m.data(), table.m_prime.data(), table.f.data(),
+                             table.omega.data(), fundamental_arguments(t).data(), padded, argument.data());
+    for (std::size_t i = 0; i < padded; ++i) {
+        longitude_amplitude[i] = table.sine[i] + table.sine_rate[i] * t;
+        obliquity_amplitude[i] = table.cosine[i] + table.cosine_rate[i] * t;
+    }
+    std::array<double, 2 * padded> terms{};
+    set.sine_and_cosine(longitude_amplitude.data(), obliquity_amplitude.data(), argument.data(), padded,
+                        terms.data(), terms.data() + padded);
+    constexpr std::array<std::size_t, 2> counts{padded, padded};
+    std::array<double, 2> sums{};
+    row_order_sums(terms.data(), counts.data(), counts.size(), sums.data());
+
+    Orientation result;
+    result.nutation_longitude = sums[0] / units_per_degree;
+    result.nutation_obliquity = sums[1] / units_per_degree;
+    result.true_obliquity = mean_obliquity(tau / 10) + result.nutation_obliquity;
+    return result;
+}
+
+/// Many routines ask for the orientation of one instant after the other; its last result is kept.
+const Orientation& orientation_of(double jd) {
+    static Orientation kept;
+    static double kept_jd = 0;
+    static int kept_reference = -1;
+    static unsigned kept_generation = 0;
+    if (kept_jd != jd || kept_reference != tdtinput || kept_generation != series_generation()) {
+        kept_reference = -1;
+        kept = compute(jd);
+        kept_jd = jd;
+        kept_reference = tdtinput;
+        kept_generation = series_generation();
+    }
+    return kept;
+}
+
+} // namespace
+
+double days_to_dynamical_time(double jd) {
+    if (tdtinput == 1)
+        return 0;
+    double delta_t = 0;
+    moddeltat(jd, delta_t);
+    return delta_t;
+}
+
+void modobliquity(double jd, double& nutation_longitude, double& nutation_obliquity, double& true_obliquity) {
+    const Orientation& orientation = orientation_of(jd);
+    nutation_longitude = orientation.nutation_longitude;
+    nutation_obliquity = orientation.nutation_obliquity;
+    true_obliquity = orientation.true_obliquity;
+}
+
+} // namespace halvane

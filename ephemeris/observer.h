@@ -1,0 +1,22 @@
+#pragma once
+
+namespace halvane {
+
+/// An observer's place with what the transformations need of it.
+struct Observer {
+    double longitude = 0; ///< east positive                                          [deg]
+    double latitude = 0;  ///< north positive                                         [deg]
+    double height = 0;    ///< above sea level                                        [m]
+    double sine_latitude = 0;
+    double cosine_latitude = 1;
+    double rho_sine = 0;   ///< rho sin phi' of the geocentric place
+    double rho_cosine = 1; ///< rho cos phi'
+};
+
+/// The observer at a place.
+Observer observer_at(double longitude, double latitude, double height);
+
+/// The observer of `loc.vsk`. The reference holds until the next call.
+const Observer& stored_observer();
+
+} // namespace halvane

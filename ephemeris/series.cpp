@@ -1,0 +1,154 @@
+#include "ephemeris/series.h"
+
+#include "app/stored/failure.h"
+#include "app/stored/programfolder.h"
+#include "app/stored/record.h"
+#include "app/stored/textfile.h"
+
+#include <functional>
+#include <numeric>
+#include <optional>
+
+namespace halvane {
+namespace {
+
+std::optional<SunSeries> termfull_series;
+std::optional<SunSeries> term_series;
+std::optional<PeriodicTables> mterm_tables;
+std::optional<MoonSeries> elp_series;
+unsigned generation = 0;
+
+template <class Groups>
+std::size_t total(const Groups& groups) {
+    return std::accumulate(groups.begin(), groups.end(), std::size_t{0});
+}
+
+void pad(Column& column) {
+    column.resize((column.size() + series_padding - 1) / series_padding * series_padding, 0.0);
+}
+
+/// Reads `rows` rows whose columns go to `columns`; an empty place is read and not kept.
+void read_rows(RecordReader& reader, std::size_t rows, const std::vector<Column*>& columns) {
+    for (Column* column : columns)
+        if (column != nullptr)
+            column->reserve(column->size() + rows + series_padding);
+    for (std::size_t row = 0; row < rows; ++row) {
+        reader.start_record();
+        for (Column* column : columns) {
+            const double value = reader.number();
+            if (column != nullptr)
+                column->push_back(value);
+        }
+    }
+}
+
+template <class Table>
+void load(const char* name, std::optional<Table>& table, void (*fill)(RecordReader&, Table&)) {
+    const std::string path = series_path(name);
+    const std::string text = read_text_file(path);
+    RecordReader reader(text, path);
+    Table loaded;
+    fill(reader, loaded);
+    table = std::move(loaded);
+    ++generation;
+}
+
+void fill_termfull(RecordReader& reader, SunSeries& series) {
+    read_rows(reader, total(termfull_groups), {&series.amplitude, &series.phase, &series.frequency});
+    for (Column* column : {&series.amplitude, &series.phase, &series.frequency})
+        pad(*column);
+}
+
+void fill_term(RecordReader& reader, SunSeries& series) {
+    read_rows(reader, total(term_groups), {nullptr, &series.amplitude, &series.phase, &series.frequency});
+    for (Column* column : {&series.amplitude, &series.phase, &series.frequency})
+        pad(*column);
+}
+
+void fill_periodic(RecordReader& reader, std::size_t rows, PeriodicTerms& terms, bool nutation) {
+    const std::vector<Column*> columns =
+        nutation ? std::vector<Column*>{nullptr,       &terms.d,          &terms.m,    &terms.m_prime,
+                                        &terms.f,      &terms.omega,      &terms.sine, &terms.sine_rate,
+                                        &terms.cosine, &terms.cosine_rate}
+                 : std::vector<Column*>{nullptr,     &terms.d,      &terms.m, &terms.m_prime, &terms.f,
+                                        &terms.sine, &terms.cosine, nullptr,  nullptr,        nullptr};
+    read_rows(reader, rows, columns);
+    for (Column* column : columns)
+        if (column != nullptr)
+            pad(*column);
+}
+
+void fill_mterm(RecordReader& reader, PeriodicTables& tables) {
+    fill_periodic(reader, nutation_rows, tables.nutation, true);
+    fill_periodic(reader, moon_rows, tables.moon_longitude, false);
+    fill_periodic(reader, moon_rows, tables.moon_latitude, false);
+}
+
+void fill_elp(RecordReader& reader, MoonSeries& series) {
+    for (std::size_t i = 0; i < series.coordinate.size(); ++i) {
+        MoonMainTerms& main = series.coordinate[i].main;
+        MoonSecondaryTerms& secondary = series.coordinate[i].secondary;
+        const auto& rows = elp_blocks[i];
+        read_rows(reader, rows[0],
+                  {nullptr, &main.amplitude, &main.a0, &main.a1, &main.a2, &main.a3, &main.a4});
+        for (std::size_t block = 1; block < rows.size(); ++block)
+            read_rows(reader, rows[block], {nullptr, &secondary.amplitude, &secondary.a0, &secondary.a1});
+        for (Column* column : {&main.amplitude, &main.a0, &main.a1, &main.a2, &main.a3, &main.a4,
+                               &secondary.amplitude, &secondary.a0, &secondary.a1})
+            pad(*column);
+    }
+}
+
+template <class Table>
+const Table& loaded(const std::optional<Table>& table, const char* name) {
+    if (!table)
+        throw RunTimeFailure(series_path(name) + ": the series has not been loaded.");
+    return *table;
+}
+
+} // namespace
+
+void load_termfull() {
+    load("termfull.vsk", termfull_series, fill_termfull);
+}
+
+void load_term() {
+    load("term.vsk", term_series, fill_term);
+}
+
+void load_mterm() {
+    load("mterm.vsk", mterm_tables, fill_mterm);
+}
+
+void load_elp() {
+    load("elp.vsk", elp_series, fill_elp);
+}
+
+void load_series() {
+    load_termfull();
+    load_term();
+    load_mterm();
+    load_elp();
+}
+
+const SunSeries& termfull() {
+    return loaded(termfull_series, "termfull.vsk");
+}
+
+const SunSeries& term() {
+    return loaded(term_series, "term.vsk");
+}
+
+const PeriodicTables& mterm() {
+    return loaded(mterm_tables, "mterm.vsk");
+}
+
+const MoonSeries& elp() {
+    return loaded(elp_series, "elp.vsk");
+}
+
+unsigned series_generation() {
+    return generation;
+}
+
+} // namespace halvane

@@ -1,0 +1,90 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <vector>
+
+namespace halvane {
+
+/// One column of a series, padded with zeros to a whole number of the widest vectors.
+using Column = std::vector<double>;
+
+/// Rows are padded to a multiple of this count.
+inline constexpr std::size_t series_padding = 8;
+
+/// Terms A cos(B + C tau) of VSOP87 in groups by coordinate and power of tau.
+struct SunSeries {
+    Column amplitude; ///< A, unit by table
+    Column phase;     ///< B [rad]
+    Column frequency; ///< C [rad per Julian millennium]
+};
+
+/// Row counts of `termfull.vsk`: L0 to L5, B0 to B4, R0 to R5.
+inline constexpr std::array<std::size_t, 17> termfull_groups{559, 341, 142, 22,  11,  5,  184, 99, 49,
+                                                             11,  5,   526, 292, 139, 27, 10,  3};
+/// Row counts of `term.vsk`: L0 to L5, B0, B1, R0 to R4.
+inline constexpr std::array<std::size_t, 13> term_groups{78, 39, 27, 8, 4, 4, 7, 3, 50, 14, 8, 2, 4};
+
+/// Terms of the lunar theory whose argument is a0 + a1 T + 1e-4 a2 T^2 + (1e-6 a3 T^2)(1e-8 a4 T^4), degrees.
+struct MoonMainTerms {
+    Column amplitude, a0, a1, a2, a3, a4;
+};
+
+/// Terms of the lunar theory whose argument is a0 + a1 T, degrees.
+struct MoonSecondaryTerms {
+    Column amplitude, a0, a1;
+};
+
+/// `elp.vsk`: longitude, latitude and distance, each a main block and three secondary ones (factors 1, T and
+/// 1e-4 T^2). The secondary blocks of a coordinate stand one after the other.
+struct MoonSeries {
+    struct Coordinate {
+        MoonMainTerms main;
+        MoonSecondaryTerms secondary;
+    };
+    std::array<Coordinate, 3> coordinate; ///< longitude, latitude, distance
+};
+
+/// Row counts of `elp.vsk` by coordinate: main block, then the three secondary ones.
+inline constexpr std::array<std::array<std::size_t, 4>, 3> elp_blocks{
+    {{218, 244, 154, 25}, {188, 64, 64, 12}, {154, 114, 68, 19}}};
+
+/// A table of `mterm.vsk`: multiples of D, M, M', F and the further columns.
+struct PeriodicTerms {
+    Column d, m, m_prime, f;
+    Column omega;               ///< multiples of Omega (nutation only)
+    Column sine, sine_rate;     ///< nutation in longitude, 0.0001"; or amplitude of the sine sum
+    Column cosine, cosine_rate; ///< nutation in obliquity, 0.0001"; or amplitude of the cosine sum
+};
+
+inline constexpr std::size_t nutation_rows = 63;
+inline constexpr std::size_t moon_rows = 60;
+
+/// `mterm.vsk`: nutation, and the Moon's longitude with its distance, and its latitude.
+struct PeriodicTables {
+    PeriodicTerms nutation;
+    PeriodicTerms moon_longitude; ///< sine: longitude, 1e-6 deg; cosine: distance, 0.001 km
+    PeriodicTerms moon_latitude;  ///< sine: latitude, 1e-6 deg
+};
+
+/// Fill the process-wide arrays from the four files. Rows past the fixed count are not read.
+/// Error  raise RunTimeFailure for a missing, short or damaged file; the arrays then stay as they were.
+void load_termfull();
+void load_term();
+void load_mterm();
+void load_elp();
+
+/// The four files in the order of the main panel's start.
+void load_series();
+
+/// The process-wide arrays.
+/// Error  raise RunTimeFailure when the array's file has not been loaded.
+const SunSeries& termfull();
+const SunSeries& term();
+const PeriodicTables& mterm();
+const MoonSeries& elp();
+
+/// Counts the loads, so that a kept result can tell that it is stale.
+unsigned series_generation();
+
+} // namespace halvane

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "ephemeris/observer.h"
+
+namespace halvane {
+
+/// Apparent place of the Sun.
+struct SunPlace {
+    double right_ascension = 0;             ///< geocentric, 0 to 360                          [deg]
+    double declination = 0;                 ///< geocentric                                    [deg]
+    double topocentric_right_ascension = 0; ///< 0 to 360                                      [deg]
+    double topocentric_declination = 0;     ///<                                               [deg]
+    double longitude = 0;                   ///< ecliptic, geocentric, 0 to 360                [deg]
+    double latitude = 0;                    ///< ecliptic, geocentric                          [deg]
+    double topocentric_longitude = 0;       ///< ecliptic, 0 to 360                            [deg]
+    double topocentric_latitude = 0;        ///< ecliptic                                      [deg]
+    double radius = 0;                      ///< radius vector                                 [AU]
+    double equation_of_time = 0;            ///< apparent minus mean, within 24                [min]
+};
+
+/// Apparent place of the Sun for the observer of `loc.vsk` by the complete VSOP87 series.
+/// In     pi_value  the caller's pi
+///        jd        UT1, or TDT with `tdtinput` 1                                             [d]
+/// Out    the members of SunPlace in order
+/// Reads `loc.vsk`, the switch `tdtinput` and the arrays of `termfull.vsk` and `mterm.vsk`.
+/// Accuracy  see docs/accuracy.md.
+/// Source Bretagnon and Francou, Astronomy and Astrophysics 202, 309 (1988); reduction after Meeus,
+///        Astronomical Algorithms, chapter "Solar Coordinates".
+void modcorsh(double pi_value, double jd, double& right_ascension, double& declination,
+              double& topocentric_right_ascension, double& topocentric_declination, double& longitude,
+              double& latitude, double& topocentric_longitude, double& topocentric_latitude, double& radius,
+              double& equation_of_time);
+
+/// The same by the 248 largest terms (`term.vsk`), with the mean aberration.
+void modcorsm(double pi_value, double jd, double& right_ascension, double& declination,
+              double& topocentric_right_ascension, double& topocentric_declination, double& longitude,
+              double& latitude, double& topocentric_longitude, double& topocentric_latitude, double& radius,
+              double& equation_of_time);
+
+/// The same by the low-precision formulae of Meeus; the latitude is 0.
+void modcorsl(double pi_value, double jd, double& right_ascension, double& declination,
+              double& topocentric_right_ascension, double& topocentric_declination, double& longitude,
+              double& latitude, double& topocentric_longitude, double& topocentric_latitude, double& radius,
+              double& equation_of_time);
+
+/// The low-precision formulae with a four-term nutation for an observer at sea level given in arguments
+/// [deg, east and north positive]. `jd` is UT1 whatever `tdtinput` holds; reads no file and needs no array.
+void modcorsvl(double observer_longitude, double observer_latitude, double jd, double& right_ascension,
+               double& declination, double& topocentric_right_ascension, double& topocentric_declination,
+               double& longitude, double& latitude, double& topocentric_longitude,
+               double& topocentric_latitude, double& radius);
+
+/// The four routines for a given observer, by name.
+SunPlace sun_high(const Observer& observer, double jd);
+SunPlace sun_medium(const Observer& observer, double jd);
+SunPlace sun_low(const Observer& observer, double jd);
+SunPlace sun_fast(const Observer& observer, double jd);
+
+} // namespace halvane

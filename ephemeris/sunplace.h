@@ -1,0 +1,43 @@
+#pragma once
+
+#include "ephemeris/sun.h"
+
+namespace halvane {
+
+/// The steps that the routines for the Sun share.
+
+/// Mean longitude of the Sun, not reduced, `u` in Julian millennia from 2000                    [deg]
+double sun_mean_longitude(double u);
+
+/// Heliocentric spherical coordinates of the Earth: rad, rad, AU.
+struct EarthPlace {
+    double longitude;
+    double latitude;
+    double radius;
+};
+
+/// Apparent place from the Earth's heliocentric one, by the FK5 correction, the aberration [deg] and the
+/// nutation; with the equation of time.
+SunPlace apparent_sun(const Observer& observer, double jd, double tau, const EarthPlace& earth,
+                      double aberration);
+
+/// Fills the topocentric and the equatorial places from the geocentric ecliptic one.
+void complete_sun(const Observer& observer, double jd, double obliquity, double nutation, SunPlace& sun);
+
+/// 4 E minutes, from E in degrees folded to within 6.
+/// Error  raises RunTimeFailure for a value that is not finite.
+double equation_of_time(double e);
+
+/// What the low-precision formulae give before any nutation of their own.
+struct LowSun {
+    double mean_longitude; ///< [deg]
+    double true_longitude; ///< [deg]
+    double radius;         ///< [AU]
+};
+/// `t` in Julian centuries of dynamical time from 2000.
+LowSun low_sun(double t);
+
+/// Apparent longitude of the low-precision formulae; `node` of the Moon's orbit                 [deg]
+double low_apparent_longitude(double true_longitude, double node);
+
+} // namespace halvane

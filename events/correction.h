@@ -1,0 +1,10 @@
+#pragma once
+
+namespace halvane {
+
+/// Time by which an event's estimate is off: how long the body takes from its altitude to `h0`          [h]
+/// In     altitude, h0, latitude, declination, hour_angle                                               [deg]
+/// Source Meeus, Astronomical Algorithms, chapter "Rising, Transit, and Setting".
+double hours_to_altitude(double altitude, double h0, double latitude, double declination, double hour_angle);
+
+} // namespace halvane

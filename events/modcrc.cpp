@@ -1,0 +1,44 @@
+#include "events/modriseset.h"
+
+#include "ephemeris/coordinates.h"
+#include "ephemeris/earthorientation.h"
+#include "ephemeris/modgeneral.h"
+#include "ephemeris/moon.h"
+#include "ephemeris/sun.h"
+#include "events/correction.h"
+
+#include <cmath>
+
+namespace halvane {
+
+double hours_to_altitude(double altitude, double h0, double latitude, double declination, double hour_angle) {
+    const double days = (altitude - h0) /
+                        (360 * std::cos(declination * radians_per_degree) *
+                         std::cos(latitude * radians_per_degree) * std::sin(hour_angle * radians_per_degree));
+    return 24 * days;
+}
+
+void modcrc(double& t, double jd0, double h0, double lat, double lon, std::string_view body) {
+    const Observer& observer = stored_observer();
+    const double jd = jd0 + t / 24;
+    double right_ascension = 0;
+    double declination = 0;
+    if (body == "Moon") {
+        const MoonPlace moon = moon_medium(observer, jd);
+        right_ascension = moon.right_ascension;
+        declination = moon.declination;
+    } else {
+        const SunPlace sun = sun_medium(observer, jd);
+        right_ascension = sun.right_ascension;
+        declination = sun.declination;
+    }
+    double altitude = 0;
+    double azimuth = 0;
+    altazm_of(observer, jd, right_ascension, declination, altitude, azimuth);
+    double sidereal_time = 0;
+    modsiderial(jd, sidereal_time);
+    const double hour_angle = turn_into_360(sidereal_time + lon - right_ascension);
+    t += hours_to_altitude(altitude, h0, lat, declination, hour_angle);
+}
+
+} // namespace halvane

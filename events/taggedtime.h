@@ -1,0 +1,40 @@
+#pragma once
+
+#include <variant>
+
+namespace halvane {
+
+/// Why a time does not exist; printed "----", "Up", "Down", "Bright", "Dark".
+enum class NoEvent { none, up, down, bright, dark };
+
+/// Decimal hours of the local day, or the reason why there are none.
+using TaggedTime = std::variant<double, NoEvent>;
+
+/// The hours, when there are any.
+inline const double* hours_of(const TaggedTime& time) {
+    return std::get_if<double>(&time);
+}
+
+inline bool is(const TaggedTime& time, NoEvent reason) {
+    const NoEvent* found = std::get_if<NoEvent>(&time);
+    return found != nullptr && *found == reason;
+}
+
+/// The printed form of a reason.
+inline const char* text_of(NoEvent reason) {
+    switch (reason) {
+    case NoEvent::up:
+        return "Up";
+    case NoEvent::down:
+        return "Down";
+    case NoEvent::bright:
+        return "Bright";
+    case NoEvent::dark:
+        return "Dark";
+    case NoEvent::none:
+        break;
+    }
+    return "----";
+}
+
+} // namespace halvane

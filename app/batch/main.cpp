@@ -1,0 +1,84 @@
+#include "app/batch/console.h"
+#include "app/batch/tasks.h"
+#include "app/stored/failure.h"
+#include "app/stored/programfolder.h"
+#include "calendar/machineclock.h"
+
+#include <CLI/CLI.hpp>
+
+#include <cstdio>
+#include <iostream>
+#include <string>
+
+namespace {
+
+using namespace halvane;
+
+/// Reads "YYYY-MM-DDTHH:MM"; an empty text for a good one, as the command line library asks for.
+std::string parse_time(const std::string& text, MachineTime& time) {
+    int used = 0;
+    const int read = std::sscanf(text.c_str(), "%5d-%2d-%2dT%2d:%2d%n", &time.year, &time.month, &time.day,
+                                 &time.hour, &time.minute, &used);
+    const bool in_range = time.month >= 1 && time.month <= 12 && time.day >= 1 && time.day <= 31 &&
+                          time.hour >= 0 && time.hour <= 23 && time.minute >= 0 && time.minute <= 59;
+    if (read == 5 && used == static_cast<int>(text.size()) && in_range)
+        return {};
+    return "wanted a time as YYYY-MM-DDTHH:MM, found \"" + text + "\"";
+}
+
+int run(int argc, char** argv) {
+    CLI::App app("The reports of Halvane without its panels, from the stored files of a folder.",
+                 "halvane-report");
+    app.set_version_flag("--version", "halvane-report 5.3.9");
+    app.require_subcommand(1);
+    app.failure_message(CLI::FailureMessage::simple);
+
+    std::string folder;
+    app.add_option(
+           "--folder", folder,
+           "Folder of the stored files and the reports; the program's own when not given. The series files "
+           "are the program's own when the folder holds none.")
+        ->type_name("DIR")
+        ->check(CLI::ExistingDirectory);
+    std::string now;
+    MachineTime time;
+    app.add_option("--now", now, "Sets the machine's clock for the run: YYYY-MM-DDTHH:MM")
+        ->type_name("TIME")
+        ->check([&time](const std::string& text) { return parse_time(text, time); });
+    app.fallthrough();
+
+    std::vector<Task> tasks = batch_tasks();
+    for (Task& task : tasks) {
+        CLI::App* subcommand = app.add_subcommand(task.name, task.description);
+        if (task.add_options)
+            task.add_options(*subcommand);
+    }
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? status_done : status_usage;
+    }
+    if (!folder.empty())
+        set_program_folder(folder);
+    if (!now.empty())
+        set_machine_time(time);
+    for (const Task& task : tasks)
+        if (app.got_subcommand(task.name)) {
+            ConsoleProgress progress;
+            return task.run(progress);
+        }
+    return status_usage;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    try {
+        return run(argc, argv);
+    } catch (const RunTimeFailure& failure) {
+        std::cerr << "halvane-report: " << failure.what() << "\n";
+    } catch (const std::exception& failure) {
+        std::cerr << "halvane-report: " << failure.what() << "\n";
+    }
+    return status_failure;
+}

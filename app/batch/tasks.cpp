@@ -1,0 +1,61 @@
+#include "app/batch/tasks.h"
+
+#include "app/stored/programfolder.h"
+#include "calendar/machineclock.h"
+#include "calendar/modjul.h"
+#include "ephemeris/series.h"
+#include "prayer/cmdcom.h"
+#include "prayer/cmdmoon.h"
+
+#include <cstdio>
+#include <iostream>
+
+namespace halvane {
+namespace {
+
+int run_prayer(Progress& progress) {
+    load_term();
+    load_mterm();
+    return report_written(cmdcom(progress), "results.out", high_latitude_message.text);
+}
+
+int run_moon(Progress& progress) {
+    load_mterm();
+    load_elp();
+    return report_written(cmdmoon(progress), "mresults.out");
+}
+
+int run_today(Progress& /*progress*/) {
+    load_term();
+    load_mterm();
+    const MachineTime now = machine_time();
+    double todayjd = 0;
+    modjul(now.year, now.month, now.day, 0, todayjd);
+    const PrayerTimes times = today_prayer_times(todayjd);
+    std::cout << "Fajer " << times.fajer << "\nShuroq " << times.shuroq << "\nDhohur " << times.dhohur
+              << "\nAser " << times.aser << "\nMaghreb " << times.maghreb << "\nIsha " << times.isha << "\n";
+    return status_done;
+}
+
+} // namespace
+
+int report_written(RunOutcome outcome, const char* report_name, const char* refusal) {
+    if (outcome == RunOutcome::refused) {
+        std::cerr << refusal << "\n";
+        return status_failure;
+    }
+    std::cout << program_path(report_name) << "\n";
+    if (outcome == RunOutcome::cancelled)
+        std::cerr << "Cancelled: the report holds the rows so far.\n";
+    return outcome == RunOutcome::done ? status_done : status_failure;
+}
+
+std::vector<Task> batch_tasks() {
+    return {
+        {"prayer", "Prayer times of the stored period, into results.out", {}, run_prayer},
+        {"moon", "Moon times of the stored period, into mresults.out", {}, run_moon},
+        {"today", "Today's six prayer times, on standard output", {}, run_today},
+    };
+}
+
+} // namespace halvane

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "app/report/progress.h"
+#include "prayer/prayerday.h"
+
+namespace halvane {
+
+/// The prayer report: writes `results.out` for the stored period and location.
+/// Reads `pref.vsk`, `date.vsk`, `loc.vsk`; runs with `tdtinput` 0.
+/// Returns cancelled with the rows so far and the remarks in the file; refused beyond latitude 65 when the
+/// alternative method would be needed, with the rows so far and no remarks (see high_latitude_message).
+/// Error  raises RunTimeFailure; an earlier `results.out` then stands.
+RunOutcome cmdcom(Progress& progress);
+
+/// The six times of one day for the main panel. Reads `pref.vsk`, `date.vsk`, `loc.vsk`; no alternative
+/// method. In     todayjd  0 h of the machine's date                                                    [d]
+PrayerTimes today_prayer_times(double todayjd);
+
+/// The Sun's rise and set of the day `crescentjd` with `summeractive` summer hours: fills `sunriseout` and
+/// `sunsetout`. Needs `crescentmode` 1.
+void cmdcom_for_crescent();
+
+/// What the user is told when the report is refused.
+struct HighLatitudeMessage {
+    const char *title, *text, *title_arabic, *text_arabic;
+};
+extern const HighLatitudeMessage high_latitude_message;
+
+} // namespace halvane

@@ -1,0 +1,101 @@
+#include "prayer/moonday.h"
+
+#include "app/stored/failure.h"
+#include "calendar/modctim.h"
+#include "ephemeris/coordinates.h"
+#include "ephemeris/earthorientation.h"
+#include "ephemeris/modgeneral.h"
+#include "ephemeris/moon.h"
+#include "events/modriseset.h"
+
+#include <cmath>
+
+namespace halvane {
+namespace {
+
+constexpr double hours_per_day = 24;
+
+double into_day(double hours) {
+    require_finite(hours, "the Moon's transit");
+    while (hours < 0)
+        hours += hours_per_day;
+    while (hours >= hours_per_day)
+        hours -= hours_per_day;
+    return hours;
+}
+
+double hour_angle_of(double sidereal_time, double longitude, double right_ascension) {
+    double angle = require_finite(sidereal_time + longitude - right_ascension, "the Moon's hour angle");
+    while (angle <= -180)
+        angle += 360;
+    while (angle > 180)
+        angle -= 360;
+    return angle;
+}
+
+/// Time of the meridian passage, folded into the day                                            [h]
+double transit_hours(const Observer& observer, double jd, double clock_ahead) {
+    constexpr double tolerance = 0.0002777777; // one second
+    const double midnight = jd - clock_ahead / hours_per_day;
+    double sidereal_time = 0;
+    modsiderial(midnight, sidereal_time);
+    const double first = moon_low(observer, midnight).right_ascension - observer.longitude - sidereal_time;
+    double t = into_day(first / 360 * hours_per_day);
+    for (;;) {
+        const double instant = jd - (clock_ahead - t) / hours_per_day;
+        modsiderial(instant, sidereal_time);
+        const double right_ascension = moon_medium(observer, instant).right_ascension;
+        const double hour_angle = hour_angle_of(sidereal_time, observer.longitude, right_ascension);
+        const double next = t - hour_angle / 360 * hours_per_day;
+        if (std::fabs(t - next) <= tolerance)
+            return into_day(next);
+        t = next;
+    }
+}
+
+bool is_passage(const Observer& observer, double instant) {
+    constexpr double meridian_tolerance = 7;
+    const MoonPlace moon = moon_low(observer, instant);
+    double altitude = 0;
+    double azimuth = 0;
+    altazm_of(observer, instant, moon.right_ascension, moon.declination, altitude, azimuth);
+    const auto near = [azimuth](double meridian) {
+        return std::fabs(azimuth - meridian) <= meridian_tolerance;
+    };
+    return altitude > moonhorizonalt && (near(180) || near(0) || near(360));
+}
+
+} // namespace
+
+MoonRiseSet moon_rise_set(double jd, double clock_ahead) {
+    MoonRiseSet result;
+    modriseset("Moon", jd - clock_ahead / hours_per_day, result.rise, result.set);
+    result.all_day = is(result.rise, NoEvent::up) || is(result.rise, NoEvent::down);
+    return result;
+}
+
+MoonTimes moon_day(const Preferences& preferences, const Location& location, double jd, int summer_hours) {
+    const double clock_ahead = location.zone + summer_hours;
+    const int precision = precision_of(preferences);
+    const auto text = [precision](const TaggedTime& time) -> std::string {
+        const double* hours = hours_of(time);
+        if (hours == nullptr)
+            return text_of(std::get<NoEvent>(time));
+        std::string clock;
+        modctim(precision, *hours, clock);
+        return clock;
+    };
+    const MoonRiseSet events = moon_rise_set(jd, clock_ahead);
+    MoonTimes times{text(events.rise), "", text(events.set)};
+
+    const Observer observer = stored_observer();
+    const double transit = transit_hours(observer, jd, clock_ahead);
+    times.transit = is_passage(observer, jd - (clock_ahead - transit) / hours_per_day)
+                        ? text(TaggedTime(transit))
+                        : text_of(NoEvent::none);
+    if (times.rise == times.set && !is(events.rise, NoEvent::up))
+        times.transit = times.rise;
+    return times;
+}
+
+} // namespace halvane

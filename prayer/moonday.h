@@ -1,0 +1,37 @@
+#pragma once
+
+#include "app/stored/loc.h"
+#include "app/stored/pref.h"
+#include "events/taggedtime.h"
+
+#include <string>
+
+namespace halvane {
+
+/// The Moon's rise and set of a local day.
+struct MoonRiseSet {
+    TaggedTime rise = NoEvent::none;
+    TaggedTime set = NoEvent::none;
+    bool all_day = false; ///< both are "Up" or both are "Down"
+};
+
+/// In     jd           0 h of the civil date                                                    [d]
+///        clock_ahead  zone and summer hours                                                    [h]
+/// Reads `pref.vsk` and `loc.vsk`; writes `moonhorizonalt`.
+MoonRiseSet moon_rise_set(double jd, double clock_ahead);
+
+/// The Moon's day as texts: clock times, "----", "Up" or "Down".
+struct MoonTimes {
+    std::string rise;
+    std::string transit;
+    std::string set;
+};
+
+/// The Moon's rise, transit and set of one civil day.
+/// In     jd            0 h of the civil date                                                   [d]
+///        summer_hours  0 or 1
+/// A transit is the passage found from the day's start, folded into the day; below the horizon, or further
+/// than 7 deg from the meridian at the folded moment, it is "----".
+MoonTimes moon_day(const Preferences& preferences, const Location& location, double jd, int summer_hours);
+
+} // namespace halvane

@@ -1,0 +1,210 @@
+#include "prayer/prayerday.h"
+
+#include "app/stored/failure.h"
+#include "calendar/modctim.h"
+#include "calendar/modjul.h"
+#include "calendar/modsummer.h"
+#include "ephemeris/coordinates.h"
+#include "ephemeris/modgeneral.h"
+#include "ephemeris/sun.h"
+#include "events/modriseset.h"
+#include "prayer/highlatitude.h"
+
+#include <cmath>
+
+namespace halvane {
+namespace {
+
+/// Hours by which a place so many kilometres further east comes earlier.
+double hours_of_city(double kilometres, double latitude) {
+    if (kilometres == 0)
+        return 0;
+    const double phi = latitude * radians_per_degree;
+    const double kilometres_per_degree = 111.413 * std::cos(phi) - 0.094 * std::cos(3 * phi);
+    return kilometres / kilometres_per_degree * 4 / 60;
+}
+
+bool within_day(double hours) {
+    return hours >= 0 && hours < 24;
+}
+
+/// An event moved by some hours: beyond the day there is none.
+TaggedTime moved(const TaggedTime& event, double hours) {
+    const double* time = hours_of(event);
+    if (time == nullptr)
+        return event;
+    const double result = *time + hours;
+    return within_day(result) ? TaggedTime(result) : TaggedTime(NoEvent::none);
+}
+
+/// One day's calculation; the steps share its settings and what the steps before have found.
+class DayCalculation {
+public:
+    DayCalculation(const PrayerSettings& settings, double jd, int summer_hours)
+        : settings_(settings), jd_(jd), clock_ahead_(settings.location.zone + summer_hours),
+          jd0_(jd - clock_ahead_ / 24) {
+        day_.summer_hours = summer_hours;
+    }
+
+    PrayerDay run() {
+        find_sun();
+        if (settings_.mode == DayMode::crescent)
+            return day_;
+        find_twilights();
+        if (day_.refused)
+            return day_;
+        find_aser();
+        find_dhohur();
+        return day_;
+    }
+
+private:
+    std::string clock(double hours) const {
+        std::string text;
+        modctim(settings_.precision, hours, text);
+        return text;
+    }
+    std::string text(const TaggedTime& time) const {
+        const double* hours = hours_of(time);
+        return hours != nullptr ? clock(*hours) : text_of(std::get<NoEvent>(time));
+    }
+
+    void find_sun() {
+        TaggedTime rise;
+        TaggedTime set;
+        modriseset("Sun", jd0_, rise, set);
+        if (is(rise, NoEvent::up) || is(rise, NoEvent::down)) {
+            day_.keeps_sunrise = true;
+            day_.sunrise = rise;
+            day_.sunset = set;
+        } else {
+            const double added = settings_.mode == DayMode::crescent ? 0 : settings_.add_maghreb / 60.0;
+            day_.sunrise = moved(rise, -settings_.city);
+            day_.sunset = moved(set, added);
+        }
+        day_.times.shuroq = text(day_.sunrise);
+        day_.times.maghreb = text(day_.sunset);
+    }
+
+    double angle(double stored) const { return forcedtwilight.value_or(stored); }
+
+    void search_twilights(TaggedTime& fajer, TaggedTime& isha) const {
+        TaggedTime ignored;
+        if (angle(settings_.preferences.fajer_angle) == angle(settings_.preferences.isha_angle)) {
+            modriseset("Fajer", jd0_, fajer, isha);
+            return;
+        }
+        modriseset("Fajer", jd0_, fajer, ignored);
+        modriseset("Isha", jd0_, ignored, isha);
+    }
+
+    void find_twilights() {
+        TaggedTime fajer;
+        TaggedTime isha;
+        search_twilights(fajer, isha);
+        if (is(fajer, NoEvent::bright) && settings_.high_latitude &&
+            settings_.latitude > lowest_alternative_latitude) {
+            day_.refused = settings_.latitude > highest_alternative_latitude;
+            if (day_.refused)
+                return;
+            take_night_fraction(fajer, isha);
+        }
+        // A word stays as it is: only a time is moved.
+        day_.times.fajer = text(moved(fajer, -settings_.city - settings_.preferences.subtract_fajer / 60));
+        day_.times.isha = text(isha);
+    }
+
+    void take_night_fraction(TaggedTime& fajer, TaggedTime& isha) {
+        const double* shuroq = hours_of(day_.sunrise);
+        const double* maghreb = hours_of(day_.sunset);
+        if (shuroq == nullptr || (maghreb == nullptr && !is(day_.sunset, NoEvent::none)))
+            throw RunTimeFailure("The alternative method for high latitudes needs Shuroq and Maghreb, but a "
+                                 "day of this location has none.");
+        const NightTwilights night = night_fraction_twilights(
+            settings_.latitude, *shuroq, maghreb != nullptr ? *maghreb : 24, settings_.add_maghreb);
+        fajer = night.fajer;
+        isha = night.isha;
+        day_.by_night_fraction = true;
+    }
+
+    void find_aser() {
+        TaggedTime ignored;
+        TaggedTime shadow;
+        modriseset("Asr", jd0_, ignored, shadow);
+        const double* hours = hours_of(shadow);
+        if (is(day_.sunset, NoEvent::down))
+            day_.times.aser = text_of(NoEvent::down);
+        else if (hours == nullptr)
+            day_.times.aser = text_of(NoEvent::none);
+        else
+            day_.times.aser = text(moved(shadow, settings_.preferences.add_asr / 60));
+    }
+
+    double transit(double equation_of_time) const {
+        return (day_.summer_hours + 12) + (settings_.zone_offset - equation_of_time) / 60;
+    }
+
+    void find_dhohur() {
+        constexpr double tolerance = 6.94444e-05; // a quarter of a second
+        const Observer& observer = stored_observer();
+        double t = transit(sun_low(observer, jd_ + 0.5 - clock_ahead_ / 24).equation_of_time);
+        double instant = 0;
+        SunPlace sun;
+        for (;;) {
+            instant = jd_ - (clock_ahead_ - t) / 24;
+            sun = sun_medium(observer, instant);
+            const double next = transit(sun.equation_of_time);
+            const double change = std::fabs(t - require_finite(next, "the Sun's transit"));
+            t = next;
+            if (change <= tolerance)
+                break;
+        }
+        double altitude = 0;
+        double azimuth = 0;
+        altazm_of(observer, instant, sun.right_ascension, sun.declination, altitude, azimuth);
+        std::string& dhohur = day_.times.dhohur;
+        dhohur = clock(t + settings_.preferences.add_dhohur / 60);
+        if (altitude <= sunhorizonalt)
+            dhohur = text_of(NoEvent::none);
+        if (day_.times.shuroq == day_.times.maghreb && !is(day_.sunrise, NoEvent::up))
+            dhohur = day_.times.shuroq;
+    }
+
+    const PrayerSettings& settings_;
+    double jd_;
+    double clock_ahead_; ///< zone and summer hours [h]
+    double jd0_;
+    PrayerDay day_;
+};
+
+} // namespace
+
+PrayerSettings read_prayer_settings(DayMode mode) {
+    PrayerSettings settings;
+    settings.preferences = read_pref();
+    settings.location = read_loc();
+    settings.longitude = longitude_of(settings.location);
+    settings.latitude = latitude_of(settings.location);
+    if (mode != DayMode::crescent)
+        settings.city = hours_of_city(settings.location.city_offset, settings.latitude);
+    settings.zone_offset = (settings.location.zone * 15 - settings.longitude) * 4;
+    settings.add_maghreb = static_cast<float>(settings.preferences.add_maghreb);
+    settings.precision = precision_of(settings.preferences);
+    settings.high_latitude = mode == DayMode::report && settings.preferences.high_latitude == 1;
+    settings.mode = mode;
+    return settings;
+}
+
+int summer_hours_of(const Preferences& preferences, double jd) {
+    double year = 0;
+    double month = 0;
+    double day = 0;
+    modjuc(jd + 0.5, year, month, day);
+    return in_summer_time(preferences, year, month, std::floor(day)) ? 1 : 0;
+}
+
+PrayerDay prayer_day(const PrayerSettings& settings, double jd, int summer_hours) {
+    return DayCalculation(settings, jd, summer_hours).run();
+}
+
+} // namespace halvane

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "app/stored/loc.h"
+#include "app/stored/pref.h"
+#include "events/taggedtime.h"
+
+#include <string>
+
+namespace halvane {
+
+/// What the calculation of a day is for.
+enum class DayMode {
+    report,   ///< rows of the prayer report; the high-latitude method is possible
+    today,    ///< the main panel: no high-latitude method
+    crescent, ///< the Sun's rise and set only; no city offset, no added minutes
+};
+
+/// The settings of a run, as read at its start.
+struct PrayerSettings {
+    Preferences preferences;
+    Location location;
+    double longitude = 0;       ///< east positive                                              [deg]
+    double latitude = 0;        ///< north positive                                             [deg]
+    double city = 0;            ///< how much earlier Fajer and Shuroq come for the city        [h]
+    double zone_offset = 0;     ///< zone's meridian minus the observer's                       [min]
+    float add_maghreb = 0;      ///<                                                            [min]
+    int precision = 1;          ///< of the clock texts, as modctim takes it
+    bool high_latitude = false; ///< the alternative method is switched on
+    DayMode mode = DayMode::report;
+};
+
+/// Reads `pref.vsk` and `loc.vsk` for a run.
+PrayerSettings read_prayer_settings(DayMode mode);
+
+/// The six times of a day, clock texts or "----", "Up", "Down", "Bright", "Dark".
+struct PrayerTimes {
+    std::string fajer;
+    std::string shuroq;
+    std::string dhohur;
+    std::string aser;
+    std::string maghreb;
+    std::string isha;
+};
+
+struct PrayerDay {
+    int summer_hours = 0;
+    PrayerTimes times;
+    TaggedTime sunrise = NoEvent::none; ///< after the city offset; what `sunriseout` takes
+    TaggedTime sunset = NoEvent::none;  ///< after the added minutes; what `sunsetout` takes
+    bool keeps_sunrise = false;         ///< no sunrise was looked for: `sunriseout` keeps what it held
+    bool by_night_fraction = false;     ///< Fajer and Isha are a fraction of the night
+    bool refused = false;               ///< the alternative method was needed beyond its latitudes
+};
+
+/// The prayer times of one civil day.
+/// In     settings  of the run
+///        jd        0 h of the civil date                                                      [d]
+///        summer_hours  0 or 1
+/// Reads `pref.vsk` and `loc.vsk` through the searches; `forcedtwilight` takes the place of both angles.
+/// Writes `sunhorizonalt`.
+/// Error  raises RunTimeFailure when the alternative method meets a day without Shuroq or Maghreb.
+PrayerDay prayer_day(const PrayerSettings& settings, double jd, int summer_hours);
+
+/// Summer hours of the civil date of `jd`.
+int summer_hours_of(const Preferences& preferences, double jd);
+
+} // namespace halvane

@@ -1,0 +1,137 @@
+#include "prayer/prayerreport.h"
+
+#include "app/report/head.h"
+#include "calendar/numberformat.h"
+
+#include <array>
+
+namespace halvane {
+namespace {
+
+using Columns = std::array<int, 6>; ///< Fajer, Shuroq, Dhohur, Aser, Maghreb, Isha
+
+constexpr Columns minutes_columns{16, 26, 36, 46, 56, 66};
+constexpr Columns seconds_columns{14, 24, 34, 44, 54, 64};
+
+void write_titles(Report& report, int precision) {
+    const bool seconds = precision == 0;
+    report.spc(2).text("Date");
+    if (seconds)
+        report.tab(15)
+            .text("Fajer")
+            .tab(25)
+            .text("Shuroq")
+            .tab(35)
+            .text("Dhohur")
+            .tab(46)
+            .text("Aser")
+            .tab(54)
+            .text("Maghreb")
+            .tab(66)
+            .line("Isha");
+    else
+        report.spc(9)
+            .text("Fajer")
+            .spc(4)
+            .text("Shuroq")
+            .spc(5)
+            .text("Dhohur")
+            .spc(4)
+            .text("Aser")
+            .spc(5)
+            .text("Maghreb")
+            .spc(4)
+            .line("Isha");
+    report.spc(14).text("B. Twi.").spc(3).text("Sunrise");
+    if (seconds)
+        report.spc(3).text("Transit").spc(4).text("-----");
+    else
+        report.spc(4).text("Transit").spc(3).text("-----");
+    report.spc(4).text("Sunset").spc(4).line("E. Twi.");
+    report.end_line();
+}
+
+void write_margins(Report& report, const PrayerSettings& settings) {
+    const Preferences& preferences = settings.preferences;
+    report.text("-").spc(1).text("Subtract Fajer:").item(preferences.subtract_fajer).text("Min,").spc(1);
+    report.text("Add Dhohur:").item(preferences.add_dhohur).text("Min,").spc(1);
+    report.text("Add Asr:").item(preferences.add_asr).text("Min,").spc(1);
+    report.text("Add Maghreb:").item(settings.add_maghreb).line("Min");
+}
+
+void write_values(Report& report, const Columns& columns, const std::array<std::string, 6>& values) {
+    for (std::size_t i = 0; i < values.size(); ++i)
+        report.tab(columns[i]).text(values[i]);
+}
+
+} // namespace
+
+void end_row(Report& report, int number) {
+    report.end_line();
+    if (number % 5 == 0)
+        report.end_line();
+}
+
+void write_height_setting(Report& report, const Preferences& preferences) {
+    report.text("-").spc(1).line(preferences.elevation_setting == "1"
+                                     ? "Height above mean sea-level affects rise  and  set events."
+                                     : "Height above mean sea-level does NOT affect rise  and  set events");
+}
+
+void write_city_setting(Report& report, const Location& location) {
+    report.text("-").spc(1);
+    if (location.city_offset == 0)
+        report.line("City Settings: 0 Km.");
+    else
+        report.text("City Settings:").item(location.city_offset).line("Km.");
+}
+
+void write_prayer_head(Report& report, const PrayerSettings& settings, const ReportPeriod& period,
+                       double fajer_angle, double isha_angle) {
+    write_title(report, 26);
+    write_days(report, period.one_day, "Prayer times", period.start, period.end, " CE", " CE");
+    write_location(report, settings.location);
+    write_summer_time(report, settings.preferences);
+    write_height_setting(report, settings.preferences);
+    write_margins(report, settings);
+    report.text("-").spc(1).text("Fajer Angle:").item(fajer_angle).text(",").spc(2);
+    report.text("Isha Angle:").item(isha_angle).end_line();
+    write_refraction(report, settings.location);
+    report.text("-").spc(1).text("Mazhab:").spc(2);
+    report.line(settings.preferences.asr_rule == "1" ? "Standard" : "Hanafi");
+    write_city_setting(report, settings.location);
+    write_delta_t(report, format_number(period.delta_t, "00.0"));
+    report.rule(prayer_rule).end_line();
+    write_titles(report, settings.precision);
+}
+
+void write_prayer_row(Report& report, int precision, bool summer, const std::string& date,
+                      const PrayerTimes& times, int number) {
+    report.text(summer ? "*" : "").text(date);
+    write_values(report, precision == 0 ? seconds_columns : minutes_columns,
+                 {times.fajer, times.shuroq, times.dhohur, times.aser, times.maghreb, times.isha});
+    end_row(report, number);
+}
+
+void write_smoothed_row(Report& report, const SmoothedDay& smoothed, int number) {
+    const PrayerTimes& times = smoothed.day.times;
+    report.text(smoothed.day.summer ? "*" : "").text(smoothed.day.date);
+    write_values(report, minutes_columns,
+                 {times.fajer + smoothed.fajer_mark, times.shuroq, times.dhohur, times.aser, times.maghreb,
+                  times.isha + smoothed.isha_mark});
+    end_row(report, number);
+}
+
+void write_prayer_closing(Report& report) {
+    report.rule(prayer_rule).end_line();
+    write_remarks_title(report);
+    write_date_remarks(report);
+    for (const char* remark :
+         {"Fajer: Beginning of Astronomical Twilight.", "Shuroq: Sunrise.", "Dhohur: Transit of Sun.",
+          "Maghreb: Sunset.", "Isha: End of Astronomical Twilight.", "----: There is no event.",
+          "Up: The Sun is always above horizon.", "Down: The Sun is always below horizon.",
+          "Bright: The sky is always bright.", "Dark: The sky is always dark."})
+        report.text("-").spc(1).line(remark);
+}
+
+} // namespace halvane

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "app/report/report.h"
+#include "app/stored/date.h"
+#include "prayer/highlatitude.h"
+#include "prayer/prayerday.h"
+
+namespace halvane {
+
+/// What the heads of the prayer and the Moon report print besides the settings.
+struct ReportPeriod {
+    bool one_day = false;
+    DateNumbers start; ///< as stored, or today
+    DateNumbers end;
+    double delta_t = 0; ///< at the middle of the days computed                                  [s]
+};
+
+/// The head of `results.out`; `fajer_angle` and `isha_angle` are those in force [deg].
+void write_prayer_head(Report& report, const PrayerSettings& settings, const ReportPeriod& period,
+                       double fajer_angle, double isha_angle);
+
+/// One row; `number` counts the rows from 1.
+void write_prayer_row(Report& report, int precision, bool summer, const std::string& date,
+                      const PrayerTimes& times, int number);
+
+/// One row of the alternative method's year.
+void write_smoothed_row(Report& report, const SmoothedDay& day, int number);
+
+/// The rule and the remarks after the last row.
+void write_prayer_closing(Report& report);
+
+/// Width of the rules of the prayer and the Moon report.
+inline constexpr int prayer_rule = 71;
+
+/// An empty line follows every fifth row.
+void end_row(Report& report, int number);
+
+/// The settings lines between the location and the rule that both reports have.
+void write_height_setting(Report& report, const Preferences& preferences);
+void write_city_setting(Report& report, const Location& location);
+
+} // namespace halvane

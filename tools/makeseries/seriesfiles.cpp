@@ -61,19 +61,23 @@ void append_record(std::string& file, std::span<const std::string> fields) {
     file += "\r\n";
 }
 
+std::string row_name(const std::string& group, const std::string& rank) {
+    std::string name = "row ";
+    return name.append(rank).append(" of group ").append(group);
+}
+
 /// Throws unless the rows from `first` on are `count` rows with this key and the ranks 1, 2, 3 ...
 void require_block(const PublishedTable& table, std::size_t first, std::size_t count,
                    const std::string& key) {
     for (std::size_t i = 0; i < count; ++i) {
+        const std::string expected = row_name(key, std::to_string(i + 1));
         if (first + i >= table.rows.size()) {
-            table.reject("ends in group " + key + " after " + std::to_string(i) + " of its " +
-                         std::to_string(count) + " rows");
+            table.reject("ends before " + expected);
         }
         const PublishedRow& row = table.rows[first + i];
-        const std::string rank = std::to_string(i + 1);
-        if (row.fields[0] != key || row.fields[1] != rank) {
-            table.reject(row, "expected row " + rank + " of group " + key + ", found row " + row.fields[1] +
-                                  " of group " + row.fields[0]);
+        const std::string found = row_name(row.fields[0], row.fields[1]);
+        if (found != expected) {
+            table.reject(row, std::string("expected ").append(expected).append(", found ").append(found));
         }
     }
 }

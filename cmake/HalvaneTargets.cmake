@@ -42,3 +42,22 @@ function(halvane_room NAME)
   add_library(${NAME} STATIC ${ROOM_SOURCES})
   target_link_libraries(${NAME} PUBLIC halvane_settings ${ROOM_USES})
 endfunction()
+
+# halvane_panel(NAME SOURCES ... USES ...): the forms of a folder, over Qt; their .ui files lie beside them.
+function(halvane_panel NAME)
+  cmake_parse_arguments(PANEL "" "" "SOURCES;USES" ${ARGN})
+  halvane_room(${NAME} SOURCES ${PANEL_SOURCES} USES ${PANEL_USES} Qt6::Widgets)
+  if(NOT NAME STREQUAL halvane_panel_support)
+    target_link_libraries(${NAME} PUBLIC halvane_panel_support)
+  endif()
+  set_target_properties(${NAME} PROPERTIES AUTOMOC ON AUTOUIC ON AUTORCC ON)
+endfunction()
+
+# halvane_panel_test(NAME SOURCES ... USES ...): GoogleTests of panels, run without a screen.
+function(halvane_panel_test NAME)
+  cmake_parse_arguments(TEST "" "" "SOURCES;USES" ${ARGN})
+  add_executable(${NAME} ${TEST_SOURCES})
+  target_link_libraries(${NAME} PRIVATE halvane_panel_harness ${TEST_USES})
+  set_target_properties(${NAME} PROPERTIES AUTOMOC ON)
+  gtest_discover_tests(${NAME} PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen" DISCOVERY_TIMEOUT 60)
+endfunction()

@@ -1,0 +1,80 @@
+#include "app/frmsupport.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QFocusEvent>
+#include <QLineEdit>
+#include <QPointer>
+#include <utility>
+
+namespace halvane {
+
+namespace {
+
+/// Selects the text of the box it watches. A click sets the cursor after the focus has come, so the selection
+/// is made once more when the button is released without a drag.
+class WholeTextSelector : public QObject {
+public:
+    explicit WholeTextSelector(QLineEdit& box) : QObject(&box), box_(box) { box.installEventFilter(this); }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::FocusIn) {
+            box_.selectAll();
+            clicked_in_ = static_cast<QFocusEvent*>(event)->reason() == Qt::MouseFocusReason;
+        } else if (event->type() == QEvent::MouseButtonRelease && std::exchange(clicked_in_, false) &&
+                   !box_.hasSelectedText()) {
+            QMetaObject::invokeMethod(&box_, &QLineEdit::selectAll, Qt::QueuedConnection);
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    QLineEdit& box_;
+    bool clicked_in_ = false;
+};
+
+std::function<void()>& main_panel_reload() {
+    static std::function<void()> current;
+    return current;
+}
+
+QWidget* open_form(const char* name) {
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window->objectName() == QLatin1String(name) && window->isVisible())
+            return window;
+    return nullptr;
+}
+
+} // namespace
+
+void select_whole_text_on_focus(QWidget& form) {
+    for (QLineEdit* box : form.findChildren<QLineEdit*>())
+        new WholeTextSelector(*box);
+}
+
+void open_panel(const Panel& panel, QWidget* owner) {
+    if (QWidget* open = open_form(panel.form)) {
+        open->raise();
+        open->activateWindow();
+        return;
+    }
+    QPointer<QDialog> form = panel.make(owner);
+    if (panel.modal) {
+        form->exec();
+        delete form.data();
+    } else {
+        form->setAttribute(Qt::WA_DeleteOnClose);
+        form->show();
+    }
+}
+
+void reload_main_panel() {
+    if (main_panel_reload())
+        main_panel_reload()();
+}
+
+void set_main_panel_reload(std::function<void()> reload) {
+    main_panel_reload() = std::move(reload);
+}
+
+} // namespace halvane

@@ -1,0 +1,71 @@
+#include "app/messages.h"
+
+#include <QAbstractButton>
+#include <QMessageBox>
+#include <utility>
+
+namespace halvane {
+
+namespace {
+
+MessagePresenter& presenter() {
+    static MessagePresenter current;
+    return current;
+}
+
+bool present(QMessageBox& box) {
+    if (presenter())
+        return presenter()(box);
+    const int answer = box.exec();
+    return answer == QMessageBox::Ok || answer == QMessageBox::Yes;
+}
+
+void set_arabic_buttons(QMessageBox& box) {
+    const std::pair<QMessageBox::StandardButton, QString> texts[] = {
+        {QMessageBox::Ok, QStringLiteral("موافق")},
+        {QMessageBox::Yes, QStringLiteral("نعم")},
+        {QMessageBox::No, QStringLiteral("لا")},
+    };
+    for (const auto& [which, text] : texts)
+        if (QAbstractButton* button = box.button(which))
+            button->setText(text);
+}
+
+bool show_box(QWidget* parent, const QString& title, const QString& text, Language language,
+              QMessageBox::StandardButtons buttons) {
+    QMessageBox box(QMessageBox::Warning, title, text, buttons, parent);
+    box.setTextFormat(Qt::PlainText);
+    if (language == Language::arabic) {
+        box.setLayoutDirection(Qt::RightToLeft);
+        set_arabic_buttons(box);
+    }
+    return present(box);
+}
+
+} // namespace
+
+void warn(QWidget* parent, const QString& title, const QString& text, Language language) {
+    show_box(parent, title, text, language, QMessageBox::Ok);
+}
+
+bool ask(QWidget* parent, const QString& title, const QString& text, Language language) {
+    return show_box(parent, title, text, language, QMessageBox::Yes | QMessageBox::No);
+}
+
+void tell_failure(const std::string& words) {
+    QMessageBox box(QMessageBox::Critical, QStringLiteral("Halvane 5.3.9"),
+                    QStringLiteral("Halvane cannot go on and ends now. Nothing was written."),
+                    QMessageBox::Ok);
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(
+        QString::fromStdString(words) +
+        QStringLiteral("\n\nPut a sound copy of that file into the program folder, or correct the value that "
+                       "is named, and start Halvane again."));
+    present(box);
+}
+
+MessagePresenter set_message_presenter(MessagePresenter wanted) {
+    return std::exchange(presenter(), std::move(wanted));
+}
+
+} // namespace halvane

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "app/language.h"
+
+#include <functional>
+#include <string>
+
+class QMessageBox;
+
+namespace halvane {
+
+/// Shows a message with the exclamation icon and an OK button and waits for it.
+void warn(QWidget* parent, const QString& title, const QString& text, Language language);
+
+/// Asks with the exclamation icon and the buttons Yes and No; closing the box is No.
+bool ask(QWidget* parent, const QString& title, const QString& text, Language language);
+
+/// Tells that the program ends, by the words of a run-time failure: what failed, in which file, what to do.
+void tell_failure(const std::string& words);
+
+/// Presents a box that is ready to be shown; true for OK and Yes.
+using MessagePresenter = std::function<bool(QMessageBox&)>;
+
+/// Puts another presenter in place of showing the box to the user; an empty one gives the user back.
+/// Returns the presenter that stood before.
+MessagePresenter set_message_presenter(MessagePresenter presenter);
+
+} // namespace halvane

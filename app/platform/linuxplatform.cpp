@@ -1,0 +1,34 @@
+#include "app/platform/linuxplatform.h"
+
+#include "app/stored/programfolder.h"
+#include "app/viewer.h"
+
+#include <QLocale>
+#include <QTime>
+#include <QWidget>
+
+namespace halvane {
+
+void LinuxPlatform::show_text_file(const std::string& name) {
+    auto* viewer = new Viewer(QString::fromStdString(program_path(name)));
+    viewer->setAttribute(Qt::WA_DeleteOnClose);
+    viewer->showMaximized();
+}
+
+std::string LinuxPlatform::short_time(int hour, int minute, int second) {
+    const QLocale locale = QLocale::system();
+    const QTime time(hour, minute, second);
+    // The format of the C locale shows seconds, which no user of a short format expects.
+    const QString text = locale.language() == QLocale::C ? time.toString(QStringLiteral("HH:mm"))
+                                                         : locale.toString(time, QLocale::ShortFormat);
+    return text.toStdString();
+}
+
+void LinuxPlatform::keep_on_top(void* panel) {
+    auto* widget = static_cast<QWidget*>(panel);
+    const bool shown = widget->isVisible();
+    widget->setWindowFlag(Qt::WindowStaysOnTopHint);
+    widget->setVisible(shown);
+}
+
+} // namespace halvane

@@ -1,0 +1,318 @@
+#include "tests/panel/panelharness.h"
+
+#include "app/frmsupport.h"
+#include "app/messages.h"
+#include "app/stored/alert.h"
+#include "app/stored/coor.h"
+#include "app/stored/date.h"
+#include "app/stored/loc.h"
+#include "app/stored/loclist.h"
+#include "app/stored/phase.h"
+#include "app/stored/programfolder.h"
+#include "app/stored/tele.h"
+#include "app/stored/textfile.h"
+#include "app/stored/visib.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QKeySequence>
+#include <QListWidget>
+#include <QMap>
+#include <QMessageBox>
+#include <QRadioButton>
+#include <filesystem>
+
+namespace halvane {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+Location amman() {
+    Location location;
+    location.name = "Amman";
+    location.longitude_degrees = 35;
+    location.longitude_minutes = 56;
+    location.latitude_degrees = 31;
+    location.latitude_minutes = 57;
+    location.elevation = 1000;
+    location.zone = 2;
+    return location;
+}
+
+Location sydney() {
+    Location location;
+    location.name = "Sydney";
+    location.longitude_degrees = 151;
+    location.longitude_minutes = 12;
+    location.latitude_degrees = 33;
+    location.latitude_minutes = 52;
+    location.elevation = 39;
+    location.zone = 10;
+    location.north = false;
+    location.south = true;
+    return location;
+}
+
+void link_series_files(const std::string& folder) {
+    for (const char* name : {"termfull.vsk", "term.vsk", "mterm.vsk", "elp.vsk", "help.txt"}) {
+        const fs::path source = fs::path(HALVANE_DATA_FOLDER) / name;
+        if (fs::exists(source))
+            fs::create_symlink(source, fs::path(folder) / name);
+    }
+}
+
+void write_fresh_files() {
+    write_pref(Preferences{});
+    write_loc(amman());
+    write_date(CalculationDate{});
+    write_alert(AlertSettings{});
+    write_phase(PhaseSettings{});
+    write_visib(CrescentSettings{});
+    write_coor(EphemerisSettings{});
+    write_tele(TelescopeSettings{});
+    save_text_file(program_path("loc.txt"), "");
+    add_location(sydney());
+    add_location(amman());
+}
+
+QWidget& form_or_control(QWidget& form, const QString& name) {
+    if (name.isEmpty() || name == form.objectName())
+        return form;
+    auto* found = form.findChild<QWidget*>(name);
+    return found != nullptr ? *found : form;
+}
+
+QString caption_of(QWidget& widget) {
+    if (auto* label = qobject_cast<QLabel*>(&widget))
+        return label->text();
+    if (auto* button = qobject_cast<QAbstractButton*>(&widget))
+        return button->text();
+    if (auto* frame = qobject_cast<QGroupBox*>(&widget))
+        return frame->title();
+    return widget.windowTitle();
+}
+
+bool takes_input(QWidget* widget) {
+    return qobject_cast<QLineEdit*>(widget) != nullptr || qobject_cast<QComboBox*>(widget) != nullptr ||
+           qobject_cast<QAbstractButton*>(widget) != nullptr ||
+           qobject_cast<QAbstractItemView*>(widget) != nullptr;
+}
+
+/// Controls that a part of another widget makes for itself have names of Qt or none.
+bool is_own(QWidget* widget) {
+    return !widget->objectName().isEmpty() && !widget->objectName().startsWith(QLatin1String("qt_"));
+}
+
+bool is_operable(QWidget& form, QWidget* widget) {
+    return takes_input(widget) && is_own(widget) && widget->isVisibleTo(&form) && widget->isEnabled();
+}
+
+QString plain(QString text) {
+    return text.remove(u'&');
+}
+
+} // namespace
+
+std::string RecordingPlatform::short_time(int hour, int minute, int) {
+    return QStringLiteral("%1:%2")
+        .arg(hour, 2, 10, QLatin1Char('0'))
+        .arg(minute, 2, 10, QLatin1Char('0'))
+        .toStdString();
+}
+
+QString caption(QWidget& form, const char* name) {
+    return caption_of(form_or_control(form, QString::fromLatin1(name)));
+}
+
+void click(QWidget& form, const char* name) {
+    auto& button = control<QAbstractButton>(form, name);
+    ASSERT_TRUE(button.isEnabled()) << name;
+    // An option or box reacts within its indicator and text only.
+    const bool option =
+        qobject_cast<QRadioButton*>(&button) != nullptr || qobject_cast<QCheckBox*>(&button) != nullptr;
+    const int from_edge = button.height() / 2;
+    const int x =
+        option ? (button.isRightToLeft() ? button.width() - from_edge : from_edge) : button.width() / 2;
+    QTest::mouseClick(&button, Qt::LeftButton, Qt::NoModifier, QPoint(x, button.height() / 2));
+}
+
+void enter(QWidget& form, const char* name, const QString& text) {
+    auto& box = control<QLineEdit>(form, name);
+    ASSERT_TRUE(box.isEnabled()) << name;
+    box.selectAll();
+    QTest::keyClick(&box, Qt::Key_Delete);
+    QTest::keyClicks(&box, text);
+}
+
+void choose(QWidget& form, const char* name, const QString& text) {
+    auto* widget = form.findChild<QWidget*>(QString::fromLatin1(name));
+    ASSERT_NE(widget, nullptr) << name;
+    ASSERT_TRUE(widget->isEnabled()) << name;
+    if (auto* list = qobject_cast<QComboBox*>(widget)) {
+        const int row = list->findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive);
+        ASSERT_GE(row, 0) << name << " has no " << text.toStdString();
+        list->setCurrentIndex(row);
+        emit list->activated(row);
+    } else {
+        auto* box = qobject_cast<QListWidget*>(widget);
+        ASSERT_NE(box, nullptr) << name << " is no list";
+        const QList<QListWidgetItem*> found = box->findItems(text, Qt::MatchExactly | Qt::MatchCaseSensitive);
+        ASSERT_FALSE(found.isEmpty()) << name << " has no " << text.toStdString();
+        QTest::mouseClick(box->viewport(), Qt::LeftButton, Qt::NoModifier,
+                          box->visualItemRect(found[0]).center());
+        box->setCurrentItem(found[0]);
+    }
+}
+
+void focus(QWidget& form, const char* name) {
+    QFocusEvent event(QEvent::FocusIn, Qt::TabFocusReason);
+    QApplication::sendEvent(&control(form, name), &event);
+}
+
+QStringList wrong_captions(QWidget& form, std::span<const Twin> twins, Language language) {
+    QStringList wrong;
+    for (const Twin& twin : twins) {
+        const QStringList target = QString::fromLatin1(twin.control).split(u'@');
+        const bool is_form = target[0].isEmpty() || target[0] == form.objectName();
+        if (!is_form && form.findChild<QWidget*>(target[0]) == nullptr) {
+            wrong << target[0] + QStringLiteral(": missing");
+            continue;
+        }
+        QWidget& widget = form_or_control(form, target[0]);
+        const QString shown = target.size() == 1                     ? caption_of(widget)
+                              : target[1] == QLatin1String("spoken") ? widget.accessibleName()
+                                                                     : widget.toolTip();
+        if (shown != text_of(twin, language))
+            wrong << QString::fromLatin1(twin.control) + QStringLiteral(": \"") + shown + u'"';
+    }
+    return wrong;
+}
+
+QStringList nameless_controls(QWidget& form) {
+    QStringList nameless;
+    for (QWidget* widget : form.findChildren<QWidget*>()) {
+        if (!takes_input(widget) || !is_own(widget))
+            continue;
+        QAccessibleInterface* face = QAccessible::queryAccessibleInterface(widget);
+        if (face == nullptr || face->text(QAccessible::Name).trimmed().isEmpty())
+            nameless << widget->objectName();
+    }
+    return nameless;
+}
+
+QStringList unreachable_controls(QWidget& form) {
+    QStringList unreachable;
+    for (QWidget* widget : form.findChildren<QWidget*>())
+        if (is_operable(form, widget) && (widget->focusPolicy() & Qt::TabFocus) == 0)
+            unreachable << widget->objectName();
+    return unreachable;
+}
+
+QStringList shared_access_keys(QWidget& form) {
+    QMap<QString, QStringList> owners;
+    for (QWidget* widget : form.findChildren<QWidget*>()) {
+        auto* label = qobject_cast<QLabel*>(widget);
+        if (!widget->isVisibleTo(&form) || (label != nullptr && label->buddy() == nullptr))
+            continue;
+        const QKeySequence key = QKeySequence::mnemonic(caption_of(*widget));
+        if (!key.isEmpty())
+            owners[key.toString()] << widget->objectName();
+    }
+    QStringList shared;
+    for (auto entry = owners.cbegin(); entry != owners.cend(); ++entry)
+        if (entry.value().size() > 1)
+            shared << entry.key() + QStringLiteral(": ") + entry.value().join(u' ');
+    return shared;
+}
+
+QStringList cut_texts(QWidget& form) {
+    QStringList cut;
+    for (QWidget* widget : form.findChildren<QWidget*>()) {
+        const bool has_text =
+            qobject_cast<QLabel*>(widget) != nullptr || qobject_cast<QAbstractButton*>(widget) != nullptr;
+        if (!has_text || !widget->isVisibleTo(&form) || !is_own(widget))
+            continue;
+        auto* label = qobject_cast<QLabel*>(widget);
+        const QSize wanted = label != nullptr && label->wordWrap()
+                                 ? QSize(0, label->heightForWidth(label->width()))
+                                 : widget->minimumSizeHint();
+        if (widget->width() < wanted.width() || widget->height() < wanted.height())
+            cut << widget->objectName();
+    }
+    return cut;
+}
+
+PanelTest::PanelTest() {
+    set_program_folder(folder_.path().toStdString());
+    link_series_files(folder_.path().toStdString());
+    write_fresh_files();
+    MachineTime time;
+    time.year = 2024;
+    time.month = 6;
+    time.day = 21;
+    time.hour = 15;
+    time.minute = 7;
+    set_machine_time(time);
+    set_platform(&platform_double);
+    set_message_presenter([this](QMessageBox& box) { return present(box); });
+    set_main_panel_reload([this] { ++main_panel_reloads; });
+}
+
+PanelTest::~PanelTest() {
+    for (QWidget* window : QApplication::topLevelWidgets())
+        window->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    set_main_panel_reload({});
+    set_message_presenter({});
+    set_platform(nullptr);
+    use_machine_clock();
+    use_standard_texts(Language::english);
+}
+
+void PanelTest::set_language(Language language) {
+    Preferences preferences = read_pref();
+    preferences.english = language == Language::english;
+    write_pref(preferences);
+}
+
+std::string PanelTest::path(const std::string& name) const {
+    return folder_.filePath(QString::fromStdString(name)).toStdString();
+}
+
+std::string PanelTest::content(const std::string& name) const {
+    return read_text_file(path(name));
+}
+
+void PanelTest::put(const std::string& name, const std::string& content) const {
+    save_text_file(path(name), content);
+}
+
+void PanelTest::remove(const std::string& name) const {
+    fs::remove(path(name));
+}
+
+bool PanelTest::exists(const std::string& name) const {
+    return fs::exists(path(name));
+}
+
+bool PanelTest::present(QMessageBox& box) {
+    SeenMessage seen;
+    seen.title = box.windowTitle();
+    seen.text = box.text();
+    seen.informative_text = box.informativeText();
+    seen.exclamation = box.icon() == QMessageBox::Warning;
+    for (QAbstractButton* button : box.buttons())
+        seen.buttons << plain(button->text());
+    seen.direction = box.layoutDirection();
+    messages.push_back(seen);
+    if (answers_.empty())
+        return box.standardButtons() == QMessageBox::Ok;
+    const bool answer = answers_.front();
+    answers_.pop_front();
+    return answer;
+}
+
+} // namespace halvane

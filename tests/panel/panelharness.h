@@ -1,0 +1,119 @@
+#pragma once
+
+#include "app/language.h"
+#include "app/platform/platform.h"
+#include "app/stored/pref.h"
+#include "calendar/machineclock.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QStringList>
+#include <QTemporaryDir>
+#include <QTest>
+#include <deque>
+#include <gtest/gtest.h>
+#include <span>
+#include <string>
+#include <vector>
+
+class QMessageBox;
+
+namespace halvane {
+
+/// How a message box looked when it was presented.
+struct SeenMessage {
+    QString title;
+    QString text;
+    QString informative_text;
+    bool exclamation = false;
+    QStringList buttons; ///< without access key marks
+    Qt::LayoutDirection direction = Qt::LeftToRight;
+};
+
+/// A platform that writes down what it was asked for.
+class RecordingPlatform : public Platform {
+public:
+    void show_text_file(const std::string& name) override { shown_files.push_back(name); }
+    std::string short_time(int hour, int minute, int second) override;
+    void keep_on_top(void* panel) override { kept_on_top.push_back(panel); }
+
+    std::vector<std::string> shown_files;
+    std::vector<void*> kept_on_top;
+};
+
+/// The control `name` of `form`; the test ends when there is none of that kind.
+template <class Control = QWidget>
+Control& control(QWidget& form, const char* name) {
+    auto* found = form.findChild<Control*>(QString::fromLatin1(name));
+    if (found == nullptr) {
+        ADD_FAILURE() << "no control " << name << " of that kind";
+        throw std::runtime_error(std::string("no control ") + name);
+    }
+    return *found;
+}
+
+/// The caption of a label, button, frame or (empty name) window.
+QString caption(QWidget& form, const char* name);
+
+/// Clicks a button, option or box as the mouse does.
+void click(QWidget& form, const char* name);
+
+/// Puts `text` into an entry box as keys do: select all, type.
+void enter(QWidget& form, const char* name, const QString& text);
+
+/// Chooses the entry `text` of a list as the user does; the test fails when it is not in the list.
+void choose(QWidget& form, const char* name, const QString& text);
+
+/// Gives a control the focus event that a click or the Tab key gives.
+void focus(QWidget& form, const char* name);
+
+/// The form's captions that differ from `twins` in `language`, and the controls that are not there.
+QStringList wrong_captions(QWidget& form, std::span<const Twin> twins, Language language);
+
+/// Inputs and buttons that a screen reader cannot name.
+QStringList nameless_controls(QWidget& form);
+
+/// Visible controls that take input but that the Tab key never reaches.
+QStringList unreachable_controls(QWidget& form);
+
+/// Access keys that two visible controls of the form share.
+QStringList shared_access_keys(QWidget& form);
+
+/// Labels and buttons of the shown form whose text does not fit into their rectangle.
+QStringList cut_texts(QWidget& form);
+
+/// A temporary program folder with the series files and fresh stored files, a machine clock at 21 June 2024
+/// 15:07, a platform that records, and message boxes that a script answers.
+class PanelTest : public ::testing::Test {
+protected:
+    PanelTest();
+    ~PanelTest() override;
+
+    /// The stored language of the forms that load from now on.
+    void set_language(Language language);
+
+    /// The next boxes are answered so, in this order; a box without an answer is refused (No).
+    void answer(std::initializer_list<bool> answers) { answers_.assign(answers); }
+
+    /// `name` within the test's program folder.
+    std::string path(const std::string& name) const;
+    std::string content(const std::string& name) const;
+    void put(const std::string& name, const std::string& content) const;
+    void remove(const std::string& name) const;
+    bool exists(const std::string& name) const;
+
+    std::vector<SeenMessage> messages; ///< every box presented so far
+    RecordingPlatform platform_double;
+    int main_panel_reloads = 0;
+
+private:
+    bool present(QMessageBox& box);
+
+    QTemporaryDir folder_;
+    std::deque<bool> answers_;
+};
+
+} // namespace halvane

@@ -1,0 +1,114 @@
+#include "app/frmsupport.h"
+#include "app/messages.h"
+#include "tests/panel/panelharness.h"
+
+#include <QGroupBox>
+#include <QVBoxLayout>
+
+namespace halvane {
+namespace {
+
+constexpr Twin kTwins[] = {
+    {"", "Sample", "عينة"},
+    {"lblname", "&Name:", "الإ&سم"},
+    {"franame", "Names", "أسماء"},
+    {"cmdok", "&Ok", "&موافق"},
+    {"txtname@spoken", "Name of the place", "اسم المكان"},
+    {"txtname@tip", "As the reports print it", "كما تطبعه التقارير"},
+};
+
+class SampleForm : public QWidget {
+public:
+    SampleForm() {
+        setObjectName(QStringLiteral("frmsample"));
+        auto* frame = new QGroupBox(this);
+        frame->setObjectName(QStringLiteral("franame"));
+        auto* label = new QLabel(frame);
+        label->setObjectName(QStringLiteral("lblname"));
+        auto* box = new QLineEdit(frame);
+        box->setObjectName(QStringLiteral("txtname"));
+        auto* button = new QPushButton(frame);
+        button->setObjectName(QStringLiteral("cmdok"));
+        auto* layout = new QVBoxLayout(frame);
+        layout->addWidget(label);
+        layout->addWidget(box);
+        layout->addWidget(button);
+        (new QVBoxLayout(this))->addWidget(frame);
+    }
+};
+
+class SupportTest : public PanelTest {};
+
+TEST_F(SupportTest, EveryTextOfATableIsSetInEnglish) {
+    SampleForm form;
+    apply_language(form, kTwins, Language::english);
+    EXPECT_EQ(wrong_captions(form, kTwins, Language::english), QStringList());
+    EXPECT_EQ(form.windowTitle(), QStringLiteral("Sample"));
+    EXPECT_EQ(form.layoutDirection(), Qt::LeftToRight);
+}
+
+TEST_F(SupportTest, EveryTextOfATableIsSetInArabicRightToLeft) {
+    SampleForm form;
+    apply_language(form, kTwins, Language::arabic);
+    EXPECT_EQ(wrong_captions(form, kTwins, Language::arabic), QStringList());
+    EXPECT_EQ(control(form, "cmdok").layoutDirection(), Qt::RightToLeft);
+}
+
+TEST_F(SupportTest, AMarkedControlIsNotMirrored) {
+    SampleForm form;
+    keep_left_to_right(control(form, "txtname"));
+    apply_language(form, kTwins, Language::arabic);
+    EXPECT_EQ(control(form, "txtname").layoutDirection(), Qt::LeftToRight);
+}
+
+TEST_F(SupportTest, AMissingFontLeavesTheControlAsItWas) {
+    SampleForm form;
+    const QFont before = form.font();
+    EXPECT_FALSE(set_font_if_present(form, QStringLiteral("No Such Font At All"), 26));
+    EXPECT_EQ(form.font(), before);
+}
+
+TEST_F(SupportTest, AWarningHasTheExclamationIconAndOk) {
+    warn(nullptr, QStringLiteral("Angle Error!"), QStringLiteral("Text"), Language::english);
+    ASSERT_EQ(messages.size(), 1U);
+    EXPECT_TRUE(messages[0].exclamation);
+    EXPECT_EQ(messages[0].title, QStringLiteral("Angle Error!"));
+    EXPECT_EQ(messages[0].text, QStringLiteral("Text"));
+    EXPECT_EQ(messages[0].buttons, QStringList{QStringLiteral("OK")});
+}
+
+TEST_F(SupportTest, AQuestionInArabicHasArabicButtonsRightToLeft) {
+    answer({true, false});
+    EXPECT_TRUE(ask(nullptr, QStringLiteral("إضافة"), QStringLiteral("؟"), Language::arabic));
+    EXPECT_FALSE(ask(nullptr, QStringLiteral("إضافة"), QStringLiteral("؟"), Language::arabic));
+    ASSERT_EQ(messages.size(), 2U);
+    EXPECT_TRUE(messages[0].exclamation);
+    EXPECT_EQ(messages[0].direction, Qt::RightToLeft);
+    EXPECT_EQ(messages[0].buttons, (QStringList{QStringLiteral("نعم"), QStringLiteral("لا")}));
+}
+
+TEST_F(SupportTest, FocusSelectsTheWholeTextOfABox) {
+    SampleForm form;
+    select_whole_text_on_focus(form);
+    auto& box = control<QLineEdit>(form, "txtname");
+    box.setText(QStringLiteral("Amman"));
+    box.deselect();
+    focus(form, "txtname");
+    EXPECT_EQ(box.selectedText(), QStringLiteral("Amman"));
+}
+
+TEST_F(SupportTest, AControlWithoutALabelIsToldAsNameless) {
+    SampleForm form;
+    EXPECT_TRUE(nameless_controls(form).contains(QStringLiteral("txtname")));
+    apply_language(form, kTwins, Language::english);
+    EXPECT_EQ(nameless_controls(form), QStringList());
+}
+
+TEST_F(SupportTest, TheStoredLanguageIsRead) {
+    EXPECT_EQ(stored_language(), Language::english);
+    set_language(Language::arabic);
+    EXPECT_EQ(stored_language(), Language::arabic);
+}
+
+} // namespace
+} // namespace halvane

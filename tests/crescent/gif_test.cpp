@@ -218,6 +218,7 @@ TEST(Gif, EveryPixelOfA24BitPictureTakesTheNearestColour) {
     const std::array<int, 5> steps = {0, 64, 128, 192, 255};
     std::mt19937 random(5);
     std::vector<RgbColour> pixels;
+    pixels.reserve(61 * 67);
     for (int pixel = 0; pixel < 61 * 67; ++pixel) {
         pixels.push_back({random_byte(random), random_byte(random), random_byte(random)});
     }

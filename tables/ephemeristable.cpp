@@ -55,9 +55,11 @@ RunOutcome write_rows(Report& report, const EphemerisSettings& settings, const T
     const TableBody body = settings.object == 1 ? TableBody::moon : TableBody::sun;
     const Observer observer = observer_at(longitude_of(location), latitude_of(location), location.elevation);
     const double clock_ahead = (location.zone + summer_hours(settings)) / 24;
+    // Where a far start cannot be told from the next row, the count ends the table.
+    const double last_row = (span.end - span.start) / span.step + 0.5;
     int in_group = 0;
     double jd = span.start;
-    for (double n = 0; jd <= span.end + beyond_the_end; ++n, jd = span.start + n * span.step) {
+    for (double n = 0; n <= last_row && jd <= span.end + beyond_the_end; jd = span.start + ++n * span.step) {
         tell_progress(progress, span, n);
         write_ephemeris_row(report, body, jd + clock_ahead,
                             ephemeris_row(observer, body, settings.geocentric, jd));

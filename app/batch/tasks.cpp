@@ -55,6 +55,7 @@ std::vector<Task> batch_tasks() {
         {"prayer", "Prayer times of the stored period, into results.out", {}, run_prayer},
         {"moon", "Moon times of the stored period, into mresults.out", {}, run_moon},
         {"today", "Today's six prayer times, on standard output", {}, run_today},
+        phases_task(),
     };
 }
 

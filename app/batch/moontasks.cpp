@@ -2,6 +2,7 @@
 
 #include "app/stored/phase.h"
 #include "app/stored/record.h"
+#include "crescent/crescentreport.h"
 #include "ephemeris/series.h"
 #include "phases/phasereport.h"
 
@@ -29,6 +30,16 @@ Task phases_task() {
                 const std::string text = *delta_t ? plain_number(**delta_t) : proposed_delta_t(settings.year);
                 return report_written(write_phases(phase_year(settings, text), progress), "results.out");
             }};
+}
+
+Task crescent_task() {
+    return {
+        "crescent", "Circumstances and visibility of the stored crescent, into visib.out", {}, [](Progress&) {
+            load_series();
+            const CrescentSettings settings = read_visib();
+            write_crescent_report(settings, find_conjunction(settings));
+            return report_written(RunOutcome::done, "visib.out");
+        }};
 }
 
 } // namespace halvane

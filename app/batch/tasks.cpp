@@ -56,6 +56,7 @@ std::vector<Task> batch_tasks() {
         {"moon", "Moon times of the stored period, into mresults.out", {}, run_moon},
         {"today", "Today's six prayer times, on standard output", {}, run_today},
         phases_task(),
+        crescent_task(),
     };
 }
 

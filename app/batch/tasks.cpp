@@ -57,6 +57,7 @@ std::vector<Task> batch_tasks() {
         {"today", "Today's six prayer times, on standard output", {}, run_today},
         phases_task(),
         crescent_task(),
+        map_task(),
     };
 }
 

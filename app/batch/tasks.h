@@ -33,6 +33,7 @@ std::vector<Task> batch_tasks();
 /// The tasks of the rooms beside `prayer`.
 Task phases_task();
 Task crescent_task();
+Task map_task();
 
 /// Prints the path of a finished report and gives the run's exit status; `refusal` is what a refused run
 /// says.

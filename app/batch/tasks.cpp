@@ -6,6 +6,7 @@
 #include "ephemeris/series.h"
 #include "prayer/cmdcom.h"
 #include "prayer/cmdmoon.h"
+#include "qibla/cmdqib.h"
 
 #include <cstdio>
 #include <iostream>
@@ -37,6 +38,12 @@ int run_today(Progress& /*progress*/) {
     return status_done;
 }
 
+int run_qibla(Progress& progress, QiblahMark mark) {
+    load_term();
+    load_mterm();
+    return report_written(cmdqib(progress, stored_qiblah_direction(), mark), "results.out");
+}
+
 } // namespace
 
 int report_written(RunOutcome outcome, const char* report_name, const char* refusal) {
@@ -58,6 +65,14 @@ std::vector<Task> batch_tasks() {
         phases_task(),
         crescent_task(),
         map_task(),
+        {"qibla-sun",
+         "When the Sun stands in the direction of the Qiblah, into results.out",
+         {},
+         [](Progress& progress) { return run_qibla(progress, QiblahMark::sun); }},
+        {"qibla-shadow",
+         "When the Sun's shadow lies in the direction of the Qiblah, into results.out",
+         {},
+         [](Progress& progress) { return run_qibla(progress, QiblahMark::shadow); }},
     };
 }
 

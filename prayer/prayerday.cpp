@@ -2,8 +2,6 @@
 
 #include "app/stored/failure.h"
 #include "calendar/modctim.h"
-#include "calendar/modjul.h"
-#include "calendar/modsummer.h"
 #include "ephemeris/coordinates.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/sun.h"
@@ -150,11 +148,12 @@ private:
         double t = transit(sun_low(observer, jd_ + 0.5 - clock_ahead_ / 24).equation_of_time);
         double instant = 0;
         SunPlace sun;
+        SearchGuard guard("the Sun's transit");
         for (;;) {
             instant = jd_ - (clock_ahead_ - t) / 24;
             sun = sun_medium(observer, instant);
-            const double next = transit(sun.equation_of_time);
-            const double change = std::fabs(t - require_finite(next, "the Sun's transit"));
+            const double next = guard.check(transit(sun.equation_of_time));
+            const double change = std::fabs(t - next);
             t = next;
             if (change <= tolerance)
                 break;
@@ -193,14 +192,6 @@ PrayerSettings read_prayer_settings(DayMode mode) {
     settings.high_latitude = mode == DayMode::report && settings.preferences.high_latitude == 1;
     settings.mode = mode;
     return settings;
-}
-
-int summer_hours_of(const Preferences& preferences, double jd) {
-    double year = 0;
-    double month = 0;
-    double day = 0;
-    modjuc(jd + 0.5, year, month, day);
-    return in_summer_time(preferences, year, month, std::floor(day)) ? 1 : 0;
 }
 
 PrayerDay prayer_day(const PrayerSettings& settings, double jd, int summer_hours) {

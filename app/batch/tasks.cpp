@@ -6,6 +6,7 @@
 #include "ephemeris/series.h"
 #include "prayer/cmdcom.h"
 #include "prayer/cmdmoon.h"
+#include "qibla/cmdqib.h"
 #include "tables/ephemeristable.h"
 #include "telescope/crescentpicture.h"
 #include "telescope/readouts.h"
@@ -40,6 +41,10 @@ int run_today(Progress& /*progress*/) {
     return status_done;
 }
 
+int run_qibla(Progress& progress, QiblahMark mark) {
+    load_term();
+    load_mterm();
+    return report_written(cmdqib(progress, stored_qiblah_direction(), mark), "results.out");
 int run_ephemeris(Progress& progress) {
     load_termfull();
     load_mterm();
@@ -85,6 +90,17 @@ std::vector<Task> batch_tasks() {
         {"prayer", "Prayer times of the stored period, into results.out", {}, run_prayer},
         {"moon", "Moon times of the stored period, into mresults.out", {}, run_moon},
         {"today", "Today's six prayer times, on standard output", {}, run_today},
+        phases_task(),
+        crescent_task(),
+        map_task(),
+        {"qibla-sun",
+         "When the Sun stands in the direction of the Qiblah, into results.out",
+         {},
+         [](Progress& progress) { return run_qibla(progress, QiblahMark::sun); }},
+        {"qibla-shadow",
+         "When the Sun's shadow lies in the direction of the Qiblah, into results.out",
+         {},
+         [](Progress& progress) { return run_qibla(progress, QiblahMark::shadow); }},
         {"ephemeris", "Table of the Sun or the Moon, into ephemeris.out", {}, run_ephemeris},
         {"telescope", "Pointing numbers of Sun, Moon and crescent, on standard output", {}, run_telescope},
     };

@@ -1,4 +1,4 @@
-#include "prayer/reportrun.h"
+#include "app/report/reportrun.h"
 
 #include "app/report/head.h"
 #include "calendar/machineclock.h"
@@ -16,11 +16,15 @@ RunDays days_of(const DateNumbers& start, const DateNumbers& end) {
     return days;
 }
 
-ReportPeriod report_period(const CalculationDate& date, const RunDays& days) {
-    const CalculationPeriod period = calculation_period(date);
+double mean_delta_t(const RunDays& days) {
     double delta_t = 0;
     moddeltat((days.first + days.last) / 2, delta_t);
-    return {date.one_day, period.start, period.end, delta_t * 86400};
+    return delta_t;
+}
+
+ReportPeriod report_period(const CalculationDate& date, const RunDays& days) {
+    const CalculationPeriod period = calculation_period(date);
+    return {date.one_day, period.start, period.end, mean_delta_t(days) * 86400};
 }
 
 void tell_progress(Progress& progress, const RunDays& days, double jd) {

@@ -2,22 +2,28 @@
 
 #include "app/stored/programfolder.h"
 
+#include <QApplication>
 #include <QFile>
+#include <QFontInfo>
 #include <QFontMetrics>
+#include <QIconEngine>
 #include <QLayout>
 #include <QPainter>
 #include <QPalette>
 #include <QSvgRenderer>
 #include <QWidget>
+#include <utility>
 
 namespace halvane {
 
 namespace {
 
-constexpr int kIconGrid = 24;
+bool is_dark(const QPalette& palette) {
+    return palette.color(QPalette::Window).lightness() < 128;
+}
 
-bool is_dark(const QWidget& widget) {
-    return widget.palette().color(QPalette::Window).lightness() < 128;
+QColor accent_of(bool dark) {
+    return dark ? QColor(0x58, 0xC9, 0xA0) : QColor(0x1B, 0x7F, 0x5C);
 }
 
 QByteArray icon_source(const QString& name) {
@@ -25,14 +31,29 @@ QByteArray icon_source(const QString& name) {
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-QPixmap drawn_icon(QByteArray source, const QColor& colour, int size) {
-    QSvgRenderer renderer(source.replace("currentColor", colour.name().toLatin1()));
-    QPixmap picture(size, size);
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    renderer.render(&painter);
-    return picture;
-}
+/// Draws an SVG file whose strokes are "currentColor" at the size that is asked for.
+class InkIconEngine : public QIconEngine {
+public:
+    explicit InkIconEngine(QByteArray source) : source_(std::move(source)) {}
+
+    void paint(QPainter* painter, const QRect& rectangle, QIcon::Mode mode, QIcon::State) override {
+        const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
+        const QColor ink = QGuiApplication::palette().color(group, QPalette::ButtonText);
+        QSvgRenderer renderer(QByteArray(source_).replace("currentColor", ink.name().toLatin1()));
+        renderer.render(painter, QRectF(rectangle));
+    }
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        QPixmap picture(size);
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        paint(&painter, QRect(QPoint(), size), mode, state);
+        return picture;
+    }
+    QIconEngine* clone() const override { return new InkIconEngine(source_); }
+
+private:
+    QByteArray source_;
+};
 
 } // namespace
 
@@ -55,27 +76,25 @@ void set_spacing(QWidget& form) {
 
 void scale_font(QWidget& control, double factor) {
     QFont font = control.font();
-    const QWidget* form = control.window();
-    font.setPointSizeF(form->font().pointSizeF() * factor);
+    font.setPointSizeF(QFontInfo(control.window()->font()).pointSizeF() * factor);
     control.setFont(font);
 }
 
 QColor accent_colour(const QWidget& widget) {
-    return is_dark(widget) ? QColor(0x58, 0xC9, 0xA0) : QColor(0x1B, 0x7F, 0x5C);
+    return accent_of(is_dark(widget.palette()));
 }
 
-QIcon panel_icon(const QWidget& widget, const QString& name) {
+void use_accent() {
+    QPalette palette = QGuiApplication::palette();
+    const bool dark = is_dark(palette);
+    palette.setColor(QPalette::Highlight, accent_of(dark));
+    palette.setColor(QPalette::HighlightedText, dark ? Qt::black : Qt::white);
+    QApplication::setPalette(palette);
+}
+
+QIcon panel_icon(const QString& name) {
     const QByteArray source = icon_source(name);
-    QIcon icon;
-    if (source.isEmpty())
-        return icon;
-    const QPalette palette = widget.palette();
-    for (int size = kIconGrid; size <= 4 * kIconGrid; size += kIconGrid) {
-        icon.addPixmap(drawn_icon(source, palette.color(QPalette::ButtonText), size));
-        icon.addPixmap(drawn_icon(source, palette.color(QPalette::Disabled, QPalette::ButtonText), size),
-                       QIcon::Disabled);
-    }
-    return icon;
+    return source.isEmpty() ? QIcon() : QIcon(new InkIconEngine(source));
 }
 
 void fit_width(QWidget& control, const QString& longest) {

@@ -12,6 +12,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QTimer>
+#include <algorithm>
 
 namespace halvane {
 
@@ -23,7 +24,7 @@ constexpr double kHeadSize = 1.6;
 constexpr double kTitleSize = 0.9;
 constexpr double kFigureSize = 2.2;
 constexpr double kLineSize = 1.2;
-constexpr double kDesktopIcon = 1.6; // of the unit of space
+constexpr double kDesktopIcon = 2.4; // of the unit of space
 
 constexpr Twin kTwins[] = {
     {"frmmain", "Halvane 5.3.9", "Halvane 5.3.9"},
@@ -265,10 +266,27 @@ void frmmain::set_sizes() {
         scale_font(*times_[column], kFigureSize);
         scale_font(*remaining_[column], kTitleSize);
     }
+    QFont title = ui_->lbltitle->font();
+    title.setBold(true);
+    ui_->lbltitle->setFont(title);
     const int icon = static_cast<int>(kDesktopIcon * space_unit(*this));
     for (QPushButton* button : findChildren<QPushButton*>())
         button->setIconSize(QSize(icon, icon));
+    equalise_columns();
     sizing_ = false;
+}
+
+/// Stretch factors share out the room that is left only.
+void frmmain::equalise_columns() {
+    for (QGridLayout* grid : {ui_->buttongrid, ui_->timesgrid}) {
+        int widest = 0;
+        for (int column = 0; column < grid->columnCount(); ++column)
+            for (int row = 0; row < grid->rowCount(); ++row)
+                if (const QLayoutItem* item = grid->itemAtPosition(row, column))
+                    widest = std::max(widest, item->sizeHint().width());
+        for (int column = 0; column < grid->columnCount(); ++column)
+            grid->setColumnMinimumWidth(column, widest);
+    }
 }
 
 void frmmain::set_arabic_fonts() {
@@ -283,6 +301,11 @@ void frmmain::set_arabic_fonts() {
 }
 
 void frmmain::mark_next_prayer() {
+    for (QLabel* label : {ui_->lblgsky, ui_->lblgmoon, ui_->lblgset}) {
+        QPalette colours = palette();
+        colours.setColor(QPalette::WindowText, muted_colour(*this));
+        label->setPalette(colours);
+    }
     const MachineTime now = machine_time();
     const std::optional<NextPrayer> next =
         same_day(now, state_.loaded_at) ? next_prayer(today_, seconds_of_day(now)) : std::nullopt;
@@ -298,6 +321,8 @@ void frmmain::mark_column(std::size_t column, const QString& remaining, bool nex
         QPalette colours = palette();
         if (next)
             colours.setColor(QPalette::WindowText, accent_colour(*this));
+        else if (label == titles_[column])
+            colours.setColor(QPalette::WindowText, muted_colour(*this));
         label->setPalette(colours);
         QFont font = label->font();
         font.setBold(next);

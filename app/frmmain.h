@@ -59,6 +59,7 @@ private:
     void connect_buttons(std::span<const Panel> panels);
     void set_icons();
     void set_sizes();
+    void equalise_columns();
     void set_arabic_fonts();
     void mark_next_prayer();
     void mark_column(std::size_t column, const QString& remaining, bool next);

@@ -10,13 +10,19 @@
 #include <QLayout>
 #include <QPainter>
 #include <QPalette>
+#include <QProxyStyle>
 #include <QSvgRenderer>
+#include <QTextLayout>
 #include <QWidget>
+#include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace halvane {
 
 namespace {
+
+constexpr int kMutedPercent = 30;
 
 bool is_dark(const QPalette& palette) {
     return palette.color(QPalette::Window).lightness() < 128;
@@ -30,6 +36,54 @@ QByteArray icon_source(const QString& name) {
     QFile file(QStringLiteral(":/icons/") + name + QStringLiteral(".svg"));
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
+
+/// Underlines the access key of a text whose letters join. Qt draws the letter of the key apart, which breaks
+/// the joins on both sides of it; here the text is laid out whole.
+class JoinedTextStyle : public QProxyStyle {
+public:
+    void drawItemText(QPainter* painter, const QRect& place, int flags, const QPalette& palette, bool enabled,
+                      const QString& text, QPalette::ColorRole role) const override {
+        const qsizetype mark = text.indexOf(u'&');
+        const bool joins = (flags & Qt::TextShowMnemonic) != 0 && mark >= 0 && mark + 1 < text.size() &&
+                           text[mark + 1] != u'&' && text.isRightToLeft();
+        if (!joins) {
+            QProxyStyle::drawItemText(painter, place, flags, palette, enabled, text, role);
+            return;
+        }
+        painter->save();
+        if (role != QPalette::NoRole)
+            painter->setPen(palette.color(enabled ? QPalette::Active : QPalette::Disabled, role));
+        draw_joined(*painter, place, flags, QString(text).remove(u'&'), static_cast<int>(mark));
+        painter->restore();
+    }
+
+private:
+    static void draw_joined(QPainter& painter, const QRect& place, int flags, const QString& text, int key) {
+        QTextLayout layout(text, painter.font(), painter.device());
+        QTextOption option;
+        option.setTextDirection(Qt::RightToLeft);
+        option.setWrapMode(QTextOption::NoWrap);
+        layout.setTextOption(option);
+        layout.beginLayout();
+        QTextLine line = layout.createLine();
+        line.setLineWidth(place.width());
+        layout.endLayout();
+
+        const QSize size = QSizeF(line.naturalTextWidth(), line.height()).toSize();
+        const Qt::Alignment alignment(flags &
+                                      static_cast<int>(Qt::AlignHorizontal_Mask | Qt::AlignVertical_Mask));
+        const QRect box = alignedRect(Qt::LeftToRight, alignment, size, place);
+        const QPointF origin(box.topLeft());
+        layout.draw(&painter, origin);
+
+        const double from = line.cursorToX(key);
+        const double to = line.cursorToX(key + 1);
+        const double height = origin.y() + line.ascent() + painter.fontMetrics().underlinePos();
+        const double thickness = std::max(1, painter.fontMetrics().lineWidth());
+        painter.fillRect(QRectF(origin.x() + std::min(from, to), height, std::abs(to - from), thickness),
+                         painter.pen().color());
+    }
+};
 
 /// Draws an SVG file whose strokes are "currentColor" at the size that is asked for.
 class InkIconEngine : public QIconEngine {
@@ -84,12 +138,20 @@ QColor accent_colour(const QWidget& widget) {
     return accent_of(is_dark(widget.palette()));
 }
 
-void use_accent() {
+void use_halvane_look() {
+    QApplication::setStyle(new JoinedTextStyle);
     QPalette palette = QGuiApplication::palette();
     const bool dark = is_dark(palette);
     palette.setColor(QPalette::Highlight, accent_of(dark));
     palette.setColor(QPalette::HighlightedText, dark ? Qt::black : Qt::white);
     QApplication::setPalette(palette);
+}
+
+QColor muted_colour(const QWidget& widget) {
+    const QColor ink = widget.palette().color(QPalette::WindowText);
+    const QColor paper = widget.palette().color(QPalette::Window);
+    const auto mix = [](int from, int to) { return from + (to - from) * kMutedPercent / 100; };
+    return {mix(ink.red(), paper.red()), mix(ink.green(), paper.green()), mix(ink.blue(), paper.blue())};
 }
 
 QIcon panel_icon(const QString& name) {

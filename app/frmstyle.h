@@ -23,8 +23,12 @@ QColor accent_colour(const QWidget& widget);
 /// empty icon where there is none of that name.
 QIcon panel_icon(const QString& name);
 
-/// Makes the accent the colour of selections, bars and marks in the whole program.
-void use_accent();
+/// Gives the whole program its look: the accent for selections, bars and marks, and access keys that are
+/// underlined without breaking the joined letters of Arabic. Called once, before the first panel.
+void use_halvane_look();
+
+/// The palette's text colour, softened; still 4.5 to 1 against the window.
+QColor muted_colour(const QWidget& widget);
 
 /// Marks an entry box, list or button so that it is wide enough for `longest`.
 void fit_width(QWidget& control, const QString& longest);

@@ -61,7 +61,7 @@ int run(int count, char** words) {
     QApplication::setApplicationVersion(QStringLiteral("5.3.9"));
     QApplication::setDesktopFileName(QStringLiteral("halvane"));
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/halvane.svg")));
-    use_accent();
+    use_halvane_look();
     set_pending_events_handler(handle_pending_events);
     try {
         frmmain main_panel(panels());

@@ -31,17 +31,23 @@ namespace {
 constexpr double kSmallestType = 5; // [pt]
 constexpr double kLargestType = 48; // [pt]
 
+constexpr int kFindBox = 16; // characters
+
 constexpr Twin kTwins[] = {
     {"lblfind", "&Find:", "&بحث:"},
     {"cmdnext", "&Next", "ال&تالي"},
     {"cmdprevious", "Pre&vious", "ال&سابق"},
-    {"cmdlarger", "&Larger", "ت&كبير"},
-    {"cmdsmaller", "S&maller", "ت&صغير"},
-    {"cmdnormal", "&100 %", "&100 %"},
+    {"cmdlarger", "&+", "&+"},
+    {"cmdsmaller", "&-", "&-"},
+    {"cmdnormal", "&100%", "&100%"},
+    {"cmdlarger@spoken", "Larger type", "خط أكبر"},
+    {"cmdsmaller@spoken", "Smaller type", "خط أصغر"},
+    {"cmdlarger@tip", "Larger type", "خط أكبر"},
+    {"cmdsmaller@tip", "Smaller type", "خط أصغر"},
     {"cmdcopy", "&Copy", "&نسخ"},
     {"cmdsave", "&Save As...", "&حفظ باسم..."},
     {"cmdprint", "&Print...", "&طباعة..."},
-    {"cmdpdf", "P&DF...", "P&DF..."},
+    {"cmdpdf", "P&DF", "P&DF"},
     {"cmdclose", "Cl&ose", "&إغلاق"},
     {"txtreport@spoken", "Text of the file", "نص الملف"},
 };
@@ -103,6 +109,13 @@ QPushButton* Viewer::add_button(const char* name, void (Viewer::*action)()) {
     return button;
 }
 
+QPushButton* Viewer::add_small_button(const char* name, void (Viewer::*action)()) {
+    QPushButton* button = add_button(name, action);
+    button->setFixedWidth(button->fontMetrics().horizontalAdvance(QStringLiteral("100%")) +
+                          2 * space_unit(*this));
+    return button;
+}
+
 void Viewer::build(Language language) {
     auto* label = new QLabel(this);
     label->setObjectName(QStringLiteral("lblfind"));
@@ -114,6 +127,7 @@ void Viewer::build(Language language) {
 
     auto* bar = new QHBoxLayout;
     bar->addWidget(label);
+    find_box_->setMinimumWidth(find_box_->fontMetrics().horizontalAdvance(QString(kFindBox, u'n')));
     bar->addWidget(find_box_, 1);
     auto* next = new QPushButton(this);
     next->setObjectName(QStringLiteral("cmdnext"));
@@ -124,10 +138,9 @@ void Viewer::build(Language language) {
     connect(previous, &QPushButton::clicked, this, &Viewer::find_previous);
     bar->addWidget(previous);
     bar->addWidget(found_, 1);
-    bar->addWidget(add_button("cmdsmaller", &Viewer::zoom_out));
-    bar->addWidget(add_button("cmdnormal", &Viewer::zoom_normal));
-    bar->addWidget(add_button("cmdlarger", &Viewer::zoom_in));
-    bar->addStretch(1);
+    bar->addWidget(add_small_button("cmdsmaller", &Viewer::zoom_out));
+    bar->addWidget(add_small_button("cmdnormal", &Viewer::zoom_normal));
+    bar->addWidget(add_small_button("cmdlarger", &Viewer::zoom_in));
     bar->addWidget(add_button("cmdcopy", &Viewer::copy));
     bar->addWidget(add_button("cmdsave", &Viewer::save_as));
     bar->addWidget(add_button("cmdpdf", &Viewer::make_pdf));

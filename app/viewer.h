@@ -44,6 +44,7 @@ protected:
 
 private:
     QPushButton* add_button(const char* name, void (Viewer::*action)());
+    QPushButton* add_small_button(const char* name, void (Viewer::*action)());
     void build(Language language);
     void add_shortcuts();
     void set_directions();

@@ -22,14 +22,37 @@ namespace halvane {
 
 namespace {
 
+constexpr double kKeyLineDrop = 0.6; // of the descent
+constexpr double kLeastContrast = 4.5;
+constexpr int kAccentStep = 103; // per cent
+constexpr int kAccentSteps = 30;
 constexpr int kMutedPercent = 30;
 
 bool is_dark(const QPalette& palette) {
     return palette.color(QPalette::Window).lightness() < 128;
 }
 
-QColor accent_of(bool dark) {
-    return dark ? QColor(0x58, 0xC9, 0xA0) : QColor(0x1B, 0x7F, 0x5C);
+/// Relative luminance of WCAG 2.
+double luminance(const QColor& colour) {
+    const auto linear = [](double part) {
+        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF());
+}
+
+double contrast(const QColor& a, const QColor& b) {
+    const double bright = std::max(luminance(a), luminance(b));
+    const double dark = std::min(luminance(a), luminance(b));
+    return (bright + 0.05) / (dark + 0.05);
+}
+
+/// The accent, a little darker or lighter where the window's own grey asks for it.
+QColor accent_on(const QColor& paper, bool dark) {
+    QColor accent = dark ? QColor(0x58, 0xC9, 0xA0) : QColor(0x1B, 0x7F, 0x5C);
+    for (int step = 0; contrast(accent, paper) < kLeastContrast && step < kAccentSteps; ++step)
+        accent = dark ? accent.lighter(kAccentStep) : accent.darker(kAccentStep);
+    return accent;
 }
 
 QByteArray icon_source(const QString& name) {
@@ -78,7 +101,7 @@ private:
 
         const double from = line.cursorToX(key);
         const double to = line.cursorToX(key + 1);
-        const double height = origin.y() + line.ascent() + painter.fontMetrics().underlinePos();
+        const double height = origin.y() + line.ascent() + line.descent() * kKeyLineDrop;
         const double thickness = std::max(1, painter.fontMetrics().lineWidth());
         painter.fillRect(QRectF(origin.x() + std::min(from, to), height, std::abs(to - from), thickness),
                          painter.pen().color());
@@ -135,14 +158,15 @@ void scale_font(QWidget& control, double factor) {
 }
 
 QColor accent_colour(const QWidget& widget) {
-    return accent_of(is_dark(widget.palette()));
+    const QPalette palette = widget.palette();
+    return accent_on(palette.color(QPalette::Window), is_dark(palette));
 }
 
 void use_halvane_look() {
     QApplication::setStyle(new JoinedTextStyle);
     QPalette palette = QGuiApplication::palette();
     const bool dark = is_dark(palette);
-    palette.setColor(QPalette::Highlight, accent_of(dark));
+    palette.setColor(QPalette::Highlight, accent_on(palette.color(QPalette::Window), dark));
     palette.setColor(QPalette::HighlightedText, dark ? Qt::black : Qt::white);
     QApplication::setPalette(palette);
 }

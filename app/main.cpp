@@ -1,16 +1,16 @@
 #include "app/frmmain.h"
 #include "app/frmstyle.h"
+#include "app/frmsupport.h"
 #include "app/messages.h"
 #include "app/panels.h"
 #include "app/stored/failure.h"
-#include "ephemeris/modgeneral.h"
 
 #include <QApplication>
 #include <QIcon>
-#include <QThread>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <utility>
 
 namespace halvane {
 namespace {
@@ -40,12 +40,6 @@ private:
     bool failing_ = false;
 };
 
-void handle_pending_events() {
-    constexpr unsigned long pause = 2; // [ms]
-    QCoreApplication::processEvents();
-    QThread::msleep(pause);
-}
-
 bool has_display() {
     return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
            qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
@@ -62,7 +56,7 @@ int run(int count, char** words) {
     QApplication::setDesktopFileName(QStringLiteral("halvane"));
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/halvane.svg")));
     use_halvane_look();
-    set_pending_events_handler(handle_pending_events);
+    handle_events_while_waiting();
     try {
         frmmain main_panel(panels());
         main_panel.load();

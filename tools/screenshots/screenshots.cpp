@@ -3,6 +3,7 @@
 
 #include "app/frmmain.h"
 #include "app/frmstyle.h"
+#include "app/frmsupport.h"
 #include "app/frmwait.h"
 #include "app/messages.h"
 #include "app/panels.h"
@@ -13,7 +14,6 @@
 #include "app/stored/programfolder.h"
 #include "app/viewer.h"
 #include "calendar/machineclock.h"
-#include "ephemeris/modgeneral.h"
 #include "prayer/cmdcom.h"
 
 #include <QApplication>
@@ -143,6 +143,7 @@ int run(int count, char** words) {
         QApplication::setPalette(dark);
     }
     use_halvane_look();
+    handle_events_while_waiting();
     QTemporaryDir program;
     copy_program_folder(words[2], program.path().toStdString());
     set_program_folder(program.path().toStdString());

@@ -19,6 +19,7 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QTextBlock>
 #include <QVBoxLayout>
@@ -95,6 +96,7 @@ Viewer::Viewer(const QString& path, QWidget* parent)
     text_->setPlainText(content_);
     keep_left_to_right(*text_);
     set_directions();
+    go_to_language();
     build(language_);
     text_->setFocus();
     resize(sizeHint().expandedTo(QSize(text_->fontMetrics().horizontalAdvance(QString(92, u'0')),
@@ -192,6 +194,21 @@ void Viewer::set_directions() {
     QTextBlockFormat format;
     format.setLayoutDirection(Qt::LeftToRight);
     cursor.mergeBlockFormat(format);
+}
+
+void Viewer::go_to_language() {
+    if (is_report(path_) || language_ == Language::english)
+        return;
+    for (QTextBlock line = text_->document()->begin(); line.isValid(); line = line.next())
+        if (line.textDirection() == Qt::RightToLeft) {
+            text_->setTextCursor(QTextCursor(line));
+            return;
+        }
+}
+
+void Viewer::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    text_->verticalScrollBar()->setValue(text_->textCursor().block().firstLineNumber());
 }
 
 bool Viewer::find(QTextDocument::FindFlags flags) {

@@ -41,6 +41,7 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     QPushButton* add_button(const char* name, void (Viewer::*action)());
@@ -48,6 +49,7 @@ private:
     void build(Language language);
     void add_shortcuts();
     void set_directions();
+    void go_to_language();
     bool find(QTextDocument::FindFlags flags);
     void resize_text(int steps);
 

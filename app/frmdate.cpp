@@ -48,7 +48,6 @@ constexpr Twin kOrderRefused{"", "The end date must be AFTER the beginning date!
 
 constexpr int kMonths = 12;
 constexpr int kDays = 31;
-constexpr int kYearLength = 6; // the stored record holds years within 999999
 constexpr const char* kLongestYear = "-88888";
 
 struct Row {
@@ -68,7 +67,6 @@ DateBoxes boxes_of(const Row& row) {
 }
 
 void prepare(const Row& row) {
-    row.year->setMaxLength(kYearLength);
     fill_with_numbers(*row.month, kMonths);
     fill_with_numbers(*row.day, kDays);
 }

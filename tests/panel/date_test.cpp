@@ -258,7 +258,7 @@ TEST_F(DateTest, AYearIsTheLeadingNumberOfItsBox) {
     EXPECT_EQ(read_date().start.year, 622);
 }
 
-TEST_F(DateTest, NoYearThatCanBeTypedMakesARecordThatCannotBeRead) {
+TEST_F(DateTest, AYearBeyondTheRecordsLimitIsStoredAsTheLimit) {
     frmdate form;
     form.show();
     click(form, "optday");

@@ -461,6 +461,18 @@ TEST_F(LocationTest, NoValueIsCheckedByOk) {
     EXPECT_TRUE(messages.empty());
 }
 
+TEST_F(LocationTest, NumbersBeyondTheRecordsLimitAreStoredAsTheLimit) {
+    frmlocation form;
+    form.show();
+    enter(form, "txtlongid", "99999999");
+    enter(form, "txtlatis", "-99999999");
+    enter(form, "txtzon", "99999999");
+    click(form, "cmdok");
+    EXPECT_EQ(read_loc().longitude_degrees, 1000000);
+    EXPECT_EQ(read_loc().latitude_seconds, -1000000);
+    EXPECT_EQ(read_loc().zone, 1000000);
+}
+
 TEST_F(LocationTest, NegativeDegreesToTheWestAreEast) {
     frmlocation form;
     form.show();

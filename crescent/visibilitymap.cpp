@@ -6,7 +6,7 @@
 #include "crescent/circumstances.h"
 #include "crescent/conjunction.h"
 #include "crescent/quantities.h"
-#include "ephemeris/coordinates.h"
+#include "ephemeris/fastplace.h"
 #include "ephemeris/modgeneral.h"
 #include "events/modlowriseset.h"
 #include "events/phase.h"
@@ -49,8 +49,8 @@ double point_conjunction(const Observer& observer, double start, double delta_t)
     SearchGuard guard("a conjunction");
     double t = start;
     for (;;) {
-        const double d = elongation_from_phase(Phase::new_moon, moon_fast(observer, t).topocentric_longitude,
-                                               sun_fast(observer, t).topocentric_longitude);
+        const double d = elongation_from_phase(Phase::new_moon, moon_fast_longitude(observer, t),
+                                               sun_fast_longitude(observer, t));
         const double next = guard.check(t - d * days_per_degree);
         const double step = std::fabs(next - t);
         t = next;
@@ -67,15 +67,11 @@ struct PointEvents {
 };
 
 PointEvents point_events(const MapRun& run, const Observer& observer) {
-    TaggedTime sunrise;
-    TaggedTime sunset;
-    TaggedTime moonrise;
-    TaggedTime moonset;
-    modlowriseset(run.day, observer.longitude, observer.latitude, "Sun", sunrise, sunset);
-    modlowriseset(run.day, observer.longitude, observer.latitude, "Moon", moonrise, moonset);
-    const bool is_new = run.kind == CrescentKind::new_crescent;
-    const double* sun = hours_of(is_new ? sunset : sunrise);
-    const double* moon = hours_of(is_new ? moonset : moonrise);
+    const LowEvent event = run.kind == CrescentKind::new_crescent ? LowEvent::set : LowEvent::rise;
+    const TaggedTime sun_event = low_event(run.day, observer, "Sun", event);
+    const TaggedTime moon_event = low_event(run.day, observer, "Moon", event);
+    const double* sun = hours_of(sun_event);
+    const double* moon = hours_of(moon_event);
     if (sun == nullptr || moon == nullptr)
         return {};
     return {false, *sun, *moon};

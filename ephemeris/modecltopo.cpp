@@ -26,6 +26,42 @@ Disc moon_disc(double distance_km) {
             asin(moon_over_earth_radius * earth_radius_km / distance_km)};
 }
 
+/// The geocentric place less the observer's, in units of the body's distance: ecliptic, towards the equinox,
+/// a quarter further east, and north.
+struct Parallactic {
+    double x, y, z;
+    double longitude; ///< topocentric [rad]
+};
+
+Parallactic parallactic(const Observer& observer, double jd, double obliquity, double nutation,
+                        double longitude, double latitude, double parallax) {
+    using std::cos;
+    using std::sin;
+    const double epsilon = obliquity * radians_per_degree;
+    double sidereal_time = 0;
+    modlasttdt(jd, observer.longitude, epsilon, nutation, sidereal_time);
+    const double theta = sidereal_time * radians_per_degree;
+    const double lambda = longitude * radians_per_degree;
+    const double beta = latitude * radians_per_degree;
+    const double sine_parallax = sin(parallax);
+    const double sine_theta = sin(theta);
+    const double sine_epsilon = sin(epsilon);
+    const double cosine_epsilon = cos(epsilon);
+    const double cosine_beta = cos(beta);
+    Parallactic p{};
+    p.x = cos(lambda) * cosine_beta - observer.rho_cosine * sine_parallax * cos(theta);
+    p.y = sin(lambda) * cosine_beta - sine_parallax * (observer.rho_sine * sine_epsilon +
+                                                       observer.rho_cosine * cosine_epsilon * sine_theta);
+    p.z = sin(beta) - sine_parallax * (observer.rho_sine * cosine_epsilon -
+                                       observer.rho_cosine * sine_epsilon * sine_theta);
+    p.longitude = atan2(p.x, p.y);
+    return p;
+}
+
+Disc disc_of(char body, double distance) {
+    return body == 'S' ? sun_disc(distance) : moon_disc(distance);
+}
+
 void hand_out(const TopocentricPlace& place, double& longitude, double& latitude, double& semidiameter,
               double& topocentric_semidiameter, double& parallax) {
     longitude = place.longitude;
@@ -39,41 +75,31 @@ void hand_out(const TopocentricPlace& place, double& longitude, double& latitude
 
 TopocentricPlace topocentric_place(const Observer& observer, double jd, double obliquity, double nutation,
                                    double longitude, double latitude, double distance, char body) {
-    using std::cos;
-    using std::sin;
-    const double epsilon = obliquity * radians_per_degree;
-    double sidereal_time = 0;
-    modlasttdt(jd, observer.longitude, epsilon, nutation, sidereal_time);
-    const double theta = sidereal_time * radians_per_degree;
-    const Disc disc = body == 'S' ? sun_disc(distance) : moon_disc(distance);
-
-    const double lambda = longitude * radians_per_degree;
-    const double beta = latitude * radians_per_degree;
-    const double sine_parallax = sin(disc.parallax);
-    const double sine_theta = sin(theta);
-    const double sine_epsilon = sin(epsilon);
-    const double cosine_epsilon = cos(epsilon);
-    const double cosine_beta = cos(beta);
-    const double n = cos(lambda) * cosine_beta - observer.rho_cosine * sine_parallax * cos(theta);
-    const double y =
-        sin(lambda) * cosine_beta - sine_parallax * (observer.rho_sine * sine_epsilon +
-                                                     observer.rho_cosine * cosine_epsilon * sine_theta);
-    const double lambda_topocentric = atan2(n, y);
-    const double cosine_lambda = cos(lambda_topocentric);
-    const double beta_topocentric =
-        std::atan(cosine_lambda *
-                  (sin(beta) - sine_parallax * (observer.rho_sine * cosine_epsilon -
-                                                observer.rho_cosine * sine_epsilon * sine_theta)) /
-                  n);
+    const Disc disc = disc_of(body, distance);
+    const Parallactic p = parallactic(observer, jd, obliquity, nutation, longitude, latitude, disc.parallax);
+    const double cosine_lambda = std::cos(p.longitude);
+    const double beta_topocentric = std::atan(cosine_lambda * p.z / p.x);
 
     TopocentricPlace place;
-    place.longitude = rev360(lambda_topocentric * degrees_per_radian);
+    place.longitude = rev360(p.longitude * degrees_per_radian);
     place.latitude = beta_topocentric * degrees_per_radian;
     place.semidiameter = disc.semidiameter * degrees_per_radian;
     place.topocentric_semidiameter =
-        asin(cosine_lambda * cos(beta_topocentric) * sin(disc.semidiameter) / n) * degrees_per_radian;
+        asin(cosine_lambda * std::cos(beta_topocentric) * std::sin(disc.semidiameter) / p.x) *
+        degrees_per_radian;
     place.parallax = disc.parallax * degrees_per_radian;
     return place;
+}
+
+double topocentric_longitude(const Observer& observer, double jd, double obliquity, double nutation,
+                             double longitude, double latitude, double distance, char body) {
+    const Parallactic p =
+        parallactic(observer, jd, obliquity, nutation, longitude, latitude, disc_of(body, distance).parallax);
+    return rev360(p.longitude * degrees_per_radian);
+}
+
+double moon_parallax(double distance) {
+    return moon_disc(distance).parallax * degrees_per_radian;
 }
 
 void modecltopo(double /*pi_value*/, double jd, double obliquity, double nutation, double longitude,

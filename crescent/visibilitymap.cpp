@@ -7,6 +7,7 @@
 #include "crescent/conjunction.h"
 #include "crescent/quantities.h"
 #include "ephemeris/fastplace.h"
+#include "ephemeris/interpolation.h"
 #include "ephemeris/modgeneral.h"
 #include "events/modlowriseset.h"
 #include "events/phase.h"
@@ -179,6 +180,7 @@ private:
     }
 
     void draw_block(int longitude, int latitude) {
+        const InterpolationSpan interpolation;
         const Samples samples = sample_places(run_.kind, longitude, latitude);
         const VisibilityClass first = evaluate(samples[0]);
         bool uniform = true;

@@ -19,7 +19,7 @@ FastMoon fast_moon(double jd) {
     FastMoon moon{};
     double nutation_obliquity = 0;
     modobliquitylow(jd, nutation_obliquity, moon.nutation, moon.obliquity);
-    moon.place = periodic_moon((jd + days_to_dynamical_time(jd) - epoch_j2000) / 365250);
+    moon.place = periodic_moon(jd + days_to_dynamical_time(jd) - epoch_j2000);
     moon.place.longitude += moon.nutation;
     return moon;
 }

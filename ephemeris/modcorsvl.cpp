@@ -4,6 +4,7 @@
 #include "ephemeris/coordinates.h"
 #include "ephemeris/earthorientation.h"
 #include "ephemeris/fastplace.h"
+#include "ephemeris/interpolation.h"
 #include "ephemeris/meanobliquity.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/sunplace.h"
@@ -21,10 +22,8 @@ struct FastSun {
     double nutation;  ///< in longitude [deg]
 };
 
-FastSun fast_sun(double jd) {
-    double delta_t = 0;
-    moddeltat(jd, delta_t);
-    const double t = (jd + delta_t - epoch_j2000) / 36525;
+FastSun computed_sun(double days) {
+    const double t = days / 36525;
     const LowSun low = low_sun(t);
     const double node = rev360(125.04452 - 1934.136261 * t);
     const double moon = rev360(218.3165 + 481267.8813 * t);
@@ -32,6 +31,21 @@ FastSun fast_sun(double jd) {
         node * radians_per_degree, low.mean_longitude * radians_per_degree, moon * radians_per_degree);
     return {low_apparent_longitude(low.true_longitude, node), low.radius,
             mean_obliquity(t / 100) + nutation.obliquity, nutation.longitude};
+}
+
+InterpolatedSeries interpolated_sun([](double days) {
+    const FastSun sun = computed_sun(days);
+    return InterpolatedSeries::Values{sun.longitude, sun.radius, sun.obliquity, sun.nutation};
+});
+
+FastSun fast_sun(double jd) {
+    double delta_t = 0;
+    moddeltat(jd, delta_t);
+    const double days = jd + delta_t - epoch_j2000;
+    if (!interpolating)
+        return computed_sun(days);
+    const auto [longitude, radius, obliquity, nutation] = interpolated_sun.at(days);
+    return {rev360(longitude), radius, obliquity, nutation};
 }
 
 } // namespace

@@ -29,7 +29,8 @@ double corrected_by(double estimate, double midnight, double h0, const Observer&
     double sidereal_time = 0;
     modsideriallow(jd, sidereal_time);
     const double hour_angle = turn_into_360(sidereal_time + observer.longitude - place.right_ascension);
-    return estimate + hours_to_altitude(altitude, h0, observer.latitude, place.declination, hour_angle);
+    return estimate +
+           hours_to_altitude(altitude, h0, observer.cosine_latitude, place.declination, hour_angle);
 }
 
 TaggedTime refined(double estimate, double midnight, double h0, const Observer& observer,

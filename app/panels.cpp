@@ -1,11 +1,15 @@
 #include "app/panels.h"
 
+#include "phases/frmphase.h"
+
 #include <vector>
 
 namespace halvane {
 
 std::span<const Panel> panels() {
-    static const std::vector<Panel> all;
+    static const std::vector<Panel> all{
+        {"frmphase", "cmdpha", false, make_panel<frmphase>},
+    };
     return all;
 }
 

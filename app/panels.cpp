@@ -4,6 +4,7 @@
 #include "app/frmlocation.h"
 #include "app/frmpreferences.h"
 #include "calendar/frmhej.h"
+#include "phases/frmphase.h"
 
 #include <vector>
 
@@ -15,6 +16,7 @@ std::span<const Panel> panels() {
         {"frmdate", "cmddat", true, make_panel<frmdate>},
         {"frmpreferences", "cmdpre", true, make_panel<frmpreferences>},
         {"frmhej", "cmdcon", true, make_panel<frmhej>},
+        {"frmphase", "cmdpha", false, make_panel<frmphase>},
     };
     return all;
 }

@@ -2,22 +2,57 @@
 
 #include "app/stored/programfolder.h"
 
+#include <QApplication>
 #include <QFile>
+#include <QFontInfo>
 #include <QFontMetrics>
+#include <QIconEngine>
 #include <QLayout>
 #include <QPainter>
 #include <QPalette>
+#include <QProxyStyle>
 #include <QSvgRenderer>
+#include <QTextLayout>
 #include <QWidget>
+#include <algorithm>
+#include <cmath>
+#include <utility>
 
 namespace halvane {
 
 namespace {
 
-constexpr int kIconGrid = 24;
+constexpr double kKeyLineDrop = 0.6; // of the descent
+constexpr double kLeastContrast = 4.5;
+constexpr int kAccentStep = 103; // per cent
+constexpr int kAccentSteps = 30;
+constexpr int kMutedPercent = 30;
 
-bool is_dark(const QWidget& widget) {
-    return widget.palette().color(QPalette::Window).lightness() < 128;
+bool is_dark(const QPalette& palette) {
+    return palette.color(QPalette::Window).lightness() < 128;
+}
+
+/// Relative luminance of WCAG 2.
+double luminance(const QColor& colour) {
+    const auto linear = [](double part) {
+        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF());
+}
+
+double contrast(const QColor& a, const QColor& b) {
+    const double bright = std::max(luminance(a), luminance(b));
+    const double dark = std::min(luminance(a), luminance(b));
+    return (bright + 0.05) / (dark + 0.05);
+}
+
+/// The accent, a little darker or lighter where the window's own grey asks for it.
+QColor accent_on(const QColor& paper, bool dark) {
+    QColor accent = dark ? QColor(0x58, 0xC9, 0xA0) : QColor(0x1B, 0x7F, 0x5C);
+    for (int step = 0; contrast(accent, paper) < kLeastContrast && step < kAccentSteps; ++step)
+        accent = dark ? accent.lighter(kAccentStep) : accent.darker(kAccentStep);
+    return accent;
 }
 
 QByteArray icon_source(const QString& name) {
@@ -25,14 +60,77 @@ QByteArray icon_source(const QString& name) {
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-QPixmap drawn_icon(QByteArray source, const QColor& colour, int size) {
-    QSvgRenderer renderer(source.replace("currentColor", colour.name().toLatin1()));
-    QPixmap picture(size, size);
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    renderer.render(&painter);
-    return picture;
-}
+/// Underlines the access key of a text whose letters join. Qt draws the letter of the key apart, which breaks
+/// the joins on both sides of it; here the text is laid out whole.
+class JoinedTextStyle : public QProxyStyle {
+public:
+    void drawItemText(QPainter* painter, const QRect& place, int flags, const QPalette& palette, bool enabled,
+                      const QString& text, QPalette::ColorRole role) const override {
+        const qsizetype mark = text.indexOf(u'&');
+        const bool joins = (flags & Qt::TextShowMnemonic) != 0 && mark >= 0 && mark + 1 < text.size() &&
+                           text[mark + 1] != u'&' && text.isRightToLeft();
+        if (!joins) {
+            QProxyStyle::drawItemText(painter, place, flags, palette, enabled, text, role);
+            return;
+        }
+        painter->save();
+        if (role != QPalette::NoRole)
+            painter->setPen(palette.color(enabled ? QPalette::Active : QPalette::Disabled, role));
+        draw_joined(*painter, place, flags, QString(text).remove(u'&'), static_cast<int>(mark));
+        painter->restore();
+    }
+
+private:
+    static void draw_joined(QPainter& painter, const QRect& place, int flags, const QString& text, int key) {
+        QTextLayout layout(text, painter.font(), painter.device());
+        QTextOption option;
+        option.setTextDirection(Qt::RightToLeft);
+        option.setWrapMode(QTextOption::NoWrap);
+        layout.setTextOption(option);
+        layout.beginLayout();
+        QTextLine line = layout.createLine();
+        line.setLineWidth(place.width());
+        layout.endLayout();
+
+        const QSize size = QSizeF(line.naturalTextWidth(), line.height()).toSize();
+        const Qt::Alignment alignment(flags &
+                                      static_cast<int>(Qt::AlignHorizontal_Mask | Qt::AlignVertical_Mask));
+        const QRect box = alignedRect(Qt::LeftToRight, alignment, size, place);
+        const QPointF origin(box.topLeft());
+        layout.draw(&painter, origin);
+
+        const double from = line.cursorToX(key);
+        const double to = line.cursorToX(key + 1);
+        const double height = origin.y() + line.ascent() + line.descent() * kKeyLineDrop;
+        const double thickness = std::max(1, painter.fontMetrics().lineWidth());
+        painter.fillRect(QRectF(origin.x() + std::min(from, to), height, std::abs(to - from), thickness),
+                         painter.pen().color());
+    }
+};
+
+/// Draws an SVG file whose strokes are "currentColor" at the size that is asked for.
+class InkIconEngine : public QIconEngine {
+public:
+    explicit InkIconEngine(QByteArray source) : source_(std::move(source)) {}
+
+    void paint(QPainter* painter, const QRect& rectangle, QIcon::Mode mode, QIcon::State) override {
+        const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
+        const QColor ink = QGuiApplication::palette().color(group, QPalette::ButtonText);
+        QSvgRenderer renderer(QByteArray(source_).replace("currentColor", ink.name().toLatin1()));
+        renderer.render(painter, QRectF(rectangle));
+    }
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        QPixmap picture(size);
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        paint(&painter, QRect(QPoint(), size), mode, state);
+        return picture;
+    }
+    QIconEngine* clone() const override { return new InkIconEngine(source_); }
+
+private:
+    QByteArray source_;
+};
 
 } // namespace
 
@@ -55,27 +153,34 @@ void set_spacing(QWidget& form) {
 
 void scale_font(QWidget& control, double factor) {
     QFont font = control.font();
-    const QWidget* form = control.window();
-    font.setPointSizeF(form->font().pointSizeF() * factor);
+    font.setPointSizeF(QFontInfo(control.window()->font()).pointSizeF() * factor);
     control.setFont(font);
 }
 
 QColor accent_colour(const QWidget& widget) {
-    return is_dark(widget) ? QColor(0x58, 0xC9, 0xA0) : QColor(0x1B, 0x7F, 0x5C);
+    const QPalette palette = widget.palette();
+    return accent_on(palette.color(QPalette::Window), is_dark(palette));
 }
 
-QIcon panel_icon(const QWidget& widget, const QString& name) {
+void use_halvane_look() {
+    QApplication::setStyle(new JoinedTextStyle);
+    QPalette palette = QGuiApplication::palette();
+    const bool dark = is_dark(palette);
+    palette.setColor(QPalette::Highlight, accent_on(palette.color(QPalette::Window), dark));
+    palette.setColor(QPalette::HighlightedText, dark ? Qt::black : Qt::white);
+    QApplication::setPalette(palette);
+}
+
+QColor muted_colour(const QWidget& widget) {
+    const QColor ink = widget.palette().color(QPalette::WindowText);
+    const QColor paper = widget.palette().color(QPalette::Window);
+    const auto mix = [](int from, int to) { return from + (to - from) * kMutedPercent / 100; };
+    return {mix(ink.red(), paper.red()), mix(ink.green(), paper.green()), mix(ink.blue(), paper.blue())};
+}
+
+QIcon panel_icon(const QString& name) {
     const QByteArray source = icon_source(name);
-    QIcon icon;
-    if (source.isEmpty())
-        return icon;
-    const QPalette palette = widget.palette();
-    for (int size = kIconGrid; size <= 4 * kIconGrid; size += kIconGrid) {
-        icon.addPixmap(drawn_icon(source, palette.color(QPalette::ButtonText), size));
-        icon.addPixmap(drawn_icon(source, palette.color(QPalette::Disabled, QPalette::ButtonText), size),
-                       QIcon::Disabled);
-    }
-    return icon;
+    return source.isEmpty() ? QIcon() : QIcon(new InkIconEngine(source));
 }
 
 void fit_width(QWidget& control, const QString& longest) {

@@ -3,7 +3,6 @@
 #include <QColor>
 #include <QIcon>
 
-class QLayout;
 class QWidget;
 
 namespace halvane {
@@ -14,14 +13,22 @@ int space_unit(const QWidget& widget);
 /// Margins of two units and gaps of one for the form's layout and those within it.
 void set_spacing(QWidget& form);
 
-/// The font of `control` at `factor` times the base size, with figures of equal width.
+/// The font of `control` at `factor` times the size of its window's font.
 void scale_font(QWidget& control, double factor);
 
 /// The one accent: the next prayer, the chosen option, the progress bar. Dark green on light, light on dark.
 QColor accent_colour(const QWidget& widget);
 
-/// The project's icon `name` in the palette's text colour; an empty icon where the file is missing.
-QIcon panel_icon(const QWidget& widget, const QString& name);
+/// The project's icon `name`, drawn in the text colour of the palette that is in force when it is painted; an
+/// empty icon where there is none of that name.
+QIcon panel_icon(const QString& name);
+
+/// Gives the whole program its look: the accent for selections, bars and marks, and access keys that are
+/// underlined without breaking the joined letters of Arabic. Called once, before the first panel.
+void use_halvane_look();
+
+/// The palette's text colour, softened; still 4.5 to 1 against the window.
+QColor muted_colour(const QWidget& widget);
 
 /// Marks an entry box, list or button so that it is wide enough for `longest`.
 void fit_width(QWidget& control, const QString& longest);

@@ -1,10 +1,13 @@
 #include "app/frmsupport.h"
 
+#include "ephemeris/modgeneral.h"
+
 #include <QApplication>
 #include <QDialog>
 #include <QFocusEvent>
 #include <QLineEdit>
 #include <QPointer>
+#include <QThread>
 #include <utility>
 
 namespace halvane {
@@ -32,6 +35,12 @@ private:
     QLineEdit& box_;
     bool clicked_in_ = false;
 };
+
+void handle_pending_events() {
+    constexpr unsigned long pause = 2; // [ms]
+    QCoreApplication::processEvents();
+    QThread::msleep(pause);
+}
 
 std::function<void()>& main_panel_reload() {
     static std::function<void()> current;
@@ -66,6 +75,10 @@ void open_panel(const Panel& panel, QWidget* owner) {
         form->setAttribute(Qt::WA_DeleteOnClose);
         form->show();
     }
+}
+
+void handle_events_while_waiting() {
+    set_pending_events_handler(handle_pending_events);
 }
 
 void reload_main_panel() {

@@ -28,6 +28,9 @@ QDialog* make_panel(QWidget* owner) {
 /// Makes and shows the panel; a modal one is waited for. One that is open already is brought to the front.
 void open_panel(const Panel& panel, QWidget* owner);
 
+/// Makes waitseconds handle the event loop's pending events. Called once by every program with panels.
+void handle_events_while_waiting();
+
 /// Unloads the main panel, loads it again and shows it. Nothing happens while there is none (a settings
 /// panel in a test of its own).
 void reload_main_panel();

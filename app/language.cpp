@@ -9,7 +9,9 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLibraryInfo>
+#include <QStyle>
 #include <QTranslator>
+#include <QVariant>
 #include <QWidget>
 
 namespace halvane {
@@ -25,6 +27,19 @@ void set_caption(QWidget& control, const QString& text) {
         frame->setTitle(text);
     else
         control.setWindowTitle(text);
+}
+
+constexpr const char* kDesignedAlignment = "designed_alignment";
+
+/// A label takes its side from the direction of its own text; here it takes it from the panel's.
+void align_label(QLabel& label) {
+    QVariant designed = label.property(kDesignedAlignment);
+    if (!designed.isValid()) {
+        designed = static_cast<int>(label.alignment());
+        label.setProperty(kDesignedAlignment, designed);
+    }
+    label.setAlignment(QStyle::visualAlignment(label.layoutDirection(), Qt::Alignment(designed.toInt())) |
+                       Qt::AlignAbsolute);
 }
 
 void apply_twin(QWidget& form, const Twin& twin, Language language) {
@@ -56,6 +71,8 @@ void apply_language(QWidget& form, std::span<const Twin> twins, Language languag
     form.setLayoutDirection(language == Language::english ? Qt::LeftToRight : Qt::RightToLeft);
     for (const Twin& twin : twins)
         apply_twin(form, twin, language);
+    for (QLabel* label : form.findChildren<QLabel*>())
+        align_label(*label);
 }
 
 void keep_left_to_right(QWidget& control) {

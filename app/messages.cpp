@@ -1,6 +1,7 @@
 #include "app/messages.h"
 
 #include <QAbstractButton>
+#include <QFileDialog>
 #include <QMessageBox>
 #include <utility>
 
@@ -10,6 +11,11 @@ namespace {
 
 MessagePresenter& presenter() {
     static MessagePresenter current;
+    return current;
+}
+
+FileChooser& chooser() {
+    static FileChooser current;
     return current;
 }
 
@@ -62,6 +68,17 @@ void tell_failure(const std::string& words) {
         QStringLiteral("\n\nPut a sound copy of that file into the program folder, or correct the value that "
                        "is named, and start Halvane again."));
     present(box);
+}
+
+QString choose_save_file(QWidget* parent, const QString& title, const QString& proposed,
+                         const QString& filter) {
+    if (chooser())
+        return chooser()(title, proposed);
+    return QFileDialog::getSaveFileName(parent, title, proposed, filter);
+}
+
+void set_file_chooser(FileChooser wanted) {
+    chooser() = std::move(wanted);
 }
 
 MessagePresenter set_message_presenter(MessagePresenter wanted) {

@@ -18,6 +18,18 @@ bool ask(QWidget* parent, const QString& title, const QString& text, Language la
 /// Tells that the program ends, by the words of a run-time failure: what failed, in which file, what to do.
 void tell_failure(const std::string& words);
 
+/// Asks under which name to save; an empty text when the user gives up.
+/// In     proposed  bare name, or a path to start from
+///        filter    as file dialogs take it ("PDF (*.pdf)"); empty for every file
+QString choose_save_file(QWidget* parent, const QString& title, const QString& proposed,
+                         const QString& filter);
+
+/// Answers choose_save_file in the user's place: title and proposed name in, chosen name out.
+using FileChooser = std::function<QString(const QString& title, const QString& proposed)>;
+
+/// Puts another chooser in place of the file dialog; an empty one gives the dialog back.
+void set_file_chooser(FileChooser chooser);
+
 /// Presents a box that is ready to be shown; true for OK and Yes.
 using MessagePresenter = std::function<bool(QMessageBox&)>;
 

@@ -10,7 +10,8 @@ namespace {
 
 /// A count of `unit`s as a clock of one day.
 double wrapped(double count, double per_day) {
-    return count - per_day * std::floor(count / per_day);
+    const double rest = std::fmod(count, per_day);
+    return rest < 0 ? rest + per_day : rest;
 }
 
 std::string two_digits(double value) {

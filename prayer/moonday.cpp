@@ -41,12 +41,13 @@ double transit_hours(const Observer& observer, double jd, double clock_ahead) {
     modsiderial(midnight, sidereal_time);
     const double first = moon_low(observer, midnight).right_ascension - observer.longitude - sidereal_time;
     double t = into_day(first / 360 * hours_per_day);
+    SearchGuard guard("the Moon's transit");
     for (;;) {
         const double instant = jd - (clock_ahead - t) / hours_per_day;
         modsiderial(instant, sidereal_time);
         const double right_ascension = moon_medium(observer, instant).right_ascension;
         const double hour_angle = hour_angle_of(sidereal_time, observer.longitude, right_ascension);
-        const double next = t - hour_angle / 360 * hours_per_day;
+        const double next = guard.check(t - hour_angle / 360 * hours_per_day);
         if (std::fabs(t - next) <= tolerance)
             return into_day(next);
         t = next;

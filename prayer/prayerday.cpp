@@ -148,11 +148,12 @@ private:
         double t = transit(sun_low(observer, jd_ + 0.5 - clock_ahead_ / 24).equation_of_time);
         double instant = 0;
         SunPlace sun;
+        SearchGuard guard("the Sun's transit");
         for (;;) {
             instant = jd_ - (clock_ahead_ - t) / 24;
             sun = sun_medium(observer, instant);
-            const double next = transit(sun.equation_of_time);
-            const double change = std::fabs(t - require_finite(next, "the Sun's transit"));
+            const double next = guard.check(transit(sun.equation_of_time));
+            const double change = std::fabs(t - next);
             t = next;
             if (change <= tolerance)
                 break;

@@ -30,6 +30,11 @@ inline constexpr int status_usage = 2;
 /// Every task, in the order of the help.
 std::vector<Task> batch_tasks();
 
+/// The tasks of the rooms beside `prayer`.
+Task phases_task();
+Task crescent_task();
+Task map_task();
+
 /// Prints the path of a finished report and gives the run's exit status; `refusal` is what a refused run
 /// says.
 int report_written(RunOutcome outcome, const char* report_name, const char* refusal = "");

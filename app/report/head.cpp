@@ -17,11 +17,15 @@ std::string day_and_month(double day, double month) {
 
 } // namespace
 
-void write_title(Report& report, int column) {
+void write_head_lines(Report& report, int column) {
     report.tab(column).line("By the Name of Allah");
     report.tab(column - 7).line("Tarsine Sky Circle");
     report.tab(column - 6).line("Halvane 5.3, By Orlan Vesk");
     report.end_line();
+}
+
+void write_title(Report& report, int column) {
+    write_head_lines(report, column);
     report.line("* Settings:-");
 }
 

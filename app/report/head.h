@@ -11,7 +11,10 @@ namespace halvane {
 
 /// The lines that the reports share.
 
-/// The three centred head lines, the first of them at `column`, an empty line and "* Settings:-".
+/// The three centred head lines, the first of them at `column`, and an empty line.
+void write_head_lines(Report& report, int column);
+
+/// The head lines and "* Settings:-".
 void write_title(Report& report, int column);
 
 /// "dd/mm/yyyy"

@@ -18,4 +18,18 @@ public:
 /// panel.
 double require_finite(double value, std::string_view quantity);
 
+/// Watches a search that has no bound of its own: it converges in a few rounds for any time of the engine.
+class SearchGuard {
+public:
+    explicit SearchGuard(std::string_view quantity) : quantity_(quantity) {}
+    /// Returns `value`, the search's latest one.
+    /// Error  raises RunTimeFailure for a value that is not finite, and for a search that does not end (a
+    /// time so far off that the theories have lost their meaning).
+    double check(double value);
+
+private:
+    std::string_view quantity_;
+    int rounds_ = 0;
+};
+
 } // namespace halvane

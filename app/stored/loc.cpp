@@ -5,17 +5,21 @@
 namespace halvane {
 namespace {
 
+// Far beyond any place and any clock; what follows such a number would lose its minutes, or itself.
+constexpr double largest_angle_part = 1e6;
+constexpr double largest_zone = 1e6;
+
 Location parse(RecordReader& reader) {
     Location record;
     record.name = reader.text();
-    record.longitude_degrees = reader.number();
-    record.longitude_minutes = reader.number();
-    record.longitude_seconds = reader.number();
-    record.latitude_degrees = reader.number();
-    record.latitude_minutes = reader.number();
-    record.latitude_seconds = reader.number();
+    record.longitude_degrees = reader.number_within(largest_angle_part);
+    record.longitude_minutes = reader.number_within(largest_angle_part);
+    record.longitude_seconds = reader.number_within(largest_angle_part);
+    record.latitude_degrees = reader.number_within(largest_angle_part);
+    record.latitude_minutes = reader.number_within(largest_angle_part);
+    record.latitude_seconds = reader.number_within(largest_angle_part);
     record.elevation = reader.number();
-    record.zone = reader.number();
+    record.zone = reader.number_within(largest_zone);
     record.east = reader.boolean();
     record.north = reader.boolean();
     record.west = reader.boolean();

@@ -4,7 +4,6 @@
 #include "app/stored/textfile.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -12,13 +11,10 @@
 #include <iterator>
 #include <stdexcept>
 #include <string>
-#include <string_view>
+#include <unistd.h>
 #include <vector>
 
 namespace halvane {
-
-/// Reports that were checked by hand stand in tests/golden/ROOM/NAME with the stored files they come from.
-/// A test needs the definitions HALVANE_TESTS and HALVANE_DATA (see halvane_test).
 
 /// The bytes of a file as they stand in it.
 inline std::string bytes_of(const std::filesystem::path& file) {
@@ -28,52 +24,32 @@ inline std::string bytes_of(const std::filesystem::path& file) {
     return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
 }
 
-/// The folder of one golden report.
-inline std::filesystem::path golden_folder(const std::string& room, const std::string& name) {
-    return std::filesystem::path(HALVANE_TESTS) / "golden" / room / name;
-}
-
-/// The names of the golden reports of a room, in order.
-inline std::vector<std::string> golden_names(const std::string& room) {
-    std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(golden_folder(room, "")))
-        if (entry.is_directory())
-            names.push_back(entry.path().filename().string());
-    std::sort(names.begin(), names.end());
-    return names;
-}
-
-/// A temporary program folder with copies of the stored files of `source` and the delivered series files.
-/// It is the program folder for as long as it lives.
-class GoldenProgramFolder {
+/// A temporary program folder with the stored files of `source`; it goes, and the program folder that stood
+/// before comes back, with the object.
+class TestProgramFolder {
 public:
-    explicit GoldenProgramFolder(const std::filesystem::path& source) : before_(program_folder()) {
-        std::string pattern = (std::filesystem::temp_directory_path() / "halvane-golden-XXXXXX").string();
-        if (::mkdtemp(pattern.data()) == nullptr)
-            throw std::runtime_error("no temporary folder: " + pattern);
-        folder_ = pattern;
+    explicit TestProgramFolder(const std::filesystem::path& source) : before_(program_folder()) {
+        std::string pattern = (std::filesystem::temp_directory_path() / "halvane-XXXXXX").string();
+        folder_ = ::mkdtemp(pattern.data());
         for (const auto& entry : std::filesystem::directory_iterator(source))
-            if (entry.path().extension() != ".out")
-                std::filesystem::copy(entry.path(), folder_ / entry.path().filename());
-        for (const char* name : {"term.vsk", "mterm.vsk", "termfull.vsk", "elp.vsk"})
-            std::filesystem::create_symlink(std::filesystem::path(HALVANE_DATA) / name, folder_ / name);
+            if (entry.path().extension() == ".vsk")
+                std::filesystem::copy_file(entry.path(), folder_ / entry.path().filename());
         set_program_folder(folder_.string());
     }
-    GoldenProgramFolder(const GoldenProgramFolder&) = delete;
-    GoldenProgramFolder& operator=(const GoldenProgramFolder&) = delete;
-    ~GoldenProgramFolder() {
+    TestProgramFolder(const TestProgramFolder&) = delete;
+    TestProgramFolder& operator=(const TestProgramFolder&) = delete;
+    ~TestProgramFolder() {
         set_program_folder(before_);
-        std::error_code ignored;
-        std::filesystem::remove_all(folder_, ignored);
+        std::filesystem::remove_all(folder_);
     }
 
     std::string path(const std::string& name) const { return (folder_ / name).string(); }
-    bool has(const std::string& name) const { return std::filesystem::exists(folder_ / name); }
+    bool holds(const std::string& name) const { return std::filesystem::exists(folder_ / name); }
     std::string content(const std::string& name) const { return bytes_of(path(name)); }
     void put(const std::string& name, const std::string& content) const {
         save_text_file(path(name), content);
     }
-    /// Every file of the folder, in order.
+    /// The names of all files, in order.
     std::vector<std::string> files() const {
         std::vector<std::string> names;
         for (const auto& entry : std::filesystem::directory_iterator(folder_))
@@ -83,59 +59,23 @@ public:
     }
 
 private:
-    std::string before_;
     std::filesystem::path folder_;
+    std::string before_;
 };
 
-/// The lines of a text, without their ends.
-inline std::vector<std::string> lines_of(const std::string& text) {
-    std::vector<std::string> lines;
-    std::size_t start = 0;
-    while (start < text.size()) {
-        const std::size_t end = std::min(text.find("\r\n", start), text.size());
-        lines.push_back(text.substr(start, end - start));
-        start = end + 2;
-    }
-    return lines;
+/// The folder of a stored golden report: tests/golden/`name`.
+inline std::filesystem::path golden_folder(const std::string& name) {
+    return std::filesystem::path(HALVANE_TESTS) / "golden" / name;
 }
 
-/// Whether two texts are the same byte for byte; otherwise both lines where they part, with visible blanks
-/// and ends.
-inline ::testing::AssertionResult same_bytes(const std::string& found, const std::string& expected) {
-    if (found == expected)
-        return ::testing::AssertionSuccess();
-    const auto parted = std::mismatch(found.begin(), found.end(), expected.begin(), expected.end()).first;
-    const auto at = static_cast<std::size_t>(parted - found.begin());
-    const std::string before = found.substr(0, at);
-    const auto line = 1 + std::count(before.begin(), before.end(), '\n');
-    const std::size_t last_end = before.rfind('\n');
-    const std::size_t start = last_end == std::string::npos ? 0 : last_end + 1;
-    const auto shown = [start](const std::string& text) {
-        std::string visible;
-        for (std::size_t i = start; i < text.size(); ++i) {
-            const char c = text[i];
-            if (c == '\n')
-                return visible + "\\n";
-            visible += c == '\r' ? "\\r" : c == ' ' ? "\u00b7" : std::string(1, c);
-        }
-        return visible + "(end of file)";
-    };
-    return ::testing::AssertionFailure()
-           << "line " << line << ", byte " << at - start + 1 << " differs\n  found    " << shown(found)
-           << "\n  expected " << shown(expected);
-}
-
-/// Runs `run` on the stored files of a golden folder and compares its report byte for byte.
-inline ::testing::AssertionResult gives_golden_report(const std::string& room, const std::string& name,
-                                                      const std::string& report,
-                                                      const std::function<void()>& run) {
-    const std::filesystem::path source = golden_folder(room, name);
-    const GoldenProgramFolder folder(source);
-    run();
-    if (!folder.has(report))
-        return ::testing::AssertionFailure() << room << "/" << name << ": no " << report << " was written";
-    const ::testing::AssertionResult same = same_bytes(folder.content(report), bytes_of(source / report));
-    return same ? same : ::testing::AssertionFailure() << room << "/" << name << ": " << same.message();
+/// The names of the golden reports in tests/golden/`room`, in order.
+inline std::vector<std::string> golden_names(const std::string& room) {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(golden_folder(room)))
+        if (entry.is_directory())
+            names.push_back(entry.path().filename().string());
+    std::sort(names.begin(), names.end());
+    return names;
 }
 
 /// The name of a golden report as part of a test's name.
@@ -143,6 +83,51 @@ inline std::string golden_test_name(const ::testing::TestParamInfo<std::string>&
     std::string name = info.param;
     std::replace(name.begin(), name.end(), '-', '_');
     return name;
+}
+
+/// The lines of a report, without their ends.
+inline std::vector<std::string> lines_of(const std::string& text) {
+    std::vector<std::string> lines;
+    for (std::size_t start = 0; start < text.size();) {
+        const std::size_t end = std::min(text.find("\r\n", start), text.size());
+        lines.push_back(text.substr(start, end - start));
+        start = end + 2;
+    }
+    return lines;
+}
+
+/// The first line that differs, with visible blanks and ends, for a message; texts are equal when it is
+/// empty.
+inline std::string first_difference(const std::string& expected, const std::string& found) {
+    if (expected == found)
+        return {};
+    const auto at = std::mismatch(expected.begin(), expected.end(), found.begin(), found.end());
+    const auto offset = static_cast<std::size_t>(at.first - expected.begin());
+    const std::size_t end_before = expected.substr(0, offset).rfind('\n');
+    const std::size_t begin = end_before == std::string::npos ? 0 : end_before + 1;
+    const auto line_at = [begin](const std::string& text) {
+        std::string visible;
+        for (std::size_t i = begin; i < text.size(); ++i) {
+            const char c = text[i];
+            if (c == '\n')
+                return visible + "\\n";
+            visible += c == '\r' ? "\\r" : c == ' ' ? "\u00b7" : std::string(1, c);
+        }
+        return visible + " (end of file)";
+    };
+    const auto number = 1 + std::count(expected.begin(), at.first, '\n');
+    return "line " + std::to_string(number) + "\nexpected: " + line_at(expected) +
+           "\nfound:    " + line_at(found);
+}
+
+/// Copies the stored files of tests/golden/`name` into a temporary program folder, runs `run`, and compares
+/// the report that it leaves there with the one of the same name in that folder, byte for byte.
+inline void expect_golden_report(const std::string& name, const std::string& report,
+                                 const std::function<void()>& run) {
+    const TestProgramFolder folder(golden_folder(name));
+    run();
+    ASSERT_TRUE(folder.holds(report)) << name << ": " << report << " was not written";
+    EXPECT_EQ(first_difference(bytes_of(golden_folder(name) / report), folder.content(report)), "") << name;
 }
 
 } // namespace halvane

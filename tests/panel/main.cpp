@@ -1,3 +1,6 @@
+#include "app/frmstyle.h"
+#include "app/frmsupport.h"
+
 #include <QApplication>
 #include <QLocale>
 #include <gtest/gtest.h>
@@ -6,6 +9,8 @@ int main(int count, char** words) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("QT_STYLE_OVERRIDE", "Fusion");
     QApplication application(count, words);
+    halvane::use_halvane_look();
+    halvane::handle_events_while_waiting();
     QLocale::setDefault(QLocale::c());
     ::testing::InitGoogleTest(&count, words);
     return RUN_ALL_TESTS();

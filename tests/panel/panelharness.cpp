@@ -23,6 +23,11 @@
 #include <QMessageBox>
 #include <QRadioButton>
 #include <filesystem>
+#include <ostream>
+
+void PrintTo(const QString& text, std::ostream* out) {
+    *out << '"' << text.toStdString() << '"';
+}
 
 namespace halvane {
 
@@ -121,6 +126,13 @@ std::string RecordingPlatform::short_time(int hour, int minute, int) {
         .arg(hour, 2, 10, QLatin1Char('0'))
         .arg(minute, 2, 10, QLatin1Char('0'))
         .toStdString();
+}
+
+QWidget* open_window(const char* name) {
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window->isVisible() && window->objectName() == QLatin1String(name))
+            return window;
+    return nullptr;
 }
 
 QString caption(QWidget& form, const char* name) {
@@ -228,6 +240,19 @@ QStringList shared_access_keys(QWidget& form) {
     return shared;
 }
 
+namespace {
+
+/// The room that the text of a label or button needs.
+QSize needed_room(QWidget& widget) {
+    if (auto* label = qobject_cast<QLabel*>(&widget); label != nullptr && label->wordWrap())
+        return {0, label->heightForWidth(label->width())};
+    if (auto* button = qobject_cast<QPushButton*>(&widget))
+        return button->fontMetrics().size(Qt::TextShowMnemonic, button->text());
+    return widget.minimumSizeHint();
+}
+
+} // namespace
+
 QStringList cut_texts(QWidget& form) {
     QStringList cut;
     for (QWidget* widget : form.findChildren<QWidget*>()) {
@@ -235,11 +260,8 @@ QStringList cut_texts(QWidget& form) {
             qobject_cast<QLabel*>(widget) != nullptr || qobject_cast<QAbstractButton*>(widget) != nullptr;
         if (!has_text || !widget->isVisibleTo(&form) || !is_own(widget))
             continue;
-        auto* label = qobject_cast<QLabel*>(widget);
-        const QSize wanted = label != nullptr && label->wordWrap()
-                                 ? QSize(0, label->heightForWidth(label->width()))
-                                 : widget->minimumSizeHint();
-        if (widget->width() < wanted.width() || widget->height() < wanted.height())
+        const QSize needed = needed_room(*widget);
+        if (widget->width() < needed.width() || widget->height() < needed.height())
             cut << widget->objectName();
     }
     return cut;

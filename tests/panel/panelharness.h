@@ -15,11 +15,15 @@
 #include <QTest>
 #include <deque>
 #include <gtest/gtest.h>
+#include <iosfwd>
 #include <span>
 #include <string>
 #include <vector>
 
 class QMessageBox;
+
+/// GoogleTest shows texts as texts.
+void PrintTo(const QString& text, std::ostream* out);
 
 namespace halvane {
 
@@ -54,6 +58,9 @@ Control& control(QWidget& form, const char* name) {
     }
     return *found;
 }
+
+/// The shown window `name`; none when it is not open.
+QWidget* open_window(const char* name);
 
 /// The caption of a label, button, frame or (empty name) window.
 QString caption(QWidget& form, const char* name);

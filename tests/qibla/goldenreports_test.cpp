@@ -18,21 +18,26 @@
 namespace halvane {
 namespace {
 
-const char* const kRoom = "qibla";
+const std::string room = "qibla/";
 
 QiblahMark mark_of(const std::string& name) {
     return name.starts_with("shadow") ? QiblahMark::shadow : QiblahMark::sun;
 }
 
-class QiblahGolden : public ::testing::TestWithParam<std::string> {};
-
-TEST_P(QiblahGolden, ReportIsTheSameByteForByte) {
-    EXPECT_TRUE(gives_golden_report(kRoom, GetParam(), "results.out", [] {
+class QiblahGolden : public ::testing::TestWithParam<std::string> {
+protected:
+    QiblahGolden() {
+        set_program_folder(HALVANE_DATA);
         load_term();
         load_mterm();
+    }
+};
+
+TEST_P(QiblahGolden, ReportIsTheSameByteForByte) {
+    expect_golden_report(room + GetParam(), "results.out", [] {
         RecordingProgress progress;
         EXPECT_EQ(cmdqib(progress, stored_qiblah_direction(), mark_of(GetParam())), RunOutcome::done);
-    }));
+    });
 }
 
 /// A printed time and its note.
@@ -138,9 +143,9 @@ void check_time(const PrintedTime& time, const RowsSun& sun, double limit, doubl
 TEST_P(QiblahGolden, TimesAgreeWithAnIndependentEphemeris) {
     if (!has_independent_sun)
         GTEST_SKIP() << "NOT CHECKED: the Swiss Ephemeris library is not installed";
-    const std::filesystem::path source = golden_folder(kRoom, GetParam());
-    const GoldenProgramFolder folder(source);
-    const Location location = read_loc();
+    const std::filesystem::path source = golden_folder(room + GetParam());
+    const TestProgramFolder folder(source);
+    const Location& location = read_loc();
     const double azimuth =
         target_azimuth(stored_qiblah_direction(), mark_of(GetParam()) == QiblahMark::shadow);
     const double limit = qiblah_altitude_limit(location.elevation, location.pressure, location.temperature);
@@ -155,8 +160,8 @@ TEST_P(QiblahGolden, TimesAgreeWithAnIndependentEphemeris) {
 }
 
 TEST_P(QiblahGolden, RowsAreTheDaysOfThePeriodWithTheirMarks) {
-    const std::filesystem::path source = golden_folder(kRoom, GetParam());
-    const GoldenProgramFolder folder(source);
+    const std::filesystem::path source = golden_folder(room + GetParam());
+    const TestProgramFolder folder(source);
     const CalculationDate date = read_date();
     const std::vector<PrintedRow> rows = rows_of(bytes_of(source / "results.out"));
     double start = 0;
@@ -170,10 +175,10 @@ TEST_P(QiblahGolden, RowsAreTheDaysOfThePeriodWithTheirMarks) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Reports, QiblahGolden, ::testing::ValuesIn(golden_names(kRoom)), golden_test_name);
+INSTANTIATE_TEST_SUITE_P(Reports, QiblahGolden, ::testing::ValuesIn(golden_names(room)), golden_test_name);
 
 TEST(QiblahGoldens, AreAtLeastEight) {
-    EXPECT_GE(golden_names(kRoom).size(), 8U);
+    EXPECT_GE(golden_names(room).size(), 8U);
 }
 
 } // namespace

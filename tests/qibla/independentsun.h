@@ -1,7 +1,7 @@
 #pragma once
 
 #ifdef HALVANE_SWISS_EPHEMERIS
-#include <swephexp.h>
+#include "tools/measuring/swissephemeris.h"
 #endif
 
 #include <cmath>
@@ -15,36 +15,15 @@ struct Horizontal {
     double azimuth = 0; ///< from north through east, 0 to 360
 };
 
+/// The Sun by an ephemeris that shares nothing with the engine's.
+/// In     jd  UT1 [d]; longitude, latitude [deg]
 #ifdef HALVANE_SWISS_EPHEMERIS
 inline constexpr bool has_independent_sun = true;
 
-/// The Sun by the Swiss Ephemeris library: its own theory, nutation, sidereal time and Delta T. The step to
-/// the horizon goes by vectors.
-/// In     jd  Universal Time [d]; longitude, latitude [deg]
 inline Horizontal independent_sun(double jd, double longitude, double latitude) {
-    constexpr double degree = 3.141592653589793 / 180;
-    static const bool path_is_set = [] {
-        swe_set_ephe_path(nullptr);
-        return true;
-    }();
-    double place[6] = {};
-    char error[AS_MAXCH] = {};
-    if (!path_is_set || swe_calc_ut(jd, SE_SUN, SEFLG_SWIEPH | SEFLG_EQUATORIAL, place, error) < 0)
-        throw std::runtime_error(error);
-    const double hour_angle = (swe_sidtime(jd) * 15 + longitude - place[0]) * degree;
-    const double declination = place[1] * degree;
-    const double phi = latitude * degree;
-    const double south = std::cos(declination) * std::cos(hour_angle);
-    const double west = std::cos(declination) * std::sin(hour_angle);
-    const double pole = std::sin(declination);
-    const double north = pole * std::cos(phi) - south * std::sin(phi);
-    const double up = pole * std::sin(phi) + south * std::cos(phi);
-    Horizontal sun;
-    sun.altitude = std::asin(up) / degree;
-    sun.azimuth = std::atan2(-west, north) / degree;
-    if (sun.azimuth < 0)
-        sun.azimuth += 360;
-    return sun;
+    const swiss::Place sun = swiss::geocentric(swiss::Body::sun, swiss::dynamical_time(jd));
+    const swiss::Horizontal place = swiss::horizontal(sun, jd, longitude, latitude);
+    return {place.altitude, place.azimuth};
 }
 #else
 inline constexpr bool has_independent_sun = false;

@@ -1,0 +1,150 @@
+#include "app/batch/mappicture.h"
+
+#include "app/stored/failure.h"
+#include "app/stored/programfolder.h"
+#include "crescent/gif.h"
+#include "crescent/maptexts.h"
+
+#include <cmath>
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <system_error>
+
+#include <gd.h>
+#include <gdfontl.h>
+
+namespace halvane {
+namespace {
+
+struct ImageEnd {
+    void operator()(gdImage* image) const { gdImageDestroy(image); }
+};
+using Image = std::unique_ptr<gdImage, ImageEnd>;
+
+struct FileEnd {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+
+std::string map_picture_path() {
+    std::error_code ignored;
+    const std::string own = program_path("map.gif");
+    if (std::filesystem::exists(own, ignored))
+        return own;
+    return (std::filesystem::path(executable_folder()) / "map.gif").string();
+}
+
+Image read_map() {
+    const std::string path = map_picture_path();
+    const std::unique_ptr<std::FILE, FileEnd> file(std::fopen(path.c_str(), "rb"));
+    Image map(file ? gdImageCreateFromGif(file.get()) : nullptr);
+    if (!map || gdImageSX(map.get()) != map_width || gdImageSY(map.get()) != map_height)
+        throw RunTimeFailure(path + ": wanted a GIF picture of " + std::to_string(map_width) + " by " +
+                             std::to_string(map_height) + " pixels.");
+    return map;
+}
+
+constexpr int margin = 12;
+constexpr int line_height = 20;
+constexpr int lines_below = 7;
+constexpr int swatch = 11;
+
+/// The map over a white band for the words.
+class Canvas {
+public:
+    Canvas() : image_(gdImageCreate(map_width, map_height + lines_below * line_height + 2 * margin)) {
+        const Image map = read_map();
+        const int white = gdImageColorAllocate(image_.get(), 255, 255, 255);
+        ink_ = gdImageColorAllocate(image_.get(), 34, 40, 49);
+        using enum VisibilityClass;
+        for (const VisibilityClass c :
+             {unknown, impossible, optical_aid, second_band, third_band, easily_visible}) {
+            const ClassColour colour = class_colour(c);
+            gdImageColorAllocate(image_.get(), colour.red, colour.green, colour.blue);
+        }
+        gdImageFilledRectangle(image_.get(), 0, 0, gdImageSX(image_.get()) - 1, gdImageSY(image_.get()) - 1,
+                               white);
+        gdImageCopy(image_.get(), map.get(), 0, 0, 0, 0, map_width, map_height);
+    }
+
+    void paint(const MapPoint& point) {
+        constexpr int diameter = 4; // a circle of radius 2
+        if (point.visibility == VisibilityClass::not_possible)
+            return;
+        const MapPixel at = map_pixel(point.longitude, point.latitude);
+        gdImageArc(image_.get(), static_cast<int>(std::lround(at.x)), static_cast<int>(std::lround(at.y)),
+                   diameter, diameter, 0, 360, colour_of(point.visibility));
+    }
+
+    void write_information(const std::vector<std::string>& lines) {
+        int line = 0;
+        for (const std::string& text : lines)
+            write(margin, line++, text);
+    }
+
+    void write_legend(const std::vector<LegendLine>& legend) {
+        constexpr int left = map_width / 2;
+        int line = 0;
+        for (const LegendLine& entry : legend) {
+            const int y = line_top(line) + 4;
+            const bool coloured = entry.visibility != VisibilityClass::not_possible;
+            if (coloured)
+                gdImageFilledRectangle(image_.get(), left, y, left + swatch, y + swatch,
+                                       colour_of(entry.visibility));
+            gdImageRectangle(image_.get(), left, y, left + swatch, y + swatch, ink_);
+            write(left + swatch + margin, line++, entry.english);
+        }
+    }
+
+    GifPicture picture() const {
+        GifPicture picture;
+        picture.width = gdImageSX(image_.get());
+        picture.height = gdImageSY(image_.get());
+        for (int i = 0; i < gdImageColorsTotal(image_.get()); ++i)
+            picture.palette.push_back({static_cast<std::uint8_t>(gdImageRed(image_.get(), i)),
+                                       static_cast<std::uint8_t>(gdImageGreen(image_.get(), i)),
+                                       static_cast<std::uint8_t>(gdImageBlue(image_.get(), i))});
+        for (int y = 0; y < picture.height; ++y)
+            for (int x = 0; x < picture.width; ++x)
+                picture.indices.push_back(static_cast<std::uint8_t>(gdImageGetPixel(image_.get(), x, y)));
+        return picture;
+    }
+
+private:
+    static int line_top(int line) { return map_height + margin + line * line_height; }
+
+    int colour_of(VisibilityClass visibility) const {
+        const ClassColour colour = class_colour(visibility);
+        return gdImageColorClosest(image_.get(), colour.red, colour.green, colour.blue);
+    }
+
+    /// In a font of the system where there is one, else in the library's own.
+    void write(int x, int line, const std::string& text) {
+        constexpr double points = 11;
+        constexpr int baseline = 15;
+        std::string words = text;
+        std::string font = "sans";
+        gdFTUseFontConfig(1);
+        if (gdImageStringFT(image_.get(), nullptr, ink_, font.data(), points, 0, x, line_top(line) + baseline,
+                            words.data()) != nullptr)
+            gdImageString(image_.get(), gdFontGetLarge(), x, line_top(line),
+                          reinterpret_cast<unsigned char*>(words.data()), ink_);
+    }
+
+    Image image_;
+    int ink_ = 0;
+};
+
+} // namespace
+
+void save_map_picture(const MapRun& run, const std::vector<MapPoint>& points, const std::string& path) {
+    Canvas canvas;
+    for (const MapPoint& point : points)
+        canvas.paint(point);
+    canvas.write_information(map_information(run, 'E'));
+    canvas.write_legend(map_legend(run.criterion));
+    if (!GIF().SaveGIF(canvas.picture(), path))
+        throw RunTimeFailure("Cannot write " + path + ".");
+}
+
+} // namespace halvane

@@ -1,0 +1,335 @@
+#include "app/frmmain.h"
+
+#include "app/frmstyle.h"
+#include "app/frmwait.h"
+#include "app/messages.h"
+#include "app/platform/platform.h"
+#include "app/stored/pref.h"
+#include "prayer/cmdcom.h"
+#include "prayer/cmdmoon.h"
+#include "ui_frmmain.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QTimer>
+#include <algorithm>
+
+namespace halvane {
+
+namespace {
+
+constexpr int kClockInterval = 5000; // [ms]
+constexpr int kMinutesPerHour = 60;
+constexpr double kHeadSize = 1.6;
+constexpr double kTitleSize = 0.9;
+constexpr double kFigureSize = 2.2;
+constexpr double kLineSize = 1.2;
+constexpr double kDesktopIcon = 2.4; // of the unit of space
+
+constexpr Twin kTwins[] = {
+    {"frmmain", "Halvane 5.3.9", "Halvane 5.3.9"},
+    {"cmddat", "&Date", "ال&تاريخ"},
+    {"cmdloc", "&Location", "المو&قع"},
+    {"cmdpre", "&Preferences", "ا&لخيارات"},
+    {"cmdqib", "&Qiblah", "&اتجاه القبلة"},
+    {"cmdcom", "Prayer &Times", "مواقيت ال&صلاة"},
+    {"cmdale", "Prayer &Alerts", "م&نبه الصلاة"},
+    {"cmdpha", "M&oon Phases", "أ&طوار القمر"},
+    {"cmdcresv", "Crescent &Visibility", "&رؤية الهلال"},
+    {"cmdtele", "Tele&scope", "تلس&كوب"},
+    {"cmdext", "E&xit", "&خروج"},
+    {"cmdhel", "&Help", "م&ساعدة"},
+    {"cmdcon", "Hejric &Gregorian ", "&هجري ميلا&دي"},
+    {"cmdmoon", "&Moon Times", "&مواقيت القمر"},
+    {"cmdcoor", "Sun Moon &Ephemeris", "أ&زياج الشمس و القمر"},
+    {"framain", "Desktop", "اللوحة الرئيسة"},
+    {"fratoday", "Prayer Times", "مواقيت الصلاة"},
+    {"lbltheader", "Today's Prayer Times", "مواقيت الصلاة اليوم"},
+    {"lblhfaj", "Fajer", "الفجر"},
+    {"lblhshr", "Shuroq", "الشروق"},
+    {"lblhdoh", "Dhohur", "الظهر"},
+    {"lblhasr", "Aser", "العصر"},
+    {"lblhmag", "Maghreb", "المغرب"},
+    {"lblhish", "Isha", "العشاء"},
+    {"lbltitle", "Halvane 5.3", "Halvane 5.3"},
+    {"lblby", "By Orlan Vesk", "تنفيذ Orlan Vesk"},
+    {"lblgsky", "Times & sky", "المواقيت و السماء"},
+    {"lblgmoon", "Crescent & Moon", "الهلال و القمر"},
+    {"lblgset", "Settings", "الإعدادات"},
+};
+
+/// How the two lines begin; the load step completes them.
+constexpr Twin kLines[] = {
+    {"lblmdate", "Machine's Date: ", "تاريخ الجهاز: "},
+    {"lblmtime", "Machine's Time: ", "وقت الجهاز: "},
+};
+
+constexpr std::pair<const char*, const char*> kIcons[] = {
+    {"cmddat", "date"},        {"cmdloc", "location"},   {"cmdpre", "preferences"}, {"cmdqib", "qiblah"},
+    {"cmdcom", "prayertimes"}, {"cmdale", "alerts"},     {"cmdpha", "moonphases"},  {"cmdcresv", "crescent"},
+    {"cmdtele", "telescope"},  {"cmdext", "exit"},       {"cmdhel", "help"},        {"cmdcon", "hejric"},
+    {"cmdmoon", "moontimes"},  {"cmdcoor", "ephemeris"},
+};
+
+int seconds_of_day(const MachineTime& time) {
+    return (time.hour * 60 + time.minute) * 60 + time.second;
+}
+
+bool same_day(const MachineTime& a, const MachineTime& b) {
+    return a.year == b.year && a.month == b.month && a.day == b.day;
+}
+
+QString remaining_text(const NextPrayer& next, Language language) {
+    const bool english = language == Language::english;
+    if (next.tomorrow)
+        return english ? QStringLiteral("tomorrow") : QStringLiteral("غدا");
+    const int hours = next.minutes_left / kMinutesPerHour;
+    const int minutes = next.minutes_left % kMinutesPerHour;
+    if (hours == 0)
+        return (english ? QStringLiteral("in %1 min") : QStringLiteral("بعد %1 د")).arg(minutes);
+    return (english ? QStringLiteral("in %1 h %2 min") : QStringLiteral("بعد %1 س %2 د"))
+        .arg(hours)
+        .arg(minutes);
+}
+
+/// The other panels of the program; the progress window stays with its runs, a modal panel closes itself.
+void close_other_panels(const QWidget& main_panel) {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        const bool panel = window->objectName().startsWith(QLatin1String("frm"));
+        if (panel && window != &main_panel && window->objectName() != QLatin1String("frmwait") &&
+            !window->isModal())
+            window->close();
+    }
+}
+
+} // namespace
+
+std::span<const Twin> frmmain_twins() {
+    return kTwins;
+}
+
+frmmain::frmmain(std::span<const Panel> panels)
+    : ui_(std::make_unique<Ui::frmmain>()), timertime_(new QTimer(this)) {
+    ui_->setupUi(this);
+    titles_ = {ui_->lblhfaj, ui_->lblhshr, ui_->lblhdoh, ui_->lblhasr, ui_->lblhmag, ui_->lblhish};
+    times_ = {ui_->lbltfaj, ui_->lbltshr, ui_->lbltdoh, ui_->lbltasr, ui_->lbltmag, ui_->lbltish};
+    remaining_ = {ui_->lblnfaj, ui_->lblnshr, ui_->lblndoh, ui_->lblnasr, ui_->lblnmag, ui_->lblnish};
+    set_icons();
+    set_sizes();
+    connect_buttons(panels);
+    timertime_->setObjectName(QStringLiteral("timertime"));
+    timertime_->setInterval(kClockInterval);
+    connect(timertime_, &QTimer::timeout, this, &frmmain::timertime_event);
+    set_main_panel_reload([this] { reload(); });
+}
+
+frmmain::~frmmain() {
+    set_main_panel_reload({});
+}
+
+void frmmain::load() {
+    load_main_panel(*this, state_);
+    timertime_->start();
+}
+
+void frmmain::reload() {
+    unload();
+    load();
+    show();
+}
+
+void frmmain::unload() {
+    timertime_->stop();
+    close_other_panels(*this);
+    ui_->retranslateUi(this);
+    setLayoutDirection(Qt::LeftToRight);
+    today_ = {};
+    set_sizes();
+}
+
+void frmmain::connect_buttons(std::span<const Panel> panels) {
+    connect(ui_->cmdcom, &QPushButton::clicked, this, &frmmain::cmdcom_clicked);
+    connect(ui_->cmdmoon, &QPushButton::clicked, this, &frmmain::cmdmoon_clicked);
+    connect(ui_->cmdhel, &QPushButton::clicked, this, &frmmain::cmdhel_clicked);
+    connect(ui_->cmdext, &QPushButton::clicked, this, &frmmain::cmdext_clicked);
+    for (const Panel& panel : panels)
+        if (auto* button = findChild<QPushButton*>(QString::fromLatin1(panel.button)))
+            connect(button, &QPushButton::clicked, this, [this, panel] { open_panel(panel, this); });
+}
+
+void frmmain::run_report(const QPushButton& button, RunOutcome (*report)(Progress&), const char* file) {
+    RunOutcome outcome;
+    {
+        WaitProgress progress(button.text().remove(u'&').trimmed());
+        outcome = report(progress);
+    }
+    if (outcome == RunOutcome::done)
+        platform().show_text_file(file);
+    else if (outcome == RunOutcome::refused)
+        tell_high_latitude();
+}
+
+void frmmain::tell_high_latitude() {
+    const HighLatitudeMessage& words = high_latitude_message;
+    const Twin title{"", words.title, words.title_arabic};
+    const Twin text{"", words.text, words.text_arabic};
+    warn(this, text_of(title, language()), text_of(text, language()), language());
+}
+
+void frmmain::cmdcom_clicked() {
+    run_report(*ui_->cmdcom, cmdcom, "results.out");
+}
+
+void frmmain::cmdmoon_clicked() {
+    state_.isenglish = read_pref().english;
+    run_report(*ui_->cmdmoon, cmdmoon, "mresults.out");
+}
+
+void frmmain::cmdhel_clicked() {
+    platform().show_text_file("help.txt");
+}
+
+void frmmain::cmdext_clicked() {
+    close();
+}
+
+void frmmain::timertime_event() {
+    show_clock();
+}
+
+void frmmain::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::FontChange && !sizing_)
+        set_sizes();
+    if (event->type() == QEvent::PaletteChange)
+        mark_next_prayer();
+    QWidget::changeEvent(event);
+}
+
+void frmmain::closeEvent(QCloseEvent* event) {
+    timertime_->stop();
+    cancel_runs();
+    event->accept();
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window != this)
+            window->close();
+}
+
+void frmmain::show_language(bool english) {
+    use_standard_texts(english ? Language::english : Language::arabic);
+    apply_language(*this, kTwins, english ? Language::english : Language::arabic);
+    apply_language(*this, kLines, english ? Language::english : Language::arabic);
+    set_sizes();
+    if (!english)
+        set_arabic_fonts();
+}
+
+void frmmain::show_today(const PrayerTimes& times) {
+    today_ = {times.fajer, times.shuroq, times.dhohur, times.aser, times.maghreb, times.isha};
+    for (std::size_t column = 0; column < times_.size(); ++column)
+        times_[column]->setText(QString::fromStdString(today_[column]));
+}
+
+void frmmain::show_location(const std::string& name) {
+    ui_->lbltloc->setText(QString::fromStdString(name));
+}
+
+void frmmain::show_date(const std::string& line) {
+    ui_->lblmdate->setText(QString::fromStdString(line));
+    if (!state_.isenglish)
+        set_font_if_present(*ui_->lbltheader, QStringLiteral("Arabic Transparent"), 15);
+}
+
+void frmmain::show_clock() {
+    const MachineTime now = machine_time();
+    const std::string time = platform().short_time(now.hour, now.minute, now.second);
+    ui_->lblmtime->setText(QString::fromStdString(clock_line(time, state_.isenglish)));
+    mark_next_prayer();
+}
+
+void frmmain::set_icons() {
+    for (const auto& [button, icon] : kIcons)
+        findChild<QPushButton*>(QString::fromLatin1(button))->setIcon(panel_icon(QString::fromLatin1(icon)));
+}
+
+void frmmain::set_sizes() {
+    sizing_ = true;
+    set_spacing(*this);
+    for (QLabel* label : findChildren<QLabel*>())
+        scale_font(*label, 1);
+    scale_font(*ui_->lblhead, kHeadSize);
+    for (QLabel* label : {ui_->lbltloc, ui_->lblmdate, ui_->lblmtime, ui_->lbltheader, ui_->lbltitle})
+        scale_font(*label, kLineSize);
+    for (QLabel* label : {ui_->lblgsky, ui_->lblgmoon, ui_->lblgset})
+        scale_font(*label, kTitleSize);
+    for (std::size_t column = 0; column < times_.size(); ++column) {
+        scale_font(*titles_[column], kTitleSize);
+        scale_font(*times_[column], kFigureSize);
+        scale_font(*remaining_[column], kTitleSize);
+    }
+    QFont title = ui_->lbltitle->font();
+    title.setBold(true);
+    ui_->lbltitle->setFont(title);
+    const int icon = static_cast<int>(kDesktopIcon * space_unit(*this));
+    for (QPushButton* button : findChildren<QPushButton*>())
+        button->setIconSize(QSize(icon, icon));
+    equalise_columns();
+    sizing_ = false;
+}
+
+/// Stretch factors share out the room that is left only.
+void frmmain::equalise_columns() {
+    for (QGridLayout* grid : {ui_->buttongrid, ui_->timesgrid}) {
+        int widest = 0;
+        for (int column = 0; column < grid->columnCount(); ++column)
+            for (int row = 0; row < grid->rowCount(); ++row)
+                if (const QLayoutItem* item = grid->itemAtPosition(row, column))
+                    widest = std::max(widest, item->sizeHint().width());
+        for (int column = 0; column < grid->columnCount(); ++column)
+            grid->setColumnMinimumWidth(column, widest);
+    }
+}
+
+void frmmain::set_arabic_fonts() {
+    const QString lower = QStringLiteral("arabic Transparent");
+    const QString upper = QStringLiteral("Arabic Transparent");
+    set_font_if_present(*ui_->lblhead, lower, 26);
+    set_font_if_present(*ui_->lbltitle, lower, 18);
+    set_font_if_present(*ui_->lblby, upper, 18);
+    set_font_if_present(*ui_->lbltheader, upper, 14);
+    for (QLabel* title : titles_)
+        set_font_if_present(*title, upper, 12);
+}
+
+void frmmain::mark_next_prayer() {
+    for (QLabel* label : {ui_->lblgsky, ui_->lblgmoon, ui_->lblgset}) {
+        QPalette colours = palette();
+        colours.setColor(QPalette::WindowText, muted_colour(*this));
+        label->setPalette(colours);
+    }
+    const MachineTime now = machine_time();
+    const std::optional<NextPrayer> next =
+        same_day(now, state_.loaded_at) ? next_prayer(today_, seconds_of_day(now)) : std::nullopt;
+    for (std::size_t column = 0; column < times_.size(); ++column) {
+        const bool is_next = next && next->column == column;
+        mark_column(column, is_next ? remaining_text(*next, language()) : QString(), is_next);
+    }
+}
+
+void frmmain::mark_column(std::size_t column, const QString& remaining, bool next) {
+    remaining_[column]->setText(remaining);
+    for (QLabel* label : {titles_[column], times_[column], remaining_[column]}) {
+        QPalette colours = palette();
+        if (next)
+            colours.setColor(QPalette::WindowText, accent_colour(*this));
+        else if (label == titles_[column])
+            colours.setColor(QPalette::WindowText, muted_colour(*this));
+        label->setPalette(colours);
+        QFont font = label->font();
+        font.setBold(next);
+        label->setFont(font);
+    }
+    times_[column]->setAccessibleName(titles_[column]->text() + u' ' + times_[column]->text() + u' ' +
+                                      remaining);
+}
+
+} // namespace halvane

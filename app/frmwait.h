@@ -1,0 +1,62 @@
+#pragma once
+
+#include "app/language.h"
+#include "app/report/progress.h"
+
+#include <QDialog>
+#include <cstdint>
+#include <memory>
+
+namespace halvane {
+
+namespace Ui {
+class frmwait;
+}
+
+/// The shared cancel flag: 0 running, -1 once `bcancel` was pressed or the window was closed.
+extern std::int16_t waitcancel;
+
+/// The progress window of every long run.
+class frmwait : public QDialog {
+    Q_OBJECT
+public:
+    explicit frmwait(QWidget* owner = nullptr);
+    ~frmwait() override;
+
+    /// Takes the stored language and starts at nothing.
+    /// In     what  what is being computed, in words
+    void load(const QString& what);
+    /// In     p  0 to 100; the text shows its whole part
+    void show_percent(double p);
+    /// Cancels every run under way and leaves the screen.
+    void reject() override;
+
+private:
+    std::unique_ptr<Ui::frmwait> ui_;
+};
+
+/// The texts of `frmwait`.
+std::span<const Twin> frmwait_twins();
+
+/// A run of a report with the progress window shown for as long as this object lives. Runs may nest, since
+/// any button can be pressed during a run: they share the window, and Cancel ends them all.
+class WaitProgress : public Progress {
+public:
+    explicit WaitProgress(const QString& what);
+    WaitProgress(const WaitProgress&) = delete;
+    WaitProgress& operator=(const WaitProgress&) = delete;
+    ~WaitProgress() override;
+
+    void percent(double p) override;
+    bool yield() override;
+
+private:
+    friend void cancel_runs();
+    QString what_;
+    bool cancelled_ = false;
+};
+
+/// Cancels every run under way; each ends at its next yield.
+void cancel_runs();
+
+} // namespace halvane

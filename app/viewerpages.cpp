@@ -1,0 +1,74 @@
+#include "app/viewerpages.h"
+
+#include <QFont>
+#include <QFontDatabase>
+#include <QFontMetricsF>
+#include <QPagedPaintDevice>
+#include <QPainter>
+#include <QTextOption>
+#include <algorithm>
+
+namespace halvane {
+
+namespace {
+
+constexpr double kLargestType = 10; // [pt]
+constexpr double kSmallestType = 4; // [pt]
+constexpr int kHeadLines = 2;
+
+qsizetype longest_line(const QStringList& lines) {
+    qsizetype longest = 1;
+    for (const QString& line : lines)
+        longest = std::max(longest, line.size());
+    return longest;
+}
+
+QFont fitting_font(QPaintDevice* device, double width, qsizetype columns) {
+    QFont font(fixed_family());
+    font.setFixedPitch(true);
+    font.setPointSizeF(kLargestType);
+    const double wanted = QFontMetricsF(font, device).horizontalAdvance(QString(columns, u'0'));
+    if (wanted > width)
+        font.setPointSizeF(std::max(kSmallestType, kLargestType * width / wanted));
+    return font;
+}
+
+/// A line stands left to right unless its first letter is of a script that runs the other way.
+void draw_line(QPainter& painter, const QRectF& place, const QString& line) {
+    QTextOption option(Qt::AlignLeft | Qt::AlignVCenter);
+    option.setWrapMode(QTextOption::NoWrap);
+    const bool report_row = line.startsWith(u'-') || !line.isRightToLeft();
+    option.setTextDirection(report_row ? Qt::LeftToRight : Qt::RightToLeft);
+    painter.drawText(place, line, option);
+}
+
+} // namespace
+
+QString fixed_family() {
+    return QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
+}
+
+int print_pages(QPagedPaintDevice& device, const QString& name, const QString& text) {
+    const QStringList lines = QString(text).remove(u'\r').split(u'\n');
+    QPainter painter(&device);
+    const QRectF page(0, 0, device.width(), device.height());
+    painter.setFont(fitting_font(&device, page.width(), longest_line(lines)));
+    const double height = painter.fontMetrics().lineSpacing();
+    const auto rows = std::max<qsizetype>(1, static_cast<qsizetype>(page.height() / height) - kHeadLines);
+    const auto pages = static_cast<int>((lines.size() + rows - 1) / rows);
+    for (int number = 0; number < pages; ++number) {
+        if (number > 0)
+            device.newPage();
+        const QRectF head(0, 0, page.width(), height);
+        painter.drawText(head, Qt::AlignLeft, name);
+        painter.drawText(head, Qt::AlignRight, QStringLiteral("%1 / %2").arg(number + 1).arg(pages));
+        const qsizetype first = number * rows;
+        for (qsizetype row = 0; row < rows && first + row < lines.size(); ++row)
+            draw_line(painter,
+                      QRectF(0, static_cast<double>(row + kHeadLines) * height, page.width(), height),
+                      lines[first + row]);
+    }
+    return pages;
+}
+
+} // namespace halvane

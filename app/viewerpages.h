@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QString>
+
+class QPagedPaintDevice;
+
+namespace halvane {
+
+/// Prints a text with fixed columns: the size of type is the largest, up to 10 points, at which the longest
+/// line fits the page; the name of the file and the page's number stand above. Returns the count of pages.
+int print_pages(QPagedPaintDevice& device, const QString& name, const QString& text);
+
+/// The family of the fixed-width fonts of the viewer.
+QString fixed_family();
+
+} // namespace halvane

@@ -1,0 +1,138 @@
+#include "crescent/circumstances.h"
+
+#include "app/stored/record.h"
+#include "calendar/moddateconv.h"
+#include "calendar/moddeltat.h"
+#include "calendar/modjul.h"
+#include "calendar/numberformat.h"
+#include "crescent/criteria.h"
+#include "prayer/cmdcom.h"
+#include "prayer/cmdmoon.h"
+#include "prayer/crescentmode.h"
+
+#include <cmath>
+
+namespace halvane {
+
+CrescentChoice chosen(const CrescentSettings& settings) {
+    CrescentChoice choice;
+    choice.new_crescent = settings.new_crescent;
+    choice.geocentric = settings.geocentric;
+    if (settings.one_day)
+        choice.days = 1;
+    if (settings.two_days)
+        choice.days = 2;
+    if (settings.at_moon)
+        choice.time = ObservationTime::moon;
+    if (settings.at_best_time)
+        choice.time = ObservationTime::best;
+    if (settings.at_user_time)
+        choice.time = ObservationTime::user;
+    choice.user_hour = numeric_prefix(settings.user_hour);
+    choice.user_minute = numeric_prefix(settings.user_minute);
+    return choice;
+}
+
+std::string hijri_caption(double day, bool new_crescent) {
+    constexpr double one_week = 7;
+    const HijriDate date = hijri_of_day_number(std::floor(day + (new_crescent ? one_week : -one_week)));
+    return hijri_month_name(date.month, 'E') + " " + plain_number(date.year) + " AH";
+}
+
+double best_time(bool new_crescent, double sun_event, double lag) {
+    const double part = 4.0 / 9 * lag;
+    return new_crescent ? sun_event + part : sun_event - part;
+}
+
+namespace {
+
+/// Fills the events of the day in `sunriseout` and its companions.
+void calculate_day(double day, int summer_hours) {
+    const SwitchGuard mode(crescentmode, 1);
+    const SwitchGuard jd(crescentjd, day);
+    const SwitchGuard summer(summeractive, summer_hours);
+    cmdcom_for_crescent();
+    cmdmoon_for_crescent();
+}
+
+double chosen_hours(const CrescentChoice& choice, double sun_event, double moon_event, double best) {
+    switch (choice.time) {
+    case ObservationTime::moon:
+        return moon_event;
+    case ObservationTime::best:
+        return best;
+    case ObservationTime::user:
+        return choice.user_hour + choice.user_minute / 60;
+    case ObservationTime::sun:
+        break;
+    }
+    return sun_event;
+}
+
+CriterionValues criterion_at(double universal) {
+    const Observer observer = stored_observer();
+    const CrescentQuantities q = topocentric_quantities(observer, universal, moon_medium(observer, universal),
+                                                        sun_high(observer, universal));
+    CriterionValues values;
+    values.arcv = q.relative_altitude();
+    values.width = q.width * 60;
+    values.value = vesk_value(values.arcv, values.width);
+    return values;
+}
+
+void fill_quantities(Circumstances& c) {
+    const Observer observer = stored_observer();
+    c.sun = sun_high(observer, c.universal);
+    c.moon = moon_medium(observer, c.universal);
+    c.quantities =
+        c.choice.geocentric
+            ? crescent_quantities(observer, c.universal, {c.moon.right_ascension, c.moon.declination},
+                                  {c.sun.right_ascension, c.sun.declination}, c.moon.semidiameter,
+                                  c.sun.radius, c.moon.distance)
+            : topocentric_quantities(observer, c.universal, c.moon, c.sun);
+    double delta_t = 0;
+    moddeltat(c.universal, delta_t);
+    c.delta_t = delta_t * 86400;
+}
+
+} // namespace
+
+std::optional<Circumstances> crescent_circumstances(const CrescentSettings& settings,
+                                                    const Conjunction& conjunction) {
+    const TdtSpan universal_time(0);
+    Circumstances c;
+    c.choice = chosen(settings);
+    c.preferences = read_pref();
+    c.location = read_loc();
+    c.summer_hours = conjunction.summer_hours;
+    c.conjunction = conjunction.local;
+    const bool is_new = c.choice.new_crescent;
+
+    const DateNumbers date = civil_date(conjunction.local);
+    modjul(date.year, date.month, date.day, 0, c.day);
+    c.day += is_new ? c.choice.days : -c.choice.days;
+    calculate_day(c.day, c.summer_hours);
+    const double* sun_event = hours_of(is_new ? sunsetout : sunriseout);
+    const double* moon_event = hours_of(is_new ? moonsetout : moonriseout);
+    if (sun_event == nullptr || moon_event == nullptr)
+        return std::nullopt;
+
+    c.sun_event = *sun_event;
+    c.moon_event = *moon_event;
+    c.lag = is_new ? c.moon_event - c.sun_event : c.sun_event - c.moon_event;
+    double best = best_time(is_new, c.sun_event, c.lag);
+    // With Best Time chosen there is none behind the lag: sunset stands for a new crescent, moonrise for an
+    // old one.
+    if (c.choice.time == ObservationTime::best && c.lag <= 0)
+        best = is_new ? c.sun_event : c.moon_event;
+    c.calculation = c.day + chosen_hours(c.choice, c.sun_event, c.moon_event, best) / 24;
+    c.moon_age = c.calculation - c.conjunction;
+    const double clock_ahead = (c.location.zone + c.summer_hours) / 24;
+    c.universal = c.calculation - clock_ahead;
+    fill_quantities(c);
+    c.criterion = criterion_at(c.day + best / 24 - clock_ahead);
+    c.hijri_month = hijri_caption(c.day, is_new);
+    return c;
+}
+
+} // namespace halvane

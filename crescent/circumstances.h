@@ -1,0 +1,72 @@
+#pragma once
+
+#include "app/stored/loc.h"
+#include "app/stored/pref.h"
+#include "app/stored/visib.h"
+#include "crescent/conjunction.h"
+#include "crescent/quantities.h"
+#include "events/taggedtime.h"
+
+#include <optional>
+#include <string>
+
+namespace halvane {
+
+/// The chosen time of observation.
+enum class ObservationTime { sun, moon, best, user };
+
+/// The choices of a calculation, of which exactly one of each kind holds.
+struct CrescentChoice {
+    bool new_crescent = true; ///< evening after the conjunction; false: old, morning before it
+    bool geocentric = false;
+    int days = 0; ///< from the conjunction's date, before it for an old crescent: 0, 1, 2
+    ObservationTime time = ObservationTime::sun;
+    double user_hour = 0;   ///< local clock [h]
+    double user_minute = 0; ///< local clock [min]
+};
+
+/// Of the stored fields of a kind the last true one stands; with none true the first.
+CrescentChoice chosen(const CrescentSettings& settings);
+
+/// The values that the criterion was put to at Best Time.
+struct CriterionValues {
+    double arcv = 0;  ///< [deg]
+    double width = 0; ///< [arc minutes]
+    double value = 0; ///< printed as "q"
+};
+
+/// A crescent on one evening or morning of one place.
+struct Circumstances {
+    CrescentChoice choice;
+    Preferences preferences;
+    Location location;
+    int summer_hours = 0;
+    double conjunction = 0;  ///< Julian day on the local clock                             [d]
+    double day = 0;          ///< 0 h of the chosen local date                              [d]
+    std::string hijri_month; ///< month started or ended, and year
+    double sun_event = 0;    ///< sunset (new) or sunrise (old), local clock                [h]
+    double moon_event = 0;   ///< moonset (new) or moonrise (old), local clock              [h]
+    double lag = 0;          ///< of the Moon behind (new) or before (old) the Sun          [h]
+    double calculation = 0;  ///< Julian day on the local clock                             [d]
+    double universal = 0;    ///< the same, UT1                                             [d]
+    double delta_t = 0;      ///< [s]
+    double moon_age = 0;     ///< calculation less conjunction, signed                      [d]
+    SunPlace sun;
+    MoonPlace moon;
+    CrescentQuantities quantities;
+    CriterionValues criterion;
+};
+
+/// The circumstances of the stored choices around a conjunction; nothing when the Sun or the Moon has no
+/// event on that day. Reads `pref.vsk` and `loc.vsk`; runs with `tdtinput` 0; borrows the day calculators of
+/// the prayer and the Moon report in `crescentmode`.
+std::optional<Circumstances> crescent_circumstances(const CrescentSettings& settings,
+                                                    const Conjunction& conjunction);
+
+/// Name, year and " AH" of the Hijri month whose crescent is looked for on a day, in English.
+std::string hijri_caption(double day, bool new_crescent);
+
+/// Best Time: four ninths of the lag from the Sun's event towards the Moon's                   [h]
+double best_time(bool new_crescent, double sun_event, double lag);
+
+} // namespace halvane

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "app/stored/date.h"
+#include "app/stored/visib.h"
+
+#include <array>
+#include <string>
+
+namespace halvane {
+
+/// Last Julian day of the latest conjunction search, dynamical time; where the map starts from           [d]
+extern double conjunctionstart;
+
+/// The conjunction nearest to an approximate date, for the observer's clock.
+struct Conjunction {
+    double local = 0;     ///< Julian day on the local clock, summer hour and zone included            [d]
+    int summer_hours = 0; ///< 0 or 1, by the conjunction's own date; holds for the whole calculation
+};
+
+/// The approximate date of the stored choices: as entered, or the start of the Hijri month (its end for an
+/// old crescent).
+DateNumbers approximate_date(const CrescentSettings& settings);
+
+/// Whole lunation nearest to a date, counted from 2000 January 6.
+double nearest_lunation(const DateNumbers& date);
+
+/// Finds the conjunction of the stored choices: geocentric, or topocentric for the observer of `loc.vsk`.
+/// Reads `pref.vsk` and `loc.vsk`; writes `conjunctionstart`.
+Conjunction find_conjunction(const CrescentSettings& settings);
+
+/// The dates to choose from: the conjunction's, one and two days after it, one and two days before it.
+std::array<DateNumbers, 5> candidate_dates(const Conjunction& conjunction);
+
+/// Civil date of a Julian day, the day without its fraction.
+DateNumbers civil_date(double jd);
+
+} // namespace halvane

@@ -1,0 +1,255 @@
+#include "crescent/crescentreport.h"
+
+#include "app/report/head.h"
+#include "app/stored/programfolder.h"
+#include "calendar/modctim.h"
+#include "calendar/modday.h"
+#include "calendar/moddegree.h"
+#include "calendar/modjul.h"
+#include "calendar/numberformat.h"
+#include "crescent/criteria.h"
+#include "crescent/notes.h"
+
+#include <cmath>
+#include <initializer_list>
+
+namespace halvane {
+namespace {
+
+constexpr int rule_width = 78;
+constexpr int second_column = 43;
+
+std::string angle(double degrees) {
+    std::string text;
+    moddegree(0, 'd', degrees, text);
+    return text;
+}
+
+std::string right_ascension(double degrees) {
+    std::string text;
+    moddegree(0, 'h', degrees / 15, text);
+    return text;
+}
+
+/// Two labels with their values, side by side.
+struct Line {
+    std::string first_label, first_value;
+    int first_column;
+    std::string second_label, second_value;
+    int second_value_column;
+};
+
+void write_line(Report& report, const Line& line) {
+    report.text("-").spc(1).text(line.first_label).tab(line.first_column).text(line.first_value);
+    report.tab(second_column).text(line.second_label).tab(line.second_value_column).line(line.second_value);
+}
+
+void write_group(Report& report, std::initializer_list<Line> lines) {
+    for (const Line& line : lines)
+        write_line(report, line);
+    report.end_line();
+}
+
+class CrescentReport {
+public:
+    CrescentReport(Report& report, const Circumstances& c)
+        : report_(report), c_(c), precision_(precision_of(c.preferences)),
+          prefix_(c.choice.geocentric ? "G. " : "T. ") {}
+
+    void write() {
+        write_settings();
+        write_times();
+        write_places();
+        write_quantities();
+        write_verdict();
+        write_notes();
+        write_remarks();
+    }
+
+private:
+    std::string clock(double hours) const {
+        std::string text;
+        modctim(precision_, hours, text);
+        return text;
+    }
+    /// The clock of a Julian day on the local clock.
+    std::string clock_of(double jd) const {
+        const double value = jd + 0.5;
+        return clock((value - std::floor(value)) * 24);
+    }
+    std::string span(double hours) const {
+        std::string text;
+        moddegree(precision_, 'h', hours, text);
+        return text;
+    }
+
+    const char* time_words() const {
+        const bool is_new = c_.choice.new_crescent;
+        switch (c_.choice.time) {
+        case ObservationTime::user:
+            return "Calculations are Done at User Time at:  ";
+        case ObservationTime::best:
+            return "Calculations are Done at Best Time at:  ";
+        case ObservationTime::sun:
+            return is_new ? "Calculations are Done at Sunset Time at:  "
+                          : "Calculations are Done at Sunrise Time at:  ";
+        case ObservationTime::moon:
+            break;
+        }
+        return is_new ? "Calculations are Done at Moonset Time at:  "
+                      : "Calculations are Done at Moonrise Time at:  ";
+    }
+
+    void write_settings() {
+        write_title(report_, 26);
+        report_.text("-").spc(1).text("Calculations for ").text(c_.hijri_month);
+        report_.line(c_.choice.new_crescent ? " Waxing Crescent (New, Evening)."
+                                            : " Waning Crescent (Old, Morning).");
+        std::string weekday;
+        modday(c_.day + 0.5, 0, weekday);
+        report_.text("-").spc(1).text("Crescent Visibility on: ").text(weekday).spc(2);
+        report_.text(date_text(civil_date(c_.day))).line(" CE");
+        report_.text("-").spc(1).text(time_words()).text(clock_of(c_.calculation)).line(" LT");
+        report_.text("-").spc(1).line(c_.choice.geocentric ? "Calculations are Geocentric."
+                                                           : "Calculations are Topocentric.");
+        write_location(report_, c_.location);
+        report_.text("-").spc(1).text("Summer time is: ").line(c_.summer_hours == 1 ? "On" : "Off");
+        report_.text("-").spc(1).line(
+            c_.preferences.elevation_setting == "1"
+                ? "Height above mean sea-level affects rise and set events."
+                : "Height above mean sea-level does NOT affect rise and set events");
+        write_refraction(report_, c_.location);
+        write_delta_t(report_, format_number(c_.delta_t, "########00.00"));
+        report_.rule(rule_width).end_line();
+    }
+
+    std::string conjunction_text() const {
+        const DateNumbers date = civil_date(c_.conjunction);
+        return format_number(date.day, "##00") + "/" + format_number(date.month, "##00") + "/" +
+               format_number(date.year, "##0000") + " CE, " + clock_of(c_.conjunction);
+    }
+
+    void write_times() {
+        report_.text("-")
+            .spc(1)
+            .text(prefix_)
+            .text("Conjunction Time:")
+            .tab(24)
+            .text(conjunction_text())
+            .line(" LT");
+        report_.text("-").spc(1).text("Julian Date at Time of Calculations:").tab(40);
+        report_.line(format_number(c_.universal, "###############0.00000")).end_line();
+        const bool is_new = c_.choice.new_crescent;
+        const std::string sun = clock(c_.sun_event) + " LT";
+        const std::string moon = clock(c_.moon_event) + " LT";
+        write_group(report_, {{is_new ? "Sunset:" : "Moorise:", is_new ? sun : moon, 12,
+                               prefix_ + "Moon Age:", span(c_.moon_age * 24), 58},
+                              {is_new ? "Moonset:" : "Sunrise:", is_new ? moon : sun, 12,
+                               "Moon Lag Time:", span(c_.lag), 58}});
+    }
+
+    Line pair(const char* first_label, const std::string& first, int first_column, const char* second_label,
+              const std::string& second, int second_value_column) const {
+        return {prefix_ + first_label,  first,  first_column,
+                prefix_ + second_label, second, second_value_column};
+    }
+
+    void write_places() {
+        const bool geocentric = c_.choice.geocentric;
+        const MoonPlace& m = c_.moon;
+        const SunPlace& s = c_.sun;
+        const auto of = [geocentric](double geo, double topo) { return geocentric ? geo : topo; };
+        write_group(report_,
+                    {pair("Moon Right Ascension:",
+                          right_ascension(of(m.right_ascension, m.topocentric_right_ascension)), 28,
+                          "Moon Declination:", angle(of(m.declination, m.topocentric_declination)), 64),
+                     pair("Sun Right Ascension:",
+                          right_ascension(of(s.right_ascension, s.topocentric_right_ascension)), 28,
+                          "Sun Declination:", angle(of(s.declination, s.topocentric_declination)), 64)});
+        write_group(report_, {pair("Moon Longitude:", angle(of(m.longitude, m.topocentric_longitude)), 22,
+                                   "Moon Latitude:", angle(of(m.latitude, m.topocentric_latitude)), 61),
+                              pair("Sun Longitude:", angle(of(s.longitude, s.topocentric_longitude)), 22,
+                                   "Sun Latitude:", angle(of(s.latitude, s.topocentric_latitude)), 61)});
+    }
+
+    void write_quantities() {
+        const CrescentQuantities& q = c_.quantities;
+        const double semidiameter =
+            c_.choice.geocentric ? c_.moon.semidiameter : c_.moon.topocentric_semidiameter;
+        write_group(
+            report_,
+            {pair("Moon Altitude:", angle(q.moon_altitude), 21, "Moon Azimuth:", angle(q.moon_azimuth), 60),
+             pair("Sun Altitude:", angle(q.sun_altitude), 21, "Sun Azimuth:", angle(q.sun_azimuth), 60)});
+        write_group(report_, {pair("Relative Altitude:", angle(q.relative_altitude()), 25,
+                                   "Elongation:", angle(q.elongation), 59),
+                              pair("Relative Azimuth:", angle(q.relative_azimuth()), 25,
+                                   "Phase Angle:", angle(q.phase_angle), 59)});
+        write_group(
+            report_,
+            {pair("Crescent Width:", angle(q.width), 22, "Moon Semi-Diameter:", angle(semidiameter), 67),
+             {prefix_ + "Illumination:", format_number(q.illuminated_fraction * 100, "###00.00") + " %", 22,
+              "G. Horizontal Parallax:", angle(c_.moon.parallax), 67}});
+        write_line(report_,
+                   {prefix_ + "Magnitude:", format_number(q.magnitude, "###00.00"), 17,
+                    "G. Distance:", format_number(c_.moon.distance, "#############00.00") + " Km", 56});
+    }
+
+    void write_verdict() {
+        const CriterionValues& values = c_.criterion;
+        report_.text("-").spc(1).line("According to Vesk Criteria, using the following values at Best Time:");
+        report_.text("  * Moon-Sun Topocentric Relative Altitude =").tab(45).text(angle(values.arcv));
+        report_.text(" (").text(format_number(values.arcv, "00.0")).line("°)");
+        report_.text("  * Topocentric Crescent width =").tab(34).text(angle(values.width / 60));
+        report_.text(" (").text(format_number(values.width, "##0.00")).line("')");
+        report_.text("  * q =").tab(9).line(format_number(values.value, "#0.00")).end_line();
+        report_.text("  * The Crescent Visibility is:").tab(33).line(vesk_sentence(values.value)).end_line();
+    }
+
+    void write_notes() {
+        for (const ImpossibilityNote& note : impossibility_notes(c_.choice.new_crescent, c_.lag, c_.moon_age))
+            report_.line(note.first_line).line(note.second_line);
+        report_.rule(rule_width).end_line();
+    }
+
+    void write_remarks() {
+        write_remarks_title(report_);
+        report_.end_line();
+        for (const char* remark :
+             {"- Date format: dd/mm/yyyy.", "- The Prefix 'G.' means Geocentric, and 'T.' means Topocentric.",
+              "- For New Crescent: Moon Lag Time = Moonset - Sunset.",
+              "- For Old Crescent: Moon Lag Time = Sunrise - Moonrise.",
+              "- For New Crescent: Best Time = Sunset + 4/9 (Moon Lag Time).",
+              "- For Old Crescent: Best Time = Sunrise - 4/9 (Moon Lag Time)."})
+            report_.line(remark);
+    }
+
+    Report& report_;
+    const Circumstances& c_;
+    int precision_;
+    std::string prefix_;
+};
+
+} // namespace
+
+void write_crescent(Report& report, const Circumstances& circumstances) {
+    CrescentReport(report, circumstances).write();
+}
+
+void write_no_crescent(Report& report) {
+    write_head_lines(report, 26);
+    report.line("Crescent Visibility calculations on this day from this location need careful ");
+    report.line("technique, because there is no Sunset/Sunrise and/or Moonset/Moonrise event(s).");
+}
+
+bool write_crescent_report(const CrescentSettings& settings, const Conjunction& conjunction) {
+    const std::optional<Circumstances> circumstances = crescent_circumstances(settings, conjunction);
+    Report report(program_path("visib.out"));
+    if (circumstances)
+        write_crescent(report, *circumstances);
+    else
+        write_no_crescent(report);
+    report.commit();
+    return circumstances.has_value();
+}
+
+} // namespace halvane

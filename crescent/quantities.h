@@ -1,0 +1,46 @@
+#pragma once
+
+#include "ephemeris/moon.h"
+#include "ephemeris/observer.h"
+#include "ephemeris/sun.h"
+
+namespace halvane {
+
+/// Where Sun and Moon stand and what the Moon shows at one instant; airless, angles in degrees.
+struct CrescentQuantities {
+    double moon_altitude = 0;
+    double moon_azimuth = 0;
+    double sun_altitude = 0;
+    double sun_azimuth = 0;
+    double elongation = 0;
+    double phase_angle = 0;
+    double illuminated_fraction = 0;
+    double width = 0; ///< of the crescent at its middle
+    double magnitude = 0;
+
+    double relative_altitude() const { return moon_altitude - sun_altitude; }
+    double relative_azimuth() const { return moon_azimuth - sun_azimuth; }
+};
+
+/// Equatorial place                                                                           [deg]
+struct EquatorialPlace {
+    double right_ascension;
+    double declination;
+};
+
+/// In     jd            UT1, or TDT with `tdtinput` 1                                          [d]
+///        moon, sun     geocentric or topocentric, both alike
+///        semidiameter  of the Moon [deg]; radius of the Sun's orbit [AU]; distance of the Moon [km]
+/// Source Meeus, Astronomical Algorithms, chapter "Illuminated Fraction of the Moon's Disk"; magnitude after
+///        Allen, Astrophysical Quantities.
+CrescentQuantities crescent_quantities(const Observer& observer, double jd, const EquatorialPlace& moon,
+                                       const EquatorialPlace& sun, double semidiameter, double radius,
+                                       double distance);
+
+/// The quantities of two topocentric places.
+CrescentQuantities topocentric_quantities(const Observer& observer, double jd, const MoonPlace& moon,
+                                          const SunPlace& sun);
+
+inline constexpr double astronomical_unit_km = 149597870.66;
+
+} // namespace halvane

@@ -1,0 +1,223 @@
+#include "crescent/visibilitymap.h"
+
+#include "app/stored/failure.h"
+#include "calendar/moddeltat.h"
+#include "calendar/modjul.h"
+#include "crescent/circumstances.h"
+#include "crescent/conjunction.h"
+#include "crescent/quantities.h"
+#include "ephemeris/coordinates.h"
+#include "ephemeris/modgeneral.h"
+#include "events/modlowriseset.h"
+#include "events/phase.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace halvane {
+
+MapConjunction map_conjunction() {
+    MapConjunction conjunction;
+    const double dynamical = refined_phase(Phase::new_moon, conjunctionstart, true);
+    moddeltat(dynamical, conjunction.delta_t);
+    conjunction.universal = dynamical - conjunction.delta_t;
+    const DateNumbers date = civil_date(conjunction.universal);
+    double day = 0;
+    modjul(date.year, date.month, date.day, 0, day);
+    conjunction.days = {day, day + 1, day + 2, day - 1, day - 2};
+    return conjunction;
+}
+
+double map_day(const MapConjunction& conjunction, CrescentKind kind, int choice) {
+    const double day = conjunction.days[0];
+    return kind == CrescentKind::new_crescent ? day + choice : day - choice;
+}
+
+MapPixel map_pixel(double longitude, double latitude) {
+    return {longitude * 2.0733333 + 374, 206 - latitude * 2.06666667};
+}
+
+MapPlace map_place(double x, double y) {
+    return {(x - 374) * 0.48387097, -(y - 206) * 0.48231511};
+}
+
+namespace {
+
+/// Topocentric conjunction of a point, UT1, from the one of the point before                    [d]
+double point_conjunction(const Observer& observer, double start, double delta_t) {
+    const TdtSpan dynamical_time(1);
+    SearchGuard guard("a conjunction");
+    double t = start;
+    for (;;) {
+        const double d = elongation_from_phase(Phase::new_moon, moon_fast(observer, t).topocentric_longitude,
+                                               sun_fast(observer, t).topocentric_longitude);
+        const double next = guard.check(t - d * days_per_degree);
+        const double step = std::fabs(next - t);
+        t = next;
+        if (step <= phase_tolerance)
+            return t - delta_t;
+    }
+}
+
+/// The events of a point's evening or morning, clock hours of its zone.
+struct PointEvents {
+    bool missing = true;
+    double sun = 0;
+    double moon = 0;
+};
+
+PointEvents point_events(const MapRun& run, const Observer& observer) {
+    TaggedTime sunrise;
+    TaggedTime sunset;
+    TaggedTime moonrise;
+    TaggedTime moonset;
+    modlowriseset(run.day, observer.longitude, observer.latitude, "Sun", sunrise, sunset);
+    modlowriseset(run.day, observer.longitude, observer.latitude, "Moon", moonrise, moonset);
+    const bool is_new = run.kind == CrescentKind::new_crescent;
+    const double* sun = hours_of(is_new ? sunset : sunrise);
+    const double* moon = hours_of(is_new ? moonset : moonrise);
+    if (sun == nullptr || moon == nullptr)
+        return {};
+    return {false, *sun, *moon};
+}
+
+double observation_hours(const MapRun& run, const PointEvents& events, double lag) {
+    const bool is_new = run.kind == CrescentKind::new_crescent;
+    if (lag <= 0)
+        return is_new ? events.sun : events.moon;
+    return run.criterion == Criterion::saao ? events.sun : best_time(is_new, events.sun, lag);
+}
+
+CrescentQuantities fast_quantities(const Observer& observer, double universal, double& semidiameter) {
+    const MoonPlace moon = moon_fast(observer, universal);
+    semidiameter = moon.topocentric_semidiameter;
+    return topocentric_quantities(observer, universal, moon, sun_fast(observer, universal));
+}
+
+VisibilityClass class_by_criterion(Criterion criterion, const CrescentQuantities& q, double semidiameter) {
+    const double arcv = q.relative_altitude();
+    const double width = q.width * 60;
+    switch (criterion) {
+    case Criterion::yallop:
+        return yallop_class(yallop_value(arcv, width)).value_or(VisibilityClass::not_possible);
+    case Criterion::saao:
+        return saao_class(apparent_lower_limb(q.moon_altitude, semidiameter),
+                          std::fabs(q.relative_azimuth()));
+    case Criterion::vesk:
+        break;
+    }
+    return vesk_class(vesk_value(arcv, width));
+}
+
+} // namespace
+
+VisibilityClass evaluate_point(const MapRun& run, double longitude, double latitude, double& conjunction) {
+    const Observer observer = observer_at(longitude, latitude, 0);
+    const double zone = zone_of_longitude(longitude);
+    conjunction = point_conjunction(observer, conjunction, run.conjunction.delta_t);
+    const TdtSpan universal_time(0);
+    const PointEvents events = point_events(run, observer);
+    if (events.missing)
+        return VisibilityClass::unknown;
+
+    const bool is_new = run.kind == CrescentKind::new_crescent;
+    const double lag = is_new ? events.moon - events.sun : events.sun - events.moon;
+    const auto universal_of = [&run, zone](double hours) { return run.day + (hours - zone) / 24; };
+    const double universal = universal_of(observation_hours(run, events, lag));
+    const double age = is_new ? universal - conjunction : conjunction - universal;
+    constexpr double standing_high = 3;
+    double semidiameter = 0;
+    if (lag < 0 &&
+        fast_quantities(observer, universal_of(events.sun), semidiameter).relative_altitude() > standing_high)
+        return VisibilityClass::unknown;
+    if (age <= 0 || lag <= 0)
+        return VisibilityClass::impossible;
+    const CrescentQuantities q = fast_quantities(observer, universal, semidiameter);
+    return class_by_criterion(run.criterion, q, semidiameter);
+}
+
+namespace {
+
+constexpr int block_step = 10;
+constexpr int block_span = 8;
+constexpr int grid_step = 2;
+
+struct GridPlace {
+    int longitude, latitude;
+    bool operator==(const GridPlace&) const = default;
+};
+
+using Samples = std::array<GridPlace, 5>;
+
+/// The corners of a block and a point of the side that the crescent's curve enters from.
+Samples sample_places(CrescentKind kind, int longitude, int latitude) {
+    const int side = kind == CrescentKind::new_crescent ? longitude : longitude + block_span;
+    return {{{longitude, latitude},
+             {longitude + block_span, latitude},
+             {longitude, latitude - block_span},
+             {longitude + block_span, latitude - block_span},
+             {side, latitude - block_span / 2}}};
+}
+
+class MapDrawing {
+public:
+    MapDrawing(const MapRun& run, MapReceiver& receiver)
+        : run_(run), receiver_(receiver), conjunction_(run.conjunction.universal) {}
+
+    bool draw() {
+        for (int longitude = -180; longitude <= 170; longitude += block_step)
+            for (int latitude = 60; latitude >= -60; latitude -= block_step) {
+                draw_block(longitude, latitude);
+                if (!receiver_.go_on())
+                    return false;
+            }
+        return true;
+    }
+
+private:
+    VisibilityClass evaluate(const GridPlace& place) {
+        const VisibilityClass visibility =
+            evaluate_point(run_, place.longitude, place.latitude, conjunction_);
+        receiver_.point({place.longitude, place.latitude, visibility, true});
+        return visibility;
+    }
+
+    void draw_block(int longitude, int latitude) {
+        const Samples samples = sample_places(run_.kind, longitude, latitude);
+        const VisibilityClass first = evaluate(samples[0]);
+        bool uniform = true;
+        for (std::size_t i = 1; i < samples.size(); ++i)
+            uniform = evaluate(samples[i]) == first && uniform;
+        if (uniform)
+            fill_block(longitude, latitude, first);
+        else
+            evaluate_block(longitude, latitude, samples);
+    }
+
+    void fill_block(int longitude, int latitude, VisibilityClass visibility) {
+        if (visibility == VisibilityClass::not_possible)
+            return; // the map shows through
+        for (int x = longitude; x <= longitude + block_span; x += grid_step)
+            for (int y = latitude - block_span; y <= latitude; y += grid_step)
+                receiver_.point({x, y, visibility, false});
+    }
+
+    void evaluate_block(int longitude, int latitude, const Samples& done) {
+        for (int x = longitude; x <= longitude + block_span; x += grid_step)
+            for (int y = latitude - block_span; y <= latitude; y += grid_step)
+                if (std::find(done.begin(), done.end(), GridPlace{x, y}) == done.end())
+                    evaluate({x, y});
+    }
+
+    const MapRun& run_;
+    MapReceiver& receiver_;
+    double conjunction_;
+};
+
+} // namespace
+
+bool draw_visibility_map(const MapRun& run, MapReceiver& receiver) {
+    return MapDrawing(run, receiver).draw();
+}
+
+} // namespace halvane

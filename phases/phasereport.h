@@ -1,0 +1,13 @@
+#pragma once
+
+#include "app/report/progress.h"
+#include "phases/phaseyear.h"
+
+namespace halvane {
+
+/// The table of a year's phases: writes `results.out`. Each phase runs with `tdtinput` 1.
+/// Returns cancelled with the rows so far and the remarks in the file.
+/// Error  raises RunTimeFailure; an earlier `results.out` then stands.
+RunOutcome write_phases(const PhaseYear& run, Progress& progress);
+
+} // namespace halvane

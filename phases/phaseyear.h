@@ -1,0 +1,44 @@
+#pragma once
+
+#include "app/stored/loc.h"
+#include "app/stored/phase.h"
+#include "app/stored/pref.h"
+#include "events/phase.h"
+
+#include <string>
+
+namespace halvane {
+
+/// What a table of the phases is made from.
+struct PhaseYear {
+    double year = 2000;
+    bool geocentric = true; ///< false: for the observer of `loc.vsk`
+    bool local_ut1 = true;  ///< false: the clock runs on dynamical time
+    double delta_t = 0;     ///< taken off with `local_ut1`                                         [s]
+    Preferences preferences;
+    Location location;
+};
+
+/// The stored choices with a text for Delta T as the panel's box holds it. Reads `pref.vsk` and `loc.vsk`.
+PhaseYear phase_year(const PhaseSettings& settings, const std::string& delta_t_text);
+
+/// The Delta T that the panel proposes for a year's text: at 15 June, to the hundredth of a second      [s]
+std::string proposed_delta_t(const std::string& year_text);
+
+/// A phase on the table's clock.
+struct LocalPhase {
+    double jd = 0;       ///< on the local clock                                                        [d]
+    bool summer = false; ///< summer time is in it
+};
+
+/// The phase of lunation `k` (a whole number plus the phase's quarter).
+/// Error  raises RunTimeFailure when the search does not end.
+LocalPhase local_phase(const PhaseYear& run, Phase phase, double k);
+
+/// Lunation of the table's first row: one before the year.
+double first_lunation(double year);
+
+/// "dd/mm/yyyy  clock", or "----" for a phase outside the table's year.
+std::string phase_text(const PhaseYear& run, const LocalPhase& phase);
+
+} // namespace halvane

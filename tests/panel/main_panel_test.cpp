@@ -1,0 +1,730 @@
+#include "app/frmmain.h"
+#include "app/frmwait.h"
+#include "app/mainload.h"
+#include "app/stored/date.h"
+#include "app/stored/failure.h"
+#include "app/stored/loc.h"
+#include "tests/panel/panelharness.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QElapsedTimer>
+#include <QProgressBar>
+#include <QTimer>
+#include <cmath>
+#include <cstring>
+#include <filesystem>
+#include <functional>
+
+namespace halvane {
+namespace {
+
+/// The panel's texts, written out once more.
+struct Caption {
+    const char* control;
+    const char* english;
+    const char* arabic;
+};
+
+constexpr Caption kCaptions[] = {
+    {"frmmain", "Halvane 5.3.9", "Halvane 5.3.9"},
+    {"cmddat", "&Date", "ال&تاريخ"},
+    {"cmdloc", "&Location", "المو&قع"},
+    {"cmdpre", "&Preferences", "ا&لخيارات"},
+    {"cmdqib", "&Qiblah", "&اتجاه القبلة"},
+    {"cmdcom", "Prayer &Times", "مواقيت ال&صلاة"},
+    {"cmdale", "Prayer &Alerts", "م&نبه الصلاة"},
+    {"cmdpha", "M&oon Phases", "أ&طوار القمر"},
+    {"cmdcresv", "Crescent &Visibility", "&رؤية الهلال"},
+    {"cmdtele", "Tele&scope", "تلس&كوب"},
+    {"cmdext", "E&xit", "&خروج"},
+    {"cmdhel", "&Help", "م&ساعدة"},
+    {"cmdcon", "Hejric &Gregorian ", "&هجري ميلا&دي"},
+    {"cmdmoon", "&Moon Times", "&مواقيت القمر"},
+    {"cmdcoor", "Sun Moon &Ephemeris", "أ&زياج الشمس و القمر"},
+    {"fratoday", "Prayer Times", "مواقيت الصلاة"},
+    {"framain", "Desktop", "اللوحة الرئيسة"},
+    {"lbltheader", "Today's Prayer Times", "مواقيت الصلاة اليوم"},
+    {"lblhfaj", "Fajer", "الفجر"},
+    {"lblhshr", "Shuroq", "الشروق"},
+    {"lblhdoh", "Dhohur", "الظهر"},
+    {"lblhasr", "Aser", "العصر"},
+    {"lblhmag", "Maghreb", "المغرب"},
+    {"lblhish", "Isha", "العشاء"},
+    {"lblhead", "Tarsine Sky Circle", "Tarsine Sky Circle"},
+    {"lbltitle", "Halvane 5.3", "Halvane 5.3"},
+    {"lblby", "By Orlan Vesk", "تنفيذ Orlan Vesk"},
+};
+
+class MainPanelTest : public PanelTest {
+protected:
+    /// Days of the next runs.
+    void set_period(DateNumbers start, DateNumbers end) {
+        CalculationDate date;
+        date.system_date = false;
+        date.period = true;
+        date.start = start;
+        date.end = end;
+        write_date(date);
+    }
+
+    void set_latitude(double degrees) {
+        Location location = read_loc();
+        location.latitude_degrees = degrees;
+        location.latitude_minutes = 0;
+        write_loc(location);
+    }
+
+    void set_clock(int day, int hour, int minute) {
+        MachineTime time;
+        time.year = 2024;
+        time.month = 6;
+        time.day = day;
+        time.hour = hour;
+        time.minute = minute;
+        set_machine_time(time);
+    }
+
+    /// Does `action` at the event pass `pass` of the run that follows.
+    void during_run(int pass, std::function<void()> action) {
+        auto* timer = new QTimer(&timers_);
+        QObject::connect(timer, &QTimer::timeout, timer, [timer, left = pass, action]() mutable {
+            const QWidget* wait = open_window("frmwait");
+            if (wait == nullptr || wait->findChild<QLabel*>("lblpro1")->text() == QStringLiteral("0") ||
+                --left > 0)
+                return;
+            timer->stop();
+            action();
+        });
+        timer->start(0);
+    }
+
+    static QString text(QWidget& form, const char* name) { return control<QLabel>(form, name).text(); }
+    static QStringList times(QWidget& form) {
+        QStringList texts;
+        for (const char* name : {"lbltfaj", "lbltshr", "lbltdoh", "lbltasr", "lbltmag", "lbltish"})
+            texts << text(form, name);
+        return texts;
+    }
+
+private:
+    QObject timers_;
+};
+
+class MainPanelCaption : public MainPanelTest, public ::testing::WithParamInterface<Caption> {};
+
+TEST_P(MainPanelCaption, IsThatOfTheLanguage) {
+    {
+        frmmain form;
+        form.load();
+        EXPECT_EQ(caption(form, GetParam().control), QString::fromUtf8(GetParam().english));
+    }
+    set_language(Language::arabic);
+    frmmain form;
+    form.load();
+    EXPECT_EQ(caption(form, GetParam().control), QString::fromUtf8(GetParam().arabic));
+}
+
+INSTANTIATE_TEST_SUITE_P(Every, MainPanelCaption, ::testing::ValuesIn(kCaptions),
+                         [](const auto& row) { return std::string(row.param.control); });
+
+TEST_F(MainPanelTest, BeforeTheLoadTheLabelsHoldTheirDesign) {
+    frmmain form;
+    EXPECT_EQ(times(form), QStringList(6, QStringLiteral("00:00:00")));
+    EXPECT_EQ(text(form, "lbltloc"), QStringLiteral("Location"));
+    EXPECT_EQ(text(form, "lblmdate"), QStringLiteral("Machine's Date: "));
+    EXPECT_EQ(text(form, "lblmtime"), QStringLiteral("Machine's Time: "));
+}
+
+TEST_F(MainPanelTest, TheFilesAreReadInTheOrderOfTheLoadStep) {
+    const std::vector<std::string> order{"termfull.vsk", "loc.vsk",  "term.vsk", "mterm.vsk",
+                                         "pref.vsk",     "date.vsk", "elp.vsk"};
+    for (const std::string& name : order)
+        std::filesystem::rename(path(name), path(name) + ".away");
+    frmmain form;
+    for (const std::string& name : order) {
+        try {
+            form.load();
+            ADD_FAILURE() << name << " was not missed";
+        } catch (const RunTimeFailure& failure) {
+            EXPECT_NE(std::string(failure.what()).find("/" + name), std::string::npos) << failure.what();
+        }
+        std::filesystem::rename(path(name) + ".away", path(name));
+    }
+    EXPECT_NO_THROW(form.load());
+}
+
+class MainPanelMissingFile : public MainPanelTest, public ::testing::WithParamInterface<const char*> {};
+
+TEST_P(MainPanelMissingFile, EndsTheLoadInEnglish) {
+    remove(GetParam());
+    frmmain form;
+    EXPECT_THROW(form.load(), RunTimeFailure);
+}
+
+INSTANTIATE_TEST_SUITE_P(Every, MainPanelMissingFile,
+                         ::testing::Values("termfull.vsk", "loc.vsk", "term.vsk", "mterm.vsk", "pref.vsk",
+                                           "date.vsk", "elp.vsk"),
+                         [](const auto& row) { return std::string(row.param, strcspn(row.param, ".")); });
+
+class MainPanelEarlyFile : public MainPanelTest, public ::testing::WithParamInterface<const char*> {};
+
+TEST_P(MainPanelEarlyFile, EndsTheLoadInArabicToo) {
+    set_language(Language::arabic);
+    remove(GetParam());
+    frmmain form;
+    EXPECT_THROW(form.load(), RunTimeFailure);
+}
+
+INSTANTIATE_TEST_SUITE_P(Every, MainPanelEarlyFile,
+                         ::testing::Values("termfull.vsk", "loc.vsk", "term.vsk", "mterm.vsk", "pref.vsk"),
+                         [](const auto& row) { return std::string(row.param, strcspn(row.param, ".")); });
+
+TEST_F(MainPanelTest, InArabicAMissingElpIsPassedOver) {
+    set_language(Language::arabic);
+    remove("elp.vsk");
+    frmmain form;
+    EXPECT_NO_THROW(form.load());
+    EXPECT_EQ(text(form, "lbltmag"), QStringLiteral("18:45"));
+}
+
+TEST_F(MainPanelTest, InArabicAMissingDateFileLeavesTheRestOfTheLoadAlone) {
+    set_language(Language::arabic);
+    remove("date.vsk");
+    frmmain form;
+    EXPECT_NO_THROW(form.load());
+    EXPECT_EQ(times(form), QStringList(6, QString()));
+    EXPECT_EQ(text(form, "lbltloc"), QStringLiteral("Amman"));
+    EXPECT_EQ(text(form, "lblmtime"), QStringLiteral("وقت الجهاز: 15:07"));
+}
+
+TEST_F(MainPanelTest, ADamagedRecordIsToldWithItsFile) {
+    put("loc.vsk", "\"Amman\",35,56\r\n");
+    frmmain form;
+    try {
+        form.load();
+        ADD_FAILURE() << "the damaged record was taken";
+    } catch (const RunTimeFailure& failure) {
+        EXPECT_NE(std::string(failure.what()).find("loc.vsk"), std::string::npos) << failure.what();
+    }
+}
+
+TEST_F(MainPanelTest, DateLineInEnglish) {
+    frmmain form;
+    form.load();
+    EXPECT_EQ(text(form, "lblmdate"),
+              QStringLiteral("Machine's Date: Friday, 21 June 2024 ( 14 Thul Hejjah 1445 )"));
+    EXPECT_EQ(text(form, "lblmtime"), QStringLiteral("Machine's Time: 15:07"));
+}
+
+TEST_F(MainPanelTest, DateLineInArabic) {
+    set_language(Language::arabic);
+    frmmain form;
+    form.load();
+    EXPECT_EQ(text(form, "lblmdate"),
+              QStringLiteral("تاريخ الجهاز:  الجمعة، 21 حزيران 2024 ( 14 ذو الحجة 1445 )"));
+    EXPECT_EQ(text(form, "lblmtime"), QStringLiteral("وقت الجهاز: 15:07"));
+}
+
+TEST_F(MainPanelTest, EveryArabicMonthOfTheDateLine) {
+    const char* months[] = {"كانون ثاني", "شباط", "آذار",  "نيسان",     "أيار",       "حزيران",
+                            "تموز",       "آب",   "أيلول", "تشرين أول", "تشرين ثاني", "كانون أول"};
+    // Julian day of 0 h of 15 January 2024 and so on: 2460324.5 and the lengths of the months of a leap year.
+    const int lengths[] = {31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    double jd = 2460324.5;
+    for (int month = 1; month <= 12; ++month) {
+        MachineTime day;
+        day.year = 2024;
+        day.month = month;
+        day.day = 15;
+        const std::string line = date_line(day, jd, false);
+        EXPECT_NE(line.find(std::string(" 15 ") + months[month - 1] + " 2024 ( "), std::string::npos) << line;
+        jd += lengths[month - 1];
+    }
+}
+
+TEST_F(MainPanelTest, TheTimerRefreshesTheClockLineEveryFiveSeconds) {
+    frmmain form;
+    form.load();
+    auto* timer = form.findChild<QTimer*>("timertime");
+    ASSERT_NE(timer, nullptr);
+    EXPECT_EQ(timer->interval(), 5000);
+    EXPECT_TRUE(timer->isActive());
+    set_clock(21, 15, 8);
+    form.timertime_event();
+    EXPECT_EQ(text(form, "lblmtime"), QStringLiteral("Machine's Time: 15:08"));
+}
+
+TEST_F(MainPanelTest, OverMidnightTheDateAndTheTimesStayTillTheNextLoad) {
+    frmmain form;
+    form.load();
+    const QString date = text(form, "lblmdate");
+    const QStringList before = times(form);
+    set_clock(22, 0, 1);
+    form.timertime_event();
+    EXPECT_EQ(text(form, "lblmtime"), QStringLiteral("Machine's Time: 00:01"));
+    EXPECT_EQ(text(form, "lblmdate"), date);
+    EXPECT_EQ(times(form), before);
+    for (const char* mark : {"lblnfaj", "lblndoh", "lblnasr", "lblnmag", "lblnish"})
+        EXPECT_EQ(text(form, mark), QString()) << "times of another day have no next one";
+    form.reload();
+    EXPECT_EQ(text(form, "lblmdate"),
+              QStringLiteral("Machine's Date: Saturday, 22 June 2024 ( 15 Thul Hejjah 1445 )"));
+}
+
+TEST_F(MainPanelTest, ShowsTodaysTimesOfTheStoredLocation) {
+    frmmain form;
+    form.load();
+    EXPECT_EQ(text(form, "lbltloc"), QStringLiteral("Amman"));
+    // Sunrise and sunset of Amman on 21 June 2024, standard time UT + 2, from the Swiss Ephemeris (upper
+    // limb, refraction 34'): 04:30.9 and 18:45.4.
+    EXPECT_EQ(text(form, "lbltshr"), QStringLiteral("04:31"));
+    EXPECT_EQ(text(form, "lbltmag"), QStringLiteral("18:45"));
+    EXPECT_EQ(times(form).filter(QStringLiteral(":")).size(), 6);
+}
+
+TEST_F(MainPanelTest, TheStoredDateDoesNotChooseTodaysDay) {
+    frmmain form;
+    form.load();
+    const QStringList today = times(form);
+    set_period({2020, 1, 1}, {2020, 1, 2});
+    form.reload();
+    EXPECT_EQ(times(form), today);
+}
+
+TEST_F(MainPanelTest, AtSeventyNorthInJuneTheWordsStandInPlaceOfTimes) {
+    set_latitude(70);
+    frmmain form;
+    form.load();
+    EXPECT_EQ(text(form, "lbltfaj"), QStringLiteral("Bright"));
+    EXPECT_EQ(text(form, "lbltshr"), QStringLiteral("Up"));
+    EXPECT_EQ(text(form, "lbltmag"), QStringLiteral("Up"));
+}
+
+TEST_F(MainPanelTest, TodaysTimesKnowNoHighLatitudeMethod) {
+    set_latitude(55);
+    Preferences preferences = read_pref();
+    preferences.high_latitude = 1;
+    write_pref(preferences);
+    frmmain form;
+    form.load();
+    EXPECT_EQ(text(form, "lbltfaj"), QStringLiteral("Bright"));
+    EXPECT_EQ(text(form, "lbltish"), QStringLiteral("Bright"));
+}
+
+TEST_F(MainPanelTest, TheNextPrayerIsSetApartWithItsRemainingTime) {
+    frmmain form;
+    form.load();
+    const QString aser = text(form, "lbltasr");
+    set_clock(21, QStringView(aser).left(2).toInt() - 1, QStringView(aser).mid(3, 2).toInt() - 5);
+    form.timertime_event();
+    EXPECT_EQ(text(form, "lblnasr"), QStringLiteral("in 1 h 5 min"));
+    EXPECT_TRUE(control<QLabel>(form, "lbltasr").font().bold());
+    EXPECT_FALSE(control<QLabel>(form, "lbltdoh").font().bold());
+    EXPECT_NE(control<QLabel>(form, "lbltasr").palette().color(QPalette::WindowText),
+              control<QLabel>(form, "lbltdoh").palette().color(QPalette::WindowText));
+    EXPECT_EQ(control(form, "lbltasr").accessibleName(),
+              QStringLiteral("Aser ") + aser + QStringLiteral(" in 1 h 5 min"));
+}
+
+TEST_F(MainPanelTest, TheRemainingTimeInArabic) {
+    set_language(Language::arabic);
+    frmmain form;
+    form.load();
+    const QString aser = text(form, "lbltasr");
+    set_clock(21, QStringView(aser).left(2).toInt() - 1, QStringView(aser).mid(3, 2).toInt());
+    form.timertime_event();
+    EXPECT_EQ(text(form, "lblnasr"), QStringLiteral("بعد 1 س 0 د"));
+}
+
+TEST_F(MainPanelTest, HelpShowsTheHelpFile) {
+    frmmain form;
+    form.load();
+    click(form, "cmdhel");
+    EXPECT_EQ(platform_double.shown_files, std::vector<std::string>{"help.txt"});
+}
+
+TEST_F(MainPanelTest, HelpIsAskedForEvenWhenItsFileIsMissing) {
+    remove("help.txt");
+    frmmain form;
+    form.load();
+    click(form, "cmdhel");
+    EXPECT_EQ(platform_double.shown_files, std::vector<std::string>{"help.txt"});
+}
+
+TEST_F(MainPanelTest, AButtonWithoutAPanelDoesNothing) {
+    frmmain form;
+    form.load();
+    form.show();
+    for (const char* name : {"cmddat", "cmdloc", "cmdpre", "cmdqib", "cmdale", "cmdpha", "cmdcresv",
+                             "cmdtele", "cmdcon", "cmdcoor"})
+        click(form, name);
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_TRUE(platform_double.shown_files.empty());
+    EXPECT_TRUE(messages.empty());
+}
+
+QDialog* make_sample(QWidget* owner) {
+    auto* form = new QDialog(owner);
+    form->setObjectName(QStringLiteral("frmsample"));
+    return form;
+}
+
+TEST_F(MainPanelTest, AModalPanelHoldsTheOthersUntilItIsClosed) {
+    const Panel panels[] = {{"frmsample", "cmdpre", true, make_sample}};
+    frmmain form(panels);
+    form.load();
+    form.show();
+    bool was_modal = false;
+    QTimer::singleShot(0, &form, [&] {
+        QWidget* sample = open_window("frmsample");
+        was_modal = sample != nullptr && sample->isModal();
+        if (sample != nullptr)
+            sample->close();
+    });
+    click(form, "cmdpre");
+    EXPECT_TRUE(was_modal);
+    EXPECT_EQ(open_window("frmsample"), nullptr);
+}
+
+TEST_F(MainPanelTest, ANonModalPanelStaysBesideTheMainPanelAndOpensOnce) {
+    const Panel panels[] = {{"frmsample", "cmdqib", false, make_sample}};
+    frmmain form(panels);
+    form.load();
+    form.show();
+    click(form, "cmdqib");
+    QWidget* first = open_window("frmsample");
+    ASSERT_NE(first, nullptr);
+    EXPECT_FALSE(first->isModal());
+    click(form, "cmdqib");
+    EXPECT_EQ(open_window("frmsample"), first);
+}
+
+TEST_F(MainPanelTest, ExitUnloadsEveryOpenForm) {
+    const Panel panels[] = {{"frmsample", "cmdqib", false, make_sample}};
+    frmmain form(panels);
+    form.load();
+    form.show();
+    click(form, "cmdqib");
+    click(form, "cmdext");
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(open_window("frmsample"), nullptr);
+}
+
+TEST_F(MainPanelTest, TheCloseBoxDoesTheSameAsExit) {
+    const Panel panels[] = {{"frmsample", "cmdqib", false, make_sample}};
+    frmmain form(panels);
+    form.load();
+    form.show();
+    click(form, "cmdqib");
+    form.close();
+    EXPECT_EQ(open_window("frmsample"), nullptr);
+}
+
+TEST_F(MainPanelTest, AReloadTakesUpTheLanguageAtOnceAndBack) {
+    frmmain form;
+    form.load();
+    form.show();
+    set_language(Language::arabic);
+    reload_main_panel();
+    EXPECT_EQ(caption(form, "fratoday"), QStringLiteral("مواقيت الصلاة"));
+    EXPECT_EQ(form.layoutDirection(), Qt::RightToLeft);
+    set_language(Language::english);
+    reload_main_panel();
+    EXPECT_EQ(caption(form, "fratoday"), QStringLiteral("Prayer Times"));
+    EXPECT_EQ(caption(form, "lblby"), QStringLiteral("By Orlan Vesk"));
+    EXPECT_EQ(form.layoutDirection(), Qt::LeftToRight);
+    EXPECT_TRUE(form.isVisible());
+}
+
+TEST_F(MainPanelTest, AReloadShowsTheNewLocationAndItsTimes) {
+    frmmain form;
+    form.load();
+    const QStringList before = times(form);
+    Location location = read_loc();
+    location.name = "Mecca";
+    location.longitude_degrees = 39;
+    location.longitude_minutes = 49;
+    location.latitude_degrees = 21;
+    location.latitude_minutes = 25;
+    location.zone = 3;
+    write_loc(location);
+    reload_main_panel();
+    EXPECT_EQ(text(form, "lbltloc"), QStringLiteral("Mecca"));
+    EXPECT_NE(times(form), before);
+}
+
+TEST_F(MainPanelTest, AReloadReadsTheSeriesFilesAgain) {
+    frmmain form;
+    form.load();
+    remove("term.vsk");
+    EXPECT_THROW(reload_main_panel(), RunTimeFailure);
+}
+
+TEST_F(MainPanelTest, AReloadUnloadsTheOtherPanels) {
+    const Panel panels[] = {{"frmsample", "cmdqib", false, make_sample}};
+    frmmain form(panels);
+    form.load();
+    form.show();
+    click(form, "cmdqib");
+    reload_main_panel();
+    EXPECT_EQ(open_window("frmsample"), nullptr);
+    EXPECT_TRUE(form.isVisible());
+}
+
+TEST_F(MainPanelTest, PrayerTimesWritesItsReportAndShowsIt) {
+    set_period({2024, 6, 1}, {2024, 6, 3});
+    frmmain form;
+    form.load();
+    click(form, "cmdcom");
+    EXPECT_EQ(platform_double.shown_files, std::vector<std::string>{"results.out"});
+    const std::string report = content("results.out");
+    EXPECT_NE(report.find("03/06/2024"), std::string::npos);
+    EXPECT_NE(report.find("- Dark: The sky is always dark."), std::string::npos);
+    EXPECT_EQ(open_window("frmwait"), nullptr);
+}
+
+TEST_F(MainPanelTest, MoonTimesWritesItsReportAndShowsIt) {
+    set_period({2024, 6, 1}, {2024, 6, 3});
+    frmmain form;
+    form.load();
+    click(form, "cmdmoon");
+    EXPECT_EQ(platform_double.shown_files, std::vector<std::string>{"mresults.out"});
+    EXPECT_NE(content("mresults.out").find("Moon Transit"), std::string::npos);
+    EXPECT_FALSE(exists("results.out"));
+}
+
+TEST_F(MainPanelTest, TheReportsAreEnglishInBothLanguages) {
+    frmmain form;
+    form.load();
+    click(form, "cmdcom");
+    click(form, "cmdmoon");
+    const std::string prayer = content("results.out");
+    const std::string moon = content("mresults.out");
+    set_language(Language::arabic);
+    reload_main_panel();
+    click(form, "cmdcom");
+    click(form, "cmdmoon");
+    EXPECT_EQ(content("results.out"), prayer);
+    EXPECT_EQ(content("mresults.out"), moon);
+}
+
+TEST_F(MainPanelTest, AOneDayRunShowsAHundredPerCentAtOnceAndOneRow) {
+    frmmain form;
+    form.load();
+    QString percent;
+    int bar = -1;
+    during_run(1, [&] {
+        QWidget& wait = *open_window("frmwait");
+        percent = text(wait, "lblpro1");
+        bar = control<QProgressBar>(wait, "Pro1").value();
+    });
+    click(form, "cmdcom");
+    EXPECT_EQ(percent, QStringLiteral("100 %"));
+    EXPECT_EQ(bar, 100);
+    EXPECT_NE(content("results.out").find("21/06/2024     "), std::string::npos);
+}
+
+TEST_F(MainPanelTest, CancelLeavesTheRowsSoFarWithTheRemarksAndShowsNothing) {
+    set_period({2024, 1, 1}, {2024, 12, 31});
+    frmmain form;
+    form.load();
+    QElapsedTimer since_cancel;
+    during_run(20, [&] {
+        since_cancel.start();
+        click(*open_window("frmwait"), "bcancel");
+    });
+    click(form, "cmdcom");
+    EXPECT_LT(since_cancel.elapsed(), 200);
+    EXPECT_EQ(waitcancel, -1);
+    EXPECT_TRUE(platform_double.shown_files.empty());
+    EXPECT_EQ(open_window("frmwait"), nullptr);
+    const std::string report = content("results.out");
+    EXPECT_NE(report.find("\r\n02/01/2024"), std::string::npos);
+    EXPECT_EQ(report.find("\r\n31/12/2024"), std::string::npos);
+    EXPECT_NE(report.find("- Dark: The sky is always dark."), std::string::npos);
+}
+
+TEST_F(MainPanelTest, AfterACancelledRunTheNextOneRunsToItsEnd) {
+    set_period({2024, 1, 1}, {2024, 2, 15});
+    frmmain form;
+    form.load();
+    during_run(5, [] { click(*open_window("frmwait"), "bcancel"); });
+    click(form, "cmdmoon");
+    EXPECT_TRUE(platform_double.shown_files.empty());
+    click(form, "cmdmoon");
+    EXPECT_EQ(platform_double.shown_files, std::vector<std::string>{"mresults.out"});
+    EXPECT_EQ(waitcancel, 0);
+}
+
+TEST_F(MainPanelTest, TheClockRunsDuringARun) {
+    set_period({2024, 1, 1}, {2024, 2, 15});
+    frmmain form;
+    form.load();
+    QString during;
+    during_run(5, [&] {
+        set_clock(21, 15, 9);
+        form.timertime_event();
+        during = text(form, "lblmtime");
+    });
+    click(form, "cmdcom");
+    EXPECT_EQ(during, QStringLiteral("Machine's Time: 15:09"));
+}
+
+TEST_F(MainPanelTest, AnotherReportStartedDuringARunCompletesAndSoDoesTheFirst) {
+    set_period({2024, 1, 1}, {2024, 2, 15});
+    frmmain form;
+    form.load();
+    during_run(10, [&] { click(form, "cmdmoon"); });
+    click(form, "cmdcom");
+    EXPECT_EQ(platform_double.shown_files, (std::vector<std::string>{"mresults.out", "results.out"}));
+    EXPECT_NE(content("results.out").find("\r\n15/02/2024"), std::string::npos);
+    EXPECT_EQ(open_window("frmwait"), nullptr);
+}
+
+TEST_F(MainPanelTest, TheSameReportStartedTwiceIsWholeAtTheEnd) {
+    set_period({2024, 1, 1}, {2024, 2, 15});
+    frmmain form;
+    form.load();
+    click(form, "cmdcom");
+    const std::string once = content("results.out");
+    during_run(10, [&] { click(form, "cmdcom"); });
+    click(form, "cmdcom");
+    EXPECT_EQ(content("results.out"), once);
+}
+
+TEST_F(MainPanelTest, CancelEndsEveryRunUnderWay) {
+    set_period({2024, 1, 1}, {2024, 12, 31});
+    frmmain form;
+    form.load();
+    during_run(10, [&] {
+        during_run(10, [] { click(*open_window("frmwait"), "bcancel"); });
+        click(form, "cmdmoon");
+    });
+    click(form, "cmdcom");
+    EXPECT_TRUE(platform_double.shown_files.empty());
+    EXPECT_EQ(content("results.out").find("\r\n31/12/2024"), std::string::npos);
+    EXPECT_EQ(content("mresults.out").find("\r\n31/12/2024"), std::string::npos);
+}
+
+TEST_F(MainPanelTest, ClosingTheMainPanelEndsTheRun) {
+    set_period({2024, 1, 1}, {2024, 12, 31});
+    frmmain form;
+    form.load();
+    form.show();
+    during_run(10, [&] { form.close(); });
+    click(form, "cmdcom");
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(open_window("frmwait"), nullptr);
+    EXPECT_TRUE(platform_double.shown_files.empty());
+    EXPECT_NE(content("results.out").find("* Remarks:-"), std::string::npos);
+}
+
+TEST_F(MainPanelTest, AReloadDuringARunLeavesTheRunAlone) {
+    set_period({2024, 1, 1}, {2024, 2, 15});
+    frmmain form;
+    form.load();
+    click(form, "cmdcom");
+    const std::string undisturbed = content("results.out");
+    during_run(10, [] { reload_main_panel(); });
+    click(form, "cmdcom");
+    EXPECT_EQ(content("results.out"), undisturbed);
+    EXPECT_EQ(platform_double.shown_files.size(), 2U);
+}
+
+TEST_F(MainPanelTest, AFailureInMidRunLeavesTheEarlierReportUntouched) {
+    set_period({2024, 1, 1}, {2024, 1, 5});
+    frmmain form;
+    form.load();
+    put("results.out", "an earlier report\r\n");
+    Location location = read_loc();
+    location.temperature = -273;
+    write_loc(location);
+    EXPECT_THROW(form.cmdcom_clicked(), RunTimeFailure);
+    EXPECT_EQ(content("results.out"), "an earlier report\r\n");
+    EXPECT_EQ(open_window("frmwait"), nullptr);
+}
+
+class MainPanelRefusal : public MainPanelTest, public ::testing::WithParamInterface<Language> {};
+
+TEST_P(MainPanelRefusal, BeyondLatitudeSixtyFiveTellsThatTheMethodDoesNotWork) {
+    set_latitude(66);
+    Preferences preferences = read_pref();
+    preferences.high_latitude = 1;
+    preferences.english = GetParam() == Language::english;
+    write_pref(preferences);
+    frmmain form;
+    form.load();
+    click(form, "cmdcom");
+    ASSERT_EQ(messages.size(), 1U);
+    EXPECT_TRUE(messages[0].exclamation);
+    const bool english = GetParam() == Language::english;
+    EXPECT_EQ(messages[0].title, english ? QStringLiteral("High-Latitude Error!") : QStringLiteral("خطأ"));
+    EXPECT_EQ(
+        messages[0].text,
+        english
+            ? QStringLiteral("The Alternative Method Does Not Work Above Latitude 65. Please Disable The "
+                             "High-Latitude Alternative Method Calculations From The Preferences Menu!")
+            : QStringLiteral("طريقة حساب المواقيت البديلة لا تصلح بعد خط عرض 65، يرجى عدم تفعيل خيار حساب "
+                             "المواقيت البديلة لمناطق خطوط العرض العليا من قائمة الخيارات"));
+    EXPECT_TRUE(platform_double.shown_files.empty());
+    EXPECT_EQ(open_window("frmwait"), nullptr);
+}
+
+INSTANTIATE_TEST_SUITE_P(Both, MainPanelRefusal, ::testing::Values(Language::english, Language::arabic),
+                         [](const auto& row) {
+                             return row.param == Language::english ? "English" : "Arabic";
+                         });
+
+class MainPanelBothLanguages : public MainPanelTest, public ::testing::WithParamInterface<Language> {};
+
+TEST_P(MainPanelBothLanguages, EveryControlIsNamedReachedAndWhole) {
+    set_language(GetParam());
+    frmmain form;
+    form.load();
+    form.show();
+    EXPECT_EQ(wrong_captions(form, frmmain_twins(), GetParam()), QStringList());
+    EXPECT_EQ(nameless_controls(form), QStringList());
+    EXPECT_EQ(unreachable_controls(form), QStringList());
+    EXPECT_EQ(shared_access_keys(form), QStringList());
+    EXPECT_EQ(cut_texts(form), QStringList());
+}
+
+TEST_P(MainPanelBothLanguages, TheKeyboardAlonePressesAButton) {
+    set_language(GetParam());
+    frmmain form;
+    form.load();
+    form.show();
+    QTest::keyClick(&control(form, "cmdhel"), Qt::Key_Space);
+    EXPECT_EQ(platform_double.shown_files, std::vector<std::string>{"help.txt"});
+}
+
+INSTANTIATE_TEST_SUITE_P(In, MainPanelBothLanguages, ::testing::Values(Language::english, Language::arabic),
+                         [](const auto& row) {
+                             return row.param == Language::english ? "English" : "Arabic";
+                         });
+
+TEST_F(MainPanelTest, DarkColoursKeepTheContrastOfTheMarkAndTheTitles) {
+    const QPalette light = QApplication::palette();
+    const auto luminance = [](const QColor& colour) {
+        const auto part = [](double value) {
+            return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF()) + 0.0722 * part(colour.blueF());
+    };
+    for (const QPalette& palette : {light, QPalette(QColor(0x2b, 0x2b, 0x2b), QColor(0x23, 0x23, 0x23))}) {
+        QApplication::setPalette(palette);
+        frmmain form;
+        form.load();
+        for (const char* name : {"lbltasr", "lblhasr", "lblnasr", "lblhdoh", "lbltdoh"}) {
+            const QPalette& colours = control<QLabel>(form, name).palette();
+            const double ink = luminance(colours.color(QPalette::WindowText));
+            const double paper = luminance(colours.color(QPalette::Window));
+            EXPECT_GE((std::max(ink, paper) + 0.05) / (std::min(ink, paper) + 0.05), 4.5) << name;
+        }
+    }
+    QApplication::setPalette(light);
+}
+
+} // namespace
+} // namespace halvane

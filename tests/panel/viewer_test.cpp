@@ -1,0 +1,193 @@
+#include "app/messages.h"
+#include "app/platform/linuxplatform.h"
+#include "app/viewer.h"
+#include "app/viewerpages.h"
+#include "tests/panel/panelharness.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QPdfWriter>
+#include <QPlainTextEdit>
+#include <QTextBlock>
+
+namespace halvane {
+namespace {
+
+class ViewerTest : public PanelTest {
+protected:
+    void SetUp() override {
+        put("results.out",
+            "By the Name of Allah\r\n\r\n01/06/2024     03:53     05:31\r\n02/06/2024     03:52     05:31\r\n"
+            "- عمان, Long: 35:56\r\n");
+    }
+    void TearDown() override { set_file_chooser({}); }
+    QString file() const { return QString::fromStdString(path("results.out")); }
+};
+
+TEST_F(ViewerTest, ShowsTheFileFromItsFirstLineWithItsColumns) {
+    Viewer viewer(file());
+    EXPECT_EQ(viewer.windowTitle(), QStringLiteral("results.out"));
+    EXPECT_EQ(viewer.text().textCursor().position(), 0);
+    EXPECT_TRUE(viewer.text().isReadOnly());
+    EXPECT_EQ(viewer.text().document()->findBlockByNumber(2).text(),
+              QStringLiteral("01/06/2024     03:53     05:31"));
+    EXPECT_EQ(viewer.text().lineWrapMode(), QPlainTextEdit::NoWrap);
+    const QFontMetricsF metrics(viewer.text().font());
+    EXPECT_DOUBLE_EQ(metrics.horizontalAdvance(u'i'), metrics.horizontalAdvance(u'W'))
+        << "one width for every character";
+}
+
+TEST_F(ViewerTest, AReportStaysLeftToRightInArabicAndWithAnArabicName) {
+    set_language(Language::arabic);
+    Viewer viewer(file());
+    EXPECT_EQ(viewer.layoutDirection(), Qt::RightToLeft);
+    EXPECT_EQ(viewer.text().layoutDirection(), Qt::LeftToRight);
+    for (QTextBlock line = viewer.text().document()->begin(); line.isValid(); line = line.next())
+        EXPECT_EQ(line.textDirection(), Qt::LeftToRight) << line.blockNumber();
+}
+
+TEST_F(ViewerTest, AnArabicParagraphOfAPlainTextRunsRightToLeft) {
+    put("guide.txt", "Times\r\nمواقيت الصلاة\r\n");
+    Viewer viewer(QString::fromStdString(path("guide.txt")));
+    EXPECT_EQ(viewer.text().document()->findBlockByNumber(0).textDirection(), Qt::LeftToRight);
+    EXPECT_EQ(viewer.text().document()->findBlockByNumber(1).textDirection(), Qt::RightToLeft);
+}
+
+TEST_F(ViewerTest, AMissingFileIsToldInTheWindow) {
+    Viewer viewer(QString::fromStdString(path("nothing.txt")));
+    EXPECT_TRUE(viewer.text().toPlainText().contains(QStringLiteral("nothing.txt")));
+}
+
+TEST_F(ViewerTest, ThePlatformOpensItMaximised) {
+    LinuxPlatform().show_text_file("results.out");
+    QWidget* viewer = open_window("viewer");
+    ASSERT_NE(viewer, nullptr);
+    EXPECT_TRUE(viewer->isMaximized());
+    EXPECT_EQ(viewer->windowTitle(), QStringLiteral("results.out"));
+}
+
+TEST_F(ViewerTest, FindGoesFromPlaceToPlaceAndStartsAgainAtTheTop) {
+    Viewer viewer(file());
+    enter(viewer, "txtfind", QStringLiteral("05:31"));
+    EXPECT_TRUE(viewer.find_next());
+    EXPECT_EQ(viewer.text().textCursor().blockNumber(), 2);
+    EXPECT_EQ(viewer.text().textCursor().selectedText(), QStringLiteral("05:31"));
+    EXPECT_TRUE(viewer.find_next());
+    EXPECT_EQ(viewer.text().textCursor().blockNumber(), 3);
+    EXPECT_TRUE(viewer.find_next());
+    EXPECT_EQ(viewer.text().textCursor().blockNumber(), 2);
+    click(viewer, "cmdprevious");
+    EXPECT_EQ(viewer.text().textCursor().blockNumber(), 3);
+}
+
+TEST_F(ViewerTest, FindTellsWhenThereIsNoSuchText) {
+    Viewer viewer(file());
+    enter(viewer, "txtfind", QStringLiteral("25:99"));
+    QTest::keyClick(&control(viewer, "txtfind"), Qt::Key_Return);
+    EXPECT_EQ(caption(viewer, "lblfound"), QStringLiteral("Not found"));
+    EXPECT_EQ(viewer.text().textCursor().position(), 0);
+}
+
+TEST_F(ViewerTest, ZoomChangesTheSizeOfTypeAndReturns) {
+    Viewer viewer(file());
+    const double normal = viewer.text().font().pointSizeF();
+    click(viewer, "cmdlarger");
+    click(viewer, "cmdlarger");
+    EXPECT_DOUBLE_EQ(viewer.text().font().pointSizeF(), normal + 2);
+    click(viewer, "cmdsmaller");
+    EXPECT_DOUBLE_EQ(viewer.text().font().pointSizeF(), normal + 1);
+    click(viewer, "cmdnormal");
+    EXPECT_DOUBLE_EQ(viewer.text().font().pointSizeF(), normal);
+}
+
+TEST_F(ViewerTest, CopyTakesTheSelectionOrElseTheWholeText) {
+    Viewer viewer(file());
+    click(viewer, "cmdcopy");
+    EXPECT_TRUE(QApplication::clipboard()->text().startsWith(QStringLiteral("By the Name of Allah\n")));
+    enter(viewer, "txtfind", QStringLiteral("05:31"));
+    viewer.find_next();
+    click(viewer, "cmdcopy");
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("05:31"));
+}
+
+TEST_F(ViewerTest, SaveAsWritesTheSameBytesUnderTheChosenName) {
+    Viewer viewer(file());
+    QString proposed;
+    set_file_chooser([&](const QString&, const QString& name) {
+        proposed = name;
+        return QString::fromStdString(path("copy.txt"));
+    });
+    click(viewer, "cmdsave");
+    EXPECT_EQ(proposed, QStringLiteral("results.out"));
+    EXPECT_EQ(content("copy.txt"), content("results.out"));
+    EXPECT_TRUE(messages.empty());
+}
+
+TEST_F(ViewerTest, SaveAsToAFolderThatIsNotThereIsTold) {
+    Viewer viewer(file());
+    set_file_chooser(
+        [&](const QString&, const QString&) { return QString::fromStdString(path("no/such/copy.txt")); });
+    click(viewer, "cmdsave");
+    ASSERT_EQ(messages.size(), 1U);
+    EXPECT_TRUE(messages[0].text.contains(QStringLiteral("copy.txt")));
+}
+
+TEST_F(ViewerTest, GivingUpTheSaveWritesNothing) {
+    Viewer viewer(file());
+    set_file_chooser([](const QString&, const QString&) { return QString(); });
+    click(viewer, "cmdsave");
+    click(viewer, "cmdpdf");
+    EXPECT_FALSE(exists("results.pdf"));
+    EXPECT_TRUE(messages.empty());
+}
+
+TEST_F(ViewerTest, MakesAPdf) {
+    Viewer viewer(file());
+    set_file_chooser([&](const QString&, const QString& name) {
+        return QString::fromStdString(path(name.toStdString()));
+    });
+    click(viewer, "cmdpdf");
+    ASSERT_TRUE(exists("results.pdf"));
+    QFile pdf(QString::fromStdString(path("results.pdf")));
+    ASSERT_TRUE(pdf.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(pdf.readAll().startsWith("%PDF-"));
+}
+
+TEST_F(ViewerTest, ALongTextFillsAsManyPagesAsItNeeds) {
+    QFile target(QString::fromStdString(path("long.pdf")));
+    ASSERT_TRUE(target.open(QIODevice::WriteOnly));
+    QPdfWriter writer(&target);
+    EXPECT_EQ(print_pages(writer, QStringLiteral("short"), QStringLiteral("one line")), 1);
+    QFile second(QString::fromStdString(path("longer.pdf")));
+    ASSERT_TRUE(second.open(QIODevice::WriteOnly));
+    QPdfWriter long_writer(&second);
+    EXPECT_GE(print_pages(long_writer, QStringLiteral("long"), QStringLiteral("a line\n").repeated(400)), 5);
+}
+
+TEST_F(ViewerTest, EscapeClosesIt) {
+    Viewer viewer(file());
+    viewer.show();
+    QTest::keyClick(&viewer.text(), Qt::Key_Escape);
+    EXPECT_FALSE(viewer.isVisible());
+}
+
+class ViewerBothLanguages : public ViewerTest, public ::testing::WithParamInterface<Language> {};
+
+TEST_P(ViewerBothLanguages, EveryControlIsNamedReachedAndWhole) {
+    set_language(GetParam());
+    Viewer viewer(file());
+    viewer.show();
+    EXPECT_EQ(wrong_captions(viewer, viewer_twins(), GetParam()), QStringList());
+    EXPECT_EQ(nameless_controls(viewer), QStringList());
+    EXPECT_EQ(unreachable_controls(viewer), QStringList());
+    EXPECT_EQ(shared_access_keys(viewer), QStringList());
+    EXPECT_EQ(cut_texts(viewer), QStringList());
+}
+
+INSTANTIATE_TEST_SUITE_P(In, ViewerBothLanguages, ::testing::Values(Language::english, Language::arabic),
+                         [](const auto& row) {
+                             return row.param == Language::english ? "English" : "Arabic";
+                         });
+
+} // namespace
+} // namespace halvane

@@ -1,0 +1,166 @@
+// screenshots FOLDER DATA: pictures of every panel in both languages, at the scale of QT_SCALE_FACTOR. The
+// panels stand on a temporary program folder made of the delivered files DATA and a fixed clock.
+
+#include "app/frmmain.h"
+#include "app/frmstyle.h"
+#include "app/frmsupport.h"
+#include "app/frmwait.h"
+#include "app/messages.h"
+#include "app/panels.h"
+#include "app/stored/date.h"
+#include "app/stored/failure.h"
+#include "app/stored/loc.h"
+#include "app/stored/pref.h"
+#include "app/stored/programfolder.h"
+#include "app/viewer.h"
+#include "calendar/machineclock.h"
+#include "prayer/cmdcom.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QMessageBox>
+#include <QPixmap>
+#include <QTemporaryDir>
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+
+namespace halvane {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int kSettleTime = 300; // [ms]
+
+class SilentProgress : public Progress {
+public:
+    void percent(double) override {}
+    bool yield() override { return true; }
+};
+
+void settle() {
+    QElapsedTimer time;
+    time.start();
+    while (time.elapsed() < kSettleTime)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, kSettleTime);
+}
+
+class Camera {
+public:
+    Camera(QString folder, Language language) : folder_(std::move(folder)), language_(language) {}
+
+    /// Shows `form` and keeps its picture as "name-language-scale.png".
+    void take(QWidget& form, const QString& name) const {
+        form.show();
+        settle();
+        const QString scale = qEnvironmentVariable("QT_SCALE_FACTOR", QStringLiteral("1"));
+        const QString language = language_ == Language::english ? QStringLiteral("en") : QStringLiteral("ar");
+        const QString file = QStringLiteral("%1/%2-%3-%4.png").arg(folder_, name, language, scale);
+        if (!form.grab().save(file, "PNG"))
+            std::fprintf(stderr, "screenshots: %s cannot be written\n", qPrintable(file));
+        form.hide();
+    }
+
+private:
+    QString folder_;
+    Language language_;
+};
+
+void copy_program_folder(const fs::path& data, const fs::path& folder) {
+    for (const fs::directory_entry& entry : fs::directory_iterator(data))
+        if (entry.is_regular_file() || entry.path().filename() == "images")
+            fs::copy(entry.path(), folder / entry.path().filename(), fs::copy_options::recursive);
+}
+
+void set_sample_settings(Language language) {
+    Preferences preferences = read_pref();
+    preferences.english = language == Language::english;
+    write_pref(preferences);
+    CalculationDate date;
+    date.period = true;
+    date.system_date = false;
+    date.start = date.from = {2024, 6, 1};
+    date.end = date.to = {2024, 6, 30};
+    date.one = {2024, 6, 21};
+    write_date(date);
+    MachineTime time;
+    time.year = 2024;
+    time.month = 6;
+    time.day = 21;
+    time.hour = 15;
+    time.minute = 7;
+    set_machine_time(time);
+}
+
+void take_shared_windows(const Camera& camera, Language language) {
+    frmwait wait;
+    wait.load(language == Language::english ? QStringLiteral("Prayer Times")
+                                            : QStringLiteral("مواقيت الصلاة"));
+    wait.show_percent(42.5);
+    camera.take(wait, QStringLiteral("frmwait"));
+
+    SilentProgress progress;
+    cmdcom(progress);
+    Viewer report(QString::fromStdString(program_path("results.out")));
+    camera.take(report, QStringLiteral("viewer"));
+    Viewer help(QString::fromStdString(program_path("help.txt")));
+    camera.take(help, QStringLiteral("help"));
+
+    set_message_presenter([&camera](QMessageBox& box) {
+        camera.take(box, QStringLiteral("message"));
+        return true;
+    });
+    const HighLatitudeMessage& words = high_latitude_message;
+    if (language == Language::english)
+        warn(nullptr, QString::fromUtf8(words.title), QString::fromUtf8(words.text), language);
+    else
+        warn(nullptr, QString::fromUtf8(words.title_arabic), QString::fromUtf8(words.text_arabic), language);
+    set_message_presenter({});
+}
+
+void take_all(const QString& folder, Language language) {
+    set_sample_settings(language);
+    const Camera camera(folder, language);
+    frmmain main_panel(panels());
+    main_panel.load();
+    camera.take(main_panel, QStringLiteral("frmmain"));
+    for (const Panel& panel : panels()) {
+        const std::unique_ptr<QDialog> form(panel.make(nullptr));
+        camera.take(*form, QString::fromLatin1(panel.form));
+    }
+    take_shared_windows(camera, language);
+}
+
+int run(int count, char** words) {
+    if (count != 3) {
+        std::fputs("usage: screenshots FOLDER DATA\n", stderr);
+        return 2;
+    }
+    QApplication application(count, words);
+    if (qEnvironmentVariableIsSet("HALVANE_DARK")) {
+        QPalette dark(QColor(0x2b, 0x2b, 0x2b), QColor(0x23, 0x23, 0x23));
+        QApplication::setPalette(dark);
+    }
+    use_halvane_look();
+    handle_events_while_waiting();
+    QTemporaryDir program;
+    copy_program_folder(words[2], program.path().toStdString());
+    set_program_folder(program.path().toStdString());
+    QDir().mkpath(QString::fromLocal8Bit(words[1]));
+    for (const Language language : {Language::english, Language::arabic})
+        take_all(QString::fromLocal8Bit(words[1]), language);
+    return 0;
+}
+
+} // namespace
+} // namespace halvane
+
+int main(int count, char** words) {
+    try {
+        return halvane::run(count, words);
+    } catch (const halvane::RunTimeFailure& failure) {
+        std::fprintf(stderr, "screenshots: %s\n", failure.what());
+        return 1;
+    }
+}

@@ -65,6 +65,7 @@ frmqib::~frmqib() = default;
 
 void frmqib::set_sizes() {
     set_spacing(*this);
+    ui_->columns->setSpacing(3 * space_unit(*this));
     scale_font(*ui_->lblhead, kHeadSize);
     scale_font(*ui_->lblang, kFigureSize);
     for (QLabel* label : {ui_->lblloc, ui_->lblqibtim, ui_->lbln, ui_->lbls, ui_->lble, ui_->lblw})

@@ -73,16 +73,15 @@ QiblahDial::QiblahDial(QWidget* parent) : QWidget(parent) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }
 
-QSize QiblahDial::letter_size(const char* name) const {
-    const auto* letter = findChild<QLabel*>(QString::fromLatin1(name));
-    return letter != nullptr ? letter->sizeHint() : QSize();
+QSize QiblahDial::letter_room() const {
+    QSize largest;
+    for (const QLabel* any : findChildren<QLabel*>())
+        largest = largest.expandedTo(any->sizeHint());
+    return largest + QSize(gap(), gap());
 }
 
-QSize QiblahDial::letter_room() const {
-    const int gap = space_unit(*this) / 2;
-    const int wide = std::max(letter_size("lble").width(), letter_size("lblw").width());
-    const int high = std::max(letter_size("lbln").height(), letter_size("lbls").height());
-    return {wide + gap, high + gap};
+int QiblahDial::gap() const {
+    return space_unit(*this) / 2;
 }
 
 QSize QiblahDial::size_around(int diameter) const {
@@ -110,27 +109,28 @@ void QiblahDial::resizeEvent(QResizeEvent* /*event*/) {
 }
 
 void QiblahDial::place_controls() {
-    const QSize room = letter_room();
-    const QSize inner = size() - 2 * room;
+    const QSize inner = size() - 2 * letter_room();
     const int diameter = std::max(0, std::min(inner.width(), inner.height()));
     QRect circle(0, 0, diameter, diameter);
     circle.moveCenter(rect().center());
     for (auto* drawing : findChildren<DialDrawing*>())
         drawing->setGeometry(circle);
-    const QPoint centre = circle.center();
-    const QSize away = QSize(diameter, diameter) / 2 + room;
-    place_letter("lbln", {centre.x(), centre.y() - away.height() + letter_size("lbln").height() / 2});
-    place_letter("lbls", {centre.x(), centre.y() + away.height() - letter_size("lbls").height() / 2});
-    const int beside = diameter / 2 + space_unit(*this) / 2;
-    place_letter("lble", {centre.x() + beside + letter_size("lble").width() / 2, centre.y()});
-    place_letter("lblw", {centre.x() - beside - letter_size("lblw").width() / 2, centre.y()});
+    const QRect around = circle.adjusted(-gap(), -gap(), gap(), gap());
+    place_letter("lbln", around, [&](QRect& place) { place.moveBottom(around.top() - 1); });
+    place_letter("lbls", around, [&](QRect& place) { place.moveTop(around.bottom() + 1); });
+    place_letter("lble", around, [&](QRect& place) { place.moveLeft(around.right() + 1); });
+    place_letter("lblw", around, [&](QRect& place) { place.moveRight(around.left() - 1); });
 }
 
-void QiblahDial::place_letter(const char* name, const QPoint& centre) {
-    QRect place(QPoint(), letter_size(name));
-    place.moveCenter(centre);
-    if (auto* letter = findChild<QLabel*>(QString::fromLatin1(name)))
-        letter->setGeometry(place);
+void QiblahDial::place_letter(const char* name, const QRect& around,
+                              const std::function<void(QRect&)>& beside) {
+    auto* label = findChild<QLabel*>(QString::fromLatin1(name));
+    if (label == nullptr)
+        return;
+    QRect place(QPoint(), label->sizeHint());
+    place.moveCenter(around.center());
+    beside(place);
+    label->setGeometry(place);
 }
 
 } // namespace halvane

@@ -3,8 +3,7 @@
 #include "qibla/dialgeometry.h"
 
 #include <QWidget>
-
-class QLabel;
+#include <functional>
 
 namespace halvane {
 
@@ -67,12 +66,13 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    /// Room beside and above the circle for the letters                                       [pixel]
+    /// Between the circle and its letters                                                      [pixel]
+    int gap() const;
+    /// Room for the letters on every side of the circle                                        [pixel]
     QSize letter_room() const;
     QSize size_around(int diameter) const;
-    QSize letter_size(const char* name) const;
     void place_controls();
-    void place_letter(const char* name, const QPoint& centre);
+    void place_letter(const char* name, const QRect& around, const std::function<void(QRect&)>& beside);
 };
 
 } // namespace halvane

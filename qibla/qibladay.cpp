@@ -87,7 +87,9 @@ double target_azimuth(float direction, bool shadow) {
 }
 
 double qiblah_altitude_limit(double height, double pressure, double temperature) {
-    return -(horizon_dip(height) + horizon_refraction(pressure, temperature) + 0.2665639 - 0.0024);
+    const double depression =
+        horizon_dip(height) + horizon_refraction(pressure, temperature) + 0.2665639 - 0.0024;
+    return -require_finite(depression, "the altitude of the horizon");
 }
 
 QiblahFind find_qiblah_moment(const QiblahSearch& search, double base, QiblahRoot root) {

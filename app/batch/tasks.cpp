@@ -45,6 +45,8 @@ int run_qibla(Progress& progress, QiblahMark mark) {
     load_term();
     load_mterm();
     return report_written(cmdqib(progress, stored_qiblah_direction(), mark), "results.out");
+}
+
 int run_ephemeris(Progress& progress) {
     load_termfull();
     load_mterm();

@@ -1,5 +1,6 @@
 #include "tools/measuring/scratchfolder.h"
 
+#include "app/stored/date.h"
 #include "app/stored/programfolder.h"
 
 #include <cstdlib>
@@ -24,6 +25,16 @@ ScratchFolder::~ScratchFolder() {
     set_program_folder(folder_before_);
     std::error_code ignored;
     std::filesystem::remove_all(path_, ignored);
+}
+
+void store_year(int year) {
+    CalculationDate date = read_date();
+    date.one_day = false;
+    date.period = true;
+    date.system_date = false;
+    date.start = date.from = {static_cast<double>(year), 1, 1};
+    date.end = date.to = {static_cast<double>(year), 12, 31};
+    write_date(date);
 }
 
 } // namespace halvane

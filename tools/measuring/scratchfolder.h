@@ -20,4 +20,7 @@ private:
     std::string folder_before_;
 };
 
+/// Makes the stored calculation date a whole year.
+void store_year(int year);
+
 } // namespace halvane

@@ -1,5 +1,9 @@
 #include "app/panels.h"
 
+#include "app/frmdate.h"
+#include "app/frmlocation.h"
+#include "app/frmpreferences.h"
+#include "calendar/frmhej.h"
 #include "tables/frmcoor.h"
 #include "telescope/frmtele.h"
 
@@ -9,6 +13,10 @@ namespace halvane {
 
 std::span<const Panel> panels() {
     static const std::vector<Panel> all{
+        {"frmlocation", "cmdloc", true, make_panel<frmlocation>},
+        {"frmdate", "cmddat", true, make_panel<frmdate>},
+        {"frmpreferences", "cmdpre", true, make_panel<frmpreferences>},
+        {"frmhej", "cmdcon", true, make_panel<frmhej>},
         {"frmcoor", "cmdcoor", false, make_panel<frmcoor>},
         {"frmtele", "cmdtele", true, make_panel<frmtele>},
     };

@@ -137,6 +137,7 @@ frmlocation::frmlocation(QWidget* owner)
     select_whole_text_on_focus(*this);
     connect_controls();
     load();
+    fit_form(*this);
 }
 
 frmlocation::~frmlocation() = default;

@@ -14,13 +14,17 @@
 #include "app/stored/programfolder.h"
 #include "app/viewer.h"
 #include "calendar/machineclock.h"
+#include "crescent/frmcresv.h"
+#include "crescent/frmmap.h"
 #include "prayer/cmdcom.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QMessageBox>
 #include <QPixmap>
+#include <QRadioButton>
 #include <QTemporaryDir>
 #include <cstdio>
 #include <filesystem>
@@ -93,6 +97,22 @@ void set_sample_settings(Language language) {
     set_machine_time(time);
 }
 
+/// The crescent panel with its days found, and the map it opens, drawn.
+void take_crescent(const Camera& camera) {
+    frmcresv form;
+    form.show();
+    form.cmdprev_click();
+    camera.take(form, QStringLiteral("frmcresv-days"));
+    frmmap map;
+    map.findChild<QComboBox*>(QStringLiteral("cbocri"))->setCurrentIndex(1);
+    map.findChild<QRadioButton*>(QStringLiteral("opt1"))->setChecked(true);
+    map.resize(map.sizeHint());
+    map.show();
+    settle();
+    map.cmddraw_click();
+    camera.take(map, QStringLiteral("frmmap"));
+}
+
 void take_shared_windows(const Camera& camera, Language language) {
     frmwait wait;
     wait.load(language == Language::english ? QStringLiteral("Prayer Times")
@@ -129,6 +149,7 @@ void take_all(const QString& folder, Language language) {
         const std::unique_ptr<QDialog> form(panel.make(nullptr));
         camera.take(*form, QString::fromLatin1(panel.form));
     }
+    take_crescent(camera);
     take_shared_windows(camera, language);
 }
 

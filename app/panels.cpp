@@ -5,6 +5,7 @@
 #include "app/frmpreferences.h"
 #include "calendar/frmhej.h"
 #include "phases/frmphase.h"
+#include "qibla/frmqib.h"
 
 #include <vector>
 
@@ -17,6 +18,7 @@ std::span<const Panel> panels() {
         {"frmpreferences", "cmdpre", true, make_panel<frmpreferences>},
         {"frmhej", "cmdcon", true, make_panel<frmhej>},
         {"frmphase", "cmdpha", false, make_panel<frmphase>},
+        {"frmqib", "cmdqib", false, make_panel<frmqib>},
     };
     return all;
 }

@@ -1,17 +1,21 @@
 #include "crescent/circumstances.h"
 
+#include "app/report/head.h"
+#include "app/stored/date.h"
 #include "calendar/moddateconv.h"
 #include "calendar/moddeltat.h"
 #include "calendar/modjul.h"
 #include "crescent/crescentreport.h"
 #include "events/phase.h"
 #include "phases/phaseyear.h"
+#include "prayer/cmdcom.h"
+#include "prayer/cmdmoon.h"
 #include "prayer/crescentmode.h"
 #include "tests/crescent/crescentfixture.h"
+#include "tests/golden/recordingprogress.h"
 
 #include <cmath>
 #include <numbers>
-#include <random>
 
 namespace halvane {
 namespace {
@@ -331,6 +335,35 @@ TEST_F(Circumstance, ConjunctionsAreTheNewMoonsOfThePhaseTable) {
         worst = std::max(worst, std::fabs(find_conjunction(settings).local + delta_t - phase.jd));
     }
     EXPECT_LT(worst / second, 1);
+}
+
+TEST_F(Circumstance, EventsAreThoseOfThePrayerAndTheMoonReport) {
+    for (const int month : {1, 4, 7, 10})
+        for (const bool is_new : {true, false}) {
+            const CrescentSettings settings = timed(crescent_near(15, month, 2026, is_new), 0, 2);
+            const DateNumbers date = civil_date(at(settings).day);
+            CalculationDate period = read_date();
+            period.one_day = true;
+            period.period = period.system_date = false;
+            period.start = period.end = date;
+            write_date(period);
+            RecordingProgress progress;
+            ASSERT_EQ(cmdcom(progress), RunOutcome::done);
+            ASSERT_EQ(cmdmoon(progress), RunOutcome::done);
+            const std::string crescent = report(settings);
+            // The row of the day: date, then the columns of the seconds' layout.
+            const auto row_of = [&date](const std::string& text) {
+                const std::size_t start = text.rfind("\r\n" + date_text(date) + " ") + 2;
+                return text.substr(start, text.find("\r\n", start) - start);
+            };
+            const std::string prayers = row_of(folder.content("results.out"));
+            const std::string moon = row_of(folder.content("mresults.out"));
+            const auto event = [&crescent](const char* label) {
+                return value_behind(crescent, label).substr(0, 8);
+            };
+            EXPECT_EQ(prayers.substr(is_new ? 53 : 23, 8), event(is_new ? "- Sunset:" : "- Sunrise:"));
+            EXPECT_EQ(moon.substr(is_new ? 54 : 16, 8), event(is_new ? "- Moonset:" : "- Moorise:"));
+        }
 }
 
 TEST_F(Circumstance, RunsLeaveTheSwitchesAsTheyWere) {

@@ -6,6 +6,8 @@
 #include "calendar/frmhej.h"
 #include "phases/frmphase.h"
 #include "qibla/frmqib.h"
+#include "tables/frmcoor.h"
+#include "telescope/frmtele.h"
 
 #include <vector>
 
@@ -19,6 +21,8 @@ std::span<const Panel> panels() {
         {"frmhej", "cmdcon", true, make_panel<frmhej>},
         {"frmphase", "cmdpha", false, make_panel<frmphase>},
         {"frmqib", "cmdqib", false, make_panel<frmqib>},
+        {"frmcoor", "cmdcoor", false, make_panel<frmcoor>},
+        {"frmtele", "cmdtele", true, make_panel<frmtele>},
     };
     return all;
 }

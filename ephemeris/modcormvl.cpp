@@ -1,6 +1,7 @@
 #include "ephemeris/coordinates.h"
 #include "ephemeris/earthorientation.h"
 #include "ephemeris/fastplace.h"
+#include "ephemeris/interpolation.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/moonplace.h"
 
@@ -15,11 +16,27 @@ struct FastMoon {
     double nutation = 0;  ///< in longitude [deg]
 };
 
+EclipticMoon computed_moon(double days) {
+    return periodic_moon(days / 365250);
+}
+
+InterpolatedSeries interpolated_moon([](double days) {
+    const EclipticMoon moon = computed_moon(days);
+    return InterpolatedSeries::Values{moon.longitude, moon.latitude, moon.distance};
+});
+
+EclipticMoon ecliptic_moon(double days) {
+    if (!interpolating)
+        return computed_moon(days);
+    const auto [longitude, latitude, distance, none] = interpolated_moon.at(days);
+    return {rev360(longitude), latitude, distance};
+}
+
 FastMoon fast_moon(double jd) {
     FastMoon moon{};
     double nutation_obliquity = 0;
     modobliquitylow(jd, nutation_obliquity, moon.nutation, moon.obliquity);
-    moon.place = periodic_moon(jd + days_to_dynamical_time(jd) - epoch_j2000);
+    moon.place = ecliptic_moon(jd + days_to_dynamical_time(jd) - epoch_j2000);
     moon.place.longitude += moon.nutation;
     return moon;
 }

@@ -4,6 +4,8 @@
 #include "app/frmlocation.h"
 #include "app/frmpreferences.h"
 #include "calendar/frmhej.h"
+#include "phases/frmphase.h"
+#include "qibla/frmqib.h"
 #include "tables/frmcoor.h"
 #include "telescope/frmtele.h"
 
@@ -17,6 +19,8 @@ std::span<const Panel> panels() {
         {"frmdate", "cmddat", true, make_panel<frmdate>},
         {"frmpreferences", "cmdpre", true, make_panel<frmpreferences>},
         {"frmhej", "cmdcon", true, make_panel<frmhej>},
+        {"frmphase", "cmdpha", false, make_panel<frmphase>},
+        {"frmqib", "cmdqib", false, make_panel<frmqib>},
         {"frmcoor", "cmdcoor", false, make_panel<frmcoor>},
         {"frmtele", "cmdtele", true, make_panel<frmtele>},
     };

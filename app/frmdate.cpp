@@ -88,6 +88,7 @@ frmdate::frmdate(QWidget* owner)
         connect(option, &QRadioButton::toggled, this, &frmdate::option_click);
     connect(ui_->cmdok, &QPushButton::clicked, this, &frmdate::cmdok_click);
     connect(ui_->cmdcan, &QPushButton::clicked, this, &QDialog::reject);
+    fit_form(*this);
 }
 
 frmdate::~frmdate() = default;

@@ -110,7 +110,7 @@ QLineEdit& box_of(const QWidget& form, const NumberBox& box) {
 
 /// In alphabetical order whatever the system's language; names that differ in case only keep apart.
 QStringList sorted_names(const std::vector<Location>& locations) {
-    QCollator order(QLocale(QLocale::English));
+    QCollator order{QLocale(QLocale::English)};
     order.setCaseSensitivity(Qt::CaseInsensitive);
     std::vector<std::pair<QCollatorSortKey, QString>> keyed;
     keyed.reserve(locations.size());
@@ -137,6 +137,7 @@ frmlocation::frmlocation(QWidget* owner)
     select_whole_text_on_focus(*this);
     connect_controls();
     load();
+    fit_form(*this);
 }
 
 frmlocation::~frmlocation() = default;

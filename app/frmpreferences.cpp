@@ -91,6 +91,7 @@ frmpreferences::frmpreferences(QWidget* owner)
     connect(ui_->cmddef, &QPushButton::clicked, this, &frmpreferences::cmddef_click);
     connect(ui_->cmdok, &QPushButton::clicked, this, &frmpreferences::cmdok_click);
     connect(ui_->cmdcan, &QPushButton::clicked, this, &QDialog::reject);
+    fit_form(*this);
 }
 
 frmpreferences::~frmpreferences() = default;

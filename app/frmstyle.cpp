@@ -188,4 +188,9 @@ void fit_width(QWidget& control, const QString& longest) {
     control.setMinimumWidth(text + 3 * space_unit(control));
 }
 
+void fit_form(QWidget& form) {
+    form.ensurePolished();
+    form.resize(form.sizeHint());
+}
+
 } // namespace halvane

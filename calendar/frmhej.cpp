@@ -65,6 +65,7 @@ frmhej::frmhej(QWidget* owner)
     connect(ui_->opthtg, &QRadioButton::toggled, this, &frmhej::option_click);
     connect(ui_->cmdcon, &QPushButton::clicked, this, &frmhej::cmdcon_click);
     connect(ui_->cmdcan, &QPushButton::clicked, this, &QDialog::reject);
+    fit_form(*this);
 }
 
 frmhej::~frmhej() = default;

@@ -296,6 +296,12 @@ TEST_F(DateTest, FocusSelectsTheWholeYear) {
     }
 }
 
+TEST_F(DateTest, TabVisitsTheControlsInReadingOrder) {
+    frmdate form;
+    EXPECT_EQ(tab_order(form).join(u' '), "optsystem optday txtoyear cboomonth cbooday optper txtfyear "
+                                          "cbofmonth cbofday txttyear cbotmonth cbotday cmdok cmdcan");
+}
+
 TEST_F(DateTest, EveryControlIsReachedAndNamed) {
     for (const Language language : {Language::english, Language::arabic}) {
         set_language(language);

@@ -269,6 +269,11 @@ TEST_F(HejricTest, FocusSelectsTheWholeYear) {
     EXPECT_EQ(control<QLineEdit>(form, "txty").selectedText(), "1435");
 }
 
+TEST_F(HejricTest, TabVisitsTheControlsInReadingOrder) {
+    frmhej form;
+    EXPECT_EQ(tab_order(form).join(u' '), "opthtg optgth txty cbom cbod cmdcon cmdcan");
+}
+
 TEST_F(HejricTest, EveryControlIsReachedAndNamed) {
     for (const Language language : {Language::english, Language::arabic}) {
         set_language(language);

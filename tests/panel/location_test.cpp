@@ -596,6 +596,13 @@ TEST_F(LocationTest, FocusSelectsTheWholeTextOfEveryBox) {
     }
 }
 
+TEST_F(LocationTest, TabVisitsTheControlsInReadingOrder) {
+    frmlocation form;
+    EXPECT_EQ(tab_order(form).join(u' '),
+              "txtname txtfind List1 txtlongid txtlongim txtlongis opte optw txtlatid txtlatim txtlatis optn "
+              "opts txtzon txtele txttem txtpre txtcity cmdadd cmdmod cmddel cmdok cmdcancel");
+}
+
 TEST_F(LocationTest, EveryControlIsReachedAndNamed) {
     for (const Language language : {Language::english, Language::arabic}) {
         set_language(language);

@@ -90,6 +90,9 @@ QStringList nameless_controls(QWidget& form);
 /// Visible controls that take input but that the Tab key never reaches.
 QStringList unreachable_controls(QWidget& form);
 
+/// Names of the inputs and buttons of the form in the order in which the Tab key visits them.
+QStringList tab_order(QWidget& form);
+
 /// Access keys that two visible controls of the form share.
 QStringList shared_access_keys(QWidget& form);
 

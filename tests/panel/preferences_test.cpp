@@ -486,6 +486,14 @@ TEST_F(PreferencesTest, FocusSelectsTheWholeTextOfEveryBox) {
     }
 }
 
+TEST_F(PreferencesTest, TabVisitsTheControlsInReadingOrder) {
+    frmpreferences form;
+    EXPECT_EQ(tab_order(form).join(u' '),
+              "cbotwi txtfaj txtisha chkhl optnosum optsum cbofmonth cbofday cbotmonth cbotday txtsubfaj "
+              "txtadddoh txtaddasr txtaddmag chkeleset chkelefaj optsha opthan optmin optsec opten optar "
+              "cmddef cmdok cmdcan");
+}
+
 TEST_F(PreferencesTest, EveryControlIsReachedAndNamed) {
     for (const Language language : {Language::english, Language::arabic}) {
         set_language(language);

@@ -158,7 +158,7 @@ void scale_font(QWidget& control, double factor) {
 }
 
 QColor accent_colour(const QWidget& widget) {
-    const QPalette palette = widget.palette();
+    const QPalette& palette = widget.palette();
     return accent_on(palette.color(QPalette::Window), is_dark(palette));
 }
 

@@ -4,6 +4,7 @@
 #include "app/frmlocation.h"
 #include "app/frmpreferences.h"
 #include "calendar/frmhej.h"
+#include "crescent/frmcresv.h"
 #include "phases/frmphase.h"
 #include "qibla/frmqib.h"
 #include "tables/frmcoor.h"
@@ -23,6 +24,7 @@ std::span<const Panel> panels() {
         {"frmqib", "cmdqib", false, make_panel<frmqib>},
         {"frmcoor", "cmdcoor", false, make_panel<frmcoor>},
         {"frmtele", "cmdtele", true, make_panel<frmtele>},
+        {"frmcresv", "cmdcresv", true, make_panel<frmcresv>},
     };
     return all;
 }

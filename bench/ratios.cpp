@@ -12,6 +12,7 @@
 #include "ephemeris/sun.h"
 #include "prayer/moonday.h"
 #include "prayer/prayerday.h"
+#include "tables/ephemeristable.h"
 #include "tools/measuring/scratchfolder.h"
 
 #include <algorithm>
@@ -80,6 +81,25 @@ std::vector<double> days_of_a_year() {
     return days;
 }
 
+class NoProgress : public Progress {
+public:
+    void percent(double /*value*/) override {}
+    bool yield() override { return true; }
+};
+
+/// `ephemeris.out` with the Moon of every hour of 2026, from its stored choices to the file.
+void moon_table_of_a_year() {
+    EphemerisSettings settings;
+    settings.object = 1;
+    settings.geocentric = false;
+    settings.end_month = 12;
+    settings.end_day = 31;
+    settings.end_hour = 23;
+    settings.unit = 2;
+    NoProgress progress;
+    write_ephemeris_table(settings, progress);
+}
+
 struct Limits {
     double must;
     double aim;
@@ -139,6 +159,9 @@ bool print_ratios() {
     places("Moon by `modcormm` with `modaltazm`, scattered instants", {0.6, 0.2}, scattered, Body::moon);
     places("Sun, every hour of a year", {0.8, 0.45}, hours, Body::sun);
     places("Moon, every hour of a year", {0.6, 0.27}, hours, Body::moon);
+
+    table.row("table of the Moon, every hour of a year", {1.0, 0.35}, moon_table_of_a_year,
+              for_each(hours, [&swiss](double jd) { return swiss.place(Body::moon, jd); }), 8760);
 
     const PrayerSettings settings = read_prayer_settings(DayMode::report);
     table.row("prayer day, each of a year", {0.11, 0.04},

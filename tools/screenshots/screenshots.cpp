@@ -14,14 +14,18 @@
 #include "app/stored/programfolder.h"
 #include "app/viewer.h"
 #include "calendar/machineclock.h"
+#include "crescent/frmcresv.h"
+#include "crescent/frmmap.h"
 #include "prayer/cmdcom.h"
 #include "qibla/frmqmap.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QMessageBox>
 #include <QPixmap>
+#include <QRadioButton>
 #include <QTemporaryDir>
 #include <cstdio>
 #include <filesystem>
@@ -94,6 +98,22 @@ void set_sample_settings(Language language) {
     set_machine_time(time);
 }
 
+/// The crescent panel with its days found, and the map it opens, drawn.
+void take_crescent(const Camera& camera) {
+    frmcresv form;
+    form.show();
+    form.cmdprev_click();
+    camera.take(form, QStringLiteral("frmcresv-days"));
+    frmmap map;
+    map.findChild<QComboBox*>(QStringLiteral("cbocri"))->setCurrentIndex(1);
+    map.findChild<QRadioButton*>(QStringLiteral("opt1"))->setChecked(true);
+    map.resize(map.sizeHint());
+    map.show();
+    settle();
+    map.cmddraw_click();
+    camera.take(map, QStringLiteral("frmmap"));
+}
+
 void take_shared_windows(const Camera& camera, Language language) {
     frmwait wait;
     wait.load(language == Language::english ? QStringLiteral("Prayer Times")
@@ -132,6 +152,7 @@ void take_all(const QString& folder, Language language) {
     }
     frmqmap qiblah_map;
     camera.take(qiblah_map, QStringLiteral("frmqmap"));
+    take_crescent(camera);
     take_shared_windows(camera, language);
 }
 

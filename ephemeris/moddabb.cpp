@@ -1,16 +1,17 @@
 #include "ephemeris/earthorientation.h"
 #include "ephemeris/modgeneral.h"
-#include "ephemeris/seriesterms.h"
+#include "ephemeris/series.h"
+#include "ephemeris/seriessums.h"
 
 #include <array>
 
 namespace halvane {
 namespace {
 
-constexpr std::size_t rows = 24; // padded with zeros
+constexpr std::size_t rows = 21 + series_padding; // zeros at the end
 
 /// Sine terms of the variation by power of tau: 14, 3, 3, 1 of them.
-constexpr std::array<std::size_t, 4> powers{14, 3, 3, 1};
+constexpr auto powers = consecutive_groups(std::array<std::size_t, 4>{14, 3, 3, 1}, TermFunction::sine);
 
 /// Amplitudes                                                                            [arc seconds]
 constexpr std::array<double, rows> amplitude{118.568, 2.476, 1.376, 0.119, 0.114, 0.086, 0.078,
@@ -29,13 +30,9 @@ constexpr std::array<double, rows> rate{
 } // namespace
 
 void moddabb(double tau, double& variation) {
-    const SeriesTerms& set = series_terms();
-    std::array<double, rows> argument{};
-    std::array<double, rows> terms{};
-    set.secondary_argument(phase.data(), rate.data(), tau, rows, argument.data());
-    set.sine(amplitude.data(), argument.data(), rows, terms.data());
     std::array<double, powers.size()> sums{};
-    row_order_sums(terms.data(), powers.data(), powers.size(), sums.data());
+    series_sums().of_linear({phase.data(), rate.data(), tau}, amplitude.data(),
+                            {powers.data(), powers.size()}, sums.data());
     variation = (3548.193 + sums[0] + tau * (sums[1] + tau * (sums[2] + tau * sums[3]))) / 3600;
 }
 

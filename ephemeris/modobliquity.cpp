@@ -1,7 +1,7 @@
 #include "ephemeris/earthorientation.h"
 #include "ephemeris/meanobliquity.h"
 #include "ephemeris/series.h"
-#include "ephemeris/seriesterms.h"
+#include "ephemeris/seriessums.h"
 
 #include "calendar/moddeltat.h"
 
@@ -32,28 +32,22 @@ std::array<double, 5> fundamental_arguments(double t) {
 }
 
 Orientation compute(double jd) {
-    constexpr std::size_t padded = (nutation_rows + series_padding - 1) / series_padding * series_padding;
     constexpr double units_per_degree = 36000000;
+    constexpr std::array<TermGroup, 2> groups{{{TermFunction::sine, 0, 0, nutation_rows, 0},
+                                               {TermFunction::cosine, nutation_rows, 0, nutation_rows, 1}}};
     const double tau = (jd + days_to_dynamical_time(jd) - epoch_j2000) / 365250;
     const double t = 10 * tau;
     const PeriodicTerms& table = mterm().nutation;
-    const SeriesTerms& set = series_terms();
 
-    std::array<double, padded> argument{};
-    std::array<double, padded> longitude_amplitude{};
-    std::array<double, padded> obliquity_amplitude{};
-    set.fundamental_argument(table.d.data(), table.m.data(), table.m_prime.data(), table.f.data(),
-                             table.omega.data(), fundamental_arguments(t).data(), padded, argument.data());
-    for (std::size_t i = 0; i < padded; ++i) {
-        longitude_amplitude[i] = table.sine[i] + table.sine_rate[i] * t;
-        obliquity_amplitude[i] = table.cosine[i] + table.cosine_rate[i] * t;
+    std::array<double, 2 * nutation_rows + series_padding> amplitude{};
+    for (std::size_t i = 0; i < nutation_rows; ++i) {
+        amplitude[i] = table.sine[i] + table.sine_rate[i] * t;
+        amplitude[nutation_rows + i] = table.cosine[i] + table.cosine_rate[i] * t;
     }
-    std::array<double, 2 * padded> terms{};
-    set.sine_and_cosine(longitude_amplitude.data(), obliquity_amplitude.data(), argument.data(), padded,
-                        terms.data(), terms.data() + padded);
-    constexpr std::array<std::size_t, 2> counts{padded, padded};
-    std::array<double, 2> sums{};
-    row_order_sums(terms.data(), counts.data(), counts.size(), sums.data());
+    std::array<double, groups.size()> sums{};
+    series_sums().of_multiples({table.d.data(), table.m.data(), table.m_prime.data(), table.f.data(),
+                                table.omega.data(), fundamental_arguments(t).data()},
+                               amplitude.data(), {groups.data(), groups.size()}, sums.data());
 
     Orientation result;
     result.nutation_longitude = sums[0] / units_per_degree;

@@ -24,7 +24,7 @@ std::size_t total(const Groups& groups) {
 }
 
 void pad(Column& column) {
-    column.resize((column.size() + series_padding - 1) / series_padding * series_padding, 0.0);
+    column.resize(column.size() + series_padding, 0.0);
 }
 
 /// Reads `rows` rows whose columns go to `columns`; an empty place is read and not kept.
@@ -65,38 +65,38 @@ void fill_term(RecordReader& reader, SunSeries& series) {
         pad(*column);
 }
 
-void fill_periodic(RecordReader& reader, std::size_t rows, PeriodicTerms& terms, bool nutation) {
-    const std::vector<Column*> columns =
-        nutation ? std::vector<Column*>{nullptr,       &terms.d,          &terms.m,    &terms.m_prime,
-                                        &terms.f,      &terms.omega,      &terms.sine, &terms.sine_rate,
-                                        &terms.cosine, &terms.cosine_rate}
-                 : std::vector<Column*>{nullptr,     &terms.d,      &terms.m, &terms.m_prime, &terms.f,
-                                        &terms.sine, &terms.cosine, nullptr,  nullptr,        nullptr};
-    read_rows(reader, rows, columns);
-    for (Column* column : columns)
-        if (column != nullptr)
-            pad(*column);
+void pad(PeriodicTerms& terms) {
+    for (Column* column : {&terms.d, &terms.m, &terms.m_prime, &terms.f, &terms.omega, &terms.sine,
+                           &terms.sine_rate, &terms.cosine, &terms.cosine_rate})
+        pad(*column);
 }
 
 void fill_mterm(RecordReader& reader, PeriodicTables& tables) {
-    fill_periodic(reader, nutation_rows, tables.nutation, true);
-    fill_periodic(reader, moon_rows, tables.moon_longitude, false);
-    fill_periodic(reader, moon_rows, tables.moon_latitude, false);
+    PeriodicTerms& nutation = tables.nutation;
+    read_rows(reader, nutation_rows,
+              {nullptr, &nutation.d, &nutation.m, &nutation.m_prime, &nutation.f, &nutation.omega,
+               &nutation.sine, &nutation.sine_rate, &nutation.cosine, &nutation.cosine_rate});
+    pad(nutation);
+    PeriodicTerms& moon = tables.moon;
+    read_rows(reader, 2 * moon_rows,
+              {nullptr, &moon.d, &moon.m, &moon.m_prime, &moon.f, &moon.sine, &moon.cosine, nullptr, nullptr,
+               nullptr});
+    moon.omega.resize(2 * moon_rows);
+    pad(moon);
 }
 
 void fill_elp(RecordReader& reader, MoonSeries& series) {
-    for (std::size_t i = 0; i < series.coordinate.size(); ++i) {
-        MoonMainTerms& main = series.coordinate[i].main;
-        MoonSecondaryTerms& secondary = series.coordinate[i].secondary;
-        const auto& rows = elp_blocks[i];
+    MoonMainTerms& main = series.main;
+    MoonSecondaryTerms& secondary = series.secondary;
+    for (const auto& rows : elp_blocks) {
         read_rows(reader, rows[0],
                   {nullptr, &main.amplitude, &main.a0, &main.a1, &main.a2, &main.a3, &main.a4});
         for (std::size_t block = 1; block < rows.size(); ++block)
             read_rows(reader, rows[block], {nullptr, &secondary.amplitude, &secondary.a0, &secondary.a1});
-        for (Column* column : {&main.amplitude, &main.a0, &main.a1, &main.a2, &main.a3, &main.a4,
-                               &secondary.amplitude, &secondary.a0, &secondary.a1})
-            pad(*column);
     }
+    for (Column* column : {&main.amplitude, &main.a0, &main.a1, &main.a2, &main.a3, &main.a4,
+                           &secondary.amplitude, &secondary.a0, &secondary.a1})
+        pad(*column);
 }
 
 template <class Table>

@@ -1,11 +1,25 @@
 #include "app/panels.h"
 
+#include "app/frmdate.h"
+#include "app/frmlocation.h"
+#include "app/frmpreferences.h"
+#include "calendar/frmhej.h"
+#include "phases/frmphase.h"
+#include "qibla/frmqib.h"
+
 #include <vector>
 
 namespace halvane {
 
 std::span<const Panel> panels() {
-    static const std::vector<Panel> all;
+    static const std::vector<Panel> all{
+        {"frmlocation", "cmdloc", true, make_panel<frmlocation>},
+        {"frmdate", "cmddat", true, make_panel<frmdate>},
+        {"frmpreferences", "cmdpre", true, make_panel<frmpreferences>},
+        {"frmhej", "cmdcon", true, make_panel<frmhej>},
+        {"frmphase", "cmdpha", false, make_panel<frmphase>},
+        {"frmqib", "cmdqib", false, make_panel<frmqib>},
+    };
     return all;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "calendar/switchguard.h"
+#include <utility>
 
 namespace halvane {
 
@@ -8,13 +8,29 @@ namespace halvane {
 /// states its own through a TdtSpan; nothing else writes it. Single thread.
 extern int tdtinput;
 
-/// Sets `tdtinput` for the span of a run.
+/// Sets `tdtinput` for the span of a run or of an open panel. Spans may end in any order (a panel can be
+/// closed while a run of another one waits): the value of the latest span that lives holds.
 class TdtSpan {
 public:
-    [[nodiscard]] explicit TdtSpan(int value) : guard_(tdtinput, value) {}
+    [[nodiscard]] explicit TdtSpan(int value) : saved_(std::exchange(tdtinput, value)), below_(latest_) {
+        if (below_ != nullptr)
+            below_->above_ = this;
+        latest_ = this;
+    }
+    TdtSpan(const TdtSpan&) = delete;
+    TdtSpan& operator=(const TdtSpan&) = delete;
+    ~TdtSpan() {
+        (above_ != nullptr ? above_->saved_ : tdtinput) = saved_;
+        (above_ != nullptr ? above_->below_ : latest_) = below_;
+        if (below_ != nullptr)
+            below_->above_ = above_;
+    }
 
 private:
-    SwitchGuard<int> guard_;
+    static inline TdtSpan* latest_ = nullptr;
+    int saved_;
+    TdtSpan* below_;
+    TdtSpan* above_ = nullptr;
 };
 
 /// Delta T = TDT - UT1.

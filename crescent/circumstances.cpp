@@ -5,6 +5,7 @@
 #include "calendar/moddeltat.h"
 #include "calendar/modjul.h"
 #include "calendar/numberformat.h"
+#include "calendar/switchguard.h"
 #include "crescent/criteria.h"
 #include "prayer/cmdcom.h"
 #include "prayer/cmdmoon.h"

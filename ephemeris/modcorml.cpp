@@ -9,7 +9,7 @@ MoonPlace moon_low(const Observer& observer, double jd) {
     double nutation_obliquity = 0;
     double obliquity = 0;
     modobliquity(jd, nutation, nutation_obliquity, obliquity);
-    EclipticMoon moon = periodic_moon((jd + days_to_dynamical_time(jd) - epoch_j2000) / 365250);
+    EclipticMoon moon = periodic_moon(jd + days_to_dynamical_time(jd) - epoch_j2000);
     moon.longitude += nutation;
     return complete_moon(observer, jd, obliquity, nutation, moon);
 }

@@ -1,4 +1,5 @@
 #include "ephemeris/earthorientation.h"
+#include "ephemeris/interpolation.h"
 #include "ephemeris/meanobliquity.h"
 #include "ephemeris/series.h"
 #include "ephemeris/seriessums.h"
@@ -31,11 +32,11 @@ std::array<double, 5> fundamental_arguments(double t) {
     return radians;
 }
 
-Orientation compute(double jd) {
+Orientation compute(double days) {
     constexpr double units_per_degree = 36000000;
     constexpr std::array<TermGroup, 2> groups{{{TermFunction::sine, 0, 0, nutation_rows, 0},
                                                {TermFunction::cosine, nutation_rows, 0, nutation_rows, 1}}};
-    const double tau = (jd + days_to_dynamical_time(jd) - epoch_j2000) / 365250;
+    const double tau = days / 365250;
     const double t = 10 * tau;
     const PeriodicTerms& table = mterm().nutation;
 
@@ -56,15 +57,30 @@ Orientation compute(double jd) {
     return result;
 }
 
+InterpolatedSeries interpolated_orientation([](double days) {
+    const Orientation o = compute(days);
+    return InterpolatedSeries::Values{o.nutation_longitude, o.nutation_obliquity, o.true_obliquity};
+});
+
+Orientation interpolated(double days) {
+    const auto [nutation_longitude, nutation_obliquity, true_obliquity, none] =
+        interpolated_orientation.at(days);
+    return {nutation_longitude, nutation_obliquity, true_obliquity};
+}
+
 /// Many routines ask for the orientation of one instant after the other; its last result is kept.
 const Orientation& orientation_of(double jd) {
     static Orientation kept;
     static double kept_jd = 0;
     static int kept_reference = -1;
     static unsigned kept_generation = 0;
-    if (kept_jd != jd || kept_reference != tdtinput || kept_generation != series_generation()) {
+    const auto days = [jd] { return jd + days_to_dynamical_time(jd) - epoch_j2000; };
+    if (interpolating) {
         kept_reference = -1;
-        kept = compute(jd);
+        kept = interpolated(days());
+    } else if (kept_jd != jd || kept_reference != tdtinput || kept_generation != series_generation()) {
+        kept_reference = -1;
+        kept = compute(days());
         kept_jd = jd;
         kept_reference = tdtinput;
         kept_generation = series_generation();

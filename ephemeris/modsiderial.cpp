@@ -49,9 +49,12 @@ void modsideriallow(double jd, double& sidereal_time) {
                               nutation_longitude * std::cos(true_obliquity * radians_per_degree));
 }
 
+double local_sidereal_time(double jd, double longitude, double equation) {
+    return rev360(mean_sidereal_time(universal_days(jd)) + equation + longitude);
+}
+
 void modlasttdt(double jd, double longitude, double obliquity, double nutation, double& sidereal_time) {
-    sidereal_time =
-        rev360(mean_sidereal_time(universal_days(jd)) + nutation * std::cos(obliquity) + longitude);
+    sidereal_time = local_sidereal_time(jd, longitude, nutation * std::cos(obliquity));
 }
 
 } // namespace halvane

@@ -1,6 +1,7 @@
 #include "ephemeris/moonplace.h"
 
 #include "ephemeris/coordinates.h"
+#include "ephemeris/interpolation.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/series.h"
 #include "ephemeris/seriessums.h"
@@ -70,11 +71,9 @@ std::array<double, groups.size()> periodic_sums(const Arguments& a) {
     return sums;
 }
 
-} // namespace
-
-EclipticMoon periodic_moon(double tau) {
+EclipticMoon computed_moon(double days) {
     using std::sin;
-    const Arguments a = arguments_at(10 * tau);
+    const Arguments a = arguments_at(10 * (days / 365250));
     const double l = a.mean_longitude;
     const double m_prime = a.fundamental[2];
     const double f = a.fundamental[3];
@@ -84,6 +83,20 @@ EclipticMoon periodic_moon(double tau) {
                                   175 * sin(a.a1 + f) + 127 * sin(l - m_prime) - 115 * sin(l + m_prime);
     return {l * degrees_per_radian + (sums[longitude_sum] + added_longitude) / 1000000,
             (sums[latitude_sum] + added_latitude) / 1000000, 385000.56 + sums[distance_sum] / 1000};
+}
+
+InterpolatedSeries interpolated_moon([](double days) {
+    const EclipticMoon moon = computed_moon(days);
+    return InterpolatedSeries::Values{moon.longitude, moon.latitude, moon.distance};
+});
+
+} // namespace
+
+EclipticMoon periodic_moon(double days) {
+    if (!interpolating)
+        return computed_moon(days);
+    const auto [longitude, latitude, distance, none] = interpolated_moon.at(days);
+    return {rev360(longitude), latitude, distance};
 }
 
 MoonPlace complete_moon(const Observer& observer, double jd, double obliquity, double nutation,

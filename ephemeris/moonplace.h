@@ -13,8 +13,8 @@ struct EclipticMoon {
     double distance;
 };
 
-/// The place by the periodic terms of Meeus, without nutation; `tau` in Julian millennia of dynamical time.
-EclipticMoon periodic_moon(double tau);
+/// The place by the periodic terms of Meeus, without nutation; `days` of dynamical time from 2000.
+EclipticMoon periodic_moon(double days);
 
 /// The whole place from the geocentric ecliptic one, its longitude with nutation.
 MoonPlace complete_moon(const Observer& observer, double jd, double obliquity, double nutation,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "calendar/switchguard.h"
 #include "events/taggedtime.h"
 
 #include <optional>

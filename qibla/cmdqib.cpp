@@ -9,8 +9,15 @@
 namespace halvane {
 namespace {
 
-QiblahSearch search_of(const Preferences& preferences, const Location& location, double azimuth,
-                       double delta_t) {
+/// Copies: a saved change during the run does not reach it.
+struct RunSettings {
+    Preferences preferences = read_pref();
+    Location location = read_loc();
+    CalculationDate date = read_date();
+};
+
+QiblahSearch search_of(const RunSettings& settings, double azimuth, double delta_t) {
+    const Location& location = settings.location;
     QiblahSearch search;
     search.observer = stored_observer();
     search.zone = location.zone;
@@ -18,7 +25,7 @@ QiblahSearch search_of(const Preferences& preferences, const Location& location,
     search.delta_t = delta_t;
     search.altitude_limit =
         qiblah_altitude_limit(location.elevation, location.pressure, location.temperature);
-    search.precision = precision_of(preferences);
+    search.precision = precision_of(settings.preferences);
     return search;
 }
 
@@ -32,22 +39,21 @@ float stored_qiblah_direction() {
 RunOutcome cmdqib(Progress& progress, float direction, QiblahMark mark) {
     const TdtSpan universal_time(0);
     Report report(program_path("results.out"));
-    const Preferences preferences = read_pref();
-    const Location location = read_loc();
-    const CalculationDate date = read_date();
-    const CalculationPeriod dates = calculation_period(date);
-    const RunDays days = days_of(dates.start, dates.end);
-    const QiblahSearch search = search_of(
-        preferences, location, target_azimuth(direction, mark == QiblahMark::shadow), mean_delta_t(days));
+    const RunSettings settings;
+    const CalculationPeriod period = calculation_period(settings.date);
+    const RunDays days = days_of(period.start, period.end);
+    const QiblahSearch search =
+        search_of(settings, target_azimuth(direction, mark == QiblahMark::shadow), mean_delta_t(days));
 
-    write_qiblah_head(report, preferences, location, report_period(date, days), direction, mark);
+    write_qiblah_head(report, settings.preferences, settings.location, report_period(settings.date, days),
+                      direction, mark);
     RunOutcome outcome = RunOutcome::done;
     int rows = 0;
     for (double jd = days.first; jd <= days.last && outcome == RunOutcome::done; jd += 1) {
         tell_progress(progress, days, jd);
         if (!progress.yield())
             outcome = RunOutcome::cancelled;
-        const int summer_hours = summer_hours_of(preferences, jd);
+        const int summer_hours = summer_hours_of(settings.preferences, jd);
         write_qiblah_row(report, summer_hours == 1, row_date(jd), qiblah_day(search, jd, summer_hours),
                          ++rows);
     }

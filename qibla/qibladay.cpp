@@ -89,19 +89,29 @@ double target_azimuth(float direction, bool shadow) {
 double qiblah_altitude_limit(double height, double pressure, double temperature) {
     const double depression =
         horizon_dip(height) + horizon_refraction(pressure, temperature) + 0.2665639 - 0.0024;
-    return -require_finite(depression, "the altitude of the horizon");
+    return -require_finite(depression, "the Sun's altitude limit for this height, pressure and temperature");
+}
+
+std::optional<double> settled_hours(const SearchRound& round) {
+    constexpr double tolerance = 0.000277778; // one second
+    constexpr int last_count = 50;
+    double t = 12;
+    int count = 0;
+    for (;;) {
+        const std::optional<double> next = round(t);
+        if (!next)
+            return std::nullopt;
+        const double change = std::fabs(require_finite(*next, "a time of the Qiblah direction") - t);
+        t = *next;
+        if (change <= tolerance || ++count > last_count)
+            return t;
+    }
 }
 
 QiblahFind find_qiblah_moment(const QiblahSearch& search, double base, QiblahRoot root) {
-    constexpr double tolerance = 0.000277778; // one second
-    constexpr int last_count = 50;
     const double sun_later = root == QiblahRoot::second ? search.delta_t : 0;
     QiblahFind find;
-    double t = 12;
-    double next = t;
-    int count = 0;
-    do {
-        t = next;
+    const std::optional<double> settled = settled_hours([&](double t) -> std::optional<double> {
         const SunPlace sun = sun_medium(search.observer, base + sun_later + t / hours_per_day);
         double sidereal_time = 0;
         modsiderial(base + t / hours_per_day, sidereal_time);
@@ -109,12 +119,13 @@ QiblahFind find_qiblah_moment(const QiblahSearch& search, double base, QiblahRoo
         const Roots roots = roots_of(search, sun.declination);
         find.second_root = roots.valid(QiblahRoot::second);
         if (!roots.valid(root))
-            return find;
-        next = require_finite(rangeh(rangeh(roots[root]) - hour_angle) / degrees_per_hour + t,
-                              "a time of the Sun at the Qiblah direction");
-    } while (std::fabs(next - t) > tolerance && ++count <= last_count);
-    const double hours = into_day(next);
-    find.moment = {hours, is_below_horizon(search, base + search.delta_t + hours / hours_per_day)};
+            return std::nullopt;
+        return rangeh(rangeh(roots[root]) - hour_angle) / degrees_per_hour + t;
+    });
+    if (settled) {
+        const double hours = into_day(*settled);
+        find.moment = {hours, is_below_horizon(search, base + search.delta_t + hours / hours_per_day)};
+    }
     return find;
 }
 

@@ -2,6 +2,7 @@
 
 #include "ephemeris/observer.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -29,6 +30,7 @@ double target_azimuth(float direction, bool shadow);
 /// Altitude of the Sun's centre with its upper limb on the horizon: dip always counts, and the semidiameter
 /// is that at one astronomical unit.
 /// In     height [m], pressure [mb], temperature [deg C]                                        [deg]
+/// Error  raises RunTimeFailure when they give no finite altitude.
 double qiblah_altitude_limit(double height, double pressure, double temperature);
 
 /// The two hour angles at which a day's Sun may stand at an azimuth.
@@ -46,12 +48,18 @@ struct QiblahFind {
     bool second_root = false;           ///< whether the last place of the Sun had a valid second root
 };
 
-/// Searches one root from the clock's noon on, at most 51 rounds; the last value stands when they do not
-/// settle within one second.
+/// One round of a search: a better value for a time in hours, or none when there is nothing to search for.
+using SearchRound = std::function<std::optional<double>(double)>;
+
+/// Repeats `round` from the clock's noon on until it moves the time by one second at most. After 51 rounds
+/// the last value stands, settled or not.
+/// Error  raises RunTimeFailure when a round has no finite value.
+std::optional<double> settled_hours(const SearchRound& round);
+
+/// Searches one root in a day by settled_hours; a time outside the clock's day is moved by one day.
 /// In     base  Universal Time of the clock's midnight                                          [d]
 /// Reads no file; needs `term.vsk` and `mterm.vsk` loaded and `tdtinput` 0. The second root's rounds take the
 /// Sun later by Delta T, the first one's do not.
-/// Error  raises RunTimeFailure when a round has no finite value.
 /// Accuracy  azimuth of the Sun within 0.05 deg of the target unless the Sun passes close to the zenith
 ///           (tests/qibla).
 QiblahFind find_qiblah_moment(const QiblahSearch& search, double base, QiblahRoot root);

@@ -24,10 +24,10 @@ std::string LinuxPlatform::short_time(int hour, int minute, int second) {
     return text.toStdString();
 }
 
-void LinuxPlatform::keep_on_top(void* panel) {
+void LinuxPlatform::keep_on_top(void* panel, bool on_top) {
     auto* widget = static_cast<QWidget*>(panel);
     const bool shown = widget->isVisible();
-    widget->setWindowFlag(Qt::WindowStaysOnTopHint);
+    widget->setWindowFlag(Qt::WindowStaysOnTopHint, on_top);
     widget->setVisible(shown);
 }
 

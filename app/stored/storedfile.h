@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/stored/failure.h"
 #include "app/stored/programfolder.h"
 #include "app/stored/record.h"
 #include "app/stored/textfile.h"
@@ -102,5 +103,21 @@ private:
     FileIdentity identity_;
     bool settled_ = false;
 };
+
+/// Reads the file `name` into `record` up to its first damage: what has been read by then stands, the rest
+/// stays as it was given. A missing file leaves the whole record so.
+/// In     fill  reads the fields in the order of the file
+template <class Record>
+Record read_while_sound(const char* name, Record record, void (*fill)(RecordReader&, Record&)) {
+    try {
+        const std::string path = program_path(name);
+        const std::string text = read_text_file(path);
+        RecordReader reader(text, path);
+        fill(reader, record);
+    } catch (const RunTimeFailure&) {
+        return record;
+    }
+    return record;
+}
 
 } // namespace halvane

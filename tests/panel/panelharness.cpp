@@ -62,7 +62,7 @@ Location sydney() {
 }
 
 void link_series_files(const std::string& folder) {
-    for (const char* name : {"termfull.vsk", "term.vsk", "mterm.vsk", "elp.vsk", "help.txt"}) {
+    for (const char* name : {"termfull.vsk", "term.vsk", "mterm.vsk", "elp.vsk", "help.txt", "map.gif"}) {
         const fs::path source = fs::path(HALVANE_DATA_FOLDER) / name;
         if (fs::exists(source))
             fs::create_symlink(source, fs::path(folder) / name);

@@ -15,6 +15,7 @@
 #include "app/viewer.h"
 #include "calendar/machineclock.h"
 #include "prayer/cmdcom.h"
+#include "qibla/frmqmap.h"
 
 #include <QApplication>
 #include <QDir>
@@ -129,6 +130,8 @@ void take_all(const QString& folder, Language language) {
         const std::unique_ptr<QDialog> form(panel.make(nullptr));
         camera.take(*form, QString::fromLatin1(panel.form));
     }
+    frmqmap qiblah_map;
+    camera.take(qiblah_map, QStringLiteral("frmqmap"));
     take_shared_windows(camera, language);
 }
 

@@ -1,0 +1,44 @@
+#include "app/frmlists.h"
+
+#include "app/frmstyle.h"
+#include "app/language.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+
+namespace halvane {
+
+void fill_with_numbers(QComboBox& list, int last) {
+    list.clear();
+    for (int number = 1; number <= last; ++number)
+        list.addItem(QString::number(number));
+}
+
+void choose_entry(QComboBox& list, const std::string& text) {
+    const int row = list.findText(QString::fromStdString(text), Qt::MatchExactly | Qt::MatchCaseSensitive);
+    if (row >= 0)
+        list.setCurrentIndex(row);
+}
+
+std::string text_of(const QComboBox& list) {
+    return list.currentText().toStdString();
+}
+
+std::string text_of(const QLineEdit& box) {
+    return box.text().toStdString();
+}
+
+void shape_number_box(QLineEdit& box, const char* longest) {
+    fit_width(box, QString::fromLatin1(longest));
+    box.setMaximumWidth(box.minimumWidth());
+    const bool mirrored = box.parentWidget()->isRightToLeft();
+    keep_left_to_right(box);
+    box.setAlignment(mirrored ? Qt::AlignLeft : Qt::AlignRight);
+}
+
+void ask_again(QLineEdit& box) {
+    box.setFocus(Qt::OtherFocusReason);
+    box.selectAll();
+}
+
+} // namespace halvane

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+
+class QComboBox;
+class QLineEdit;
+class QWidget;
+
+namespace halvane {
+
+/// Fills a list with the numbers 1 to `last` and makes it wide enough for them.
+void fill_with_numbers(QComboBox& list, int last);
+
+/// Chooses the entry of exactly that text; a list without it stays as it is.
+void choose_entry(QComboBox& list, const std::string& text);
+
+/// The chosen entry, as UTF-8.
+std::string text_of(const QComboBox& list);
+
+/// The content of an entry box, as UTF-8.
+std::string text_of(const QLineEdit& box);
+
+/// Gives a number box the width of `longest`. In Arabic too its text reads from left to right, so that a
+/// minus sign stays before its number.
+void shape_number_box(QLineEdit& box, const char* longest);
+
+/// Sets the focus to a box and selects its whole text.
+void ask_again(QLineEdit& box);
+
+} // namespace halvane

@@ -1,0 +1,135 @@
+#include "phases/frmphase.h"
+
+#include "app/frmlists.h"
+#include "app/frmstyle.h"
+#include "app/frmsupport.h"
+#include "app/frmwait.h"
+#include "app/platform/platform.h"
+#include "phases/phasereport.h"
+#include "ui_frmphase.h"
+
+namespace halvane {
+
+namespace {
+
+constexpr Twin kTwins[] = {
+    {"frmphase", "Moon Phases", "أطوار القمر"},
+    {"lblhphase", "Moon Phases", "أطوار القمر"},
+    {"fradate", "Date", "التاريخ"},
+    {"lblyear", "Year:", "السنة"},
+    {"fraref", "Reference", "المرجع"},
+    {"optgeo", "Geocentric", "مركزي"},
+    {"opttopo", "Topocentric", "سطحي"},
+    {"fratime", "Time", "الوقت"},
+    {"optut", "Local (UT1)", "محلي (UT1)"},
+    {"opttdt", "Local (TDT)", "محلي (TDT)"},
+    {"fradelta", "Delta T", "Delta T"},
+    {"lblsec", "Second(s)", "ثانية"},
+    {"lbldeltan",
+     " For \"Local (UT1)\"  Calculations, If you are not satisfied by the above Delta T  value, then kindly "
+     "enter above the value you prefer.",
+     " لحسابات 'محلي (UT1)' إذا كنت تفضل قيمة أخرى لـ Delta-T، يرجى إدخال هذه القيمة أعلاه"},
+    {"lblchoose",
+     " Please choose the Precision and Summer Time settings from the                   Preferences Menu, and "
+     "your location from the Location Menu.",
+     " يرجى اختيار الدقة و التوقيت الصيفي من قائمة الخيارات، و اختيار الموقع من قائمة الموقع"},
+    {"cmdcalc", "&Calculate", "إجراء ال&حسابات"},
+    {"cmdclose", "Clo&se", "إ&غلاق"},
+    {"txtdelta@spoken", "Delta T in seconds", "قيمة Delta T بالثواني"},
+};
+
+constexpr double kTitleSize = 1.6;
+
+/// Width of a note whose line breaks at its run of blanks, or at a comfortable length.
+int width_of(const QLabel& note) {
+    constexpr int comfortable = 48; // average characters
+    const qsizetype gap = note.text().indexOf(QStringLiteral("   "));
+    const QFontMetrics metrics = note.fontMetrics();
+    return gap < 0 ? comfortable * metrics.averageCharWidth()
+                   : metrics.horizontalAdvance(note.text().left(gap)) + space_unit(note);
+}
+
+/// Room for every line of a note that is at least so wide.
+void hold_lines(QLabel& note, int width) {
+    note.setMinimumSize(width, note.heightForWidth(width));
+}
+
+} // namespace
+
+std::span<const Twin> frmphase_twins() {
+    return kTwins;
+}
+
+frmphase::frmphase(QWidget* owner)
+    : QDialog(owner), ui_(std::make_unique<Ui::frmphase>()), language_(stored_language()) {
+    ui_->setupUi(this);
+    apply_language(*this, kTwins, language_);
+    set_sizes();
+    select_whole_text_on_focus(*this);
+    connect_controls();
+    load();
+}
+
+frmphase::~frmphase() = default;
+
+void frmphase::set_sizes() {
+    set_spacing(*this);
+    scale_font(*ui_->lblhphase, kTitleSize);
+    shape_number_box(*ui_->txtyear, "-88888");
+    shape_number_box(*ui_->txtdelta, "-888888.88");
+    if (language_ == Language::arabic)
+        for (QLabel* note : {ui_->lbldeltan, ui_->lblchoose})
+            set_font_if_present(*note, QStringLiteral("Arabic Transparent"), note->font().pointSizeF());
+    const int width = width_of(*ui_->lblchoose);
+    hold_lines(*ui_->lblchoose, width);
+    ui_->lblchoose->setMaximumWidth(width);
+    hold_lines(*ui_->lbldeltan, width - 4 * space_unit(*this));
+}
+
+void frmphase::connect_controls() {
+    connect(ui_->txtyear, &QLineEdit::textChanged, this, &frmphase::txtyear_change);
+    connect(ui_->optut, &QRadioButton::toggled, ui_->txtdelta, &QLineEdit::setEnabled);
+    connect(ui_->cmdcalc, &QPushButton::clicked, this, &frmphase::cmdcalc_click);
+    connect(ui_->cmdclose, &QPushButton::clicked, this, &frmphase::cmdclose_click);
+}
+
+void frmphase::load() {
+    const PhaseSettings stored = read_phase();
+    ui_->txtyear->setText(QString::fromStdString(stored.year));
+    txtyear_change();
+    (stored.geocentric ? ui_->optgeo : ui_->opttopo)->setChecked(true);
+    (stored.local_ut1 ? ui_->optut : ui_->opttdt)->setChecked(true);
+    dynamical_time_.emplace(1);
+}
+
+PhaseSettings frmphase::shown() const {
+    return {text_of(*ui_->txtyear), ui_->optgeo->isChecked(), ui_->optut->isChecked()};
+}
+
+void frmphase::txtyear_change() {
+    ui_->txtdelta->setText(QString::fromStdString(proposed_delta_t(text_of(*ui_->txtyear))));
+}
+
+// The panel may be closed while the run lets events happen: nothing of it is used from there on.
+void frmphase::cmdcalc_click() {
+    const PhaseYear run = phase_year(shown(), text_of(*ui_->txtdelta));
+    RunOutcome outcome;
+    {
+        WaitProgress progress(windowTitle());
+        outcome = write_phases(run, progress);
+    }
+    if (outcome == RunOutcome::done)
+        platform().show_text_file("results.out");
+}
+
+void frmphase::cmdclose_click() {
+    write_phase(shown());
+    accept();
+}
+
+void frmphase::done(int result) {
+    dynamical_time_.reset();
+    QDialog::done(result);
+}
+
+} // namespace halvane

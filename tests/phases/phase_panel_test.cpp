@@ -1,0 +1,371 @@
+#include "app/frmwait.h"
+#include "app/stored/date.h"
+#include "app/stored/loc.h"
+#include "app/stored/phase.h"
+#include "calendar/moddeltat.h"
+#include "ephemeris/series.h"
+#include "phases/frmphase.h"
+#include "prayer/cmdcom.h"
+#include "tests/panel/panelharness.h"
+
+#include <QGroupBox>
+#include <QRadioButton>
+#include <QTimer>
+#include <filesystem>
+#include <memory>
+#include <sstream>
+
+namespace halvane {
+namespace {
+
+struct Caption {
+    const char* control;
+    const char* english;
+    const char* arabic;
+};
+
+constexpr Caption kCaptions[] = {
+    {"frmphase", "Moon Phases", "أطوار القمر"},
+    {"lblhphase", "Moon Phases", "أطوار القمر"},
+    {"fradate", "Date", "التاريخ"},
+    {"lblyear", "Year:", "السنة"},
+    {"fraref", "Reference", "المرجع"},
+    {"optgeo", "Geocentric", "مركزي"},
+    {"opttopo", "Topocentric", "سطحي"},
+    {"fratime", "Time", "الوقت"},
+    {"optut", "Local (UT1)", "محلي (UT1)"},
+    {"opttdt", "Local (TDT)", "محلي (TDT)"},
+    {"lblsec", "Second(s)", "ثانية"},
+    {"lbldeltan",
+     " For \"Local (UT1)\"  Calculations, If you are not satisfied by the above Delta T  value, then kindly "
+     "enter above the value you prefer.",
+     " لحسابات 'محلي (UT1)' إذا كنت تفضل قيمة أخرى لـ Delta-T، يرجى إدخال هذه القيمة أعلاه"},
+    {"lblchoose",
+     " Please choose the Precision and Summer Time settings from the                   Preferences Menu, and "
+     "your location from the Location Menu.",
+     " يرجى اختيار الدقة و التوقيت الصيفي من قائمة الخيارات، و اختيار الموقع من قائمة الموقع"},
+    {"cmdcalc", "&Calculate", "إجراء ال&حسابات"},
+    {"cmdclose", "Clo&se", "إ&غلاق"},
+};
+
+class SilentProgress : public Progress {
+public:
+    void percent(double) override {}
+    bool yield() override { return true; }
+};
+
+class PhasePanel : public PanelTest {
+protected:
+    PhasePanel() {
+        load_series();
+        write_phase({"2024", true, true});
+    }
+
+    QString text(QWidget& form, const char* name) { return control<QLineEdit>(form, name).text(); }
+    bool chosen(QWidget& form, const char* name) { return control<QRadioButton>(form, name).isChecked(); }
+
+    /// The lines of the table that hold a date and clock.
+    std::vector<std::string> rows() const {
+        std::vector<std::string> found;
+        std::istringstream lines(content("results.out"));
+        bool in_table = false;
+        for (std::string line; std::getline(lines, line);) {
+            if (line.find("New Moon") != std::string::npos)
+                in_table = true;
+            else if (line.rfind("====", 0) == 0)
+                in_table = false;
+            else if (in_table && line.find(':') != std::string::npos)
+                found.push_back(line);
+        }
+        return found;
+    }
+
+    bool report_has(const std::string& words) const {
+        return content("results.out").find(words) != std::string::npos;
+    }
+};
+
+class PhaseCaption : public PhasePanel, public ::testing::WithParamInterface<Caption> {};
+
+TEST_P(PhaseCaption, IsThatOfTheLanguage) {
+    frmphase english;
+    EXPECT_EQ(caption(english, GetParam().control), QString::fromUtf8(GetParam().english));
+    set_language(Language::arabic);
+    frmphase arabic;
+    EXPECT_EQ(caption(arabic, GetParam().control), QString::fromUtf8(GetParam().arabic));
+}
+
+INSTANTIATE_TEST_SUITE_P(Every, PhaseCaption, ::testing::ValuesIn(kCaptions),
+                         [](const auto& row) { return std::string(row.param.control); });
+
+TEST_F(PhasePanel, TheFrameOfDeltaTHasItsTitle) {
+    frmphase form;
+    EXPECT_EQ(caption(form, "fradelta"), QStringLiteral("Delta T"));
+}
+
+TEST_F(PhasePanel, BothLanguagesAreWholeReachableAndNamed) {
+    for (const Language language : {Language::english, Language::arabic}) {
+        set_language(language);
+        frmphase form;
+        form.show();
+        QCoreApplication::processEvents();
+        EXPECT_EQ(wrong_captions(form, frmphase_twins(), language), QStringList());
+        EXPECT_EQ(nameless_controls(form), QStringList());
+        EXPECT_EQ(unreachable_controls(form), QStringList());
+        EXPECT_EQ(shared_access_keys(form), QStringList());
+        EXPECT_EQ(cut_texts(form), QStringList());
+        EXPECT_EQ(form.isRightToLeft(), language == Language::arabic);
+    }
+}
+
+TEST_F(PhasePanel, TheStoredChoicesAreShown) {
+    write_phase({"1999", false, false});
+    frmphase form;
+    EXPECT_EQ(text(form, "txtyear"), QStringLiteral("1999"));
+    EXPECT_TRUE(chosen(form, "opttopo"));
+    EXPECT_FALSE(chosen(form, "optgeo"));
+    EXPECT_TRUE(chosen(form, "opttdt"));
+    EXPECT_FALSE(chosen(form, "optut"));
+}
+
+TEST_F(PhasePanel, GeocentricUniversalTimeIsShown) {
+    frmphase form;
+    EXPECT_TRUE(chosen(form, "optgeo"));
+    EXPECT_TRUE(chosen(form, "optut"));
+    EXPECT_TRUE(control(form, "txtdelta").isEnabled());
+}
+
+// Espenak and Meeus, 2005 to 2050: 62.92 + 0.32217 t + 0.005589 t t with t in years from 2000; 1986 to 2005
+// and 1961 to 1986 by their own polynomials.
+TEST_F(PhasePanel, DeltaTOfTheStoredYearIsProposed) {
+    frmphase form;
+    const double t = 24.46;
+    EXPECT_NEAR(text(form, "txtdelta").toDouble(), 62.92 + 0.32217 * t + 0.005589 * t * t, 0.02);
+    EXPECT_EQ(text(form, "txtdelta").section(u'.', 1).size(), 2);
+}
+
+TEST_F(PhasePanel, AChangedYearBringsItsDeltaT) {
+    frmphase form;
+    enter(form, "txtyear", QStringLiteral("1970"));
+    const double t = 1970.46 - 1975;
+    EXPECT_NEAR(text(form, "txtdelta").toDouble(), 45.45 + 1.067 * t - t * t / 260 - t * t * t / 718, 0.02);
+}
+
+TEST_F(PhasePanel, AnOverrideLastsUntilTheYearChanges) {
+    frmphase form;
+    const QString proposed = text(form, "txtdelta");
+    enter(form, "txtdelta", QStringLiteral("12.5"));
+    click(form, "opttopo");
+    click(form, "opttdt");
+    click(form, "optut");
+    EXPECT_EQ(text(form, "txtdelta"), QStringLiteral("12.5"));
+    enter(form, "txtyear", QStringLiteral("2024"));
+    EXPECT_EQ(text(form, "txtdelta"), proposed);
+}
+
+TEST_F(PhasePanel, TheYearIsTheNumberAtTheStartOfItsText) {
+    frmphase form;
+    const QString proposed = text(form, "txtdelta");
+    enter(form, "txtyear", QStringLiteral("2024 CE"));
+    EXPECT_EQ(text(form, "txtdelta"), proposed);
+}
+
+TEST_F(PhasePanel, DynamicalTimeTakesNoDeltaT) {
+    frmphase form;
+    click(form, "opttdt");
+    EXPECT_FALSE(control(form, "txtdelta").isEnabled());
+    click(form, "optut");
+    EXPECT_TRUE(control(form, "txtdelta").isEnabled());
+}
+
+TEST_F(PhasePanel, AStoredDynamicalTimeLoadsWithTheBoxDisabled) {
+    write_phase({"2024", true, false});
+    frmphase form;
+    EXPECT_FALSE(control(form, "txtdelta").isEnabled());
+}
+
+TEST_F(PhasePanel, FocusSelectsTheWholeText) {
+    frmphase form;
+    for (const char* name : {"txtyear", "txtdelta"}) {
+        auto& box = control<QLineEdit>(form, name);
+        box.deselect();
+        focus(form, name);
+        EXPECT_EQ(box.selectedText(), box.text()) << name;
+        EXPECT_FALSE(box.text().isEmpty()) << name;
+    }
+}
+
+TEST_F(PhasePanel, CloseStoresWhatIsShown) {
+    frmphase form;
+    form.show();
+    enter(form, "txtyear", QStringLiteral("1446 x"));
+    click(form, "opttopo");
+    click(form, "opttdt");
+    click(form, "cmdclose");
+    EXPECT_EQ(content("phase.vsk"), "\"1446 x\",#FALSE#,#FALSE#\r\n");
+    EXPECT_FALSE(form.isVisible());
+}
+
+TEST_F(PhasePanel, NothingButTheButtonStores) {
+    const std::string before = content("phase.vsk");
+    frmphase form;
+    form.show();
+    enter(form, "txtyear", QStringLiteral("1900"));
+    click(form, "opttopo");
+    QTest::keyClick(&form, Qt::Key_Escape);
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(content("phase.vsk"), before);
+}
+
+TEST_F(PhasePanel, AnOpenPanelHoldsDynamicalTimeUntilItIsClosed) {
+    frmphase form;
+    form.show();
+    EXPECT_EQ(tdtinput, 1);
+    click(form, "cmdclose");
+    EXPECT_EQ(tdtinput, 0);
+}
+
+TEST_F(PhasePanel, ThePanelClosedInAnyOtherWayLeavesNoDynamicalTime) {
+    {
+        frmphase form;
+        form.show();
+        form.close();
+        EXPECT_EQ(tdtinput, 0);
+    }
+    { const frmphase never_shown; }
+    EXPECT_EQ(tdtinput, 0);
+}
+
+TEST_F(PhasePanel, AnOpenPanelDoesNotReachThePrayerReport) {
+    CalculationDate date;
+    date.one_day = true;
+    date.system_date = false;
+    date.start = date.end = {2024, 6, 21};
+    write_date(date);
+    SilentProgress progress;
+    Preferences seconds = read_pref();
+    seconds.clock_precision = "0";
+    write_pref(seconds);
+    cmdcom(progress);
+    const std::string alone = content("results.out");
+    frmphase form;
+    cmdcom(progress);
+    EXPECT_EQ(content("results.out"), alone);
+    EXPECT_EQ(tdtinput, 1);
+}
+
+TEST_F(PhasePanel, CalculateWritesTheReportAndShowsIt) {
+    frmphase form;
+    form.show();
+    click(form, "cmdcalc");
+    EXPECT_EQ(platform_double.shown_files, std::vector<std::string>{"results.out"});
+    EXPECT_TRUE(report_has("- Geocentric Phases of The Moon for The Year:  2024 CE\r\n"));
+    EXPECT_TRUE(report_has("- Time Reference is Local (UT1),  Delta T: " +
+                           text(form, "txtdelta").toStdString() + " Second(s)\r\n"));
+    EXPECT_EQ(open_window("frmwait"), nullptr);
+    EXPECT_EQ(tdtinput, 1);
+}
+
+// Astronomical Almanac 2024, universal time, moved to the clock of Amman (two hours ahead).
+TEST_F(PhasePanel, ThePublishedPhasesOfAMonthStandInTheirColumns) {
+    frmphase form;
+    click(form, "cmdcalc");
+    const std::string report = content("results.out");
+    for (const char* phase :
+         {"06/06/2024  14:38", "14/06/2024  07:18", "22/06/2024  03:08", "28/06/2024  23:53"})
+        EXPECT_NE(report.find(phase), std::string::npos) << phase;
+}
+
+TEST_F(PhasePanel, TheChoicesOfThePanelReachTheReport) {
+    frmphase form;
+    enter(form, "txtyear", QStringLiteral("2023"));
+    click(form, "opttopo");
+    click(form, "opttdt");
+    click(form, "cmdcalc");
+    EXPECT_TRUE(report_has("- Topocentric Phases of The Moon for The Year:  2023 CE\r\n"));
+    EXPECT_TRUE(report_has("- Time Reference is Local (TDT).\r\n"));
+}
+
+TEST_F(PhasePanel, AnOverrideOfZeroGivesTheClockOfDynamicalTime) {
+    frmphase form;
+    enter(form, "txtdelta", QStringLiteral("0"));
+    click(form, "cmdcalc");
+    EXPECT_TRUE(report_has("Delta T: 00.00 Second(s)"));
+    const std::vector<std::string> overridden = rows();
+    click(form, "opttdt");
+    click(form, "cmdcalc");
+    EXPECT_EQ(rows(), overridden);
+    EXPECT_GE(overridden.size(), 12U);
+}
+
+TEST_F(PhasePanel, AnOverrideShiftsEveryClockByItsDifference) {
+    frmphase form;
+    enter(form, "txtdelta", QStringLiteral("0"));
+    click(form, "cmdcalc");
+    const bool at_14_39 = report_has("06/06/2024  14:39");
+    enter(form, "txtdelta", QStringLiteral("3600"));
+    click(form, "cmdcalc");
+    EXPECT_TRUE(at_14_39);
+    EXPECT_TRUE(report_has("06/06/2024  13:39"));
+}
+
+TEST_F(PhasePanel, ATopocentricTableDiffersFromTheGeocentricOne) {
+    frmphase form;
+    click(form, "cmdcalc");
+    const std::vector<std::string> geocentric = rows();
+    click(form, "opttopo");
+    click(form, "cmdcalc");
+    EXPECT_NE(rows(), geocentric);
+    EXPECT_EQ(rows().size(), geocentric.size());
+}
+
+TEST_F(PhasePanel, AYearWithoutDigitsIsTheYearZero) {
+    frmphase form;
+    enter(form, "txtyear", QStringLiteral("year"));
+    click(form, "cmdcalc");
+    EXPECT_TRUE(report_has("Geocentric Phases of The Moon for The Year:  0000 CE"));
+    EXPECT_FALSE(rows().empty());
+    for (const std::string& row : rows())
+        EXPECT_NE(row.find("/0000  "), std::string::npos) << row;
+}
+
+TEST_F(PhasePanel, ACancelledRunEndsTheReportAndDoesNotShowIt) {
+    frmphase form;
+    form.show();
+    QTimer::singleShot(0, &form, [] { click(*open_window("frmwait"), "bcancel"); });
+    click(form, "cmdcalc");
+    EXPECT_TRUE(platform_double.shown_files.empty());
+    EXPECT_LT(rows().size(), 12U);
+    EXPECT_TRUE(report_has("- The Symbol '*' before the date, refers to Summer Time.\r\n"));
+    EXPECT_EQ(open_window("frmwait"), nullptr);
+    EXPECT_TRUE(form.isVisible());
+}
+
+TEST_F(PhasePanel, APanelClosedAndDeletedDuringItsRunEndsTheRunInOrder) {
+    auto* form = new frmphase;
+    form->setAttribute(Qt::WA_DeleteOnClose);
+    form->show();
+    QTimer::singleShot(0, form, [form] { click(*form, "cmdclose"); });
+    click(*form, "cmdcalc");
+    EXPECT_EQ(platform_double.shown_files, std::vector<std::string>{"results.out"});
+    EXPECT_TRUE(report_has("31/12/2024  00:27\r\n")); // the year's last phase
+    EXPECT_EQ(tdtinput, 0);
+}
+
+TEST_F(PhasePanel, TheReportIsEnglishInBothLanguages) {
+    frmphase english;
+    click(english, "cmdcalc");
+    const std::string report = content("results.out");
+    set_language(Language::arabic);
+    frmphase arabic;
+    click(arabic, "cmdcalc");
+    EXPECT_EQ(content("results.out"), report);
+}
+
+TEST_F(PhasePanel, AMissingRecordIsAFailure) {
+    remove("phase.vsk");
+    EXPECT_ANY_THROW(frmphase form);
+}
+
+} // namespace
+} // namespace halvane

@@ -1,4 +1,3 @@
-#include "ephemeris/earthorientation.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/moonplace.h"
 #include "ephemeris/series.h"
@@ -67,16 +66,19 @@ void correct_for_light_time(double t, EclipticMoon& moon) {
 
 } // namespace
 
-MoonPlace moon_medium(const Observer& observer, double jd) {
-    const double t = (jd + days_to_dynamical_time(jd) - epoch_j2000) / 36525;
+MoonPlace geocentric_moon_medium(double jd) {
+    const Orientation& orientation = orientation_of(jd);
+    const double t = orientation.dynamical_days / 36525;
     EclipticMoon moon = true_moon(t);
     correct_for_light_time(t, moon);
-    double nutation = 0;
-    double nutation_obliquity = 0;
-    double obliquity = 0;
-    modobliquity(jd, nutation, nutation_obliquity, obliquity);
-    moon.longitude += nutation;
-    return complete_moon(observer, jd, obliquity, nutation, moon);
+    moon.longitude += orientation.nutation_longitude;
+    return geocentric_moon(orientation.frame, moon);
+}
+
+MoonPlace moon_medium(const Observer& observer, double jd) {
+    MoonPlace moon = geocentric_moon_medium(jd);
+    add_topocentric(observer, orientation_of(jd).frame, moon);
+    return moon;
 }
 
 void modcormm(double /*pi_value*/, double jd, double& right_ascension, double& declination,

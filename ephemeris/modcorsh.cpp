@@ -26,12 +26,19 @@ EarthPlace earth_high(double tau) {
 
 } // namespace
 
-SunPlace sun_high(const Observer& observer, double jd) {
-    const double tau = (jd + days_to_dynamical_time(jd) - epoch_j2000) / 365250;
+SunPlace geocentric_sun_high(double jd) {
+    const Orientation& orientation = orientation_of(jd);
+    const double tau = orientation.dynamical_days / 365250;
     const EarthPlace earth = earth_high(tau);
     double variation = 0;
     moddabb(tau, variation);
-    return apparent_sun(observer, jd, tau, earth, -0.005775518 * earth.radius * variation);
+    return apparent_sun(orientation, earth, -0.005775518 * earth.radius * variation);
+}
+
+SunPlace sun_high(const Observer& observer, double jd) {
+    SunPlace sun = geocentric_sun_high(jd);
+    add_topocentric(observer, orientation_of(jd).frame, sun);
+    return sun;
 }
 
 void modcorsh(double /*pi_value*/, double jd, double& right_ascension, double& declination,

@@ -33,10 +33,17 @@ EarthPlace earth_medium(double tau) {
 
 } // namespace
 
-SunPlace sun_medium(const Observer& observer, double jd) {
-    const double tau = (jd + days_to_dynamical_time(jd) - epoch_j2000) / 365250;
+SunPlace geocentric_sun_medium(double jd) {
+    const Orientation& orientation = orientation_of(jd);
+    const double tau = orientation.dynamical_days / 365250;
     const EarthPlace earth = earth_medium(tau);
-    return apparent_sun(observer, jd, tau, earth, -0.0056916111 / earth.radius);
+    return apparent_sun(orientation, earth, -0.0056916111 / earth.radius);
+}
+
+SunPlace sun_medium(const Observer& observer, double jd) {
+    SunPlace sun = geocentric_sun_medium(jd);
+    add_topocentric(observer, orientation_of(jd).frame, sun);
+    return sun;
 }
 
 void modcorsm(double /*pi_value*/, double jd, double& right_ascension, double& declination,

@@ -1,6 +1,7 @@
 #include "ephemeris/earthorientation.h"
 #include "ephemeris/interpolation.h"
 #include "ephemeris/meanobliquity.h"
+#include "ephemeris/orientation.h"
 #include "ephemeris/series.h"
 #include "ephemeris/seriessums.h"
 
@@ -10,12 +11,6 @@
 
 namespace halvane {
 namespace {
-
-struct Orientation {
-    double nutation_longitude = 0;
-    double nutation_obliquity = 0;
-    double true_obliquity = 0;
-};
 
 /// D, M, M', F, Omega of the nutation's theory                                           [rad]
 std::array<double, 5> fundamental_arguments(double t) {
@@ -65,30 +60,29 @@ InterpolatedSeries interpolated_orientation([](double days) {
 Orientation interpolated(double days) {
     const auto [nutation_longitude, nutation_obliquity, true_obliquity, none] =
         interpolated_orientation.at(days);
-    return {nutation_longitude, nutation_obliquity, true_obliquity};
+    return {nutation_longitude, nutation_obliquity, true_obliquity, 0, {}};
 }
 
-/// Many routines ask for the orientation of one instant after the other; its last result is kept.
+} // namespace
+
 const Orientation& orientation_of(double jd) {
     static Orientation kept;
     static double kept_jd = 0;
     static int kept_reference = -1;
     static unsigned kept_generation = 0;
-    const auto days = [jd] { return jd + days_to_dynamical_time(jd) - epoch_j2000; };
-    if (interpolating) {
+    const int reference = interpolating ? 2 + tdtinput : tdtinput;
+    if (kept_jd != jd || kept_reference != reference || kept_generation != series_generation()) {
         kept_reference = -1;
-        kept = interpolated(days());
-    } else if (kept_jd != jd || kept_reference != tdtinput || kept_generation != series_generation()) {
-        kept_reference = -1;
-        kept = compute(days());
+        const double days = jd + days_to_dynamical_time(jd) - epoch_j2000;
+        kept = interpolating ? interpolated(days) : compute(days);
+        kept.dynamical_days = days;
+        kept.frame = sky_frame(jd, kept.true_obliquity, kept.nutation_longitude);
         kept_jd = jd;
-        kept_reference = tdtinput;
+        kept_reference = reference;
         kept_generation = series_generation();
     }
     return kept;
 }
-
-} // namespace
 
 double days_to_dynamical_time(double jd) {
     if (tdtinput == 1)

@@ -99,23 +99,25 @@ EclipticMoon periodic_moon(double days) {
     return {rev360(longitude), latitude, distance};
 }
 
-MoonPlace complete_moon(const Observer& observer, double jd, double obliquity, double nutation,
-                        const EclipticMoon& moon) {
+MoonPlace geocentric_moon(const SkyFrame& frame, const EclipticMoon& moon) {
     MoonPlace place;
     place.longitude = moon.longitude;
     place.latitude = moon.latitude;
     place.distance = moon.distance;
-    const TopocentricPlace topocentric = topocentric_place(observer, jd, obliquity, nutation, moon.longitude,
-                                                           moon.latitude, moon.distance, 'M');
-    place.topocentric_longitude = topocentric.longitude;
-    place.topocentric_latitude = topocentric.latitude;
-    place.parallax = topocentric.parallax;
-    place.semidiameter = topocentric.semidiameter;
-    place.topocentric_semidiameter = topocentric.topocentric_semidiameter;
-    modeclequa(pi, jd, obliquity, place.longitude, place.latitude, place.right_ascension, place.declination);
-    modeclequa(pi, jd, obliquity, place.topocentric_longitude, place.topocentric_latitude,
-               place.topocentric_right_ascension, place.topocentric_declination);
+    equatorial_of(frame, place.longitude, place.latitude, place.right_ascension, place.declination);
     return place;
+}
+
+void add_topocentric(const Observer& observer, const SkyFrame& frame, MoonPlace& moon) {
+    const TopocentricPlace topocentric =
+        topocentric_place(observer, frame, moon.longitude, moon.latitude, moon.distance, 'M');
+    moon.topocentric_longitude = topocentric.longitude;
+    moon.topocentric_latitude = topocentric.latitude;
+    moon.parallax = topocentric.parallax;
+    moon.semidiameter = topocentric.semidiameter;
+    moon.topocentric_semidiameter = topocentric.topocentric_semidiameter;
+    equatorial_of(frame, moon.topocentric_longitude, moon.topocentric_latitude,
+                  moon.topocentric_right_ascension, moon.topocentric_declination);
 }
 
 } // namespace halvane

@@ -48,11 +48,9 @@ public:
         double& value = sine_[static_cast<std::size_t>(hour)];
         if (std::isnan(value)) {
             const double jd = jd0 + hour / 24.0;
-            const SunPlace sun = sun_low(observer, jd);
-            double altitude = 0;
-            double azimuth = 0;
-            altazm_of(observer, jd, sun.right_ascension, sun.declination, altitude, azimuth);
-            value = std::sin(altitude * radians_per_degree);
+            const SunPlace sun = geocentric_sun_low(jd);
+            value = std::sin(altitude_of(observer, jd, sun.right_ascension, sun.declination) *
+                             radians_per_degree);
         }
         return value;
     }
@@ -87,7 +85,7 @@ struct Search {
 };
 
 double sun_threshold(const Search& search) {
-    const double radius = sun_medium(search.observer, search.jd0 + 0.5).radius;
+    const double radius = geocentric_sun_medium(search.jd0 + 0.5).radius;
     const double depression = search.refraction() + 0.2665639 / radius - 0.0024;
     const double dip = horizon_dip(search.location.elevation);
     sunhorizonalt = -(dip + depression);
@@ -112,7 +110,7 @@ double twilight_threshold(const Search& search) {
 /// Altitude at which a shadow has grown by its rule's length since noon.
 /// Source Meeus, Astronomical Algorithms, chapter "Atmospheric Refraction" (both refractions).
 double asr_threshold(const Search& search) {
-    const double declination = sun_medium(search.observer, search.jd0 + 0.5).declination * radians_per_degree;
+    const double declination = geocentric_sun_medium(search.jd0 + 0.5).declination * radians_per_degree;
     const double latitude = search.observer.latitude * radians_per_degree;
     const double x = std::sin(latitude) * std::sin(declination) + std::cos(declination) * std::cos(latitude);
     const double noon = std::atan(x / std::sqrt(1 - x * x));
@@ -153,14 +151,12 @@ public:
     double sine(int hour) {
         if (!search_.is_moon())
             return scanned_sun().sine_of_altitude(search_.observer, search_.jd0, hour);
-        return sine_of(moon(hour), hour);
+        return sine_of(geocentric_moon_low(instant(hour)), hour);
     }
     MoonPlace moon(int hour) const { return moon_low(search_.observer, instant(hour)); }
     double sine_of(const MoonPlace& moon, int hour) const {
-        double altitude = 0;
-        double azimuth = 0;
-        altazm_of(search_.observer, instant(hour), moon.right_ascension, moon.declination, altitude, azimuth);
-        return std::sin(altitude * radians_per_degree);
+        return std::sin(altitude_of(search_.observer, instant(hour), moon.right_ascension, moon.declination) *
+                        radians_per_degree);
     }
 
 private:

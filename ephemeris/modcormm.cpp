@@ -20,8 +20,9 @@ constexpr auto main_groups() {
     std::array<TermGroup, coordinates> groups{};
     std::size_t first = 0;
     for (std::size_t i = 0; i < coordinates; ++i) {
-        groups[i] = {function_of(i), first, first, elp_blocks[i][0], i};
-        first += elp_blocks[i][0];
+        const std::size_t rows = padded(elp_blocks[i][0]);
+        groups[i] = {function_of(i), first, first, rows, i};
+        first += rows;
     }
     return longest_first(groups);
 }
@@ -30,7 +31,7 @@ constexpr auto secondary_groups() {
     std::array<TermGroup, coordinates * secondary_blocks> groups{};
     std::size_t first = 0;
     for (std::size_t i = 0; i < groups.size(); ++i) {
-        const std::size_t rows = elp_blocks[i / secondary_blocks][1 + i % secondary_blocks];
+        const std::size_t rows = padded(elp_blocks[i / secondary_blocks][1 + i % secondary_blocks]);
         groups[i] = {function_of(i / secondary_blocks), first, first, rows, i};
         first += rows;
     }

@@ -29,16 +29,17 @@ std::array<double, 5> fundamental_arguments(double t) {
 
 Orientation compute(double days) {
     constexpr double units_per_degree = 36000000;
-    constexpr std::array<TermGroup, 2> groups{{{TermFunction::sine, 0, 0, nutation_rows, 0},
-                                               {TermFunction::cosine, nutation_rows, 0, nutation_rows, 1}}};
+    constexpr std::size_t rows = padded(nutation_rows);
+    constexpr std::array<TermGroup, 2> groups{
+        {{TermFunction::sine, 0, 0, rows, 0}, {TermFunction::cosine, rows, 0, rows, 1}}};
     const double tau = days / 365250;
     const double t = 10 * tau;
     const PeriodicTerms& table = mterm().nutation;
 
-    std::array<double, 2 * nutation_rows + series_padding> amplitude{};
-    for (std::size_t i = 0; i < nutation_rows; ++i) {
+    std::array<double, 2 * rows> amplitude{};
+    for (std::size_t i = 0; i < rows; ++i) {
         amplitude[i] = table.sine[i] + table.sine_rate[i] * t;
-        amplitude[nutation_rows + i] = table.cosine[i] + table.cosine_rate[i] * t;
+        amplitude[rows + i] = table.cosine[i] + table.cosine_rate[i] * t;
     }
     std::array<double, groups.size()> sums{};
     series_sums().of_multiples({table.d.data(), table.m.data(), table.m_prime.data(), table.f.data(),

@@ -47,10 +47,10 @@ Arguments arguments_at(double t) {
 constexpr std::size_t longitude_sum = 0; ///< [1e-6 deg]
 constexpr std::size_t latitude_sum = 1;  ///< [1e-6 deg]
 constexpr std::size_t distance_sum = 2;  ///< [0.001 km]
-constexpr std::array<TermGroup, 3> groups{
-    {{TermFunction::sine, 0, 0, moon_rows, longitude_sum},
-     {TermFunction::sine, moon_rows, moon_rows, moon_rows, latitude_sum},
-     {TermFunction::cosine, 2 * moon_rows, 0, moon_rows, distance_sum}}};
+constexpr std::size_t rows = padded(moon_rows);
+constexpr std::array<TermGroup, 3> groups{{{TermFunction::sine, 0, 0, rows, longitude_sum},
+                                           {TermFunction::sine, rows, rows, rows, latitude_sum},
+                                           {TermFunction::cosine, 2 * rows, 0, rows, distance_sum}}};
 
 std::array<double, groups.size()> periodic_sums(const Arguments& a) {
     const PeriodicTerms& table = mterm().moon;
@@ -59,11 +59,11 @@ std::array<double, groups.size()> periodic_sums(const Arguments& a) {
         const double m = std::fabs(table.m[row]);
         return m == 1 ? a.eccentricity : m == 2 ? a.eccentricity * a.eccentricity : 1;
     };
-    std::array<double, 3 * moon_rows + series_padding> amplitude{};
-    for (std::size_t i = 0; i < 2 * moon_rows; ++i)
+    std::array<double, 3 * rows> amplitude{};
+    for (std::size_t i = 0; i < 2 * rows; ++i)
         amplitude[i] = table.sine[i] * factor(i);
-    for (std::size_t i = 0; i < moon_rows; ++i)
-        amplitude[2 * moon_rows + i] = table.cosine[i] * factor(i);
+    for (std::size_t i = 0; i < rows; ++i)
+        amplitude[2 * rows + i] = table.cosine[i] * factor(i);
     std::array<double, groups.size()> sums{};
     series_sums().of_multiples({table.d.data(), table.m.data(), table.m_prime.data(), table.f.data(),
                                 table.omega.data(), a.fundamental.data()},

@@ -1,16 +1,15 @@
 #pragma once
 
+#include "ephemeris/seriessums.h"
+
 #include <array>
 #include <cstddef>
 #include <vector>
 
 namespace halvane {
 
-/// One column of a series, padded with zeros so that a vector may be read at any row.
+/// One column of a series; each group is padded with zeros (see seriessums.h).
 using Column = std::vector<double>;
-
-/// Zeros that follow the rows of a column.
-inline constexpr std::size_t series_padding = 8;
 
 /// Terms A cos(B + C tau) of VSOP87 in groups by coordinate and power of tau.
 struct SunSeries {

@@ -55,15 +55,17 @@ constexpr std::array<TermGroup, 3> groups{{{TermFunction::sine, 0, 0, rows, long
 std::array<double, groups.size()> periodic_sums(const Arguments& a) {
     const PeriodicTerms& table = mterm().moon;
     // Each multiple of M, once or twice, brings a factor E.
-    const auto factor = [&table, &a](std::size_t row) {
-        const double m = std::fabs(table.m[row]);
-        return m == 1 ? a.eccentricity : m == 2 ? a.eccentricity * a.eccentricity : 1;
-    };
-    std::array<double, 3 * rows> amplitude{};
-    for (std::size_t i = 0; i < 2 * rows; ++i)
-        amplitude[i] = table.sine[i] * factor(i);
+    const double squared = a.eccentricity * a.eccentricity;
+    std::array<double, 2 * rows> factor; // NOLINT: filled whole by the next loop
+    for (std::size_t i = 0; i < factor.size(); ++i) {
+        const double m = std::fabs(table.m[i]);
+        factor[i] = m == 1 ? a.eccentricity : m == 2 ? squared : 1;
+    }
+    std::array<double, 3 * rows> amplitude; // NOLINT: filled whole by the next loops
+    for (std::size_t i = 0; i < factor.size(); ++i)
+        amplitude[i] = table.sine[i] * factor[i];
     for (std::size_t i = 0; i < rows; ++i)
-        amplitude[2 * rows + i] = table.cosine[i] * factor(i);
+        amplitude[2 * rows + i] = table.cosine[i] * factor[i];
     std::array<double, groups.size()> sums{};
     series_sums().of_multiples({table.d.data(), table.m.data(), table.m_prime.data(), table.f.data(),
                                 table.omega.data(), a.fundamental.data()},

@@ -77,6 +77,7 @@ struct Search {
     const Preferences& preferences;
     const Location& location;
     const Observer& observer;
+    MoonPlace moon_at_one; ///< the Moon one hour after the day's start, when she is the body
 
     bool is_moon() const { return body == "Moon"; }
     bool is_twilight() const { return body == "Fajer" || body == "Isha"; }
@@ -131,7 +132,7 @@ double threshold(const Search& search) {
     if (search.body == "Sun")
         return sun_threshold(search);
     if (search.is_moon())
-        return moon_threshold(search, moon_low(search.observer, search.jd0 + 1.0 / 24), true);
+        return moon_threshold(search, search.moon_at_one, true);
     return search.is_twilight() ? twilight_threshold(search) : asr_threshold(search);
 }
 
@@ -153,7 +154,9 @@ public:
             return scanned_sun().sine_of_altitude(search_.observer, search_.jd0, hour);
         return sine_of(geocentric_moon_low(instant(hour)), hour);
     }
-    MoonPlace moon(int hour) const { return moon_low(search_.observer, instant(hour)); }
+    MoonPlace moon(int hour) const {
+        return hour == 1 ? search_.moon_at_one : moon_low(search_.observer, instant(hour));
+    }
     double sine_of(const MoonPlace& moon, int hour) const {
         return std::sin(altitude_of(search_.observer, instant(hour), moon.right_ascension, moon.declination) *
                         radians_per_degree);
@@ -234,7 +237,9 @@ bool within_day(double hours) {
 
 void modriseset(std::string_view body, double jd0, TaggedTime& rise, TaggedTime& set) {
     const Observer observer = stored_observer();
-    const Search search{body, jd0, read_pref(), read_loc(), observer};
+    Search search{body, jd0, read_pref(), read_loc(), observer, {}};
+    if (search.is_moon())
+        search.moon_at_one = moon_low(observer, jd0 + 1.0 / 24);
     double h0 = require_finite(threshold(search), "a rise or set altitude");
     Found found = scan(search, h0);
     if (found.rise) {

@@ -8,11 +8,12 @@
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/moon.h"
 #include "ephemeris/series.h"
-#include "ephemeris/seriesterms.h"
+#include "ephemeris/seriessums.h"
 #include "ephemeris/sun.h"
 #include "prayer/moonday.h"
 #include "prayer/prayerday.h"
 #include "tables/ephemeristable.h"
+#include "tools/measuring/random.h"
 #include "tools/measuring/scratchfolder.h"
 
 #include <algorithm>
@@ -20,7 +21,6 @@
 #include <cstdio>
 #include <fstream>
 #include <iostream>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -57,11 +57,10 @@ double engine_place(Body body, double jd) {
 std::vector<double> scattered_instants() {
     constexpr int count = 2000;
     constexpr double days = 73000;
-    std::mt19937_64 engine(1900);
+    Random random(1900);
     std::vector<double> instants;
     for (int i = 0; i < count; ++i)
-        instants.push_back(epoch_j2000 - days / 2 +
-                           days * static_cast<double>(engine() >> 11U) / (1ULL << 53U));
+        instants.push_back(epoch_j2000 + random.between(-days / 2, days / 2));
     return instants;
 }
 
@@ -229,7 +228,7 @@ std::string processor() {
 /// Prints what the engine and the reports take, as tables in Markdown. Exit status 1 when a limit is passed.
 int main() {
     try {
-        std::printf("%s, %s vectors, %s, one thread\n", processor().c_str(), series_terms().instructions,
+        std::printf("%s, %s vectors, %s, one thread\n", processor().c_str(), series_sums().instructions,
                     HALVANE_BUILD);
         const bool programs_kept = print_programs();
         return print_ratios() && programs_kept ? 0 : 1;

@@ -1,7 +1,6 @@
 #include "ephemeris/coordinates.h"
 #include "ephemeris/earthorientation.h"
 #include "ephemeris/fastplace.h"
-#include "ephemeris/interpolation.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/moonplace.h"
 
@@ -16,27 +15,11 @@ struct FastMoon {
     double nutation = 0;  ///< in longitude [deg]
 };
 
-EclipticMoon computed_moon(double days) {
-    return periodic_moon(days / 365250);
-}
-
-InterpolatedSeries interpolated_moon([](double days) {
-    const EclipticMoon moon = computed_moon(days);
-    return InterpolatedSeries::Values{moon.longitude, moon.latitude, moon.distance};
-});
-
-EclipticMoon ecliptic_moon(double days) {
-    if (!interpolating)
-        return computed_moon(days);
-    const auto [longitude, latitude, distance, none] = interpolated_moon.at(days);
-    return {rev360(longitude), latitude, distance};
-}
-
 FastMoon fast_moon(double jd) {
     FastMoon moon{};
     double nutation_obliquity = 0;
     modobliquitylow(jd, nutation_obliquity, moon.nutation, moon.obliquity);
-    moon.place = ecliptic_moon(jd + days_to_dynamical_time(jd) - epoch_j2000);
+    moon.place = periodic_moon(jd + days_to_dynamical_time(jd) - epoch_j2000);
     moon.place.longitude += moon.nutation;
     return moon;
 }
@@ -45,7 +28,10 @@ FastMoon fast_moon(double jd) {
 
 MoonPlace moon_fast(const Observer& observer, double jd) {
     const FastMoon moon = fast_moon(jd);
-    return complete_moon(observer, jd, moon.obliquity, moon.nutation, moon.place);
+    const SkyFrame frame = sky_frame(jd, moon.obliquity, moon.nutation);
+    MoonPlace place = geocentric_moon(frame, moon.place);
+    add_topocentric(observer, frame, place);
+    return place;
 }
 
 FastPlace moon_fast_place(double jd) {
@@ -59,7 +45,7 @@ FastPlace moon_fast_place(double jd) {
 
 double moon_fast_longitude(const Observer& observer, double jd) {
     const FastMoon moon = fast_moon(jd);
-    return topocentric_longitude(observer, jd, moon.obliquity, moon.nutation, moon.place.longitude,
+    return topocentric_longitude(observer, sky_frame(jd, moon.obliquity, moon.nutation), moon.place.longitude,
                                  moon.place.latitude, moon.place.distance, 'M');
 }
 

@@ -24,17 +24,15 @@ void modcrc(double& t, double jd0, double h0, double lat, double lon, std::strin
     double right_ascension = 0;
     double declination = 0;
     if (body == "Moon") {
-        const MoonPlace moon = moon_medium(observer, jd);
+        const MoonPlace moon = geocentric_moon_medium(jd);
         right_ascension = moon.right_ascension;
         declination = moon.declination;
     } else {
-        const SunPlace sun = sun_medium(observer, jd);
+        const SunPlace sun = geocentric_sun_medium(jd);
         right_ascension = sun.right_ascension;
         declination = sun.declination;
     }
-    double altitude = 0;
-    double azimuth = 0;
-    altazm_of(observer, jd, right_ascension, declination, altitude, azimuth);
+    const double altitude = altitude_of(observer, jd, right_ascension, declination);
     double sidereal_time = 0;
     modsiderial(jd, sidereal_time);
     const double hour_angle = turn_into_360(sidereal_time + lon - right_ascension);

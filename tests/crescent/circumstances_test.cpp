@@ -2,6 +2,7 @@
 
 #include "app/report/head.h"
 #include "app/stored/date.h"
+#include "app/stored/failure.h"
 #include "calendar/moddateconv.h"
 #include "calendar/moddeltat.h"
 #include "calendar/modjul.h"
@@ -15,6 +16,7 @@
 #include "tests/golden/recordingprogress.h"
 
 #include <cmath>
+#include <fstream>
 #include <numbers>
 
 namespace halvane {
@@ -371,6 +373,37 @@ TEST_F(Circumstance, RunsLeaveTheSwitchesAsTheyWere) {
     write_crescent_report(settings, find_conjunction(settings));
     EXPECT_EQ(tdtinput, 0);
     EXPECT_EQ(crescentmode, 0);
+}
+
+TEST_F(Circumstance, FarYearsEndInAReportOrAClearFailure) {
+    for (const bool is_new : {true, false})
+        for (const char* year : {"-4000", "0", "", "year", "9999", "99999", "999999999", "-999999999", "1e9"})
+            try {
+                CrescentSettings settings = crescent_near(15, 6, 2025, is_new);
+                settings.year = year;
+                const std::string text = report(settings);
+                EXPECT_EQ(text.find("nan"), std::string::npos) << year;
+                EXPECT_EQ(text.find("inf"), std::string::npos) << year;
+                EXPECT_TRUE(text.starts_with("                         By the Name of Allah")) << year;
+            } catch (const RunTimeFailure& failure) {
+                const std::string words = failure.what();
+                EXPECT_TRUE(words.find("does not end") != std::string::npos ||
+                            words.find("no finite value") != std::string::npos)
+                    << year << ": " << words;
+            }
+}
+
+TEST_F(Circumstance, LettersInTheStoredTextsTakeTheNumberBeforeThem) {
+    const auto written = [this](const char* record) {
+        std::ofstream(folder.path("visib.vsk"), std::ios::binary) << record;
+        return report(read_visib());
+    };
+    const std::string plain =
+        written("\"29\",\"3\",\"2025\",#TRUE#,#FALSE#,#FALSE#,#TRUE#,#FALSE#,#FALSE#,#FALSE#,"
+                "#FALSE#,#TRUE#,\"18\",\"30\",#TRUE#,#FALSE#,0,\"1446\"\r\n");
+    EXPECT_EQ(written("\"29th\",\"3.\",\"2025 CE\",#TRUE#,#FALSE#,#FALSE#,#TRUE#,#FALSE#,#FALSE#,#FALSE#,"
+                      "#FALSE#,#TRUE#,\"18h\",\"30min\",#TRUE#,#FALSE#,0,\"H1446\"\r\n"),
+              plain);
 }
 
 TEST(HijriCaption, NamesTheMonthThatStartsOrEnds) {

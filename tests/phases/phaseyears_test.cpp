@@ -175,8 +175,6 @@ TEST_F(PhaseTest, TopocentricTimesDifferByTheParallax) {
 }
 
 TEST_F(PhaseTest, PhaseAroundMidnightOfTheYearsEndFollowsZoneAndSummerTime) {
-    // New Moon of 2024 December 30, 22:27 UT1; at zone +13 with a summer hour it is 12:27 of the 31st, at +14
-    // and more with the hour it stays in 2024; First Quarter of 2025 December 27; New Moon 2014 January 1.
     Location place = read_loc();
     const auto holds = [&](double zone, const char* summer) {
         place.zone = zone;

@@ -111,7 +111,7 @@ TEST(Waiting, LetsPendingEventsRunUntilTheTimeIsOver) {
     set_pending_events_handler(nullptr);
     const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
     EXPECT_GE(taken.count(), 0.05);
-    EXPECT_LT(taken.count(), 2);
+    EXPECT_LT(taken.count(), 30);
     EXPECT_GT(passes, 0);
     waitseconds(0);
 }

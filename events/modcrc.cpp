@@ -18,6 +18,11 @@ double hours_to_altitude(double altitude, double h0, double cosine_latitude, dou
     return 24 * days;
 }
 
+bool has_left_the_theories(double hours) {
+    constexpr double a_thousand_years = 8766e3;
+    return !(std::fabs(hours) < a_thousand_years);
+}
+
 void modcrc(double& t, double jd0, double h0, double lat, double lon, std::string_view body) {
     const Observer& observer = stored_observer();
     const double jd = jd0 + t / 24;

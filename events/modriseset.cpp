@@ -9,6 +9,7 @@
 #include "ephemeris/moon.h"
 #include "ephemeris/series.h"
 #include "ephemeris/sun.h"
+#include "events/correction.h"
 #include "events/modquad.h"
 
 #include <array>
@@ -222,7 +223,7 @@ double refine(const Search& search, double h0, double event) {
     for (int rounds = 0; rounds < most_rounds; ++rounds) {
         t = event;
         modcrc(t, search.jd0, h0, search.observer.latitude, search.observer.longitude, search.body);
-        if (std::fabs(event - t) <= half_a_second)
+        if (std::fabs(event - t) <= half_a_second || has_left_the_theories(t))
             break;
         event = t;
     }

@@ -34,7 +34,7 @@ BENCHMARK_CAPTURE(phases_of_a_year, topocentric, false)
 void crescent_report(benchmark::State& state) {
     const ScratchFolder folder;
     load_series();
-    const CrescentSettings settings = read_visib();
+    const CrescentSettings& settings = read_visib();
     for (auto step : state)
         write_crescent_report(settings, find_conjunction(settings));
 }

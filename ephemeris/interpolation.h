@@ -33,7 +33,7 @@ public:
     Values at(double days);
 
 private:
-    static constexpr int nodes = 9;
+    static constexpr int nodes = 7;
     static constexpr int kept_pieces = 16;
     struct Piece {
         double index = 0.5; ///< whole for a piece that has been computed

@@ -158,7 +158,7 @@ void scale_font(QWidget& control, double factor) {
 }
 
 QColor accent_colour(const QWidget& widget) {
-    const QPalette palette = widget.palette();
+    const QPalette& palette = widget.palette();
     return accent_on(palette.color(QPalette::Window), is_dark(palette));
 }
 
@@ -186,6 +186,11 @@ QIcon panel_icon(const QString& name) {
 void fit_width(QWidget& control, const QString& longest) {
     const int text = control.fontMetrics().horizontalAdvance(longest);
     control.setMinimumWidth(text + 3 * space_unit(control));
+}
+
+void fit_form(QWidget& form) {
+    form.ensurePolished();
+    form.resize(form.sizeHint());
 }
 
 } // namespace halvane

@@ -33,4 +33,8 @@ QColor muted_colour(const QWidget& widget);
 /// Marks an entry box, list or button so that it is wide enough for `longest`.
 void fit_width(QWidget& control, const QString& longest);
 
+/// Gives a form the size at which nothing is squeezed, wrapped texts and large fonts included. Called once
+/// its texts and lists are in place.
+void fit_form(QWidget& form);
+
 } // namespace halvane

@@ -1,6 +1,7 @@
 #include "app/frmmain.h"
 #include "app/frmstyle.h"
 #include "app/frmsupport.h"
+#include "app/language.h"
 #include "app/messages.h"
 #include "app/panels.h"
 #include "app/stored/failure.h"
@@ -15,10 +16,19 @@
 namespace halvane {
 namespace {
 
+/// The language to tell a failure in; the failure may be that of the file that knows it.
+Language language_of_failure() {
+    try {
+        return stored_language();
+    } catch (const RunTimeFailure&) {
+        return Language::english;
+    }
+}
+
 /// Tells a failure in one box and ends the process at once, so that no run under way writes any more.
 [[noreturn]] void end_with_failure(const std::exception& failure) {
     std::fprintf(stderr, "halvane: %s\n", failure.what());
-    tell_failure(failure.what());
+    tell_failure(failure.what(), language_of_failure());
     std::_Exit(EXIT_FAILURE);
 }
 

@@ -9,6 +9,14 @@ namespace halvane {
 
 namespace {
 
+constexpr Twin kFailure{"", "Halvane cannot go on and ends now. Nothing was written.",
+                        "لا يستطيع البرنامج المتابعة و سينتهي الآن. لم يكتب شيء."};
+constexpr Twin kRemedy{
+    "",
+    "Put a sound copy of that file into the program folder, or correct the value that is named, "
+    "and start Halvane again.",
+    "ضع نسخة سليمة من هذا الملف في مجلد البرنامج، أو صحح القيمة المذكورة، ثم افتح البرنامج من جديد."};
+
 MessagePresenter& presenter() {
     static MessagePresenter current;
     return current;
@@ -58,15 +66,16 @@ bool ask(QWidget* parent, const QString& title, const QString& text, Language la
     return show_box(parent, title, text, language, QMessageBox::Yes | QMessageBox::No);
 }
 
-void tell_failure(const std::string& words) {
-    QMessageBox box(QMessageBox::Critical, QStringLiteral("Halvane 5.3.9"),
-                    QStringLiteral("Halvane cannot go on and ends now. Nothing was written."),
+void tell_failure(const std::string& words, Language language) {
+    QMessageBox box(QMessageBox::Critical, QStringLiteral("Halvane 5.3.9"), text_of(kFailure, language),
                     QMessageBox::Ok);
     box.setTextFormat(Qt::PlainText);
-    box.setInformativeText(
-        QString::fromStdString(words) +
-        QStringLiteral("\n\nPut a sound copy of that file into the program folder, or correct the value that "
-                       "is named, and start Halvane again."));
+    box.setInformativeText(isolated(QString::fromStdString(words)) + QStringLiteral("\n\n") +
+                           text_of(kRemedy, language));
+    if (language == Language::arabic) {
+        box.setLayoutDirection(Qt::RightToLeft);
+        set_arabic_buttons(box);
+    }
     present(box);
 }
 

@@ -16,7 +16,7 @@ void warn(QWidget* parent, const QString& title, const QString& text, Language l
 bool ask(QWidget* parent, const QString& title, const QString& text, Language language);
 
 /// Tells that the program ends, by the words of a run-time failure: what failed, in which file, what to do.
-void tell_failure(const std::string& words);
+void tell_failure(const std::string& words, Language language);
 
 /// Asks under which name to save; an empty text when the user gives up.
 /// In     proposed  bare name, or a path to start from

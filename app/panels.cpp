@@ -1,7 +1,14 @@
 #include "app/panels.h"
 
+#include "app/frmdate.h"
+#include "app/frmlocation.h"
+#include "app/frmpreferences.h"
+#include "calendar/frmhej.h"
 #include "crescent/frmcresv.h"
 #include "phases/frmphase.h"
+#include "qibla/frmqib.h"
+#include "tables/frmcoor.h"
+#include "telescope/frmtele.h"
 
 #include <vector>
 
@@ -9,7 +16,14 @@ namespace halvane {
 
 std::span<const Panel> panels() {
     static const std::vector<Panel> all{
+        {"frmlocation", "cmdloc", true, make_panel<frmlocation>},
+        {"frmdate", "cmddat", true, make_panel<frmdate>},
+        {"frmpreferences", "cmdpre", true, make_panel<frmpreferences>},
+        {"frmhej", "cmdcon", true, make_panel<frmhej>},
         {"frmphase", "cmdpha", false, make_panel<frmphase>},
+        {"frmqib", "cmdqib", false, make_panel<frmqib>},
+        {"frmcoor", "cmdcoor", false, make_panel<frmcoor>},
+        {"frmtele", "cmdtele", true, make_panel<frmtele>},
         {"frmcresv", "cmdcresv", true, make_panel<frmcresv>},
     };
     return all;

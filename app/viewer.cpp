@@ -16,11 +16,13 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPdfWriter>
+#include <QPlainTextEdit>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
 #include <QShortcut>
 #include <QTextBlock>
+#include <QTextEdit>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -31,6 +33,8 @@ namespace {
 constexpr double kSmallestType = 5; // [pt]
 constexpr double kLargestType = 48; // [pt]
 
+constexpr int kColumns = 92;
+constexpr int kLines = 36;
 constexpr int kFindBox = 16; // characters
 
 constexpr Twin kTwins[] = {
@@ -72,6 +76,33 @@ QString content_of(const QString& path, Language language) {
     }
 }
 
+/// Reports may have a hundred thousand rows, which only the plain area takes at once; the other one can set
+/// lines to either side.
+QAbstractScrollArea* make_area(bool report, QWidget* parent) {
+    constexpr Qt::TextInteractionFlags flags = Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard;
+    if (report) {
+        auto* area = new QPlainTextEdit(parent);
+        area->setReadOnly(true);
+        area->setTextInteractionFlags(flags);
+        area->setLineWrapMode(QPlainTextEdit::NoWrap);
+        return area;
+    }
+    auto* area = new QTextEdit(parent);
+    area->setReadOnly(true);
+    area->setTextInteractionFlags(flags);
+    area->setWordWrapMode(QTextOption::NoWrap);
+    area->setAcceptRichText(false);
+    return area;
+}
+
+/// The two areas have the same routines but no common class for them.
+template <class Action>
+decltype(auto) with_area(QAbstractScrollArea& area, Action action) {
+    if (auto* plain = qobject_cast<QPlainTextEdit*>(&area))
+        return action(*plain);
+    return action(*qobject_cast<QTextEdit*>(&area));
+}
+
 } // namespace
 
 std::span<const Twin> viewer_twins() {
@@ -79,26 +110,41 @@ std::span<const Twin> viewer_twins() {
 }
 
 Viewer::Viewer(const QString& path, QWidget* parent)
-    : QWidget(parent), path_(path), text_(new QPlainTextEdit(this)), find_box_(new QLineEdit(this)),
+    : QWidget(parent), path_(path), area_(make_area(is_report(path), this)), find_box_(new QLineEdit(this)),
       found_(new QLabel(this)), language_(stored_language()) {
     setObjectName(QStringLiteral("viewer"));
     content_ = content_of(path_, language_);
-    text_->setObjectName(QStringLiteral("txtreport"));
-    text_->setReadOnly(true);
-    text_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    text_->setLineWrapMode(QPlainTextEdit::NoWrap);
+    area_->setObjectName(QStringLiteral("txtreport"));
     QFont font(fixed_family());
     font.setStyleHint(QFont::Monospace);
     normal_points_ = QFontInfo(this->font()).pointSizeF();
     font.setPointSizeF(normal_points_);
-    text_->setFont(font);
-    text_->setPlainText(content_);
-    keep_left_to_right(*text_);
+    area_->setFont(font);
+    with_area(*area_, [this](auto& area) { area.setPlainText(content_); });
+    keep_left_to_right(*area_);
     set_directions();
+    go_to_language();
     build(language_);
-    text_->setFocus();
-    resize(sizeHint().expandedTo(QSize(text_->fontMetrics().horizontalAdvance(QString(92, u'0')),
-                                       text_->fontMetrics().lineSpacing() * 36)));
+    area_->setFocus();
+    const QFontMetrics metrics = area_->fontMetrics();
+    resize(sizeHint().expandedTo(
+        QSize(metrics.horizontalAdvance(QString(kColumns, u'0')), metrics.lineSpacing() * kLines)));
+}
+
+QTextDocument& Viewer::document() const {
+    return with_area(*area_, [](auto& area) -> QTextDocument& { return *area.document(); });
+}
+
+QTextCursor Viewer::cursor() const {
+    return with_area(*area_, [](auto& area) { return area.textCursor(); });
+}
+
+QWidget& Viewer::area() const {
+    return *area_;
+}
+
+void Viewer::set_cursor(const QTextCursor& cursor) {
+    with_area(*area_, [&cursor](auto& area) { area.setTextCursor(cursor); });
 }
 
 QPushButton* Viewer::add_button(const char* name, void (Viewer::*action)()) {
@@ -152,7 +198,7 @@ void Viewer::build(Language language) {
 
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(bar);
-    layout->addWidget(text_, 1);
+    layout->addWidget(area_, 1);
     set_spacing(*this);
     apply_language(*this, kTwins, language);
     setWindowTitle(QFileInfo(path_).fileName());
@@ -185,28 +231,59 @@ void Viewer::keyPressEvent(QKeyEvent* event) {
 }
 
 void Viewer::set_directions() {
-    if (!is_report(path_))
+    Qt::LayoutDirection direction = Qt::LeftToRight;
+    QTextCursor line(&document());
+    line.beginEditBlock();
+    if (is_report(path_))
+        line.select(QTextCursor::Document);
+    do {
+        if (!is_report(path_))
+            direction = direction_of(line.block().text(), direction);
+        QTextBlockFormat format;
+        format.setLayoutDirection(direction);
+        line.mergeBlockFormat(format);
+    } while (!is_report(path_) && line.movePosition(QTextCursor::NextBlock));
+    line.endEditBlock();
+}
+
+void Viewer::go_to_language() {
+    if (is_report(path_) || language_ == Language::english)
         return;
-    QTextCursor cursor(text_->document());
-    cursor.select(QTextCursor::Document);
-    QTextBlockFormat format;
-    format.setLayoutDirection(Qt::LeftToRight);
-    cursor.mergeBlockFormat(format);
+    // A heading is a line that the next one underlines.
+    for (QTextBlock line = document().begin(); line.next().isValid(); line = line.next())
+        if (line.textDirection() == Qt::RightToLeft && line.next().text().startsWith(u'=')) {
+            set_cursor(QTextCursor(line));
+            return;
+        }
+}
+
+void Viewer::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    with_area(*area_, [](auto& area) {
+        if (area.textCursor().atStart())
+            return;
+        const QTextCursor wanted = area.textCursor();
+        area.moveCursor(QTextCursor::End);
+        area.setTextCursor(wanted);
+        area.ensureCursorVisible();
+    });
 }
 
 bool Viewer::find(QTextDocument::FindFlags flags) {
     const QString wanted = find_box_->text();
-    bool found = !wanted.isEmpty() && text_->find(wanted, flags);
-    if (!found && !wanted.isEmpty()) {
-        const QTextCursor before = text_->textCursor();
-        const bool backward = flags.testFlag(QTextDocument::FindBackward);
-        text_->moveCursor(backward ? QTextCursor::End : QTextCursor::Start);
-        found = text_->find(wanted, flags);
-        if (!found)
-            text_->setTextCursor(before);
+    if (wanted.isEmpty())
+        return false;
+    QTextCursor place = document().find(wanted, cursor(), flags);
+    if (place.isNull()) {
+        QTextCursor edge(&document());
+        if (flags.testFlag(QTextDocument::FindBackward))
+            edge.movePosition(QTextCursor::End);
+        place = document().find(wanted, edge, flags);
     }
-    found_->setText(found || wanted.isEmpty() ? QString() : text_of(kNotFound, language_));
-    return found;
+    if (!place.isNull())
+        set_cursor(place);
+    found_->setText(place.isNull() ? text_of(kNotFound, language_) : QString());
+    return !place.isNull();
 }
 
 bool Viewer::find_next() {
@@ -217,29 +294,27 @@ bool Viewer::find_previous() {
     return find(QTextDocument::FindBackward);
 }
 
-void Viewer::resize_text(int steps) {
-    QFont font = text_->font();
-    font.setPointSizeF(std::clamp(font.pointSizeF() + steps, kSmallestType, kLargestType));
-    text_->setFont(font);
+void Viewer::set_type(double points) {
+    QFont font = area_->font();
+    font.setPointSizeF(std::clamp(points, kSmallestType, kLargestType));
+    area_->setFont(font);
 }
 
 void Viewer::zoom_in() {
-    resize_text(1);
+    set_type(area_->font().pointSizeF() + 1);
 }
 
 void Viewer::zoom_out() {
-    resize_text(-1);
+    set_type(area_->font().pointSizeF() - 1);
 }
 
 void Viewer::zoom_normal() {
-    QFont font = text_->font();
-    font.setPointSizeF(normal_points_);
-    text_->setFont(font);
+    set_type(normal_points_);
 }
 
 void Viewer::copy() {
-    if (text_->textCursor().hasSelection())
-        text_->copy();
+    if (cursor().hasSelection())
+        with_area(*area_, [](auto& area) { area.copy(); });
     else
         QGuiApplication::clipboard()->setText(content_);
 }
@@ -273,7 +348,7 @@ void Viewer::make_pdf() {
     QPdfWriter writer(&target);
     writer.setTitle(QFileInfo(path_).fileName());
     writer.setCreator(QStringLiteral("Halvane 5.3.9"));
-    print_pages(writer, QFileInfo(path_).fileName(), content_);
+    print_pages(writer, QFileInfo(path_).fileName(), content_, !is_report(path_));
 }
 
 void Viewer::print() {
@@ -281,7 +356,7 @@ void Viewer::print() {
     printer.setDocName(QFileInfo(path_).fileName());
     QPrintDialog dialog(&printer, this);
     if (dialog.exec() == QDialog::Accepted)
-        print_pages(printer, QFileInfo(path_).fileName(), content_);
+        print_pages(printer, QFileInfo(path_).fileName(), content_, !is_report(path_));
 }
 
 } // namespace halvane

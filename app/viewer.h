@@ -2,9 +2,11 @@
 
 #include "app/language.h"
 
-#include <QPlainTextEdit>
+#include <QTextCursor>
+#include <QTextDocument>
 #include <QWidget>
 
+class QAbstractScrollArea;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -37,10 +39,14 @@ public:
     /// Asks for a printer and prints.
     void print();
 
-    QPlainTextEdit& text() { return *text_; }
+    QTextDocument& document() const;
+    QTextCursor cursor() const;
+    /// The area that shows the text, `txtreport`.
+    QWidget& area() const;
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     QPushButton* add_button(const char* name, void (Viewer::*action)());
@@ -48,12 +54,14 @@ private:
     void build(Language language);
     void add_shortcuts();
     void set_directions();
+    void go_to_language();
     bool find(QTextDocument::FindFlags flags);
-    void resize_text(int steps);
+    void set_cursor(const QTextCursor& cursor);
+    void set_type(double points);
 
     QString path_;
     QString content_;
-    QPlainTextEdit* text_;
+    QAbstractScrollArea* area_;
     QLineEdit* find_box_;
     QLabel* found_;
     Language language_;

@@ -33,12 +33,10 @@ QFont fitting_font(QPaintDevice* device, double width, qsizetype columns) {
     return font;
 }
 
-/// A line stands left to right unless its first letter is of a script that runs the other way.
-void draw_line(QPainter& painter, const QRectF& place, const QString& line) {
-    QTextOption option(Qt::AlignLeft | Qt::AlignVCenter);
+void draw_line(QPainter& painter, const QRectF& place, const QString& line, Qt::LayoutDirection direction) {
+    QTextOption option((direction == Qt::LeftToRight ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
     option.setWrapMode(QTextOption::NoWrap);
-    const bool report_row = line.startsWith(u'-') || !line.isRightToLeft();
-    option.setTextDirection(report_row ? Qt::LeftToRight : Qt::RightToLeft);
+    option.setTextDirection(direction);
     painter.drawText(place, line, option);
 }
 
@@ -48,7 +46,17 @@ QString fixed_family() {
     return QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
 }
 
-int print_pages(QPagedPaintDevice& device, const QString& name, const QString& text) {
+Qt::LayoutDirection direction_of(const QString& line, Qt::LayoutDirection before) {
+    bool has_letter = false;
+    for (const QChar character : line) {
+        if (character.script() == QChar::Script_Arabic && character.isLetter())
+            return Qt::RightToLeft;
+        has_letter = has_letter || character.isLetter();
+    }
+    return has_letter ? Qt::LeftToRight : before;
+}
+
+int print_pages(QPagedPaintDevice& device, const QString& name, const QString& text, bool both_directions) {
     const QStringList lines = QString(text).remove(u'\r').split(u'\n');
     QPainter painter(&device);
     const QRectF page(0, 0, device.width(), device.height());
@@ -56,6 +64,7 @@ int print_pages(QPagedPaintDevice& device, const QString& name, const QString& t
     const double height = painter.fontMetrics().lineSpacing();
     const auto rows = std::max<qsizetype>(1, static_cast<qsizetype>(page.height() / height) - kHeadLines);
     const auto pages = static_cast<int>((lines.size() + rows - 1) / rows);
+    Qt::LayoutDirection direction = Qt::LeftToRight;
     for (int number = 0; number < pages; ++number) {
         if (number > 0)
             device.newPage();
@@ -63,10 +72,13 @@ int print_pages(QPagedPaintDevice& device, const QString& name, const QString& t
         painter.drawText(head, Qt::AlignLeft, name);
         painter.drawText(head, Qt::AlignRight, QStringLiteral("%1 / %2").arg(number + 1).arg(pages));
         const qsizetype first = number * rows;
-        for (qsizetype row = 0; row < rows && first + row < lines.size(); ++row)
-            draw_line(painter,
-                      QRectF(0, static_cast<double>(row + kHeadLines) * height, page.width(), height),
-                      lines[first + row]);
+        for (qsizetype row = 0; row < rows && first + row < lines.size(); ++row) {
+            const QString& line = lines[first + row];
+            if (both_directions)
+                direction = direction_of(line, direction);
+            const double top = static_cast<double>(row + kHeadLines) * height;
+            draw_line(painter, QRectF(0, top, page.width(), height), line, direction);
+        }
     }
     return pages;
 }

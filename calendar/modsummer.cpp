@@ -1,6 +1,9 @@
 #include "calendar/modsummer.h"
 
+#include "calendar/modjul.h"
 #include "calendar/platformdate.h"
+
+#include <cmath>
 
 namespace halvane {
 
@@ -17,6 +20,14 @@ bool in_summer_time(const Preferences& preferences, double year, double month, d
 
 void modsummer(double day, double month, double year, int& flag) {
     flag = in_summer_time(read_pref(), year, month, day) ? 1 : 0;
+}
+
+int summer_hours_of(const Preferences& preferences, double jd) {
+    double year = 0;
+    double month = 0;
+    double day = 0;
+    modjuc(jd + 0.5, year, month, day);
+    return in_summer_time(preferences, year, month, std::floor(day)) ? 1 : 0;
 }
 
 } // namespace halvane

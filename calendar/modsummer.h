@@ -13,4 +13,7 @@ void modsummer(double day, double month, double year, int& flag);
 /// The same by preferences that are at hand.
 bool in_summer_time(const Preferences& preferences, double year, double month, double day);
 
+/// Hours by which the clock is ahead of the zone on the civil date of `jd`, its 0 h: 0 or 1
+int summer_hours_of(const Preferences& preferences, double jd);
+
 } // namespace halvane

@@ -24,7 +24,7 @@ DateNumbers civil_date(double jd) {
 }
 
 DateNumbers approximate_date(const CrescentSettings& settings) {
-    if (!settings.hijri)
+    if (settings.gregorian)
         return {numeric_prefix(settings.year), numeric_prefix(settings.month), numeric_prefix(settings.day)};
     constexpr double days_to_its_end = 30;
     double noon = day_number_of_hijri(numeric_prefix(settings.hijri_year), settings.hijri_month + 1, 1);

@@ -59,6 +59,8 @@ std::optional<VisibilityClass> yallop_class(double q) {
 
 double apparent_lower_limb(double altitude, double semidiameter) {
     const double h = altitude - semidiameter;
+    if (h + 5.11 == 0)
+        return h; // the formula has a pole here, far below the horizon
     return h + 1.02 / std::tan((h + 10.3 / (h + 5.11)) * radians_per_degree) / 60;
 }
 

@@ -165,7 +165,7 @@ void frmmap::cmddraw_click() {
     const MapRun run = shown_run();
     show_texts(run);
     ui_->pic->show_map(read_map_image());
-    platform().keep_on_top(static_cast<QWidget*>(this));
+    platform().keep_on_top(static_cast<QWidget*>(this), true);
     stop_ = false;
     const QPointer<frmmap> self(this);
     BlockPainter painter(this);
@@ -192,7 +192,7 @@ void frmmap::cmdsave_click() {
 }
 
 void frmmap::save_picture() {
-    platform().keep_on_top(static_cast<QWidget*>(this));
+    platform().keep_on_top(static_cast<QWidget*>(this), true);
     const QString proposed = QString::fromStdString(program_path(map_hijri_text(shown_run(), letter())));
     const QPointer<frmmap> self(this);
     const QString chosen = choose_save_file(this, text_of(kSaveTitle, language_), proposed,
@@ -229,7 +229,7 @@ void frmmap::done(int result) {
 
 bool frmmap::event(QEvent* event) {
     if (event->type() == QEvent::WindowActivate)
-        platform().keep_on_top(static_cast<QWidget*>(this));
+        platform().keep_on_top(static_cast<QWidget*>(this), true);
     return QDialog::event(event);
 }
 

@@ -6,7 +6,8 @@
 #include "crescent/circumstances.h"
 #include "crescent/conjunction.h"
 #include "crescent/quantities.h"
-#include "ephemeris/coordinates.h"
+#include "ephemeris/fastplace.h"
+#include "ephemeris/interpolation.h"
 #include "ephemeris/modgeneral.h"
 #include "events/modlowriseset.h"
 #include "events/phase.h"
@@ -43,23 +44,27 @@ MapPlace map_place(double x, double y) {
     return {(x - 374) * 0.48387097, -(y - 206) * 0.48231511};
 }
 
-namespace {
-
-/// Topocentric conjunction of a point, UT1, from the one of the point before                    [d]
-double point_conjunction(const Observer& observer, double start, double delta_t) {
+PointConjunction point_conjunction(const Observer& observer, double start, double delta_t) {
+    // Where the turning Earth takes half of the Moon's motion away, each step is half the one before; what is
+    // left of such a series is added in one step.
+    constexpr int patience = 8;
     const TdtSpan dynamical_time(1);
     SearchGuard guard("a conjunction");
     double t = start;
-    for (;;) {
-        const double d = elongation_from_phase(Phase::new_moon, moon_fast(observer, t).topocentric_longitude,
-                                               sun_fast(observer, t).topocentric_longitude);
+    double step_before = 0;
+    for (int round = 1;; ++round) {
+        const double d = elongation_from_phase(Phase::new_moon, moon_fast_longitude(observer, t),
+                                               sun_fast_longitude(observer, t));
         const double next = guard.check(t - d * days_per_degree);
-        const double step = std::fabs(next - t);
-        t = next;
-        if (step <= phase_tolerance)
-            return t - delta_t;
+        const double step = next - t;
+        if (std::fabs(step) <= phase_tolerance)
+            return {next - delta_t, round};
+        t = round > patience ? t + step / (1 - step / step_before) : next;
+        step_before = step;
     }
 }
+
+namespace {
 
 /// The events of a point's evening or morning, clock hours of its zone.
 struct PointEvents {
@@ -69,15 +74,11 @@ struct PointEvents {
 };
 
 PointEvents point_events(const MapRun& run, const Observer& observer) {
-    TaggedTime sunrise;
-    TaggedTime sunset;
-    TaggedTime moonrise;
-    TaggedTime moonset;
-    modlowriseset(run.day, observer.longitude, observer.latitude, "Sun", sunrise, sunset);
-    modlowriseset(run.day, observer.longitude, observer.latitude, "Moon", moonrise, moonset);
-    const bool is_new = run.kind == CrescentKind::new_crescent;
-    const double* sun = hours_of(is_new ? sunset : sunrise);
-    const double* moon = hours_of(is_new ? moonset : moonrise);
+    const LowEvent event = run.kind == CrescentKind::new_crescent ? LowEvent::set : LowEvent::rise;
+    const TaggedTime sun_event = low_event(run.day, observer, "Sun", event);
+    const TaggedTime moon_event = low_event(run.day, observer, "Moon", event);
+    const double* sun = hours_of(sun_event);
+    const double* moon = hours_of(moon_event);
     if (sun == nullptr || moon == nullptr)
         return {};
     return {false, *sun, *moon};
@@ -116,7 +117,7 @@ VisibilityClass class_by_criterion(Criterion criterion, const CrescentQuantities
 VisibilityClass evaluate_point(const MapRun& run, double longitude, double latitude, double& conjunction) {
     const Observer observer = observer_at(longitude, latitude, 0);
     const double zone = zone_of_longitude(longitude);
-    conjunction = point_conjunction(observer, conjunction, run.conjunction.delta_t);
+    conjunction = point_conjunction(observer, conjunction, run.conjunction.delta_t).universal;
     const TdtSpan universal_time(0);
     const PointEvents events = point_events(run, observer);
     if (events.missing)
@@ -185,6 +186,7 @@ private:
     }
 
     void draw_block(int longitude, int latitude) {
+        const InterpolationSpan interpolation;
         const Samples samples = sample_places(run_.kind, longitude, latitude);
         const VisibilityClass first = evaluate(samples[0]);
         bool uniform = true;

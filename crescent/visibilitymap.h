@@ -2,6 +2,7 @@
 
 #include "app/stored/date.h"
 #include "crescent/criteria.h"
+#include "ephemeris/observer.h"
 
 #include <array>
 
@@ -53,6 +54,15 @@ public:
     /// After each block; false stops the map.
     virtual bool go_on() = 0;
 };
+
+/// Topocentric conjunction of a point.
+struct PointConjunction {
+    double universal = 0; ///< UT1, to a quarter of a second                                     [d]
+    int rounds = 0;       ///< of the search; 10 at most from a conjunction of the same lunation
+};
+/// In     start    where the search begins, taken as dynamical time                             [d]
+///        delta_t  taken off the result                                                         [d]
+PointConjunction point_conjunction(const Observer& observer, double start, double delta_t);
 
 /// The class of one point. The conjunction is refined for the point, topocentric, from `conjunction` and left
 /// there for the next [d]. Reads no file. A height exactly in the gap of Yallop's bands is not painted.

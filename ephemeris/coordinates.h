@@ -47,6 +47,9 @@ void modaltazm(double jd, double right_ascension, double declination, double& al
 void altazm_of(const Observer& observer, double jd, double right_ascension, double declination,
                double& altitude, double& azimuth);
 
+/// The altitude of altazm_of alone.
+double altitude_of(const Observer& observer, double jd, double right_ascension, double declination);
+
 /// Horizontal to equatorial for the observer of `loc.vsk`; the reverse of modaltazm.
 void modaltazmequa(double jd, double altitude, double azimuth, double& right_ascension, double& declination);
 
@@ -79,5 +82,12 @@ struct TopocentricPlace {
 /// modecltopo for a given observer; reads no file.
 TopocentricPlace topocentric_place(const Observer& observer, double jd, double obliquity, double nutation,
                                    double longitude, double latitude, double distance, char body);
+
+/// The longitude of topocentric_place alone                                              [deg]
+double topocentric_longitude(const Observer& observer, double jd, double obliquity, double nutation,
+                             double longitude, double latitude, double distance, char body);
+
+/// Horizontal parallax of the Moon                                                      [km -> deg]
+double moon_parallax(double distance);
 
 } // namespace halvane

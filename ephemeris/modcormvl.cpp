@@ -1,17 +1,66 @@
+#include "ephemeris/coordinates.h"
 #include "ephemeris/earthorientation.h"
+#include "ephemeris/fastplace.h"
+#include "ephemeris/interpolation.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/moonplace.h"
 
 namespace halvane {
 
-MoonPlace moon_fast(const Observer& observer, double jd) {
-    double nutation = 0;
+namespace {
+
+/// The fast geocentric ecliptic place with the orientation that it stands in.
+struct FastMoon {
+    EclipticMoon place;
+    double obliquity = 0; ///< [deg]
+    double nutation = 0;  ///< in longitude [deg]
+};
+
+EclipticMoon computed_moon(double days) {
+    return periodic_moon(days / 365250);
+}
+
+InterpolatedSeries interpolated_moon([](double days) {
+    const EclipticMoon moon = computed_moon(days);
+    return InterpolatedSeries::Values{moon.longitude, moon.latitude, moon.distance};
+});
+
+EclipticMoon ecliptic_moon(double days) {
+    if (!interpolating)
+        return computed_moon(days);
+    const auto [longitude, latitude, distance, none] = interpolated_moon.at(days);
+    return {rev360(longitude), latitude, distance};
+}
+
+FastMoon fast_moon(double jd) {
+    FastMoon moon{};
     double nutation_obliquity = 0;
-    double obliquity = 0;
-    modobliquitylow(jd, nutation_obliquity, nutation, obliquity);
-    EclipticMoon moon = periodic_moon((jd + days_to_dynamical_time(jd) - epoch_j2000) / 365250);
-    moon.longitude += nutation;
-    return complete_moon(observer, jd, obliquity, nutation, moon);
+    modobliquitylow(jd, nutation_obliquity, moon.nutation, moon.obliquity);
+    moon.place = ecliptic_moon(jd + days_to_dynamical_time(jd) - epoch_j2000);
+    moon.place.longitude += moon.nutation;
+    return moon;
+}
+
+} // namespace
+
+MoonPlace moon_fast(const Observer& observer, double jd) {
+    const FastMoon moon = fast_moon(jd);
+    return complete_moon(observer, jd, moon.obliquity, moon.nutation, moon.place);
+}
+
+FastPlace moon_fast_place(double jd) {
+    const FastMoon moon = fast_moon(jd);
+    FastPlace place;
+    modeclequa(pi, jd, moon.obliquity, moon.place.longitude, moon.place.latitude, place.right_ascension,
+               place.declination);
+    place.distance = moon.place.distance;
+    return place;
+}
+
+double moon_fast_longitude(const Observer& observer, double jd) {
+    const FastMoon moon = fast_moon(jd);
+    return topocentric_longitude(observer, jd, moon.obliquity, moon.nutation, moon.place.longitude,
+                                 moon.place.latitude, moon.place.distance, 'M');
 }
 
 void modcormvl(double observer_longitude, double observer_latitude, double jd, double& right_ascension,

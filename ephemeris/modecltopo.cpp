@@ -1,5 +1,5 @@
 #include "ephemeris/coordinates.h"
-#include "ephemeris/earthorientation.h"
+#include "ephemeris/meanobliquity.h"
 #include "ephemeris/modgeneral.h"
 
 #include <cmath>
@@ -7,23 +7,52 @@
 namespace halvane {
 namespace {
 
-struct Disc {
-    double parallax;     ///< [rad]
-    double semidiameter; ///< [rad]
-};
+constexpr double earth_radius_km = 6378.137;
 
-Disc sun_disc(double distance_au) {
-    constexpr double parallax_at_1_au = 0.00244277777778;
-    constexpr double semidiameter_at_1_au = 0.266563889;
-    return {parallax_at_1_au / distance_au * radians_per_degree,
-            semidiameter_at_1_au / distance_au * radians_per_degree};
+/// Horizontal parallax                                                                    [rad]
+double parallax_of(char body, double distance) {
+    constexpr double sun_parallax_at_1_au = 0.00244277777778;
+    return body == 'S' ? sun_parallax_at_1_au / distance * radians_per_degree
+                       : asin(earth_radius_km / distance);
 }
 
-Disc moon_disc(double distance_km) {
-    constexpr double earth_radius_km = 6378.137;
+/// Geocentric semidiameter                                                                [rad]
+double semidiameter_of(char body, double distance) {
+    constexpr double sun_semidiameter_at_1_au = 0.266563889;
     constexpr double moon_over_earth_radius = 0.2725076;
-    return {asin(earth_radius_km / distance_km),
-            asin(moon_over_earth_radius * earth_radius_km / distance_km)};
+    return body == 'S' ? sun_semidiameter_at_1_au / distance * radians_per_degree
+                       : asin(moon_over_earth_radius * earth_radius_km / distance);
+}
+
+/// The geocentric place less the observer's, in units of the body's distance: ecliptic, towards the equinox,
+/// a quarter further east, and north.
+struct Parallactic {
+    double x, y, z;
+    double longitude; ///< topocentric [rad]
+};
+
+Parallactic parallactic(const Observer& observer, double jd, double obliquity, double nutation,
+                        double longitude, double latitude, double parallax) {
+    using std::cos;
+    using std::sin;
+    const double epsilon = obliquity * radians_per_degree;
+    const double sine_epsilon = sin(epsilon);
+    const double cosine_epsilon = cos(epsilon);
+    const double theta =
+        local_sidereal_time(jd, observer.longitude, nutation * cosine_epsilon) * radians_per_degree;
+    const double lambda = longitude * radians_per_degree;
+    const double beta = latitude * radians_per_degree;
+    const double sine_parallax = sin(parallax);
+    const double sine_theta = sin(theta);
+    const double cosine_beta = cos(beta);
+    Parallactic p{};
+    p.x = cos(lambda) * cosine_beta - observer.rho_cosine * sine_parallax * cos(theta);
+    p.y = sin(lambda) * cosine_beta - sine_parallax * (observer.rho_sine * sine_epsilon +
+                                                       observer.rho_cosine * cosine_epsilon * sine_theta);
+    p.z = sin(beta) - sine_parallax * (observer.rho_sine * cosine_epsilon -
+                                       observer.rho_cosine * sine_epsilon * sine_theta);
+    p.longitude = atan2(p.x, p.y);
+    return p;
 }
 
 void hand_out(const TopocentricPlace& place, double& longitude, double& latitude, double& semidiameter,
@@ -39,41 +68,31 @@ void hand_out(const TopocentricPlace& place, double& longitude, double& latitude
 
 TopocentricPlace topocentric_place(const Observer& observer, double jd, double obliquity, double nutation,
                                    double longitude, double latitude, double distance, char body) {
-    using std::cos;
-    using std::sin;
-    const double epsilon = obliquity * radians_per_degree;
-    double sidereal_time = 0;
-    modlasttdt(jd, observer.longitude, epsilon, nutation, sidereal_time);
-    const double theta = sidereal_time * radians_per_degree;
-    const Disc disc = body == 'S' ? sun_disc(distance) : moon_disc(distance);
-
-    const double lambda = longitude * radians_per_degree;
-    const double beta = latitude * radians_per_degree;
-    const double sine_parallax = sin(disc.parallax);
-    const double sine_theta = sin(theta);
-    const double sine_epsilon = sin(epsilon);
-    const double cosine_epsilon = cos(epsilon);
-    const double cosine_beta = cos(beta);
-    const double n = cos(lambda) * cosine_beta - observer.rho_cosine * sine_parallax * cos(theta);
-    const double y =
-        sin(lambda) * cosine_beta - sine_parallax * (observer.rho_sine * sine_epsilon +
-                                                     observer.rho_cosine * cosine_epsilon * sine_theta);
-    const double lambda_topocentric = atan2(n, y);
-    const double cosine_lambda = cos(lambda_topocentric);
-    const double beta_topocentric =
-        std::atan(cosine_lambda *
-                  (sin(beta) - sine_parallax * (observer.rho_sine * cosine_epsilon -
-                                                observer.rho_cosine * sine_epsilon * sine_theta)) /
-                  n);
+    const double parallax = parallax_of(body, distance);
+    const double semidiameter = semidiameter_of(body, distance);
+    const Parallactic p = parallactic(observer, jd, obliquity, nutation, longitude, latitude, parallax);
+    const double cosine_lambda = std::cos(p.longitude);
+    const double beta_topocentric = std::atan(cosine_lambda * p.z / p.x);
 
     TopocentricPlace place;
-    place.longitude = rev360(lambda_topocentric * degrees_per_radian);
+    place.longitude = rev360(p.longitude * degrees_per_radian);
     place.latitude = beta_topocentric * degrees_per_radian;
-    place.semidiameter = disc.semidiameter * degrees_per_radian;
+    place.semidiameter = semidiameter * degrees_per_radian;
     place.topocentric_semidiameter =
-        asin(cosine_lambda * cos(beta_topocentric) * sin(disc.semidiameter) / n) * degrees_per_radian;
-    place.parallax = disc.parallax * degrees_per_radian;
+        asin(cosine_lambda * std::cos(beta_topocentric) * std::sin(semidiameter) / p.x) * degrees_per_radian;
+    place.parallax = parallax * degrees_per_radian;
     return place;
+}
+
+double topocentric_longitude(const Observer& observer, double jd, double obliquity, double nutation,
+                             double longitude, double latitude, double distance, char body) {
+    const Parallactic p =
+        parallactic(observer, jd, obliquity, nutation, longitude, latitude, parallax_of(body, distance));
+    return rev360(p.longitude * degrees_per_radian);
+}
+
+double moon_parallax(double distance) {
+    return parallax_of('M', distance) * degrees_per_radian;
 }
 
 void modecltopo(double /*pi_value*/, double jd, double obliquity, double nutation, double longitude,

@@ -66,9 +66,9 @@ double round_half_even(double x) {
 }
 
 double turn_into_360(double x) {
-    constexpr double beyond_any_angle = 1e9;
-    if (!(std::fabs(x) < beyond_any_angle))
-        x = require_finite(std::nan(""), "an angle");
+    constexpr double many_turns = 36000;
+    if (std::fabs(require_finite(x, "an angle")) > many_turns)
+        x = std::fmod(x, 360);
     while (x < 0)
         x += 360;
     while (x >= 360)

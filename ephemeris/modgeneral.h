@@ -36,7 +36,7 @@ double acos(double x);
 double round_half_even(double x);
 
 /// Adds or takes off whole turns one after the other until `x` is in 0 to below 360     [deg]
-/// Error  raises RunTimeFailure for a value that is not finite or beyond any angle of the engine.
+/// Error  raises RunTimeFailure for a value that is not finite.
 double turn_into_360(double x);
 
 /// Waits so many seconds while the interface handles its pending events.

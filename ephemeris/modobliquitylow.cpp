@@ -1,4 +1,5 @@
 #include "ephemeris/earthorientation.h"
+#include "ephemeris/interpolation.h"
 #include "ephemeris/meanobliquity.h"
 
 #include "calendar/moddeltat.h"
@@ -8,16 +9,27 @@
 namespace halvane {
 namespace {
 
-void compute(double days, double& nutation_obliquity, double& nutation_longitude, double& true_obliquity) {
-    const double tau = (days - epoch_j2000) / 365250;
+/// Nutation in longitude, in obliquity and true obliquity.
+InterpolatedSeries::Values computed_orientation(double days) {
+    const double tau = days / 365250;
     const double t = 10 * tau;
     const double omega = reduce360(125.04452 - 1934.136261 * t) * radians_per_degree;
     const double sun = reduce360(280.4665 + 36000.7698 * t) * radians_per_degree;
     const double moon = reduce360(218.3165 + 481267.8813 * t) * radians_per_degree;
     const LowNutation nutation = low_nutation(omega, sun, moon);
-    nutation_longitude = nutation.longitude;
-    nutation_obliquity = nutation.obliquity;
-    true_obliquity = mean_obliquity(tau / 10) + nutation.obliquity;
+    return {nutation.longitude, nutation.obliquity, mean_obliquity(tau / 10) + nutation.obliquity};
+}
+
+InterpolatedSeries interpolated_orientation(computed_orientation);
+
+void hand_out(double dynamical_time, double& nutation_obliquity, double& nutation_longitude,
+              double& true_obliquity) {
+    const double days = dynamical_time - epoch_j2000;
+    const InterpolatedSeries::Values values =
+        interpolating ? interpolated_orientation.at(days) : computed_orientation(days);
+    nutation_longitude = values[0];
+    nutation_obliquity = values[1];
+    true_obliquity = values[2];
 }
 
 } // namespace
@@ -31,14 +43,14 @@ LowNutation low_nutation(double omega, double sun, double moon) {
 
 void modobliquitylow(double jd, double& nutation_obliquity, double& nutation_longitude,
                      double& true_obliquity) {
-    compute(jd + days_to_dynamical_time(jd), nutation_obliquity, nutation_longitude, true_obliquity);
+    hand_out(jd + days_to_dynamical_time(jd), nutation_obliquity, nutation_longitude, true_obliquity);
 }
 
 void modobliquityvlow(double jd, double& nutation_obliquity, double& nutation_longitude,
                       double& true_obliquity) {
     double delta_t = 0;
     moddeltat(jd, delta_t);
-    compute(jd + delta_t, nutation_obliquity, nutation_longitude, true_obliquity);
+    hand_out(jd + delta_t, nutation_obliquity, nutation_longitude, true_obliquity);
 }
 
 } // namespace halvane

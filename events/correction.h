@@ -3,8 +3,9 @@
 namespace halvane {
 
 /// Time by which an event's estimate is off: how long the body takes from its altitude to `h0`          [h]
-/// In     altitude, h0, latitude, declination, hour_angle                                               [deg]
+/// In     altitude, h0, declination, hour_angle [deg]; cosine_latitude
 /// Source Meeus, Astronomical Algorithms, chapter "Rising, Transit, and Setting".
-double hours_to_altitude(double altitude, double h0, double latitude, double declination, double hour_angle);
+double hours_to_altitude(double altitude, double h0, double cosine_latitude, double declination,
+                         double hour_angle);
 
 } // namespace halvane

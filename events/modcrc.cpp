@@ -11,10 +11,10 @@
 
 namespace halvane {
 
-double hours_to_altitude(double altitude, double h0, double latitude, double declination, double hour_angle) {
-    const double days = (altitude - h0) /
-                        (360 * std::cos(declination * radians_per_degree) *
-                         std::cos(latitude * radians_per_degree) * std::sin(hour_angle * radians_per_degree));
+double hours_to_altitude(double altitude, double h0, double cosine_latitude, double declination,
+                         double hour_angle) {
+    const double days = (altitude - h0) / (360 * std::cos(declination * radians_per_degree) *
+                                           cosine_latitude * std::sin(hour_angle * radians_per_degree));
     return 24 * days;
 }
 
@@ -38,7 +38,7 @@ void modcrc(double& t, double jd0, double h0, double lat, double lon, std::strin
     double sidereal_time = 0;
     modsiderial(jd, sidereal_time);
     const double hour_angle = turn_into_360(sidereal_time + lon - right_ascension);
-    t += hours_to_altitude(altitude, h0, lat, declination, hour_angle);
+    t += hours_to_altitude(altitude, h0, std::cos(lat * radians_per_degree), declination, hour_angle);
 }
 
 } // namespace halvane

@@ -2,9 +2,8 @@
 
 #include "ephemeris/coordinates.h"
 #include "ephemeris/earthorientation.h"
+#include "ephemeris/fastplace.h"
 #include "ephemeris/modgeneral.h"
-#include "ephemeris/moon.h"
-#include "ephemeris/sun.h"
 #include "events/correction.h"
 
 #include <cmath>
@@ -12,19 +11,8 @@
 namespace halvane {
 namespace {
 
-struct FastPlace {
-    double right_ascension;
-    double declination;
-    double parallax; ///< of the Moon; 0 for the Sun
-};
-
-FastPlace place_of(std::string_view body, const Observer& observer, double jd) {
-    if (body == "Moon") {
-        const MoonPlace moon = moon_fast(observer, jd);
-        return {moon.right_ascension, moon.declination, moon.parallax};
-    }
-    const SunPlace sun = sun_fast(observer, jd);
-    return {sun.right_ascension, sun.declination, 0};
+FastPlace place_of(std::string_view body, double jd) {
+    return body == "Moon" ? moon_fast_place(jd) : sun_fast_place(jd);
 }
 
 double into_day_once(double fraction) {
@@ -36,14 +24,13 @@ double into_day_once(double fraction) {
 double corrected_by(double estimate, double midnight, double h0, const Observer& observer,
                     std::string_view body) {
     const double jd = midnight + estimate / 24;
-    const FastPlace place = place_of(body, observer, jd);
-    double altitude = 0;
-    double azimuth = 0;
-    altazm_of(observer, jd, place.right_ascension, place.declination, altitude, azimuth);
+    const FastPlace place = place_of(body, jd);
+    const double altitude = altitude_of(observer, jd, place.right_ascension, place.declination);
     double sidereal_time = 0;
     modsideriallow(jd, sidereal_time);
     const double hour_angle = turn_into_360(sidereal_time + observer.longitude - place.right_ascension);
-    return estimate + hours_to_altitude(altitude, h0, observer.latitude, place.declination, hour_angle);
+    return estimate +
+           hours_to_altitude(altitude, h0, observer.cosine_latitude, place.declination, hour_angle);
 }
 
 TaggedTime refined(double estimate, double midnight, double h0, const Observer& observer,
@@ -62,6 +49,40 @@ TaggedTime refined(double estimate, double midnight, double h0, const Observer& 
     return result;
 }
 
+/// Transit and half arc of a body by its place at noon, in fractions of a day.
+struct LowDay {
+    double midnight = 0; ///< UT1 of local midnight                                       [d]
+    double h0 = 0;       ///< standard altitude                                           [deg]
+    double transit = 0;
+    double half_arc = 0;
+    bool crosses = false; ///< whether it crosses the standard altitude at all
+};
+
+LowDay low_day(double jd, const Observer& observer, std::string_view body) {
+    LowDay day;
+    day.midnight = jd - zone_of_longitude(observer.longitude) / 24;
+    const FastPlace noon = place_of(body, day.midnight + 0.5);
+    double sidereal_time = 0;
+    modsideriallow(day.midnight, sidereal_time);
+    day.transit = into_day_once((noon.right_ascension - observer.longitude - sidereal_time) / 360);
+    day.h0 = body == "Moon" ? 0.7275 * moon_parallax(noon.distance) - 0.5667 : -0.833333;
+
+    const double delta = noon.declination * radians_per_degree;
+    const double c = (std::sin(day.h0 * radians_per_degree) - observer.sine_latitude * std::sin(delta)) /
+                     (observer.cosine_latitude * std::cos(delta));
+    day.crosses = std::fabs(c) <= 1;
+    if (day.crosses)
+        day.half_arc = acos(c) * degrees_per_radian / 360;
+    return day;
+}
+
+TaggedTime event_of(const LowDay& day, LowEvent event, const Observer& observer, std::string_view body) {
+    if (!day.crosses)
+        return NoEvent::none;
+    const double fraction = event == LowEvent::rise ? day.transit - day.half_arc : day.transit + day.half_arc;
+    return refined(into_day_once(fraction) * 24, day.midnight, day.h0, observer, body);
+}
+
 } // namespace
 
 double zone_of_longitude(double longitude) {
@@ -78,26 +99,16 @@ void modvlowriseset(double estimate, double midnight, double h0, double latitude
     corrected = corrected_by(estimate, midnight, h0, observer_at(longitude, latitude, 0), body);
 }
 
+TaggedTime low_event(double jd, const Observer& observer, std::string_view body, LowEvent event) {
+    return event_of(low_day(jd, observer, body), event, observer, body);
+}
+
 void modlowriseset(double jd, double longitude, double latitude, std::string_view body, TaggedTime& rise,
                    TaggedTime& set) {
     const Observer observer = observer_at(longitude, latitude, 0);
-    const double midnight = jd - zone_of_longitude(longitude) / 24;
-    const FastPlace noon = place_of(body, observer, midnight + 0.5);
-    double sidereal_time = 0;
-    modsideriallow(midnight, sidereal_time);
-    const double transit = into_day_once((noon.right_ascension - longitude - sidereal_time) / 360);
-    const double h0 = body == "Moon" ? 0.7275 * noon.parallax - 0.5667 : -0.833333;
-
-    const double delta = noon.declination * radians_per_degree;
-    const double c = (std::sin(h0 * radians_per_degree) - observer.sine_latitude * std::sin(delta)) /
-                     (observer.cosine_latitude * std::cos(delta));
-    if (!(std::fabs(c) <= 1)) {
-        rise = set = NoEvent::none;
-        return;
-    }
-    const double arc = acos(c) * degrees_per_radian / 360;
-    rise = refined(into_day_once(transit - arc) * 24, midnight, h0, observer, body);
-    set = refined(into_day_once(transit + arc) * 24, midnight, h0, observer, body);
+    const LowDay day = low_day(jd, observer, body);
+    rise = event_of(day, LowEvent::rise, observer, body);
+    set = event_of(day, LowEvent::set, observer, body);
 }
 
 } // namespace halvane

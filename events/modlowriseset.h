@@ -17,6 +17,10 @@ namespace halvane {
 void modlowriseset(double jd, double longitude, double latitude, std::string_view body, TaggedTime& rise,
                    TaggedTime& set);
 
+/// One of the two events for an observer.
+enum class LowEvent { rise, set };
+TaggedTime low_event(double jd, const Observer& observer, std::string_view body, LowEvent event);
+
 /// One correction of the fast search.
 /// In     estimate   hours from `midnight`
 ///        midnight   UT1 of local midnight [d]; h0, latitude, longitude [deg]; body as above

@@ -7,7 +7,6 @@
 #include "prayer/crescentmode.h"
 #include "prayer/highlatitude.h"
 #include "prayer/prayerreport.h"
-#include "prayer/reportrun.h"
 
 #include <optional>
 #include <utility>

@@ -6,7 +6,6 @@
 #include "calendar/moddeltat.h"
 #include "prayer/crescentmode.h"
 #include "prayer/moonreport.h"
-#include "prayer/reportrun.h"
 
 namespace halvane {
 namespace {

@@ -2,8 +2,6 @@
 
 #include "app/stored/failure.h"
 #include "calendar/modctim.h"
-#include "calendar/modjul.h"
-#include "calendar/modsummer.h"
 #include "ephemeris/coordinates.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/sun.h"
@@ -194,14 +192,6 @@ PrayerSettings read_prayer_settings(DayMode mode) {
     settings.high_latitude = mode == DayMode::report && settings.preferences.high_latitude == 1;
     settings.mode = mode;
     return settings;
-}
-
-int summer_hours_of(const Preferences& preferences, double jd) {
-    double year = 0;
-    double month = 0;
-    double day = 0;
-    modjuc(jd + 0.5, year, month, day);
-    return in_summer_time(preferences, year, month, std::floor(day)) ? 1 : 0;
 }
 
 PrayerDay prayer_day(const PrayerSettings& settings, double jd, int summer_hours) {

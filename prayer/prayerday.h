@@ -2,6 +2,7 @@
 
 #include "app/stored/loc.h"
 #include "app/stored/pref.h"
+#include "calendar/modsummer.h"
 #include "events/taggedtime.h"
 
 #include <string>
@@ -55,13 +56,10 @@ struct PrayerDay {
 /// The prayer times of one civil day.
 /// In     settings  of the run
 ///        jd        0 h of the civil date                                                      [d]
-///        summer_hours  0 or 1
+///        summer_hours  0 or 1 (summer_hours_of)
 /// Reads `pref.vsk` and `loc.vsk` through the searches; `forcedtwilight` takes the place of both angles.
 /// Writes `sunhorizonalt`.
 /// Error  raises RunTimeFailure when the alternative method meets a day without Shuroq or Maghreb.
 PrayerDay prayer_day(const PrayerSettings& settings, double jd, int summer_hours);
-
-/// Summer hours of the civil date of `jd`.
-int summer_hours_of(const Preferences& preferences, double jd);
 
 } // namespace halvane

@@ -1,19 +1,11 @@
 #pragma once
 
 #include "app/report/report.h"
-#include "app/stored/date.h"
+#include "app/report/reportrun.h"
 #include "prayer/highlatitude.h"
 #include "prayer/prayerday.h"
 
 namespace halvane {
-
-/// What the heads of the prayer and the Moon report print besides the settings.
-struct ReportPeriod {
-    bool one_day = false;
-    DateNumbers start; ///< as stored, or today
-    DateNumbers end;
-    double delta_t = 0; ///< at the middle of the days computed                                  [s]
-};
 
 /// The head of `results.out`; `fajer_angle` and `isha_angle` are those in force [deg].
 void write_prayer_head(Report& report, const PrayerSettings& settings, const ReportPeriod& period,

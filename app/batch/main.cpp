@@ -39,7 +39,7 @@ int run(int argc, char** argv) {
            "Folder of the stored files and the reports; the program's own when not given. The series files "
            "are the program's own when the folder holds none.")
         ->type_name("DIR")
-        ->check(CLI::ExistingDirectory);
+        ->check(CLI::Validator(CLI::ExistingDirectory).description(""));
     std::string now;
     MachineTime time;
     app.add_option("--now", now, "Sets the machine's clock for the run: YYYY-MM-DDTHH:MM")

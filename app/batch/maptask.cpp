@@ -9,14 +9,13 @@
 #include <CLI/CLI.hpp>
 
 #include <iostream>
-#include <map>
 #include <memory>
 
 namespace halvane {
 namespace {
 
 struct MapOptions {
-    Criterion criterion = Criterion::vesk;
+    std::string criterion = "vesk";
     int day = 0;
     std::string picture;
     std::string table;
@@ -51,10 +50,16 @@ std::string table_of(const MapRun& run, const std::vector<MapPoint>& points) {
     return text;
 }
 
+Criterion criterion_of(const std::string& name) {
+    if (name == "yallop")
+        return Criterion::yallop;
+    return name == "saao" ? Criterion::saao : Criterion::vesk;
+}
+
 MapRun map_run(const CrescentSettings& settings, const MapOptions& options) {
     find_conjunction(settings);
     MapRun run;
-    run.criterion = options.criterion;
+    run.criterion = criterion_of(options.criterion);
     run.kind = settings.new_crescent ? CrescentKind::new_crescent : CrescentKind::old_crescent;
     run.conjunction = map_conjunction();
     run.day = map_day(run.conjunction, run.kind, options.day);
@@ -88,11 +93,9 @@ Task map_task() {
     const auto options = std::make_shared<MapOptions>();
     return {"map", "World map of the stored crescent's visibility",
             [options](CLI::App& command) {
-                const std::map<std::string, Criterion> criteria{
-                    {"vesk", Criterion::vesk}, {"yallop", Criterion::yallop}, {"saao", Criterion::saao}};
                 command.add_option("--criterion", options->criterion, "vesk, yallop or saao")
                     ->type_name("NAME")
-                    ->transform(CLI::CheckedTransformer(criteria).description(""));
+                    ->check(CLI::IsMember({"vesk", "yallop", "saao"}).description(""));
                 command.add_option("--day", options->day, "0 the conjunction's date; 1, 2 days from it")
                     ->type_name("DAY")
                     ->check(CLI::Range(0, 2).description(""));

@@ -6,6 +6,10 @@
 #include "ephemeris/series.h"
 #include "prayer/cmdcom.h"
 #include "prayer/cmdmoon.h"
+#include "qibla/cmdqib.h"
+#include "tables/ephemeristable.h"
+#include "telescope/crescentpicture.h"
+#include "telescope/readouts.h"
 
 #include <cstdio>
 #include <iostream>
@@ -37,6 +41,39 @@ int run_today(Progress& /*progress*/) {
     return status_done;
 }
 
+int run_qibla(Progress& progress, QiblahMark mark) {
+    load_term();
+    load_mterm();
+    return report_written(cmdqib(progress, stored_qiblah_direction(), mark), "results.out");
+}
+
+int run_ephemeris(Progress& progress) {
+    load_termfull();
+    load_mterm();
+    load_elp();
+    return report_written(write_ephemeris_table(read_coor(), progress), "ephemeris.out",
+                          end_before_start.text);
+}
+
+int run_telescope(Progress& /*progress*/) {
+    load_term();
+    load_mterm();
+    load_elp();
+    const TelescopeSettings settings = read_tele();
+    const std::optional<TelescopePointing> pointing = telescope_pointing(settings);
+    if (!pointing) {
+        std::cerr << moon_below_horizon.text << "\n";
+        return status_failure;
+    }
+    for (const ReadOut& readout : telescope_readouts(*pointing))
+        std::cout << readout.label << ": " << readout.text << "\n";
+    std::cout << "picture: "
+              << crescent_picture(pointing->zenith_angle, settings.flip_horizontal == 1,
+                                  settings.flip_vertical == 1)
+              << "\n";
+    return status_done;
+}
+
 } // namespace
 
 int report_written(RunOutcome outcome, const char* report_name, const char* refusal) {
@@ -58,6 +95,16 @@ std::vector<Task> batch_tasks() {
         phases_task(),
         crescent_task(),
         map_task(),
+        {"qibla-sun",
+         "When the Sun stands in the direction of the Qiblah, into results.out",
+         {},
+         [](Progress& progress) { return run_qibla(progress, QiblahMark::sun); }},
+        {"qibla-shadow",
+         "When the Sun's shadow lies in the direction of the Qiblah, into results.out",
+         {},
+         [](Progress& progress) { return run_qibla(progress, QiblahMark::shadow); }},
+        {"ephemeris", "Table of the Sun or the Moon, into ephemeris.out", {}, run_ephemeris},
+        {"telescope", "Pointing numbers of Sun, Moon and crescent, on standard output", {}, run_telescope},
     };
 }
 

@@ -24,15 +24,15 @@ std::string LinuxPlatform::short_time(int hour, int minute, int second) {
     return text.toStdString();
 }
 
-void LinuxPlatform::keep_on_top(void* panel) {
+void LinuxPlatform::keep_on_top(void* panel, bool on_top) {
     auto* widget = static_cast<QWidget*>(panel);
     // A change of the flag hides the window; showing it again activates it.
-    if (!widget->windowFlags().testFlag(Qt::WindowStaysOnTopHint)) {
+    if (widget->windowFlags().testFlag(Qt::WindowStaysOnTopHint) != on_top) {
         const bool shown = widget->isVisible();
-        widget->setWindowFlag(Qt::WindowStaysOnTopHint);
+        widget->setWindowFlag(Qt::WindowStaysOnTopHint, on_top);
         widget->setVisible(shown);
     }
-    if (widget->isVisible())
+    if (on_top && widget->isVisible())
         widget->raise();
 }
 

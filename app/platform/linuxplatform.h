@@ -9,7 +9,7 @@ class LinuxPlatform : public Platform {
 public:
     void show_text_file(const std::string& name) override;
     std::string short_time(int hour, int minute, int second) override;
-    void keep_on_top(void* panel) override;
+    void keep_on_top(void* panel, bool on_top) override;
 };
 
 } // namespace halvane

@@ -17,9 +17,9 @@ public:
     /// A clock time in the system's short time format.
     virtual std::string short_time(int hour, int minute, int second) = 0;
 
-    /// Keeps a panel above the other windows.
+    /// Keeps a panel above the other windows, or puts it back among them.
     /// In     panel  the panel's widget, known to the system's file only
-    virtual void keep_on_top(void* panel) = 0;
+    virtual void keep_on_top(void* panel, bool on_top) = 0;
 };
 
 /// The platform in use.

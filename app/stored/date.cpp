@@ -31,7 +31,9 @@ CalculationDate parse(RecordReader& reader) {
 }
 
 void write_date_numbers(RecordWriter& writer, const DateNumbers& date) {
-    writer.number(date.year).number(date.month).number(date.day);
+    writer.number_within(date.year, largest_year)
+        .number_within(date.month, largest_day)
+        .number_within(date.day, largest_day);
 }
 
 std::string format(const CalculationDate& record) {

@@ -43,6 +43,10 @@ double signed_latitude_degrees(const Location& location);
 /// Error  raises RunTimeFailure for a missing or damaged file.
 const Location& read_loc();
 
+/// The current location as far as `loc.vsk` is sound: from its first damage on, or without the file, the
+/// numbers are 0, the name is empty and the hemispheres are east and north. Raises nothing.
+Location readable_loc();
+
 /// Rewrites `loc.vsk` whole.
 void write_loc(const Location& location);
 

@@ -3,6 +3,7 @@
 #include "app/stored/failure.h"
 #include "app/stored/programfolder.h"
 #include "app/stored/record.h"
+#include "app/stored/storedfile.h"
 #include "app/stored/textfile.h"
 
 #include <algorithm>
@@ -13,7 +14,7 @@
 namespace halvane {
 namespace {
 
-constexpr std::string_view list_name = "loc.txt";
+constexpr const char* list_name = "loc.txt";
 constexpr std::string_view working_copy_name = "temp.txt";
 
 bool flag_of(RecordReader& reader) {
@@ -41,6 +42,13 @@ Location parse(RecordReader& reader) {
     return record;
 }
 
+void fill(RecordReader& reader, std::vector<Location>& locations) {
+    while (!reader.at_end()) {
+        reader.start_record();
+        locations.push_back(parse(reader));
+    }
+}
+
 std::string format(const Location& record) {
     RecordWriter writer;
     writer.text(record.name)
@@ -60,15 +68,8 @@ std::string format(const Location& record) {
     return writer.line();
 }
 
-/// The name as it stands in the file, where a double quote mark cannot be.
-std::string stored_name(std::string_view name) {
-    std::string stored(name);
-    std::replace(stored.begin(), stored.end(), '"', '\'');
-    return stored;
-}
-
 std::string lines_without(std::string_view name) {
-    const std::string left_out = stored_name(name);
+    const std::string left_out = listed_name(name);
     std::string lines;
     for (const Location& location : read_location_list())
         if (location.name != left_out)
@@ -92,15 +93,34 @@ std::vector<Location> read_location_list() {
     const std::string text = read_text_file(path);
     RecordReader reader(text, path);
     std::vector<Location> locations;
-    while (!reader.at_end()) {
-        reader.start_record();
-        locations.push_back(parse(reader));
-    }
+    fill(reader, locations);
     return locations;
 }
 
+std::vector<Location> readable_location_list() {
+    return read_while_sound(list_name, std::vector<Location>(), fill);
+}
+
+std::optional<Location> find_location(std::string_view name) {
+    const std::string path = program_path(list_name);
+    const std::string text = read_text_file(path);
+    RecordReader reader(text, path);
+    while (!reader.at_end()) {
+        reader.start_record();
+        if (Location location = parse(reader); location.name == name)
+            return location;
+    }
+    return std::nullopt;
+}
+
+std::string listed_name(std::string_view name) {
+    std::string listed(name);
+    std::replace(listed.begin(), listed.end(), '"', '\'');
+    return listed;
+}
+
 bool add_location(const Location& location) {
-    const std::string name = stored_name(location.name);
+    const std::string name = listed_name(location.name);
     const std::vector<Location> present = read_location_list();
     if (std::any_of(present.begin(), present.end(), [&name](const Location& l) { return l.name == name; }))
         return false;

@@ -2,6 +2,7 @@
 
 #include "app/stored/loc.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,6 +13,16 @@ namespace halvane {
 /// Reads `loc.txt`.
 /// Error  raises RunTimeFailure for a missing or damaged file.
 std::vector<Location> read_location_list();
+
+/// The saved locations up to the first damage of `loc.txt`; none without the file. Raises nothing.
+std::vector<Location> readable_location_list();
+
+/// The first saved location of exactly that name; upper and lower case differ.
+/// Error  raises RunTimeFailure for a missing file, or a record damaged before the name is found.
+std::optional<Location> find_location(std::string_view name);
+
+/// The name as the list holds it: a double quote mark, which would break the record, becomes an apostrophe.
+std::string listed_name(std::string_view name);
 
 /// Appends `location` to `loc.txt`; a missing last line end is mended first.
 /// Returns false, with nothing written, when a location of exactly that name is in the list.

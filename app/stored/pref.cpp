@@ -5,9 +5,8 @@
 namespace halvane {
 namespace {
 
-Preferences parse(RecordReader& reader) {
+void fill(RecordReader& reader, Preferences& record) {
     constexpr double largest_calendar_number = 9999;
-    Preferences record;
     record.fajer_angle = reader.number();
     record.isha_angle = reader.number();
     record.summer_from_month = reader.number_within(largest_calendar_number);
@@ -26,6 +25,23 @@ Preferences parse(RecordReader& reader) {
     record.authority = reader.text();
     record.add_asr = reader.number();
     record.high_latitude = reader.number();
+}
+
+Preferences parse(RecordReader& reader) {
+    Preferences record;
+    fill(reader, record);
+    return record;
+}
+
+Preferences blank() {
+    Preferences record;
+    record.fajer_angle = record.isha_angle = 0;
+    record.summer_from_month = record.summer_from_day = 0;
+    record.summer_to_month = record.summer_to_day = 0;
+    for (std::string* text : {&record.summer_time, &record.elevation_fajer, &record.asr_rule,
+                              &record.clock_precision, &record.elevation_setting, &record.authority})
+        text->clear();
+    record.english = false;
     return record;
 }
 
@@ -52,7 +68,9 @@ std::string format(const Preferences& record) {
     return writer.line();
 }
 
-StoredFile<Preferences> file("pref.vsk", parse, format);
+constexpr const char* file_name = "pref.vsk";
+
+StoredFile<Preferences> file(file_name, parse, format);
 
 } // namespace
 
@@ -68,6 +86,10 @@ bool has_summer_time(const Preferences& preferences) {
 
 const Preferences& read_pref() {
     return file.read();
+}
+
+Preferences readable_pref() {
+    return read_while_sound(file_name, blank(), fill);
 }
 
 void write_pref(const Preferences& preferences) {

@@ -38,6 +38,10 @@ bool has_summer_time(const Preferences& preferences);
 /// Error  raises RunTimeFailure for a missing or damaged file.
 const Preferences& read_pref();
 
+/// The stored preferences as far as `pref.vsk` is sound: from its first damage on, or without the file, the
+/// fields are blank (0, empty, false). Raises nothing.
+Preferences readable_pref();
+
 /// Rewrites `pref.vsk` whole.
 void write_pref(const Preferences& preferences);
 

@@ -2,6 +2,7 @@
 
 #include "app/stored/failure.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <system_error>
@@ -165,6 +166,10 @@ RecordWriter& RecordWriter::number(double value) {
     separate();
     line_ += plain_number(value);
     return *this;
+}
+
+RecordWriter& RecordWriter::number_within(double value, double limit) {
+    return number(std::clamp(value, -limit, limit));
 }
 
 RecordWriter& RecordWriter::boolean(bool value) {

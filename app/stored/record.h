@@ -52,6 +52,9 @@ public:
     RecordWriter& text(std::string_view value);
     /// The shortest decimal text that reads back as the same number, never with an exponent.
     RecordWriter& number(double value);
+    /// A number that RecordReader::number_within shall read again: one beyond `limit` is written as the
+    /// limit.
+    RecordWriter& number_within(double value, double limit);
     RecordWriter& boolean(bool value);
 
     /// The record with its CR LF.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/stored/failure.h"
 #include "app/stored/programfolder.h"
 #include "app/stored/record.h"
 #include "app/stored/textfile.h"
@@ -7,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <sys/stat.h>
+#include <time.h>
 
 namespace halvane {
 
@@ -23,6 +25,15 @@ public:
         return exists_ && other.exists_ && status_.st_dev == other.status_.st_dev &&
                status_.st_ino == other.status_.st_ino && status_.st_size == other.status_.st_size &&
                same(status_.st_mtim, other.status_.st_mtim) && same(status_.st_ctim, other.status_.st_ctim);
+    }
+
+    /// Whether a further change after `moment` must show: within one tick of the file system's clock it need
+    /// not.
+    bool settled_at(const timespec& moment) const {
+        constexpr double tick = 0.02; // twice the slowest clock of the kernel [s]
+        const double age = static_cast<double>(moment.tv_sec - status_.st_ctim.tv_sec) +
+                           static_cast<double>(moment.tv_nsec - status_.st_ctim.tv_nsec) * 1e-9;
+        return age > tick || age < -tick;
     }
 
 private:
@@ -47,13 +58,16 @@ public:
     /// The stored record; the reference holds until the next call of `read` or `write`.
     const Record& read() {
         refresh_path();
-        const FileIdentity now = FileIdentity::of(path_);
-        if (!record_ || !(now == identity_)) {
+        if (!record_ || !settled_ || !(FileIdentity::of(path_) == identity_)) {
             record_.reset();
+            timespec before{};
+            ::clock_gettime(CLOCK_REALTIME, &before);
+            const FileIdentity now = FileIdentity::of(path_);
             const std::string text = read_text_file(path_);
             RecordReader reader(text, path_);
             record_ = parse_(reader);
             identity_ = now;
+            settled_ = now.settled_at(before);
             ++version_;
         }
         return *record_;
@@ -87,6 +101,23 @@ private:
     unsigned version_ = 0;
     std::optional<Record> record_;
     FileIdentity identity_;
+    bool settled_ = false;
 };
+
+/// Reads the file `name` into `record` up to its first damage: what has been read by then stands, the rest
+/// stays as it was given. A missing file leaves the whole record so.
+/// In     fill  reads the fields in the order of the file
+template <class Record>
+Record read_while_sound(const char* name, Record record, void (*fill)(RecordReader&, Record&)) {
+    try {
+        const std::string path = program_path(name);
+        const std::string text = read_text_file(path);
+        RecordReader reader(text, path);
+        fill(reader, record);
+    } catch (const RunTimeFailure&) {
+        return record;
+    }
+    return record;
+}
 
 } // namespace halvane

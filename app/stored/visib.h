@@ -20,7 +20,7 @@ struct CrescentSettings {
     bool at_user_time = false;       ///< at the time of the next two fields
     std::string user_hour = "18";    ///< local clock [h]
     std::string user_minute = "0";   ///< local clock [min]
-    bool gregorian = true;           ///< the date is entered in the Gregorian calendar
+    bool gregorian = true;           ///< the date is entered in the Gregorian calendar; decides
     bool hijri = false;              ///< the date is entered in the Hijri calendar
     int hijri_month = 0;             ///< index of the Hijri month, 0 for Muharram
     std::string hijri_year = "1448"; ///< Hijri year

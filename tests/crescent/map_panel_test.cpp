@@ -485,7 +485,8 @@ TEST_F(MapPanel, ThePanelStaysOnTop) {
     form.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
     ASSERT_FALSE(platform_double.kept_on_top.empty());
-    EXPECT_EQ(platform_double.kept_on_top.back(), static_cast<QWidget*>(&form));
+    EXPECT_EQ(platform_double.kept_on_top.back().panel, static_cast<QWidget*>(&form));
+    EXPECT_TRUE(platform_double.kept_on_top.back().on_top);
     const std::size_t once_active = platform_double.kept_on_top.size();
     click(form, "cmddraw");
     EXPECT_EQ(platform_double.kept_on_top.size(), once_active + 1);

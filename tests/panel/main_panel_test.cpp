@@ -86,7 +86,7 @@ protected:
     }
 
     /// Does `action` at the event pass `pass` of the run that follows.
-    void during_run(int pass, std::function<void()> action) {
+    void during_run(int pass, const std::function<void()>& action) {
         auto* timer = new QTimer(&timers_);
         QObject::connect(timer, &QTimer::timeout, timer, [timer, left = pass, action]() mutable {
             const QWidget* wait = open_window("frmwait");

@@ -223,6 +223,15 @@ QStringList unreachable_controls(QWidget& form) {
     return unreachable;
 }
 
+QStringList tab_order(QWidget& form) {
+    QStringList order;
+    for (QWidget* next = form.nextInFocusChain(); next != &form; next = next->nextInFocusChain())
+        if (form.isAncestorOf(next) && takes_input(next) && is_own(next) &&
+            (next->focusPolicy() & Qt::TabFocus) != 0)
+            order << next->objectName();
+    return order;
+}
+
 QStringList shared_access_keys(QWidget& form) {
     QMap<QString, QStringList> owners;
     for (QWidget* widget : form.findChildren<QWidget*>()) {

@@ -42,10 +42,14 @@ class RecordingPlatform : public Platform {
 public:
     void show_text_file(const std::string& name) override { shown_files.push_back(name); }
     std::string short_time(int hour, int minute, int second) override;
-    void keep_on_top(void* panel) override { kept_on_top.push_back(panel); }
+    void keep_on_top(void* panel, bool on_top) override { kept_on_top.push_back({panel, on_top}); }
 
     std::vector<std::string> shown_files;
-    std::vector<void*> kept_on_top;
+    struct OnTop {
+        void* panel;
+        bool on_top;
+    };
+    std::vector<OnTop> kept_on_top;
 };
 
 /// The control `name` of `form`; the test ends when there is none of that kind.
@@ -85,6 +89,9 @@ QStringList nameless_controls(QWidget& form);
 
 /// Visible controls that take input but that the Tab key never reaches.
 QStringList unreachable_controls(QWidget& form);
+
+/// Names of the inputs and buttons of the form in the order in which the Tab key visits them.
+QStringList tab_order(QWidget& form);
 
 /// Access keys that two visible controls of the form share.
 QStringList shared_access_keys(QWidget& form);

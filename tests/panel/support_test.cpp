@@ -87,6 +87,20 @@ TEST_F(SupportTest, AQuestionInArabicHasArabicButtonsRightToLeft) {
     EXPECT_EQ(messages[0].buttons, (QStringList{QStringLiteral("نعم"), QStringLiteral("لا")}));
 }
 
+TEST_F(SupportTest, AFailureNamesWhatFailedAndWhatToDo) {
+    tell_failure("Cannot open loc.vsk: record 1", Language::english);
+    tell_failure("Cannot open loc.vsk: record 1", Language::arabic);
+    ASSERT_EQ(messages.size(), 2U);
+    for (const SeenMessage& message : messages) {
+        EXPECT_EQ(message.title, QStringLiteral("Halvane 5.3.9"));
+        EXPECT_FALSE(message.exclamation);
+        EXPECT_TRUE(message.informative_text.contains(QStringLiteral("Cannot open loc.vsk: record 1")));
+    }
+    EXPECT_TRUE(messages[0].informative_text.contains(QStringLiteral("start Halvane again")));
+    EXPECT_EQ(messages[1].buttons, QStringList{QStringLiteral("موافق")});
+    EXPECT_EQ(messages[1].direction, Qt::RightToLeft);
+}
+
 TEST_F(SupportTest, FocusSelectsTheWholeTextOfABox) {
     SampleForm form;
     select_whole_text_on_focus(form);

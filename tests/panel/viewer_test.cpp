@@ -27,12 +27,12 @@ protected:
 TEST_F(ViewerTest, ShowsTheFileFromItsFirstLineWithItsColumns) {
     Viewer viewer(file());
     EXPECT_EQ(viewer.windowTitle(), QStringLiteral("results.out"));
-    EXPECT_EQ(viewer.text().textCursor().position(), 0);
-    EXPECT_TRUE(viewer.text().isReadOnly());
-    EXPECT_EQ(viewer.text().document()->findBlockByNumber(2).text(),
+    EXPECT_EQ(viewer.cursor().position(), 0);
+    EXPECT_TRUE(control<QPlainTextEdit>(viewer, "txtreport").isReadOnly());
+    EXPECT_EQ(viewer.document().findBlockByNumber(2).text(),
               QStringLiteral("01/06/2024     03:53     05:31"));
-    EXPECT_EQ(viewer.text().lineWrapMode(), QPlainTextEdit::NoWrap);
-    const QFontMetricsF metrics(viewer.text().font());
+    EXPECT_EQ(control<QPlainTextEdit>(viewer, "txtreport").lineWrapMode(), QPlainTextEdit::NoWrap);
+    const QFontMetricsF metrics(viewer.area().font());
     EXPECT_DOUBLE_EQ(metrics.horizontalAdvance(u'i'), metrics.horizontalAdvance(u'W'))
         << "one width for every character";
 }
@@ -41,21 +41,31 @@ TEST_F(ViewerTest, AReportStaysLeftToRightInArabicAndWithAnArabicName) {
     set_language(Language::arabic);
     Viewer viewer(file());
     EXPECT_EQ(viewer.layoutDirection(), Qt::RightToLeft);
-    EXPECT_EQ(viewer.text().layoutDirection(), Qt::LeftToRight);
-    for (QTextBlock line = viewer.text().document()->begin(); line.isValid(); line = line.next())
+    EXPECT_EQ(viewer.area().layoutDirection(), Qt::LeftToRight);
+    for (QTextBlock line = viewer.document().begin(); line.isValid(); line = line.next())
         EXPECT_EQ(line.textDirection(), Qt::LeftToRight) << line.blockNumber();
 }
 
-TEST_F(ViewerTest, AnArabicParagraphOfAPlainTextRunsRightToLeft) {
-    put("guide.txt", "Times\r\nمواقيت الصلاة\r\n");
+TEST_F(ViewerTest, EachLineOfAGuideRunsByItsOwnLetters) {
+    put("guide.txt", "Times\r\nمواقيت الصلاة\r\n---\r\npref.vsk  الخيارات\r\nloc.vsk\r\n---\r\n");
     Viewer viewer(QString::fromStdString(path("guide.txt")));
-    EXPECT_EQ(viewer.text().document()->findBlockByNumber(0).textDirection(), Qt::LeftToRight);
-    EXPECT_EQ(viewer.text().document()->findBlockByNumber(1).textDirection(), Qt::RightToLeft);
+    const Qt::LayoutDirection wanted[] = {Qt::LeftToRight, Qt::RightToLeft, Qt::RightToLeft,
+                                          Qt::RightToLeft, Qt::LeftToRight, Qt::LeftToRight};
+    for (int line = 0; line < 6; ++line)
+        EXPECT_EQ(viewer.document().findBlockByNumber(line).textDirection(), wanted[line]) << line;
+}
+
+TEST_F(ViewerTest, InArabicAGuideOpensOnItsArabicHeading) {
+    put("guide.txt", "Guide\r\n=====\r\nدليل\r\nدليل المستخدم\r\n=====\r\n");
+    EXPECT_EQ(Viewer(QString::fromStdString(path("guide.txt"))).cursor().blockNumber(), 0);
+    set_language(Language::arabic);
+    Viewer viewer(QString::fromStdString(path("guide.txt")));
+    EXPECT_EQ(viewer.cursor().blockNumber(), 3);
 }
 
 TEST_F(ViewerTest, AMissingFileIsToldInTheWindow) {
     Viewer viewer(QString::fromStdString(path("nothing.txt")));
-    EXPECT_TRUE(viewer.text().toPlainText().contains(QStringLiteral("nothing.txt")));
+    EXPECT_TRUE(viewer.document().toPlainText().contains(QStringLiteral("nothing.txt")));
 }
 
 TEST_F(ViewerTest, ThePlatformOpensItMaximised) {
@@ -70,14 +80,14 @@ TEST_F(ViewerTest, FindGoesFromPlaceToPlaceAndStartsAgainAtTheTop) {
     Viewer viewer(file());
     enter(viewer, "txtfind", QStringLiteral("05:31"));
     EXPECT_TRUE(viewer.find_next());
-    EXPECT_EQ(viewer.text().textCursor().blockNumber(), 2);
-    EXPECT_EQ(viewer.text().textCursor().selectedText(), QStringLiteral("05:31"));
+    EXPECT_EQ(viewer.cursor().blockNumber(), 2);
+    EXPECT_EQ(viewer.cursor().selectedText(), QStringLiteral("05:31"));
     EXPECT_TRUE(viewer.find_next());
-    EXPECT_EQ(viewer.text().textCursor().blockNumber(), 3);
+    EXPECT_EQ(viewer.cursor().blockNumber(), 3);
     EXPECT_TRUE(viewer.find_next());
-    EXPECT_EQ(viewer.text().textCursor().blockNumber(), 2);
+    EXPECT_EQ(viewer.cursor().blockNumber(), 2);
     click(viewer, "cmdprevious");
-    EXPECT_EQ(viewer.text().textCursor().blockNumber(), 3);
+    EXPECT_EQ(viewer.cursor().blockNumber(), 3);
 }
 
 TEST_F(ViewerTest, FindTellsWhenThereIsNoSuchText) {
@@ -85,19 +95,19 @@ TEST_F(ViewerTest, FindTellsWhenThereIsNoSuchText) {
     enter(viewer, "txtfind", QStringLiteral("25:99"));
     QTest::keyClick(&control(viewer, "txtfind"), Qt::Key_Return);
     EXPECT_EQ(caption(viewer, "lblfound"), QStringLiteral("Not found"));
-    EXPECT_EQ(viewer.text().textCursor().position(), 0);
+    EXPECT_EQ(viewer.cursor().position(), 0);
 }
 
 TEST_F(ViewerTest, ZoomChangesTheSizeOfTypeAndReturns) {
     Viewer viewer(file());
-    const double normal = viewer.text().font().pointSizeF();
+    const double normal = viewer.area().font().pointSizeF();
     click(viewer, "cmdlarger");
     click(viewer, "cmdlarger");
-    EXPECT_DOUBLE_EQ(viewer.text().font().pointSizeF(), normal + 2);
+    EXPECT_DOUBLE_EQ(viewer.area().font().pointSizeF(), normal + 2);
     click(viewer, "cmdsmaller");
-    EXPECT_DOUBLE_EQ(viewer.text().font().pointSizeF(), normal + 1);
+    EXPECT_DOUBLE_EQ(viewer.area().font().pointSizeF(), normal + 1);
     click(viewer, "cmdnormal");
-    EXPECT_DOUBLE_EQ(viewer.text().font().pointSizeF(), normal);
+    EXPECT_DOUBLE_EQ(viewer.area().font().pointSizeF(), normal);
 }
 
 TEST_F(ViewerTest, CopyTakesTheSelectionOrElseTheWholeText) {
@@ -157,17 +167,18 @@ TEST_F(ViewerTest, ALongTextFillsAsManyPagesAsItNeeds) {
     QFile target(QString::fromStdString(path("long.pdf")));
     ASSERT_TRUE(target.open(QIODevice::WriteOnly));
     QPdfWriter writer(&target);
-    EXPECT_EQ(print_pages(writer, QStringLiteral("short"), QStringLiteral("one line")), 1);
+    EXPECT_EQ(print_pages(writer, QStringLiteral("short"), QStringLiteral("one line"), false), 1);
     QFile second(QString::fromStdString(path("longer.pdf")));
     ASSERT_TRUE(second.open(QIODevice::WriteOnly));
     QPdfWriter long_writer(&second);
-    EXPECT_GE(print_pages(long_writer, QStringLiteral("long"), QStringLiteral("a line\n").repeated(400)), 5);
+    EXPECT_GE(
+        print_pages(long_writer, QStringLiteral("long"), QStringLiteral("a line\n").repeated(400), false), 5);
 }
 
 TEST_F(ViewerTest, EscapeClosesIt) {
     Viewer viewer(file());
     viewer.show();
-    QTest::keyClick(&viewer.text(), Qt::Key_Escape);
+    QTest::keyClick(&viewer.area(), Qt::Key_Escape);
     EXPECT_FALSE(viewer.isVisible());
 }
 

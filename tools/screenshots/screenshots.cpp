@@ -17,6 +17,7 @@
 #include "crescent/frmcresv.h"
 #include "crescent/frmmap.h"
 #include "prayer/cmdcom.h"
+#include "qibla/frmqmap.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -149,6 +150,8 @@ void take_all(const QString& folder, Language language) {
         const std::unique_ptr<QDialog> form(panel.make(nullptr));
         camera.take(*form, QString::fromLatin1(panel.form));
     }
+    frmqmap qiblah_map;
+    camera.take(qiblah_map, QStringLiteral("frmqmap"));
     take_crescent(camera);
     take_shared_windows(camera, language);
 }

@@ -1,0 +1,150 @@
+#include "app/frmdate.h"
+
+#include "app/frmlists.h"
+#include "app/frmstyle.h"
+#include "app/frmsupport.h"
+#include "app/messages.h"
+#include "ui_frmdate.h"
+
+namespace halvane {
+
+namespace {
+
+constexpr Twin kTwins[] = {
+    {"frmdate", "Date", "التاريخ"},
+    {"fradate", "Date Settings", "تحديد التاريخ"},
+    {"optsystem", "Use the date of your system", "اعتمد تاريخ الجهاز"},
+    {"optday", "Do calculations for one day only:", "إجراء الحسابات ليوم واحد فقط"},
+    {"optper", "Do calculations for a period of time:", "إجراء الحسابات لفترة من الزمن"},
+    {"lblf", "From:", "من"},
+    {"lblt", "To:", "إلى"},
+    {"lbloyear", "Year:", "السنة"},
+    {"lblfyear", "Year:", "السنة"},
+    {"lbltyear", "Year:", "السنة"},
+    {"lblomonth", "Month:", "الشهر"},
+    {"lblfmonth", "Month:", "الشهر"},
+    {"lbltmonth", "Month:", "الشهر"},
+    {"lbloday", "Day:", "اليوم"},
+    {"lblfday", "Day:", "اليوم"},
+    {"lbltday", "Day:", "اليوم"},
+    {"lblthis", "The date in this menu is used to calculate prayer times, Moon times and Qibleh times. ",
+     "التاريخ في هذه القائمة يستخدم لحساب مواقيت الصلاة و مواعيد القمر و مواقيت القبلة"},
+    {"cmdok", "&Ok", "&موافق"},
+    {"cmdcan", "&Cancel", "&خروج"},
+    {"txtoyear@spoken", "One day, year", "يوم واحد، السنة"},
+    {"cboomonth@spoken", "One day, month", "يوم واحد، الشهر"},
+    {"cbooday@spoken", "One day, day", "يوم واحد، اليوم"},
+    {"txtfyear@spoken", "From, year", "من، السنة"},
+    {"cbofmonth@spoken", "From, month", "من، الشهر"},
+    {"cbofday@spoken", "From, day", "من، اليوم"},
+    {"txttyear@spoken", "To, year", "إلى، السنة"},
+    {"cbotmonth@spoken", "To, month", "إلى، الشهر"},
+    {"cbotday@spoken", "To, day", "إلى، اليوم"},
+};
+
+constexpr Twin kOrderTitle{"", "Date Error", "خطأ"};
+constexpr Twin kOrderRefused{"", "The end date must be AFTER the beginning date!",
+                             "التاريخ الثاني يجب أن يكون بعد التاريخ الأول"};
+
+constexpr int kMonths = 12;
+constexpr int kDays = 31;
+constexpr const char* kLongestYear = "-88888";
+
+struct Row {
+    QLineEdit* year;
+    QComboBox* month;
+    QComboBox* day;
+};
+
+void show_row(const Row& row, const DateBoxes& boxes) {
+    row.year->setText(QString::fromStdString(boxes.year));
+    choose_entry(*row.month, boxes.month);
+    choose_entry(*row.day, boxes.day);
+}
+
+DateBoxes boxes_of(const Row& row) {
+    return {text_of(*row.year), text_of(*row.month), text_of(*row.day)};
+}
+
+void prepare(const Row& row) {
+    fill_with_numbers(*row.month, kMonths);
+    fill_with_numbers(*row.day, kDays);
+}
+
+} // namespace
+
+frmdate::frmdate(QWidget* owner)
+    : QDialog(owner), ui_(std::make_unique<Ui::frmdate>()), language_(stored_language()) {
+    ui_->setupUi(this);
+    prepare({ui_->txtoyear, ui_->cboomonth, ui_->cbooday});
+    prepare({ui_->txtfyear, ui_->cbofmonth, ui_->cbofday});
+    prepare({ui_->txttyear, ui_->cbotmonth, ui_->cbotday});
+    show_panel(date_panel_of(read_date()));
+    option_click();
+    apply_language(*this, kTwins, language_);
+    set_sizes();
+    select_whole_text_on_focus(*this);
+    for (QRadioButton* option : {ui_->optsystem, ui_->optday, ui_->optper})
+        connect(option, &QRadioButton::toggled, this, &frmdate::option_click);
+    connect(ui_->cmdok, &QPushButton::clicked, this, &frmdate::cmdok_click);
+    connect(ui_->cmdcan, &QPushButton::clicked, this, &QDialog::reject);
+    fit_form(*this);
+}
+
+frmdate::~frmdate() = default;
+
+void frmdate::set_sizes() {
+    set_spacing(*this);
+    for (QLineEdit* box : {ui_->txtoyear, ui_->txtfyear, ui_->txttyear})
+        shape_number_box(*box, kLongestYear);
+}
+
+void frmdate::show_panel(const DatePanel& panel) {
+    if (panel.choice == DateChoice::period)
+        ui_->optper->setChecked(true);
+    else if (panel.choice == DateChoice::one_day)
+        ui_->optday->setChecked(true);
+    else
+        ui_->optsystem->setChecked(true);
+    show_row({ui_->txtfyear, ui_->cbofmonth, ui_->cbofday}, panel.from);
+    show_row({ui_->txttyear, ui_->cbotmonth, ui_->cbotday}, panel.to);
+    show_row({ui_->txtoyear, ui_->cboomonth, ui_->cbooday}, panel.one);
+}
+
+DateChoice frmdate::choice() const {
+    if (ui_->optper->isChecked())
+        return DateChoice::period;
+    return ui_->optday->isChecked() ? DateChoice::one_day : DateChoice::system_date;
+}
+
+DatePanel frmdate::shown() const {
+    return {choice(), boxes_of({ui_->txtfyear, ui_->cbofmonth, ui_->cbofday}),
+            boxes_of({ui_->txttyear, ui_->cbotmonth, ui_->cbotday}),
+            boxes_of({ui_->txtoyear, ui_->cboomonth, ui_->cbooday})};
+}
+
+void frmdate::option_click() {
+    const bool one_day = choice() == DateChoice::one_day;
+    const bool period = choice() == DateChoice::period;
+    for (QWidget* part : std::initializer_list<QWidget*>{ui_->lbloyear, ui_->txtoyear, ui_->lblomonth,
+                                                         ui_->cboomonth, ui_->lbloday, ui_->cbooday})
+        part->setEnabled(one_day);
+    for (QWidget* part : std::initializer_list<QWidget*>{
+             ui_->lblf, ui_->lblfyear, ui_->txtfyear, ui_->lblfmonth, ui_->cbofmonth, ui_->lblfday,
+             ui_->cbofday, ui_->lblt, ui_->lbltyear, ui_->txttyear, ui_->lbltmonth, ui_->cbotmonth,
+             ui_->lbltday, ui_->cbotday})
+        part->setEnabled(period);
+}
+
+void frmdate::cmdok_click() {
+    const CalculationDate date = calculation_date_of(shown());
+    if (ends_before_start(date)) {
+        warn(this, text_of(kOrderTitle, language_), text_of(kOrderRefused, language_), language_);
+        ask_again(*ui_->txtfyear);
+        return;
+    }
+    write_date(date);
+    accept();
+}
+
+} // namespace halvane

@@ -1,0 +1,287 @@
+#include "app/frmlocation.h"
+
+#include "app/frmlists.h"
+#include "app/frmstyle.h"
+#include "app/frmsupport.h"
+#include "app/messages.h"
+#include "app/stored/failure.h"
+#include "app/stored/loclist.h"
+#include "app/stored/record.h"
+#include "calendar/numberformat.h"
+#include "ui_frmlocation.h"
+
+#include <QCollator>
+#include <QKeyEvent>
+#include <QSignalBlocker>
+#include <algorithm>
+
+namespace halvane {
+
+namespace {
+
+constexpr Twin kTwins[] = {
+    {"frmlocation", "Location", "الموقع"},
+    {"franame", "Name", "الإسم"},
+    {"fralongi", "Longitude", "خط الطول"},
+    {"opte", "E", "ش"},
+    {"optw", "W", "غ"},
+    {"fralatitude", "Latitude", "خط العرض"},
+    {"optn", "N", "ش"},
+    {"opts", "S", "ج"},
+    {"fraothers", "Others", "إضافات"},
+    {"lblzon", "Time Zone:", "النطاق الزمني"},
+    {"lblzond", "(East +)", "(الشرق +)"},
+    {"lblele", "Elevation:", "الإرتفاع"},
+    {"lblelem", "(m)", "م"},
+    {"fraref", "Refraction", "الإنكسار"},
+    {"lbltem", "Temperature (c):", "الحرارة م"},
+    {"lblpre", "Pressure (mb):", "الضغط مل بار"},
+    {"fracity", "City Settings", "مواقيت المدينة"},
+    {"lblcity", "For Fajer and Shuroq times consider my location is to the east of my default location by ",
+     "لمواعيد الفجر و الشروق، اعتبر موقعي إلى الشرق من الموقع الأصلي بمقدار"},
+    {"lblcity2", "Km", "كم"},
+    {"lblmod",
+     "To change value(s) of a certain location: Firstly, change the value(s) above, then click 'Modify'.",
+     "لتغيير قيم إحدى المواقع: قم أولا بتغيير القيمة، ثم اضغط كبسة تعديل"},
+    {"lbladd", "To add a new location: Firstly, enter your values above, then click  'Add'.",
+     "لإضافة موقع جديد: قم أولا بإدخال القيم أعلاه، ثم اضغط كبسة إضافة"},
+    {"cmdok", "&Ok", "&موافق"},
+    {"cmdadd", "&Add", "إ&ضافة"},
+    {"cmdmod", "&Modify", "&تعديل"},
+    {"cmddel", "&Delete", "&حذف"},
+    {"cmdcancel", "&Cancel", "&خروج"},
+    {"txtname@spoken", "Name", "الإسم"},
+    {"txtfind@spoken", "Find in the list", "ابحث في القائمة"},
+    {"List1@spoken", "Saved locations", "المواقع المحفوظة"},
+    {"txtlongid@spoken", "Longitude, degrees", "خط الطول، الدرجات"},
+    {"txtlongim@spoken", "Longitude, minutes", "خط الطول، الدقائق"},
+    {"txtlongis@spoken", "Longitude, seconds", "خط الطول، الثواني"},
+    {"txtlatid@spoken", "Latitude, degrees", "خط العرض، الدرجات"},
+    {"txtlatim@spoken", "Latitude, minutes", "خط العرض، الدقائق"},
+    {"txtlatis@spoken", "Latitude, seconds", "خط العرض، الثواني"},
+    {"opte@spoken", "East", "شرق"},
+    {"optw@spoken", "West", "غرب"},
+    {"optn@spoken", "North", "شمال"},
+    {"opts@spoken", "South", "جنوب"},
+    {"txtcity@spoken", "Kilometres to the east", "المسافة إلى الشرق بالكيلومتر"},
+};
+
+constexpr Twin kFind{"", "Find in the list", "ابحث في القائمة"};
+
+constexpr Twin kAddTitle{"", "Add", "إضافة"};
+constexpr Twin kAddQuestion{"", "Are you sure you want to add this location?",
+                            "هل أنت متأكد من إضافة هذا الموقع ؟"};
+constexpr Twin kNameTitle{"", "Name Error", "خطأ"};
+constexpr Twin kNameRefused{"", "You Can Not Have Two Locations of the Same Name!",
+                            "لا يمكن إضافة موقعين بنفس الاسم"};
+constexpr Twin kModifyTitle{"", "Modify", "تعديل"};
+constexpr Twin kModifyQuestion{"", "Are you sure you want to modify this location?",
+                               "هل أنت متأكد من هذا التعديل ؟"};
+constexpr Twin kDeleteTitle{"", "Delete", "حذف"};
+constexpr Twin kDeleteQuestion{"", "Are you sure you want to delete this location?",
+                               "هل أنت متأكد من حذف هذا الموقع؟"};
+constexpr Twin kDeleteAgain{"", "Again... You will delete this location!",
+                            "مرة أخرى... سيتم حذف هذا الموقع نهائيا"};
+
+/// A number box of the panel, the field it stands for and the widest text it has room for.
+struct NumberBox {
+    const char* control;
+    double Location::*field;
+    const char* longest;
+};
+
+constexpr NumberBox kNumberBoxes[] = {
+    {"txtlongid", &Location::longitude_degrees, "-188"},
+    {"txtlongim", &Location::longitude_minutes, "88.88"},
+    {"txtlongis", &Location::longitude_seconds, "88.88"},
+    {"txtlatid", &Location::latitude_degrees, "-188"},
+    {"txtlatim", &Location::latitude_minutes, "88.88"},
+    {"txtlatis", &Location::latitude_seconds, "88.88"},
+    {"txtele", &Location::elevation, "-8888.8"},
+    {"txtzon", &Location::zone, "-8888.8"},
+    {"txtcity", &Location::city_offset, "-8888.8"},
+    {"txtpre", &Location::pressure, "8888.88"},
+    {"txttem", &Location::temperature, "8888.88"},
+};
+
+QLineEdit& box_of(const QWidget& form, const NumberBox& box) {
+    return *form.findChild<QLineEdit*>(QString::fromLatin1(box.control));
+}
+
+/// In alphabetical order whatever the system's language; names that differ in case only keep apart.
+QStringList sorted_names(const std::vector<Location>& locations) {
+    QCollator order{QLocale(QLocale::English)};
+    order.setCaseSensitivity(Qt::CaseInsensitive);
+    std::vector<std::pair<QCollatorSortKey, QString>> keyed;
+    keyed.reserve(locations.size());
+    for (const Location& location : locations) {
+        const QString name = QString::fromStdString(location.name);
+        keyed.emplace_back(order.sortKey(name), name);
+    }
+    std::stable_sort(keyed.begin(), keyed.end(),
+                     [](const auto& a, const auto& b) { return a.first.compare(b.first) < 0; });
+    QStringList names;
+    for (const auto& [key, name] : keyed)
+        names << name;
+    return names;
+}
+
+} // namespace
+
+frmlocation::frmlocation(QWidget* owner)
+    : QDialog(owner), ui_(std::make_unique<Ui::frmlocation>()), language_(stored_language()) {
+    ui_->setupUi(this);
+    apply_language(*this, kTwins, language_);
+    ui_->txtfind->setPlaceholderText(text_of(kFind, language_));
+    set_sizes();
+    select_whole_text_on_focus(*this);
+    connect_controls();
+    load();
+    fit_form(*this);
+}
+
+frmlocation::~frmlocation() = default;
+
+void frmlocation::load() {
+    fill_list(readable_location_list());
+    const Location current = readable_loc();
+    show_location(current);
+    try {
+        select_name(current.name);
+    } catch (const RunTimeFailure&) {
+        return; // the list went away meanwhile: the panel shows the current location
+    }
+}
+
+void frmlocation::set_sizes() {
+    set_spacing(*this);
+    for (const NumberBox& box : kNumberBoxes)
+        shape_number_box(box_of(*this, box), box.longest);
+    ui_->List1->setUniformItemSizes(true);
+    fit_width(*ui_->List1, QStringLiteral("San Pedro de Macoris, Dominican"));
+}
+
+void frmlocation::connect_controls() {
+    connect(ui_->List1, &QListWidget::currentRowChanged, this, &frmlocation::List1_click);
+    connect(ui_->List1, &QListWidget::itemClicked, this, &frmlocation::List1_click);
+    connect(ui_->txtfind, &QLineEdit::textChanged, this, &frmlocation::filter_list);
+    ui_->txtfind->installEventFilter(this);
+    connect(ui_->cmdadd, &QPushButton::clicked, this, &frmlocation::cmdadd_click);
+    connect(ui_->cmdmod, &QPushButton::clicked, this, &frmlocation::cmdmod_click);
+    connect(ui_->cmddel, &QPushButton::clicked, this, &frmlocation::cmddel_click);
+    connect(ui_->cmdok, &QPushButton::clicked, this, &frmlocation::cmdok_click);
+    connect(ui_->cmdcancel, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+void frmlocation::show_location(const Location& location) {
+    ui_->txtname->setText(QString::fromStdString(location.name));
+    for (const NumberBox& box : kNumberBoxes)
+        box_of(*this, box).setText(QString::fromStdString(plain_number(location.*box.field)));
+    (location.east ? ui_->opte : ui_->optw)->setChecked(true);
+    (location.north ? ui_->optn : ui_->opts)->setChecked(true);
+}
+
+Location frmlocation::shown() const {
+    Location location;
+    location.name = text_of(*ui_->txtname);
+    for (const NumberBox& box : kNumberBoxes)
+        location.*box.field = numeric_prefix(text_of(box_of(*this, box)));
+    location.east = ui_->opte->isChecked();
+    location.west = ui_->optw->isChecked();
+    location.north = ui_->optn->isChecked();
+    location.south = ui_->opts->isChecked();
+    return location;
+}
+
+void frmlocation::fill_list(const std::vector<Location>& locations) {
+    const QSignalBlocker quiet(ui_->List1);
+    ui_->txtfind->clear();
+    ui_->List1->clear();
+    ui_->List1->addItems(sorted_names(locations));
+    ui_->List1->setCurrentRow(-1);
+}
+
+void frmlocation::select_name(const std::string& name) {
+    const QList<QListWidgetItem*> found =
+        ui_->List1->findItems(QString::fromStdString(name), Qt::MatchExactly | Qt::MatchCaseSensitive);
+    if (found.isEmpty())
+        return;
+    ui_->List1->setCurrentItem(found.front());
+    ui_->List1->scrollToItem(found.front(), QAbstractItemView::PositionAtCenter);
+}
+
+void frmlocation::select_first() {
+    if (ui_->List1->count() > 0)
+        ui_->List1->setCurrentRow(0);
+}
+
+void frmlocation::filter_list(const QString& part) {
+    for (int row = 0; row < ui_->List1->count(); ++row)
+        ui_->List1->setRowHidden(row, !ui_->List1->item(row)->text().contains(part, Qt::CaseInsensitive));
+}
+
+/// Enter and Down lead from the search box to the first entry that is left; Enter does not close the panel.
+bool frmlocation::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != ui_->txtfind || event->type() != QEvent::KeyPress)
+        return QDialog::eventFilter(watched, event);
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key != Qt::Key_Return && key != Qt::Key_Enter && key != Qt::Key_Down)
+        return QDialog::eventFilter(watched, event);
+    for (int row = 0; row < ui_->List1->count(); ++row) {
+        if (ui_->List1->isRowHidden(row))
+            continue;
+        ui_->List1->setFocus(Qt::TabFocusReason);
+        ui_->List1->setCurrentRow(row);
+        break;
+    }
+    return true;
+}
+
+void frmlocation::List1_click() {
+    const QListWidgetItem* entry = ui_->List1->currentItem();
+    if (entry == nullptr)
+        return;
+    if (const std::optional<Location> location = find_location(entry->text().toStdString()))
+        show_location(*location);
+}
+
+bool frmlocation::confirmed(const Twin& title, const Twin& question) {
+    return ask(this, text_of(title, language_), text_of(question, language_), language_);
+}
+
+void frmlocation::cmdadd_click() {
+    if (!confirmed(kAddTitle, kAddQuestion))
+        return;
+    const Location location = shown();
+    if (!add_location(location)) {
+        warn(this, text_of(kNameTitle, language_), text_of(kNameRefused, language_), language_);
+        return;
+    }
+    fill_list(read_location_list());
+    select_name(listed_name(location.name));
+}
+
+void frmlocation::cmdmod_click() {
+    if (!confirmed(kModifyTitle, kModifyQuestion))
+        return;
+    const Location location = shown();
+    modify_location(location);
+    fill_list(read_location_list());
+    select_name(listed_name(location.name));
+}
+
+void frmlocation::cmddel_click() {
+    if (!confirmed(kDeleteTitle, kDeleteQuestion) || !confirmed(kDeleteTitle, kDeleteAgain))
+        return;
+    delete_location(text_of(*ui_->txtname));
+    fill_list(read_location_list());
+    select_first();
+}
+
+void frmlocation::cmdok_click() {
+    write_loc(shown());
+    reload_main_panel();
+    accept();
+}
+
+} // namespace halvane

@@ -1,0 +1,41 @@
+#include "app/report/reportrun.h"
+
+#include "app/report/head.h"
+#include "calendar/machineclock.h"
+#include "calendar/moddeltat.h"
+#include "calendar/modjul.h"
+
+#include <cmath>
+
+namespace halvane {
+
+RunDays days_of(const DateNumbers& start, const DateNumbers& end) {
+    RunDays days;
+    modjul(start.year, start.month, start.day, 0, days.first);
+    modjul(end.year, end.month, end.day, 0, days.last);
+    return days;
+}
+
+double mean_delta_t(const RunDays& days) {
+    double delta_t = 0;
+    moddeltat((days.first + days.last) / 2, delta_t);
+    return delta_t;
+}
+
+ReportPeriod report_period(const CalculationDate& date, const RunDays& days) {
+    const CalculationPeriod period = calculation_period(date);
+    return {date.one_day, period.start, period.end, mean_delta_t(days) * 86400};
+}
+
+void tell_progress(Progress& progress, const RunDays& days, double jd) {
+    progress.percent(days.first == days.last ? 100 : (jd - days.first) / (days.last - days.first) * 100);
+}
+
+std::string row_date(double jd) {
+    DateNumbers date;
+    modjuc(jd + 0.5, date.year, date.month, date.day);
+    date.day = std::floor(date.day);
+    return date_text(date);
+}
+
+} // namespace halvane

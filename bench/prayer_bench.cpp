@@ -1,0 +1,55 @@
+#include "ephemeris/modgeneral.h"
+#include "ephemeris/series.h"
+#include "prayer/cmdcom.h"
+#include "prayer/cmdmoon.h"
+#include "prayer/moonday.h"
+#include "prayer/prayerday.h"
+#include "tools/measuring/scratchfolder.h"
+
+#include <benchmark/benchmark.h>
+
+namespace {
+
+using namespace halvane;
+
+class NoProgress : public Progress {
+public:
+    void percent(double /*value*/) override {}
+    bool yield() override { return true; }
+};
+
+void day_of_prayers(benchmark::State& state) {
+    const ScratchFolder folder;
+    load_series();
+    const PrayerSettings settings = read_prayer_settings(DayMode::report);
+    double jd = epoch_j2000 - 0.5;
+    for (auto step : state)
+        benchmark::DoNotOptimize(prayer_day(settings, jd += 1, 0));
+}
+BENCHMARK(day_of_prayers)->Unit(benchmark::kMicrosecond);
+
+void day_of_the_moon(benchmark::State& state) {
+    const ScratchFolder folder;
+    load_series();
+    double jd = epoch_j2000 - 0.5;
+    for (auto step : state)
+        benchmark::DoNotOptimize(moon_day(read_pref(), read_loc(), jd += 1, 0));
+}
+BENCHMARK(day_of_the_moon)->Unit(benchmark::kMicrosecond);
+
+void report_of_a_year(benchmark::State& state, RunOutcome (*report)(Progress&)) {
+    const ScratchFolder folder;
+    load_series();
+    store_year(2026);
+    NoProgress progress;
+    for (auto step : state)
+        report(progress);
+}
+BENCHMARK_CAPTURE(report_of_a_year, prayers, cmdcom)
+    ->Name("prayer report of a year")
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(report_of_a_year, moon, cmdmoon)
+    ->Name("Moon report of a year")
+    ->Unit(benchmark::kMillisecond);
+
+} // namespace

@@ -1,0 +1,48 @@
+#include "calendar/moddeltat.h"
+#include "ephemeris/modgeneral.h"
+#include "ephemeris/series.h"
+#include "qibla/cmdqib.h"
+#include "tools/measuring/scratchfolder.h"
+
+#include <benchmark/benchmark.h>
+
+namespace {
+
+using namespace halvane;
+
+class NoProgress : public Progress {
+public:
+    void percent(double /*value*/) override {}
+    bool yield() override { return true; }
+};
+
+void day_of_the_qiblah(benchmark::State& state) {
+    const ScratchFolder folder;
+    load_series();
+    QiblahSearch search;
+    search.observer = stored_observer();
+    search.zone = read_loc().zone;
+    search.azimuth = target_azimuth(stored_qiblah_direction(), false);
+    moddeltat(epoch_j2000, search.delta_t);
+    double jd = epoch_j2000 - 0.5;
+    for (auto step : state)
+        benchmark::DoNotOptimize(qiblah_day(search, jd += 1, 0));
+}
+BENCHMARK(day_of_the_qiblah)->Unit(benchmark::kMicrosecond);
+
+void qiblah_report_of_a_year(benchmark::State& state, QiblahMark mark) {
+    const ScratchFolder folder;
+    load_series();
+    store_year(2026);
+    NoProgress progress;
+    for (auto step : state)
+        cmdqib(progress, stored_qiblah_direction(), mark);
+}
+BENCHMARK_CAPTURE(qiblah_report_of_a_year, sun, QiblahMark::sun)
+    ->Name("Qiblah report of a year, the Sun")
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(qiblah_report_of_a_year, shadow, QiblahMark::shadow)
+    ->Name("Qiblah report of a year, its shadow")
+    ->Unit(benchmark::kMillisecond);
+
+} // namespace

@@ -1,0 +1,17 @@
+#include "ephemeris/series.h"
+#include "tools/measuring/scratchfolder.h"
+
+#include <benchmark/benchmark.h>
+
+namespace {
+
+using namespace halvane;
+
+void loading_of_the_series(benchmark::State& state) {
+    const ScratchFolder folder;
+    for (auto step : state)
+        load_series();
+}
+BENCHMARK(loading_of_the_series)->Unit(benchmark::kMillisecond);
+
+} // namespace

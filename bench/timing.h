@@ -1,0 +1,19 @@
+#pragma once
+
+#include <functional>
+
+namespace halvane::bench {
+
+using Work = std::function<void()>;
+
+/// Shortest time of several runs, which is the one that other programs disturbed least          [s]
+double shortest_time(const Work& work, int runs = 9);
+
+/// The same for two works that are run in turns, so that both meet the same machine             [s]
+struct Times {
+    double ours;
+    double reference;
+};
+Times shortest_times(const Work& ours, const Work& reference, int runs = 9);
+
+} // namespace halvane::bench

@@ -1,0 +1,130 @@
+#include "calendar/frmhej.h"
+
+#include "app/frmlists.h"
+#include "app/frmstyle.h"
+#include "app/frmsupport.h"
+#include "app/messages.h"
+#include "app/stored/record.h"
+#include "calendar/numberformat.h"
+#include "ui_frmhej.h"
+
+namespace halvane {
+
+namespace {
+
+constexpr Twin kTwins[] = {
+    {"frmhej", "Hejric-Gregorian Conversion", "Hejric-Gregorian Conversion"},
+    {"frahej", "Conversion", "تحويل"},
+    {"opthtg", "Convert Hejric to Gregorian", "التحويل من هجري إلى ميلادي"},
+    {"optgth", "Convert Gregorian to Hejric", "التحويل من ميلادي إلى هجري"},
+    {"lblhej", "Please enter the date you wish to convert", "الرجاء إدخال التاريخ الذي ترغب بتحويله"},
+    {"lbly", "Year:", "السنة"},
+    {"lblm", "Month:", "الشهر"},
+    {"lbld", "Day:", "اليوم"},
+    {"lblres", "The Corresponding Date is:", "التاريخ الموافق هو"},
+    {"lbler", "One-day difference is possible", "من المحتمل وجود فارق بمقدار يوم واحد"},
+    {"lblvis", "Date Conversion is NOT based on Crescent Visibility ",
+     "تحويل التواريخ لا يعتمد على رؤية الهلال"},
+    {"cmdcon", "Con&vert", "&تحويل"},
+    {"cmdcan", "&Cancel", "&خروج"},
+};
+
+constexpr Twin kRefusedTitle{"", "Date Error", "خطأ"};
+constexpr Twin kYearNotPositive{"", "The Year must be more than Zero!", "السنة يجب أن تكون أكبر من صفر"};
+constexpr Twin kBeforeFirst{"", "Your Date Must Be After 15/July/622 CE!",
+                            "التاريخ يجب أن يكون بعد 15/تموز/622"};
+constexpr Twin kInGap{"", "The Date After 04 October 1582 CE is 15 October 1582 CE!",
+                      "التاريخ الذي يلي 04 تشرين أول 1582 هو 15 تشرين أول 1582"};
+
+constexpr int kHijriDays = 30;
+constexpr int kCivilDays = 31;
+constexpr int kYearLength = 12; // day counts of such years are still exact
+constexpr const char* kLongestYear = "-88888";
+constexpr double kResultSize = 1.4;
+constexpr const char* kResultFont = "Simplified Arabic";
+constexpr double kResultFontSize = 14;
+
+/// Keeps the room of a control while it is hidden, so that nothing moves when it appears.
+void hide_in_place(QWidget& control) {
+    QSizePolicy policy = control.sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    control.setSizePolicy(policy);
+    control.hide();
+}
+
+} // namespace
+
+frmhej::frmhej(QWidget* owner)
+    : QDialog(owner), ui_(std::make_unique<Ui::frmhej>()), language_(stored_language()) {
+    ui_->setupUi(this);
+    ui_->txty->setMaxLength(kYearLength);
+    apply_language(*this, kTwins, language_);
+    option_click();
+    set_sizes();
+    select_whole_text_on_focus(*this);
+    connect(ui_->opthtg, &QRadioButton::toggled, this, &frmhej::option_click);
+    connect(ui_->cmdcon, &QPushButton::clicked, this, &frmhej::cmdcon_click);
+    connect(ui_->cmdcan, &QPushButton::clicked, this, &QDialog::reject);
+    fit_form(*this);
+}
+
+frmhej::~frmhej() = default;
+
+void frmhej::set_sizes() {
+    set_spacing(*this);
+    shape_number_box(*ui_->txty, kLongestYear);
+    for (QLabel* result : {ui_->lblday, ui_->lbldt, ui_->lblmt, ui_->lblyt}) {
+        scale_font(*result, kResultSize);
+        hide_in_place(*result);
+    }
+}
+
+void frmhej::option_click() {
+    const bool hijri = direction() == ConversionDirection::hijri_to_civil;
+    ui_->cbom->clear();
+    for (const std::string& name : conversion_months(direction(), letter()))
+        ui_->cbom->addItem(QString::fromStdString(name));
+    fill_with_numbers(*ui_->cbod, hijri ? kHijriDays : kCivilDays);
+    ui_->txty->setText(hijri ? QStringLiteral("1435") : QStringLiteral("2013"));
+}
+
+ConversionDirection frmhej::direction() const {
+    return ui_->opthtg->isChecked() ? ConversionDirection::hijri_to_civil
+                                    : ConversionDirection::civil_to_hijri;
+}
+
+void frmhej::cmdcon_click() {
+    const double year = numeric_prefix(text_of(*ui_->txty));
+    const double month = conversion_month_number(direction(), text_of(*ui_->cbom));
+    const double day = numeric_prefix(text_of(*ui_->cbod));
+    const ConversionAnswer answer = convert_date(direction(), year, month, day, letter());
+    if (answer.refused == RefusedDate::none)
+        show_result(answer);
+    else
+        refuse(answer.refused);
+}
+
+void frmhej::show_result(const ConversionAnswer& answer) {
+    ui_->lbldt->setText(QString::fromStdString(plain_number(answer.day)));
+    ui_->lblmt->setText(QString::fromStdString(answer.month_name));
+    ui_->lblyt->setText(QString::fromStdString(plain_number(answer.year)));
+    ui_->lblday->setText(QString::fromStdString(answer.weekday));
+    if (language_ == Language::arabic)
+        for (QLabel* result : {ui_->lblmt, ui_->lblday})
+            set_font_if_present(*result, QString::fromLatin1(kResultFont), kResultFontSize);
+    for (QLabel* result : {ui_->lbldt, ui_->lblmt, ui_->lblyt, ui_->lblday})
+        result->show();
+}
+
+void frmhej::refuse(RefusedDate refused) {
+    const Twin& words = refused == RefusedDate::year_not_positive    ? kYearNotPositive
+                        : refused == RefusedDate::before_first_hijri ? kBeforeFirst
+                                                                     : kInGap;
+    warn(this, text_of(kRefusedTitle, language_), text_of(words, language_), language_);
+    if (refused == RefusedDate::in_calendar_gap)
+        ui_->cbod->setFocus(Qt::OtherFocusReason);
+    else
+        ask_again(*ui_->txty);
+}
+
+} // namespace halvane

@@ -1,0 +1,106 @@
+#include "calendar/hijriconversion.h"
+
+#include "app/stored/failure.h"
+#include "calendar/moddateconv.h"
+#include "calendar/modday.h"
+#include "calendar/modjul.h"
+#include "calendar/platformdate.h"
+
+#include <cmath>
+
+namespace halvane {
+
+namespace {
+
+constexpr std::size_t kMay = 4;
+constexpr const char* kMayInArabic = "أيار";
+
+MonthNames civil_months(char letter) {
+    MonthNames names;
+    for (std::size_t i = 0; i < names.size(); ++i)
+        modmonth(static_cast<int>(i) + 1, letter == 'A' ? 'A' : 'E', names[i]);
+    if (letter == 'A')
+        names[kMay] = kMayInArabic;
+    return names;
+}
+
+MonthNames hijri_months(char letter) {
+    MonthNames names;
+    for (std::size_t i = 0; i < names.size(); ++i)
+        names[i] = hijri_month_name(static_cast<double>(i) + 1, letter);
+    return names;
+}
+
+std::string weekday_of(double day_number, char letter) {
+    std::string name;
+    modday(day_number, letter == 'A' ? 1 : 0, name);
+    return name;
+}
+
+std::string name_of(const MonthNames& names, double month) {
+    return month >= 1 && month <= 12 ? names[static_cast<std::size_t>(month) - 1] : std::string();
+}
+
+ConversionAnswer civil_date_of(double year, double month, double day, char letter) {
+    ConversionAnswer answer;
+    if (!(year > 0)) {
+        answer.refused = RefusedDate::year_not_positive;
+        return answer;
+    }
+    const double noon = require_finite(day_number_of_hijri(year, month, day), "the day count of the date");
+    modjuc(noon, answer.year, answer.month, answer.day);
+    answer.day = std::floor(answer.day);
+    answer.month_name = name_of(civil_months(letter), answer.month);
+    answer.weekday = weekday_of(noon, letter);
+    return answer;
+}
+
+RefusedDate refused_civil_date(double year, double month, double day) {
+    const double date = platform_day_count(year, month, day);
+    if (date < platform_day_count(622, 7, 16) || year < 622)
+        return RefusedDate::before_first_hijri;
+    if (date > platform_day_count(1582, 10, 4) && date < platform_day_count(1582, 10, 15))
+        return RefusedDate::in_calendar_gap;
+    return RefusedDate::none;
+}
+
+ConversionAnswer hijri_date_of(double year, double month, double day, char letter) {
+    ConversionAnswer answer;
+    answer.refused = refused_civil_date(year, month, day);
+    if (answer.refused != RefusedDate::none)
+        return answer;
+    double noon = 0;
+    modjul(year, month, day, 12, noon);
+    noon = std::floor(require_finite(noon, "the day count of the date"));
+    const HijriDate hijri = hijri_of_day_number(noon);
+    answer.year = hijri.year;
+    answer.month = hijri.month;
+    answer.day = hijri.day;
+    answer.month_name = name_of(hijri_months(letter), hijri.month);
+    answer.weekday = weekday_of(noon, letter);
+    return answer;
+}
+
+} // namespace
+
+MonthNames conversion_months(ConversionDirection direction, char letter) {
+    return direction == ConversionDirection::hijri_to_civil ? hijri_months(letter) : civil_months(letter);
+}
+
+double conversion_month_number(ConversionDirection direction, std::string_view name) {
+    for (const char letter : {'E', 'A'}) {
+        const MonthNames names = conversion_months(direction, letter);
+        for (std::size_t i = 0; i < names.size(); ++i)
+            if (names[i] == name)
+                return static_cast<double>(i) + 1;
+    }
+    return 0;
+}
+
+ConversionAnswer convert_date(ConversionDirection direction, double year, double month, double day,
+                              char letter) {
+    return direction == ConversionDirection::hijri_to_civil ? civil_date_of(year, month, day, letter)
+                                                            : hijri_date_of(year, month, day, letter);
+}
+
+} // namespace halvane

@@ -1,0 +1,67 @@
+#include "ephemeris/interpolation.h"
+
+#include "ephemeris/modgeneral.h"
+#include "ephemeris/series.h"
+
+#include <cmath>
+
+namespace halvane {
+
+bool interpolating = false;
+
+namespace {
+
+constexpr double piece_length = 0.5;
+
+template <std::size_t N>
+std::array<double, N> chebyshev_nodes() {
+    std::array<double, N> nodes{};
+    for (std::size_t i = 0; i < N; ++i)
+        nodes[i] = std::cos(pi * (static_cast<double>(i) + 0.5) / static_cast<double>(N));
+    return nodes;
+}
+
+/// Newton's divided differences, in place.
+template <std::size_t N>
+void divide_differences(const std::array<double, N>& node, std::array<InterpolatedSeries::Values, N>& value) {
+    for (std::size_t order = 1; order < N; ++order)
+        for (std::size_t i = N - 1; i >= order; --i)
+            for (std::size_t k = 0; k < value[i].size(); ++k)
+                value[i][k] = (value[i][k] - value[i - 1][k]) / (node[i] - node[i - order]);
+}
+
+} // namespace
+
+void InterpolatedSeries::compute(Piece& piece) const {
+    static const std::array<double, nodes> node = chebyshev_nodes<nodes>();
+    for (std::size_t i = 0; i < nodes; ++i) {
+        Values& value = piece.coefficients[i];
+        value = function_((piece.index + (node[i] + 1) / 2) * piece_length);
+        value[0] = piece.coefficients[0][0] + rev180(value[0] - piece.coefficients[0][0]);
+    }
+    divide_differences(node, piece.coefficients);
+}
+
+InterpolatedSeries::Values InterpolatedSeries::at(double days) {
+    static const std::array<double, nodes> node = chebyshev_nodes<nodes>();
+    constexpr double longest_span = 1e9;
+    if (!(std::fabs(days) < longest_span))
+        return function_(days);
+    const double position = days / piece_length;
+    const double index = std::floor(position);
+    Piece& piece = pieces_[static_cast<std::size_t>(static_cast<long long>(index) & (kept_pieces - 1))];
+    if (piece.index != index || piece.generation != series_generation()) {
+        piece.index = index;
+        piece.generation = series_generation();
+        const SwitchGuard<bool> by_the_series(interpolating, false);
+        compute(piece);
+    }
+    const double x = 2 * (position - index) - 1;
+    Values value = piece.coefficients[nodes - 1];
+    for (std::size_t i = nodes - 1; i-- > 0;)
+        for (std::size_t k = 0; k < value.size(); ++k)
+            value[k] = value[k] * (x - node[i]) + piece.coefficients[i][k];
+    return value;
+}
+
+} // namespace halvane

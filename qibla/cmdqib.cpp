@@ -1,0 +1,65 @@
+#include "qibla/cmdqib.h"
+
+#include "app/stored/programfolder.h"
+#include "calendar/machineclock.h"
+#include "calendar/moddeltat.h"
+#include "calendar/modsummer.h"
+#include "qibla/direction.h"
+
+namespace halvane {
+namespace {
+
+/// Copies: a saved change during the run does not reach it.
+struct RunSettings {
+    Preferences preferences = read_pref();
+    Location location = read_loc();
+    CalculationDate date = read_date();
+};
+
+QiblahSearch search_of(const RunSettings& settings, double azimuth, double delta_t) {
+    const Location& location = settings.location;
+    QiblahSearch search;
+    search.observer = stored_observer();
+    search.zone = location.zone;
+    search.azimuth = azimuth;
+    search.delta_t = delta_t;
+    search.altitude_limit =
+        qiblah_altitude_limit(location.elevation, location.pressure, location.temperature);
+    search.precision = precision_of(settings.preferences);
+    return search;
+}
+
+} // namespace
+
+float stored_qiblah_direction() {
+    const Location& location = read_loc();
+    return qiblah_direction(longitude_of(location), latitude_of(location));
+}
+
+RunOutcome cmdqib(Progress& progress, float direction, QiblahMark mark) {
+    const TdtSpan universal_time(0);
+    Report report(program_path("results.out"));
+    const RunSettings settings;
+    const CalculationPeriod period = calculation_period(settings.date);
+    const RunDays days = days_of(period.start, period.end);
+    const QiblahSearch search =
+        search_of(settings, target_azimuth(direction, mark == QiblahMark::shadow), mean_delta_t(days));
+
+    write_qiblah_head(report, settings.preferences, settings.location, report_period(settings.date, days),
+                      direction, mark);
+    RunOutcome outcome = RunOutcome::done;
+    int rows = 0;
+    for (double jd = days.first; jd <= days.last && outcome == RunOutcome::done; jd += 1) {
+        tell_progress(progress, days, jd);
+        if (!progress.yield())
+            outcome = RunOutcome::cancelled;
+        const int summer_hours = summer_hours_of(settings.preferences, jd);
+        write_qiblah_row(report, summer_hours == 1, row_date(jd), qiblah_day(search, jd, summer_hours),
+                         ++rows);
+    }
+    write_qiblah_closing(report);
+    report.commit();
+    return outcome;
+}
+
+} // namespace halvane

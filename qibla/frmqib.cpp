@@ -1,0 +1,100 @@
+#include "qibla/frmqib.h"
+
+#include "app/frmstyle.h"
+#include "app/frmsupport.h"
+#include "app/frmwait.h"
+#include "app/platform/platform.h"
+#include "app/stored/loc.h"
+#include "app/stored/record.h"
+#include "qibla/cmdqib.h"
+#include "qibla/frmqmap.h"
+#include "ui_frmqib.h"
+
+namespace halvane {
+
+namespace {
+
+constexpr Twin kTwins[] = {
+    {"frmqib", "Qiblah Direction", "اتجاه القبلة"},
+    {"lblhead", "Qiblah Direction", "اتجاه القبلة"},
+    {"lblqibtim", "Qiblah Times", "مواعيد القبلة"},
+    {"lbln", "N", "شمال"},
+    {"lbls", "S", "جنوب"},
+    {"lble", "E", "شرق"},
+    {"lblw", "W", "غرب"},
+    {"optsun", "Find the time when the Sun is at Qiblah direction",
+     "جد الوقت عندما تكون الشمس باتجاة القبلة"},
+    {"optsha", "Find the time when the Sun's shadow  is at Qiblah direction",
+     "جد الوقت عندما يكون ظل الشمس باتجاة القبلة"},
+    {"cmdqib", "&Find Qiblah Times", "&احسب مواعيد القبلة"},
+    {"cmdshowqmap", "Show &Qiblah  Map", "&عرض خارطة القبلة"},
+    {"cmdclose", "Clo&se", "إ&غلاق"},
+};
+
+/// What follows the direction in `lblang`.
+constexpr Twin kFromNorth{"lblang", "° From True North", "° من الشمال الحقيقي"};
+
+constexpr Panel kMap{"frmqmap", "cmdshowqmap", true, make_panel<frmqmap>};
+
+constexpr double kHeadSize = 1.6;
+constexpr double kFigureSize = 2;
+constexpr double kLineSize = 1.2;
+
+} // namespace
+
+std::span<const Twin> frmqib_twins() {
+    return kTwins;
+}
+
+frmqib::frmqib(QWidget* owner)
+    : QDialog(owner), ui_(std::make_unique<Ui::frmqib>()), language_(stored_language()),
+      direction_(stored_qiblah_direction()) {
+    ui_->setupUi(this);
+    keep_left_to_right(*ui_->dial);
+    apply_language(*this, kTwins, language_);
+    if (language_ == Language::arabic)
+        set_font_if_present(*this, QStringLiteral("arabic Transparent"), font().pointSizeF());
+    set_sizes();
+    show_direction();
+    connect(ui_->cmdqib, &QPushButton::clicked, this, &frmqib::cmdqib_click);
+    connect(ui_->cmdshowqmap, &QPushButton::clicked, this, &frmqib::cmdshowqmap_click);
+    connect(ui_->cmdclose, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+frmqib::~frmqib() = default;
+
+void frmqib::set_sizes() {
+    set_spacing(*this);
+    ui_->columns->setSpacing(3 * space_unit(*this));
+    scale_font(*ui_->lblhead, kHeadSize);
+    scale_font(*ui_->lblang, kFigureSize);
+    for (QLabel* label : {ui_->lblloc, ui_->lblqibtim, ui_->lbln, ui_->lbls, ui_->lble, ui_->lblw})
+        scale_font(*label, kLineSize);
+}
+
+void frmqib::show_direction() {
+    const QString number = QString::fromStdString(plain_number(direction_));
+    ui_->lblang->setText(number + text_of(kFromNorth, language_));
+    ui_->lblloc->setText(QString::fromStdString(read_loc().name));
+    ui_->lin1->set_end(dial_line_end(direction_));
+    ui_->dial->setAccessibleName(ui_->lblhead->text() + u' ' + ui_->lblang->text());
+}
+
+// The panel may be closed while the run lets events happen: nothing of it is used from there on.
+void frmqib::cmdqib_click() {
+    const float direction = direction_;
+    const QiblahMark mark = ui_->optsun->isChecked() ? QiblahMark::sun : QiblahMark::shadow;
+    RunOutcome outcome;
+    {
+        WaitProgress progress(ui_->lblqibtim->text());
+        outcome = cmdqib(progress, direction, mark);
+    }
+    if (outcome == RunOutcome::done)
+        platform().show_text_file("results.out");
+}
+
+void frmqib::cmdshowqmap_click() {
+    open_panel(kMap, this);
+}
+
+} // namespace halvane

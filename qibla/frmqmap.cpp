@@ -1,0 +1,57 @@
+#include "qibla/frmqmap.h"
+
+#include "app/frmstyle.h"
+#include "app/platform/platform.h"
+#include "app/stored/programfolder.h"
+#include "ui_frmqmap.h"
+
+namespace halvane {
+
+namespace {
+
+constexpr Twin kTwins[] = {
+    {"frmqmap", "Halvane: Qiblah World Map", "Halvane: خارطة العالم للقبلة"},
+    {"lblqmap",
+     "Red numbers at the top and the bottom are the Qiblah direction from the True North for each color band",
+     "الأرقام الحمراء الموجودة أعلى و أدنى الخارطة تشير إلى سمت القبلة عن الشمال الجغرافي لكل حزمة لونية"},
+    {"cmdclose", "&Close", "إغلاق"},
+    {"imgqmap@spoken", "World map of the Qiblah direction", "خارطة العالم لاتجاه القبلة"},
+};
+
+constexpr Twin kNoPicture{"imgqmap", "The picture qmap.gif is missing from the program folder.",
+                          "الصورة qmap.gif غير موجودة في مجلد البرنامج."};
+
+} // namespace
+
+std::span<const Twin> frmqmap_twins() {
+    return kTwins;
+}
+
+frmqmap::frmqmap(QWidget* owner) : QDialog(owner), ui_(std::make_unique<Ui::frmqmap>()) {
+    ui_->setupUi(this);
+    const Language language = stored_language();
+    keep_left_to_right(*ui_->imgqmap);
+    apply_language(*this, kTwins, language);
+    set_spacing(*this);
+    show_picture(language);
+    connect(ui_->cmdclose, &QPushButton::clicked, this, &QDialog::reject);
+    TopMost(*this, true);
+}
+
+frmqmap::~frmqmap() = default;
+
+void frmqmap::TopMost(QWidget& form, bool flag) {
+    platform().keep_on_top(&form, flag);
+}
+
+void frmqmap::show_picture(Language language) {
+    ui_->imgqmap->set_picture(QPixmap(QString::fromStdString(program_path("qmap.gif"))));
+    ui_->imgqmap->set_words_without_picture(text_of(kNoPicture, language));
+}
+
+void frmqmap::done(int result) {
+    QDialog::done(result);
+    TopMost(*this, false);
+}
+
+} // namespace halvane

@@ -1,0 +1,58 @@
+#include "qibla/qiblareport.h"
+
+#include "app/report/head.h"
+#include "calendar/numberformat.h"
+
+namespace halvane {
+namespace {
+
+constexpr int qiblah_rule = 84;
+
+void write_direction(Report& report, float direction, QiblahMark mark) {
+    report.text("-").spc(1).text("Qiblah Direction is:").spc(2).item(direction).line("° From True North");
+    report.text("-").spc(1).text("Qiblah Time you Chose is The Time At Which the ");
+    report.text(mark == QiblahMark::sun ? "SUN" : "SUN'S SHADOW").line(" is at Qiblah Direction");
+}
+
+void write_titles(Report& report) {
+    report.rule(qiblah_rule).end_line();
+    report.spc(2).text("Date").spc(11).text("Qiblah Time").spc(23).line("Qiblah Time");
+    report.spc(18).text("First Time").spc(23).line("Second Time");
+    report.end_line();
+    report.rule(qiblah_rule).end_line();
+}
+
+} // namespace
+
+void write_qiblah_head(Report& report, const Preferences& preferences, const Location& location,
+                       const ReportPeriod& period, float direction, QiblahMark mark) {
+    write_title(report, 28);
+    write_direction(report, direction, mark);
+    write_days(report, period.one_day, "Qiblah Direction", period.start, period.end, " CE", "");
+    write_location(report, location, false);
+    write_summer_time(report, preferences);
+    write_delta_t(report, format_number(period.delta_t, "00.0"));
+    write_titles(report);
+}
+
+void write_qiblah_row(Report& report, bool summer, const std::string& date, const QiblahDay& day,
+                      int number) {
+    if (number % 5 == 0)
+        report.end_line();
+    report.text(summer ? "*" : "").text(date);
+    report.tab(20).text(day.first.text).tab(30).text(day.first.note);
+    report.tab(55).text(day.second.text).tab(70).text(day.second.note).end_line();
+}
+
+void write_qiblah_closing(Report& report) {
+    report.rule(qiblah_rule).end_line();
+    write_remarks_title(report);
+    write_date_remarks(report);
+    report.text("-").spc(1).line(
+        "'----' Means that the Sun / Sun's Shadow does not reach the Qiblah Direction on that day.");
+    report.text("-").spc(1).line(
+        "Kindly notice that at certain locations and on certain days, the Sun / Sun's Shadow reaches");
+    report.spc(2).line("Qiblah direction twice on the same day!");
+}
+
+} // namespace halvane

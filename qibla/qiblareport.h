@@ -1,0 +1,26 @@
+#pragma once
+
+#include "app/report/report.h"
+#include "app/report/reportrun.h"
+#include "app/stored/loc.h"
+#include "app/stored/pref.h"
+#include "qibla/qibladay.h"
+
+#include <string>
+
+namespace halvane {
+
+/// What stands in the direction of the Qiblah at the times of a report.
+enum class QiblahMark { sun, shadow };
+
+/// The head of the Qiblah report; `direction` is the Qiblah's, whatever the mark                [deg]
+void write_qiblah_head(Report& report, const Preferences& preferences, const Location& location,
+                       const ReportPeriod& period, float direction, QiblahMark mark);
+
+/// One row; `number` counts the rows from 1, and an empty line stands before every fifth one.
+void write_qiblah_row(Report& report, bool summer, const std::string& date, const QiblahDay& day, int number);
+
+/// The rule and the remarks after the last row.
+void write_qiblah_closing(Report& report);
+
+} // namespace halvane

@@ -1,0 +1,124 @@
+#include "tables/ephemerisreport.h"
+
+#include "app/report/head.h"
+#include "calendar/modctim.h"
+#include "calendar/moddegree.h"
+#include "calendar/modjul.h"
+#include "calendar/numberformat.h"
+#include "tables/moonhouse.h"
+
+#include <cmath>
+#include <string>
+
+namespace halvane {
+namespace {
+
+constexpr int title_column = 51;
+constexpr int sun_rule = 128;
+constexpr int moon_rule = 141;
+constexpr int house_column = 129;
+constexpr int to_the_second = 0;
+
+TableBody body_of(const EphemerisSettings& settings) {
+    return settings.object == 1 ? TableBody::moon : TableBody::sun;
+}
+
+/// "hh:mm:ss dd/mm/yyyy"
+std::string clock_and_date(double clock) {
+    double year = 0;
+    double month = 0;
+    double day = 0;
+    modjuc(clock + 0.5, year, month, day);
+    const double whole_day = std::floor(day);
+    std::string text;
+    modctim(to_the_second, (day - whole_day) * 24, text);
+    append_number(text += ' ', whole_day, "00");
+    append_number(text += '/', month, "00");
+    append_number(text += '/', year, "0000");
+    return text;
+}
+
+std::string unsigned_text(char unit, double value) {
+    std::string text;
+    moddegree3(to_the_second, unit, value, text);
+    return text;
+}
+
+std::string signed_text(double degrees) {
+    std::string text;
+    moddegree2(to_the_second, 'd', degrees, text);
+    return text;
+}
+
+void write_column_heads(Report& report, TableBody body) {
+    report.tab(4).text("Time & Date").tab(25).text("R. A.").tab(38).text("Dec.").tab(47).text("Altitude");
+    report.tab(58).text("Azimuth").tab(69).text("Latitude").tab(79).text("Longitude");
+    report.tab(90).text("Distance").tab(106).text("SD").tab(113).text("Parallax").tab(124).text("DT");
+    if (body == TableBody::moon)
+        report.tab(house_column).text("Moon House");
+    report.end_line();
+}
+
+} // namespace
+
+void write_ephemeris_head(Report& report, const EphemerisSettings& settings, const Location& location) {
+    const TableBody body = body_of(settings);
+    write_title(report, title_column);
+    report.line(body == TableBody::sun ? "- Sun Ephemeris" : "- Moon Ephemeris");
+    write_location(report, location);
+    report.text("-").spc(1).line(settings.geocentric ? "Ephemeris are Geocentric."
+                                                     : "Ephemeris are Topocentric.");
+    report.text("-").spc(1).line(settings.local_ut1 ? "Time Reference is Local (UT1)."
+                                                    : "Time Reference is Local (TDT).");
+    report.text("-").spc(1).line(settings.summer_time == 1 ? "Summer Time is On." : "Summer Time is Off.");
+    report.rule(body == TableBody::sun ? sun_rule : moon_rule).end_line();
+    write_column_heads(report, body);
+    report.end_line();
+}
+
+void write_ephemeris_row(Report& report, TableBody body, double clock, const EphemerisRow& row) {
+    report.text(clock_and_date(clock));
+    report.tab(22).text(unsigned_text('h', row.right_ascension / 15));
+    report.tab(35).text(signed_text(row.declination));
+    report.tab(46).text(signed_text(row.altitude));
+    report.tab(57).text(unsigned_text('d', row.azimuth));
+    report.tab(68).text(signed_text(row.latitude));
+    report.tab(79).text(unsigned_text('d', row.longitude));
+    report.tab(90).text(format_number(row.distance, "###############0.0"));
+    report.tab(103).text(unsigned_text('d', row.semidiameter));
+    report.tab(113).text(unsigned_text('d', row.parallax));
+    report.tab(123).text(format_number(row.delta_t, "00.0"));
+    if (body == TableBody::moon)
+        report.tab(house_column).text(moon_house(row.longitude));
+    report.end_line();
+}
+
+void write_ephemeris_closing(Report& report) {
+    report.rule(sun_rule).end_line();
+    report.line("* Right Ascension (R.A.) and Declination (Dec.):");
+    report.line("Airless apparent right ascension and declination of the target with respect");
+    report.line("to the Earth true-equator and the meridian containing the Earth true equinox");
+    report.line("of date. Corrected for light-time, gravitational deflection of light, stellar");
+    report.line("aberration, precession & nutation. Units: (hh:mm:ss) and (dd:mm:ss).").end_line();
+    report.line("* Altitude and Azimuth:");
+    report.line("Airless apparent azimuth and elevation of target. Corrected for light-time, the");
+    report.line("gravitational deflection of light, stellar aberration, precession and nutation.");
+    report.line("Azimuth measured from North. Units: (dd:mm:ss).").end_line();
+    report.line("* Latitude and Longitude:");
+    report.line("Ecliptic-of-date longitude and latitude of the target's apparent position,");
+    report.line("corrected for light-time, the gravitational deflection of light and stellar");
+    report.line("aberration. The ecliptic plane is the Earth's orbital plane at print time.");
+    report.line("Units: (dd:mm:ss).").end_line();
+    report.line("* Distance:");
+    report.line("Geocentric distance between Earth and target in Km.").end_line();
+    report.line("* Semi-Diameter (SD):");
+    report.line("The angle at the observer subtended by the equatorial radius of the target.");
+    report.line("Units: (dd:mm:ss).").end_line();
+    report.line("* Parallax:");
+    report.line("Horizontal Parallax: The difference between the topocentric and geocentric");
+    report.line("positions of an object, when the object is on the astronomical horizon.");
+    report.line("Units: (dd:mm:ss).").end_line();
+    report.line("* DT: Delta T in seconds.");
+}
+
+} // namespace halvane

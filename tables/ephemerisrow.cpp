@@ -1,0 +1,59 @@
+#include "tables/ephemerisrow.h"
+
+#include "calendar/moddeltat.h"
+#include "ephemeris/coordinates.h"
+#include "ephemeris/modgeneral.h"
+#include "ephemeris/moon.h"
+#include "ephemeris/sun.h"
+
+#include <cmath>
+
+namespace halvane {
+namespace {
+
+constexpr double astronomical_unit_km = 149597870.66;
+constexpr double sun_semidiameter_at_1_au = 0.266563888; // [deg]
+constexpr double sun_parallax_at_1_au = 0.0024427777778; // [deg]
+
+template <class Place>
+EphemerisRow directions(const Place& place, bool geocentric) {
+    EphemerisRow row;
+    row.right_ascension = geocentric ? place.right_ascension : place.topocentric_right_ascension;
+    row.declination = geocentric ? place.declination : place.topocentric_declination;
+    row.longitude = geocentric ? place.longitude : place.topocentric_longitude;
+    row.latitude = geocentric ? place.latitude : place.topocentric_latitude;
+    return row;
+}
+
+EphemerisRow sun_row(const Observer& observer, bool geocentric, double jd) {
+    const SunPlace sun = sun_high(observer, jd);
+    EphemerisRow row = directions(sun, geocentric);
+    row.distance = sun.radius * astronomical_unit_km;
+    row.semidiameter = sun_semidiameter_at_1_au / sun.radius;
+    row.parallax =
+        asin(std::sin(sun_parallax_at_1_au * radians_per_degree) / sun.radius) * degrees_per_radian;
+    return row;
+}
+
+EphemerisRow moon_row(const Observer& observer, bool geocentric, double jd) {
+    const MoonPlace moon = moon_medium(observer, jd);
+    EphemerisRow row = directions(moon, geocentric);
+    row.distance = moon.distance;
+    row.semidiameter = geocentric ? moon.semidiameter : moon.topocentric_semidiameter;
+    row.parallax = moon.parallax;
+    return row;
+}
+
+} // namespace
+
+EphemerisRow ephemeris_row(const Observer& observer, TableBody body, bool geocentric, double jd) {
+    EphemerisRow row =
+        body == TableBody::sun ? sun_row(observer, geocentric, jd) : moon_row(observer, geocentric, jd);
+    altazm_of(observer, jd, row.right_ascension, row.declination, row.altitude, row.azimuth);
+    double delta_t = 0;
+    moddeltat(jd, delta_t);
+    row.delta_t = delta_t * 86400;
+    return row;
+}
+
+} // namespace halvane

@@ -1,0 +1,107 @@
+#include "tables/ephemeristable.h"
+
+#include "app/stored/failure.h"
+#include "app/stored/loc.h"
+#include "app/stored/programfolder.h"
+#include "calendar/moddeltat.h"
+#include "calendar/modjul.h"
+#include "tables/ephemerisreport.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace halvane {
+
+const TableMessage end_before_start{"Date Error", "The end date must be AFTER the beginning date!", "خطأ",
+                                    "تاريخ النهاية يجب أن يكون بعد التاريخ البداية"};
+
+namespace {
+
+constexpr double beyond_the_end = 1e-8; // [d]
+constexpr int rows_of_a_group = 4;
+
+double summer_hours(const EphemerisSettings& settings) {
+    return settings.summer_time == 1 ? 1 : 0;
+}
+
+/// Julian day of a date; `hour` is without zone and summer hour.
+double instant_of(double year, double month, double day, double hour, double minute, double second) {
+    double jd = 0;
+    modjul(year, month, day, hour + minute / 60 + second / 3600, jd);
+    return require_finite(jd, "a date of the table");
+}
+
+double unit_days(int unit) {
+    switch (unit) {
+    case 0:
+        return 1.0 / 86400;
+    case 1:
+        return 1.0 / 1440;
+    case 2:
+        return 0.0416666666666667;
+    default:
+        return 1;
+    }
+}
+
+void tell_progress(Progress& progress, const TableSpan& span, double row) {
+    const double percent =
+        span.start == span.end ? 100 : (row + 1) / ((span.end - span.start) / span.step) * 100;
+    progress.percent(std::min(percent, 100.0));
+}
+
+RunOutcome write_rows(Report& report, const EphemerisSettings& settings, const TableSpan& span,
+                      const Location& location, Progress& progress) {
+    const TableBody body = settings.object == 1 ? TableBody::moon : TableBody::sun;
+    const Observer observer = observer_at(longitude_of(location), latitude_of(location), location.elevation);
+    const double clock_ahead = (location.zone + summer_hours(settings)) / 24;
+    // Where a far start cannot be told from the next row, the count ends the table.
+    const double last_row = (span.end - span.start) / span.step + 0.5;
+    int in_group = 0;
+    double jd = span.start;
+    for (double n = 0; n <= last_row && jd <= span.end + beyond_the_end; jd = span.start + ++n * span.step) {
+        tell_progress(progress, span, n);
+        write_ephemeris_row(report, body, jd + clock_ahead,
+                            ephemeris_row(observer, body, settings.geocentric, jd));
+        if (!progress.yield())
+            return RunOutcome::cancelled;
+        if (++in_group == rows_of_a_group) {
+            report.end_line();
+            in_group = 0;
+        }
+    }
+    return RunOutcome::done;
+}
+
+} // namespace
+
+TableSpan table_span(const EphemerisSettings& settings, double zone) {
+    const EphemerisSettings& s = settings;
+    const double start_hour = s.start_hour - zone - summer_hours(s);
+    const double end_hour = s.end_hour - zone - summer_hours(s);
+    TableSpan span;
+    span.start =
+        instant_of(s.start_year, s.start_month, s.start_day, start_hour, s.start_minute, s.start_second);
+    span.end = instant_of(s.end_year, s.end_month, s.end_day, end_hour, s.end_minute, s.end_second);
+    span.step = std::fabs(std::trunc(s.interval)) * unit_days(s.unit);
+    if (span.step == 0)
+        span.step = 1;
+    return span;
+}
+
+RunOutcome write_ephemeris_table(const EphemerisSettings& settings, Progress& progress) {
+    // A copy: the panels that a yield lets run may store another place.
+    const Location location = read_loc(); // NOLINT(performance-unnecessary-copy-initialization)
+    const TableSpan span = table_span(settings, location.zone);
+    if (span.end < span.start)
+        return RunOutcome::refused;
+    const TdtSpan time_reference(settings.local_ut1 ? 0 : 1);
+    Report report(program_path("ephemeris.out"));
+    write_ephemeris_head(report, settings, location);
+    const RunOutcome outcome = write_rows(report, settings, span, location, progress);
+    write_ephemeris_closing(report);
+    report.commit();
+    return outcome;
+}
+
+} // namespace halvane

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "app/report/progress.h"
+#include "app/stored/coor.h"
+
+namespace halvane {
+
+/// What a table covers.
+struct TableSpan {
+    double start = 0; ///< Julian day of the first row, UT1 or TDT as the settings say        [d]
+    double end = 0;   ///< the last row stands here or before, in the same time               [d]
+    double step = 1;  ///< above 0                                                            [d]
+};
+
+/// The span of the settings for a zone [h, east positive]. Only the whole part of the interval counts,
+/// without its sign; an interval of 0 is one day whatever the unit.
+TableSpan table_span(const EphemerisSettings& settings, double zone);
+
+/// Writes `ephemeris.out`: a row at start + n step for every n until the end (and 1e-8 d beyond, so that an
+/// interval that divides the span keeps its last row).
+/// Reads `loc.vsk`; needs the arrays of `mterm.vsk` and of `termfull.vsk` (Sun) or `elp.vsk` (Moon). Runs
+/// with `tdtinput` by the settings. Returns refused when the end comes before the start (see
+/// end_before_start): nothing is written then;
+///         cancelled with the rows so far and the remarks in the file.
+/// Error   raises RunTimeFailure; an earlier `ephemeris.out` then stands.
+RunOutcome write_ephemeris_table(const EphemerisSettings& settings, Progress& progress);
+
+/// What the user is told when the table is refused.
+struct TableMessage {
+    const char *title, *text, *title_arabic, *text_arabic;
+};
+extern const TableMessage end_before_start;
+
+} // namespace halvane

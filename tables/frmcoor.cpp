@@ -1,0 +1,205 @@
+#include "tables/frmcoor.h"
+
+#include "app/frmlists.h"
+#include "app/frmstyle.h"
+#include "app/frmsupport.h"
+#include "app/frmwait.h"
+#include "app/messages.h"
+#include "app/platform/platform.h"
+#include "app/stored/record.h"
+#include "tables/ephemeristable.h"
+#include "ui_frmcoor.h"
+
+#include <QPointer>
+#include <array>
+#include <cmath>
+
+namespace halvane {
+
+namespace {
+
+constexpr Twin kTwins[] = {
+    {"frmcoor", "Sun Moon Ephemeris", "أزياج الشمس و القمر"},
+    {"lblobj", "&Object:", "ال&جرم"},
+    {"fraref", "Reference", "المرجع"},
+    {"optgeo", "Geocentric", "مركزي"},
+    {"opttopo", "Topocentric", "سطحي"},
+    {"fratime", "Time", "الوقت"},
+    {"optut", "Local (UT1)", "محلي (UT1)"},
+    {"opttdt", "Local (TDT)", "محلي (TDT)"},
+    {"frarange", "Rows of the Table", "أسطر الجدول"},
+    {"lblyear", "Year", "السنة"},
+    {"lblmonth", "Month", "الشهر"},
+    {"lblday", "Day", "اليوم"},
+    {"lblhour", "Hour", "الساعة"},
+    {"lblminute", "Minute", "الدقيقة"},
+    {"lblsecond", "Second", "الثانية"},
+    {"lblfrom", "From:", "من"},
+    {"lblto", "To:", "إلى"},
+    {"lblinterval", "&Interval:", "ال&فاصل الزمني"},
+    {"chksummer", "S&ummer time applies to this table", "التوقيت ال&صيفي مطبق في هذا الجدول"},
+    {"lblnote",
+     "Times are on the local clock. Please choose your location from the Location Menu; the Summer Time "
+     "settings of the Preferences Menu are not used here.",
+     "الأوقات بالتوقيت المحلي. يرجى اختيار الموقع من قائمة الموقع، أما التوقيت الصيفي في قائمة الخيارات فلا "
+     "يستخدم هنا."},
+    {"cmdcalc", "&Calculate", "إجراء ال&حسابات"},
+    {"cmdclose", "Clo&se", "إ&غلاق"},
+    {"txty@spoken", "From, year", "من، السنة"},
+    {"cbom@spoken", "From, month", "من، الشهر"},
+    {"cbod@spoken", "From, day", "من، اليوم"},
+    {"cboh@spoken", "From, hour", "من، الساعة"},
+    {"cbomn@spoken", "From, minute", "من، الدقيقة"},
+    {"cbos@spoken", "From, second", "من، الثانية"},
+    {"txt2y@spoken", "To, year", "إلى، السنة"},
+    {"cbo2m@spoken", "To, month", "إلى، الشهر"},
+    {"cbo2d@spoken", "To, day", "إلى، اليوم"},
+    {"cbo2h@spoken", "To, hour", "إلى، الساعة"},
+    {"cbo2mn@spoken", "To, minute", "إلى، الدقيقة"},
+    {"cbo2s@spoken", "To, second", "إلى، الثانية"},
+    {"cboi@spoken", "Unit of the interval", "وحدة الفاصل الزمني"},
+};
+
+constexpr Twin kObjects[] = {{"", "Sun", "الشمس"}, {"", "Moon", "القمر"}};
+constexpr Twin kUnits[] = {
+    {"", "Second", "ثانية"}, {"", "Minute", "دقيقة"}, {"", "Hour", "ساعة"}, {"", "Day", "يوم"}};
+
+constexpr int kMonths = 12;
+constexpr int kDays = 31;
+constexpr int kLastHour = 23;
+constexpr int kLastMinute = 59;
+constexpr int kYearLength = 6;
+constexpr const char* kLongestYear = "-88888";
+constexpr const char* kLongestInterval = "888888";
+
+void fill_with_texts(QComboBox& list, std::span<const Twin> texts, Language language) {
+    list.clear();
+    for (const Twin& text : texts)
+        list.addItem(text_of(text, language));
+}
+
+/// The six inputs of a moment.
+struct Moment {
+    QLineEdit* year;
+    std::array<QComboBox*, 5> lists; ///< month, day, hour, minute, second
+};
+
+void show_moment(const Moment& moment, double year, const std::array<double, 5>& numbers) {
+    moment.year->setText(QString::fromStdString(plain_number(year)));
+    for (std::size_t i = 0; i < numbers.size(); ++i)
+        choose_entry(*moment.lists[i], plain_number(numbers[i]));
+}
+
+} // namespace
+
+std::span<const Twin> frmcoor_twins() {
+    return kTwins;
+}
+
+frmcoor::frmcoor(QWidget* owner)
+    : QDialog(owner), ui_(std::make_unique<Ui::frmcoor>()), language_(stored_language()) {
+    ui_->setupUi(this);
+    apply_language(*this, kTwins, language_);
+    fill_lists();
+    set_sizes();
+    select_whole_text_on_focus(*this);
+    load(read_coor());
+    connect(ui_->cmdcalc, &QPushButton::clicked, this, &frmcoor::cmdcalc_click);
+    connect(ui_->cmdclose, &QPushButton::clicked, this, &frmcoor::cmdclose_click);
+}
+
+frmcoor::~frmcoor() = default;
+
+void frmcoor::fill_lists() {
+    fill_with_texts(*ui_->cboobj, kObjects, language_);
+    fill_with_texts(*ui_->cboi, kUnits, language_);
+    for (QComboBox* list : {ui_->cbom, ui_->cbo2m})
+        fill_with_numbers(*list, kMonths);
+    for (QComboBox* list : {ui_->cbod, ui_->cbo2d})
+        fill_with_numbers(*list, kDays);
+    for (QComboBox* list : {ui_->cboh, ui_->cbo2h})
+        fill_from_zero(*list, kLastHour);
+    for (QComboBox* list : {ui_->cbomn, ui_->cbo2mn, ui_->cbos, ui_->cbo2s})
+        fill_from_zero(*list, kLastMinute);
+}
+
+void frmcoor::set_sizes() {
+    set_spacing(*this);
+    for (QLineEdit* box : {ui_->txty, ui_->txt2y}) {
+        box->setMaxLength(kYearLength);
+        shape_number_box(*box, kLongestYear);
+    }
+    shape_number_box(*ui_->txti, kLongestInterval);
+}
+
+void frmcoor::load(const EphemerisSettings& settings) {
+    ui_->cboobj->setCurrentIndex(settings.object == 1 ? 1 : 0);
+    (settings.local_ut1 ? ui_->optut : ui_->opttdt)->setChecked(true);
+    (settings.geocentric ? ui_->optgeo : ui_->opttopo)->setChecked(true);
+    show_moment({ui_->txty, {ui_->cbom, ui_->cbod, ui_->cboh, ui_->cbomn, ui_->cbos}}, settings.start_year,
+                {settings.start_month, settings.start_day, settings.start_hour, settings.start_minute,
+                 settings.start_second});
+    show_moment(
+        {ui_->txt2y, {ui_->cbo2m, ui_->cbo2d, ui_->cbo2h, ui_->cbo2mn, ui_->cbo2s}}, settings.end_year,
+        {settings.end_month, settings.end_day, settings.end_hour, settings.end_minute, settings.end_second});
+    ui_->txti->setText(QString::fromStdString(plain_number(settings.interval)));
+    if (settings.unit >= 0 && settings.unit < ui_->cboi->count())
+        ui_->cboi->setCurrentIndex(settings.unit);
+    ui_->chksummer->setChecked(settings.summer_time == 1);
+}
+
+EphemerisSettings frmcoor::shown() const {
+    EphemerisSettings settings;
+    settings.object = ui_->cboobj->currentIndex();
+    settings.local_ut1 = ui_->optut->isChecked();
+    settings.geocentric = ui_->optgeo->isChecked();
+    settings.start_year = number_in(*ui_->txty);
+    settings.start_month = number_in(*ui_->cbom);
+    settings.start_day = number_in(*ui_->cbod);
+    settings.start_hour = number_in(*ui_->cboh);
+    settings.start_minute = number_in(*ui_->cbomn);
+    settings.start_second = number_in(*ui_->cbos);
+    settings.end_year = number_in(*ui_->txt2y);
+    settings.end_month = number_in(*ui_->cbo2m);
+    settings.end_day = number_in(*ui_->cbo2d);
+    settings.end_hour = number_in(*ui_->cbo2h);
+    settings.end_minute = number_in(*ui_->cbo2mn);
+    settings.end_second = number_in(*ui_->cbo2s);
+    settings.interval = std::fabs(std::trunc(number_in(*ui_->txti)));
+    settings.unit = ui_->cboi->currentIndex();
+    settings.summer_time = ui_->chksummer->isChecked() ? 1 : 0;
+    return settings;
+}
+
+void frmcoor::cmdcalc_click() {
+    const EphemerisSettings settings = shown();
+    write_coor(settings);
+    // The panel may be closed, and so deleted, while the run lets events happen.
+    const QPointer<frmcoor> panel(this);
+    ui_->cmdcalc->setEnabled(false);
+    RunOutcome outcome = RunOutcome::cancelled;
+    {
+        WaitProgress progress(windowTitle());
+        outcome = write_ephemeris_table(settings, progress);
+    }
+    if (panel != nullptr)
+        ui_->cmdcalc->setEnabled(true);
+    if (outcome == RunOutcome::refused && panel != nullptr) {
+        const TableMessage& words = end_before_start;
+        warn(this, text_of({"", words.title, words.title_arabic}, language_),
+             text_of({"", words.text, words.text_arabic}, language_), language_);
+        ask_again(*ui_->txt2y);
+    }
+    if (outcome != RunOutcome::done)
+        return;
+    if (panel != nullptr)
+        close();
+    platform().show_text_file("ephemeris.out");
+}
+
+void frmcoor::cmdclose_click() {
+    write_coor(shown());
+    accept();
+}
+
+} // namespace halvane

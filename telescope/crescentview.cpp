@@ -1,0 +1,86 @@
+#include "telescope/crescentview.h"
+
+#include "app/stored/programfolder.h"
+
+#include <QPainter>
+#include <algorithm>
+
+namespace halvane {
+
+namespace {
+
+constexpr int kPictureSize = 200;     // of the delivered files
+const QColor kSky(0, 0, 0);           // as in the pictures
+const QColor kMark(0xB8, 0xC4, 0xCC); // 11 to 1 on the sky
+constexpr double kMarkSize = 0.8;     // of the panel's font
+
+QRect centred_square(const QRect& place) {
+    const int side = std::min(place.width(), place.height());
+    QRect square(0, 0, side, side);
+    square.moveCenter(place.center());
+    return square;
+}
+
+} // namespace
+
+CrescentView::CrescentView(QWidget* parent) : QWidget(parent) {
+    setMinimumSize(kPictureSize, kPictureSize);
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
+}
+
+void CrescentView::show_picture(const QString& name, bool zenith_below) {
+    name_ = name;
+    zenith_below_ = zenith_below;
+    image_ = QImage(QString::fromStdString(program_path("images/" + name.toStdString())));
+    update();
+}
+
+void CrescentView::set_texts(const QString& zenith, const QString& missing) {
+    zenith_ = zenith;
+    missing_ = missing;
+}
+
+QSize CrescentView::sizeHint() const {
+    return {kPictureSize, kPictureSize};
+}
+
+void CrescentView::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    const QRect square = centred_square(rect());
+    painter.fillRect(square, kSky);
+    if (name_.isEmpty())
+        return;
+    draw_picture(painter, square);
+    if (has_picture())
+        draw_zenith_mark(painter, square);
+}
+
+void CrescentView::draw_picture(QPainter& painter, const QRect& square) const {
+    if (has_picture()) {
+        const double pixels = square.width() * devicePixelRatioF();
+        QImage scaled =
+            image_.convertToFormat(QImage::Format_RGB32)
+                .scaled(QSize(1, 1) * qRound(pixels), Qt::KeepAspectRatio, Qt::SmoothTransformation);
+        scaled.setDevicePixelRatio(devicePixelRatioF());
+        painter.drawImage(square.topLeft(), scaled);
+        return;
+    }
+    painter.setPen(kMark);
+    painter.drawText(square, Qt::AlignCenter | Qt::TextWordWrap, missing_.arg(name_));
+}
+
+void CrescentView::draw_zenith_mark(QPainter& painter, const QRect& square) const {
+    QFont small = font();
+    small.setPointSizeF(small.pointSizeF() * kMarkSize);
+    painter.setFont(small);
+    painter.setPen(kMark);
+    const int gap = QFontMetrics(small).lineSpacing() / 4;
+    const QRect place = square.adjusted(gap, gap, -gap, -gap);
+    const int side = zenith_below_ ? Qt::AlignBottom : Qt::AlignTop;
+    painter.drawText(place, Qt::AlignLeft | side,
+                     (zenith_below_ ? QStringLiteral("↓ ") : QStringLiteral("↑ ")) + zenith_);
+}
+
+} // namespace halvane

@@ -1,0 +1,199 @@
+#include "telescope/frmtele.h"
+
+#include "app/frmlists.h"
+#include "app/frmstyle.h"
+#include "app/frmsupport.h"
+#include "app/messages.h"
+#include "app/stored/record.h"
+#include "calendar/machineclock.h"
+#include "telescope/crescentpicture.h"
+#include "telescope/readouts.h"
+#include "ui_frmtele.h"
+
+#include <cmath>
+
+namespace halvane {
+
+namespace {
+
+constexpr Twin kTwins[] = {
+    {"frmtele", "Telescope", "تلسكوب"},
+    {"fradate", "Date and Time", "التاريخ و الوقت"},
+    {"lblyear", "Year:", "السنة"},
+    {"lblmonth", "Month:", "الشهر"},
+    {"lblday", "Day:", "اليوم"},
+    {"lblhour", "Hour:", "الساعة"},
+    {"lblminutes", "Minutes:", "الدقائق"},
+    {"cmdnow", "&Now", "الآ&ن"},
+    {"fraair", "Refraction", "الانكسار"},
+    {"optair", "No Refraction", "بدون انكسار"},
+    {"optref", "With Refraction", "مع انكسار"},
+    {"fraequinox", "Coordinates", "الإحداثيات"},
+    {"optnow", "Of Date", "إحداثيات التاريخ"},
+    {"optj2000", "J2000", "إحداثيات J2000"},
+    {"fraflip", "Picture", "الصورة"},
+    {"chkflph", "Horizontal Flip", "قلب أفقي"},
+    {"chkflpv", "Vertical Flip", "قلب رأسي"},
+    {"fraread", "Pointing", "التوجيه"},
+    {"lblra", "R.A.", "المطلع المستقيم"},
+    {"lbldec", "Declination", "الميل"},
+    {"lblalt", "Altitude", "الارتفاع"},
+    {"lblazm", "Azimuth", "السمت"},
+    {"lblsun", "Sun", "الشمس"},
+    {"lblmoon", "Moon", "القمر"},
+    {"lblcrs", "Crescent", "الهلال"},
+    {"lblnote",
+     "* It is very important to read the help file to know the use and the importance of this form.\n\n"
+     "* Please check your coordinates form the Location menu and your Summer Time form the Preferences menu.",
+     "* من المهم جدا قراءة ملف المساعدة لمعرفة استخدام هذه النافذة و أهميتها.\n\n"
+     "* يرجى التأكد من إحداثياتك في قائمة الموقع و من التوقيت الصيفي في قائمة الخيارات."},
+    {"cmdcalc", "&Calculate", "إجراء ال&حسابات"},
+    {"cmdclose", "Clo&se", "إ&غلاق"},
+    {"pctcresimg@spoken", "Picture of the crescent", "صورة الهلال"},
+};
+
+constexpr Twin kZenith{"", "Zenith", "سمت الرأس"};
+constexpr Twin kMissing{"", "The picture %1 is not in the folder of pictures.",
+                        "الصورة %1 غير موجودة في مجلد الصور."};
+constexpr Twin kLimb{"", "Bright limb: %1 from the zenith,\ncounted to the left",
+                     "الحافة المضيئة: %1 من سمت الرأس،\nعدا إلى اليسار"};
+
+constexpr int kMonths = 12;
+constexpr int kDays = 31;
+constexpr int kLastHour = 23;
+constexpr int kLastMinute = 59;
+constexpr int kYearLength = 6;
+constexpr const char* kLongestYear = "-88888";
+constexpr const char* kLongestReadOut = "-88°:88':88\"";
+constexpr double kReadOutSize = 1.15;
+
+} // namespace
+
+std::span<const Twin> frmtele_twins() {
+    return kTwins;
+}
+
+frmtele::frmtele(QWidget* owner)
+    : QDialog(owner), ui_(std::make_unique<Ui::frmtele>()), language_(stored_language()) {
+    ui_->setupUi(this);
+    apply_language(*this, kTwins, language_);
+    ui_->pctcresimg->set_texts(text_of(kZenith, language_), text_of(kMissing, language_));
+    fill_lists();
+    set_sizes();
+    select_whole_text_on_focus(*this);
+    load(read_tele());
+    show_limb(QStringLiteral("----"));
+    connect_controls();
+}
+
+frmtele::~frmtele() = default;
+
+void frmtele::fill_lists() {
+    fill_with_numbers(*ui_->cbomonth, kMonths);
+    fill_with_numbers(*ui_->cboday, kDays);
+    fill_from_zero(*ui_->cbohour, kLastHour);
+    fill_from_zero(*ui_->cbominutes, kLastMinute);
+}
+
+void frmtele::set_sizes() {
+    set_spacing(*this);
+    ui_->txtyear->setMaxLength(kYearLength);
+    shape_number_box(*ui_->txtyear, kLongestYear);
+    keep_left_to_right(*ui_->readtable);
+    for (const ReadOut& readout : telescope_readouts({})) {
+        QLabel& label = read_out(readout.label);
+        scale_font(label, kReadOutSize);
+        fit_width(label, QString::fromUtf8(kLongestReadOut));
+        label.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    }
+}
+
+void frmtele::connect_controls() {
+    connect(ui_->cmdnow, &QPushButton::clicked, this, &frmtele::cmdnow_click);
+    connect(ui_->cmdcalc, &QPushButton::clicked, this, &frmtele::cmdcalc_click);
+    connect(ui_->cmdclose, &QPushButton::clicked, this, &frmtele::cmdclose_click);
+    for (QRadioButton* option : {ui_->optair, ui_->optref, ui_->optnow, ui_->optj2000})
+        connect(option, &QRadioButton::clicked, this, &frmtele::cmdcalc_click);
+    for (QCheckBox* flip : {ui_->chkflph, ui_->chkflpv})
+        connect(flip, &QCheckBox::clicked, this, &frmtele::flip_click);
+}
+
+void frmtele::load(const TelescopeSettings& settings) {
+    ui_->txtyear->setText(QString::fromStdString(plain_number(settings.year)));
+    choose_entry(*ui_->cbomonth, plain_number(settings.month));
+    choose_entry(*ui_->cboday, plain_number(settings.day));
+    choose_entry(*ui_->cbohour, plain_number(settings.hour));
+    choose_entry(*ui_->cbominutes, plain_number(settings.minute));
+    (settings.airless ? ui_->optair : ui_->optref)->setChecked(true);
+    (settings.j2000 ? ui_->optj2000 : ui_->optnow)->setChecked(true);
+    ui_->chkflpv->setChecked(settings.flip_vertical == 1);
+    ui_->chkflph->setChecked(settings.flip_horizontal == 1);
+}
+
+TelescopeSettings frmtele::shown() const {
+    TelescopeSettings settings;
+    settings.year = number_in(*ui_->txtyear);
+    settings.month = number_in(*ui_->cbomonth);
+    settings.day = number_in(*ui_->cboday);
+    settings.hour = number_in(*ui_->cbohour);
+    settings.minute = number_in(*ui_->cbominutes);
+    settings.airless = ui_->optair->isChecked();
+    settings.refracted = ui_->optref->isChecked();
+    settings.of_date = ui_->optnow->isChecked();
+    settings.j2000 = ui_->optj2000->isChecked();
+    settings.flip_vertical = ui_->chkflpv->isChecked() ? 1 : 0;
+    settings.flip_horizontal = ui_->chkflph->isChecked() ? 1 : 0;
+    return settings;
+}
+
+QLabel& frmtele::read_out(const char* name) const {
+    return *findChild<QLabel*>(QString::fromLatin1(name));
+}
+
+void frmtele::cmdnow_click() {
+    const MachineTime now = machine_time();
+    ui_->txtyear->setText(QString::number(now.year));
+    choose_entry(*ui_->cbomonth, std::to_string(now.month));
+    choose_entry(*ui_->cboday, std::to_string(now.day));
+    choose_entry(*ui_->cbohour, std::to_string(now.hour));
+    choose_entry(*ui_->cbominutes, std::to_string(now.minute));
+    cmdcalc_click();
+}
+
+void frmtele::cmdcalc_click() {
+    const std::optional<TelescopePointing> pointing = telescope_pointing(shown());
+    if (!pointing) {
+        const TelescopeMessage& words = moon_below_horizon;
+        warn(this, text_of({"", words.title, words.title_arabic}, language_),
+             text_of({"", words.text, words.text_arabic}, language_), language_);
+        return;
+    }
+    zenith_angle_ = pointing->zenith_angle;
+    show_picture();
+    for (const ReadOut& readout : telescope_readouts(*pointing))
+        read_out(readout.label).setText(QString::fromStdString(readout.text));
+}
+
+void frmtele::flip_click() {
+    if (zenith_angle_)
+        show_picture();
+}
+
+void frmtele::show_picture() {
+    const bool horizontal = ui_->chkflph->isChecked();
+    const bool vertical = ui_->chkflpv->isChecked();
+    ui_->pctcresimg->show_picture(
+        QString::fromStdString(crescent_picture(*zenith_angle_, horizontal, vertical)), vertical);
+    show_limb(QString::number(std::lround(*zenith_angle_) % 360) + QStringLiteral("°"));
+}
+
+void frmtele::show_limb(const QString& angle) {
+    ui_->lbllimb->setText(text_of(kLimb, language_).arg(isolated(angle)));
+}
+
+void frmtele::cmdclose_click() {
+    write_tele(shown());
+    accept();
+}
+
+} // namespace halvane

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "app/language.h"
+#include "app/stored/tele.h"
+
+#include <QDialog>
+#include <memory>
+#include <optional>
+
+class QLabel;
+
+namespace halvane {
+
+namespace Ui {
+class frmtele;
+}
+
+/// The telescope panel. The constructor loads it from `tele.vsk`.
+/// Error  raises RunTimeFailure for a missing or damaged `pref.vsk` or `tele.vsk`.
+class frmtele : public QDialog {
+    Q_OBJECT
+public:
+    explicit frmtele(QWidget* owner = nullptr);
+    ~frmtele() override;
+
+    void cmdnow_click();   ///< takes the machine's clock and computes
+    void cmdcalc_click();  ///< computes; a Moon below the horizon is told and changes nothing
+    void flip_click();     ///< changes the picture only
+    void cmdclose_click(); ///< stores the choices and closes
+
+private:
+    void fill_lists();
+    void set_sizes();
+    void connect_controls();
+    void load(const TelescopeSettings& settings);
+    TelescopeSettings shown() const;
+    void show_picture();
+    void show_limb(const QString& angle);
+    QLabel& read_out(const char* name) const;
+
+    std::unique_ptr<Ui::frmtele> ui_;
+    Language language_;
+    std::optional<double> zenith_angle_; ///< of the bright limb, once computed                 [deg]
+};
+
+/// The texts of `frmtele`.
+std::span<const Twin> frmtele_twins();
+
+} // namespace halvane

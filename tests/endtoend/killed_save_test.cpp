@@ -1,0 +1,107 @@
+// A process that is killed while it saves leaves every stored file whole: the old record or the new one.
+
+#include "app/stored/alert.h"
+#include "app/stored/date.h"
+#include "app/stored/loc.h"
+#include "app/stored/loclist.h"
+#include "app/stored/pref.h"
+#include "app/stored/programfolder.h"
+#include "app/stored/textfile.h"
+
+#include <array>
+#include <chrono>
+#include <csignal>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <random>
+#include <set>
+#include <string>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace halvane {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int kKills = 200;
+constexpr int kLongestLife = 12; // [ms]
+constexpr std::array<const char*, 5> kFiles{"pref.vsk", "loc.vsk", "date.vsk", "alert.vsk", "loc.txt"};
+
+/// Writes every file with the values of one of two sets; the second is longer, so that a torn file would
+/// show.
+void save_all(bool second) {
+    Preferences preferences;
+    preferences.fajer_angle = second ? 19.512345678 : 18;
+    write_pref(preferences);
+    Location location;
+    location.name = second ? std::string(3000, 'n') : "Amman";
+    location.elevation = second ? 1234.5 : 1;
+    write_loc(location);
+    CalculationDate date;
+    date.start.year = second ? 123456 : 1;
+    write_date(date);
+    AlertSettings alert;
+    alert.lead = second ? 98765.5 : 1;
+    write_alert(alert);
+    location.name = "Amman";
+    modify_location(location);
+}
+
+std::array<std::string, kFiles.size()> contents() {
+    std::array<std::string, kFiles.size()> all;
+    for (std::size_t file = 0; file < kFiles.size(); ++file)
+        all[file] = read_text_file(program_path(kFiles[file]));
+    return all;
+}
+
+class KilledSave : public ::testing::Test {
+protected:
+    KilledSave() : folder_(fs::path(::testing::TempDir()) / ("killed" + std::to_string(::getpid()))) {
+        fs::create_directories(folder_);
+        set_program_folder(folder_.string());
+        save_text_file(program_path("loc.txt"), "");
+    }
+    ~KilledSave() override { fs::remove_all(folder_); }
+
+    fs::path folder_;
+};
+
+TEST_F(KilledSave, LeavesTheOldRecordOrTheNewOneWhole) {
+    save_all(true);
+    const auto second = contents();
+    save_all(false);
+    const auto first = contents();
+    std::mt19937 random(20240621);
+    std::uniform_int_distribution<int> life(0, kLongestLife * 1000);
+    std::set<std::string> states;
+    for (int kill_number = 0; kill_number < kKills; ++kill_number) {
+        const pid_t child = ::fork();
+        ASSERT_GE(child, 0);
+        if (child == 0)
+            for (bool which = true;; which = !which)
+                save_all(which);
+        std::this_thread::sleep_for(std::chrono::microseconds(life(random)));
+        ASSERT_EQ(::kill(child, SIGKILL), 0);
+        int status = 0;
+        ASSERT_EQ(::waitpid(child, &status, 0), child);
+        ASSERT_TRUE(WIFSIGNALED(status)) << "the process ended by itself";
+        const auto now = contents();
+        std::string state;
+        for (std::size_t file = 0; file < kFiles.size(); ++file) {
+            const bool whole = now[file] == first[file] || now[file] == second[file] ||
+                               (kFiles[file] == std::string("loc.txt") && now[file].empty());
+            EXPECT_TRUE(whole) << kFiles[file] << " after kill " << kill_number << ": "
+                               << now[file].substr(0, 200);
+            state += now[file] == second[file] ? '2' : '1';
+        }
+        states.insert(state);
+    }
+    EXPECT_GE(states.size(), 3U) << "the kills did not fall into the saves";
+    save_all(false);
+    EXPECT_EQ(contents(), first) << "a later save works";
+}
+
+} // namespace
+} // namespace halvane

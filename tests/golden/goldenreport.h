@@ -1,0 +1,133 @@
+#pragma once
+
+#include "app/stored/programfolder.h"
+#include "app/stored/textfile.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <stdexcept>
+#include <string>
+#include <unistd.h>
+#include <vector>
+
+namespace halvane {
+
+/// The bytes of a file as they stand in it.
+inline std::string bytes_of(const std::filesystem::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    if (!stream)
+        throw std::runtime_error("cannot read " + file.string());
+    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+}
+
+/// A temporary program folder with the stored files of `source`; it goes, and the program folder that stood
+/// before comes back, with the object.
+class TestProgramFolder {
+public:
+    explicit TestProgramFolder(const std::filesystem::path& source) : before_(program_folder()) {
+        std::string pattern = (std::filesystem::temp_directory_path() / "halvane-XXXXXX").string();
+        folder_ = ::mkdtemp(pattern.data());
+        for (const auto& entry : std::filesystem::directory_iterator(source))
+            if (entry.path().extension() == ".vsk")
+                std::filesystem::copy_file(entry.path(), folder_ / entry.path().filename());
+        set_program_folder(folder_.string());
+    }
+    TestProgramFolder(const TestProgramFolder&) = delete;
+    TestProgramFolder& operator=(const TestProgramFolder&) = delete;
+    ~TestProgramFolder() {
+        set_program_folder(before_);
+        std::filesystem::remove_all(folder_);
+    }
+
+    std::string path(const std::string& name) const { return (folder_ / name).string(); }
+    bool holds(const std::string& name) const { return std::filesystem::exists(folder_ / name); }
+    std::string content(const std::string& name) const { return bytes_of(path(name)); }
+    void put(const std::string& name, const std::string& content) const {
+        save_text_file(path(name), content);
+    }
+    /// The names of all files, in order.
+    std::vector<std::string> files() const {
+        std::vector<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(folder_))
+            names.push_back(entry.path().filename().string());
+        std::sort(names.begin(), names.end());
+        return names;
+    }
+
+private:
+    std::filesystem::path folder_;
+    std::string before_;
+};
+
+/// The folder of a stored golden report: tests/golden/`name`.
+inline std::filesystem::path golden_folder(const std::string& name) {
+    return std::filesystem::path(HALVANE_TESTS) / "golden" / name;
+}
+
+/// The names of the golden reports in tests/golden/`room`, in order.
+inline std::vector<std::string> golden_names(const std::string& room) {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(golden_folder(room)))
+        if (entry.is_directory())
+            names.push_back(entry.path().filename().string());
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+/// The name of a golden report as part of a test's name.
+inline std::string golden_test_name(const ::testing::TestParamInfo<std::string>& info) {
+    std::string name = info.param;
+    std::replace(name.begin(), name.end(), '-', '_');
+    return name;
+}
+
+/// The lines of a report, without their ends.
+inline std::vector<std::string> lines_of(const std::string& text) {
+    std::vector<std::string> lines;
+    for (std::size_t start = 0; start < text.size();) {
+        const std::size_t end = std::min(text.find("\r\n", start), text.size());
+        lines.push_back(text.substr(start, end - start));
+        start = end + 2;
+    }
+    return lines;
+}
+
+/// The first line that differs, with visible blanks and ends, for a message; texts are equal when it is
+/// empty.
+inline std::string first_difference(const std::string& expected, const std::string& found) {
+    if (expected == found)
+        return {};
+    const auto at = std::mismatch(expected.begin(), expected.end(), found.begin(), found.end());
+    const auto offset = static_cast<std::size_t>(at.first - expected.begin());
+    const std::size_t end_before = expected.substr(0, offset).rfind('\n');
+    const std::size_t begin = end_before == std::string::npos ? 0 : end_before + 1;
+    const auto line_at = [begin](const std::string& text) {
+        std::string visible;
+        for (std::size_t i = begin; i < text.size(); ++i) {
+            const char c = text[i];
+            if (c == '\n')
+                return visible + "\\n";
+            visible += c == '\r' ? "\\r" : c == ' ' ? "\u00b7" : std::string(1, c);
+        }
+        return visible + " (end of file)";
+    };
+    const auto number = 1 + std::count(expected.begin(), at.first, '\n');
+    return "line " + std::to_string(number) + "\nexpected: " + line_at(expected) +
+           "\nfound:    " + line_at(found);
+}
+
+/// Copies the stored files of tests/golden/`name` into a temporary program folder, runs `run`, and compares
+/// the report that it leaves there with the one of the same name in that folder, byte for byte.
+inline void expect_golden_report(const std::string& name, const std::string& report,
+                                 const std::function<void()>& run) {
+    const TestProgramFolder folder(golden_folder(name));
+    run();
+    ASSERT_TRUE(folder.holds(report)) << name << ": " << report << " was not written";
+    EXPECT_EQ(first_difference(bytes_of(golden_folder(name) / report), folder.content(report)), "") << name;
+}
+
+} // namespace halvane

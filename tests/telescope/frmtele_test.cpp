@@ -1,0 +1,287 @@
+#include "telescope/frmtele.h"
+
+#include "app/stored/loc.h"
+#include "ephemeris/series.h"
+#include "telescope/crescentview.h"
+#include "tests/panel/panelharness.h"
+
+#include <QCheckBox>
+#include <QImage>
+#include <QRadioButton>
+#include <cmath>
+#include <filesystem>
+#include <numbers>
+
+namespace halvane {
+namespace {
+
+constexpr const char* read_outs[] = {"lblsunrav",  "lblsundecv",  "lblsunaltv",  "lblsunazmv",
+                                     "lblmoonrav", "lblmoondecv", "lblmoonaltv", "lblmoonazmv",
+                                     "lblcrsrav",  "lblcrsdecv",  "lblcrsaltv",  "lblcrsazmv"};
+
+class TeleTest : public PanelTest {
+protected:
+    TeleTest() {
+        load_series();
+        put("loc.vsk", R"("Amman",35,54,0,31,57,0,900,2,#TRUE#,#TRUE#,#FALSE#,#FALSE#,0,1010,10)"
+                       "\r\n");
+        put("tele.vsk", "2024,3,11,18,30,#TRUE#,#FALSE#,#TRUE#,#FALSE#,0,0\r\n");
+        std::filesystem::create_directory_symlink(HALVANE_DATA "/images", path("images"));
+    }
+
+    static QStringList shown_read_outs(QWidget& form) {
+        QStringList texts;
+        for (const char* name : read_outs)
+            texts << control<QLabel>(form, name).text();
+        return texts;
+    }
+    static QString picture(QWidget& form) { return control<CrescentView>(form, "pctcresimg").picture(); }
+    /// 2024 March 11, 18 h 30: computed by a second program from the same formulae.
+    static QStringList of_the_evening() {
+        return {
+            QStringLiteral("23H 29M 06S "),  QStringLiteral("-03°:20':10\""), QStringLiteral("-11°:03':08\""),
+            QStringLiteral("272:58:38"),     QStringLiteral("00H 34M 51S "),  QStringLiteral("+03°:02':48\""),
+            QStringLiteral("+06°:16':04\""), QStringLiteral("269:41:09"),     QStringLiteral("00H 33M 49S "),
+            QStringLiteral("+02°:56':40\""), QStringLiteral("+05°:59':38\""), QStringLiteral("269:44:08")};
+    }
+};
+
+TEST_F(TeleTest, EveryCaptionIsThatOfTheLanguage) {
+    for (const Language language : {Language::english, Language::arabic}) {
+        set_language(language);
+        frmtele form;
+        EXPECT_EQ(wrong_captions(form, frmtele_twins(), language), QStringList());
+        EXPECT_EQ(control(form, "readtable").layoutDirection(), Qt::LeftToRight);
+    }
+}
+
+TEST_F(TeleTest, TheRefractionOptionsHaveTheirArabicCaptions) {
+    set_language(Language::arabic);
+    frmtele form;
+    EXPECT_EQ(caption(form, "optair"), QStringLiteral("بدون انكسار"));
+    EXPECT_EQ(caption(form, "optref"), QStringLiteral("مع انكسار"));
+}
+
+TEST_F(TeleTest, TheNoteStandsLetterForLetter) {
+    frmtele form;
+    EXPECT_EQ(
+        caption(form, "lblnote"),
+        QStringLiteral("* It is very important to read the help file to know the use and the importance of "
+                       "this form.\n\n* Please check your coordinates form the Location menu and your "
+                       "Summer Time form the Preferences menu."));
+}
+
+TEST_F(TeleTest, EveryControlHasANameAKeyAndRoom) {
+    for (const Language language : {Language::english, Language::arabic}) {
+        set_language(language);
+        frmtele form;
+        form.show();
+        click(form, "cmdcalc");
+        QCoreApplication::processEvents();
+        EXPECT_EQ(nameless_controls(form), QStringList());
+        EXPECT_EQ(unreachable_controls(form), QStringList());
+        EXPECT_EQ(shared_access_keys(form), QStringList());
+        EXPECT_EQ(cut_texts(form), QStringList());
+    }
+}
+
+TEST_F(TeleTest, TheLoadFillsTheControlsAndComputesNothing) {
+    put("tele.vsk", "-500,12,31,23,59,#FALSE#,#TRUE#,#FALSE#,#TRUE#,1,0\r\n");
+    frmtele form;
+    EXPECT_EQ(control<QLineEdit>(form, "txtyear").text(), QStringLiteral("-500"));
+    EXPECT_EQ(control<QComboBox>(form, "cbomonth").currentText(), QStringLiteral("12"));
+    EXPECT_EQ(control<QComboBox>(form, "cboday").currentText(), QStringLiteral("31"));
+    EXPECT_EQ(control<QComboBox>(form, "cbohour").currentText(), QStringLiteral("23"));
+    EXPECT_EQ(control<QComboBox>(form, "cbominutes").currentText(), QStringLiteral("59"));
+    EXPECT_TRUE(control<QRadioButton>(form, "optref").isChecked());
+    EXPECT_TRUE(control<QRadioButton>(form, "optj2000").isChecked());
+    EXPECT_TRUE(control<QCheckBox>(form, "chkflpv").isChecked());
+    EXPECT_FALSE(control<QCheckBox>(form, "chkflph").isChecked());
+    EXPECT_EQ(caption(form, "lblsunrav"), QStringLiteral("----"));
+    EXPECT_TRUE(messages.empty());
+}
+
+TEST_F(TeleTest, CloseStoresTheChoices) {
+    frmtele form;
+    form.show();
+    enter(form, "txtyear", QStringLiteral("2024"));
+    choose(form, "cbomonth", QStringLiteral("4"));
+    choose(form, "cboday", QStringLiteral("9"));
+    choose(form, "cbohour", QStringLiteral("19"));
+    choose(form, "cbominutes", QStringLiteral("5"));
+    click(form, "optref");
+    click(form, "optj2000");
+    click(form, "chkflph");
+    EXPECT_EQ(content("tele.vsk"), "2024,3,11,18,30,#TRUE#,#FALSE#,#TRUE#,#FALSE#,0,0\r\n");
+    click(form, "cmdclose");
+    EXPECT_EQ(content("tele.vsk"), "2024,4,9,19,5,#FALSE#,#TRUE#,#FALSE#,#TRUE#,0,1\r\n");
+    EXPECT_FALSE(form.isVisible());
+}
+
+TEST_F(TeleTest, EscapeLeavesTheStoredRecord) {
+    const std::string before = content("tele.vsk");
+    frmtele form;
+    form.show();
+    click(form, "chkflpv");
+    QTest::keyClick(&form, Qt::Key_Escape);
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(content("tele.vsk"), before);
+}
+
+TEST_F(TeleTest, CalculateShowsTheTwelveReadOutsAndThePicture) {
+    frmtele form;
+    form.show();
+    click(form, "cmdcalc");
+    EXPECT_EQ(shown_read_outs(form), of_the_evening());
+    EXPECT_EQ(picture(form), QStringLiteral("190.gif"));
+    EXPECT_TRUE(control<CrescentView>(form, "pctcresimg").has_picture());
+    EXPECT_TRUE(caption(form, "lbllimb").contains(QStringLiteral("190°")));
+}
+
+TEST_F(TeleTest, TheReadOutsAreTheSameInArabic) {
+    set_language(Language::arabic);
+    frmtele form;
+    form.show();
+    click(form, "cmdcalc");
+    EXPECT_EQ(shown_read_outs(form), of_the_evening());
+}
+
+TEST_F(TeleTest, TheFlipsChangeThePictureOnly) {
+    frmtele form;
+    form.show();
+    click(form, "cmdcalc");
+    choose(form, "cbohour", QStringLiteral("17"));
+    click(form, "chkflph");
+    EXPECT_EQ(picture(form), QStringLiteral("190h.gif"));
+    click(form, "chkflpv");
+    EXPECT_EQ(picture(form), QStringLiteral("190hv.gif"));
+    click(form, "chkflph");
+    EXPECT_EQ(picture(form), QStringLiteral("190v.gif"));
+    EXPECT_EQ(shown_read_outs(form), of_the_evening()) << "the flips must not compute for the new hour";
+}
+
+TEST_F(TeleTest, AFlipBeforeAnyCalculationShowsNoPicture) {
+    frmtele form;
+    form.show();
+    click(form, "chkflph");
+    EXPECT_EQ(picture(form), QString());
+}
+
+TEST_F(TeleTest, TheOptionsCompute) {
+    frmtele form;
+    form.show();
+    click(form, "optref");
+    const QStringList refracted = shown_read_outs(form);
+    EXPECT_NE(refracted, of_the_evening());
+    EXPECT_NE(refracted[6], of_the_evening()[6]) << "the Moon's altitude";
+    EXPECT_EQ(refracted[7], of_the_evening()[7]) << "refraction leaves the azimuth";
+    EXPECT_EQ(picture(form), QStringLiteral("190.gif"));
+    click(form, "optj2000");
+    EXPECT_NE(shown_read_outs(form)[4], refracted[4]);
+    EXPECT_EQ(shown_read_outs(form)[6], refracted[6]);
+    click(form, "optnow");
+    EXPECT_EQ(shown_read_outs(form), refracted);
+    click(form, "optair");
+    EXPECT_EQ(shown_read_outs(form), of_the_evening());
+}
+
+TEST_F(TeleTest, AMoonBelowTheHorizonIsToldAndTheLabelsStay) {
+    frmtele form;
+    form.show();
+    click(form, "cmdcalc");
+    choose(form, "cbohour", QStringLiteral("23"));
+    click(form, "cmdcalc");
+    ASSERT_EQ(messages.size(), 1U);
+    EXPECT_EQ(messages[0].title, QStringLiteral("Moon is Invisible"));
+    EXPECT_EQ(messages[0].text, QStringLiteral("Moon is Below Horizon"));
+    EXPECT_TRUE(messages[0].exclamation);
+    EXPECT_EQ(shown_read_outs(form), of_the_evening());
+    EXPECT_EQ(picture(form), QStringLiteral("190.gif"));
+}
+
+TEST_F(TeleTest, TheMoonsMessageIsArabicInArabic) {
+    set_language(Language::arabic);
+    frmtele form;
+    form.show();
+    choose(form, "cbohour", QStringLiteral("23"));
+    click(form, "cmdcalc");
+    ASSERT_EQ(messages.size(), 1U);
+    EXPECT_EQ(messages[0].title, QStringLiteral("القمر غير موجود"));
+    EXPECT_EQ(messages[0].text, QStringLiteral("القمر تحت الأفق"));
+}
+
+TEST_F(TeleTest, NowTakesTheMachinesClockAndComputes) {
+    MachineTime time;
+    time.year = 2024;
+    time.month = 3;
+    time.day = 11;
+    time.hour = 18;
+    time.minute = 30;
+    put("tele.vsk", "2000,1,1,0,0,#TRUE#,#FALSE#,#TRUE#,#FALSE#,0,0\r\n");
+    frmtele form;
+    form.show();
+    set_machine_time(time);
+    click(form, "cmdnow");
+    EXPECT_EQ(control<QLineEdit>(form, "txtyear").text(), QStringLiteral("2024"));
+    EXPECT_EQ(control<QComboBox>(form, "cbomonth").currentText(), QStringLiteral("3"));
+    EXPECT_EQ(control<QComboBox>(form, "cboday").currentText(), QStringLiteral("11"));
+    EXPECT_EQ(control<QComboBox>(form, "cbohour").currentText(), QStringLiteral("18"));
+    EXPECT_EQ(control<QComboBox>(form, "cbominutes").currentText(), QStringLiteral("30"));
+    EXPECT_EQ(shown_read_outs(form), of_the_evening());
+}
+
+TEST_F(TeleTest, AMissingPictureLeavesWordsAndTheReadOuts) {
+    std::filesystem::remove(path("images"));
+    frmtele form;
+    form.show();
+    click(form, "cmdcalc");
+    EXPECT_FALSE(control<CrescentView>(form, "pctcresimg").has_picture());
+    EXPECT_EQ(shown_read_outs(form), of_the_evening());
+    form.grab(); // paints the words
+}
+
+/// Direction of the lit limb in a drawn picture: up 0, then to the left                  [deg]
+double drawn_direction(const QImage& drawn) {
+    double left = 0;
+    double up = 0;
+    const double centre = (drawn.width() - 1) / 2.0;
+    const double disc = 0.45 * drawn.width(); // the mark of the zenith stands outside it
+    for (int y = 0; y < drawn.height(); ++y)
+        for (int x = 0; x < drawn.width(); ++x)
+            if (std::hypot(x - centre, y - centre) < disc && qGray(drawn.pixel(x, y)) > 128) {
+                left += centre - x;
+                up += centre - y;
+            }
+    const double angle = std::atan2(left, up) * 180 / std::numbers::pi;
+    return angle < 0 ? angle + 360 : angle;
+}
+
+TEST_F(TeleTest, TheDrawnLimbPointsWhereThePictureSays) {
+    CrescentView view;
+    for (const int size : {200, 317}) {
+        view.resize(size, size);
+        for (const int direction : {0, 50, 90, 190, 270, 350}) {
+            const QString name = direction == 0 ? QStringLiteral("00") : QString::number(direction);
+            const auto off = [&](const QString& flips, double expected) {
+                view.show_picture(name + flips + QStringLiteral(".gif"), flips.contains(u'v'));
+                return std::fabs(std::remainder(drawn_direction(view.grab().toImage()) - expected, 360));
+            };
+            EXPECT_LT(off(QString(), direction), 6) << direction;
+            EXPECT_LT(off(QStringLiteral("h"), -direction), 6) << direction;
+            EXPECT_LT(off(QStringLiteral("v"), 180 - direction), 6) << direction;
+            EXPECT_LT(off(QStringLiteral("hv"), 180 + direction), 6) << direction;
+        }
+    }
+}
+
+TEST_F(TeleTest, ThePictureKeepsItsSidesEqualInAWidePlace) {
+    CrescentView view;
+    view.resize(400, 200);
+    view.show_picture(QStringLiteral("190.gif"), false);
+    const QImage drawn = view.grab().toImage();
+    EXPECT_EQ(drawn.pixelColor(10, 100), view.palette().color(QPalette::Window));
+    EXPECT_EQ(drawn.pixelColor(100, 1), QColor(0, 0, 0));
+}
+
+} // namespace
+} // namespace halvane

@@ -1,0 +1,37 @@
+# Sourced by ./run and ./check: installs the Debian packages that are missing.
+
+build_packages="g++ cmake ninja-build ccache libsleef-dev libcli11-dev libgd-dev qt6-base-dev libqt6svg6-dev \
+qt6-multimedia-dev qt6-translations-l10n libgl-dev fonts-dejavu-core fonts-noto-core"
+test_packages="libgtest-dev libbenchmark-dev libgif-dev libswe-dev swe-standard-data clang-format clang-tidy xvfb \
+xauth xdotool imagemagick python3 tzdata"
+
+missing_packages() {
+    for package in "$@"; do
+        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q '^install ok installed$' || echo "$package"
+    done
+}
+
+as_root() {
+    if [ "$(id -u)" = 0 ]; then
+        "$@"
+    elif command -v sudo >/dev/null; then
+        sudo "$@"
+    else
+        echo "Packages are missing and neither root nor sudo is at hand: $missing" >&2
+        exit 1
+    fi
+}
+
+# install_packages NAME ...: nothing is fetched when all of them are there.
+install_packages() {
+    missing=$(missing_packages "$@" | tr '\n' ' ')
+    [ -n "${missing% }" ] || return 0
+    if ! command -v apt-get >/dev/null; then
+        echo "This is no Debian system. Please install what these packages hold: $missing" >&2
+        exit 1
+    fi
+    echo "Installing: $missing"
+    as_root apt-get update -qq
+    # shellcheck disable=SC2086 # a list of names
+    as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing >/dev/null
+}

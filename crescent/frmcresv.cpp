@@ -53,11 +53,6 @@ constexpr Twin kTwins[] = {
      "أماكن رؤية الهلال في العالم بعد إيجاد الاقتران"},
 };
 
-void fill_with_counts(QComboBox& list, int count) {
-    for (int number = 0; number < count; ++number)
-        list.addItem(QString::number(number));
-}
-
 /// A stored text that is none of the list's own becomes an entry, so that it is kept.
 void show_entry(QComboBox& list, const std::string& text) {
     const QString entry = QString::fromStdString(text);
@@ -88,12 +83,12 @@ frmcresv::~frmcresv() = default;
 void frmcresv::fill_lists() {
     constexpr int days = 31;
     constexpr int months = 12;
-    constexpr int hours = 24;
-    constexpr int minutes = 60;
+    constexpr int last_hour = 23;
+    constexpr int last_minute = 59;
     fill_with_numbers(*ui_->cboday, days);
     fill_with_numbers(*ui_->cbomonth, months);
-    fill_with_counts(*ui_->cboh, hours);
-    fill_with_counts(*ui_->cbom, minutes);
+    fill_from_zero(*ui_->cboh, last_hour);
+    fill_from_zero(*ui_->cbom, last_minute);
     for (const char* month : hijri_month_list(letter()))
         ui_->cbomh->addItem(QString::fromUtf8(month));
 }

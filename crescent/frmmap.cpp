@@ -118,7 +118,7 @@ void frmmap::connect_controls() {
     connect(ui_->cmdsave, &QPushButton::clicked, this, &frmmap::cmdsave_click);
     connect(ui_->cmdclose, &QPushButton::clicked, this, &frmmap::accept);
     connect(ui_->pic, &MapView::mouse_over, this, &frmmap::show_mouse);
-    connect(ui_->pic, &MapView::mouse_left, ui_->lblmouse, &QLabel::clear);
+    connect(ui_->pic, &MapView::mouse_left, this, &frmmap::clear_mouse);
 }
 
 void frmmap::load() {
@@ -214,6 +214,12 @@ void frmmap::save_picture() {
 
 void frmmap::show_mouse(double x, double y) {
     ui_->lblmouse->setText(mouse_text(map_place(x, y), language_));
+    ui_->lblleg->mark(ui_->pic->class_at(x, y));
+}
+
+void frmmap::clear_mouse() {
+    ui_->lblmouse->clear();
+    ui_->lblleg->mark(std::nullopt);
 }
 
 void frmmap::done(int result) {

@@ -40,6 +40,7 @@ private:
     MapRun shown_run() const;
     void show_texts(const MapRun& run);
     void show_mouse(double x, double y);
+    void clear_mouse();
     void save_picture();
     char letter() const { return language_ == Language::english ? 'E' : 'A'; }
 

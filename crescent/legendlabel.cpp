@@ -7,6 +7,15 @@
 
 namespace halvane {
 
+namespace {
+
+QFont bold(QFont font) {
+    font.setBold(true);
+    return font;
+}
+
+} // namespace
+
 QString legend_words(const LegendLine& line, Language language) {
     return QString::fromUtf8(language == Language::english ? line.english : line.arabic);
 }
@@ -24,6 +33,13 @@ void LegendLabel::show_legend(std::vector<LegendLine> legend, Language language)
     setText(lines.join(QStringLiteral("\r\n")));
 }
 
+void LegendLabel::mark(std::optional<VisibilityClass> visibility) {
+    if (visibility == marked_)
+        return;
+    marked_ = visibility;
+    update();
+}
+
 int LegendLabel::line_height() const {
     return fontMetrics().lineSpacing() * 5 / 4;
 }
@@ -33,6 +49,7 @@ int LegendLabel::swatch_side() const {
 }
 
 QSize LegendLabel::sizeHint() const {
+    const QFontMetrics widest(bold(font()));
     int width = 0;
     std::size_t lines = 0;
     for (const Criterion criterion : {Criterion::vesk, Criterion::yallop, Criterion::saao}) {
@@ -40,7 +57,7 @@ QSize LegendLabel::sizeHint() const {
         lines = std::max(lines, legend.size());
         for (const Language language : {Language::english, Language::arabic})
             for (const LegendLine& line : legend)
-                width = std::max(width, fontMetrics().horizontalAdvance(legend_words(line, language)));
+                width = std::max(width, widest.horizontalAdvance(legend_words(line, language)));
     }
     return {text_indent() + width + 2, line_height() * static_cast<int>(lines)};
 }
@@ -58,6 +75,7 @@ void LegendLabel::paintEvent(QPaintEvent*) {
         const LegendLine& entry = legend_[static_cast<std::size_t>(line)];
         const ClassColour colour = class_colour(entry.visibility);
         painter.setPen(ink);
+        painter.setFont(marked_ == entry.visibility ? bold(font()) : font());
         if (entry.visibility == VisibilityClass::not_possible)
             painter.setBrush(Qt::NoBrush);
         else

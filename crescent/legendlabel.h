@@ -4,6 +4,7 @@
 #include "crescent/maptexts.h"
 
 #include <QLabel>
+#include <optional>
 #include <vector>
 
 namespace halvane {
@@ -16,6 +17,9 @@ public:
     explicit LegendLabel(QWidget* parent = nullptr);
 
     void show_legend(std::vector<LegendLine> legend, Language language);
+    /// Sets the line of a class in bold, or none.
+    void mark(std::optional<VisibilityClass> visibility);
+    std::optional<VisibilityClass> marked() const { return marked_; }
     const std::vector<LegendLine>& legend() const { return legend_; }
     /// The place of a line's colour.
     QRect swatch(int line) const;
@@ -33,6 +37,7 @@ private:
     int text_indent() const { return 2 * swatch_side(); }
 
     std::vector<LegendLine> legend_;
+    std::optional<VisibilityClass> marked_;
     Language language_ = Language::english;
 };
 

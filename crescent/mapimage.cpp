@@ -114,6 +114,7 @@ private:
             for (int x = 0; x < image.width(); ++x)
                 ++counts[image.pixel(x, y)];
         std::vector<std::pair<int, QRgb>> order;
+        order.reserve(counts.size());
         for (const auto& [colour, count] : counts)
             order.emplace_back(-count, colour);
         std::sort(order.begin(), order.end());

@@ -33,17 +33,34 @@ MapView::MapView(QWidget* parent) : QWidget(parent) {
 void MapView::show_map(const QImage& map) {
     map_ = map;
     points_.clear();
+    circles_.clear();
+    places_.clear();
     layer_ = {};
     update();
 }
 
 void MapView::add_point(const MapPoint& point) {
     points_.push_back(point);
+    const bool is_new = places_.emplace(std::pair(point.longitude, point.latitude), point.visibility).second;
+    if (!is_new || point.visibility == VisibilityClass::not_possible)
+        return;
+    circles_.push_back(point);
     const MapPixel at = map_pixel(point.longitude, point.latitude);
     const QPointF centre = map_area().topLeft() + QPointF(at.x, at.y) * scale();
     const double reach = (map_point_radius + 2) * scale();
     const QRectF around(centre - QPointF(reach, reach), centre + QPointF(reach, reach));
     update(around.toAlignedRect());
+}
+
+std::optional<VisibilityClass> MapView::class_at(double x, double y) const {
+    const MapPixel origin = map_pixel(0, 0);
+    const MapPixel step = map_pixel(2, 2);
+    const int longitude = 2 * qRound((x - origin.x) / (step.x - origin.x));
+    const int latitude = 2 * qRound((y - origin.y) / (step.y - origin.y));
+    const auto found = places_.find({longitude, latitude});
+    if (found == places_.end() || found->second == VisibilityClass::not_possible)
+        return std::nullopt;
+    return found->second;
 }
 
 QRectF MapView::map_area() const {
@@ -61,7 +78,6 @@ void MapView::refresh_layer() {
     layer_.setDevicePixelRatio(devicePixelRatioF());
     layer_.fill(Qt::transparent);
     painted_ = 0;
-    painted_places_.clear();
     QPainter painter(&layer_);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     if (!map_.isNull())
@@ -74,11 +90,8 @@ void MapView::paint_new_points() {
     painter.setClipRect(map_area());
     painter.translate(map_area().topLeft());
     painter.scale(scale(), scale());
-    for (; painted_ < points_.size(); ++painted_) {
-        const MapPoint& point = points_[painted_];
-        if (painted_places_.emplace(point.longitude, point.latitude).second)
-            draw_map_point(painter, point);
-    }
+    for (; painted_ < circles_.size(); ++painted_)
+        draw_map_point(painter, circles_[painted_]);
 }
 
 void MapView::paintEvent(QPaintEvent* event) {

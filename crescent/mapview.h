@@ -6,7 +6,8 @@
 #include <QPixmap>
 #include <QWidget>
 #include <cstddef>
-#include <set>
+#include <map>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -30,6 +31,8 @@ public:
 
     const std::vector<MapPoint>& points() const { return points_; }
     const QImage& map() const { return map_; }
+    /// The class painted nearest to a pixel of the picture; none where the map shows through.
+    std::optional<VisibilityClass> class_at(double x, double y) const;
     /// The area of the widget that the map fills.
     QRectF map_area() const;
 
@@ -53,9 +56,10 @@ private:
 
     QImage map_;
     std::vector<MapPoint> points_;
-    QPixmap layer_; ///< map and painted points at the screen's resolution
-    std::size_t painted_ = 0;
-    std::set<std::pair<int, int>> painted_places_; ///< a place that is filled after its evaluation shows once
+    QPixmap layer_;                 ///< map and painted points at the screen's resolution
+    std::vector<MapPoint> circles_; ///< the coloured points, each place once
+    std::size_t painted_ = 0;       ///< so many circles are in the layer
+    std::map<std::pair<int, int>, VisibilityClass> places_;
 };
 
 } // namespace halvane

@@ -415,7 +415,9 @@ TEST(HijriCaption, NamesTheMonthThatStartsOrEnds) {
     EXPECT_EQ(hijri_caption(day_of(2025, 6, 25), false), "Thul Hejjah 1446 AH");
 }
 
-TEST(CrescentQuantity, PhaseAngleIsTheTrianglesOfSunMoonAndEarth) {
+class CrescentQuantity : public CrescentTest {};
+
+TEST_F(CrescentQuantity, PhaseAngleIsTheTrianglesOfSunMoonAndEarth) {
     const Observer observer = observer_at(0, 0, 0);
     for (const double elongation : {0.5, 10.0, 60.0, 120.0, 179.0}) {
         const CrescentQuantities q =
@@ -432,7 +434,7 @@ TEST(CrescentQuantity, PhaseAngleIsTheTrianglesOfSunMoonAndEarth) {
     }
 }
 
-TEST(CrescentQuantity, PhaseAngleOfTenDegreesElongationIsNear170) {
+TEST_F(CrescentQuantity, PhaseAngleOfTenDegreesElongationIsNear170) {
     const CrescentQuantities q =
         crescent_quantities(observer_at(0, 0, 0), 2460000.5, {0, 0}, {10, 0}, 0.26, 1, 384400);
     EXPECT_NEAR(q.phase_angle, 170, 0.1);

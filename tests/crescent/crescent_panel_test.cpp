@@ -1,3 +1,4 @@
+#include "app/frmsupport.h"
 #include "app/stored/loc.h"
 #include "app/stored/visib.h"
 #include "crescent/frmcresv.h"
@@ -6,6 +7,7 @@
 #include "tests/panel/panelharness.h"
 
 #include <QRadioButton>
+#include <QTimer>
 #include <memory>
 
 namespace halvane {
@@ -499,6 +501,48 @@ TEST_F(CrescentPanel, TheMapIsClosedByASearchAResetAndTheEndOfThePanel) {
         click(form, by);
         EXPECT_EQ(open_window("frmmap"), nullptr) << by;
     }
+}
+
+/// A click as the window system delivers it: a window that waits for another one does not get it.
+void click_in_window(QWidget& control) {
+    QWidget& window = *control.window();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {},
+                      control.mapTo(&window, control.rect().center()));
+    QCoreApplication::processEvents();
+}
+
+TEST_F(CrescentPanel, TheReportAndTheMapTakeInputWhileTheMainPanelWaits) {
+    set_platform(nullptr);
+    QPushButton owner(QStringLiteral("main"));
+    int presses = 0;
+    QObject::connect(&owner, &QPushButton::clicked, &owner, [&presses] { ++presses; });
+    owner.show();
+    click_in_window(owner);
+    ASSERT_EQ(presses, 1);
+    bool tried = false;
+    QTimer::singleShot(0, &owner, [&] {
+        QWidget& form = *open_window("frmcresv");
+        click_in_window(owner);
+        EXPECT_EQ(presses, 1);
+        click_in_window(control(form, "cmdprev"));
+        click_in_window(control(form, "cmdcalc"));
+        QWidget* report = open_window("viewer");
+        ASSERT_NE(report, nullptr);
+        click_in_window(control(*report, "cmdclose"));
+        EXPECT_EQ(open_window("viewer"), nullptr);
+        click_in_window(control(form, "cmdmap"));
+        QWidget* map = open_window("frmmap");
+        ASSERT_NE(map, nullptr);
+        click_in_window(control(*map, "cmdclose"));
+        EXPECT_EQ(open_window("frmmap"), nullptr);
+        click_in_window(control(form, "cmdclose"));
+        tried = true;
+    });
+    open_panel({"frmcresv", "cmdcresv", true, make_panel<frmcresv>}, &owner);
+    EXPECT_TRUE(tried);
+    click_in_window(owner);
+    EXPECT_EQ(presses, 2);
 }
 
 TEST_F(CrescentPanel, AMissingRecordIsAFailure) {

@@ -473,13 +473,11 @@ TEST_F(MapPanel, APanelDeletedDuringItsDrawEndsIt) {
     EXPECT_TRUE(form.isNull());
 }
 
-TEST_F(MapPanel, APanelThatIsGoneDuringItsDrawIsNotTouched) {
-    auto* form = new frmmap;
+TEST_F(MapPanel, ADrawOfADestroyedPanelEnds) {
+    const QPointer<frmmap> form = new frmmap;
     form->show();
     during_draw(*form, 30, [form] { form->deleteLater(); });
-    QPointer<frmmap> left(form);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    SUCCEED();
+    EXPECT_TRUE(form.isNull());
 }
 
 TEST_F(MapPanel, ThePanelStaysOnTop) {
@@ -556,6 +554,32 @@ TEST_F(MapPanel, OutsideTheWorldTheReadOutIsBlank) {
     QEvent leave(QEvent::Leave);
     QCoreApplication::sendEvent(&control(form, "pic"), &leave);
     EXPECT_EQ(caption(form, "lblmouse"), QString());
+}
+
+TEST_F(MapPanel, TheLegendMarksTheClassUnderTheMouse) {
+    frmmap form;
+    form.show();
+    click(form, "opt1");
+    click(form, "cmddraw");
+    const auto& legend = control<LegendLabel>(form, "lblleg");
+    std::set<VisibilityClass> seen;
+    for (const MapPoint& point : points(form)) {
+        const MapPixel at = map_pixel(point.longitude, point.latitude);
+        mouse_over(form, at.x + 1, at.y - 1);
+        const bool painted = point.visibility != VisibilityClass::not_possible;
+        ASSERT_EQ(legend.marked(), painted ? std::optional(point.visibility) : std::nullopt)
+            << point.longitude << " " << point.latitude;
+        seen.insert(point.visibility);
+    }
+    EXPECT_GE(seen.size(), 4U);
+    mouse_over(form, 374, 40); // 80 north
+    EXPECT_FALSE(legend.marked());
+    const MapPixel first = map_pixel(points(form)[0].longitude, points(form)[0].latitude);
+    mouse_over(form, first.x, first.y);
+    EXPECT_TRUE(legend.marked());
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(&control(form, "pic"), &leave);
+    EXPECT_FALSE(legend.marked());
 }
 
 TEST_F(MapPanel, ASaveProposesTheHijriMonthInTheProgramFolder) {

@@ -9,7 +9,7 @@ namespace halvane {
 
 std::string map_picture_path() {
     std::error_code ignored;
-    const std::string own = program_path("map.gif");
+    std::string own = program_path("map.gif");
     if (std::filesystem::exists(own, ignored))
         return own;
     return (std::filesystem::path(executable_folder()) / "map.gif").string();

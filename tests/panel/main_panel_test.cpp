@@ -632,6 +632,21 @@ TEST_F(MainPanelTest, AReloadDuringARunLeavesTheRunAlone) {
     EXPECT_EQ(platform_double.shown_files.size(), 2U);
 }
 
+TEST_F(MainPanelTest, AReloadDuringAHighLatitudeRunKeepsTheStoredAngles) {
+    set_latitude(50);
+    Preferences preferences = read_pref();
+    preferences.high_latitude = 1;
+    preferences.fajer_angle = preferences.isha_angle = 12;
+    write_pref(preferences);
+    frmmain form;
+    form.load();
+    const QStringList today = times(form);
+    ASSERT_NE(today[0], QStringLiteral("Bright"));
+    during_run(10, [] { reload_main_panel(); });
+    click(form, "cmdcom");
+    EXPECT_EQ(times(form), today);
+}
+
 TEST_F(MainPanelTest, AFailureInMidRunLeavesTheEarlierReportUntouched) {
     set_period({2024, 1, 1}, {2024, 1, 5});
     frmmain form;

@@ -5,6 +5,7 @@
 #include "app/frmpreferences.h"
 #include "calendar/frmhej.h"
 #include "phases/frmphase.h"
+#include "prayer/frmalerts.h"
 #include "qibla/frmqib.h"
 #include "tables/frmcoor.h"
 #include "telescope/frmtele.h"
@@ -23,6 +24,7 @@ std::span<const Panel> panels() {
         {"frmqib", "cmdqib", false, make_panel<frmqib>},
         {"frmcoor", "cmdcoor", false, make_panel<frmcoor>},
         {"frmtele", "cmdtele", true, make_panel<frmtele>},
+        {"frmalerts", "cmdale", true, make_panel<frmalerts>},
     };
     return all;
 }

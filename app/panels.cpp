@@ -6,6 +6,7 @@
 #include "calendar/frmhej.h"
 #include "crescent/frmcresv.h"
 #include "phases/frmphase.h"
+#include "prayer/frmalerts.h"
 #include "qibla/frmqib.h"
 #include "tables/frmcoor.h"
 #include "telescope/frmtele.h"
@@ -25,6 +26,7 @@ std::span<const Panel> panels() {
         {"frmcoor", "cmdcoor", false, make_panel<frmcoor>},
         {"frmtele", "cmdtele", true, make_panel<frmtele>},
         {"frmcresv", "cmdcresv", true, make_panel<frmcresv>},
+        {"frmalerts", "cmdale", true, make_panel<frmalerts>},
     };
     return all;
 }

@@ -7,49 +7,19 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace halvane {
 namespace {
 
 constexpr double seconds_per_day = 86400;
 
-/// A prayer's moment on the local clock.
-struct Moment {
-    double day;     ///< platform day count of its civil date
-    double seconds; ///< since the platform's day 0
-    Prayer prayer;
-    std::string time;
-};
+double day_of(const MachineTime& now) {
+    return platform_day_count(now.year, now.month, now.day);
+}
 
 double seconds_of(const MachineTime& now) {
-    return platform_day_count(now.year, now.month, now.day) * seconds_per_day + now.hour * 3600.0 +
-           now.minute * 60.0 + now.second;
-}
-
-void add_day(const MachineTime& now, int days_ahead, std::vector<Moment>& moments) {
-    double jd = 0;
-    modjul(now.year, now.month, now.day, 0, jd);
-    const PrayerTimes times = today_prayer_times(jd + days_ahead);
-    const double day = platform_day_count(now.year, now.month, now.day) + days_ahead;
-    const std::array<std::pair<Prayer, const std::string*>, 5> prayers{{{Prayer::fajer, &times.fajer},
-                                                                        {Prayer::dhohur, &times.dhohur},
-                                                                        {Prayer::aser, &times.aser},
-                                                                        {Prayer::maghreb, &times.maghreb},
-                                                                        {Prayer::isha, &times.isha}}};
-    for (const auto& [prayer, text] : prayers)
-        if (const std::optional<int> seconds = seconds_of_clock_text(*text))
-            moments.push_back({day, day * seconds_per_day + *seconds, prayer, *text});
-}
-
-/// The prayers of yesterday, today and tomorrow in the order of their times: a beep or a late alert may
-/// belong to a neighbouring day.
-std::vector<Moment> moments_around(const MachineTime& now) {
-    std::vector<Moment> moments;
-    for (const int days_ahead : {-1, 0, 1})
-        add_day(now, days_ahead, moments);
-    std::stable_sort(moments.begin(), moments.end(),
-                     [](const Moment& a, const Moment& b) { return a.seconds < b.seconds; });
-    return moments;
+    return day_of(now) * seconds_per_day + now.hour * 3600.0 + now.minute * 60.0 + now.second;
 }
 
 Athan athan_of(const AlertSettings& settings, Prayer prayer) {
@@ -71,49 +41,95 @@ Athan athan_of(const AlertSettings& settings, Prayer prayer) {
 
 } // namespace
 
+void AlertSchedule::add_day(double jd, double day) {
+    const PrayerTimes times = today_prayer_times(jd);
+    const std::array<std::pair<Prayer, const std::string*>, 5> prayers{{{Prayer::fajer, &times.fajer},
+                                                                        {Prayer::dhohur, &times.dhohur},
+                                                                        {Prayer::aser, &times.aser},
+                                                                        {Prayer::maghreb, &times.maghreb},
+                                                                        {Prayer::isha, &times.isha}}};
+    for (const auto& [prayer, text] : prayers)
+        if (const std::optional<int> seconds = seconds_of_clock_text(*text))
+            moments_.push_back({day, day * seconds_per_day + *seconds, prayer, *text});
+}
+
+/// A beep or a late alert may belong to a neighbouring day.
+void AlertSchedule::compute_moments(const MachineTime& now) {
+    moments_.clear();
+    double jd = 0;
+    modjul(now.year, now.month, now.day, 0, jd);
+    for (const int days_ahead : {-1, 0, 1})
+        add_day(jd + days_ahead, today_ + days_ahead);
+    std::stable_sort(moments_.begin(), moments_.end(),
+                     [](const Moment& a, const Moment& b) { return a.seconds < b.seconds; });
+}
+
+void AlertSchedule::refresh(const MachineTime& now) {
+    constexpr double slice_length = 10; // [s]
+    const double slice = std::floor(seconds_of(now) / slice_length);
+    if (slice_ == slice)
+        return;
+    settings_ = read_alert();
+    const Preferences& preferences = read_pref();
+    const Location& location = read_loc();
+    if (preferences_ != preferences || location_ != location || today_ != day_of(now)) {
+        preferences_.reset();
+        location_ = location;
+        today_ = day_of(now);
+        compute_moments(now);
+        preferences_ = read_pref();
+    }
+    slice_ = slice;
+}
+
+void AlertSchedule::forget(double present) {
+    constexpr double corrected_date = seconds_per_day / 2;
+    constexpr double kept = 3 * seconds_per_day;
+    const bool corrected = last_ && *last_ - present > corrected_date;
+    std::erase_if(announced_, [&](const auto& entry) {
+        return entry.second < present - kept || (corrected && entry.second > present);
+    });
+}
+
+bool AlertSchedule::announce(const Moment& moment, Alert::Kind kind, double seconds) {
+    return seconds > since_ && seconds <= present_ &&
+           announced_.try_emplace({moment.day, kind, moment.prayer}, seconds).second;
+}
+
 std::vector<Alert> AlertSchedule::due(const MachineTime& now) {
     constexpr double oldest = 3600;
-    constexpr double kept_days = 3;
-    const double present = seconds_of(now);
-    const double since = std::max(std::min(last_.value_or(present - 1), present - 1), present - oldest);
-    last_ = present;
-    const AlertSettings settings = read_alert();
-    std::vector<Alert> alerts;
-    if (settings.beep != 1 && settings.window_and_athan != 1 && settings.window_only != 1)
-        return alerts;
+    refresh(now);
+    present_ = seconds_of(now);
+    since_ = std::max(std::min(last_.value_or(present_ - 1), present_ - 1), present_ - oldest);
+    forget(present_);
+    last_ = present_;
 
-    const std::vector<Moment> moments = moments_around(now);
-    const auto announce = [&](const Moment& moment, double seconds, Alert alert) {
-        if (seconds > since && seconds <= present &&
-            announced_.insert({moment.day, alert.kind, moment.prayer}).second)
-            alerts.push_back(std::move(alert));
-    };
-    for (auto moment = moments.begin(); moment != moments.end(); ++moment) {
-        const auto next = std::next(moment);
-        const bool has_next = next != moments.end();
-        Alert alert{Alert::Kind::beep,
-                    moment->prayer,
-                    Athan::none,
-                    moment->time,
-                    has_next ? std::optional(next->prayer) : std::nullopt,
-                    has_next ? next->time : std::string()};
-        // A beep that would come at or after the prayer itself has lost its use.
-        if (settings.beep == 1 && settings.lead > 0 && present < moment->seconds)
-            announce(*moment, moment->seconds - settings.lead * 60, alert);
-        alert.kind = Alert::Kind::window;
-        alert.athan = settings.window_and_athan == 1 ? athan_of(settings, moment->prayer) : Athan::none;
-        if (settings.window_and_athan == 1 || settings.window_only == 1)
-            announce(*moment, moment->seconds, alert);
+    const bool windows = settings_.window_and_athan == 1 || settings_.window_only == 1;
+    const bool beeps = settings_.beep == 1 && settings_.lead >= 0;
+    std::vector<Alert> alerts;
+    for (auto moment = moments_.begin(); moment != moments_.end(); ++moment) {
+        const auto add = [&](Alert::Kind kind, Athan athan) {
+            const auto next = std::next(moment);
+            const bool has_next = next != moments_.end();
+            alerts.push_back({kind, moment->prayer, athan, moment->time,
+                              has_next ? std::optional(next->prayer) : std::nullopt,
+                              has_next ? next->time : std::string()});
+        };
+        // A beep that comes after the time it was to warn of has lost its use.
+        const bool useful = settings_.lead == 0 || present_ < moment->seconds;
+        if (beeps && useful && announce(*moment, Alert::Kind::beep, moment->seconds - settings_.lead * 60))
+            add(Alert::Kind::beep, Athan::none);
+        if (windows && announce(*moment, Alert::Kind::window, moment->seconds))
+            add(Alert::Kind::window,
+                settings_.window_and_athan == 1 ? athan_of(settings_, moment->prayer) : Athan::none);
     }
-    std::erase_if(announced_, [&now](const Key& key) {
-        return std::get<0>(key) < platform_day_count(now.year, now.month, now.day) - kept_days;
-    });
     return alerts;
 }
 
 std::optional<ComingPrayer> AlertSchedule::coming(const MachineTime& now) {
+    refresh(now);
     const double present = seconds_of(now);
-    for (const Moment& moment : moments_around(now))
+    for (const Moment& moment : moments_)
         if (moment.seconds > present)
             return ComingPrayer{moment.prayer, moment.time};
     return std::nullopt;

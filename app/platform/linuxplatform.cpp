@@ -1,13 +1,29 @@
 #include "app/platform/linuxplatform.h"
 
+#include "app/platform/desktopentry.h"
+#include "app/platform/runningprograms.h"
 #include "app/stored/programfolder.h"
+#include "app/stored/textfile.h"
 #include "app/viewer.h"
 
 #include <QLocale>
+#include <QProcess>
+#include <QStandardPaths>
 #include <QTime>
 #include <QWidget>
+#include <filesystem>
 
 namespace halvane {
+
+namespace {
+
+/// The one folder of shortcuts that this system knows.
+std::filesystem::path autostart_entry(const std::string& name) {
+    const QString config = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+    return std::filesystem::path(config.toStdString()) / "autostart" / (name + ".desktop");
+}
+
+} // namespace
 
 void LinuxPlatform::show_text_file(const std::string& name) {
     auto* viewer = new Viewer(QString::fromStdString(program_path(name)));
@@ -34,6 +50,24 @@ void LinuxPlatform::keep_on_top(void* panel, bool on_top) {
     }
     if (on_top && widget->isVisible())
         widget->raise();
+}
+
+void LinuxPlatform::create_shortcut(const Shortcut& shortcut) {
+    const std::filesystem::path entry = autostart_entry(shortcut.name);
+    std::filesystem::create_directories(entry.parent_path());
+    save_text_file(entry.string(), desktop_entry(shortcut));
+}
+
+void LinuxPlatform::delete_shortcut(const std::string&, const std::string& name) {
+    std::filesystem::remove(autostart_entry(name));
+}
+
+bool LinuxPlatform::is_running(const std::string&, const std::string& executable) {
+    return user_runs(executable);
+}
+
+void LinuxPlatform::start_minimised(const std::string& path, const std::string& working_folder) {
+    QProcess::startDetached(QString::fromStdString(path), {}, QString::fromStdString(working_folder));
 }
 
 } // namespace halvane

@@ -51,10 +51,26 @@ TEST(Guide, EveryLineEndsWithCrLfAndFitsTheWindow) {
 }
 
 TEST(Guide, EverySectionIsThereInBothLanguages) {
-    for (const char* title :
-         {"THE MAIN PANEL", "PREFERENCES", "LOCATION", "DATE", "HEJRIC GREGORIAN", "PRAYER TIMES: THE REPORT",
-          "MOON TIMES: THE REPORT", "MESSAGES", "FILES", "اللوحة الرئيسة", "الخيارات", "الموقع", "التاريخ",
-          "هجري ميلادي", "جدول مواقيت الصلاة", "جدول مواقيت القمر", "الرسائل", "الملفات"})
+    for (const char* title : {"THE MAIN PANEL",
+                              "PREFERENCES",
+                              "LOCATION",
+                              "DATE",
+                              "HEJRIC GREGORIAN",
+                              "PRAYER TIMES: THE REPORT",
+                              "MOON TIMES: THE REPORT",
+                              "PRAYER ALERTS",
+                              "MESSAGES",
+                              "FILES",
+                              "اللوحة الرئيسة",
+                              "الخيارات",
+                              "الموقع",
+                              "التاريخ",
+                              "هجري ميلادي",
+                              "جدول مواقيت الصلاة",
+                              "جدول مواقيت القمر",
+                              "منبه الصلاة",
+                              "الرسائل",
+                              "الملفات"})
         EXPECT_NE(guide().find("\n" + std::string(title) + "\r\n---"), std::string::npos) << title;
 }
 

@@ -17,6 +17,7 @@
 #include <gtest/gtest.h>
 #include <iosfwd>
 #include <span>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -43,6 +44,23 @@ public:
     void show_text_file(const std::string& name) override { shown_files.push_back(name); }
     std::string short_time(int hour, int minute, int second) override;
     void keep_on_top(void* panel, bool on_top) override { kept_on_top.push_back({panel, on_top}); }
+    void create_shortcut(const Shortcut& shortcut) override {
+        refuse_if_told();
+        shortcuts.push_back(shortcut);
+    }
+    void delete_shortcut(const std::string& folder, const std::string& name) override {
+        refuse_if_told();
+        deleted_shortcuts.push_back(folder + "/" + name);
+    }
+    bool is_running(const std::string& window_title, const std::string& executable) override {
+        looked_for.push_back(window_title + "/" + executable);
+        return running;
+    }
+    void start_minimised(const std::string& path, const std::string& working_folder) override {
+        refuse_if_told();
+        started.push_back({path, working_folder});
+        running = true;
+    }
 
     std::vector<std::string> shown_files;
     struct OnTop {
@@ -50,6 +68,22 @@ public:
         bool on_top;
     };
     std::vector<OnTop> kept_on_top;
+    std::vector<Shortcut> shortcuts;
+    std::vector<std::string> deleted_shortcuts; ///< "folder/name"
+    std::vector<std::string> looked_for;        ///< "window title/executable"
+    struct Started {
+        std::string path;
+        std::string working_folder;
+    };
+    std::vector<Started> started;
+    bool running = false; ///< what is_running answers
+    bool refuses = false; ///< shortcuts and starts fail
+
+private:
+    void refuse_if_told() const {
+        if (refuses)
+            throw std::runtime_error("refused");
+    }
 };
 
 /// The control `name` of `form`; the test ends when there is none of that kind.

@@ -1,12 +1,14 @@
 // screenshots FOLDER DATA: pictures of every panel in both languages, at the scale of QT_SCALE_FACTOR. The
 // panels stand on a temporary program folder made of the delivered files DATA and a fixed clock.
 
+#include "app/alerts/alertwindow.h"
 #include "app/frmmain.h"
 #include "app/frmstyle.h"
 #include "app/frmsupport.h"
 #include "app/frmwait.h"
 #include "app/messages.h"
 #include "app/panels.h"
+#include "app/stored/alert.h"
 #include "app/stored/date.h"
 #include "app/stored/failure.h"
 #include "app/stored/loc.h"
@@ -129,6 +131,7 @@ void set_sample_settings(Language language) {
     date.end = date.to = {2024, 6, 30};
     date.one = {2024, 6, 21};
     write_date(date);
+    write_alert({1, 10, 1, 0, true, true, true, true});
     MachineTime time;
     time.year = 2024;
     time.month = 6;
@@ -152,6 +155,13 @@ void take_crescent(const Camera& camera) {
     settle();
     map.cmddraw_click();
     camera.take(map, QStringLiteral("frmmap"));
+}
+
+void take_alert(const Camera& camera, Language language) {
+    const Alert alert{Alert::Kind::window, Prayer::aser, Athan::mecca, "16:19", Prayer::maghreb, "19:45"};
+    AlertWindow window;
+    window.show_alert(words_of(alert, QString::fromStdString(read_loc().name), language), language);
+    camera.take(window, QStringLiteral("alert"));
 }
 
 void take_shared_windows(const Camera& camera, Language language) {
@@ -193,6 +203,7 @@ void take_all(const QString& folder, Language language) {
     frmqmap qiblah_map;
     camera.take(qiblah_map, QStringLiteral("frmqmap"));
     take_crescent(camera);
+    take_alert(camera, language);
     take_shared_windows(camera, language);
 }
 

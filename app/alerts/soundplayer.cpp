@@ -1,0 +1,80 @@
+#include "app/alerts/soundplayer.h"
+
+#include "app/stored/programfolder.h"
+
+#include <QApplication>
+#include <QAudioDevice>
+#include <QMediaDevices>
+#include <QSoundEffect>
+#include <QUrl>
+#include <filesystem>
+
+namespace halvane {
+
+namespace {
+
+constexpr const char* kChime = "chime.wav";
+constexpr const char* kBeep = "beep.wav";
+
+bool is_there(const std::string& name) {
+    std::error_code error;
+    return std::filesystem::is_regular_file(program_path(name), error);
+}
+
+} // namespace
+
+std::string athan_file(Athan athan) {
+    const std::string recording = athan == Athan::mecca ? "mecca.wav" : "jerusalem.wav";
+    return is_there(recording) ? recording : kChime;
+}
+
+SoundPlayer::SoundPlayer() = default;
+SoundPlayer::~SoundPlayer() = default;
+
+bool SoundPlayer::has_device() {
+    return !QMediaDevices::defaultAudioOutput().isNull();
+}
+
+void SoundPlayer::play(Athan athan) {
+    play_file(athan_file(athan));
+}
+
+void SoundPlayer::beep() {
+    play_file(kBeep);
+}
+
+void SoundPlayer::stop() {
+    sound_.reset();
+}
+
+void SoundPlayer::play_file(const std::string& name) {
+    if (!is_there(name)) {
+        QApplication::beep();
+        return;
+    }
+    sound_ = std::make_unique<QSoundEffect>();
+    QSoundEffect* sound = sound_.get();
+    // The player must not go while it reports.
+    connect(
+        sound, &QSoundEffect::statusChanged, this,
+        [this, sound, name] {
+            if (sound != sound_.get() || sound->status() != QSoundEffect::Error)
+                return;
+            if (name == kChime || name == kBeep)
+                QApplication::beep();
+            else
+                play_file(kChime);
+        },
+        Qt::QueuedConnection);
+    connect(
+        sound, &QSoundEffect::playingChanged, this,
+        [this, sound] {
+            if (sound == sound_.get() && !sound->isPlaying() && sound->status() == QSoundEffect::Ready)
+                stop();
+        },
+        Qt::QueuedConnection);
+    sound->setSource(QUrl::fromLocalFile(QString::fromStdString(program_path(name))));
+    sound->play();
+}
+
+} // namespace halvane

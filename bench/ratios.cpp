@@ -171,7 +171,7 @@ class RatioTable {
 public:
     RatioTable() {
         std::printf(
-            "| Work | Engine | Swiss Ephemeris | Ratio | Must | Aim |\n|---|---:|---:|---:|---:|---:|\n");
+            "\n| Work | Engine | Swiss Ephemeris | Ratio | Must | Aim |\n|---|---:|---:|---:|---:|---:|\n");
     }
     void row(const char* work, const Limits& limits, const Work& ours, const Work& reference, double count) {
         const Times times = shortest_times(ours, reference);
@@ -291,7 +291,9 @@ struct Report {
 };
 
 /// What the batch program takes for each report, its start included.
-constexpr Report reports[]{{"today", 40}, {"prayer", 0}, {"moon", 0}};
+constexpr Report reports[]{{"today", 40},       {"prayer", 0},   {"moon", 0},
+                           {"phases", 0},       {"crescent", 0}, {"qibla-sun", 0},
+                           {"qibla-shadow", 0}, {"map", 1000},   {"ephemeris", 0}};
 
 bool print_programs() {
     constexpr double milliseconds = 1e3;

@@ -2,6 +2,7 @@
 
 #include "app/frmstyle.h"
 #include "app/language.h"
+#include "calendar/numberformat.h"
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -12,6 +13,11 @@ void fill_with_numbers(QComboBox& list, int last) {
     list.clear();
     for (int number = 1; number <= last; ++number)
         list.addItem(QString::number(number));
+}
+
+void fill_from_zero(QComboBox& list, int last) {
+    fill_with_numbers(list, last);
+    list.insertItem(0, QStringLiteral("0"));
 }
 
 void choose_entry(QComboBox& list, const std::string& text) {
@@ -26,6 +32,14 @@ std::string text_of(const QComboBox& list) {
 
 std::string text_of(const QLineEdit& box) {
     return box.text().toStdString();
+}
+
+double number_in(const QComboBox& list) {
+    return numeric_prefix(text_of(list));
+}
+
+double number_in(const QLineEdit& box) {
+    return numeric_prefix(text_of(box));
 }
 
 void shape_number_box(QLineEdit& box, const char* longest) {

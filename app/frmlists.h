@@ -11,6 +11,9 @@ namespace halvane {
 /// Fills a list with the numbers 1 to `last` and makes it wide enough for them.
 void fill_with_numbers(QComboBox& list, int last);
 
+/// Fills a list with the numbers 0 to `last`: hours, minutes, seconds.
+void fill_from_zero(QComboBox& list, int last);
+
 /// Chooses the entry of exactly that text; a list without it stays as it is.
 void choose_entry(QComboBox& list, const std::string& text);
 
@@ -19,6 +22,10 @@ std::string text_of(const QComboBox& list);
 
 /// The content of an entry box, as UTF-8.
 std::string text_of(const QLineEdit& box);
+
+/// The number at the start of a list's or a box's text; 0 for anything else.
+double number_in(const QComboBox& list);
+double number_in(const QLineEdit& box);
 
 /// Gives a number box the width of `longest`. In Arabic too its text reads from left to right, so that a
 /// minus sign stays before its number.

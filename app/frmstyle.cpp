@@ -3,6 +3,7 @@
 #include "app/stored/programfolder.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QFile>
 #include <QFontInfo>
 #include <QFontMetrics>
@@ -132,6 +133,29 @@ private:
     QByteArray source_;
 };
 
+/// Only the accent's roles are set, so that the others follow the system.
+void set_accent() {
+    QPalette palette = QGuiApplication::palette();
+    const bool dark = is_dark(palette);
+    const QColor accent = accent_on(palette.color(QPalette::Window), dark);
+    if (palette.color(QPalette::Highlight) == accent)
+        return;
+    palette.setColor(QPalette::Highlight, accent);
+    palette.setColor(QPalette::HighlightedText, dark ? Qt::black : Qt::white);
+    QApplication::setPalette(palette);
+}
+
+/// Fits the accent when the system goes from light to dark colours or back.
+class AccentKeeper : public QObject {
+public:
+    using QObject::QObject;
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::ApplicationPaletteChange)
+            set_accent();
+        return false;
+    }
+};
+
 } // namespace
 
 int space_unit(const QWidget& widget) {
@@ -158,17 +182,14 @@ void scale_font(QWidget& control, double factor) {
 }
 
 QColor accent_colour(const QWidget& widget) {
-    const QPalette palette = widget.palette();
+    const QPalette& palette = widget.palette();
     return accent_on(palette.color(QPalette::Window), is_dark(palette));
 }
 
 void use_halvane_look() {
     QApplication::setStyle(new JoinedTextStyle);
-    QPalette palette = QGuiApplication::palette();
-    const bool dark = is_dark(palette);
-    palette.setColor(QPalette::Highlight, accent_on(palette.color(QPalette::Window), dark));
-    palette.setColor(QPalette::HighlightedText, dark ? Qt::black : Qt::white);
-    QApplication::setPalette(palette);
+    set_accent();
+    qApp->installEventFilter(new AccentKeeper(qApp));
 }
 
 QColor muted_colour(const QWidget& widget) {

@@ -69,6 +69,8 @@ void open_panel(const Panel& panel, QWidget* owner) {
     }
     QPointer<QDialog> form = panel.make(owner);
     if (panel.modal) {
+        // The panels of the program wait; reports and the progress window, which have no owner, do not.
+        form->setWindowModality(Qt::WindowModal);
         form->exec();
         delete form.data();
     } else {

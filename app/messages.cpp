@@ -80,10 +80,14 @@ void tell_failure(const std::string& words, Language language) {
 }
 
 QString choose_save_file(QWidget* parent, const QString& title, const QString& proposed,
-                         const QString& filter) {
+                         const QString& filter, const QString& suffix) {
     if (chooser())
         return chooser()(title, proposed);
-    return QFileDialog::getSaveFileName(parent, title, proposed, filter);
+    QFileDialog dialog(parent, title, QFileInfo(proposed).path(), filter);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(suffix);
+    dialog.selectFile(QFileInfo(proposed).fileName());
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
 void set_file_chooser(FileChooser wanted) {

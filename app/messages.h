@@ -21,8 +21,9 @@ void tell_failure(const std::string& words, Language language);
 /// Asks under which name to save; an empty text when the user gives up.
 /// In     proposed  bare name, or a path to start from
 ///        filter    as file dialogs take it ("PDF (*.pdf)"); empty for every file
+///        suffix    for a name without one; empty leaves the name as it is
 QString choose_save_file(QWidget* parent, const QString& title, const QString& proposed,
-                         const QString& filter);
+                         const QString& filter, const QString& suffix = {});
 
 /// Answers choose_save_file in the user's place: title and proposed name in, chosen name out.
 using FileChooser = std::function<QString(const QString& title, const QString& proposed)>;

@@ -4,6 +4,7 @@
 #include "app/frmlocation.h"
 #include "app/frmpreferences.h"
 #include "calendar/frmhej.h"
+#include "crescent/frmcresv.h"
 #include "phases/frmphase.h"
 #include "prayer/frmalerts.h"
 #include "qibla/frmqib.h"
@@ -25,6 +26,7 @@ std::span<const Panel> panels() {
         {"frmcoor", "cmdcoor", false, make_panel<frmcoor>},
         {"frmtele", "cmdtele", true, make_panel<frmtele>},
         {"frmalerts", "cmdale", true, make_panel<frmalerts>},
+        {"frmcresv", "cmdcresv", true, make_panel<frmcresv>},
     };
     return all;
 }

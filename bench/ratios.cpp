@@ -4,14 +4,24 @@
 #include "bench/swisswork.h"
 #include "bench/timing.h"
 #include "calendar/moddeltat.h"
+#include "calendar/switchguard.h"
+#include "crescent/circumstances.h"
+#include "crescent/conjunction.h"
+#include "crescent/visibilitymap.h"
 #include "ephemeris/coordinates.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/moon.h"
 #include "ephemeris/series.h"
-#include "ephemeris/seriesterms.h"
+#include "ephemeris/seriessums.h"
 #include "ephemeris/sun.h"
+#include "events/phase.h"
+#include "prayer/cmdcom.h"
+#include "prayer/cmdmoon.h"
+#include "prayer/crescentmode.h"
 #include "prayer/moonday.h"
 #include "prayer/prayerday.h"
+#include "tables/ephemeristable.h"
+#include "tools/measuring/random.h"
 #include "tools/measuring/scratchfolder.h"
 
 #include <algorithm>
@@ -19,7 +29,6 @@
 #include <cstdio>
 #include <fstream>
 #include <iostream>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -56,11 +65,10 @@ double engine_place(Body body, double jd) {
 std::vector<double> scattered_instants() {
     constexpr int count = 2000;
     constexpr double days = 73000;
-    std::mt19937_64 engine(1900);
+    Random random(1900);
     std::vector<double> instants;
     for (int i = 0; i < count; ++i)
-        instants.push_back(epoch_j2000 - days / 2 +
-                           days * static_cast<double>(engine() >> 11U) / (1ULL << 53U));
+        instants.push_back(epoch_j2000 + random.between(-days / 2, days / 2));
     return instants;
 }
 
@@ -79,6 +87,80 @@ std::vector<double> days_of_a_year() {
         days.push_back(2461041.5 + day);
     return days;
 }
+
+class NoProgress : public Progress {
+public:
+    void percent(double /*value*/) override {}
+    bool yield() override { return true; }
+};
+
+/// `ephemeris.out` with the Moon of every hour of 2026, from its stored choices to the file.
+void moon_table_of_a_year() {
+    EphemerisSettings settings;
+    settings.object = 1;
+    settings.geocentric = false;
+    settings.end_month = 12;
+    settings.end_day = 31;
+    settings.end_hour = 23;
+    settings.unit = 2;
+    NoProgress progress;
+    write_ephemeris_table(settings, progress);
+}
+
+constexpr Phase phases[]{Phase::new_moon, Phase::first_quarter, Phase::full_moon, Phase::last_quarter};
+constexpr int phases_of_a_year = 49;
+
+/// Does `search(phase, estimate, elongation)` for the phases of 2026.
+template <class Search>
+Work for_each_phase(Search search) {
+    return [search] {
+        for (int i = 0; i < phases_of_a_year; ++i) {
+            const int quarter = i % 4;
+            sink = search(phases[quarter], phase_estimate(phases[quarter], 321 + i / 4.0), 90.0 * quarter);
+        }
+    };
+}
+
+MapRun map_of(int day, int month, int year) {
+    CrescentSettings settings;
+    settings.day = std::to_string(day);
+    settings.month = std::to_string(month);
+    settings.year = std::to_string(year);
+    find_conjunction(settings);
+    MapRun run;
+    run.criterion = Criterion::yallop;
+    run.conjunction = map_conjunction();
+    run.day = map_day(run.conjunction, run.kind, 1);
+    return run;
+}
+
+/// Takes a map into memory.
+class MapInMemory : public MapReceiver {
+public:
+    void point(const MapPoint& point) override { points.push_back(point); }
+    bool go_on() override { return true; }
+    std::vector<MapPoint> points;
+};
+
+void draw_in_memory(const MapRun& run) {
+    MapInMemory map;
+    draw_visibility_map(run, map);
+    sink = static_cast<double>(map.points.size());
+}
+
+/// The Moon of every point of the map's grid, at 18 h of its own meridian: 11,700 places.
+void moons_of_the_grid(double day) {
+    for (int lon = -180; lon <= 170; lon += 10)
+        for (int lat = 60; lat >= -60; lat -= 10)
+            for (int x = lon; x <= lon + 8; x += 2)
+                for (int y = lat - 8; y <= lat; y += 2)
+                    sink = swiss_moon(x, y, day + 0.75 - x / 360.0);
+}
+
+struct MapDate {
+    const char* name;
+    int day, month, year;
+};
 
 struct Limits {
     double must;
@@ -140,6 +222,9 @@ bool print_ratios() {
     places("Sun, every hour of a year", {0.8, 0.45}, hours, Body::sun);
     places("Moon, every hour of a year", {0.6, 0.27}, hours, Body::moon);
 
+    table.row("table of the Moon, every hour of a year", {1.0, 0.35}, moon_table_of_a_year,
+              for_each(hours, [&swiss](double jd) { return swiss.place(Body::moon, jd); }), 8760);
+
     const PrayerSettings settings = read_prayer_settings(DayMode::report);
     table.row("prayer day, each of a year", {0.11, 0.04},
               for_each(days,
@@ -154,7 +239,50 @@ bool print_ratios() {
                        }),
               for_each(days, [&](double jd) { return swiss.moon_day(jd - location.zone / 24), jd; }), 365);
 
+    table.row("the 49 phases of a year", {3, 0.6}, for_each_phase([](Phase phase, double estimate, double) {
+                  return refined_phase(phase, estimate, true);
+              }),
+              for_each_phase(
+                  [&swiss](Phase, double estimate, double angle) { return swiss.phase(estimate, angle); }),
+              1);
+    for (const auto& [name, day, month, year] : {MapDate{"map of 30 March 2025, Yallop", 29, 3, 2025},
+                                                 {"map of 18 February 2026, Yallop", 17, 2, 2026}}) {
+        const MapRun run = map_of(day, month, year);
+        table.row(
+            name, {1.3, 0.5}, [&run] { draw_in_memory(run); }, [&run] { moons_of_the_grid(run.day); }, 1);
+    }
     return table.is_kept();
+}
+
+/// A crescent's calculation, with its conjunction, against 60 places of each body on top of its two day
+/// calculations. The report's file, which is forced onto the disk, is not in it.
+bool print_crescent() {
+    constexpr int places = 60;
+    const ScratchFolder folder;
+    load_series();
+    CrescentSettings settings;
+    settings.day = "17";
+    settings.month = "2";
+    const double day = 2461088.5;
+    const Observer observer = stored_observer();
+    const Times times = shortest_times(
+        [&settings] { sink = crescent_circumstances(settings, find_conjunction(settings))->lag; },
+        [&observer, day] {
+            const SwitchGuard mode(crescentmode, 1);
+            const SwitchGuard jd(crescentjd, day);
+            cmdcom_for_crescent();
+            cmdmoon_for_crescent();
+            for (int i = 0; i < places; ++i) {
+                sink = sun_high(observer, day + i / 100.0).longitude;
+                sink = moon_medium(observer, day + i / 100.0).longitude;
+            }
+        },
+        25);
+    constexpr double microseconds = 1e6;
+    std::printf("\n| Work | Measured | Must |\n|---|---:|---:|\n");
+    std::printf("| a crescent's circumstances, with the conjunction | %.0f µs | %.0f µs |\n",
+                times.ours * microseconds, times.reference * microseconds);
+    return times.ours <= times.reference;
 }
 
 struct Report {
@@ -206,10 +334,11 @@ std::string processor() {
 /// Prints what the engine and the reports take, as tables in Markdown. Exit status 1 when a limit is passed.
 int main() {
     try {
-        std::printf("%s, %s vectors, %s, one thread\n", processor().c_str(), series_terms().instructions,
+        std::printf("%s, %s vectors, %s, one thread\n", processor().c_str(), series_sums().instructions,
                     HALVANE_BUILD);
         const bool programs_kept = print_programs();
-        return print_ratios() && programs_kept ? 0 : 1;
+        const bool crescent_kept = print_crescent();
+        return print_ratios() && programs_kept && crescent_kept ? 0 : 1;
     } catch (const std::exception& failure) {
         std::cerr << failure.what() << "\n";
         return 1;

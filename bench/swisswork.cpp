@@ -1,5 +1,6 @@
 #include "bench/swisswork.h"
 
+#include <cmath>
 #include <stdexcept>
 #include <string>
 
@@ -51,6 +52,25 @@ void SwissWork::sun_day(double ut) const {
 void SwissWork::moon_day(double ut) const {
     for (const int kind : {SE_CALC_RISE, SE_CALC_MTRANSIT, SE_CALC_SET})
         event(SE_MOON, kind, ut);
+}
+
+double SwissWork::phase(double tt, double angle) const {
+    constexpr double tolerance = 0.00000289;
+    for (double step = 1; std::fabs(step) > tolerance; tt += step) {
+        double moon[6];
+        double sun[6];
+        swe_calc(tt, SE_MOON, SEFLG_SWIEPH | SEFLG_SPEED, moon, nullptr);
+        swe_calc(tt, SE_SUN, SEFLG_SWIEPH | SEFLG_SPEED, sun, nullptr);
+        step = -std::remainder(moon[0] - sun[0] - angle, 360) / (moon[3] - sun[3]);
+    }
+    return tt;
+}
+
+double swiss_moon(double longitude, double latitude, double tt) {
+    double place[6];
+    swe_set_topo(longitude, latitude, 0);
+    swe_calc(tt, SE_MOON, SEFLG_SWIEPH | SEFLG_TOPOCTR, place, nullptr);
+    return place[0];
 }
 
 } // namespace halvane::bench

@@ -20,9 +20,16 @@ public:
     /// Moonrise, transit and moonset.
     void moon_day(double ut) const;
 
+    /// Instant at which the Moon's elongation is `angle` [deg], by the speeds of both bodies from a time
+    /// within some days of it, to a quarter of a second. Both dynamical time                             [d]
+    double phase(double tt, double angle) const;
+
 private:
     double event(int body, int kind, double ut) const;
     double site_[3];
 };
+
+/// Topocentric ecliptic place of the Moon for any site at sea level. Returns the longitude       [deg]
+double swiss_moon(double longitude, double latitude, double tt);
 
 } // namespace halvane::bench

@@ -6,7 +6,7 @@ namespace halvane::bench {
 
 using Work = std::function<void()>;
 
-/// Shortest time of several runs, which is the one that other programs disturbed least          [s]
+/// Shortest processor time of several runs: the one that other programs disturbed least          [s]
 double shortest_time(const Work& work, int runs = 9);
 
 /// The same for two works that are run in turns, so that both meet the same machine             [s]

@@ -14,8 +14,8 @@ double wrapped(double count, double per_day) {
     return rest < 0 ? rest + per_day : rest;
 }
 
-std::string two_digits(double value) {
-    return format_number(value, "00");
+void append_two_digits(std::string& text, double value) {
+    append_number(text, value, "00");
 }
 
 std::string seconds_text(double hour, double minute, double second) {
@@ -24,7 +24,11 @@ std::string seconds_text(double hour, double minute, double second) {
     const double seconds = wrapped(hour * 3600 + minute * 60 + std::nearbyint(second), 86400);
     const double h = std::floor(seconds / 3600);
     const double m = std::floor((seconds - h * 3600) / 60);
-    return two_digits(h) + ":" + two_digits(m) + ":" + two_digits(seconds - h * 3600 - m * 60);
+    std::string text;
+    append_two_digits(text, h);
+    append_two_digits(text += ':', m);
+    append_two_digits(text += ':', seconds - h * 3600 - m * 60);
+    return text;
 }
 
 std::string minutes_text(int precision, double hour, double minute, double second) {
@@ -32,7 +36,10 @@ std::string minutes_text(int precision, double hour, double minute, double secon
         return "24:00";
     const double minutes = wrapped(hour * 60 + std::nearbyint(minute + second / 60), 1440);
     const double h = std::floor(minutes / 60);
-    return two_digits(h) + ":" + two_digits(minutes - h * 60);
+    std::string text;
+    append_two_digits(text, h);
+    append_two_digits(text += ':', minutes - h * 60);
+    return text;
 }
 
 } // namespace

@@ -44,20 +44,23 @@ struct Marks {
 constexpr Marks angle_marks{"°:", "'", "\""};
 constexpr Marks plain_marks{":", "", ""};
 
-std::string digits(double value) {
-    return format_number(value, "##00");
+void append_digits(std::string& text, double value) {
+    append_number(text, value, "##00");
 }
 
-std::string angle_text(int level, char unit, double value, const Marks& marks) {
+void append_angle(std::string& text, int level, char unit, double value, const Marks& marks) {
     const bool minutes_only = level == 1;
+    const bool is_angle = unit == 'd';
     const Parts parts = minutes_only ? to_minute(std::fabs(value)) : to_second(std::fabs(value));
-    if (unit != 'd') {
-        const std::string text = digits(parts.whole) + "H " + digits(parts.minutes) + "M ";
-        return minutes_only ? text : text + digits(parts.seconds) + "S ";
-    }
-    const std::string text =
-        digits(parts.whole) + marks.after_degrees + digits(parts.minutes) + marks.after_minutes;
-    return minutes_only ? text : text + ":" + digits(parts.seconds) + marks.after_seconds;
+    append_digits(text, parts.whole);
+    text += is_angle ? marks.after_degrees : "H ";
+    append_digits(text, parts.minutes);
+    text += is_angle ? marks.after_minutes : "M ";
+    if (minutes_only)
+        return;
+    text += is_angle ? ":" : "";
+    append_digits(text, parts.seconds);
+    text += is_angle ? marks.after_seconds : "S ";
 }
 
 const char* sign_of(double value) {
@@ -67,15 +70,18 @@ const char* sign_of(double value) {
 } // namespace
 
 void moddegree(int level, char unit, double value, std::string& text) {
-    text = sign_of(value) + angle_text(level, unit, value, angle_marks);
+    text = sign_of(value);
+    append_angle(text, level, unit, value, angle_marks);
 }
 
 void moddegree2(int level, char unit, double value, std::string& text) {
-    text = sign_of(value) + angle_text(level, unit, value, plain_marks);
+    text = sign_of(value);
+    append_angle(text, level, unit, value, plain_marks);
 }
 
 void moddegree3(int level, char unit, double value, std::string& text) {
-    text = angle_text(level, unit, value, plain_marks);
+    text.clear();
+    append_angle(text, level, unit, value, plain_marks);
 }
 
 } // namespace halvane

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 
 namespace halvane {
 namespace {
@@ -20,9 +21,24 @@ bool is_digit(char c) {
     return c >= '0' && c <= '9';
 }
 
+/// The decimal digits of a value that is not negative. Reports consist of whole numbers for the most part:
+/// they go the short way.
+const char* put_digits(char* begin, char* end, double value, int decimals) {
+    constexpr double largest_exact = 9007199254740992; // 2^53
+    if (decimals == 0 && value < largest_exact && value == std::floor(value))
+        return std::to_chars(begin, end, static_cast<std::int64_t>(value)).ptr;
+    return std::to_chars(begin, end, value, std::chars_format::fixed, decimals).ptr;
+}
+
 } // namespace
 
 std::string format_number(double value, std::string_view pattern) {
+    std::string text;
+    append_number(text, value, pattern);
+    return text;
+}
+
+void append_number(std::string& text, double value, std::string_view pattern) {
     require_finite(value, "a printed number");
     const std::size_t point = pattern.find('.');
     const std::string_view whole_pattern = pattern.substr(0, point);
@@ -31,18 +47,20 @@ std::string format_number(double value, std::string_view pattern) {
     const std::size_t decimals = point == std::string_view::npos ? 0 : pattern.size() - point - 1;
 
     char digits[512];
-    const auto end = std::to_chars(digits, digits + sizeof digits, std::fabs(value), std::chars_format::fixed,
-                                   static_cast<int>(decimals))
-                         .ptr;
-    std::string text(digits, end);
-    std::size_t whole = decimals == 0 ? text.size() : text.size() - decimals - 1;
-    if (text.starts_with('0')) {
-        text.erase(0, 1);
+    const char* first = digits;
+    const char* end =
+        put_digits(digits, digits + sizeof digits, std::fabs(value), static_cast<int>(decimals));
+    auto whole = static_cast<std::size_t>(end - first) - (decimals == 0 ? 0 : decimals + 1);
+    // put_digits has filled it: NOLINTNEXTLINE(clang-analyzer-core.UndefinedBinaryOperatorResult)
+    if (*first == '0') {
+        ++first;
         --whole;
     }
+    if (value < 0)
+        text += '-';
     if (whole < least_digits)
-        text.insert(0, least_digits - whole, '0');
-    return value < 0 ? "-" + text : text;
+        text.append(least_digits - whole, '0');
+    text.append(first, end);
 }
 
 std::string number_item(double value) {

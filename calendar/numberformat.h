@@ -11,6 +11,9 @@ namespace halvane {
 /// raises RunTimeFailure for a value that is not finite.
 std::string format_number(double value, std::string_view pattern);
 
+/// The same, put behind `text`.
+void append_number(std::string& text, double value, std::string_view pattern);
+
 /// `value` as an item of its own in a report: its shortest text with a leading blank in place of a plus sign
 /// and one trailing blank.
 std::string number_item(double value);

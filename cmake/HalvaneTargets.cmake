@@ -24,7 +24,7 @@ target_compile_options(
             -Woverloaded-virtual
             -Werror
             # GCC 12 sees overlapping copies in std::string's operator+ (GCC bug 105651).
-            -Wno-restrict
+            $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
             # One rounding per operation on every processor: reports must not depend on the machine.
             -ffp-contract=off)
 if(HALVANE_SANITIZE)

@@ -38,8 +38,8 @@ using GifRowEvent = std::function<void(double percentage)>;
 /// two equally near entries the darker. With a `transparent` colour that stands in the colour table the file
 /// is a GIF89a whose first such entry is transparent; otherwise it is a GIF87a.
 ///
-/// Compression is variable-length LZW (CompuServe, GIF Specification, 1990) with a table that is cleared at
-/// 253 strings, so that every code is 9 bits long.
+/// Compression is variable-length LZW (CompuServe, Graphics Interchange Format, version 89a) with a table
+/// that is cleared at 253 strings, so that every code is 9 bits long.
 ///
 /// Returns nothing when the picture is not of the form GifPicture tells.
 std::vector<std::uint8_t> gif_bytes(const GifPicture& picture,

@@ -17,6 +17,8 @@
 
 namespace halvane {
 
+CrescentKind crescentkind = CrescentKind::new_crescent;
+
 MapConjunction map_conjunction() {
     MapConjunction conjunction;
     const double dynamical = refined_phase(Phase::new_moon, conjunctionstart, true);

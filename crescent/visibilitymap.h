@@ -11,6 +11,9 @@ namespace halvane {
 /// Whether a map is of the new crescent (evenings) or the old one (mornings).
 enum class CrescentKind { new_crescent, old_crescent };
 
+/// Kind of the map that a panel opens next; the crescent visibility panel sets it.
+extern CrescentKind crescentkind;
+
 /// What a map starts from: the geocentric conjunction and the days around it.
 struct MapConjunction {
     double universal = 0;         ///< conjunction, UT1                                          [d]
@@ -40,6 +43,7 @@ struct MapPoint {
     int latitude = 0;  ///< north positive                                                       [deg]
     VisibilityClass visibility = VisibilityClass::not_possible;
     bool evaluated = false; ///< false: filled from the block's five points
+    bool operator==(const MapPoint&) const = default;
 };
 
 /// Takes the points of a map in drawing order.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ephemeris/observer.h"
+#include "ephemeris/orientation.h"
 
 namespace halvane {
 
@@ -79,13 +80,17 @@ struct TopocentricPlace {
     double parallax = 0;
 };
 
-/// modecltopo for a given observer; reads no file.
-TopocentricPlace topocentric_place(const Observer& observer, double jd, double obliquity, double nutation,
-                                   double longitude, double latitude, double distance, char body);
+/// modecltopo for a given observer in a given frame; reads no file.
+TopocentricPlace topocentric_place(const Observer& observer, const SkyFrame& frame, double longitude,
+                                   double latitude, double distance, char body);
 
 /// The longitude of topocentric_place alone                                              [deg]
-double topocentric_longitude(const Observer& observer, double jd, double obliquity, double nutation,
-                             double longitude, double latitude, double distance, char body);
+double topocentric_longitude(const Observer& observer, const SkyFrame& frame, double longitude,
+                             double latitude, double distance, char body);
+
+/// modeclequa in a given frame.
+void equatorial_of(const SkyFrame& frame, double longitude, double latitude, double& right_ascension,
+                   double& declination);
 
 /// Horizontal parallax of the Moon                                                      [km -> deg]
 double moon_parallax(double distance);

@@ -20,9 +20,9 @@ private:
 };
 
 /// Up to four smooth functions of time, from polynomials through their values at Chebyshev nodes. The pieces
-/// are half a day long and computed when first asked for; the last 16 are kept. Accuracy  5e-11 deg for the
-/// series of the Moon and smaller for the others (tests/ephemeris): a Julian day
-///           in a double cannot tell the Moon's place to better than 6e-9 deg.
+/// are half a day long and computed when first asked for; the last 16 are kept.
+/// Accuracy  3e-10 deg (tests/events), which is the rounding of the series' own arguments: a Julian day in a
+///           double cannot tell the Moon's place to better than 6e-9 deg.
 class InterpolatedSeries {
 public:
     using Values = std::array<double, 4>;
@@ -33,7 +33,7 @@ public:
     Values at(double days);
 
 private:
-    static constexpr int nodes = 9;
+    static constexpr int nodes = 7;
     static constexpr int kept_pieces = 16;
     struct Piece {
         double index = 0.5; ///< whole for a piece that has been computed

@@ -28,8 +28,4 @@ LowNutation low_nutation(double omega, double sun, double moon);
 /// Mean sidereal time at Greenwich, not reduced, `days` of UT1 from 2000                         [deg]
 double mean_sidereal_time(double days);
 
-/// Local apparent sidereal time, 0 to 360; `equation` of the equinoxes                           [deg]
-/// `jd` is UT1, or TDT with `tdtinput` 1.
-double local_sidereal_time(double jd, double longitude, double equation);
-
 } // namespace halvane

@@ -1,17 +1,18 @@
-#include "ephemeris/earthorientation.h"
-#include "ephemeris/modgeneral.h"
 #include "ephemeris/moonplace.h"
 
 namespace halvane {
 
+MoonPlace geocentric_moon_low(double jd) {
+    const Orientation& orientation = orientation_of(jd);
+    EclipticMoon moon = periodic_moon(orientation.dynamical_days);
+    moon.longitude += orientation.nutation_longitude;
+    return geocentric_moon(orientation.frame, moon);
+}
+
 MoonPlace moon_low(const Observer& observer, double jd) {
-    double nutation = 0;
-    double nutation_obliquity = 0;
-    double obliquity = 0;
-    modobliquity(jd, nutation, nutation_obliquity, obliquity);
-    EclipticMoon moon = periodic_moon(jd + days_to_dynamical_time(jd) - epoch_j2000);
-    moon.longitude += nutation;
-    return complete_moon(observer, jd, obliquity, nutation, moon);
+    MoonPlace moon = geocentric_moon_low(jd);
+    add_topocentric(observer, orientation_of(jd).frame, moon);
+    return moon;
 }
 
 void modcorml(double /*pi_value*/, double jd, double& right_ascension, double& declination,

@@ -1,8 +1,7 @@
-#include "ephemeris/earthorientation.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/moonplace.h"
 #include "ephemeris/series.h"
-#include "ephemeris/seriesterms.h"
+#include "ephemeris/seriessums.h"
 
 #include <array>
 #include <cmath>
@@ -10,45 +9,52 @@
 namespace halvane {
 namespace {
 
-using Terms = void (*)(const double*, const double*, std::size_t, double*);
+constexpr std::size_t coordinates = elp_blocks.size();
+constexpr std::size_t secondary_blocks = elp_blocks[0].size() - 1;
 
-/// Sums of the main block and of the three secondary ones of a coordinate.
-std::array<double, 4> block_sums(std::size_t coordinate, Terms terms_of, double t) {
-    const MoonSeries::Coordinate& series = elp().coordinate[coordinate];
-    const SeriesTerms& set = series_terms();
-    const std::size_t main_rows = series.main.amplitude.size();
-    const std::size_t secondary_rows = series.secondary.amplitude.size();
-    constexpr std::size_t longest = 680;
-    std::array<double, longest> argument; // NOLINT: filled as far as it is read
-    std::array<double, longest> terms;    // NOLINT: filled as far as it is read
+constexpr TermFunction function_of(std::size_t coordinate) {
+    return coordinate == 2 ? TermFunction::cosine : TermFunction::sine;
+}
 
-    const MoonMainTerms& main = series.main;
-    const double t2 = t * t;
-    set.main_argument(main.a0.data(), main.a1.data(), main.a2.data(), main.a3.data(), main.a4.data(), t,
-                      1e-4 * t2, 1e-6 * t2, 1e-8 * t2 * t2, main_rows, argument.data());
-    set.secondary_argument(series.secondary.a0.data(), series.secondary.a1.data(), t, secondary_rows,
-                           argument.data() + main_rows);
-    terms_of(main.amplitude.data(), argument.data(), main_rows, terms.data());
-    terms_of(series.secondary.amplitude.data(), argument.data() + main_rows, secondary_rows,
-             terms.data() + main_rows);
+constexpr auto main_groups() {
+    std::array<TermGroup, coordinates> groups{};
+    std::size_t first = 0;
+    for (std::size_t i = 0; i < coordinates; ++i) {
+        const std::size_t rows = padded(elp_blocks[i][0]);
+        groups[i] = {function_of(i), first, first, rows, i};
+        first += rows;
+    }
+    return longest_first(groups);
+}
 
-    const auto& rows = elp_blocks[coordinate];
-    const std::array<std::size_t, 4> counts{main_rows, rows[1], rows[2], rows[3]};
-    std::array<double, 4> sums{};
-    row_order_sums(terms.data(), counts.data(), counts.size(), sums.data());
-    return sums;
+constexpr auto secondary_groups() {
+    std::array<TermGroup, coordinates * secondary_blocks> groups{};
+    std::size_t first = 0;
+    for (std::size_t i = 0; i < groups.size(); ++i) {
+        const std::size_t rows = padded(elp_blocks[i / secondary_blocks][1 + i % secondary_blocks]);
+        groups[i] = {function_of(i / secondary_blocks), first, first, rows, i};
+        first += rows;
+    }
+    return longest_first(groups);
 }
 
 EclipticMoon true_moon(double t) {
+    static constexpr auto main = main_groups();
+    static constexpr auto secondary = secondary_groups();
+    const MoonSeries& series = elp();
+    const SeriesSums& set = series_sums();
+    std::array<double, main.size()> m{};
+    set.of_lunar({series.main.a0.data(), series.main.a1.data(), series.main.a2.data(), series.main.a3.data(),
+                  series.main.a4.data(), t},
+                 series.main.amplitude.data(), {main.data(), main.size()}, m.data());
+    std::array<double, secondary.size()> s{};
+    set.of_linear({series.secondary.a0.data(), series.secondary.a1.data(), t},
+                  series.secondary.amplitude.data(), {secondary.data(), secondary.size()}, s.data());
     const double t2 = t * t;
-    const SeriesTerms& set = series_terms();
-    const auto v = block_sums(0, set.sine, t);
-    const auto u = block_sums(1, set.sine, t);
-    const auto r = block_sums(2, set.cosine, t);
     return {rev360(218.31665 + 481267.88134 * t - 13.268e-4 * t2 + 1.8561e-6 * t2 * t - 1.534e-8 * t2 * t2 +
-                   v[0] + 1e-3 * (v[1] + t * v[2] + 1e-4 * t2 * v[3])),
-            u[0] + 1e-3 * (u[1] + t * u[2] + 1e-4 * t2 * u[3]),
-            385000.57 + r[0] + r[1] + t * r[2] + 1e-4 * t2 * r[3]};
+                   m[0] + 1e-3 * (s[0] + t * s[1] + 1e-4 * t2 * s[2])),
+            m[1] + 1e-3 * (s[3] + t * s[4] + 1e-4 * t2 * s[5]),
+            385000.57 + m[2] + s[6] + t * s[7] + 1e-4 * t2 * s[8]};
 }
 
 /// The tables' own light-time correction.
@@ -61,16 +67,19 @@ void correct_for_light_time(double t, EclipticMoon& moon) {
 
 } // namespace
 
-MoonPlace moon_medium(const Observer& observer, double jd) {
-    const double t = (jd + days_to_dynamical_time(jd) - epoch_j2000) / 36525;
+MoonPlace geocentric_moon_medium(double jd) {
+    const Orientation& orientation = orientation_of(jd);
+    const double t = orientation.dynamical_days / 36525;
     EclipticMoon moon = true_moon(t);
     correct_for_light_time(t, moon);
-    double nutation = 0;
-    double nutation_obliquity = 0;
-    double obliquity = 0;
-    modobliquity(jd, nutation, nutation_obliquity, obliquity);
-    moon.longitude += nutation;
-    return complete_moon(observer, jd, obliquity, nutation, moon);
+    moon.longitude += orientation.nutation_longitude;
+    return geocentric_moon(orientation.frame, moon);
+}
+
+MoonPlace moon_medium(const Observer& observer, double jd) {
+    MoonPlace moon = geocentric_moon_medium(jd);
+    add_topocentric(observer, orientation_of(jd).frame, moon);
+    return moon;
 }
 
 void modcormm(double /*pi_value*/, double jd, double& right_ascension, double& declination,

@@ -28,7 +28,10 @@ FastMoon fast_moon(double jd) {
 
 MoonPlace moon_fast(const Observer& observer, double jd) {
     const FastMoon moon = fast_moon(jd);
-    return complete_moon(observer, jd, moon.obliquity, moon.nutation, moon.place);
+    const SkyFrame frame = sky_frame(jd, moon.obliquity, moon.nutation);
+    MoonPlace place = geocentric_moon(frame, moon.place);
+    add_topocentric(observer, frame, place);
+    return place;
 }
 
 FastPlace moon_fast_place(double jd) {
@@ -42,7 +45,7 @@ FastPlace moon_fast_place(double jd) {
 
 double moon_fast_longitude(const Observer& observer, double jd) {
     const FastMoon moon = fast_moon(jd);
-    return topocentric_longitude(observer, jd, moon.obliquity, moon.nutation, moon.place.longitude,
+    return topocentric_longitude(observer, sky_frame(jd, moon.obliquity, moon.nutation), moon.place.longitude,
                                  moon.place.latitude, moon.place.distance, 'M');
 }
 

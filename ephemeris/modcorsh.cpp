@@ -3,7 +3,7 @@
 #include "ephemeris/earthorientation.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/series.h"
-#include "ephemeris/seriesterms.h"
+#include "ephemeris/seriessums.h"
 #include "ephemeris/sunplace.h"
 #include "ephemeris/sunroutine.h"
 
@@ -12,13 +12,13 @@
 namespace halvane {
 namespace {
 
+constexpr auto groups = consecutive_groups(termfull_groups, TermFunction::cosine);
+
 EarthPlace earth_high(double tau) {
     const SunSeries& series = termfull();
-    std::array<double, longest_series> terms; // NOLINT: filled whole by the next call
-    series_terms().cosine_of_rate(series.amplitude.data(), series.phase.data(), series.frequency.data(), tau,
-                                  series.amplitude.size(), terms.data());
-    std::array<double, termfull_groups.size()> s{};
-    row_order_sums(terms.data(), termfull_groups.data(), termfull_groups.size(), s.data());
+    std::array<double, groups.size()> s{};
+    series_sums().of_rates({series.phase.data(), series.frequency.data(), tau}, series.amplitude.data(),
+                           {groups.data(), groups.size()}, s.data());
     return {s[0] + tau * (s[1] + tau * (s[2] + tau * (s[3] + tau * (s[4] + tau * s[5])))),
             s[6] + tau * (s[7] + tau * (s[8] + tau * (s[9] + tau * s[10]))),
             s[11] + tau * (s[12] + tau * (s[13] + tau * (s[14] + tau * (s[15] + tau * s[16]))))};
@@ -26,12 +26,19 @@ EarthPlace earth_high(double tau) {
 
 } // namespace
 
-SunPlace sun_high(const Observer& observer, double jd) {
-    const double tau = (jd + days_to_dynamical_time(jd) - epoch_j2000) / 365250;
+SunPlace geocentric_sun_high(double jd) {
+    const Orientation& orientation = orientation_of(jd);
+    const double tau = orientation.dynamical_days / 365250;
     const EarthPlace earth = earth_high(tau);
     double variation = 0;
     moddabb(tau, variation);
-    return apparent_sun(observer, jd, tau, earth, -0.005775518 * earth.radius * variation);
+    return apparent_sun(orientation, earth, -0.005775518 * earth.radius * variation);
+}
+
+SunPlace sun_high(const Observer& observer, double jd) {
+    SunPlace sun = geocentric_sun_high(jd);
+    add_topocentric(observer, orientation_of(jd).frame, sun);
+    return sun;
 }
 
 void modcorsh(double /*pi_value*/, double jd, double& right_ascension, double& declination,

@@ -1,28 +1,29 @@
 #include "ephemeris/sun.h"
 
-#include "ephemeris/earthorientation.h"
+#include "ephemeris/coordinates.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/sunplace.h"
 #include "ephemeris/sunroutine.h"
 
-#include <cmath>
-
 namespace halvane {
 
-SunPlace sun_low(const Observer& observer, double jd) {
-    const double t = (jd + days_to_dynamical_time(jd) - epoch_j2000) / 36525;
+SunPlace geocentric_sun_low(double jd) {
+    const Orientation& orientation = orientation_of(jd);
+    const double t = orientation.dynamical_days / 36525;
     const LowSun low = low_sun(t);
-    double nutation = 0;
-    double nutation_obliquity = 0;
-    double obliquity = 0;
-    modobliquity(jd, nutation, nutation_obliquity, obliquity);
-
     SunPlace sun;
     sun.longitude = low_apparent_longitude(low.true_longitude, rev360(125.04 - 1934.136 * t));
     sun.radius = low.radius;
-    complete_sun(observer, jd, obliquity, nutation, sun);
-    sun.equation_of_time = equation_of_time(low.mean_longitude - 0.0057183 - sun.right_ascension +
-                                            nutation * std::cos(obliquity * radians_per_degree));
+    equatorial_of(orientation.frame, sun.longitude, sun.latitude, sun.right_ascension, sun.declination);
+    sun.equation_of_time =
+        equation_of_time(low.mean_longitude - 0.0057183 - sun.right_ascension +
+                         orientation.nutation_longitude * orientation.frame.cosine_obliquity);
+    return sun;
+}
+
+SunPlace sun_low(const Observer& observer, double jd) {
+    SunPlace sun = geocentric_sun_low(jd);
+    add_topocentric(observer, orientation_of(jd).frame, sun);
     return sun;
 }
 

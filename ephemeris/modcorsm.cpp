@@ -3,7 +3,7 @@
 #include "ephemeris/earthorientation.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/series.h"
-#include "ephemeris/seriesterms.h"
+#include "ephemeris/seriessums.h"
 #include "ephemeris/sunplace.h"
 #include "ephemeris/sunroutine.h"
 
@@ -12,7 +12,7 @@
 namespace halvane {
 namespace {
 
-constexpr std::size_t padded_rows = 248;
+constexpr auto groups = consecutive_groups(term_groups, TermFunction::cosine);
 
 /// Divisors of the groups' sums: the file scales the small groups up.
 constexpr std::array<double, term_groups.size()> divisors{1,  10, 10, 1000, 1000, 1000, 1,
@@ -21,11 +21,9 @@ constexpr double unit = 1e8;
 
 EarthPlace earth_medium(double tau) {
     const SunSeries& series = term();
-    std::array<double, padded_rows> terms; // NOLINT: filled whole by the next call
-    series_terms().cosine_of_rate(series.amplitude.data(), series.phase.data(), series.frequency.data(), tau,
-                                  padded_rows, terms.data());
-    std::array<double, term_groups.size()> s{};
-    row_order_sums(terms.data(), term_groups.data(), term_groups.size(), s.data());
+    std::array<double, groups.size()> s{};
+    series_sums().of_rates({series.phase.data(), series.frequency.data(), tau}, series.amplitude.data(),
+                           {groups.data(), groups.size()}, s.data());
     for (std::size_t i = 0; i < s.size(); ++i)
         s[i] /= divisors[i];
     return {(s[0] + tau * (s[1] + tau * (s[2] + tau * (s[3] + tau * (s[4] + tau * s[5]))))) / unit,
@@ -35,10 +33,17 @@ EarthPlace earth_medium(double tau) {
 
 } // namespace
 
-SunPlace sun_medium(const Observer& observer, double jd) {
-    const double tau = (jd + days_to_dynamical_time(jd) - epoch_j2000) / 365250;
+SunPlace geocentric_sun_medium(double jd) {
+    const Orientation& orientation = orientation_of(jd);
+    const double tau = orientation.dynamical_days / 365250;
     const EarthPlace earth = earth_medium(tau);
-    return apparent_sun(observer, jd, tau, earth, -0.0056916111 / earth.radius);
+    return apparent_sun(orientation, earth, -0.0056916111 / earth.radius);
+}
+
+SunPlace sun_medium(const Observer& observer, double jd) {
+    SunPlace sun = geocentric_sun_medium(jd);
+    add_topocentric(observer, orientation_of(jd).frame, sun);
+    return sun;
 }
 
 void modcorsm(double /*pi_value*/, double jd, double& right_ascension, double& declination,

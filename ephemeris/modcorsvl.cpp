@@ -55,7 +55,9 @@ SunPlace sun_fast(const Observer& observer, double jd) {
     SunPlace sun;
     sun.longitude = fast.longitude;
     sun.radius = fast.radius;
-    complete_sun(observer, jd, fast.obliquity, fast.nutation, sun);
+    const SkyFrame frame = sky_frame(jd, fast.obliquity, fast.nutation);
+    equatorial_of(frame, sun.longitude, sun.latitude, sun.right_ascension, sun.declination);
+    add_topocentric(observer, frame, sun);
     return sun;
 }
 
@@ -69,8 +71,8 @@ FastPlace sun_fast_place(double jd) {
 
 double sun_fast_longitude(const Observer& observer, double jd) {
     const FastSun sun = fast_sun(jd);
-    return topocentric_longitude(observer, jd, sun.obliquity, sun.nutation, sun.longitude, 0, sun.radius,
-                                 'S');
+    return topocentric_longitude(observer, sky_frame(jd, sun.obliquity, sun.nutation), sun.longitude, 0,
+                                 sun.radius, 'S');
 }
 
 void modcorsvl(double observer_longitude, double observer_latitude, double jd, double& right_ascension,

@@ -31,15 +31,11 @@ struct Parallactic {
     double longitude; ///< topocentric [rad]
 };
 
-Parallactic parallactic(const Observer& observer, double jd, double obliquity, double nutation,
-                        double longitude, double latitude, double parallax) {
+Parallactic parallactic(const Observer& observer, const SkyFrame& frame, double longitude, double latitude,
+                        double parallax) {
     using std::cos;
     using std::sin;
-    const double epsilon = obliquity * radians_per_degree;
-    const double sine_epsilon = sin(epsilon);
-    const double cosine_epsilon = cos(epsilon);
-    const double theta =
-        local_sidereal_time(jd, observer.longitude, nutation * cosine_epsilon) * radians_per_degree;
+    const double theta = rev360(frame.sidereal_time + observer.longitude) * radians_per_degree;
     const double lambda = longitude * radians_per_degree;
     const double beta = latitude * radians_per_degree;
     const double sine_parallax = sin(parallax);
@@ -47,10 +43,11 @@ Parallactic parallactic(const Observer& observer, double jd, double obliquity, d
     const double cosine_beta = cos(beta);
     Parallactic p{};
     p.x = cos(lambda) * cosine_beta - observer.rho_cosine * sine_parallax * cos(theta);
-    p.y = sin(lambda) * cosine_beta - sine_parallax * (observer.rho_sine * sine_epsilon +
-                                                       observer.rho_cosine * cosine_epsilon * sine_theta);
-    p.z = sin(beta) - sine_parallax * (observer.rho_sine * cosine_epsilon -
-                                       observer.rho_cosine * sine_epsilon * sine_theta);
+    p.y = sin(lambda) * cosine_beta -
+          sine_parallax * (observer.rho_sine * frame.sine_obliquity +
+                           observer.rho_cosine * frame.cosine_obliquity * sine_theta);
+    p.z = sin(beta) - sine_parallax * (observer.rho_sine * frame.cosine_obliquity -
+                                       observer.rho_cosine * frame.sine_obliquity * sine_theta);
     p.longitude = atan2(p.x, p.y);
     return p;
 }
@@ -66,11 +63,11 @@ void hand_out(const TopocentricPlace& place, double& longitude, double& latitude
 
 } // namespace
 
-TopocentricPlace topocentric_place(const Observer& observer, double jd, double obliquity, double nutation,
-                                   double longitude, double latitude, double distance, char body) {
+TopocentricPlace topocentric_place(const Observer& observer, const SkyFrame& frame, double longitude,
+                                   double latitude, double distance, char body) {
     const double parallax = parallax_of(body, distance);
     const double semidiameter = semidiameter_of(body, distance);
-    const Parallactic p = parallactic(observer, jd, obliquity, nutation, longitude, latitude, parallax);
+    const Parallactic p = parallactic(observer, frame, longitude, latitude, parallax);
     const double cosine_lambda = std::cos(p.longitude);
     const double beta_topocentric = std::atan(cosine_lambda * p.z / p.x);
 
@@ -84,10 +81,9 @@ TopocentricPlace topocentric_place(const Observer& observer, double jd, double o
     return place;
 }
 
-double topocentric_longitude(const Observer& observer, double jd, double obliquity, double nutation,
-                             double longitude, double latitude, double distance, char body) {
-    const Parallactic p =
-        parallactic(observer, jd, obliquity, nutation, longitude, latitude, parallax_of(body, distance));
+double topocentric_longitude(const Observer& observer, const SkyFrame& frame, double longitude,
+                             double latitude, double distance, char body) {
+    const Parallactic p = parallactic(observer, frame, longitude, latitude, parallax_of(body, distance));
     return rev360(p.longitude * degrees_per_radian);
 }
 
@@ -98,9 +94,9 @@ double moon_parallax(double distance) {
 void modecltopo(double /*pi_value*/, double jd, double obliquity, double nutation, double longitude,
                 double latitude, double distance, double& topocentric_longitude, double& topocentric_latitude,
                 double& semidiameter, double& topocentric_semidiameter, double& parallax, char body) {
-    hand_out(
-        topocentric_place(stored_observer(), jd, obliquity, nutation, longitude, latitude, distance, body),
-        topocentric_longitude, topocentric_latitude, semidiameter, topocentric_semidiameter, parallax);
+    hand_out(topocentric_place(stored_observer(), sky_frame(jd, obliquity, nutation), longitude, latitude,
+                               distance, body),
+             topocentric_longitude, topocentric_latitude, semidiameter, topocentric_semidiameter, parallax);
 }
 
 void modecltopolow(double observer_longitude, double observer_latitude, double /*pi_value*/, double jd,
@@ -108,8 +104,9 @@ void modecltopolow(double observer_longitude, double observer_latitude, double /
                    double& topocentric_longitude, double& topocentric_latitude, double& semidiameter,
                    double& topocentric_semidiameter, double& parallax, char body) {
     const Observer observer = observer_at(observer_longitude, observer_latitude, 0);
-    hand_out(topocentric_place(observer, jd, obliquity, nutation, longitude, latitude, distance, body),
-             topocentric_longitude, topocentric_latitude, semidiameter, topocentric_semidiameter, parallax);
+    hand_out(
+        topocentric_place(observer, sky_frame(jd, obliquity, nutation), longitude, latitude, distance, body),
+        topocentric_longitude, topocentric_latitude, semidiameter, topocentric_semidiameter, parallax);
 }
 
 } // namespace halvane

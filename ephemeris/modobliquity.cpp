@@ -1,8 +1,9 @@
 #include "ephemeris/earthorientation.h"
 #include "ephemeris/interpolation.h"
 #include "ephemeris/meanobliquity.h"
+#include "ephemeris/orientation.h"
 #include "ephemeris/series.h"
-#include "ephemeris/seriesterms.h"
+#include "ephemeris/seriessums.h"
 
 #include "calendar/moddeltat.h"
 
@@ -10,12 +11,6 @@
 
 namespace halvane {
 namespace {
-
-struct Orientation {
-    double nutation_longitude = 0;
-    double nutation_obliquity = 0;
-    double true_obliquity = 0;
-};
 
 /// D, M, M', F, Omega of the nutation's theory                                           [rad]
 std::array<double, 5> fundamental_arguments(double t) {
@@ -33,28 +28,23 @@ std::array<double, 5> fundamental_arguments(double t) {
 }
 
 Orientation compute(double days) {
-    constexpr std::size_t padded = (nutation_rows + series_padding - 1) / series_padding * series_padding;
     constexpr double units_per_degree = 36000000;
+    constexpr std::size_t rows = padded(nutation_rows);
+    constexpr std::array<TermGroup, 2> groups{
+        {{TermFunction::sine, 0, 0, rows, 0}, {TermFunction::cosine, rows, 0, rows, 1}}};
     const double tau = days / 365250;
     const double t = 10 * tau;
     const PeriodicTerms& table = mterm().nutation;
-    const SeriesTerms& set = series_terms();
 
-    std::array<double, padded> argument{};
-    std::array<double, padded> longitude_amplitude{};
-    std::array<double, padded> obliquity_amplitude{};
-    set.fundamental_argument(table.d.data(), table.m.data(), table.m_prime.data(), table.f.data(),
-                             table.omega.data(), fundamental_arguments(t).data(), padded, argument.data());
-    for (std::size_t i = 0; i < padded; ++i) {
-        longitude_amplitude[i] = table.sine[i] + table.sine_rate[i] * t;
-        obliquity_amplitude[i] = table.cosine[i] + table.cosine_rate[i] * t;
+    std::array<double, 2 * rows> amplitude{};
+    for (std::size_t i = 0; i < rows; ++i) {
+        amplitude[i] = table.sine[i] + table.sine_rate[i] * t;
+        amplitude[rows + i] = table.cosine[i] + table.cosine_rate[i] * t;
     }
-    std::array<double, 2 * padded> terms{};
-    set.sine_and_cosine(longitude_amplitude.data(), obliquity_amplitude.data(), argument.data(), padded,
-                        terms.data(), terms.data() + padded);
-    constexpr std::array<std::size_t, 2> counts{padded, padded};
-    std::array<double, 2> sums{};
-    row_order_sums(terms.data(), counts.data(), counts.size(), sums.data());
+    std::array<double, groups.size()> sums{};
+    series_sums().of_multiples({table.d.data(), table.m.data(), table.m_prime.data(), table.f.data(),
+                                table.omega.data(), fundamental_arguments(t).data()},
+                               amplitude.data(), {groups.data(), groups.size()}, sums.data());
 
     Orientation result;
     result.nutation_longitude = sums[0] / units_per_degree;
@@ -71,30 +61,29 @@ InterpolatedSeries interpolated_orientation([](double days) {
 Orientation interpolated(double days) {
     const auto [nutation_longitude, nutation_obliquity, true_obliquity, none] =
         interpolated_orientation.at(days);
-    return {nutation_longitude, nutation_obliquity, true_obliquity};
+    return {nutation_longitude, nutation_obliquity, true_obliquity, 0, {}};
 }
 
-/// Many routines ask for the orientation of one instant after the other; its last result is kept.
+} // namespace
+
 const Orientation& orientation_of(double jd) {
     static Orientation kept;
     static double kept_jd = 0;
     static int kept_reference = -1;
     static unsigned kept_generation = 0;
-    const auto days = [jd] { return jd + days_to_dynamical_time(jd) - epoch_j2000; };
-    if (interpolating) {
+    const int reference = interpolating ? 2 + tdtinput : tdtinput;
+    if (kept_jd != jd || kept_reference != reference || kept_generation != series_generation()) {
         kept_reference = -1;
-        kept = interpolated(days());
-    } else if (kept_jd != jd || kept_reference != tdtinput || kept_generation != series_generation()) {
-        kept_reference = -1;
-        kept = compute(days());
+        const double days = jd + days_to_dynamical_time(jd) - epoch_j2000;
+        kept = interpolating ? interpolated(days) : compute(days);
+        kept.dynamical_days = days;
+        kept.frame = sky_frame(jd, kept.true_obliquity, kept.nutation_longitude);
         kept_jd = jd;
-        kept_reference = tdtinput;
+        kept_reference = reference;
         kept_generation = series_generation();
     }
     return kept;
 }
-
-} // namespace
 
 double days_to_dynamical_time(double jd) {
     if (tdtinput == 1)

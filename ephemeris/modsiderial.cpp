@@ -1,5 +1,6 @@
 #include "ephemeris/earthorientation.h"
 #include "ephemeris/meanobliquity.h"
+#include "ephemeris/orientation.h"
 
 #include "calendar/moddeltat.h"
 
@@ -31,13 +32,14 @@ double mean_sidereal_time(double days) {
     return 280.46061837 + 360.98564736629 * days + 0.000387933 * t * t - t * t * t / 38710000;
 }
 
+SkyFrame sky_frame(double jd, double true_obliquity, double nutation_longitude) {
+    const double epsilon = true_obliquity * radians_per_degree;
+    const double cosine = std::cos(epsilon);
+    return {std::sin(epsilon), cosine, mean_sidereal_time(universal_days(jd)) + nutation_longitude * cosine};
+}
+
 void modsiderial(double jd, double& sidereal_time) {
-    double nutation_longitude = 0;
-    double nutation_obliquity = 0;
-    double true_obliquity = 0;
-    modobliquity(jd, nutation_longitude, nutation_obliquity, true_obliquity);
-    sidereal_time = into_turn(mean_sidereal_time(universal_days(jd)) +
-                              nutation_longitude * std::cos(true_obliquity * radians_per_degree));
+    sidereal_time = into_turn(orientation_of(jd).frame.sidereal_time);
 }
 
 void modsideriallow(double jd, double& sidereal_time) {
@@ -49,12 +51,9 @@ void modsideriallow(double jd, double& sidereal_time) {
                               nutation_longitude * std::cos(true_obliquity * radians_per_degree));
 }
 
-double local_sidereal_time(double jd, double longitude, double equation) {
-    return rev360(mean_sidereal_time(universal_days(jd)) + equation + longitude);
-}
-
 void modlasttdt(double jd, double longitude, double obliquity, double nutation, double& sidereal_time) {
-    sidereal_time = local_sidereal_time(jd, longitude, nutation * std::cos(obliquity));
+    sidereal_time =
+        rev360(mean_sidereal_time(universal_days(jd)) + nutation * std::cos(obliquity) + longitude);
 }
 
 } // namespace halvane

@@ -47,6 +47,11 @@ void modcormvl(double observer_longitude, double observer_latitude, double jd, d
                double& topocentric_latitude, double& parallax, double& semidiameter,
                double& topocentric_semidiameter, double& distance);
 
+/// The places of modcormm and modcorml without the observer: the topocentric members, the parallax and the
+/// semidiameter stay 0.
+MoonPlace geocentric_moon_medium(double jd);
+MoonPlace geocentric_moon_low(double jd);
+
 /// The three routines for a given observer, by name.
 MoonPlace moon_medium(const Observer& observer, double jd);
 MoonPlace moon_low(const Observer& observer, double jd);

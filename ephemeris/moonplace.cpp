@@ -4,7 +4,7 @@
 #include "ephemeris/interpolation.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/series.h"
-#include "ephemeris/seriesterms.h"
+#include "ephemeris/seriessums.h"
 
 #include <array>
 #include <cmath>
@@ -12,12 +12,10 @@
 namespace halvane {
 namespace {
 
-constexpr std::size_t padded_rows = (moon_rows + series_padding - 1) / series_padding * series_padding;
-
 /// Arguments of the theory at one instant                                                [rad]
 struct Arguments {
     double mean_longitude;
-    std::array<double, 4> fundamental; ///< D, M, M', F
+    std::array<double, 5> fundamental; ///< D, M, M', F; Omega has no part
     double a1, a2, a3;
     double eccentricity; ///< E of the Earth's orbit, a factor
 };
@@ -38,7 +36,7 @@ Arguments arguments_at(double t) {
         reduced(297.8502042 + 445267.1115168 * t - 0.00163 * t2 + t3 / 545868 - t4 / 113065000),
         reduced(357.5291092 + 35999.0502909 * t - 0.0001536 * t2 + t3 / 24490000),
         reduced(134.9634114 + 477198.8676313 * t + 0.008997 * t2 + t3 / 69699 - t4 / 14712000),
-        reduced(93.2720993 + 483202.0175273 * t - 0.0034029 * t2 - t3 / 3526000 + t4 / 863310000)};
+        reduced(93.2720993 + 483202.0175273 * t - 0.0034029 * t2 - t3 / 3526000 + t4 / 863310000), 0};
     a.a1 = reduced(119.75 + 131.849 * t);
     a.a2 = reduced(53.09 + 479264.29 * t);
     a.a3 = reduced(313.45 + 481266.484 * t);
@@ -46,53 +44,33 @@ Arguments arguments_at(double t) {
     return a;
 }
 
-/// Amplitudes times E for each multiple of M, once or twice.
-void scale_by_eccentricity(const Column& amplitude, const Column& multiple_of_m, double eccentricity,
-                           double* scaled) {
-    for (std::size_t i = 0; i < padded_rows; ++i) {
-        const double m = std::fabs(multiple_of_m[i]);
-        const double factor = m == 1 ? eccentricity : m == 2 ? eccentricity * eccentricity : 1;
-        scaled[i] = amplitude[i] * factor;
+constexpr std::size_t longitude_sum = 0; ///< [1e-6 deg]
+constexpr std::size_t latitude_sum = 1;  ///< [1e-6 deg]
+constexpr std::size_t distance_sum = 2;  ///< [0.001 km]
+constexpr std::size_t rows = padded(moon_rows);
+constexpr std::array<TermGroup, 3> groups{{{TermFunction::sine, 0, 0, rows, longitude_sum},
+                                           {TermFunction::sine, rows, rows, rows, latitude_sum},
+                                           {TermFunction::cosine, 2 * rows, 0, rows, distance_sum}}};
+
+std::array<double, groups.size()> periodic_sums(const Arguments& a) {
+    const PeriodicTerms& table = mterm().moon;
+    // Each multiple of M, once or twice, brings a factor E.
+    const double squared = a.eccentricity * a.eccentricity;
+    std::array<double, 2 * rows> factor; // NOLINT: filled whole by the next loop
+    for (std::size_t i = 0; i < factor.size(); ++i) {
+        const double m = std::fabs(table.m[i]);
+        factor[i] = m == 1 ? a.eccentricity : m == 2 ? squared : 1;
     }
-}
-
-void arguments_of(const PeriodicTerms& table, const Arguments& a, double* argument) {
-    series_terms().fundamental_argument(table.d.data(), table.m.data(), table.m_prime.data(), table.f.data(),
-                                        nullptr, a.fundamental.data(), padded_rows, argument);
-}
-
-using Rows = std::array<double, padded_rows>;
-
-/// Sums of the sine terms (1e-6 deg) and of the cosine terms (0.001 km) of the longitude's table.
-std::array<double, 2> longitude_sums(const Arguments& a) {
-    const PeriodicTerms& table = mterm().moon_longitude;
-    Rows argument{};
-    Rows longitude{};
-    Rows distance{};
-    std::array<double, 2 * padded_rows> terms{};
-    arguments_of(table, a, argument.data());
-    scale_by_eccentricity(table.sine, table.m, a.eccentricity, longitude.data());
-    scale_by_eccentricity(table.cosine, table.m, a.eccentricity, distance.data());
-    series_terms().sine_and_cosine(longitude.data(), distance.data(), argument.data(), padded_rows,
-                                   terms.data(), terms.data() + padded_rows);
-    constexpr std::array<std::size_t, 2> counts{padded_rows, padded_rows};
-    std::array<double, 2> sums{};
-    row_order_sums(terms.data(), counts.data(), counts.size(), sums.data());
+    std::array<double, 3 * rows> amplitude; // NOLINT: filled whole by the next loops
+    for (std::size_t i = 0; i < factor.size(); ++i)
+        amplitude[i] = table.sine[i] * factor[i];
+    for (std::size_t i = 0; i < rows; ++i)
+        amplitude[2 * rows + i] = table.cosine[i] * factor[i];
+    std::array<double, groups.size()> sums{};
+    series_sums().of_multiples({table.d.data(), table.m.data(), table.m_prime.data(), table.f.data(),
+                                table.omega.data(), a.fundamental.data()},
+                               amplitude.data(), {groups.data(), groups.size()}, sums.data());
     return sums;
-}
-
-double latitude_sum(const Arguments& a) {
-    const PeriodicTerms& table = mterm().moon_latitude;
-    Rows argument{};
-    Rows latitude{};
-    Rows terms{};
-    arguments_of(table, a, argument.data());
-    scale_by_eccentricity(table.sine, table.m, a.eccentricity, latitude.data());
-    series_terms().sine(latitude.data(), argument.data(), padded_rows, terms.data());
-    constexpr std::size_t count = padded_rows;
-    double sum = 0;
-    row_order_sums(terms.data(), &count, 1, &sum);
-    return sum;
 }
 
 EclipticMoon computed_moon(double days) {
@@ -101,12 +79,12 @@ EclipticMoon computed_moon(double days) {
     const double l = a.mean_longitude;
     const double m_prime = a.fundamental[2];
     const double f = a.fundamental[3];
-    const auto [longitude, distance] = longitude_sums(a);
+    const auto sums = periodic_sums(a);
     const double added_longitude = 3958 * sin(a.a1) + 1962 * sin(l - f) + 318 * sin(a.a2);
     const double added_latitude = -2235 * sin(l) + 382 * sin(a.a3) + 175 * sin(a.a1 - f) +
                                   175 * sin(a.a1 + f) + 127 * sin(l - m_prime) - 115 * sin(l + m_prime);
-    return {l * degrees_per_radian + (longitude + added_longitude) / 1000000,
-            (latitude_sum(a) + added_latitude) / 1000000, 385000.56 + distance / 1000};
+    return {l * degrees_per_radian + (sums[longitude_sum] + added_longitude) / 1000000,
+            (sums[latitude_sum] + added_latitude) / 1000000, 385000.56 + sums[distance_sum] / 1000};
 }
 
 InterpolatedSeries interpolated_moon([](double days) {
@@ -123,23 +101,25 @@ EclipticMoon periodic_moon(double days) {
     return {rev360(longitude), latitude, distance};
 }
 
-MoonPlace complete_moon(const Observer& observer, double jd, double obliquity, double nutation,
-                        const EclipticMoon& moon) {
+MoonPlace geocentric_moon(const SkyFrame& frame, const EclipticMoon& moon) {
     MoonPlace place;
     place.longitude = moon.longitude;
     place.latitude = moon.latitude;
     place.distance = moon.distance;
-    const TopocentricPlace topocentric = topocentric_place(observer, jd, obliquity, nutation, moon.longitude,
-                                                           moon.latitude, moon.distance, 'M');
-    place.topocentric_longitude = topocentric.longitude;
-    place.topocentric_latitude = topocentric.latitude;
-    place.parallax = topocentric.parallax;
-    place.semidiameter = topocentric.semidiameter;
-    place.topocentric_semidiameter = topocentric.topocentric_semidiameter;
-    modeclequa(pi, jd, obliquity, place.longitude, place.latitude, place.right_ascension, place.declination);
-    modeclequa(pi, jd, obliquity, place.topocentric_longitude, place.topocentric_latitude,
-               place.topocentric_right_ascension, place.topocentric_declination);
+    equatorial_of(frame, place.longitude, place.latitude, place.right_ascension, place.declination);
     return place;
+}
+
+void add_topocentric(const Observer& observer, const SkyFrame& frame, MoonPlace& moon) {
+    const TopocentricPlace topocentric =
+        topocentric_place(observer, frame, moon.longitude, moon.latitude, moon.distance, 'M');
+    moon.topocentric_longitude = topocentric.longitude;
+    moon.topocentric_latitude = topocentric.latitude;
+    moon.parallax = topocentric.parallax;
+    moon.semidiameter = topocentric.semidiameter;
+    moon.topocentric_semidiameter = topocentric.topocentric_semidiameter;
+    equatorial_of(frame, moon.topocentric_longitude, moon.topocentric_latitude,
+                  moon.topocentric_right_ascension, moon.topocentric_declination);
 }
 
 } // namespace halvane

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ephemeris/moon.h"
+#include "ephemeris/orientation.h"
 
 namespace halvane {
 
@@ -16,9 +17,11 @@ struct EclipticMoon {
 /// The place by the periodic terms of Meeus, without nutation; `days` of dynamical time from 2000.
 EclipticMoon periodic_moon(double days);
 
-/// The whole place from the geocentric ecliptic one, its longitude with nutation.
-MoonPlace complete_moon(const Observer& observer, double jd, double obliquity, double nutation,
-                        const EclipticMoon& moon);
+/// The geocentric members of a place from the ecliptic one, its longitude with nutation.
+MoonPlace geocentric_moon(const SkyFrame& frame, const EclipticMoon& moon);
+
+/// Fills the members that depend on the observer, and the parallax and the semidiameter.
+void add_topocentric(const Observer& observer, const SkyFrame& frame, MoonPlace& moon);
 
 /// The output arguments that the routines for the Moon share, in their order.
 struct MoonOutputs {

@@ -6,7 +6,6 @@
 #include "app/stored/textfile.h"
 
 #include <functional>
-#include <numeric>
 #include <optional>
 
 namespace halvane {
@@ -18,20 +17,11 @@ std::optional<PeriodicTables> mterm_tables;
 std::optional<MoonSeries> elp_series;
 unsigned generation = 0;
 
-template <class Groups>
-std::size_t total(const Groups& groups) {
-    return std::accumulate(groups.begin(), groups.end(), std::size_t{0});
-}
-
-void pad(Column& column) {
-    column.resize((column.size() + series_padding - 1) / series_padding * series_padding, 0.0);
-}
-
-/// Reads `rows` rows whose columns go to `columns`; an empty place is read and not kept.
-void read_rows(RecordReader& reader, std::size_t rows, const std::vector<Column*>& columns) {
+/// Reads a group of rows whose columns go to `columns`, and pads it; an empty place is read and not kept.
+void read_group(RecordReader& reader, std::size_t rows, const std::vector<Column*>& columns) {
     for (Column* column : columns)
         if (column != nullptr)
-            column->reserve(column->size() + rows + series_padding);
+            column->reserve(column->size() + padded(rows));
     for (std::size_t row = 0; row < rows; ++row) {
         reader.start_record();
         for (Column* column : columns) {
@@ -40,6 +30,9 @@ void read_rows(RecordReader& reader, std::size_t rows, const std::vector<Column*
                 column->push_back(value);
         }
     }
+    for (Column* column : columns)
+        if (column != nullptr)
+            column->resize(padded(column->size()));
 }
 
 template <class Table>
@@ -54,48 +47,36 @@ void load(const char* name, std::optional<Table>& table, void (*fill)(RecordRead
 }
 
 void fill_termfull(RecordReader& reader, SunSeries& series) {
-    read_rows(reader, total(termfull_groups), {&series.amplitude, &series.phase, &series.frequency});
-    for (Column* column : {&series.amplitude, &series.phase, &series.frequency})
-        pad(*column);
+    for (const std::size_t rows : termfull_groups)
+        read_group(reader, rows, {&series.amplitude, &series.phase, &series.frequency});
 }
 
 void fill_term(RecordReader& reader, SunSeries& series) {
-    read_rows(reader, total(term_groups), {nullptr, &series.amplitude, &series.phase, &series.frequency});
-    for (Column* column : {&series.amplitude, &series.phase, &series.frequency})
-        pad(*column);
-}
-
-void fill_periodic(RecordReader& reader, std::size_t rows, PeriodicTerms& terms, bool nutation) {
-    const std::vector<Column*> columns =
-        nutation ? std::vector<Column*>{nullptr,       &terms.d,          &terms.m,    &terms.m_prime,
-                                        &terms.f,      &terms.omega,      &terms.sine, &terms.sine_rate,
-                                        &terms.cosine, &terms.cosine_rate}
-                 : std::vector<Column*>{nullptr,     &terms.d,      &terms.m, &terms.m_prime, &terms.f,
-                                        &terms.sine, &terms.cosine, nullptr,  nullptr,        nullptr};
-    read_rows(reader, rows, columns);
-    for (Column* column : columns)
-        if (column != nullptr)
-            pad(*column);
+    for (const std::size_t rows : term_groups)
+        read_group(reader, rows, {nullptr, &series.amplitude, &series.phase, &series.frequency});
 }
 
 void fill_mterm(RecordReader& reader, PeriodicTables& tables) {
-    fill_periodic(reader, nutation_rows, tables.nutation, true);
-    fill_periodic(reader, moon_rows, tables.moon_longitude, false);
-    fill_periodic(reader, moon_rows, tables.moon_latitude, false);
+    PeriodicTerms& nutation = tables.nutation;
+    read_group(reader, nutation_rows,
+               {nullptr, &nutation.d, &nutation.m, &nutation.m_prime, &nutation.f, &nutation.omega,
+                &nutation.sine, &nutation.sine_rate, &nutation.cosine, &nutation.cosine_rate});
+    PeriodicTerms& moon = tables.moon;
+    for (int table = 0; table < 2; ++table)
+        read_group(reader, moon_rows,
+                   {nullptr, &moon.d, &moon.m, &moon.m_prime, &moon.f, &moon.sine, &moon.cosine, nullptr,
+                    nullptr, nullptr});
+    moon.omega.resize(moon.d.size());
 }
 
 void fill_elp(RecordReader& reader, MoonSeries& series) {
-    for (std::size_t i = 0; i < series.coordinate.size(); ++i) {
-        MoonMainTerms& main = series.coordinate[i].main;
-        MoonSecondaryTerms& secondary = series.coordinate[i].secondary;
-        const auto& rows = elp_blocks[i];
-        read_rows(reader, rows[0],
-                  {nullptr, &main.amplitude, &main.a0, &main.a1, &main.a2, &main.a3, &main.a4});
+    MoonMainTerms& main = series.main;
+    MoonSecondaryTerms& secondary = series.secondary;
+    for (const auto& rows : elp_blocks) {
+        read_group(reader, rows[0],
+                   {nullptr, &main.amplitude, &main.a0, &main.a1, &main.a2, &main.a3, &main.a4});
         for (std::size_t block = 1; block < rows.size(); ++block)
-            read_rows(reader, rows[block], {nullptr, &secondary.amplitude, &secondary.a0, &secondary.a1});
-        for (Column* column : {&main.amplitude, &main.a0, &main.a1, &main.a2, &main.a3, &main.a4,
-                               &secondary.amplitude, &secondary.a0, &secondary.a1})
-            pad(*column);
+            read_group(reader, rows[block], {nullptr, &secondary.amplitude, &secondary.a0, &secondary.a1});
     }
 }
 

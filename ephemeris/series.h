@@ -1,16 +1,15 @@
 #pragma once
 
+#include "ephemeris/seriessums.h"
+
 #include <array>
 #include <cstddef>
 #include <vector>
 
 namespace halvane {
 
-/// One column of a series, padded with zeros to a whole number of the widest vectors.
+/// One column of a series; each group is padded with zeros (see seriessums.h).
 using Column = std::vector<double>;
-
-/// Rows are padded to a multiple of this count.
-inline constexpr std::size_t series_padding = 8;
 
 /// Terms A cos(B + C tau) of VSOP87 in groups by coordinate and power of tau.
 struct SunSeries {
@@ -36,13 +35,10 @@ struct MoonSecondaryTerms {
 };
 
 /// `elp.vsk`: longitude, latitude and distance, each a main block and three secondary ones (factors 1, T and
-/// 1e-4 T^2). The secondary blocks of a coordinate stand one after the other.
+/// 1e-4 T^2). The main blocks stand one after the other, and so do the secondary ones.
 struct MoonSeries {
-    struct Coordinate {
-        MoonMainTerms main;
-        MoonSecondaryTerms secondary;
-    };
-    std::array<Coordinate, 3> coordinate; ///< longitude, latitude, distance
+    MoonMainTerms main;
+    MoonSecondaryTerms secondary;
 };
 
 /// Row counts of `elp.vsk` by coordinate: main block, then the three secondary ones.
@@ -60,11 +56,11 @@ struct PeriodicTerms {
 inline constexpr std::size_t nutation_rows = 63;
 inline constexpr std::size_t moon_rows = 60;
 
-/// `mterm.vsk`: nutation, and the Moon's longitude with its distance, and its latitude.
+/// `mterm.vsk`: nutation; and the Moon's longitude (sine, 1e-6 deg) with her distance (cosine, 0.001 km),
+/// then her latitude (sine, 1e-6 deg), `moon_rows` each.
 struct PeriodicTables {
     PeriodicTerms nutation;
-    PeriodicTerms moon_longitude; ///< sine: longitude, 1e-6 deg; cosine: distance, 0.001 km
-    PeriodicTerms moon_latitude;  ///< sine: latitude, 1e-6 deg
+    PeriodicTerms moon;
 };
 
 /// Fill the process-wide arrays from the four files. Rows past the fixed count are not read.

@@ -50,6 +50,11 @@ void modcorsvl(double observer_longitude, double observer_latitude, double jd, d
                double& longitude, double& latitude, double& topocentric_longitude,
                double& topocentric_latitude, double& radius);
 
+/// The places of modcorsh, modcorsm and modcorsl without the observer: the topocentric members stay 0.
+SunPlace geocentric_sun_high(double jd);
+SunPlace geocentric_sun_medium(double jd);
+SunPlace geocentric_sun_low(double jd);
+
 /// The four routines for a given observer, by name.
 SunPlace sun_high(const Observer& observer, double jd);
 SunPlace sun_medium(const Observer& observer, double jd);

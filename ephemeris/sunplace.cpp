@@ -27,18 +27,17 @@ double equation_of_time(double e) {
     return 4 * e;
 }
 
-void complete_sun(const Observer& observer, double jd, double obliquity, double nutation, SunPlace& sun) {
+void add_topocentric(const Observer& observer, const SkyFrame& frame, SunPlace& sun) {
     const TopocentricPlace place =
-        topocentric_place(observer, jd, obliquity, nutation, sun.longitude, sun.latitude, sun.radius, 'S');
+        topocentric_place(observer, frame, sun.longitude, sun.latitude, sun.radius, 'S');
     sun.topocentric_longitude = place.longitude;
     sun.topocentric_latitude = place.latitude;
-    modeclequa(pi, jd, obliquity, sun.longitude, sun.latitude, sun.right_ascension, sun.declination);
-    modeclequa(pi, jd, obliquity, sun.topocentric_longitude, sun.topocentric_latitude,
-               sun.topocentric_right_ascension, sun.topocentric_declination);
+    equatorial_of(frame, sun.topocentric_longitude, sun.topocentric_latitude, sun.topocentric_right_ascension,
+                  sun.topocentric_declination);
 }
 
-SunPlace apparent_sun(const Observer& observer, double jd, double tau, const EarthPlace& earth,
-                      double aberration) {
+SunPlace apparent_sun(const Orientation& orientation, const EarthPlace& earth, double aberration) {
+    const double tau = orientation.dynamical_days / 365250;
     constexpr double fk5_latitude = 1.0877777777e-05; // 0.03916"
     constexpr double fk5_longitude = 2.5e-05;         // 0.09"
     double longitude = rev360(earth.longitude * degrees_per_radian + 180);
@@ -48,19 +47,14 @@ SunPlace apparent_sun(const Observer& observer, double jd, double tau, const Ear
     latitude += (std::cos(l) - std::sin(l)) * fk5_latitude;
     longitude -= fk5_longitude;
 
-    double nutation = 0;
-    double nutation_obliquity = 0;
-    double obliquity = 0;
-    modobliquity(jd, nutation, nutation_obliquity, obliquity);
-
     SunPlace sun;
-    sun.longitude = rev360(longitude + nutation + aberration);
+    sun.longitude = rev360(longitude + orientation.nutation_longitude + aberration);
     sun.latitude = latitude;
     sun.radius = earth.radius;
-    complete_sun(observer, jd, obliquity, nutation, sun);
+    equatorial_of(orientation.frame, sun.longitude, sun.latitude, sun.right_ascension, sun.declination);
     // The nutation goes in whole, without the cosine of the obliquity.
-    sun.equation_of_time =
-        equation_of_time(rev360(sun_mean_longitude(tau)) - 0.0057183 - sun.right_ascension + nutation);
+    sun.equation_of_time = equation_of_time(rev360(sun_mean_longitude(tau)) - 0.0057183 -
+                                            sun.right_ascension + orientation.nutation_longitude);
     return sun;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ephemeris/orientation.h"
 #include "ephemeris/sun.h"
 
 namespace halvane {
@@ -16,13 +17,12 @@ struct EarthPlace {
     double radius;
 };
 
-/// Apparent place from the Earth's heliocentric one, by the FK5 correction, the aberration [deg] and the
-/// nutation; with the equation of time.
-SunPlace apparent_sun(const Observer& observer, double jd, double tau, const EarthPlace& earth,
-                      double aberration);
+/// Apparent geocentric place from the Earth's heliocentric one, by the FK5 correction, the aberration [deg]
+/// and the nutation; with the equation of time.
+SunPlace apparent_sun(const Orientation& orientation, const EarthPlace& earth, double aberration);
 
-/// Fills the topocentric and the equatorial places from the geocentric ecliptic one.
-void complete_sun(const Observer& observer, double jd, double obliquity, double nutation, SunPlace& sun);
+/// Fills the topocentric places from the geocentric ecliptic one.
+void add_topocentric(const Observer& observer, const SkyFrame& frame, SunPlace& sun);
 
 /// 4 E minutes, from E in degrees folded to within 6.
 /// Error  raises RunTimeFailure for a value that is not finite.

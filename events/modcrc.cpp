@@ -18,23 +18,26 @@ double hours_to_altitude(double altitude, double h0, double cosine_latitude, dou
     return 24 * days;
 }
 
+bool has_left_the_theories(double hours) {
+    constexpr double a_thousand_years = 8766e3;
+    return !(std::fabs(hours) < a_thousand_years);
+}
+
 void modcrc(double& t, double jd0, double h0, double lat, double lon, std::string_view body) {
     const Observer& observer = stored_observer();
     const double jd = jd0 + t / 24;
     double right_ascension = 0;
     double declination = 0;
     if (body == "Moon") {
-        const MoonPlace moon = moon_medium(observer, jd);
+        const MoonPlace moon = geocentric_moon_medium(jd);
         right_ascension = moon.right_ascension;
         declination = moon.declination;
     } else {
-        const SunPlace sun = sun_medium(observer, jd);
+        const SunPlace sun = geocentric_sun_medium(jd);
         right_ascension = sun.right_ascension;
         declination = sun.declination;
     }
-    double altitude = 0;
-    double azimuth = 0;
-    altazm_of(observer, jd, right_ascension, declination, altitude, azimuth);
+    const double altitude = altitude_of(observer, jd, right_ascension, declination);
     double sidereal_time = 0;
     modsiderial(jd, sidereal_time);
     const double hour_angle = turn_into_360(sidereal_time + lon - right_ascension);

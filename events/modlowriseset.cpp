@@ -40,11 +40,11 @@ TaggedTime refined(double estimate, double midnight, double h0, const Observer& 
     double result = estimate;
     for (int round = 0; round < most_rounds; ++round) {
         result = corrected_by(estimate, midnight, h0, observer, body);
-        if (std::fabs(result - estimate) <= tolerance)
+        if (std::fabs(result - estimate) <= tolerance || has_left_the_theories(result))
             break;
         estimate = result;
     }
-    if (result < 0 || result > 24)
+    if (!(result >= 0 && result <= 24))
         return NoEvent::none;
     return result;
 }

@@ -9,6 +9,7 @@
 #include "ephemeris/moon.h"
 #include "ephemeris/series.h"
 #include "ephemeris/sun.h"
+#include "events/correction.h"
 #include "events/modquad.h"
 
 #include <array>
@@ -48,11 +49,9 @@ public:
         double& value = sine_[static_cast<std::size_t>(hour)];
         if (std::isnan(value)) {
             const double jd = jd0 + hour / 24.0;
-            const SunPlace sun = sun_low(observer, jd);
-            double altitude = 0;
-            double azimuth = 0;
-            altazm_of(observer, jd, sun.right_ascension, sun.declination, altitude, azimuth);
-            value = std::sin(altitude * radians_per_degree);
+            const SunPlace sun = geocentric_sun_low(jd);
+            value = std::sin(altitude_of(observer, jd, sun.right_ascension, sun.declination) *
+                             radians_per_degree);
         }
         return value;
     }
@@ -79,6 +78,7 @@ struct Search {
     const Preferences& preferences;
     const Location& location;
     const Observer& observer;
+    MoonPlace moon_at_one; ///< the Moon one hour after the day's start, when she is the body
 
     bool is_moon() const { return body == "Moon"; }
     bool is_twilight() const { return body == "Fajer" || body == "Isha"; }
@@ -87,7 +87,7 @@ struct Search {
 };
 
 double sun_threshold(const Search& search) {
-    const double radius = sun_medium(search.observer, search.jd0 + 0.5).radius;
+    const double radius = geocentric_sun_medium(search.jd0 + 0.5).radius;
     const double depression = search.refraction() + 0.2665639 / radius - 0.0024;
     const double dip = horizon_dip(search.location.elevation);
     sunhorizonalt = -(dip + depression);
@@ -112,7 +112,7 @@ double twilight_threshold(const Search& search) {
 /// Altitude at which a shadow has grown by its rule's length since noon.
 /// Source Meeus, Astronomical Algorithms, chapter "Atmospheric Refraction" (both refractions).
 double asr_threshold(const Search& search) {
-    const double declination = sun_medium(search.observer, search.jd0 + 0.5).declination * radians_per_degree;
+    const double declination = geocentric_sun_medium(search.jd0 + 0.5).declination * radians_per_degree;
     const double latitude = search.observer.latitude * radians_per_degree;
     const double x = std::sin(latitude) * std::sin(declination) + std::cos(declination) * std::cos(latitude);
     const double noon = std::atan(x / std::sqrt(1 - x * x));
@@ -133,7 +133,7 @@ double threshold(const Search& search) {
     if (search.body == "Sun")
         return sun_threshold(search);
     if (search.is_moon())
-        return moon_threshold(search, moon_low(search.observer, search.jd0 + 1.0 / 24), true);
+        return moon_threshold(search, search.moon_at_one, true);
     return search.is_twilight() ? twilight_threshold(search) : asr_threshold(search);
 }
 
@@ -153,14 +153,14 @@ public:
     double sine(int hour) {
         if (!search_.is_moon())
             return scanned_sun().sine_of_altitude(search_.observer, search_.jd0, hour);
-        return sine_of(moon(hour), hour);
+        return sine_of(geocentric_moon_low(instant(hour)), hour);
     }
-    MoonPlace moon(int hour) const { return moon_low(search_.observer, instant(hour)); }
+    MoonPlace moon(int hour) const {
+        return hour == 1 ? search_.moon_at_one : moon_low(search_.observer, instant(hour));
+    }
     double sine_of(const MoonPlace& moon, int hour) const {
-        double altitude = 0;
-        double azimuth = 0;
-        altazm_of(search_.observer, instant(hour), moon.right_ascension, moon.declination, altitude, azimuth);
-        return std::sin(altitude * radians_per_degree);
+        return std::sin(altitude_of(search_.observer, instant(hour), moon.right_ascension, moon.declination) *
+                        radians_per_degree);
     }
 
 private:
@@ -223,7 +223,7 @@ double refine(const Search& search, double h0, double event) {
     for (int rounds = 0; rounds < most_rounds; ++rounds) {
         t = event;
         modcrc(t, search.jd0, h0, search.observer.latitude, search.observer.longitude, search.body);
-        if (std::fabs(event - t) <= half_a_second)
+        if (std::fabs(event - t) <= half_a_second || has_left_the_theories(t))
             break;
         event = t;
     }
@@ -238,7 +238,9 @@ bool within_day(double hours) {
 
 void modriseset(std::string_view body, double jd0, TaggedTime& rise, TaggedTime& set) {
     const Observer observer = stored_observer();
-    const Search search{body, jd0, read_pref(), read_loc(), observer};
+    Search search{body, jd0, read_pref(), read_loc(), observer, {}};
+    if (search.is_moon())
+        search.moon_at_one = moon_low(observer, jd0 + 1.0 / 24);
     double h0 = require_finite(threshold(search), "a rise or set altitude");
     Found found = scan(search, h0);
     if (found.rise) {

@@ -101,18 +101,25 @@ double elongation_from_phase(Phase phase, double moon_longitude, double sun_long
     return d > 60 ? d - 360 : d;
 }
 
+namespace {
+
+double elongation_at(Phase phase, double t, bool geocentric) {
+    if (geocentric)
+        return elongation_from_phase(phase, geocentric_moon_medium(t).longitude,
+                                     geocentric_sun_high(t).longitude);
+    const Observer& observer = stored_observer();
+    return elongation_from_phase(phase, moon_medium(observer, t).topocentric_longitude,
+                                 sun_high(observer, t).topocentric_longitude);
+}
+
+} // namespace
+
 double refined_phase(Phase phase, double estimate, bool geocentric) {
     const TdtSpan dynamical_time(1);
-    const Observer observer = stored_observer();
     SearchGuard guard("a phase of the Moon");
     double t = estimate;
     for (;;) {
-        const SunPlace sun = sun_high(observer, t);
-        const MoonPlace moon = moon_medium(observer, t);
-        const double d =
-            geocentric ? elongation_from_phase(phase, moon.longitude, sun.longitude)
-                       : elongation_from_phase(phase, moon.topocentric_longitude, sun.topocentric_longitude);
-        const double next = guard.check(t - d * days_per_degree);
+        const double next = guard.check(t - elongation_at(phase, t, geocentric) * days_per_degree);
         const double step = std::fabs(next - t);
         t = next;
         if (step <= phase_tolerance)

@@ -94,7 +94,7 @@ void frmphase::connect_controls() {
 }
 
 void frmphase::load() {
-    const PhaseSettings stored = read_phase();
+    const PhaseSettings& stored = read_phase();
     ui_->txtyear->setText(QString::fromStdString(stored.year));
     txtyear_change();
     (stored.geocentric ? ui_->optgeo : ui_->opttopo)->setChecked(true);

@@ -96,6 +96,8 @@ RunOutcome cmdcom(Progress& progress) {
 
 PrayerTimes today_prayer_times(double todayjd) {
     const TdtSpan universal_time(0);
+    // The main panel may be loaded again in the middle of a report with forced angles.
+    const SwitchGuard angles(forcedtwilight, std::nullopt);
     const PrayerSettings settings = read_prayer_settings(DayMode::today);
     read_date();
     return prayer_day(settings, todayjd, summer_hours_of(settings.preferences, todayjd)).times;

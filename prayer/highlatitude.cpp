@@ -68,8 +68,8 @@ int minutes_of(const std::string& clock) {
 std::string moved(const std::string& clock, double minutes) {
     const int sum = minutes_of(clock) + static_cast<int>(std::nearbyint(minutes));
     const int wrapped = ((sum % minutes_per_day) + minutes_per_day) % minutes_per_day;
-    return format_number(wrapped / minutes_per_hour, "00") + ":" +
-           format_number(wrapped % minutes_per_hour, "00");
+    const int hours = wrapped / minutes_per_hour;
+    return format_number(hours, "00") + ":" + format_number(wrapped % minutes_per_hour, "00");
 }
 
 /// Whole minutes from one clock text to another of the same date.

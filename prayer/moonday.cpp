@@ -39,13 +39,13 @@ double transit_hours(const Observer& observer, double jd, double clock_ahead) {
     const double midnight = jd - clock_ahead / hours_per_day;
     double sidereal_time = 0;
     modsiderial(midnight, sidereal_time);
-    const double first = moon_low(observer, midnight).right_ascension - observer.longitude - sidereal_time;
+    const double first = geocentric_moon_low(midnight).right_ascension - observer.longitude - sidereal_time;
     double t = into_day(first / 360 * hours_per_day);
     SearchGuard guard("the Moon's transit");
     for (;;) {
         const double instant = jd - (clock_ahead - t) / hours_per_day;
         modsiderial(instant, sidereal_time);
-        const double right_ascension = moon_medium(observer, instant).right_ascension;
+        const double right_ascension = geocentric_moon_medium(instant).right_ascension;
         const double hour_angle = hour_angle_of(sidereal_time, observer.longitude, right_ascension);
         const double next = guard.check(t - hour_angle / 360 * hours_per_day);
         if (std::fabs(t - next) <= tolerance)
@@ -56,7 +56,7 @@ double transit_hours(const Observer& observer, double jd, double clock_ahead) {
 
 bool is_passage(const Observer& observer, double instant) {
     constexpr double meridian_tolerance = 7;
-    const MoonPlace moon = moon_low(observer, instant);
+    const MoonPlace moon = geocentric_moon_low(instant);
     double altitude = 0;
     double azimuth = 0;
     altazm_of(observer, instant, moon.right_ascension, moon.declination, altitude, azimuth);

@@ -144,23 +144,20 @@ private:
 
     void find_dhohur() {
         constexpr double tolerance = 6.94444e-05; // a quarter of a second
-        const Observer& observer = stored_observer();
-        double t = transit(sun_low(observer, jd_ + 0.5 - clock_ahead_ / 24).equation_of_time);
+        double t = transit(geocentric_sun_low(jd_ + 0.5 - clock_ahead_ / 24).equation_of_time);
         double instant = 0;
         SunPlace sun;
         SearchGuard guard("the Sun's transit");
         for (;;) {
             instant = jd_ - (clock_ahead_ - t) / 24;
-            sun = sun_medium(observer, instant);
+            sun = geocentric_sun_medium(instant);
             const double next = guard.check(transit(sun.equation_of_time));
             const double change = std::fabs(t - next);
             t = next;
             if (change <= tolerance)
                 break;
         }
-        double altitude = 0;
-        double azimuth = 0;
-        altazm_of(observer, instant, sun.right_ascension, sun.declination, altitude, azimuth);
+        const double altitude = altitude_of(stored_observer(), instant, sun.right_ascension, sun.declination);
         std::string& dhohur = day_.times.dhohur;
         dhohur = clock(t + settings_.preferences.add_dhohur / 60);
         if (altitude <= sunhorizonalt)

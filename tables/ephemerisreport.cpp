@@ -32,8 +32,10 @@ std::string clock_and_date(double clock) {
     const double whole_day = std::floor(day);
     std::string text;
     modctim(to_the_second, (day - whole_day) * 24, text);
-    return text + " " + format_number(whole_day, "00") + "/" + format_number(month, "00") + "/" +
-           format_number(year, "0000");
+    append_number(text += ' ', whole_day, "00");
+    append_number(text += '/', month, "00");
+    append_number(text += '/', year, "0000");
+    return text;
 }
 
 std::string unsigned_text(char unit, double value) {

@@ -90,7 +90,8 @@ TableSpan table_span(const EphemerisSettings& settings, double zone) {
 }
 
 RunOutcome write_ephemeris_table(const EphemerisSettings& settings, Progress& progress) {
-    const Location location = read_loc();
+    // A copy: the panels that a yield lets run may store another place.
+    const Location location = read_loc(); // NOLINT(performance-unnecessary-copy-initialization)
     const TableSpan span = table_span(settings, location.zone);
     if (span.end < span.start)
         return RunOutcome::refused;

@@ -7,7 +7,6 @@
 #include "app/messages.h"
 #include "app/platform/platform.h"
 #include "app/stored/record.h"
-#include "calendar/numberformat.h"
 #include "tables/ephemeristable.h"
 #include "ui_frmcoor.h"
 
@@ -79,11 +78,6 @@ void fill_with_texts(QComboBox& list, std::span<const Twin> texts, Language lang
         list.addItem(text_of(text, language));
 }
 
-void fill_from_zero(QComboBox& list, int last) {
-    fill_with_numbers(list, last);
-    list.insertItem(0, QStringLiteral("0"));
-}
-
 /// The six inputs of a moment.
 struct Moment {
     QLineEdit* year;
@@ -94,14 +88,6 @@ void show_moment(const Moment& moment, double year, const std::array<double, 5>&
     moment.year->setText(QString::fromStdString(plain_number(year)));
     for (std::size_t i = 0; i < numbers.size(); ++i)
         choose_entry(*moment.lists[i], plain_number(numbers[i]));
-}
-
-double number_in(const QLineEdit& box) {
-    return numeric_prefix(text_of(box));
-}
-
-double number_in(const QComboBox& list) {
-    return numeric_prefix(text_of(list));
 }
 
 } // namespace
@@ -146,8 +132,7 @@ void frmcoor::set_sizes() {
     shape_number_box(*ui_->txti, kLongestInterval);
 }
 
-void frmcoor::load(const EphemerisSettings& stored) {
-    const EphemerisSettings settings = stored;
+void frmcoor::load(const EphemerisSettings& settings) {
     ui_->cboobj->setCurrentIndex(settings.object == 1 ? 1 : 0);
     (settings.local_ut1 ? ui_->optut : ui_->opttdt)->setChecked(true);
     (settings.geocentric ? ui_->optgeo : ui_->opttopo)->setChecked(true);
@@ -200,10 +185,9 @@ void frmcoor::cmdcalc_click() {
     if (panel != nullptr)
         ui_->cmdcalc->setEnabled(true);
     if (outcome == RunOutcome::refused && panel != nullptr) {
-        const bool english = language_ == Language::english;
         const TableMessage& words = end_before_start;
-        warn(this, QString::fromUtf8(english ? words.title : words.title_arabic),
-             QString::fromUtf8(english ? words.text : words.text_arabic), language_);
+        warn(this, text_of({"", words.title, words.title_arabic}, language_),
+             text_of({"", words.text, words.text_arabic}, language_), language_);
         ask_again(*ui_->txt2y);
     }
     if (outcome != RunOutcome::done)

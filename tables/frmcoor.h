@@ -28,7 +28,7 @@ public:
 private:
     void fill_lists();
     void set_sizes();
-    void load(const EphemerisSettings& stored);
+    void load(const EphemerisSettings& settings);
     EphemerisSettings shown() const;
 
     std::unique_ptr<Ui::frmcoor> ui_;

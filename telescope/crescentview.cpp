@@ -78,7 +78,8 @@ void CrescentView::draw_zenith_mark(QPainter& painter, const QRect& square) cons
     painter.setPen(kMark);
     const int gap = QFontMetrics(small).lineSpacing() / 4;
     const QRect place = square.adjusted(gap, gap, -gap, -gap);
-    painter.drawText(place, Qt::AlignLeft | (zenith_below_ ? Qt::AlignBottom : Qt::AlignTop),
+    const int side = zenith_below_ ? Qt::AlignBottom : Qt::AlignTop;
+    painter.drawText(place, Qt::AlignLeft | side,
                      (zenith_below_ ? QStringLiteral("↓ ") : QStringLiteral("↑ ")) + zenith_);
 }
 

@@ -6,7 +6,6 @@
 #include "app/messages.h"
 #include "app/stored/record.h"
 #include "calendar/machineclock.h"
-#include "calendar/numberformat.h"
 #include "telescope/crescentpicture.h"
 #include "telescope/readouts.h"
 #include "ui_frmtele.h"
@@ -68,15 +67,6 @@ constexpr const char* kLongestYear = "-88888";
 constexpr const char* kLongestReadOut = "-88°:88':88\"";
 constexpr double kReadOutSize = 1.15;
 
-void fill_from_zero(QComboBox& list, int last) {
-    fill_with_numbers(list, last);
-    list.insertItem(0, QStringLiteral("0"));
-}
-
-double number_in(const QComboBox& list) {
-    return numeric_prefix(text_of(list));
-}
-
 } // namespace
 
 std::span<const Twin> frmtele_twins() {
@@ -128,8 +118,7 @@ void frmtele::connect_controls() {
         connect(flip, &QCheckBox::clicked, this, &frmtele::flip_click);
 }
 
-void frmtele::load(const TelescopeSettings& stored) {
-    const TelescopeSettings settings = stored;
+void frmtele::load(const TelescopeSettings& settings) {
     ui_->txtyear->setText(QString::fromStdString(plain_number(settings.year)));
     choose_entry(*ui_->cbomonth, plain_number(settings.month));
     choose_entry(*ui_->cboday, plain_number(settings.day));
@@ -143,7 +132,7 @@ void frmtele::load(const TelescopeSettings& stored) {
 
 TelescopeSettings frmtele::shown() const {
     TelescopeSettings settings;
-    settings.year = numeric_prefix(text_of(*ui_->txtyear));
+    settings.year = number_in(*ui_->txtyear);
     settings.month = number_in(*ui_->cbomonth);
     settings.day = number_in(*ui_->cboday);
     settings.hour = number_in(*ui_->cbohour);
@@ -174,10 +163,9 @@ void frmtele::cmdnow_click() {
 void frmtele::cmdcalc_click() {
     const std::optional<TelescopePointing> pointing = telescope_pointing(shown());
     if (!pointing) {
-        const bool english = language_ == Language::english;
         const TelescopeMessage& words = moon_below_horizon;
-        warn(this, QString::fromUtf8(english ? words.title : words.title_arabic),
-             QString::fromUtf8(english ? words.text : words.text_arabic), language_);
+        warn(this, text_of({"", words.title, words.title_arabic}, language_),
+             text_of({"", words.text, words.text_arabic}, language_), language_);
         return;
     }
     zenith_angle_ = pointing->zenith_angle;

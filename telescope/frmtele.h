@@ -32,7 +32,7 @@ private:
     void fill_lists();
     void set_sizes();
     void connect_controls();
-    void load(const TelescopeSettings& stored);
+    void load(const TelescopeSettings& settings);
     TelescopeSettings shown() const;
     void show_picture();
     void show_limb(const QString& angle);

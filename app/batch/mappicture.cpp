@@ -1,15 +1,13 @@
 #include "app/batch/mappicture.h"
 
 #include "app/stored/failure.h"
-#include "app/stored/programfolder.h"
 #include "crescent/gif.h"
+#include "crescent/mapsheet.h"
 #include "crescent/maptexts.h"
 
 #include <cmath>
 #include <cstdio>
-#include <filesystem>
 #include <memory>
-#include <system_error>
 
 #include <gd.h>
 #include <gdfontl.h>
@@ -26,14 +24,6 @@ struct FileEnd {
     void operator()(std::FILE* file) const { std::fclose(file); }
 };
 
-std::string map_picture_path() {
-    std::error_code ignored;
-    const std::string own = program_path("map.gif");
-    if (std::filesystem::exists(own, ignored))
-        return own;
-    return (std::filesystem::path(executable_folder()) / "map.gif").string();
-}
-
 Image read_map() {
     const std::string path = map_picture_path();
     const std::unique_ptr<std::FILE, FileEnd> file(std::fopen(path.c_str(), "rb"));
@@ -44,15 +34,10 @@ Image read_map() {
     return map;
 }
 
-constexpr int margin = 12;
-constexpr int line_height = 20;
-constexpr int lines_below = 7;
-constexpr int swatch = 11;
-
 /// The map over a white band for the words.
 class Canvas {
 public:
-    Canvas() : image_(gdImageCreate(map_width, map_height + lines_below * line_height + 2 * margin)) {
+    Canvas() : image_(gdImageCreate(MapSheet::width, MapSheet::height)) {
         const Image map = read_map();
         const int white = gdImageColorAllocate(image_.get(), 255, 255, 255);
         ink_ = gdImageColorAllocate(image_.get(), 34, 40, 49);
@@ -68,7 +53,7 @@ public:
     }
 
     void paint(const MapPoint& point) {
-        constexpr int diameter = 4; // a circle of radius 2
+        constexpr int diameter = 2 * map_point_radius;
         if (point.visibility == VisibilityClass::not_possible)
             return;
         const MapPixel at = map_pixel(point.longitude, point.latitude);
@@ -79,20 +64,21 @@ public:
     void write_information(const std::vector<std::string>& lines) {
         int line = 0;
         for (const std::string& text : lines)
-            write(margin, line++, text);
+            write(MapSheet::margin, line++, text);
     }
 
     void write_legend(const std::vector<LegendLine>& legend) {
-        constexpr int left = map_width / 2;
+        constexpr int left = MapSheet::legend_left;
+        constexpr int swatch = MapSheet::swatch;
         int line = 0;
         for (const LegendLine& entry : legend) {
-            const int y = line_top(line) + 4;
+            const int y = MapSheet::swatch_top(line);
             const bool coloured = entry.visibility != VisibilityClass::not_possible;
             if (coloured)
                 gdImageFilledRectangle(image_.get(), left, y, left + swatch, y + swatch,
                                        colour_of(entry.visibility));
             gdImageRectangle(image_.get(), left, y, left + swatch, y + swatch, ink_);
-            write(left + swatch + margin, line++, entry.english);
+            write(left + swatch + MapSheet::margin, line++, entry.english);
         }
     }
 
@@ -111,8 +97,6 @@ public:
     }
 
 private:
-    static int line_top(int line) { return map_height + margin + line * line_height; }
-
     int colour_of(VisibilityClass visibility) const {
         const ClassColour colour = class_colour(visibility);
         return gdImageColorClosest(image_.get(), colour.red, colour.green, colour.blue);
@@ -125,9 +109,9 @@ private:
         std::string words = text;
         std::string font = "sans";
         gdFTUseFontConfig(1);
-        if (gdImageStringFT(image_.get(), nullptr, ink_, font.data(), points, 0, x, line_top(line) + baseline,
-                            words.data()) != nullptr)
-            gdImageString(image_.get(), gdFontGetLarge(), x, line_top(line),
+        if (gdImageStringFT(image_.get(), nullptr, ink_, font.data(), points, 0, x,
+                            MapSheet::line_top(line) + baseline, words.data()) != nullptr)
+            gdImageString(image_.get(), gdFontGetLarge(), x, MapSheet::line_top(line),
                           reinterpret_cast<unsigned char*>(words.data()), ink_);
     }
 

@@ -42,9 +42,14 @@ std::string LinuxPlatform::short_time(int hour, int minute, int second) {
 
 void LinuxPlatform::keep_on_top(void* panel, bool on_top) {
     auto* widget = static_cast<QWidget*>(panel);
-    const bool shown = widget->isVisible();
-    widget->setWindowFlag(Qt::WindowStaysOnTopHint, on_top);
-    widget->setVisible(shown);
+    // A change of the flag hides the window; showing it again activates it.
+    if (widget->windowFlags().testFlag(Qt::WindowStaysOnTopHint) != on_top) {
+        const bool shown = widget->isVisible();
+        widget->setWindowFlag(Qt::WindowStaysOnTopHint, on_top);
+        widget->setVisible(shown);
+    }
+    if (on_top && widget->isVisible())
+        widget->raise();
 }
 
 void LinuxPlatform::create_shortcut(const Shortcut& shortcut) {

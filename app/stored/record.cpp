@@ -30,10 +30,10 @@ std::string_view trimmed(std::string_view text) {
 /// What a message shows of a damaged field: enough to find it, not a whole damaged file.
 std::string excerpt(std::string_view text) {
     constexpr std::size_t longest = 40;
-    std::string shown(text.substr(0, longest));
-    while (text.size() > longest && !shown.empty() &&
-           (static_cast<unsigned char>(shown.back()) & 0xC0U) == 0x80U)
-        shown.pop_back();
+    std::size_t end = std::min(longest, text.size());
+    while (end > 0 && end < text.size() && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U)
+        --end;
+    std::string shown(text.substr(0, end));
     for (char& c : shown)
         if (static_cast<unsigned char>(c) < 0x20U)
             c = ' ';

@@ -5,10 +5,10 @@
 #include "app/stored/record.h"
 #include "app/stored/textfile.h"
 
+#include <ctime>
 #include <optional>
 #include <string>
 #include <sys/stat.h>
-#include <time.h>
 
 namespace halvane {
 

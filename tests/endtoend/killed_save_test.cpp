@@ -11,6 +11,7 @@
 #include <array>
 #include <chrono>
 #include <csignal>
+#include <cstdlib>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <random>
@@ -49,6 +50,15 @@ void save_all(bool second) {
     modify_location(location);
 }
 
+/// The process that is killed; it tells when it has begun.
+[[noreturn]] void save_without_end(int tell) {
+    save_all(true);
+    if (::write(tell, "s", 1) != 1)
+        ::_exit(EXIT_FAILURE);
+    for (bool which = false;; which = !which)
+        save_all(which);
+}
+
 std::array<std::string, kFiles.size()> contents() {
     std::array<std::string, kFiles.size()> all;
     for (std::size_t file = 0; file < kFiles.size(); ++file)
@@ -77,11 +87,16 @@ TEST_F(KilledSave, LeavesTheOldRecordOrTheNewOneWhole) {
     std::uniform_int_distribution<int> life(0, kLongestLife * 1000);
     std::set<std::string> states;
     for (int kill_number = 0; kill_number < kKills; ++kill_number) {
+        std::array<int, 2> started{};
+        ASSERT_EQ(::pipe(started.data()), 0);
         const pid_t child = ::fork();
         ASSERT_GE(child, 0);
         if (child == 0)
-            for (bool which = true;; which = !which)
-                save_all(which);
+            save_without_end(started[1]);
+        char ready = 0;
+        ASSERT_EQ(::read(started[0], &ready, 1), 1);
+        ::close(started[0]);
+        ::close(started[1]);
         std::this_thread::sleep_for(std::chrono::microseconds(life(random)));
         ASSERT_EQ(::kill(child, SIGKILL), 0);
         int status = 0;

@@ -11,6 +11,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <vector>
 
 namespace {
 
@@ -43,23 +44,41 @@ QImage drawn(const QString& text, double factor, bool bold, const QColor& paper,
     return picture.copy(cut);
 }
 
-/// Counts at most `limit` places where only one of the two has ink.
-int differences(const QImage& picture, QRgb paper, const QImage& wanted, QPoint at, int limit) {
+/// Where a picture has ink.
+struct Mask {
+    Mask(const QImage& picture, QRgb paper) : width(picture.width()), height(picture.height()) {
+        ink.reserve(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
+        for (int y = 0; y < height; ++y)
+            for (int x = 0; x < width; ++x)
+                ink.push_back(is_ink(picture.pixel(x, y), paper));
+    }
+    const char* row(int x, int y) const { return ink.data() + y * width + x; }
+
+    int width;
+    int height;
+    std::vector<char> ink;
+};
+
+/// Is there ink in the same places, but for so many?
+bool agree(const Mask& picture, const Mask& wanted, int x, int y, int limit) {
     int count = 0;
-    for (int y = 0; y < wanted.height() && count <= limit; ++y)
-        for (int x = 0; x < wanted.width() && count <= limit; ++x)
-            if (is_ink(picture.pixel(at.x() + x, at.y() + y), paper) != is_ink(wanted.pixel(x, y), paper))
-                ++count;
-    return count;
+    for (int line = 0; line < wanted.height; ++line) {
+        const char* here = picture.row(x, y + line);
+        const char* there = wanted.row(0, line);
+        for (int column = 0; column < wanted.width; ++column)
+            count += here[column] != there[column] ? 1 : 0;
+        if (count > limit)
+            return false;
+    }
+    return true;
 }
 
-bool shows(const QImage& picture, const QImage& wanted) {
+bool shows(const Mask& picture, const Mask& wanted) {
     // The smoothing of an edge may fall on either side of the tolerance.
-    const int limit = wanted.width() * wanted.height() / 40;
-    const QRgb paper = picture.pixel(2, 2);
-    for (int y = 0; y + wanted.height() <= picture.height(); ++y)
-        for (int x = 0; x + wanted.width() <= picture.width(); ++x)
-            if (differences(picture, paper, wanted, {x, y}, limit) <= limit)
+    const int limit = wanted.width * wanted.height / 30;
+    for (int y = 0; y + wanted.height <= picture.height; ++y)
+        for (int x = 0; x + wanted.width <= picture.width; ++x)
+            if (agree(picture, wanted, x, y, limit))
                 return true;
     return false;
 }
@@ -75,8 +94,11 @@ int main(int count, char** words) {
         return 2;
     const QColor paper(picture.pixel(2, 2));
     const bool bold = std::strcmp(words[3], "bold") == 0;
-    for (const double offset : {0.0, 0.25, 0.5, 0.75})
-        if (shows(picture, drawn(QString::fromUtf8(words[4]), std::atof(words[2]), bold, paper, offset)))
+    const Mask panel(picture, paper.rgb());
+    for (const double offset : {0.0, 0.25, 0.5, 0.75}) {
+        const QImage text = drawn(QString::fromUtf8(words[4]), std::atof(words[2]), bold, paper, offset);
+        if (shows(panel, Mask(text, paper.rgb())))
             return 0;
+    }
     return 1;
 }

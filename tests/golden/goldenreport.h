@@ -2,6 +2,7 @@
 
 #include "app/stored/programfolder.h"
 #include "app/stored/textfile.h"
+#include "tests/support/bytes.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -15,14 +16,6 @@
 #include <vector>
 
 namespace halvane {
-
-/// The bytes of a file as they stand in it.
-inline std::string bytes_of(const std::filesystem::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream)
-        throw std::runtime_error("cannot read " + file.string());
-    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
-}
 
 /// A temporary program folder with the stored files of `source`; it goes, and the program folder that stood
 /// before comes back, with the object.
@@ -61,6 +54,15 @@ public:
 private:
     std::filesystem::path folder_;
     std::string before_;
+};
+
+/// The same with the delivered series files in it.
+class TestFolderWithSeries : public TestProgramFolder {
+public:
+    explicit TestFolderWithSeries(const std::filesystem::path& source) : TestProgramFolder(source) {
+        for (const char* name : {"term.vsk", "mterm.vsk", "termfull.vsk", "elp.vsk"})
+            std::filesystem::create_symlink(std::filesystem::path(HALVANE_DATA) / name, path(name));
+    }
 };
 
 /// The folder of a stored golden report: tests/golden/`name`.
@@ -120,11 +122,17 @@ inline std::string first_difference(const std::string& expected, const std::stri
            "\nfound:    " + line_at(found);
 }
 
+/// Whether two texts are the same byte for byte.
+inline ::testing::AssertionResult same_bytes(const std::string& found, const std::string& expected) {
+    const std::string difference = first_difference(expected, found);
+    return difference.empty() ? ::testing::AssertionSuccess() : ::testing::AssertionFailure() << difference;
+}
+
 /// Copies the stored files of tests/golden/`name` into a temporary program folder, runs `run`, and compares
 /// the report that it leaves there with the one of the same name in that folder, byte for byte.
 inline void expect_golden_report(const std::string& name, const std::string& report,
                                  const std::function<void()>& run) {
-    const TestProgramFolder folder(golden_folder(name));
+    const TestFolderWithSeries folder(golden_folder(name));
     run();
     ASSERT_TRUE(folder.holds(report)) << name << ": " << report << " was not written";
     EXPECT_EQ(first_difference(bytes_of(golden_folder(name) / report), folder.content(report)), "") << name;

@@ -86,7 +86,7 @@ protected:
     }
 
     /// Does `action` at the event pass `pass` of the run that follows.
-    void during_run(int pass, std::function<void()> action) {
+    void during_run(int pass, const std::function<void()>& action) {
         auto* timer = new QTimer(&timers_);
         QObject::connect(timer, &QTimer::timeout, timer, [timer, left = pass, action]() mutable {
             const QWidget* wait = open_window("frmwait");
@@ -630,6 +630,21 @@ TEST_F(MainPanelTest, AReloadDuringARunLeavesTheRunAlone) {
     click(form, "cmdcom");
     EXPECT_EQ(content("results.out"), undisturbed);
     EXPECT_EQ(platform_double.shown_files.size(), 2U);
+}
+
+TEST_F(MainPanelTest, AReloadDuringAHighLatitudeRunKeepsTheStoredAngles) {
+    set_latitude(50);
+    Preferences preferences = read_pref();
+    preferences.high_latitude = 1;
+    preferences.fajer_angle = preferences.isha_angle = 12;
+    write_pref(preferences);
+    frmmain form;
+    form.load();
+    const QStringList today = times(form);
+    ASSERT_NE(today[0], QStringLiteral("Bright"));
+    during_run(10, [] { reload_main_panel(); });
+    click(form, "cmdcom");
+    EXPECT_EQ(times(form), today);
 }
 
 TEST_F(MainPanelTest, AFailureInMidRunLeavesTheEarlierReportUntouched) {

@@ -2,6 +2,7 @@
 #include "app/messages.h"
 #include "tests/panel/panelharness.h"
 
+#include <QApplication>
 #include <QGroupBox>
 #include <QVBoxLayout>
 
@@ -85,6 +86,16 @@ TEST_F(SupportTest, AQuestionInArabicHasArabicButtonsRightToLeft) {
     EXPECT_TRUE(messages[0].exclamation);
     EXPECT_EQ(messages[0].direction, Qt::RightToLeft);
     EXPECT_EQ(messages[0].buttons, (QStringList{QStringLiteral("نعم"), QStringLiteral("لا")}));
+}
+
+TEST_F(SupportTest, TheAccentFollowsTheSystemFromLightToDarkAndBack) {
+    const QPalette light = QApplication::palette();
+    EXPECT_LT(light.color(QPalette::Highlight).lightness(), 128);
+    QApplication::setPalette(QPalette(QColor(0x2b, 0x2b, 0x2b), QColor(0x23, 0x23, 0x23)));
+    EXPECT_EQ(QApplication::palette().color(QPalette::Highlight), QColor(0x58, 0xC9, 0xA0));
+    EXPECT_EQ(QApplication::palette().color(QPalette::HighlightedText), QColor(Qt::black));
+    QApplication::setPalette(light);
+    EXPECT_EQ(QApplication::palette().color(QPalette::Highlight), light.color(QPalette::Highlight));
 }
 
 TEST_F(SupportTest, AFailureNamesWhatFailedAndWhatToDo) {

@@ -29,6 +29,9 @@ constexpr Bounds sun_geocentric{0.35, 0.1, 0.35, 0.35, 15};
 constexpr Bounds sun_topocentric{0.7, 0.4, 0.7, 0.7, 15};
 constexpr Bounds moon_geocentric{2.2, 0.35, 2.2, 2.5, 0.7};
 constexpr Bounds moon_topocentric{2.5, 1.0, 2.5, 2.5, 0.7};
+/// Twenty-five centuries back the precession of 1976 and the sidereal time's polynomials have run off from
+/// the newer ones of the library.
+constexpr Bounds sun_of_old{3, 0.3, 3, 12, 40};
 
 Bounds bounds_of(TableBody body, bool geocentric) {
     if (body == TableBody::sun)
@@ -136,6 +139,7 @@ struct GoldenTable {
     bool universal_time;
     double clock_ahead; ///< zone and summer hour [h]
     std::size_t rows;
+    const Bounds* bounds = nullptr; ///< none: those of our centuries
 };
 
 /// The settings of the stored tables, from their own stored files.
@@ -149,6 +153,7 @@ constexpr GoldenTable golden_tables[] = {
      11,
      6},
     {"sun-topocentric-ut1-one-row", {-0.125, 51.5, 24}, TableBody::sun, false, true, 1, 1},
+    {"sun-geocentric-tdt-ancient-days", {35.9, 31.95, 900}, TableBody::sun, true, false, 2, 3, &sun_of_old},
     {"moon-topocentric-ut1-minutes", {-0.125, 51.5, 24}, TableBody::moon, false, true, 0, 7},
     {"moon-geocentric-tdt-seconds",
      {151 + 12.0 / 60 + 30.5 / 3600, -(33 + 52.0 / 60), 39},
@@ -174,8 +179,8 @@ TEST_F(EphemerisAccuracy, EveryPrintedRowOfTheGoldenTables) {
             const double clock = row.clock - table.clock_ahead / 24;
             const double ut = table.universal_time ? clock : swiss::universal_time(clock);
             expect_near(row.values, swiss_row(table.site, table.body, table.geocentric, ut),
-                        bounds_of(table.body, table.geocentric), 0.51,
-                        std::string(table.name) + " " + row.line);
+                        table.bounds != nullptr ? *table.bounds : bounds_of(table.body, table.geocentric),
+                        0.51, std::string(table.name) + " " + row.line);
         }
     }
 }

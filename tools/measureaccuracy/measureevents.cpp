@@ -5,6 +5,7 @@
 #include "prayer/moonday.h"
 #include "prayer/prayerday.h"
 #include "tools/measureaccuracy/measurement.h"
+#include "tools/measuring/random.h"
 #include "tools/measuring/swissephemeris.h"
 
 #include <algorithm>

@@ -53,11 +53,6 @@ Measurement Errors::result() const {
     return measurement;
 }
 
-double Random::between(double low, double high) {
-    constexpr double unit = 1.0 / (std::uint64_t{1} << 53U);
-    return low + (high - low) * (static_cast<double>(engine_() >> 11U) * unit);
-}
-
 double angle_error(double found, double wanted) {
     return std::remainder(found - wanted, 360);
 }

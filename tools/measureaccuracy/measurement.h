@@ -1,8 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -36,16 +34,6 @@ public:
 private:
     Measurement measurement_;
     double squares_ = 0;
-};
-
-/// Random numbers that are the same on every system.
-class Random {
-public:
-    explicit Random(std::uint64_t seed) : engine_(seed) {}
-    double between(double low, double high);
-
-private:
-    std::mt19937_64 engine_;
 };
 
 /// Difference of two angles, folded to -180 to 180                                        [deg]

@@ -6,6 +6,7 @@
 #include "ephemeris/moon.h"
 #include "ephemeris/sun.h"
 #include "tools/measureaccuracy/measurement.h"
+#include "tools/measuring/random.h"
 #include "tools/measuring/swissephemeris.h"
 
 #include <array>

@@ -16,24 +16,30 @@
 #include "app/stored/programfolder.h"
 #include "app/viewer.h"
 #include "calendar/machineclock.h"
+#include "crescent/frmcresv.h"
+#include "crescent/frmmap.h"
 #include "prayer/cmdcom.h"
 #include "qibla/frmqmap.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QMessageBox>
 #include <QPixmap>
+#include <QRadioButton>
 #include <QTemporaryDir>
 #include <cstdio>
 #include <filesystem>
 #include <memory>
+#include <unordered_map>
 
 namespace halvane {
 namespace {
 
 namespace fs = std::filesystem;
 
+constexpr int kSmallestFile = 0; // quality of a PNG: how little it is compressed
 constexpr int kSettleTime = 300; // [ms]
 
 class SilentProgress : public Progress {
@@ -49,6 +55,43 @@ void settle() {
         QCoreApplication::processEvents(QEventLoop::AllEvents, kSettleTime);
 }
 
+/// The picture in at most 256 colours, which makes a small file: like colours become their mean, as few of
+/// them as it takes.
+QImage in_few_colours(const QImage& picture) {
+    struct Sum {
+        int red = 0, green = 0, blue = 0, count = 0, index = 0;
+    };
+    const auto bucket = [](QRgb colour, int bits) {
+        return (qRed(colour) >> bits) << 16 | (qGreen(colour) >> bits) << 8 | qBlue(colour) >> bits;
+    };
+    std::unordered_map<int, Sum> sums;
+    int bits = -1;
+    do {
+        ++bits;
+        sums.clear();
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = 0; x < picture.width(); ++x) {
+                const QRgb colour = picture.pixel(x, y);
+                Sum& sum = sums[bucket(colour, bits)];
+                sum.red += qRed(colour);
+                sum.green += qGreen(colour);
+                sum.blue += qBlue(colour);
+                ++sum.count;
+            }
+    } while (sums.size() > 256);
+    QList<QRgb> colours;
+    for (auto& [key, sum] : sums) {
+        sum.index = static_cast<int>(colours.size());
+        colours << qRgb(sum.red / sum.count, sum.green / sum.count, sum.blue / sum.count);
+    }
+    QImage few(picture.size(), QImage::Format_Indexed8);
+    few.setColorTable(colours);
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x)
+            few.setPixel(x, y, static_cast<uint>(sums[bucket(picture.pixel(x, y), bits)].index));
+    return few;
+}
+
 class Camera {
 public:
     Camera(QString folder, Language language) : folder_(std::move(folder)), language_(language) {}
@@ -60,7 +103,8 @@ public:
         const QString scale = qEnvironmentVariable("QT_SCALE_FACTOR", QStringLiteral("1"));
         const QString language = language_ == Language::english ? QStringLiteral("en") : QStringLiteral("ar");
         const QString file = QStringLiteral("%1/%2-%3-%4.png").arg(folder_, name, language, scale);
-        if (!form.grab().save(file, "PNG"))
+        const QImage picture = in_few_colours(form.grab().toImage());
+        if (!picture.save(file, "PNG", kSmallestFile))
             std::fprintf(stderr, "screenshots: %s cannot be written\n", qPrintable(file));
         form.hide();
     }
@@ -104,6 +148,22 @@ void take_alert(const Camera& camera, Language language) {
     camera.take(window, QStringLiteral("alert"));
 }
 
+/// The crescent panel with its days found, and the map it opens, drawn.
+void take_crescent(const Camera& camera) {
+    frmcresv form;
+    form.show();
+    form.cmdprev_click();
+    camera.take(form, QStringLiteral("frmcresv-days"));
+    frmmap map;
+    map.findChild<QComboBox*>(QStringLiteral("cbocri"))->setCurrentIndex(1);
+    map.findChild<QRadioButton*>(QStringLiteral("opt1"))->setChecked(true);
+    map.resize(map.sizeHint());
+    map.show();
+    settle();
+    map.cmddraw_click();
+    camera.take(map, QStringLiteral("frmmap"));
+}
+
 void take_shared_windows(const Camera& camera, Language language) {
     frmwait wait;
     wait.load(language == Language::english ? QStringLiteral("Prayer Times")
@@ -143,6 +203,7 @@ void take_all(const QString& folder, Language language) {
     frmqmap qiblah_map;
     camera.take(qiblah_map, QStringLiteral("frmqmap"));
     take_alert(camera, language);
+    take_crescent(camera);
     take_shared_windows(camera, language);
 }
 

@@ -1,6 +1,6 @@
 # Sourced by ./run and ./check: installs the Debian packages that are missing.
 
-build_packages="g++ cmake ninja-build ccache libsleef-dev libcli11-dev libgd-dev qt6-base-dev libqt6svg6-dev \
+build_packages="g++ cmake ninja-build ccache libcli11-dev libgd-dev qt6-base-dev libqt6svg6-dev \
 qt6-multimedia-dev qt6-translations-l10n libgl-dev fonts-dejavu-core fonts-noto-core"
 test_packages="libgtest-dev libbenchmark-dev libgif-dev libswe-dev swe-standard-data clang-format clang-tidy xvfb \
 xauth xdotool imagemagick python3 tzdata"

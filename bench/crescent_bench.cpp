@@ -1,0 +1,70 @@
+#include "crescent/crescentreport.h"
+#include "crescent/visibilitymap.h"
+#include "ephemeris/series.h"
+#include "phases/phasereport.h"
+#include "tools/measuring/scratchfolder.h"
+
+#include <benchmark/benchmark.h>
+
+namespace {
+
+using namespace halvane;
+
+class NoProgress : public Progress {
+public:
+    void percent(double /*value*/) override {}
+    bool yield() override { return true; }
+};
+
+void phases_of_a_year(benchmark::State& state, bool geocentric) {
+    const ScratchFolder folder;
+    load_series();
+    NoProgress progress;
+    const PhaseYear year = phase_year({"2026", geocentric, true}, proposed_delta_t("2026"));
+    for (auto step : state)
+        write_phases(year, progress);
+}
+BENCHMARK_CAPTURE(phases_of_a_year, geocentric, true)
+    ->Name("phase report of a year, geocentric")
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(phases_of_a_year, topocentric, false)
+    ->Name("phase report of a year, topocentric")
+    ->Unit(benchmark::kMillisecond);
+
+void crescent_report(benchmark::State& state) {
+    const ScratchFolder folder;
+    load_series();
+    const CrescentSettings& settings = read_visib();
+    for (auto step : state)
+        write_crescent_report(settings, find_conjunction(settings));
+}
+BENCHMARK(crescent_report)->Name("crescent report")->Unit(benchmark::kMicrosecond);
+
+class CountedPoints : public MapReceiver {
+public:
+    void point(const MapPoint& /*point*/) override { ++count; }
+    bool go_on() override { return true; }
+    long count = 0;
+};
+
+void visibility_map(benchmark::State& state, Criterion criterion) {
+    const ScratchFolder folder;
+    load_series();
+    find_conjunction(read_visib());
+    MapRun run;
+    run.criterion = criterion;
+    run.conjunction = map_conjunction();
+    run.day = map_day(run.conjunction, run.kind, 1);
+    for (auto step : state) {
+        CountedPoints points;
+        draw_visibility_map(run, points);
+        benchmark::DoNotOptimize(points.count);
+    }
+}
+BENCHMARK_CAPTURE(visibility_map, vesk, Criterion::vesk)->Name("map, Vesk")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(visibility_map, yallop, Criterion::yallop)
+    ->Name("map, Yallop")
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(visibility_map, saao, Criterion::saao)->Name("map, SAAO")->Unit(benchmark::kMillisecond);
+
+} // namespace

@@ -1,0 +1,56 @@
+#include "calendar/moddeltat.h"
+#include "ephemeris/modgeneral.h"
+#include "ephemeris/series.h"
+#include "tables/ephemeristable.h"
+#include "telescope/pointing.h"
+#include "tools/measuring/scratchfolder.h"
+
+#include <benchmark/benchmark.h>
+
+namespace {
+
+using namespace halvane;
+
+class NoProgress : public Progress {
+public:
+    void percent(double /*value*/) override {}
+    bool yield() override { return true; }
+};
+
+void table_of_a_year(benchmark::State& state, int object) {
+    const ScratchFolder folder;
+    load_series();
+    EphemerisSettings settings;
+    settings.object = object;
+    settings.geocentric = false;
+    settings.end_month = 12;
+    settings.end_day = 31;
+    settings.end_hour = 23;
+    settings.unit = 2;
+    NoProgress progress;
+    for (auto step : state)
+        write_ephemeris_table(settings, progress);
+}
+BENCHMARK_CAPTURE(table_of_a_year, sun, 0)
+    ->Name("table of a year's hours, Sun")
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(table_of_a_year, moon, 1)
+    ->Name("table of a year's hours, Moon")
+    ->Unit(benchmark::kMillisecond);
+
+void pointing_of_the_telescope(benchmark::State& state) {
+    const ScratchFolder folder;
+    load_series();
+    TelescopeSettings settings;
+    settings.year = 2024;
+    settings.month = 3;
+    settings.day = 11;
+    settings.hour = 18;
+    for (auto step : state) {
+        settings.minute = settings.minute < 30 ? settings.minute + 1e-3 : 0;
+        benchmark::DoNotOptimize(telescope_pointing(settings));
+    }
+}
+BENCHMARK(pointing_of_the_telescope)->Unit(benchmark::kMicrosecond);
+
+} // namespace

@@ -1,0 +1,52 @@
+#include "crescent/crescentform.h"
+
+#include "calendar/numberformat.h"
+#include "crescent/crescentreport.h"
+
+namespace halvane {
+
+std::array<const char*, 3> day_captions(bool new_crescent, char letter) {
+    if (letter == 'A')
+        return new_crescent ? std::array{"يوم الاقتران", "يوم واحد بعد الاقتران", "يومان بعد الاقتران"}
+                            : std::array{"يوم الاقتران", "يوم واحد قبل الاقتران", "يومان قبل الاقتران"};
+    constexpr const char* conjunction = "The Day of Conjunction";
+    return new_crescent
+               ? std::array{conjunction, "One Day After Conjunction", "Two Days After Conjunction"}
+               : std::array{conjunction, "One Day Before Conjunction", "Two Days Before Conjunction"};
+}
+
+std::array<const char*, 2> event_captions(bool new_crescent, char letter) {
+    if (letter == 'A')
+        return new_crescent ? std::array{"غروب الشمس", "غروب القمر"} : std::array{"شروق الشمس", "شروق القمر"};
+    return new_crescent ? std::array{"Sunset", "Moonset"} : std::array{"Sunrise", "Moonrise"};
+}
+
+const std::array<const char*, 12>& hijri_month_list(char letter) {
+    static constexpr std::array<const char*, 12> english{
+        "Muharram", "Safar",   "Rabeea' Awwal", "Rabeea' Thani", "Jamada Aula",  "Jamada Aakherah",
+        "Rajab",    "Sha'ban", "Ramadan",       "Shawwal",       "Thul Kea'deh", "Thul Hejjah"};
+    static constexpr std::array<const char*, 12> arabic{
+        "محرم", "صفر",   "ربيع أول", "ربيع ثاني", "جمادى الأولى", "جمادى الآخرة",
+        "رجب",  "شعبان", "رمضان",    "شوال",      "ذو القعدة",    "ذو الحجة"};
+    return letter == 'A' ? arabic : english;
+}
+
+std::string day_caption(const DateNumbers& date) {
+    return format_number(date.day, "##00") + "/" + format_number(date.month, "##00") + "/" +
+           format_number(date.year, "######") + "  CE";
+}
+
+std::array<std::string, 3> CrescentForm::dates(bool new_crescent) const {
+    const std::array<DateNumbers, 5> candidates = candidate_dates(conjunction_.value());
+    const std::size_t nearest = new_crescent ? 1 : 3;
+    return {day_caption(candidates[0]), day_caption(candidates[nearest]),
+            day_caption(candidates[nearest + 1])};
+}
+
+void CrescentForm::calculate(const CrescentSettings& settings) const {
+    const Conjunction conjunction = conjunction_.value();
+    write_visib(settings);
+    write_crescent_report(settings, conjunction);
+}
+
+} // namespace halvane

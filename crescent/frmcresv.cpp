@@ -1,0 +1,259 @@
+#include "crescent/frmcresv.h"
+
+#include "app/frmlists.h"
+#include "app/frmstyle.h"
+#include "app/frmsupport.h"
+#include "app/platform/platform.h"
+#include "crescent/circumstances.h"
+#include "crescent/frmmap.h"
+#include "ui_frmcresv.h"
+
+namespace halvane {
+
+namespace {
+
+constexpr Twin kTwins[] = {
+    {"frmcresv", "Crescent Visibility", "رؤية الهلال"},
+    {"frakind", "Crescent", "الهلال"},
+    {"optnew", "&New (Evening)", "&أول الشهر (مساء)"},
+    {"optold", "&Old (Morning)", "آ&خر الشهر (صباحا)"},
+    {"fraref", "Reference", "المرجع"},
+    {"optgeo", "&Geocentric", "&مركزي"},
+    {"opttopo", "&Topocentric", "&سطحي"},
+    {"fradate", "Approximate Date", "التاريخ التقريبي"},
+    {"optgre", "G&regorian", "مي&لادي"},
+    {"opthej", "&Hejric", "&هجري"},
+    {"lblday", "Day:", "اليوم"},
+    {"lblmonth", "Month:", "الشهر"},
+    {"lblyear", "Year:", "السنة"},
+    {"lblmonthh", "Month:", "الشهر"},
+    {"lblyearh", "Year:", "السنة"},
+    {"cmdprev", "&Find Conjunction", "إي&جاد الاقتران"},
+    {"fraday", "Day of Observation", "يوم الرصد"},
+    {"fratime", "Time of Calculations", "وقت الحسابات"},
+    {"optbest", "&Best Time", "أف&ضل وقت"},
+    {"optspe", "&User Time", "و&قت محدد"},
+    {"lblh", "Hour:", "الساعة"},
+    {"lblm", "Minute:", "الدقيقة"},
+    {"cmdcalc", "&Calculate", "إجراء ال&حسابات"},
+    {"cmdmap", "World &Map", "خريطة ال&عالم"},
+    {"cmdclose", "Clo&se", "إ&غلاق"},
+    {"cboday@spoken", "Gregorian day", "اليوم الميلادي"},
+    {"cbomonth@spoken", "Gregorian month", "الشهر الميلادي"},
+    {"txtyear@spoken", "Gregorian year", "السنة الميلادية"},
+    {"cbomh@spoken", "Hejric month", "الشهر الهجري"},
+    {"txtyearh@spoken", "Hejric year", "السنة الهجرية"},
+    {"cboh@spoken", "User Time: hour", "الوقت المحدد: الساعة"},
+    {"cbom@spoken", "User Time: minute", "الوقت المحدد: الدقيقة"},
+    {"cmdprev@tip", "Finds the conjunction nearest to the date and the days to calculate for",
+     "يجد الاقتران الأقرب إلى التاريخ و الأيام التي يمكن الحساب لها"},
+    {"cmdcalc@tip", "The report of the chosen day and time, once the conjunction is found",
+     "تقرير اليوم و الوقت المختارين بعد إيجاد الاقتران"},
+    {"cmdmap@tip", "Where in the world the crescent can be seen, once the conjunction is found",
+     "أماكن رؤية الهلال في العالم بعد إيجاد الاقتران"},
+};
+
+/// A stored text that is none of the list's own becomes an entry, so that it is kept.
+void show_entry(QComboBox& list, const std::string& text) {
+    const QString entry = QString::fromStdString(text);
+    if (list.findText(entry, Qt::MatchExactly | Qt::MatchCaseSensitive) < 0)
+        list.addItem(entry);
+    choose_entry(list, text);
+}
+
+} // namespace
+
+std::span<const Twin> frmcresv_twins() {
+    return kTwins;
+}
+
+frmcresv::frmcresv(QWidget* owner)
+    : QDialog(owner), ui_(std::make_unique<Ui::frmcresv>()), language_(stored_language()) {
+    ui_->setupUi(this);
+    apply_language(*this, kTwins, language_);
+    fill_lists();
+    load();
+    set_sizes();
+    select_whole_text_on_focus(*this);
+    connect_controls();
+}
+
+frmcresv::~frmcresv() = default;
+
+void frmcresv::fill_lists() {
+    constexpr int days = 31;
+    constexpr int months = 12;
+    constexpr int last_hour = 23;
+    constexpr int last_minute = 59;
+    fill_with_numbers(*ui_->cboday, days);
+    fill_with_numbers(*ui_->cbomonth, months);
+    fill_from_zero(*ui_->cboh, last_hour);
+    fill_from_zero(*ui_->cbom, last_minute);
+    for (const char* month : hijri_month_list(letter()))
+        ui_->cbomh->addItem(QString::fromUtf8(month));
+}
+
+void frmcresv::set_sizes() {
+    set_spacing(*this);
+    shape_number_box(*ui_->txtyear, "-88888");
+    shape_number_box(*ui_->txtyearh, "-88888");
+    for (QRadioButton* day : {ui_->optconj, ui_->optone, ui_->opttwo})
+        fit_width(*day, QString::fromUtf8(day_captions(false, letter())[2]) + QStringLiteral("MM"));
+}
+
+void frmcresv::connect_controls() {
+    for (QComboBox* list : {ui_->cboday, ui_->cbomonth, ui_->cbomh})
+        connect(list, &QComboBox::currentIndexChanged, this, &frmcresv::reset);
+    for (QLineEdit* box : {ui_->txtyear, ui_->txtyearh})
+        connect(box, &QLineEdit::textChanged, this, &frmcresv::reset);
+    for (QRadioButton* option : {ui_->optgre, ui_->opthej, ui_->optnew, ui_->optold})
+        connect(option, &QRadioButton::clicked, this, &frmcresv::reset);
+    for (QRadioButton* option : {ui_->optgeo, ui_->opttopo})
+        connect(option, &QRadioButton::clicked, this, &frmcresv::reference_clicked);
+    connect(ui_->optnew, &QRadioButton::toggled, this, &frmcresv::show_events);
+    connect(ui_->optgre, &QRadioButton::toggled, this, &frmcresv::enable_date_entry);
+    connect(ui_->optspe, &QRadioButton::toggled, this, &frmcresv::enable_user_time);
+    connect(ui_->cmdprev, &QPushButton::clicked, this, &frmcresv::cmdprev_click);
+    connect(ui_->cmdcalc, &QPushButton::clicked, this, &frmcresv::cmdcalc_click);
+    connect(ui_->cmdmap, &QPushButton::clicked, this, &frmcresv::cmdmap_click);
+    connect(ui_->cmdclose, &QPushButton::clicked, this, &frmcresv::cmdclose_click);
+}
+
+void frmcresv::load() {
+    show_stored(read_visib());
+    enable_date_entry();
+    enable_user_time();
+    show_events();
+    show_days();
+}
+
+void frmcresv::show_stored(const CrescentSettings& stored) {
+    show_entry(*ui_->cboday, stored.day);
+    show_entry(*ui_->cbomonth, stored.month);
+    ui_->txtyear->setText(QString::fromStdString(stored.year));
+    (stored.new_crescent ? ui_->optnew : ui_->optold)->setChecked(true);
+    (stored.geocentric ? ui_->optgeo : ui_->opttopo)->setChecked(true);
+    const CrescentChoice choice = chosen(stored);
+    QRadioButton* const days[] = {ui_->optconj, ui_->optone, ui_->opttwo};
+    days[choice.days]->setChecked(true);
+    QRadioButton* const times[] = {ui_->optsun, ui_->optmoon, ui_->optbest, ui_->optspe};
+    times[static_cast<int>(choice.time)]->setChecked(true);
+    show_entry(*ui_->cboh, stored.user_hour);
+    show_entry(*ui_->cbom, stored.user_minute);
+    (stored.gregorian ? ui_->optgre : ui_->opthej)->setChecked(true);
+    ui_->cbomh->setCurrentIndex(stored.hijri_month);
+    ui_->txtyearh->setText(QString::fromStdString(stored.hijri_year));
+}
+
+CrescentSettings frmcresv::shown() const {
+    CrescentSettings settings;
+    settings.day = text_of(*ui_->cboday);
+    settings.month = text_of(*ui_->cbomonth);
+    settings.year = text_of(*ui_->txtyear);
+    settings.new_crescent = ui_->optnew->isChecked();
+    settings.geocentric = ui_->optgeo->isChecked();
+    settings.day_of_conjunction = ui_->optconj->isChecked();
+    settings.one_day = ui_->optone->isChecked();
+    settings.two_days = ui_->opttwo->isChecked();
+    settings.at_sun = ui_->optsun->isChecked();
+    settings.at_moon = ui_->optmoon->isChecked();
+    settings.at_best_time = ui_->optbest->isChecked();
+    settings.at_user_time = ui_->optspe->isChecked();
+    settings.user_hour = text_of(*ui_->cboh);
+    settings.user_minute = text_of(*ui_->cbom);
+    settings.gregorian = ui_->optgre->isChecked();
+    settings.hijri = ui_->opthej->isChecked();
+    settings.hijri_month = ui_->cbomh->currentIndex();
+    settings.hijri_year = text_of(*ui_->txtyearh);
+    return settings;
+}
+
+void frmcresv::reset() {
+    close_map();
+    form_.reset();
+    show_days();
+}
+
+void frmcresv::reference_clicked() {
+    cmdprev_click();
+    reset();
+}
+
+void frmcresv::close_map() {
+    if (map_)
+        map_->close();
+    map_.clear();
+}
+
+void frmcresv::enable_date_entry() {
+    const bool gregorian = ui_->optgre->isChecked();
+    for (QWidget* entry : std::initializer_list<QWidget*>{ui_->lblday, ui_->cboday, ui_->lblmonth,
+                                                          ui_->cbomonth, ui_->lblyear, ui_->txtyear})
+        entry->setEnabled(gregorian);
+    for (QWidget* entry :
+         std::initializer_list<QWidget*>{ui_->lblmonthh, ui_->cbomh, ui_->lblyearh, ui_->txtyearh})
+        entry->setEnabled(!gregorian);
+}
+
+void frmcresv::enable_user_time() {
+    for (QWidget* entry : std::initializer_list<QWidget*>{ui_->lblh, ui_->cboh, ui_->lblm, ui_->cbom})
+        entry->setEnabled(ui_->optspe->isChecked());
+}
+
+void frmcresv::show_events() {
+    const auto captions = event_captions(ui_->optnew->isChecked(), letter());
+    ui_->optsun->setText(QString::fromUtf8(captions[0]));
+    ui_->optmoon->setText(QString::fromUtf8(captions[1]));
+}
+
+/// The captions of the three days, and the buttons that need them to be dates.
+void frmcresv::show_days() {
+    const bool is_new = ui_->optnew->isChecked();
+    QRadioButton* const days[] = {ui_->optconj, ui_->optone, ui_->opttwo};
+    for (std::size_t i = 0; i < std::size(days); ++i) {
+        if (!form_.is_prepared())
+            days[i]->setText(QString::fromUtf8(day_captions(is_new, letter())[i]));
+        else if (const QString date = QString::fromStdString(form_.dates(is_new)[i]); letter() == 'A')
+            days[i]->setText(isolated(date));
+        else
+            days[i]->setText(date);
+    }
+    ui_->cmdcalc->setEnabled(form_.is_prepared());
+    ui_->cmdmap->setEnabled(form_.is_prepared());
+    (form_.is_prepared() ? ui_->cmdcalc : ui_->cmdprev)->setDefault(true);
+}
+
+void frmcresv::cmdprev_click() {
+    close_map();
+    form_.prepare(shown());
+    show_days();
+}
+
+void frmcresv::cmdcalc_click() {
+    form_.calculate(shown());
+    platform().show_text_file("visib.out");
+}
+
+void frmcresv::cmdmap_click() {
+    write_visib(shown());
+    crescentkind = ui_->optnew->isChecked() ? CrescentKind::new_crescent : CrescentKind::old_crescent;
+    if (!map_) {
+        map_ = new frmmap(this);
+        map_->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    map_->show();
+    map_->raise();
+    map_->activateWindow();
+}
+
+void frmcresv::cmdclose_click() {
+    write_visib(shown());
+    accept();
+}
+
+void frmcresv::done(int result) {
+    close_map();
+    QDialog::done(result);
+}
+
+} // namespace halvane

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "app/language.h"
+#include "app/stored/visib.h"
+#include "crescent/crescentform.h"
+
+#include <QDialog>
+#include <QPointer>
+#include <memory>
+
+namespace halvane {
+
+class frmmap;
+
+namespace Ui {
+class frmcresv;
+}
+
+/// The crescent visibility panel: an approximate date leads to a conjunction and three days; a day and a time
+/// lead to the report or the world map. The constructor loads it.
+/// Error  raises RunTimeFailure for a missing or damaged `pref.vsk` or `visib.vsk`.
+class frmcresv : public QDialog {
+    Q_OBJECT
+public:
+    explicit frmcresv(QWidget* owner = nullptr);
+    ~frmcresv() override;
+
+    void cmdprev_click();  ///< finds the conjunction and offers its days
+    void cmdcalc_click();  ///< stores the choices, writes `visib.out` and shows it
+    void cmdmap_click();   ///< stores the choices and opens `frmmap`
+    void cmdclose_click(); ///< stores the choices and closes
+    void done(int result) override;
+
+private:
+    void fill_lists();
+    void set_sizes();
+    void connect_controls();
+    void load();
+    void show_stored(const CrescentSettings& stored);
+    CrescentSettings shown() const;
+    void reset();
+    void reference_clicked();
+    void close_map();
+    void enable_date_entry();
+    void enable_user_time();
+    void show_events();
+    void show_days();
+    char letter() const { return language_ == Language::english ? 'E' : 'A'; }
+
+    std::unique_ptr<Ui::frmcresv> ui_;
+    Language language_;
+    CrescentForm form_;
+    QPointer<frmmap> map_;
+};
+
+/// The texts of `frmcresv` that do not depend on its choices.
+std::span<const Twin> frmcresv_twins();
+
+} // namespace halvane

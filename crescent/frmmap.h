@@ -1,0 +1,57 @@
+#pragma once
+
+#include "app/language.h"
+#include "crescent/visibilitymap.h"
+
+#include <QDialog>
+#include <memory>
+
+namespace halvane {
+
+namespace Ui {
+class frmmap;
+}
+
+/// The world map of the crescent's visibility, drawn block by block over a picture of the world. It starts
+/// from `conjunctionstart` and `crescentkind`, so a conjunction must have been found. The constructor loads
+/// it. Error  raises RunTimeFailure for a missing or damaged `pref.vsk`.
+class frmmap : public QDialog {
+    Q_OBJECT
+public:
+    explicit frmmap(QWidget* owner = nullptr);
+    ~frmmap() override;
+
+    void cmddraw_click(); ///< draws until the world is done, Stop is pressed or the panel closed
+    void cmdstop_click(); ///< stops a drawing and loads the panel anew; what is painted stays
+    void cmdsave_click(); ///< saves the picture as a GIF file; a failure is passed over
+    void done(int result) override;
+
+protected:
+    bool event(QEvent* event) override;
+
+private:
+    class BlockPainter;
+
+    void fill_lists();
+    void set_sizes();
+    void connect_controls();
+    void load();
+    void show_clean_map();
+    MapRun shown_run() const;
+    void show_texts(const MapRun& run);
+    void show_mouse(double x, double y);
+    void clear_mouse();
+    void save_picture();
+    char letter() const { return language_ == Language::english ? 'E' : 'A'; }
+
+    std::unique_ptr<Ui::frmmap> ui_;
+    Language language_;
+    CrescentKind kind_ = CrescentKind::new_crescent;
+    MapConjunction conjunction_;
+    bool stop_ = false;
+};
+
+/// The texts of `frmmap` that do not depend on its conjunction.
+std::span<const Twin> frmmap_twins();
+
+} // namespace halvane

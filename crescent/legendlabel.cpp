@@ -1,0 +1,91 @@
+#include "crescent/legendlabel.h"
+
+#include <QPainter>
+#include <QStyle>
+#include <algorithm>
+#include <utility>
+
+namespace halvane {
+
+namespace {
+
+QFont bold(QFont font) {
+    font.setBold(true);
+    return font;
+}
+
+} // namespace
+
+QString legend_words(const LegendLine& line, Language language) {
+    return QString::fromUtf8(language == Language::english ? line.english : line.arabic);
+}
+
+LegendLabel::LegendLabel(QWidget* parent) : QLabel(parent) {
+    setTextFormat(Qt::PlainText);
+}
+
+void LegendLabel::show_legend(std::vector<LegendLine> legend, Language language) {
+    legend_ = std::move(legend);
+    language_ = language;
+    QStringList lines;
+    for (const LegendLine& line : legend_)
+        lines << legend_words(line, language_);
+    setText(lines.join(QStringLiteral("\r\n")));
+}
+
+void LegendLabel::mark(std::optional<VisibilityClass> visibility) {
+    if (visibility == marked_)
+        return;
+    marked_ = visibility;
+    update();
+}
+
+int LegendLabel::line_height() const {
+    return fontMetrics().lineSpacing() * 5 / 4;
+}
+
+int LegendLabel::swatch_side() const {
+    return fontMetrics().ascent() * 4 / 5;
+}
+
+QSize LegendLabel::sizeHint() const {
+    const QFontMetrics widest(bold(font()));
+    int width = 0;
+    std::size_t lines = 0;
+    for (const Criterion criterion : {Criterion::vesk, Criterion::yallop, Criterion::saao}) {
+        const std::vector<LegendLine> legend = map_legend(criterion);
+        lines = std::max(lines, legend.size());
+        for (const Language language : {Language::english, Language::arabic})
+            for (const LegendLine& line : legend)
+                width = std::max(width, widest.horizontalAdvance(legend_words(line, language)));
+    }
+    return {text_indent() + width + 2, line_height() * static_cast<int>(lines)};
+}
+
+QRect LegendLabel::swatch(int line) const {
+    const int side = swatch_side();
+    const QRect place(0, line * line_height() + (line_height() - side) / 2, side, side);
+    return QStyle::visualRect(layoutDirection(), rect(), place);
+}
+
+void LegendLabel::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    const QColor ink = palette().color(QPalette::WindowText);
+    for (int line = 0; line < static_cast<int>(legend_.size()); ++line) {
+        const LegendLine& entry = legend_[static_cast<std::size_t>(line)];
+        const ClassColour colour = class_colour(entry.visibility);
+        painter.setPen(ink);
+        painter.setFont(marked_ == entry.visibility ? bold(font()) : font());
+        if (entry.visibility == VisibilityClass::not_possible)
+            painter.setBrush(Qt::NoBrush);
+        else
+            painter.setBrush(QColor(colour.red, colour.green, colour.blue));
+        painter.drawRect(swatch(line).adjusted(0, 0, -1, -1));
+        const QRect words(text_indent(), line * line_height(), width() - text_indent(), line_height());
+        painter.drawText(QStyle::visualRect(layoutDirection(), rect(), words),
+                         static_cast<int>(Qt::AlignLeading | Qt::AlignVCenter),
+                         legend_words(entry, language_));
+    }
+}
+
+} // namespace halvane

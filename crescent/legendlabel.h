@@ -1,0 +1,47 @@
+#pragma once
+
+#include "app/language.h"
+#include "crescent/maptexts.h"
+
+#include <QLabel>
+#include <optional>
+#include <vector>
+
+namespace halvane {
+
+/// The legend of a map: its text is the lines of the legend, and each line is drawn with its colour beside
+/// the words.
+class LegendLabel : public QLabel {
+    Q_OBJECT
+public:
+    explicit LegendLabel(QWidget* parent = nullptr);
+
+    void show_legend(std::vector<LegendLine> legend, Language language);
+    /// Sets the line of a class in bold, or none.
+    void mark(std::optional<VisibilityClass> visibility);
+    std::optional<VisibilityClass> marked() const { return marked_; }
+    const std::vector<LegendLine>& legend() const { return legend_; }
+    /// The place of a line's colour.
+    QRect swatch(int line) const;
+
+    /// Room for the longest of all legends, so that the panel keeps its shape.
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    int line_height() const;
+    int swatch_side() const;
+    int text_indent() const { return 2 * swatch_side(); }
+
+    std::vector<LegendLine> legend_;
+    std::optional<VisibilityClass> marked_;
+    Language language_ = Language::english;
+};
+
+/// The words of a legend's line.
+QString legend_words(const LegendLine& line, Language language);
+
+} // namespace halvane

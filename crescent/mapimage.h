@@ -1,0 +1,33 @@
+#pragma once
+
+#include "app/language.h"
+#include "crescent/gif.h"
+#include "crescent/maptexts.h"
+
+#include <QImage>
+#include <QStringList>
+#include <vector>
+
+namespace halvane {
+
+/// The picture of the world for a map.
+/// Error  raises RunTimeFailure naming the file when it is missing or not of the map's size.
+QImage read_map_image();
+
+/// What a saved map shows.
+struct MapSheetContent {
+    QImage map;
+    std::vector<MapPoint> points;
+    QStringList information;
+    std::vector<LegendLine> legend;
+    Language language = Language::english;
+};
+
+/// A map with its information and legend below it, as it is saved; mirrored below the map in Arabic.
+QImage map_sheet(const MapSheetContent& content);
+
+/// The picture in at most 256 colours: those of the classes and of the words first, then the most frequent
+/// others; every further colour takes the nearest of these.
+GifPicture indexed_picture(const QImage& image);
+
+} // namespace halvane

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "crescent/visibilitymap.h"
+
+#include <string>
+
+namespace halvane {
+
+/// Radius of the circle that stands for a point [pixels of the map].
+inline constexpr int map_point_radius = 2;
+
+/// Where things stand on the picture that a map is saved as: the map over a band with the information lines
+/// and the legend [pixels].
+struct MapSheet {
+    static constexpr int margin = 12;
+    static constexpr int line_height = 20;
+    static constexpr int lines = 7;
+    static constexpr int swatch = 11; ///< side of a colour of the legend
+    static constexpr int width = map_width;
+    static constexpr int height = map_height + lines * line_height + 2 * margin;
+    static constexpr int legend_left = width / 2;
+    static constexpr int line_top(int line) { return map_height + margin + line * line_height; }
+    static constexpr int swatch_top(int line) { return line_top(line) + 4; }
+};
+
+/// The world's picture: `map.gif` of the program folder, or of the executable's when that one has none.
+std::string map_picture_path();
+
+} // namespace halvane

@@ -1,0 +1,114 @@
+#include "crescent/mapview.h"
+
+#include "crescent/mapsheet.h"
+#include "crescent/maptexts.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <algorithm>
+
+namespace halvane {
+
+void draw_map_point(QPainter& painter, const MapPoint& point) {
+    constexpr double pixel_centre = 0.5;
+    if (point.visibility == VisibilityClass::not_possible)
+        return;
+    const ClassColour colour = class_colour(point.visibility);
+    painter.setPen(QPen(QColor(colour.red, colour.green, colour.blue), 1));
+    const MapPixel at = map_pixel(point.longitude, point.latitude);
+    if (painter.testRenderHint(QPainter::Antialiasing))
+        painter.drawEllipse(QPointF(at.x + pixel_centre, at.y + pixel_centre), map_point_radius,
+                            map_point_radius);
+    else
+        painter.drawEllipse(QPoint(qRound(at.x), qRound(at.y)), map_point_radius, map_point_radius);
+}
+
+MapView::MapView(QWidget* parent) : QWidget(parent) {
+    QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    setSizePolicy(policy);
+    setMouseTracking(true);
+    setCursor(Qt::CrossCursor);
+}
+
+void MapView::show_map(const QImage& map) {
+    map_ = map;
+    points_.clear();
+    circles_.clear();
+    places_.clear();
+    layer_ = {};
+    update();
+}
+
+void MapView::add_point(const MapPoint& point) {
+    points_.push_back(point);
+    const bool is_new = places_.emplace(std::pair(point.longitude, point.latitude), point.visibility).second;
+    if (!is_new || point.visibility == VisibilityClass::not_possible)
+        return;
+    circles_.push_back(point);
+    const MapPixel at = map_pixel(point.longitude, point.latitude);
+    const QPointF centre = map_area().topLeft() + QPointF(at.x, at.y) * scale();
+    const double reach = (map_point_radius + 2) * scale();
+    const QRectF around(centre - QPointF(reach, reach), centre + QPointF(reach, reach));
+    update(around.toAlignedRect());
+}
+
+std::optional<VisibilityClass> MapView::class_at(double x, double y) const {
+    const MapPixel origin = map_pixel(0, 0);
+    const MapPixel step = map_pixel(2, 2);
+    const int longitude = 2 * qRound((x - origin.x) / (step.x - origin.x));
+    const int latitude = 2 * qRound((y - origin.y) / (step.y - origin.y));
+    const auto found = places_.find({longitude, latitude});
+    if (found == places_.end() || found->second == VisibilityClass::not_possible)
+        return std::nullopt;
+    return found->second;
+}
+
+QRectF MapView::map_area() const {
+    const double factor =
+        std::min(width() / static_cast<double>(map_width), height() / static_cast<double>(map_height));
+    const QSizeF size(map_width * factor, map_height * factor);
+    return {QPointF((width() - size.width()) / 2, (height() - size.height()) / 2), size};
+}
+
+void MapView::refresh_layer() {
+    const QSize wanted = (QSizeF(size()) * devicePixelRatioF()).toSize();
+    if (layer_.size() == wanted && layer_.devicePixelRatio() == devicePixelRatioF())
+        return;
+    layer_ = QPixmap(wanted);
+    layer_.setDevicePixelRatio(devicePixelRatioF());
+    layer_.fill(Qt::transparent);
+    painted_ = 0;
+    QPainter painter(&layer_);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    if (!map_.isNull())
+        painter.drawImage(map_area(), map_);
+}
+
+void MapView::paint_new_points() {
+    QPainter painter(&layer_);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setClipRect(map_area());
+    painter.translate(map_area().topLeft());
+    painter.scale(scale(), scale());
+    for (; painted_ < circles_.size(); ++painted_)
+        draw_map_point(painter, circles_[painted_]);
+}
+
+void MapView::paintEvent(QPaintEvent* event) {
+    refresh_layer();
+    paint_new_points();
+    QPainter painter(this);
+    painter.setClipRegion(event->region());
+    painter.drawPixmap(0, 0, layer_);
+}
+
+void MapView::mouseMoveEvent(QMouseEvent* event) {
+    const QPointF at = (event->position() - map_area().topLeft()) / scale();
+    emit mouse_over(at.x(), at.y());
+}
+
+void MapView::leaveEvent(QEvent*) {
+    emit mouse_left();
+}
+
+} // namespace halvane

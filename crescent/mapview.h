@@ -1,0 +1,65 @@
+#pragma once
+
+#include "crescent/visibilitymap.h"
+
+#include <QImage>
+#include <QPixmap>
+#include <QWidget>
+#include <cstddef>
+#include <map>
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace halvane {
+
+/// Draws a point of the map in picture units: a circle of radius 2 with a line 1 wide, at the nearest whole
+/// pixel when edges are not smoothed.
+void draw_map_point(QPainter& painter, const MapPoint& point);
+
+/// The world map of a panel at any size: the picture scaled with its aspect kept, and the points drawn over
+/// it in vectors. Never mirrored.
+class MapView : public QWidget {
+    Q_OBJECT
+public:
+    explicit MapView(QWidget* parent = nullptr);
+
+    /// Shows a clean map; the points of the run before are gone.
+    void show_map(const QImage& map);
+    /// Paints one more point; it appears with the next pass of the event loop.
+    void add_point(const MapPoint& point);
+
+    const std::vector<MapPoint>& points() const { return points_; }
+    const QImage& map() const { return map_; }
+    /// The class painted nearest to a pixel of the picture; none where the map shows through.
+    std::optional<VisibilityClass> class_at(double x, double y) const;
+    /// The area of the widget that the map fills.
+    QRectF map_area() const;
+
+    QSize sizeHint() const override { return {map_width, map_height}; }
+    QSize minimumSizeHint() const override { return {map_width / 2, map_height / 2}; }
+
+signals:
+    /// The mouse stands over a pixel of the picture, counted from 0, or has left the widget.
+    void mouse_over(double x, double y);
+    void mouse_left();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+
+private:
+    double scale() const { return map_area().width() / map_width; }
+    void refresh_layer();
+    void paint_new_points();
+
+    QImage map_;
+    std::vector<MapPoint> points_;
+    QPixmap layer_;                 ///< map and painted points at the screen's resolution
+    std::vector<MapPoint> circles_; ///< the coloured points, each place once
+    std::size_t painted_ = 0;       ///< so many circles are in the layer
+    std::map<std::pair<int, int>, VisibilityClass> places_;
+};
+
+} // namespace halvane

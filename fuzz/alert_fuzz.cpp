@@ -1,0 +1,7 @@
+#include "app/stored/alert.h"
+#include "fuzz/readinput.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    halvane::fuzz::read_record("alert.vsk", data, size, halvane::read_alert, halvane::write_alert);
+    return 0;
+}

@@ -1,0 +1,217 @@
+// halvane-report as its users run it: a process, its arguments, its streams and its exit status.
+
+#include "tests/golden/goldenreport.h"
+#include "tests/support/programfolder.h"
+
+#include <algorithm>
+#include <chrono>
+#include <csignal>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <string>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+#include <vector>
+
+namespace halvane {
+namespace {
+
+struct Outcome {
+    int status = -1; ///< exit status; the signal's number + 128 when one ended the process
+    std::string output, errors;
+};
+
+class BatchTest : public testing::Test {
+protected:
+    pid_t start(std::vector<std::string> arguments) const {
+        arguments.insert(arguments.begin(), HALVANE_REPORT);
+        std::vector<char*> words;
+        for (std::string& argument : arguments)
+            words.push_back(argument.data());
+        words.push_back(nullptr);
+        const std::string out = (streams / "out").string();
+        const std::string err = (streams / "err").string();
+        const pid_t child = ::fork();
+        if (child == 0) {
+            ::dup2(::open(out.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), STDOUT_FILENO);
+            ::dup2(::open(err.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), STDERR_FILENO);
+            ::execv(HALVANE_REPORT, words.data());
+            ::_exit(127);
+        }
+        return child;
+    }
+    Outcome wait_for(pid_t child) const {
+        int status = 0;
+        ::waitpid(child, &status, 0);
+        Outcome outcome;
+        outcome.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+        outcome.output = bytes_of(streams / "out");
+        outcome.errors = bytes_of(streams / "err");
+        return outcome;
+    }
+    Outcome run(const std::vector<std::string>& arguments) const { return wait_for(start(arguments)); }
+    Outcome run_in_folder(std::vector<std::string> arguments) const {
+        arguments.insert(arguments.begin(), {"--folder", folder.path().string()});
+        return run(arguments);
+    }
+    static long lines(const std::string& text) { return std::count(text.begin(), text.end(), '\n'); }
+    static bool holds(const std::string& text, const std::string& part) {
+        return text.find(part) != std::string::npos;
+    }
+
+    /// A failure: status 1, nothing on standard output, one line on standard error.
+    static void expect_failure(const Outcome& outcome, const std::string& part) {
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_EQ(outcome.output, "");
+        EXPECT_EQ(lines(outcome.errors), 1) << outcome.errors;
+        EXPECT_TRUE(outcome.errors.starts_with("halvane-report: ")) << outcome.errors;
+        EXPECT_TRUE(holds(outcome.errors, part)) << outcome.errors;
+    }
+
+    TemporaryProgramFolder folder;
+    TemporaryProgramFolder streams;
+};
+
+TEST_F(BatchTest, WritesAReportAndNamesIt) {
+    for (const auto& [task, name] : {std::pair{std::string("prayer"), std::string("results.out")},
+                                     {std::string("moon"), std::string("mresults.out")}}) {
+        const Outcome outcome = run_in_folder({"--now", "2026-02-18T12:00", task});
+        EXPECT_EQ(outcome.status, 0);
+        EXPECT_EQ(outcome.output, (folder / name).string() + "\n");
+        EXPECT_EQ(outcome.errors, "") << "no bar where there is no terminal";
+        EXPECT_TRUE(holds(folder.read(name), "from:  18/02/2026 CE   To:  18/02/2026 CE"));
+    }
+}
+
+TEST_F(BatchTest, WritesTheSameReportAsTheRoutine) {
+    const std::filesystem::path golden = golden_folder("prayer/high-latitude-60-leap");
+    for (const char* name : {"pref.vsk", "loc.vsk", "date.vsk"})
+        folder.write(name, bytes_of(golden / name));
+    EXPECT_EQ(run_in_folder({"prayer"}).status, 0);
+    EXPECT_TRUE(same_bytes(folder.read("results.out"), bytes_of(golden / "results.out")));
+}
+
+TEST_F(BatchTest, PrintsTodaysSixTimes) {
+    const Outcome outcome = run_in_folder({"today", "--now", "2026-02-18T12:00"});
+    EXPECT_EQ(outcome.status, 0);
+    // The row of the same day in the checked report of the delivered location.
+    EXPECT_EQ(outcome.output,
+              "Fajer 05:54\nShuroq 07:16\nDhohur 12:50\nAser 16:00\nMaghreb 18:25\nIsha 19:47\n");
+    EXPECT_TRUE(holds(bytes_of(golden_folder("prayer/delivered-year") / "results.out"),
+                      "18/02/2026     05:54     07:16     12:50     16:00     18:25     19:47"));
+    EXPECT_FALSE(folder.has("results.out"));
+}
+
+TEST_F(BatchTest, TakesTheSeriesOfItsOwnFolderForAFolderOfSettings) {
+    for (const char* name : series_files)
+        folder.erase(name);
+    EXPECT_EQ(run_in_folder({"today"}).status, 0);
+}
+
+TEST_F(BatchTest, TellsHelpAndVersion) {
+    const Outcome help = run({"--help"});
+    EXPECT_EQ(help.status, 0);
+    for (const char* word : {"prayer", "moon", "today", "--folder", "--now", "--version"})
+        EXPECT_TRUE(holds(help.output, word)) << word;
+    EXPECT_EQ(help.errors, "");
+    const Outcome version = run({"--version"});
+    EXPECT_EQ(version.status, 0);
+    EXPECT_EQ(version.output, "halvane-report 5.3.9\n");
+}
+
+TEST_F(BatchTest, WrongUsageHasAStatusOfItsOwn) {
+    const std::string somewhere = folder.path().string();
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{},
+          {"nothing"},
+          {"prayer", "--wrong"},
+          {"--folder", "/no/such/folder", "prayer"},
+          {"--folder", somewhere, "--now", "yesterday", "today"},
+          {"--folder", somewhere, "--now", "2026-13-01T00:00", "today"},
+          {"--folder", somewhere, "--now", "2026-01-01T24:00", "today"},
+          {"--folder", somewhere, "--now", "2026-01-01", "today"},
+          {"--folder", somewhere, "--now", "2026-01-01T12:00x", "today"}}) {
+        const Outcome outcome = run(arguments);
+        EXPECT_EQ(outcome.status, 2) << outcome.errors;
+        EXPECT_EQ(outcome.output, "");
+        EXPECT_NE(outcome.errors, "");
+    }
+}
+
+TEST_F(BatchTest, NamesDamagedAndMissingFiles) {
+    folder.write("pref.vsk", "18,junk\r\n");
+    expect_failure(run_in_folder({"prayer"}),
+                   "pref.vsk, record 1, field 2: wanted a number, found \"junk\".");
+    folder.erase("pref.vsk");
+    for (const char* task : {"prayer", "moon", "today"})
+        expect_failure(run_in_folder({task}), "Cannot open " + (folder / "pref.vsk").string());
+    folder.write("pref.vsk", bytes_of(delivered("pref.vsk")));
+    folder.write("term.vsk", "1,2\r\n");
+    expect_failure(run_in_folder({"prayer"}), "term.vsk, record 1, field 3");
+    EXPECT_FALSE(folder.has("results.out"));
+}
+
+TEST_F(BatchTest, NamesASettingWithoutAFiniteResult) {
+    folder.write("loc.vsk", "\"Cold\",36,0,0,31,0,0,0,2,#TRUE#,#TRUE#,#FALSE#,#FALSE#,0,1010,-273\r\n");
+    for (const char* task : {"prayer", "moon", "today"})
+        expect_failure(run_in_folder({task}), "no finite value");
+    EXPECT_FALSE(folder.has("results.out"));
+    EXPECT_FALSE(folder.has("mresults.out"));
+}
+
+TEST_F(BatchTest, NamesAReportThatCannotBeReplaced) {
+    std::filesystem::create_directories(folder / "results.out/occupied");
+    expect_failure(run_in_folder({"prayer"}), "Cannot write " + (folder / "results.out").string());
+}
+
+TEST_F(BatchTest, InAFolderWithoutRightToWriteIsAFailure) {
+    if (::geteuid() == 0)
+        GTEST_SKIP() << "the administrator may write everywhere";
+    std::filesystem::permissions(folder.path(),
+                                 std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
+    expect_failure(run_in_folder({"prayer"}), "Cannot write " + (folder / "results.out").string());
+}
+
+TEST_F(BatchTest, TellsWhatARefusedReportIsAbout) {
+    const std::filesystem::path golden = golden_folder("prayer/high-latitude-refused");
+    for (const char* name : {"pref.vsk", "loc.vsk", "date.vsk"})
+        folder.write(name, bytes_of(golden / name));
+    const Outcome outcome = run_in_folder({"prayer"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.errors,
+              "The Alternative Method Does Not Work Above Latitude 65. Please Disable The High-Latitude "
+              "Alternative Method Calculations From The Preferences Menu!\n");
+    EXPECT_TRUE(same_bytes(folder.read("results.out"), bytes_of(golden / "results.out")));
+}
+
+TEST_F(BatchTest, AnInterruptCancelsWithTheRowsSoFar) {
+    // A period that lasts far longer than the wait before the interrupt.
+    folder.write("date.vsk", "#FALSE#,1000,1,1,9000,1,1,1000,1,1,9000,1,1,2026,1,1,#TRUE#,#FALSE#\r\n");
+    const pid_t child = start({"--folder", folder.path().string(), "moon"});
+    // The report has been opened beside its place once the signal is taken care of.
+    const auto opened = [this] {
+        for (const auto& entry : std::filesystem::directory_iterator(folder.path()))
+            if (entry.path().filename().string().starts_with("mresults.out."))
+                return true;
+        return false;
+    };
+    for (int i = 0; i < 1000 && !opened(); ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    ::kill(child, SIGINT);
+    const Outcome outcome = wait_for(child);
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.output, (folder / "mresults.out").string() + "\n");
+    EXPECT_EQ(lines(outcome.errors), 1);
+    const auto report = lines_of(folder.read("mresults.out"));
+    ASSERT_GT(report.size(), 20U);
+    EXPECT_TRUE(std::find_if(report.begin(), report.end(), [](const std::string& line) {
+                    return line.starts_with("01/01/1000 ");
+                }) != report.end());
+    EXPECT_EQ(report[report.size() - 5], std::string(71, '='));
+    EXPECT_EQ(report[report.size() - 3], "* Remarks:-");
+}
+
+} // namespace
+} // namespace halvane

@@ -1,0 +1,158 @@
+#include "app/stored/loc.h"
+#include "app/stored/pref.h"
+#include "app/stored/programfolder.h"
+#include "app/stored/textfile.h"
+#include "calendar/moddeltat.h"
+#include "crescent/crescentform.h"
+#include "ephemeris/series.h"
+
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+namespace halvane {
+namespace {
+
+namespace fs = std::filesystem;
+using Texts = std::array<std::string, 3>;
+
+/// A program folder of Amman's with the delivered series.
+class CrescentFormTest : public ::testing::Test {
+protected:
+    CrescentFormTest()
+        : folder_(fs::temp_directory_path() / ("crescent_form-" + std::to_string(::getpid()))) {
+        fs::create_directories(folder_);
+        for (const char* name : {"termfull.vsk", "term.vsk", "mterm.vsk", "elp.vsk"})
+            if (!fs::exists(folder_ / name))
+                fs::create_symlink(fs::path(HALVANE_DATA) / name, folder_ / name);
+        set_program_folder(folder_.string());
+        write_pref(Preferences{});
+        Location amman;
+        amman.name = "Amman";
+        amman.longitude_degrees = 35;
+        amman.longitude_minutes = 56;
+        amman.latitude_degrees = 31;
+        amman.latitude_minutes = 57;
+        amman.zone = 2;
+        write_loc(amman);
+        load_series();
+    }
+    ~CrescentFormTest() override { fs::remove_all(folder_); }
+
+    /// Choices for 29 March 2025, the day of a conjunction at 10:58 UT (Astronomical Almanac).
+    static CrescentSettings march_2025() {
+        CrescentSettings settings;
+        settings.day = "29";
+        settings.month = "3";
+        settings.year = "2025";
+        return settings;
+    }
+
+    std::string report() const { return read_text_file((folder_ / "visib.out").string()); }
+
+private:
+    fs::path folder_;
+};
+
+TEST(CrescentFormTexts, DaysAreNamedByTheKindOfCrescent) {
+    EXPECT_STREQ(day_captions(true, 'E')[0], "The Day of Conjunction");
+    EXPECT_STREQ(day_captions(true, 'E')[1], "One Day After Conjunction");
+    EXPECT_STREQ(day_captions(true, 'E')[2], "Two Days After Conjunction");
+    EXPECT_STREQ(day_captions(false, 'E')[0], "The Day of Conjunction");
+    EXPECT_STREQ(day_captions(false, 'E')[1], "One Day Before Conjunction");
+    EXPECT_STREQ(day_captions(false, 'E')[2], "Two Days Before Conjunction");
+    EXPECT_STREQ(day_captions(true, 'A')[0], "يوم الاقتران");
+    EXPECT_STREQ(day_captions(true, 'A')[1], "يوم واحد بعد الاقتران");
+    EXPECT_STREQ(day_captions(true, 'A')[2], "يومان بعد الاقتران");
+    EXPECT_STREQ(day_captions(false, 'A')[1], "يوم واحد قبل الاقتران");
+    EXPECT_STREQ(day_captions(false, 'A')[2], "يومان قبل الاقتران");
+}
+
+TEST(CrescentFormTexts, EventsAreNamedByTheKindOfCrescent) {
+    EXPECT_STREQ(event_captions(true, 'E')[0], "Sunset");
+    EXPECT_STREQ(event_captions(true, 'E')[1], "Moonset");
+    EXPECT_STREQ(event_captions(false, 'E')[0], "Sunrise");
+    EXPECT_STREQ(event_captions(false, 'E')[1], "Moonrise");
+    EXPECT_STREQ(event_captions(true, 'A')[0], "غروب الشمس");
+    EXPECT_STREQ(event_captions(true, 'A')[1], "غروب القمر");
+    EXPECT_STREQ(event_captions(false, 'A')[0], "شروق الشمس");
+    EXPECT_STREQ(event_captions(false, 'A')[1], "شروق القمر");
+}
+
+TEST(CrescentFormTexts, ADateIsPaddedAndHasItsEra) {
+    EXPECT_EQ(day_caption({2025, 3, 9}), "09/03/2025  CE");
+    EXPECT_EQ(day_caption({622, 12, 19}), "19/12/622  CE");
+}
+
+TEST_F(CrescentFormTest, NothingIsPreparedAtFirst) {
+    EXPECT_FALSE(CrescentForm().is_prepared());
+}
+
+TEST_F(CrescentFormTest, ANewCrescentOffersTheDaysAfterTheConjunction) {
+    CrescentForm form;
+    form.prepare(march_2025());
+    ASSERT_TRUE(form.is_prepared());
+    EXPECT_EQ(form.dates(true), (Texts{"29/03/2025  CE", "30/03/2025  CE", "31/03/2025  CE"}));
+    EXPECT_EQ(tdtinput, 0);
+}
+
+TEST_F(CrescentFormTest, AnOldCrescentOffersTheDaysBeforeTheConjunction) {
+    CrescentForm form;
+    form.prepare(march_2025());
+    EXPECT_EQ(form.dates(false), (Texts{"29/03/2025  CE", "28/03/2025  CE", "27/03/2025  CE"}));
+}
+
+// The conjunctions around Ramadan 1446: 28 February 2025 0:45 UT and 29 March 2025 10:58 UT.
+TEST_F(CrescentFormTest, AHijriMonthStartsAtOneConjunctionAndEndsAtTheNext) {
+    CrescentSettings ramadan = march_2025();
+    ramadan.gregorian = false;
+    ramadan.hijri = true;
+    ramadan.hijri_month = 8;
+    ramadan.hijri_year = "1446";
+    CrescentForm form;
+    form.prepare(ramadan);
+    EXPECT_EQ(form.dates(true)[0], "28/02/2025  CE");
+    ramadan.new_crescent = false;
+    form.prepare(ramadan);
+    EXPECT_EQ(form.dates(false)[0], "29/03/2025  CE");
+}
+
+TEST_F(CrescentFormTest, TheDateIsThatOfTheLocalClock) {
+    Location kiritimati = read_loc();
+    kiritimati.zone = 14;
+    write_loc(kiritimati);
+    CrescentForm form;
+    form.prepare(march_2025());
+    EXPECT_EQ(form.dates(true)[0], "30/03/2025  CE");
+}
+
+TEST_F(CrescentFormTest, AYearWithoutDigitsIsTheYearZero) {
+    CrescentSettings settings = march_2025();
+    settings.year = "next";
+    CrescentForm form;
+    form.prepare(settings);
+    EXPECT_TRUE(form.is_prepared());
+    EXPECT_EQ(form.dates(true)[0].size(), std::string("dd/mm/  CE").size());
+}
+
+TEST_F(CrescentFormTest, AResetDropsTheConjunction) {
+    CrescentForm form;
+    form.prepare(march_2025());
+    form.reset();
+    EXPECT_FALSE(form.is_prepared());
+}
+
+TEST_F(CrescentFormTest, ACalculationStoresTheChoicesAndWritesTheReport) {
+    CrescentSettings settings = march_2025();
+    CrescentForm form;
+    form.prepare(settings);
+    settings.two_days = true;
+    settings.one_day = false;
+    form.calculate(settings);
+    EXPECT_EQ(read_visib(), settings);
+    EXPECT_NE(report().find("- Crescent Visibility on: Monday  31/03/2025 CE\r\n"), std::string::npos);
+    EXPECT_EQ(tdtinput, 0);
+}
+
+} // namespace
+} // namespace halvane

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "app/stored/loc.h"
+#include "app/stored/pref.h"
+#include "app/stored/visib.h"
+#include "crescent/conjunction.h"
+#include "crescent/visibilitymap.h"
+#include "ephemeris/series.h"
+#include "tests/golden/goldenreport.h"
+
+#include <gtest/gtest.h>
+#include <string>
+
+namespace halvane {
+
+/// A location on the meridian of its zone.
+inline Location place_at(double longitude, double latitude, double zone) {
+    Location place;
+    place.name = "Somewhere";
+    place.longitude_degrees = longitude < 0 ? -longitude : longitude;
+    place.latitude_degrees = latitude < 0 ? -latitude : latitude;
+    place.east = longitude >= 0;
+    place.north = latitude >= 0;
+    place.zone = zone;
+    return place;
+}
+
+/// An approximate date with the other choices at their defaults.
+inline CrescentSettings crescent_near(int day, int month, int year, bool new_crescent = true) {
+    CrescentSettings settings;
+    settings.day = std::to_string(day);
+    settings.month = std::to_string(month);
+    settings.year = std::to_string(year);
+    settings.new_crescent = new_crescent;
+    return settings;
+}
+
+/// The map of a conjunction near a date.
+inline MapRun map_near(int day, int month, int year, CrescentKind kind, int choice, Criterion criterion) {
+    find_conjunction(crescent_near(day, month, year));
+    MapRun run;
+    run.criterion = criterion;
+    run.kind = kind;
+    run.conjunction = map_conjunction();
+    run.day = map_day(run.conjunction, kind, choice);
+    return run;
+}
+
+/// A program folder with the delivered stored files, and the series loaded.
+class CrescentTest : public ::testing::Test {
+protected:
+    CrescentTest() { load_series(); }
+    TestProgramFolder folder{HALVANE_DATA};
+};
+
+} // namespace halvane

@@ -1,0 +1,135 @@
+#include "crescent/gif.h"
+#include "crescent/maptexts.h"
+#include "crescent/visibilitymap.h"
+#include "tests/crescent/crescentfixture.h"
+
+#include <array>
+#include <cmath>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <gif_lib.h>
+#include <sstream>
+#include <sys/wait.h>
+
+namespace halvane {
+namespace {
+
+/// halvane-report in a folder of its own.
+class MapBatch : public CrescentTest {
+protected:
+    MapBatch() { write_visib(crescent_near(29, 3, 2025)); }
+
+    /// Exit status; what it prints goes to the files `out` and `err` of the folder.
+    int run(const std::string& arguments) const {
+        const std::string command = "'" HALVANE_REPORT "' --folder '" + folder.path("") + "' " + arguments +
+                                    " > '" + folder.path("out") + "' 2> '" + folder.path("err") + "'";
+        const int status = std::system(command.c_str());
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    }
+    std::vector<std::string> lines(const std::string& name) const {
+        std::vector<std::string> found;
+        std::istringstream stream(folder.content(name));
+        for (std::string line; std::getline(stream, line);)
+            found.push_back(line);
+        return found;
+    }
+};
+
+class Points : public MapReceiver {
+public:
+    void point(const MapPoint& point) override { points.push_back(point); }
+    bool go_on() override { return true; }
+    std::vector<MapPoint> points;
+};
+
+TEST_F(MapBatch, TableHoldsHeadLinesAndEveryPointInDrawingOrder) {
+    const std::string path = folder.path("map.csv");
+    ASSERT_EQ(run("map --criterion yallop --day 2 --csv '" + path + "'"), 0) << folder.content("err");
+    const std::vector<std::string> table = lines("map.csv");
+    const std::vector<std::string> head{
+        "# New Crescent Visibility", "# Yallop Criterion",      "# Shawwal 1446", "# Monday",
+        "# 31 March 2025",           "longitude,latitude,class"};
+    ASSERT_GT(table.size(), head.size());
+    EXPECT_EQ(std::vector<std::string>(table.begin(), table.begin() + 6), head);
+
+    Points drawn;
+    draw_visibility_map(map_near(29, 3, 2025, CrescentKind::new_crescent, 2, Criterion::yallop), drawn);
+    ASSERT_EQ(table.size() - head.size(), drawn.points.size());
+    for (std::size_t i = 0; i < drawn.points.size(); ++i) {
+        const MapPoint& point = drawn.points[i];
+        ASSERT_EQ(table[i + head.size()], std::to_string(point.longitude) + "," +
+                                              std::to_string(point.latitude) + "," +
+                                              std::to_string(static_cast<int>(point.visibility)));
+    }
+    EXPECT_EQ(folder.content("out"), path + "\n");
+}
+
+TEST_F(MapBatch, PictureDecodesAndShowsItsPoints) {
+    const std::string path = folder.path("map picture.gif");
+    ASSERT_EQ(run("map --criterion vesk --output '" + path + "'"), 0) << folder.content("err");
+    int error = 0;
+    GifFileType* gif = DGifOpenFileName(path.c_str(), &error);
+    ASSERT_NE(gif, nullptr);
+    ASSERT_EQ(DGifSlurp(gif), GIF_OK);
+    EXPECT_EQ(gif->SWidth, map_width);
+    EXPECT_GT(gif->SHeight, map_height);
+    const auto colour_at = [gif](const MapPixel& at) {
+        const int x = static_cast<int>(std::lround(at.x)) + 2; // on the circle
+        const int y = static_cast<int>(std::lround(at.y));
+        const GifByteType index = gif->SavedImages[0].RasterBits[y * gif->SWidth + x];
+        const GifColorType colour = gif->SColorMap->Colors[index];
+        return std::array<int, 3>{colour.Red, colour.Green, colour.Blue};
+    };
+    // The evening of 29 March 2025: red in the far east, where the conjunction is still to come.
+    EXPECT_EQ(colour_at(map_pixel(170, 0)), (std::array<int, 3>{238, 0, 0}));
+    DGifCloseFile(gif, &error);
+}
+
+TEST_F(MapBatch, WithoutAFileThePictureIsNamedAfterTheHijriMonth) {
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(folder.path(""));
+    EXPECT_EQ(run("map"), 0);
+    std::filesystem::current_path(before);
+    EXPECT_TRUE(folder.holds("Shawwal 1446.gif"));
+}
+
+TEST_F(MapBatch, KindComesFromTheStoredChoices) {
+    write_visib(crescent_near(29, 3, 2025, false));
+    ASSERT_EQ(run("map --day 1 --csv '" + folder.path("map.csv") + "'"), 0);
+    EXPECT_EQ(lines("map.csv")[0], "# Old Crescent Visibility");
+    EXPECT_EQ(lines("map.csv")[4], "# 28 March 2025");
+}
+
+TEST_F(MapBatch, BadOptionsAreRefusedAsUsage) {
+    for (const char* arguments : {"map --criterion danjon", "map --day 3", "map --day -1", "map --day one",
+                                  "map --colour", "map --csv"}) {
+        EXPECT_EQ(run(arguments), 2) << arguments;
+        EXPECT_FALSE(folder.content("err").empty()) << arguments;
+    }
+}
+
+TEST_F(MapBatch, UnwritableOutputFailsAndSaysWhy) {
+    for (const char* option : {"--csv", "--output"}) {
+        EXPECT_EQ(run(std::string("map ") + option + " '/no such folder/map'"), 1) << option;
+        EXPECT_NE(folder.content("err").find("/no such folder/map"), std::string::npos) << option;
+    }
+}
+
+TEST_F(MapBatch, YearsBeyondTheTheoriesEndInATableOrAClearFailure) {
+    for (const char* year : {"-4000", "0", "year", "9999", "999999999"}) {
+        CrescentSettings settings = crescent_near(29, 3, 2025);
+        settings.year = year;
+        write_visib(settings);
+        const int status = run("map --csv '" + folder.path("map.csv") + "'");
+        if (status == 0) {
+            EXPECT_EQ(folder.content("map.csv").find("nan"), std::string::npos) << year;
+        } else {
+            EXPECT_EQ(status, 1) << year;
+            EXPECT_FALSE(folder.content("err").empty()) << year;
+        }
+    }
+}
+
+} // namespace
+} // namespace halvane

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "app/stored/date.h"
+#include "calendar/modjul.h"
+#include "ephemeris/series.h"
+#include "prayer/prayerday.h"
+#include "tests/support/programfolder.h"
+
+#include <gtest/gtest.h>
+#include <string>
+
+namespace halvane {
+
+/// A program folder with the series loaded, for tests of whole days.
+class DayTest : public testing::Test {
+protected:
+    DayTest() { load_series(); }
+
+    static double jd_of(double year, double month, double day) {
+        double jd = 0;
+        modjul(year, month, day, 0, jd);
+        return jd;
+    }
+
+    /// A place at sea level; west and south are negative.
+    static Location place(double longitude, double latitude, double zone) {
+        Location location;
+        location.name = "Here";
+        location.longitude_degrees = std::abs(longitude);
+        location.latitude_degrees = std::abs(latitude);
+        location.east = longitude >= 0;
+        location.north = latitude >= 0;
+        location.west = !location.east;
+        location.south = !location.north;
+        location.zone = zone;
+        return location;
+    }
+
+    PrayerDay day_of(const Preferences& preferences, const Location& location, double year, double month,
+                     double day, DayMode mode = DayMode::report) const {
+        write_pref(preferences);
+        write_loc(location);
+        return prayer_day(read_prayer_settings(mode), jd_of(year, month, day), 0);
+    }
+
+    /// The days of the reports.
+    void set_period(DateNumbers start, DateNumbers end) const {
+        CalculationDate date;
+        date.period = true;
+        date.system_date = false;
+        date.start = date.from = start;
+        date.end = date.to = end;
+        write_date(date);
+    }
+
+    static Preferences seconds() {
+        Preferences preferences;
+        preferences.clock_precision = "0";
+        return preferences;
+    }
+
+    static double seconds_of(const std::string& clock) {
+        return std::stod(clock.substr(0, 2)) * 3600 + std::stod(clock.substr(3, 2)) * 60 +
+               std::stod(clock.substr(6));
+    }
+
+    TemporaryProgramFolder folder;
+};
+
+} // namespace halvane

@@ -1,0 +1,78 @@
+#include "events/modriseset.h"
+#include "prayer/moonday.h"
+#include "tests/prayer/days.h"
+
+#include <gtest/gtest.h>
+#include <string>
+
+namespace halvane {
+namespace {
+
+class MoonDayTest : public DayTest {
+protected:
+    MoonTimes moon_of(const Location& location, double year, double month, double day) const {
+        write_loc(location);
+        write_pref({});
+        return moon_day(read_pref(), read_loc(), jd_of(year, month, day), 0);
+    }
+};
+
+TEST_F(MoonDayTest, WithoutMoonriseHasItsSetAndTransit) {
+    bool found = false;
+    for (int day = 1; day <= 30 && !found; ++day) {
+        const MoonTimes times = moon_of(place(36, 32, 2), 2026, 4, day);
+        found = times.rise == "----";
+        if (found) {
+            EXPECT_EQ(times.set.size(), 5U);
+            EXPECT_NE(times.set, "----");
+            EXPECT_NE(times.transit, "----");
+        }
+    }
+    EXPECT_TRUE(found) << "the Moon skips a rise once a month";
+}
+
+TEST_F(MoonDayTest, OfAPolarMoonIsUpWithATransitOrDownThroughout) {
+    int up = 0;
+    int down = 0;
+    for (int day = 1; day <= 30; ++day) {
+        const MoonTimes times = moon_of(place(40, 87, 3), 2026, 6, day);
+        if (times.rise == "Up") {
+            EXPECT_EQ(times.set, "Up");
+            EXPECT_NE(times.transit, "Up");
+            ++up;
+        }
+        if (times.rise == "Down") {
+            EXPECT_EQ(times.set, "Down");
+            EXPECT_EQ(times.transit, "Down");
+            ++down;
+        }
+    }
+    EXPECT_GT(up, 8);
+    EXPECT_GT(down, 8);
+}
+
+TEST_F(MoonDayTest, FoldsATransitThatFallsInNoHourOfTheDay) {
+    // Once a month the passage comes after the day's end; the folded moment is off the meridian by the Moon's
+    // motion of a day, which the altitude and azimuth tests let pass or not.
+    int passages = 0;
+    int refused = 0;
+    for (int day = 1; day <= 31; ++day) {
+        const MoonTimes times = moon_of(place(36, 32, 2), 2026, 1, day);
+        (times.transit == "----" ? refused : passages) += 1;
+    }
+    EXPECT_EQ(passages + refused, 31);
+    EXPECT_GE(passages, 29);
+}
+
+TEST_F(MoonDayTest, DipMovesTheMoonsHorizonForGood) {
+    Location mountain = place(36, 32, 2);
+    const MoonTimes low = moon_of(mountain, 2026, 4, 10);
+    const double horizon = moonhorizonalt;
+    mountain.elevation = 900;
+    const MoonTimes high = moon_of(mountain, 2026, 4, 10);
+    EXPECT_NEAR(moonhorizonalt, horizon - (0.02917 + 0.0061667) * 30, 2e-5);
+    EXPECT_EQ(high.rise, low.rise) << "the setting is off";
+}
+
+} // namespace
+} // namespace halvane

@@ -1,0 +1,109 @@
+#include "tests/stored/storedrecords.h"
+
+#include <chrono>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <thread>
+
+namespace halvane {
+namespace {
+
+/// Lets the last change of a file fall behind the tick of the file system's clock.
+void settle() {
+    std::this_thread::sleep_for(std::chrono::milliseconds(45));
+}
+
+Location named(const char* name) {
+    Location location;
+    location.name = name;
+    return location;
+}
+
+TEST(KeptCopy, IsKeptWhileTheFileIsUnchanged) {
+    const TemporaryProgramFolder folder;
+    settle();
+    const Location* first = &read_loc();
+    const unsigned version = loc_version();
+    for (int i = 0; i < 100; ++i)
+        EXPECT_EQ(&read_loc(), first);
+    EXPECT_EQ(loc_version(), version);
+}
+
+TEST(KeptCopy, IsDroppedWhenTheProgramSaves) {
+    const TemporaryProgramFolder folder;
+    read_loc();
+    write_loc(named("One"));
+    EXPECT_EQ(read_loc().name, "One");
+    write_loc(named("Two"));
+    EXPECT_EQ(read_loc().name, "Two");
+}
+
+TEST(KeptCopy, IsDroppedWhenAnotherProgramRewritesTheFile) {
+    const TemporaryProgramFolder folder;
+    std::string bytes = folder.read("pref.vsk");
+    settle();
+    EXPECT_EQ(read_pref().fajer_angle, 18);
+    bytes.replace(0, 2, "19");
+    folder.rewrite("pref.vsk", bytes);
+    EXPECT_EQ(read_pref().fajer_angle, 19);
+}
+
+TEST(KeptCopy, SeesTwoChangesWithinOneTickOfTheClock) {
+    const TemporaryProgramFolder folder;
+    std::string bytes = folder.read("pref.vsk");
+    for (int angle = 10; angle < 99; ++angle) {
+        bytes.replace(0, 2, std::to_string(angle));
+        folder.rewrite("pref.vsk", bytes);
+        EXPECT_EQ(read_pref().fajer_angle, angle);
+    }
+}
+
+TEST(KeptCopy, IsDroppedWhenAFileOfTheSameSizeAndTimeTakesItsPlace) {
+    const TemporaryProgramFolder folder;
+    std::string bytes = folder.read("pref.vsk");
+    settle();
+    EXPECT_EQ(read_pref().fajer_angle, 18);
+    struct stat before {};
+    ASSERT_EQ(::stat((folder / "pref.vsk").c_str(), &before), 0);
+    bytes.replace(0, 2, "17");
+    folder.write("other", bytes);
+    const timespec times[]{before.st_atim, before.st_mtim};
+    ASSERT_EQ(::utimensat(AT_FDCWD, (folder / "other").c_str(), times, 0), 0);
+    std::filesystem::rename(folder / "other", folder / "pref.vsk");
+    EXPECT_EQ(read_pref().fajer_angle, 17);
+}
+
+TEST(KeptCopy, IsDroppedWithTheFile) {
+    const TemporaryProgramFolder folder;
+    settle();
+    read_date();
+    folder.erase("date.vsk");
+    EXPECT_TRUE(failure_words([] { read_date(); }).has_value());
+    folder.write("date.vsk", bytes_of(delivered("date.vsk")));
+    EXPECT_FALSE(failure_words([] { read_date(); }).has_value());
+}
+
+TEST(KeptCopy, BelongsToItsProgramFolder) {
+    const TemporaryProgramFolder outer;
+    write_loc(named("Outer"));
+    {
+        const TemporaryProgramFolder inner;
+        write_loc(named("Inner"));
+        EXPECT_EQ(read_loc().name, "Inner");
+    }
+    EXPECT_EQ(read_loc().name, "Outer");
+}
+
+TEST(SeriesPath, FallsBackToTheExecutablesFolderForAFolderOfSettingsOnly) {
+    const TemporaryProgramFolder folder;
+    EXPECT_EQ(series_path("elp.vsk"), (folder / "elp.vsk").string());
+    for (const char* name : {"termfull.vsk", "term.vsk", "mterm.vsk"})
+        folder.erase(name);
+    EXPECT_EQ(series_path("term.vsk"), (folder / "term.vsk").string()) << "one of the four is there";
+    folder.erase("elp.vsk");
+    EXPECT_EQ(series_path("term.vsk"), executable_folder() + "/term.vsk");
+}
+
+} // namespace
+} // namespace halvane

@@ -1,0 +1,85 @@
+#pragma once
+
+#include "app/stored/alert.h"
+#include "app/stored/coor.h"
+#include "app/stored/date.h"
+#include "app/stored/failure.h"
+#include "app/stored/loc.h"
+#include "app/stored/loclist.h"
+#include "app/stored/phase.h"
+#include "app/stored/pref.h"
+#include "app/stored/tele.h"
+#include "app/stored/visib.h"
+#include "tests/support/programfolder.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace halvane {
+
+/// A stored file of one record, whatever its record is.
+struct StoredRecord {
+    std::string name;
+    std::size_t fields;
+    std::function<void()> read;                  ///< reads it, for its failures
+    std::function<std::function<bool()>()> keep; ///< a test whether it still reads as it does now
+    std::function<void()> write_back;            ///< reads it and saves it again
+};
+
+template <class Record>
+StoredRecord stored_record(const char* name, std::size_t fields, const Record& (*read)(),
+                           void (*write)(const Record&)) {
+    return {name, fields, [read] { read(); },
+            [read]() -> std::function<bool()> {
+                return [read, kept = std::make_shared<Record>(read())] { return read() == *kept; };
+            },
+            [read, write] { write(Record(read())); }};
+}
+
+/// Every stored file of one record, with the count of its fields.
+inline std::vector<StoredRecord> stored_records() {
+    return {stored_record("pref.vsk", 18, read_pref, write_pref),
+            stored_record("loc.vsk", 16, read_loc, write_loc),
+            stored_record("date.vsk", 18, read_date, write_date),
+            stored_record("phase.vsk", 3, read_phase, write_phase),
+            stored_record("visib.vsk", 18, read_visib, write_visib),
+            stored_record("coor.vsk", 18, read_coor, write_coor),
+            stored_record("tele.vsk", 11, read_tele, write_tele),
+            stored_record("alert.vsk", 8, read_alert, write_alert)};
+}
+
+/// The fields of a record without commas in its texts.
+inline std::vector<std::string> fields_of(std::string line) {
+    while (!line.empty() && (line.back() == '\n' || line.back() == '\r'))
+        line.pop_back();
+    std::vector<std::string> fields{""};
+    for (const char c : line)
+        if (c == ',')
+            fields.emplace_back();
+        else
+            fields.back() += c;
+    return fields;
+}
+
+inline std::string record_of(const std::vector<std::string>& fields) {
+    std::string line = fields.front();
+    for (std::size_t i = 1; i < fields.size(); ++i)
+        line += "," + fields[i];
+    return line + "\r\n";
+}
+
+/// The words of the failure that `run` raises; nothing when it raises none.
+inline std::optional<std::string> failure_words(const std::function<void()>& run) {
+    try {
+        run();
+    } catch (const RunTimeFailure& failure) {
+        return failure.what();
+    }
+    return std::nullopt;
+}
+
+} // namespace halvane

@@ -1,0 +1,63 @@
+#include "app/batch/tasks.h"
+#include "app/stored/coor.h"
+#include "tests/golden/goldenreport.h"
+#include "tests/tables/scriptedprogress.h"
+
+#include <algorithm>
+
+namespace halvane {
+namespace {
+
+class EphemerisTask : public ::testing::Test {
+protected:
+    static int run_task(Progress& progress) {
+        const std::vector<Task> tasks = batch_tasks();
+        const auto task =
+            std::find_if(tasks.begin(), tasks.end(), [](const Task& t) { return t.name == "ephemeris"; });
+        return task == tasks.end() ? -1 : task->run(progress);
+    }
+    static void link_series(const TestProgramFolder& folder) {
+        for (const char* name : {"term.vsk", "mterm.vsk", "elp.vsk", "termfull.vsk"})
+            std::filesystem::create_symlink(std::filesystem::path(HALVANE_DATA) / name, folder.path(name));
+    }
+};
+
+TEST_F(EphemerisTask, WritesTheTableOfTheStoredRecord) {
+    const TestProgramFolder folder(golden_folder("tables/moon-topocentric-ut1-minutes"));
+    link_series(folder);
+    ScriptedProgress progress;
+    ::testing::internal::CaptureStdout();
+    EXPECT_EQ(run_task(progress), status_done);
+    EXPECT_EQ(::testing::internal::GetCapturedStdout(), folder.path("ephemeris.out") + "\n");
+    EXPECT_EQ(
+        folder.content("ephemeris.out"),
+        read_text_file((golden_folder("tables/moon-topocentric-ut1-minutes") / "ephemeris.out").string()));
+}
+
+TEST_F(EphemerisTask, TellsAnEndBeforeTheStartAndFails) {
+    const TestProgramFolder folder(golden_folder("tables/moon-topocentric-ut1-minutes"));
+    link_series(folder);
+    EphemerisSettings settings = read_coor();
+    settings.end_year = 2023;
+    write_coor(settings);
+    ScriptedProgress progress;
+    ::testing::internal::CaptureStderr();
+    EXPECT_EQ(run_task(progress), status_failure);
+    EXPECT_EQ(::testing::internal::GetCapturedStderr(), "The end date must be AFTER the beginning date!\n");
+    EXPECT_FALSE(folder.holds("ephemeris.out"));
+}
+
+TEST_F(EphemerisTask, FailsWhenItIsInterrupted) {
+    const TestProgramFolder folder(golden_folder("tables/moon-topocentric-ut1-minutes"));
+    link_series(folder);
+    ScriptedProgress progress(2);
+    ::testing::internal::CaptureStdout();
+    ::testing::internal::CaptureStderr();
+    EXPECT_EQ(run_task(progress), status_failure);
+    ::testing::internal::GetCapturedStdout();
+    EXPECT_NE(::testing::internal::GetCapturedStderr(), "");
+    EXPECT_TRUE(folder.holds("ephemeris.out"));
+}
+
+} // namespace
+} // namespace halvane

@@ -17,6 +17,7 @@ namespace {
 constexpr int kTick = 1000;       // [ms]
 constexpr long kStatusTicks = 10; // the files may have changed
 constexpr long kTrayTicks = 30;   // a session's tray may come up after its programs
+constexpr int kSettleTime = 400;  // some window managers minimise mapped windows only [ms]
 constexpr double kComingSize = 1.3;
 
 constexpr Twin kMainWindow[] = {{"cmdquit", "&Quit", "إ&نهاء"}};
@@ -122,8 +123,10 @@ void AlertProgram::show_status(const MachineTime& now) {
 /// Without a tray the minimised window is the way to quit.
 void AlertProgram::place_main_window() {
     if (!QSystemTrayIcon::isSystemTrayAvailable()) {
-        if (!main_window_.isVisible())
+        if (!main_window_.isVisible()) {
             main_window_.showMinimized();
+            QTimer::singleShot(kSettleTime, &main_window_, &QWidget::showMinimized);
+        }
     } else {
         main_window_.winId(); // hidden, but known to the system by its title
         if (main_window_.isMinimized())

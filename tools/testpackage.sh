@@ -61,7 +61,7 @@ as() {
 # Opens a screen; its name goes to $display.
 open_screen() {
     exec 3>"$scratch/display"
-    Xvfb -displayfd 3 -screen 0 1280x960x24 -nolisten tcp -ac 2>/dev/null &
+    Xvfb -displayfd 3 -screen 0 1280x960x24 -nolisten tcp -noreset -ac 2>/dev/null &
     screens+=($!)
     for _ in $(seq 200); do
         [ -s "$scratch/display" ] && break

@@ -30,7 +30,7 @@ fail() {
 
 open_screen() {
     exec 3>"$folder/.display"
-    Xvfb -displayfd 3 -screen 0 1400x1000x24 -nolisten tcp 2>/dev/null &
+    Xvfb -displayfd 3 -screen 0 1400x1000x24 -nolisten tcp -noreset 2>/dev/null &
     screen=$!
     for _ in $(seq 200); do
         [ -s "$folder/.display" ] && break

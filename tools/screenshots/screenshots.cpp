@@ -14,6 +14,7 @@
 #include "app/stored/loc.h"
 #include "app/stored/pref.h"
 #include "app/stored/programfolder.h"
+#include "app/stored/tele.h"
 #include "app/viewer.h"
 #include "calendar/machineclock.h"
 #include "crescent/frmcresv.h"
@@ -27,11 +28,13 @@
 #include <QElapsedTimer>
 #include <QMessageBox>
 #include <QPixmap>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QTemporaryDir>
 #include <cstdio>
 #include <filesystem>
 #include <memory>
+#include <string_view>
 #include <unordered_map>
 
 namespace halvane {
@@ -98,6 +101,12 @@ public:
 
     /// Shows `form` and keeps its picture as "name-language-scale.png".
     void take(QWidget& form, const QString& name) const {
+        // A window may take two thirds of the screen by itself, and this one has no real screen.
+        if (!form.testAttribute(Qt::WA_Resized)) {
+            const QSize hint = form.sizeHint();
+            form.resize(hint.width(),
+                        form.hasHeightForWidth() ? form.heightForWidth(hint.width()) : hint.height());
+        }
         form.show();
         settle();
         const QString scale = qEnvironmentVariable("QT_SCALE_FACTOR", QStringLiteral("1"));
@@ -132,6 +141,13 @@ void set_sample_settings(Language language) {
     date.one = {2024, 6, 21};
     write_date(date);
     write_alert({1, 10, 1, 0, true, true, true, true});
+    TelescopeSettings telescope;
+    telescope.year = 2024;
+    telescope.month = 6;
+    telescope.day = 8;
+    telescope.hour = 19;
+    telescope.minute = 55;
+    write_tele(telescope);
     MachineTime time;
     time.year = 2024;
     time.month = 6;
@@ -190,6 +206,13 @@ void take_shared_windows(const Camera& camera, Language language) {
     set_message_presenter({});
 }
 
+/// The button that fills a panel's read-outs without leaving it.
+const char* button_with_answer(std::string_view form) {
+    if (form == "frmtele")
+        return "cmdcalc";
+    return form == "frmhej" ? "cmdcon" : nullptr;
+}
+
 void take_all(const QString& folder, Language language) {
     set_sample_settings(language);
     const Camera camera(folder, language);
@@ -198,6 +221,8 @@ void take_all(const QString& folder, Language language) {
     camera.take(main_panel, QStringLiteral("frmmain"));
     for (const Panel& panel : panels()) {
         const std::unique_ptr<QDialog> form(panel.make(nullptr));
+        if (const char* button = button_with_answer(panel.form))
+            form->findChild<QPushButton*>(QString::fromLatin1(button))->click();
         camera.take(*form, QString::fromLatin1(panel.form));
     }
     frmqmap qiblah_map;

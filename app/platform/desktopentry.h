@@ -7,7 +7,7 @@
 namespace halvane {
 
 /// The text of a desktop entry file that starts the shortcut's target with the session (freedesktop.org
-/// Desktop Entry Specification 1.5, Desktop Application Autostart Specification 0.5).
+/// freedesktop.org, Desktop Entry 1.5, Desktop Application Autostart 0.5).
 std::string desktop_entry(const Shortcut& shortcut);
 
 } // namespace halvane

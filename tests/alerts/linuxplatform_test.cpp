@@ -100,7 +100,7 @@ TEST_F(LinuxPlatformTest, AFolderThatCannotBeMadeIsToldToTheCaller) {
     EXPECT_ANY_THROW(platform_.create_shortcut(shortcut()));
 }
 
-// The rules of quoting: Desktop Entry Specification 1.5, "The Exec key".
+// The rules of quoting: freedesktop.org, Desktop Entry 1.5, "The Exec key".
 TEST(DesktopEntry, SpecialCharactersOfTheCommandAreQuoted) {
     const std::string text =
         desktop_entry({"/a b/100%/$x\\y\"z/alert63.exe", "Startup", "Halvane", "/a\\b", 0, 0});

@@ -41,6 +41,4 @@ CrescentQuantities crescent_quantities(const Observer& observer, double jd, cons
 CrescentQuantities topocentric_quantities(const Observer& observer, double jd, const MoonPlace& moon,
                                           const SunPlace& sun);
 
-inline constexpr double astronomical_unit_km = 149597870.66;
-
 } // namespace halvane

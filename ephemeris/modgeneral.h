@@ -10,6 +10,7 @@ inline constexpr double radians_per_degree = pi / 180;
 
 /// The Julian day of 2000 January 1.5.
 inline constexpr double epoch_j2000 = 2451545;
+inline constexpr double astronomical_unit_km = 149597870.66;
 
 /// Angle of the point (x, y), x first                                      [rad, -pi/2 to 3 pi/2]
 /// Not the usual range: callers fold the result. 0 for the origin.

@@ -230,10 +230,6 @@ double refine(const Search& search, double h0, double event) {
     return t;
 }
 
-bool within_day(double hours) {
-    return hours >= 0 && hours < 24;
-}
-
 } // namespace
 
 void modriseset(std::string_view body, double jd0, TaggedTime& rise, TaggedTime& set) {

@@ -10,6 +10,11 @@ enum class NoEvent { none, up, down, bright, dark };
 /// Decimal hours of the local day, or the reason why there are none.
 using TaggedTime = std::variant<double, NoEvent>;
 
+/// Whether hours lie in a local day.
+inline bool within_day(double hours) {
+    return hours >= 0 && hours < 24;
+}
+
 /// The hours, when there are any.
 inline const double* hours_of(const TaggedTime& time) {
     return std::get_if<double>(&time);

@@ -22,10 +22,6 @@ double hours_of_city(double kilometres, double latitude) {
     return kilometres / kilometres_per_degree * 4 / 60;
 }
 
-bool within_day(double hours) {
-    return hours >= 0 && hours < 24;
-}
-
 /// An event moved by some hours: beyond the day there is none.
 TaggedTime moved(const TaggedTime& event, double hours) {
     const double* time = hours_of(event);

@@ -19,10 +19,6 @@ constexpr int moon_rule = 141;
 constexpr int house_column = 129;
 constexpr int to_the_second = 0;
 
-TableBody body_of(const EphemerisSettings& settings) {
-    return settings.object == 1 ? TableBody::moon : TableBody::sun;
-}
-
 /// "hh:mm:ss dd/mm/yyyy"
 std::string clock_and_date(double clock) {
     double year = 0;
@@ -60,6 +56,10 @@ void write_column_heads(Report& report, TableBody body) {
 }
 
 } // namespace
+
+TableBody body_of(const EphemerisSettings& settings) {
+    return settings.object == 1 ? TableBody::moon : TableBody::sun;
+}
 
 void write_ephemeris_head(Report& report, const EphemerisSettings& settings, const Location& location) {
     const TableBody body = body_of(settings);

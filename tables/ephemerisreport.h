@@ -7,6 +7,9 @@
 
 namespace halvane {
 
+/// The body of the settings.
+TableBody body_of(const EphemerisSettings& settings);
+
 /// The head of `ephemeris.out`.
 void write_ephemeris_head(Report& report, const EphemerisSettings& settings, const Location& location);
 

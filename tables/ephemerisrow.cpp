@@ -11,7 +11,6 @@
 namespace halvane {
 namespace {
 
-constexpr double astronomical_unit_km = 149597870.66;
 constexpr double sun_semidiameter_at_1_au = 0.266563888; // [deg]
 constexpr double sun_parallax_at_1_au = 0.0024427777778; // [deg]
 

@@ -52,7 +52,7 @@ void tell_progress(Progress& progress, const TableSpan& span, double row) {
 
 RunOutcome write_rows(Report& report, const EphemerisSettings& settings, const TableSpan& span,
                       const Location& location, Progress& progress) {
-    const TableBody body = settings.object == 1 ? TableBody::moon : TableBody::sun;
+    const TableBody body = body_of(settings);
     const Observer observer = observer_at(longitude_of(location), latitude_of(location), location.elevation);
     const double clock_ahead = (location.zone + summer_hours(settings)) / 24;
     // Where a far start cannot be told from the next row, the count ends the table.

@@ -19,8 +19,8 @@ TableSpan table_span(const EphemerisSettings& settings, double zone);
 /// Writes `ephemeris.out`: a row at start + n step for every n until the end (and 1e-8 d beyond, so that an
 /// interval that divides the span keeps its last row).
 /// Reads `loc.vsk`; needs the arrays of `mterm.vsk` and of `termfull.vsk` (Sun) or `elp.vsk` (Moon). Runs
-/// with `tdtinput` by the settings. Returns refused when the end comes before the start (see
-/// end_before_start): nothing is written then;
+/// with `tdtinput` by the settings.
+/// Returns refused when the end comes before the start (see end_before_start): nothing is written then;
 ///         cancelled with the rows so far and the remarks in the file.
 /// Error   raises RunTimeFailure; an earlier `ephemeris.out` then stands.
 RunOutcome write_ephemeris_table(const EphemerisSettings& settings, Progress& progress);

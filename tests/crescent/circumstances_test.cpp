@@ -7,6 +7,7 @@
 #include "calendar/moddeltat.h"
 #include "calendar/modjul.h"
 #include "crescent/crescentreport.h"
+#include "ephemeris/modgeneral.h"
 #include "events/phase.h"
 #include "phases/phaseyear.h"
 #include "prayer/cmdcom.h"

@@ -1,3 +1,4 @@
+#include "ephemeris/modgeneral.h"
 #include "ephemeris/series.h"
 #include "tables/ephemerisrow.h"
 #include "tests/golden/goldenreport.h"
@@ -12,7 +13,6 @@ namespace halvane {
 namespace {
 
 constexpr double degree = std::numbers::pi / 180;
-constexpr double astronomical_unit_km = 149597870.66;
 
 struct Site {
     double longitude, latitude, height;

@@ -4,7 +4,6 @@
 
 class QComboBox;
 class QLineEdit;
-class QWidget;
 
 namespace halvane {
 

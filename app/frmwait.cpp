@@ -5,7 +5,6 @@
 #include "ui_frmwait.h"
 
 #include <QCoreApplication>
-#include <algorithm>
 #include <cmath>
 #include <vector>
 

@@ -26,8 +26,9 @@ struct MainPanelState {
 };
 
 /// The load step of the main panel in its order: `termfull.vsk`, `loc.vsk`, `term.vsk`, `mterm.vsk`,
-/// `pref.vsk`, the language, today's six times, the date line, the clock line, `elp.vsk`. Error  raises
-/// RunTimeFailure; in Arabic every failure after `pref.vsk` is passed over, and the next part of
+/// `pref.vsk`, the language, today's six times, the date line, the clock line, `elp.vsk`.
+/// Error  raises RunTimeFailure; in Arabic every failure after `pref.vsk` is passed over, and the next part
+/// of
 ///        the step follows.
 void load_main_panel(MainPanelFace& face, MainPanelState& state);
 

@@ -8,7 +8,8 @@ namespace halvane {
 /// In     precision  0 "hh:mm:ss", any other "hh:mm"
 ///        hours      decimal hours
 /// Out    text       rounded half to even; "24:00:00", or "24:00" with precision 1, for the last half unit of
-/// a day Error  raises RunTimeFailure for hours that are not finite.
+///                   a day
+/// Error  raises RunTimeFailure for hours that are not finite.
 void modctim(int precision, double hours, std::string& text);
 
 } // namespace halvane

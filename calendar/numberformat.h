@@ -7,8 +7,8 @@ namespace halvane {
 
 /// Text of `value` in a pattern such as "##00", "###00.0", "######": the zeros before the point are the
 /// digits shown at least, those after it the decimals. Rounded half to even on the exact binary value. The
-/// sign of a negative value is shown even where it rounds to zero. "######" of 0 is an empty text. Error
-/// raises RunTimeFailure for a value that is not finite.
+/// sign of a negative value is shown even where it rounds to zero. "######" of 0 is an empty text.
+/// Error  raises RunTimeFailure for a value that is not finite.
 std::string format_number(double value, std::string_view pattern);
 
 /// The same, put behind `text`.

@@ -4,7 +4,6 @@
 #include "app/stored/visib.h"
 
 #include <array>
-#include <string>
 
 namespace halvane {
 

@@ -9,7 +9,6 @@
 #include <QPainter>
 #include <QStyle>
 #include <algorithm>
-#include <limits>
 #include <unordered_map>
 
 namespace halvane {

@@ -65,7 +65,7 @@ struct PointConjunction {
 PointConjunction point_conjunction(const Observer& observer, double start, double delta_t);
 
 /// The class of one point. The conjunction is refined for the point, topocentric, from `conjunction` and left
-/// there for the next [d]. Reads no file. A height exactly in the gap of Yallop's bands is not painted.
+/// there for the next [d]. Reads no file. A value exactly in the gap of Yallop's bands is not painted.
 VisibilityClass evaluate_point(const MapRun& run, double longitude, double latitude, double& conjunction);
 
 /// Evaluates and fills the world in blocks of 10 degrees, longitude by longitude, latitude from 60 north

@@ -6,8 +6,8 @@
 
 namespace halvane {
 
-/// Whether the fast routines and the sidereal times take what does not depend on the observer from
-/// interpolated series. Default false. Single thread.
+/// Whether the low-precision Sun of the fast routines, the periodic terms of the Moon and both orientations
+/// of the Earth come from interpolated series. Default false. Single thread.
 extern bool interpolating;
 
 /// Turns that on while it lives. Worth it for thousands of places within days of each other.

@@ -5,8 +5,8 @@
 #include "app/stored/record.h"
 #include "app/stored/textfile.h"
 
-#include <functional>
 #include <optional>
+#include <utility>
 
 namespace halvane {
 namespace {

@@ -78,8 +78,7 @@ struct MultipleArguments {
 /// Sums of the groups of a series, the terms of each added in row order, by the widest vectors that the
 /// processor has.
 /// Accuracy  each term within 4e-16 of its amplitude for arguments up to 3e6 rad; places within 1e-12 of
-/// those
-///           of plain loops over the standard library (tests/accuracy).
+///           those of plain loops over the standard library (tests/accuracy).
 struct SeriesSums {
     const char* instructions; ///< name of the vector instructions in use
     void (*of_rates)(const RateArguments& arguments, const double* amplitude, TermGroups groups,

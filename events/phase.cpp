@@ -47,7 +47,7 @@ double planetary_sum(double k, double t) {
     return sum;
 }
 
-/// By how much a quarter's half differs from the mean of both quarters                                 [d]
+/// The term W that is added at the first quarter and taken off at the last [d]
 double quarter_difference(const Arguments& a) {
     using std::cos;
     return 0.00306 - 0.00038 * a.eccentricity * cos(a.m) + 0.00026 * cos(a.m_prime) -

@@ -49,7 +49,8 @@ public:
     /// What has come due since the last call; nothing at the first one but what is due at this second.
     /// Reads `alert.vsk`, `pref.vsk`, `loc.vsk` every ten seconds of the clock and `date.vsk` when the times
     /// are computed anew, which a new date or changed settings ask for; needs `term.vsk` and `mterm.vsk`
-    /// loaded. Error  raises RunTimeFailure for a damaged file.
+    /// loaded.
+    /// Error  raises RunTimeFailure for a damaged file.
     std::vector<Alert> due(const MachineTime& now);
 
     /// The next prayer, today's or tomorrow's; nothing when neither day has one. Reads as `due` does.

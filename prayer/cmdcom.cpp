@@ -9,7 +9,6 @@
 #include "prayer/prayerreport.h"
 
 #include <optional>
-#include <utility>
 #include <vector>
 
 namespace halvane {

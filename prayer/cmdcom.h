@@ -13,11 +13,12 @@ namespace halvane {
 RunOutcome cmdcom(Progress& progress);
 
 /// The six times of one day for the main panel. Reads `pref.vsk`, `date.vsk`, `loc.vsk`; no alternative
-/// method. In     todayjd  0 h of the machine's date                                                    [d]
+/// method.
+/// In     todayjd  0 h of the machine's date                                                    [d]
 PrayerTimes today_prayer_times(double todayjd);
 
 /// The Sun's rise and set of the day `crescentjd` with `summeractive` summer hours: fills `sunriseout` and
-/// `sunsetout`. Needs `crescentmode` 1.
+/// `sunsetout`.
 void cmdcom_for_crescent();
 
 /// What the user is told when the report is refused.

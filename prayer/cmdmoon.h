@@ -11,7 +11,7 @@ namespace halvane {
 RunOutcome cmdmoon(Progress& progress);
 
 /// The Moon's rise and set of the day `crescentjd` with `summeractive` summer hours: fills `moonriseout` and
-/// `moonsetout`. Needs `crescentmode` 1.
+/// `moonsetout`.
 void cmdmoon_for_crescent();
 
 } // namespace halvane

@@ -4,9 +4,9 @@
 
 namespace halvane {
 
-/// How the crescent's calculation borrows the two day calculators: with `crescentmode` 1, cmdcom and cmdmoon
-/// show no progress, write no report and leave the events of one day in the four results. Single thread; the
-/// first three change through a SwitchGuard.
+/// How the crescent's calculation borrows the two day calculators: cmdcom_for_crescent and
+/// cmdmoon_for_crescent show no progress, write no report and leave the events of one day in the four
+/// results. Single thread; the first three change through a SwitchGuard.
 
 extern int crescentmode;  ///< 1 while the crescent's calculation calls. Default 0.
 extern double crescentjd; ///< Julian day of 0 h of its day                                   [d]

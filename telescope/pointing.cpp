@@ -11,7 +11,6 @@
 #include "ephemeris/moon.h"
 #include "ephemeris/sun.h"
 
-#include <array>
 #include <cmath>
 
 namespace halvane {

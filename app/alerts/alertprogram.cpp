@@ -88,7 +88,7 @@ void AlertProgram::tick() {
 void AlertProgram::handle(const Alert& alert) {
     const Language language = stored_language();
     const bool beep = alert.kind == Alert::Kind::beep;
-    const bool audible = (beep || alert.athan != Athan::none);
+    const bool audible = beep || alert.athan != Athan::none;
     const bool silent = audible && !sounds_.has_device();
     AlertWords words = words_of(alert, place_name(), language);
     const bool tells = silent && !told_no_sound_;

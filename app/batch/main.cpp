@@ -1,12 +1,12 @@
 #include "app/batch/console.h"
 #include "app/batch/tasks.h"
-#include "app/stored/failure.h"
 #include "app/stored/programfolder.h"
 #include "calendar/machineclock.h"
 
 #include <CLI/CLI.hpp>
 
 #include <cstdio>
+#include <exception>
 #include <iostream>
 #include <string>
 
@@ -75,8 +75,6 @@ int run(int argc, char** argv) {
 int main(int argc, char** argv) {
     try {
         return run(argc, argv);
-    } catch (const RunTimeFailure& failure) {
-        std::cerr << "halvane-report: " << failure.what() << "\n";
     } catch (const std::exception& failure) {
         std::cerr << "halvane-report: " << failure.what() << "\n";
     }

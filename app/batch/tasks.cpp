@@ -11,7 +11,6 @@
 #include "telescope/crescentpicture.h"
 #include "telescope/readouts.h"
 
-#include <cstdio>
 #include <iostream>
 
 namespace halvane {

@@ -3,7 +3,6 @@
 #include "app/report/progress.h"
 
 #include <functional>
-#include <ostream>
 #include <string>
 #include <vector>
 

@@ -7,7 +7,8 @@
 namespace halvane {
 
 /// The one failure that ends a program: a stored or series file that is missing, short, not of its form or
-/// not writable, or a calculation without a finite value. Nothing between its source and `main` catches it.
+/// not writable, or a calculation without a finite value. Only where a panel's own rules pass it over is it
+/// caught before `main` or the program's event loop.
 class RunTimeFailure : public std::runtime_error {
 public:
     explicit RunTimeFailure(const std::string& words) : std::runtime_error(words) {}

@@ -12,7 +12,7 @@ namespace halvane {
 
 namespace {
 
-constexpr double kNoonAfterMidnight = 0.5; // [d]
+constexpr double noon_after_midnight = 0.5; // [d]
 
 /// The main panel writes May otherwise than the reports do.
 std::string month_name(int month, bool english) {
@@ -42,9 +42,9 @@ void run_part(bool pass_over, Part part) {
 } // namespace
 
 std::string date_line(const MachineTime& today, double todayjd, bool english) {
-    const HijriDate hijri = hijri_of_day_number(todayjd + kNoonAfterMidnight);
+    const HijriDate hijri = hijri_of_day_number(todayjd + noon_after_midnight);
     std::string weekday;
-    modday(todayjd + kNoonAfterMidnight, english ? 0 : 1, weekday);
+    modday(todayjd + noon_after_midnight, english ? 0 : 1, weekday);
     const std::string lead =
         english ? "Machine's Date: " + weekday + ", " : "تاريخ الجهاز:  " + weekday + "، ";
     return lead + std::to_string(today.day) + " " + month_name(today.month, english) + " " +

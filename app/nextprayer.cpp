@@ -6,8 +6,8 @@ namespace halvane {
 
 namespace {
 
-constexpr int kSecondsPerMinute = 60;
-constexpr std::array<std::size_t, 5> kPrayerColumns{0, 2, 3, 4, 5};
+constexpr int seconds_per_minute = 60;
+constexpr std::array<std::size_t, 5> prayer_columns{0, 2, 3, 4, 5};
 
 } // namespace
 
@@ -16,7 +16,7 @@ std::optional<NextPrayer> next_prayer(const TodayTexts& times, int now) {
     std::optional<NextPrayer> first;
     int next_time = 0;
     int first_time = 0;
-    for (const std::size_t column : kPrayerColumns) {
+    for (const std::size_t column : prayer_columns) {
         const std::optional<int> time = seconds_of_clock_text(times[column]);
         if (!time)
             continue;
@@ -25,7 +25,7 @@ std::optional<NextPrayer> next_prayer(const TodayTexts& times, int now) {
             first_time = *time;
         }
         if (*time > now && (!next || *time < next_time)) {
-            next = NextPrayer{column, (*time - now + kSecondsPerMinute - 1) / kSecondsPerMinute, false};
+            next = NextPrayer{column, (*time - now + seconds_per_minute - 1) / seconds_per_minute, false};
             next_time = *time;
         }
     }

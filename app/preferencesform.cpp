@@ -9,7 +9,7 @@ namespace halvane {
 
 namespace {
 
-constexpr std::array<TwilightAuthority, 6> kAuthorities{{
+constexpr std::array<TwilightAuthority, 6> authorities{{
     {"1", "Standard", 18, 18, false},
     {"2", "Egyptian General Authority of Survey", 19.5, 17.5, false},
     {"3", "Islamic Society of North America", 18, 18, false},
@@ -29,14 +29,14 @@ bool is_set(const std::string& flag) {
 } // namespace
 
 std::span<const TwilightAuthority> twilight_authorities() {
-    return kAuthorities;
+    return authorities;
 }
 
 PreferencesForm::PreferencesForm(const Preferences& stored) : record_(stored), english_(stored.english) {}
 
 PreferencesPanel PreferencesForm::opened() const {
     PreferencesPanel panel;
-    for (const TwilightAuthority& authority : kAuthorities)
+    for (const TwilightAuthority& authority : authorities)
         if (record_.authority == authority.code)
             panel.authority = authority.entry;
     panel.angles = chosen(panel.authority, panel.angles);
@@ -59,7 +59,7 @@ PreferencesPanel PreferencesForm::opened() const {
 }
 
 AngleBoxes PreferencesForm::chosen(std::string_view entry, const AngleBoxes& now) const {
-    for (const TwilightAuthority& authority : kAuthorities) {
+    for (const TwilightAuthority& authority : authorities) {
         if (entry != authority.entry)
             continue;
         const double fajer = authority.custom ? record_.fajer_angle : authority.fajer;
@@ -99,7 +99,7 @@ RefusedAngle PreferencesForm::take(const PreferencesPanel& panel) {
     record_.asr_rule = flag_text(panel.standard_asr);
     record_.clock_precision = flag_text(panel.minutes);
     record_.english = panel.english;
-    for (const TwilightAuthority& authority : kAuthorities)
+    for (const TwilightAuthority& authority : authorities)
         if (panel.authority == authority.entry)
             record_.authority = authority.code;
     return RefusedAngle::none;

@@ -12,15 +12,15 @@ namespace halvane {
 
 namespace {
 
-constexpr std::size_t kMay = 4;
-constexpr const char* kMayInArabic = "أيار";
+constexpr std::size_t may = 4;
+constexpr const char* may_in_arabic = "أيار";
 
 MonthNames civil_months(char letter) {
     MonthNames names;
     for (std::size_t i = 0; i < names.size(); ++i)
         modmonth(static_cast<int>(i) + 1, letter == 'A' ? 'A' : 'E', names[i]);
     if (letter == 'A')
-        names[kMay] = kMayInArabic;
+        names[may] = may_in_arabic;
     return names;
 }
 

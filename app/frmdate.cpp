@@ -10,7 +10,7 @@ namespace halvane {
 
 namespace {
 
-constexpr Twin kTwins[] = {
+constexpr Twin twins[] = {
     {"frmdate", "Date", "التاريخ"},
     {"fradate", "Date Settings", "تحديد التاريخ"},
     {"optsystem", "Use the date of your system", "اعتمد تاريخ الجهاز"},
@@ -42,13 +42,13 @@ constexpr Twin kTwins[] = {
     {"cbotday@spoken", "To, day", "إلى، اليوم"},
 };
 
-constexpr Twin kOrderTitle{"", "Date Error", "خطأ"};
-constexpr Twin kOrderRefused{"", "The end date must be AFTER the beginning date!",
+constexpr Twin order_title{"", "Date Error", "خطأ"};
+constexpr Twin order_refused{"", "The end date must be AFTER the beginning date!",
                              "التاريخ الثاني يجب أن يكون بعد التاريخ الأول"};
 
-constexpr int kMonths = 12;
-constexpr int kDays = 31;
-constexpr const char* kLongestYear = "-88888";
+constexpr int months = 12;
+constexpr int days = 31;
+constexpr const char* longest_year = "-88888";
 
 struct Row {
     QLineEdit* year;
@@ -67,8 +67,8 @@ DateBoxes boxes_of(const Row& row) {
 }
 
 void prepare(const Row& row) {
-    fill_with_numbers(*row.month, kMonths);
-    fill_with_numbers(*row.day, kDays);
+    fill_with_numbers(*row.month, months);
+    fill_with_numbers(*row.day, days);
 }
 
 } // namespace
@@ -81,7 +81,7 @@ frmdate::frmdate(QWidget* owner)
     prepare({ui_->txttyear, ui_->cbotmonth, ui_->cbotday});
     show_panel(date_panel_of(read_date()));
     option_click();
-    apply_language(*this, kTwins, language_);
+    apply_language(*this, twins, language_);
     set_sizes();
     select_whole_text_on_focus(*this);
     for (QRadioButton* option : {ui_->optsystem, ui_->optday, ui_->optper})
@@ -96,7 +96,7 @@ frmdate::~frmdate() = default;
 void frmdate::set_sizes() {
     set_spacing(*this);
     for (QLineEdit* box : {ui_->txtoyear, ui_->txtfyear, ui_->txttyear})
-        shape_number_box(*box, kLongestYear);
+        shape_number_box(*box, longest_year);
 }
 
 void frmdate::show_panel(const DatePanel& panel) {
@@ -139,7 +139,7 @@ void frmdate::option_click() {
 void frmdate::cmdok_click() {
     const CalculationDate date = calculation_date_of(shown());
     if (ends_before_start(date)) {
-        warn(this, text_of(kOrderTitle, language_), text_of(kOrderRefused, language_), language_);
+        warn(this, text_of(order_title, language_), text_of(order_refused, language_), language_);
         ask_again(*ui_->txtfyear);
         return;
     }

@@ -19,7 +19,7 @@ namespace halvane {
 
 namespace {
 
-constexpr Twin kTwins[] = {
+constexpr Twin twins[] = {
     {"frmlocation", "Location", "الموقع"},
     {"franame", "Name", "الإسم"},
     {"fralongi", "Longitude", "خط الطول"},
@@ -66,21 +66,21 @@ constexpr Twin kTwins[] = {
     {"txtcity@spoken", "Kilometres to the east", "المسافة إلى الشرق بالكيلومتر"},
 };
 
-constexpr Twin kFind{"", "Find in the list", "ابحث في القائمة"};
+constexpr Twin find_text{"", "Find in the list", "ابحث في القائمة"};
 
-constexpr Twin kAddTitle{"", "Add", "إضافة"};
-constexpr Twin kAddQuestion{"", "Are you sure you want to add this location?",
+constexpr Twin add_title{"", "Add", "إضافة"};
+constexpr Twin add_question{"", "Are you sure you want to add this location?",
                             "هل أنت متأكد من إضافة هذا الموقع ؟"};
-constexpr Twin kNameTitle{"", "Name Error", "خطأ"};
-constexpr Twin kNameRefused{"", "You Can Not Have Two Locations of the Same Name!",
+constexpr Twin name_title{"", "Name Error", "خطأ"};
+constexpr Twin name_refused{"", "You Can Not Have Two Locations of the Same Name!",
                             "لا يمكن إضافة موقعين بنفس الاسم"};
-constexpr Twin kModifyTitle{"", "Modify", "تعديل"};
-constexpr Twin kModifyQuestion{"", "Are you sure you want to modify this location?",
+constexpr Twin modify_title{"", "Modify", "تعديل"};
+constexpr Twin modify_question{"", "Are you sure you want to modify this location?",
                                "هل أنت متأكد من هذا التعديل ؟"};
-constexpr Twin kDeleteTitle{"", "Delete", "حذف"};
-constexpr Twin kDeleteQuestion{"", "Are you sure you want to delete this location?",
+constexpr Twin delete_title{"", "Delete", "حذف"};
+constexpr Twin delete_question{"", "Are you sure you want to delete this location?",
                                "هل أنت متأكد من حذف هذا الموقع؟"};
-constexpr Twin kDeleteAgain{"", "Again... You will delete this location!",
+constexpr Twin delete_again{"", "Again... You will delete this location!",
                             "مرة أخرى... سيتم حذف هذا الموقع نهائيا"};
 
 /// A number box of the panel, the field it stands for and the widest text it has room for.
@@ -90,7 +90,7 @@ struct NumberBox {
     const char* longest;
 };
 
-constexpr NumberBox kNumberBoxes[] = {
+constexpr NumberBox number_boxes[] = {
     {"txtlongid", &Location::longitude_degrees, "-188"},
     {"txtlongim", &Location::longitude_minutes, "88.88"},
     {"txtlongis", &Location::longitude_seconds, "88.88"},
@@ -131,8 +131,8 @@ QStringList sorted_names(const std::vector<Location>& locations) {
 frmlocation::frmlocation(QWidget* owner)
     : QDialog(owner), ui_(std::make_unique<Ui::frmlocation>()), language_(stored_language()) {
     ui_->setupUi(this);
-    apply_language(*this, kTwins, language_);
-    ui_->txtfind->setPlaceholderText(text_of(kFind, language_));
+    apply_language(*this, twins, language_);
+    ui_->txtfind->setPlaceholderText(text_of(find_text, language_));
     set_sizes();
     select_whole_text_on_focus(*this);
     connect_controls();
@@ -155,7 +155,7 @@ void frmlocation::load() {
 
 void frmlocation::set_sizes() {
     set_spacing(*this);
-    for (const NumberBox& box : kNumberBoxes)
+    for (const NumberBox& box : number_boxes)
         shape_number_box(box_of(*this, box), box.longest);
     ui_->List1->setUniformItemSizes(true);
     fit_width(*ui_->List1, QStringLiteral("San Pedro de Macoris, Dominican"));
@@ -175,7 +175,7 @@ void frmlocation::connect_controls() {
 
 void frmlocation::show_location(const Location& location) {
     ui_->txtname->setText(QString::fromStdString(location.name));
-    for (const NumberBox& box : kNumberBoxes)
+    for (const NumberBox& box : number_boxes)
         box_of(*this, box).setText(QString::fromStdString(plain_number(location.*box.field)));
     (location.east ? ui_->opte : ui_->optw)->setChecked(true);
     (location.north ? ui_->optn : ui_->opts)->setChecked(true);
@@ -184,7 +184,7 @@ void frmlocation::show_location(const Location& location) {
 Location frmlocation::shown() const {
     Location location;
     location.name = text_of(*ui_->txtname);
-    for (const NumberBox& box : kNumberBoxes)
+    for (const NumberBox& box : number_boxes)
         location.*box.field = numeric_prefix(text_of(box_of(*this, box)));
     location.east = ui_->opte->isChecked();
     location.west = ui_->optw->isChecked();
@@ -250,11 +250,11 @@ bool frmlocation::confirmed(const Twin& title, const Twin& question) {
 }
 
 void frmlocation::cmdadd_click() {
-    if (!confirmed(kAddTitle, kAddQuestion))
+    if (!confirmed(add_title, add_question))
         return;
     const Location location = shown();
     if (!add_location(location)) {
-        warn(this, text_of(kNameTitle, language_), text_of(kNameRefused, language_), language_);
+        warn(this, text_of(name_title, language_), text_of(name_refused, language_), language_);
         return;
     }
     fill_list(read_location_list());
@@ -262,7 +262,7 @@ void frmlocation::cmdadd_click() {
 }
 
 void frmlocation::cmdmod_click() {
-    if (!confirmed(kModifyTitle, kModifyQuestion))
+    if (!confirmed(modify_title, modify_question))
         return;
     const Location location = shown();
     modify_location(location);
@@ -271,7 +271,7 @@ void frmlocation::cmdmod_click() {
 }
 
 void frmlocation::cmddel_click() {
-    if (!confirmed(kDeleteTitle, kDeleteQuestion) || !confirmed(kDeleteTitle, kDeleteAgain))
+    if (!confirmed(delete_title, delete_question) || !confirmed(delete_title, delete_again))
         return;
     delete_location(text_of(*ui_->txtname));
     fill_list(read_location_list());

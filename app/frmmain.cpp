@@ -18,15 +18,15 @@ namespace halvane {
 
 namespace {
 
-constexpr int kClockInterval = 5000; // [ms]
-constexpr int kMinutesPerHour = 60;
-constexpr double kHeadSize = 1.6;
-constexpr double kTitleSize = 0.9;
-constexpr double kFigureSize = 2.2;
-constexpr double kLineSize = 1.2;
-constexpr double kDesktopIcon = 2.4; // of the unit of space
+constexpr int clock_interval = 5000; // [ms]
+constexpr int minutes_per_hour = 60;
+constexpr double head_size = 1.6;
+constexpr double title_size = 0.9;
+constexpr double figure_size = 2.2;
+constexpr double line_size = 1.2;
+constexpr double desktop_icon = 2.4; // of the unit of space
 
-constexpr Twin kTwins[] = {
+constexpr Twin twins[] = {
     {"frmmain", "Halvane 5.3.9", "Halvane 5.3.9"},
     {"cmddat", "&Date", "ال&تاريخ"},
     {"cmdloc", "&Location", "المو&قع"},
@@ -59,12 +59,12 @@ constexpr Twin kTwins[] = {
 };
 
 /// How the two lines begin; the load step completes them.
-constexpr Twin kLines[] = {
+constexpr Twin lines[] = {
     {"lblmdate", "Machine's Date: ", "تاريخ الجهاز: "},
     {"lblmtime", "Machine's Time: ", "وقت الجهاز: "},
 };
 
-constexpr std::pair<const char*, const char*> kIcons[] = {
+constexpr std::pair<const char*, const char*> icons[] = {
     {"cmddat", "date"},        {"cmdloc", "location"},   {"cmdpre", "preferences"}, {"cmdqib", "qiblah"},
     {"cmdcom", "prayertimes"}, {"cmdale", "alerts"},     {"cmdpha", "moonphases"},  {"cmdcresv", "crescent"},
     {"cmdtele", "telescope"},  {"cmdext", "exit"},       {"cmdhel", "help"},        {"cmdcon", "hejric"},
@@ -83,8 +83,8 @@ QString remaining_text(const NextPrayer& next, Language language) {
     const bool english = language == Language::english;
     if (next.tomorrow)
         return english ? QStringLiteral("tomorrow") : QStringLiteral("غدا");
-    const int hours = next.minutes_left / kMinutesPerHour;
-    const int minutes = next.minutes_left % kMinutesPerHour;
+    const int hours = next.minutes_left / minutes_per_hour;
+    const int minutes = next.minutes_left % minutes_per_hour;
     if (hours == 0)
         return (english ? QStringLiteral("in %1 min") : QStringLiteral("بعد %1 د")).arg(minutes);
     return (english ? QStringLiteral("in %1 h %2 min") : QStringLiteral("بعد %1 س %2 د"))
@@ -105,7 +105,7 @@ void close_other_panels(const QWidget& main_panel) {
 } // namespace
 
 std::span<const Twin> frmmain_twins() {
-    return kTwins;
+    return twins;
 }
 
 frmmain::frmmain(std::span<const Panel> panels)
@@ -118,7 +118,7 @@ frmmain::frmmain(std::span<const Panel> panels)
     set_sizes();
     connect_buttons(panels);
     timertime_->setObjectName(QStringLiteral("timertime"));
-    timertime_->setInterval(kClockInterval);
+    timertime_->setInterval(clock_interval);
     connect(timertime_, &QTimer::timeout, this, &frmmain::timertime_event);
     set_main_panel_reload([this] { reload(); });
 }
@@ -216,8 +216,8 @@ void frmmain::closeEvent(QCloseEvent* event) {
 
 void frmmain::show_language(bool english) {
     use_standard_texts(english ? Language::english : Language::arabic);
-    apply_language(*this, kTwins, english ? Language::english : Language::arabic);
-    apply_language(*this, kLines, english ? Language::english : Language::arabic);
+    apply_language(*this, twins, english ? Language::english : Language::arabic);
+    apply_language(*this, lines, english ? Language::english : Language::arabic);
     set_sizes();
     if (!english)
         set_arabic_fonts();
@@ -247,7 +247,7 @@ void frmmain::show_clock() {
 }
 
 void frmmain::set_icons() {
-    for (const auto& [button, icon] : kIcons)
+    for (const auto& [button, icon] : icons)
         findChild<QPushButton*>(QString::fromLatin1(button))->setIcon(panel_icon(QString::fromLatin1(icon)));
 }
 
@@ -256,20 +256,20 @@ void frmmain::set_sizes() {
     set_spacing(*this);
     for (QLabel* label : findChildren<QLabel*>())
         scale_font(*label, 1);
-    scale_font(*ui_->lblhead, kHeadSize);
+    scale_font(*ui_->lblhead, head_size);
     for (QLabel* label : {ui_->lbltloc, ui_->lblmdate, ui_->lblmtime, ui_->lbltheader, ui_->lbltitle})
-        scale_font(*label, kLineSize);
+        scale_font(*label, line_size);
     for (QLabel* label : {ui_->lblgsky, ui_->lblgmoon, ui_->lblgset})
-        scale_font(*label, kTitleSize);
+        scale_font(*label, title_size);
     for (std::size_t column = 0; column < times_.size(); ++column) {
-        scale_font(*titles_[column], kTitleSize);
-        scale_font(*times_[column], kFigureSize);
-        scale_font(*remaining_[column], kTitleSize);
+        scale_font(*titles_[column], title_size);
+        scale_font(*times_[column], figure_size);
+        scale_font(*remaining_[column], title_size);
     }
     QFont title = ui_->lbltitle->font();
     title.setBold(true);
     ui_->lbltitle->setFont(title);
-    const int icon = static_cast<int>(kDesktopIcon * space_unit(*this));
+    const int icon = static_cast<int>(desktop_icon * space_unit(*this));
     for (QPushButton* button : findChildren<QPushButton*>())
         button->setIconSize(QSize(icon, icon));
     equalise_columns();

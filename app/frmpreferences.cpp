@@ -10,7 +10,7 @@ namespace halvane {
 
 namespace {
 
-constexpr Twin kTwins[] = {
+constexpr Twin twins[] = {
     {"frmpreferences", "Preferences", "الخيارات"},
     {"fratwi", "Twilight", "الفجر و العشاء"},
     {"lblfaj", "Fajer angle", "زاوية الفجر"},
@@ -66,14 +66,14 @@ constexpr Twin kTwins[] = {
      "الإرتفاع لوقت الفجر: يحفظ مع الخيارات و لا يستخدم في الحسابات"},
 };
 
-constexpr Twin kAngleTitle{"", "Angle Error!", "خطأ"};
-constexpr Twin kFajerRefused{"", "Fajer Angle Must Be Positive!", "زاوية الفجر يجب أن تكون موجبة"};
-constexpr Twin kIshaRefused{"", "Isha Angle Must Be Positive!", "زاوية العشاء يجب أن تكون موجبة"};
+constexpr Twin angle_title{"", "Angle Error!", "خطأ"};
+constexpr Twin fajer_refused{"", "Fajer Angle Must Be Positive!", "زاوية الفجر يجب أن تكون موجبة"};
+constexpr Twin isha_refused{"", "Isha Angle Must Be Positive!", "زاوية العشاء يجب أن تكون موجبة"};
 
-constexpr int kMonths = 12;
-constexpr int kDays = 31;
-constexpr const char* kLongestAngle = "-18.255";
-constexpr const char* kLongestMinutes = "-88.5";
+constexpr int months = 12;
+constexpr int days = 31;
+constexpr const char* longest_angle = "-18.255";
+constexpr const char* longest_minutes = "-88.5";
 
 } // namespace
 
@@ -82,7 +82,7 @@ frmpreferences::frmpreferences(QWidget* owner)
     ui_->setupUi(this);
     fill_lists();
     show_panel(form_.opened());
-    apply_language(*this, kTwins, language());
+    apply_language(*this, twins, language());
     set_sizes();
     select_whole_text_on_focus(*this);
     connect(ui_->cbotwi, &QComboBox::currentIndexChanged, this, &frmpreferences::cbotwi_click);
@@ -99,10 +99,10 @@ frmpreferences::~frmpreferences() = default;
 void frmpreferences::fill_lists() {
     for (const TwilightAuthority& authority : twilight_authorities())
         ui_->cbotwi->addItem(QString::fromUtf8(authority.entry));
-    fill_with_numbers(*ui_->cbofmonth, kMonths);
-    fill_with_numbers(*ui_->cbofday, kDays);
-    fill_with_numbers(*ui_->cbotmonth, kMonths);
-    fill_with_numbers(*ui_->cbotday, kDays);
+    fill_with_numbers(*ui_->cbofmonth, months);
+    fill_with_numbers(*ui_->cbofday, days);
+    fill_with_numbers(*ui_->cbotmonth, months);
+    fill_with_numbers(*ui_->cbotday, days);
     const PreferencesPanel design;
     choose_entry(*ui_->cbofmonth, design.from_month);
     choose_entry(*ui_->cbofday, design.from_day);
@@ -113,9 +113,9 @@ void frmpreferences::fill_lists() {
 void frmpreferences::set_sizes() {
     set_spacing(*this);
     for (QLineEdit* box : {ui_->txtfaj, ui_->txtisha})
-        shape_number_box(*box, kLongestAngle);
+        shape_number_box(*box, longest_angle);
     for (QLineEdit* box : {ui_->txtsubfaj, ui_->txtadddoh, ui_->txtaddasr, ui_->txtaddmag})
-        shape_number_box(*box, kLongestMinutes);
+        shape_number_box(*box, longest_minutes);
 }
 
 void frmpreferences::show_panel(const PreferencesPanel& panel) {
@@ -187,8 +187,8 @@ void frmpreferences::cmdok_click() {
     const RefusedAngle refused = form_.take(shown());
     if (refused != RefusedAngle::none) {
         const bool fajer = refused == RefusedAngle::fajer;
-        warn(this, text_of(kAngleTitle, language()),
-             text_of(fajer ? kFajerRefused : kIshaRefused, language()), language());
+        warn(this, text_of(angle_title, language()),
+             text_of(fajer ? fajer_refused : isha_refused, language()), language());
         ask_again(fajer ? *ui_->txtfaj : *ui_->txtisha);
         return;
     }

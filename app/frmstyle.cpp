@@ -23,11 +23,11 @@ namespace halvane {
 
 namespace {
 
-constexpr double kKeyLineDrop = 0.6; // of the descent
-constexpr double kLeastContrast = 4.5;
-constexpr int kAccentStep = 103; // per cent
-constexpr int kAccentSteps = 30;
-constexpr int kMutedPercent = 30;
+constexpr double key_line_drop = 0.6; // of the descent
+constexpr double least_contrast = 4.5;
+constexpr int accent_step = 103; // per cent
+constexpr int accent_steps = 30;
+constexpr int muted_percent = 30;
 
 bool is_dark(const QPalette& palette) {
     return palette.color(QPalette::Window).lightness() < 128;
@@ -51,8 +51,8 @@ double contrast(const QColor& a, const QColor& b) {
 /// The accent, a little darker or lighter where the window's own grey asks for it.
 QColor accent_on(const QColor& paper, bool dark) {
     QColor accent = dark ? QColor(0x58, 0xC9, 0xA0) : QColor(0x1B, 0x7F, 0x5C);
-    for (int step = 0; contrast(accent, paper) < kLeastContrast && step < kAccentSteps; ++step)
-        accent = dark ? accent.lighter(kAccentStep) : accent.darker(kAccentStep);
+    for (int step = 0; contrast(accent, paper) < least_contrast && step < accent_steps; ++step)
+        accent = dark ? accent.lighter(accent_step) : accent.darker(accent_step);
     return accent;
 }
 
@@ -102,7 +102,7 @@ private:
 
         const double from = line.cursorToX(key);
         const double to = line.cursorToX(key + 1);
-        const double height = origin.y() + line.ascent() + line.descent() * kKeyLineDrop;
+        const double height = origin.y() + line.ascent() + line.descent() * key_line_drop;
         const double thickness = std::max(1, painter.fontMetrics().lineWidth());
         painter.fillRect(QRectF(origin.x() + std::min(from, to), height, std::abs(to - from), thickness),
                          painter.pen().color());
@@ -195,7 +195,7 @@ void use_halvane_look() {
 QColor muted_colour(const QWidget& widget) {
     const QColor ink = widget.palette().color(QPalette::WindowText);
     const QColor paper = widget.palette().color(QPalette::Window);
-    const auto mix = [](int from, int to) { return from + (to - from) * kMutedPercent / 100; };
+    const auto mix = [](int from, int to) { return from + (to - from) * muted_percent / 100; };
     return {mix(ink.red(), paper.red()), mix(ink.green(), paper.green()), mix(ink.blue(), paper.blue())};
 }
 

@@ -14,7 +14,7 @@ std::int16_t waitcancel = 0;
 
 namespace {
 
-constexpr Twin kTwins[] = {
+constexpr Twin twins[] = {
     {"frmwait", "Please Wait!", "الرجاء الانتظار"},
     {"Label1", "Please Wait !", "الرجاء الانتظار"},
     {"lbllong", "Calculations for long period may take long time!",
@@ -23,7 +23,7 @@ constexpr Twin kTwins[] = {
     {"Pro1@spoken", "Progress", "التقدم"},
 };
 
-constexpr double kPaintPause = 0.1; // [s]
+constexpr double paint_pause = 0.1; // [s]
 
 frmwait& wait_window() {
     static auto* window = new frmwait;
@@ -38,7 +38,7 @@ std::vector<WaitProgress*>& runs() {
 } // namespace
 
 std::span<const Twin> frmwait_twins() {
-    return kTwins;
+    return twins;
 }
 
 frmwait::frmwait(QWidget* owner) : QDialog(owner), ui_(std::make_unique<Ui::frmwait>()) {
@@ -54,7 +54,7 @@ frmwait::~frmwait() = default;
 
 void frmwait::load(const QString& what) {
     const Language language = stored_language();
-    apply_language(*this, kTwins, language);
+    apply_language(*this, twins, language);
     scale_font(*ui_->Label1, 1.3);
     scale_font(*ui_->lblpro1, 1.3);
     if (language == Language::arabic)
@@ -82,7 +82,7 @@ WaitProgress::WaitProgress(const QString& what) : what_(what) {
     frmwait& window = wait_window();
     window.load(what_);
     window.show();
-    waitseconds(kPaintPause);
+    waitseconds(paint_pause);
 }
 
 WaitProgress::~WaitProgress() {

@@ -29,14 +29,14 @@ void set_caption(QWidget& control, const QString& text) {
         control.setWindowTitle(text);
 }
 
-constexpr const char* kDesignedAlignment = "designed_alignment";
+constexpr const char* designed_alignment = "designed_alignment";
 
 /// A label takes its side from the direction of its own text; here it takes it from the panel's.
 void align_label(QLabel& label) {
-    QVariant designed = label.property(kDesignedAlignment);
+    QVariant designed = label.property(designed_alignment);
     if (!designed.isValid()) {
         designed = static_cast<int>(label.alignment());
-        label.setProperty(kDesignedAlignment, designed);
+        label.setProperty(designed_alignment, designed);
     }
     label.setAlignment(QStyle::visualAlignment(label.layoutDirection(), Qt::Alignment(designed.toInt())) |
                        Qt::AlignAbsolute);

@@ -9,9 +9,9 @@ namespace halvane {
 
 namespace {
 
-constexpr Twin kFailure{"", "Halvane cannot go on and ends now. Nothing was written.",
-                        "لا يستطيع البرنامج المتابعة و سينتهي الآن. لم يكتب شيء."};
-constexpr Twin kRemedy{
+constexpr Twin failure{"", "Halvane cannot go on and ends now. Nothing was written.",
+                       "لا يستطيع البرنامج المتابعة و سينتهي الآن. لم يكتب شيء."};
+constexpr Twin remedy{
     "",
     "Put a sound copy of that file into the program folder, or correct the value that is named, "
     "and start Halvane again.",
@@ -67,11 +67,11 @@ bool ask(QWidget* parent, const QString& title, const QString& text, Language la
 }
 
 void tell_failure(const std::string& words, Language language) {
-    QMessageBox box(QMessageBox::Critical, QStringLiteral("Halvane 5.3.9"), text_of(kFailure, language),
+    QMessageBox box(QMessageBox::Critical, QStringLiteral("Halvane 5.3.9"), text_of(failure, language),
                     QMessageBox::Ok);
     box.setTextFormat(Qt::PlainText);
     box.setInformativeText(isolated(QString::fromStdString(words)) + QStringLiteral("\n\n") +
-                           text_of(kRemedy, language));
+                           text_of(remedy, language));
     if (language == Language::arabic) {
         box.setLayoutDirection(Qt::RightToLeft);
         set_arabic_buttons(box);

@@ -8,7 +8,7 @@ namespace halvane {
 
 namespace {
 
-constexpr int kWidthWithoutPicture = 48; // [units of space]
+constexpr int width_without_picture = 48; // [units of space]
 
 } // namespace
 
@@ -29,7 +29,8 @@ void PictureBox::set_words_without_picture(const QString& words) {
 
 QSize PictureBox::sizeHint() const {
     const int unit = space_unit(*this);
-    return picture_.isNull() ? QSize(kWidthWithoutPicture, kWidthWithoutPicture / 2) * unit : picture_.size();
+    return picture_.isNull() ? QSize(width_without_picture, width_without_picture / 2) * unit
+                             : picture_.size();
 }
 
 QSize PictureBox::minimumSizeHint() const {

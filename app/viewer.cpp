@@ -29,14 +29,14 @@ namespace halvane {
 
 namespace {
 
-constexpr double kSmallestType = 5; // [pt]
-constexpr double kLargestType = 48; // [pt]
+constexpr double smallest_type = 5; // [pt]
+constexpr double largest_type = 48; // [pt]
 
-constexpr int kColumns = 92;
-constexpr int kLines = 36;
-constexpr int kFindBox = 16; // characters
+constexpr int columns = 92;
+constexpr int lines = 36;
+constexpr int find_box = 16; // characters
 
-constexpr Twin kTwins[] = {
+constexpr Twin twins[] = {
     {"lblfind", "&Find:", "&بحث:"},
     {"cmdnext", "&Next", "ال&تالي"},
     {"cmdprevious", "Pre&vious", "ال&سابق"},
@@ -55,11 +55,11 @@ constexpr Twin kTwins[] = {
     {"txtreport@spoken", "Text of the file", "نص الملف"},
 };
 
-constexpr Twin kNotFound{"", "Not found", "غير موجود"};
-constexpr Twin kMissing{"", "There is no file of this name yet:", "لا يوجد ملف بهذا الاسم بعد:"};
-constexpr Twin kSaveTitle{"", "Save As", "حفظ باسم"};
-constexpr Twin kPdfTitle{"", "Save PDF", "حفظ PDF"};
-constexpr Twin kErrorTitle{"", "File Error", "خطأ"};
+constexpr Twin not_found{"", "Not found", "غير موجود"};
+constexpr Twin missing{"", "There is no file of this name yet:", "لا يوجد ملف بهذا الاسم بعد:"};
+constexpr Twin save_title{"", "Save As", "حفظ باسم"};
+constexpr Twin pdf_title{"", "Save PDF", "حفظ PDF"};
+constexpr Twin error_title{"", "File Error", "خطأ"};
 
 bool is_report(const QString& path) {
     return QFileInfo(path).suffix() == QLatin1String("out");
@@ -67,7 +67,7 @@ bool is_report(const QString& path) {
 
 QString content_of(const QString& path, Language language) {
     if (!QFileInfo::exists(path))
-        return text_of(kMissing, language) + u'\n' + QFileInfo(path).fileName();
+        return text_of(missing, language) + u'\n' + QFileInfo(path).fileName();
     try {
         return QString::fromStdString(read_text_file(path.toStdString())).remove(u'\r');
     } catch (const RunTimeFailure& failure) {
@@ -105,7 +105,7 @@ decltype(auto) with_area(QAbstractScrollArea& area, Action action) {
 } // namespace
 
 std::span<const Twin> viewer_twins() {
-    return kTwins;
+    return twins;
 }
 
 Viewer::Viewer(const QString& path, QWidget* parent)
@@ -127,7 +127,7 @@ Viewer::Viewer(const QString& path, QWidget* parent)
     area_->setFocus();
     const QFontMetrics metrics = area_->fontMetrics();
     resize(sizeHint().expandedTo(
-        QSize(metrics.horizontalAdvance(QString(kColumns, u'0')), metrics.lineSpacing() * kLines)));
+        QSize(metrics.horizontalAdvance(QString(columns, u'0')), metrics.lineSpacing() * lines)));
 }
 
 QTextDocument& Viewer::document() const {
@@ -172,7 +172,7 @@ void Viewer::build(Language language) {
 
     auto* bar = new QHBoxLayout;
     bar->addWidget(label);
-    find_box_->setMinimumWidth(find_box_->fontMetrics().horizontalAdvance(QString(kFindBox, u'n')));
+    find_box_->setMinimumWidth(find_box_->fontMetrics().horizontalAdvance(QString(find_box, u'n')));
     bar->addWidget(find_box_, 1);
     auto* next = new QPushButton(this);
     next->setObjectName(QStringLiteral("cmdnext"));
@@ -199,7 +199,7 @@ void Viewer::build(Language language) {
     layout->addLayout(bar);
     layout->addWidget(area_, 1);
     set_spacing(*this);
-    apply_language(*this, kTwins, language);
+    apply_language(*this, twins, language);
     setWindowTitle(QFileInfo(path_).fileName());
     add_shortcuts();
 }
@@ -281,7 +281,7 @@ bool Viewer::find(QTextDocument::FindFlags flags) {
     }
     if (!place.isNull())
         set_cursor(place);
-    found_->setText(place.isNull() ? text_of(kNotFound, language_) : QString());
+    found_->setText(place.isNull() ? text_of(not_found, language_) : QString());
     return !place.isNull();
 }
 
@@ -295,7 +295,7 @@ bool Viewer::find_previous() {
 
 void Viewer::set_type(double points) {
     QFont font = area_->font();
-    font.setPointSizeF(std::clamp(points, kSmallestType, kLargestType));
+    font.setPointSizeF(std::clamp(points, smallest_type, largest_type));
     area_->setFont(font);
 }
 
@@ -320,7 +320,7 @@ void Viewer::copy() {
 
 void Viewer::save_as() {
     const QString name =
-        choose_save_file(this, text_of(kSaveTitle, language_), QFileInfo(path_).fileName(), QString());
+        choose_save_file(this, text_of(save_title, language_), QFileInfo(path_).fileName(), QString());
     if (name.isEmpty() || QFileInfo(name) == QFileInfo(path_))
         return;
     QFile source(path_);
@@ -328,19 +328,19 @@ void Viewer::save_as() {
     const bool opened = source.open(QIODevice::ReadOnly) && target.open(QIODevice::WriteOnly);
     const QByteArray bytes = opened ? source.readAll() : QByteArray();
     if (!opened || target.write(bytes) != bytes.size() || !target.flush())
-        warn(this, text_of(kErrorTitle, language_),
+        warn(this, text_of(error_title, language_),
              isolated(name) + QStringLiteral(": ") + target.errorString(), language_);
 }
 
 void Viewer::make_pdf() {
     const QString proposed = QFileInfo(path_).completeBaseName() + QStringLiteral(".pdf");
     const QString name =
-        choose_save_file(this, text_of(kPdfTitle, language_), proposed, QStringLiteral("PDF (*.pdf)"));
+        choose_save_file(this, text_of(pdf_title, language_), proposed, QStringLiteral("PDF (*.pdf)"));
     if (name.isEmpty())
         return;
     QFile target(name);
     if (!target.open(QIODevice::WriteOnly)) {
-        warn(this, text_of(kErrorTitle, language_),
+        warn(this, text_of(error_title, language_),
              isolated(name) + QStringLiteral(": ") + target.errorString(), language_);
         return;
     }

@@ -12,9 +12,9 @@ namespace halvane {
 
 namespace {
 
-constexpr double kLargestType = 10; // [pt]
-constexpr double kSmallestType = 4; // [pt]
-constexpr int kHeadLines = 2;
+constexpr double largest_type = 10; // [pt]
+constexpr double smallest_type = 4; // [pt]
+constexpr int head_lines = 2;
 
 qsizetype longest_line(const QStringList& lines) {
     qsizetype longest = 1;
@@ -26,10 +26,10 @@ qsizetype longest_line(const QStringList& lines) {
 QFont fitting_font(QPaintDevice* device, double width, qsizetype columns) {
     QFont font(fixed_family());
     font.setFixedPitch(true);
-    font.setPointSizeF(kLargestType);
+    font.setPointSizeF(largest_type);
     const double wanted = QFontMetricsF(font, device).horizontalAdvance(QString(columns, u'0'));
     if (wanted > width)
-        font.setPointSizeF(std::max(kSmallestType, kLargestType * width / wanted));
+        font.setPointSizeF(std::max(smallest_type, largest_type * width / wanted));
     return font;
 }
 
@@ -62,7 +62,7 @@ int print_pages(QPagedPaintDevice& device, const QString& name, const QString& t
     const QRectF page(0, 0, device.width(), device.height());
     painter.setFont(fitting_font(&device, page.width(), longest_line(lines)));
     const double height = painter.fontMetrics().lineSpacing();
-    const auto rows = std::max<qsizetype>(1, static_cast<qsizetype>(page.height() / height) - kHeadLines);
+    const auto rows = std::max<qsizetype>(1, static_cast<qsizetype>(page.height() / height) - head_lines);
     const auto pages = static_cast<int>((lines.size() + rows - 1) / rows);
     Qt::LayoutDirection direction = Qt::LeftToRight;
     for (int number = 0; number < pages; ++number) {
@@ -76,7 +76,7 @@ int print_pages(QPagedPaintDevice& device, const QString& name, const QString& t
             const QString& line = lines[first + row];
             if (both_directions)
                 direction = direction_of(line, direction);
-            const double top = static_cast<double>(row + kHeadLines) * height;
+            const double top = static_cast<double>(row + head_lines) * height;
             draw_line(painter, QRectF(0, top, page.width(), height), line, direction);
         }
     }

@@ -12,7 +12,7 @@ namespace halvane {
 
 namespace {
 
-constexpr Twin kTwins[] = {
+constexpr Twin twins[] = {
     {"frmhej", "Hejric-Gregorian Conversion", "Hejric-Gregorian Conversion"},
     {"frahej", "Conversion", "تحويل"},
     {"opthtg", "Convert Hejric to Gregorian", "التحويل من هجري إلى ميلادي"},
@@ -29,20 +29,20 @@ constexpr Twin kTwins[] = {
     {"cmdcan", "&Cancel", "&خروج"},
 };
 
-constexpr Twin kRefusedTitle{"", "Date Error", "خطأ"};
-constexpr Twin kYearNotPositive{"", "The Year must be more than Zero!", "السنة يجب أن تكون أكبر من صفر"};
-constexpr Twin kBeforeFirst{"", "Your Date Must Be After 15/July/622 CE!",
+constexpr Twin refused_title{"", "Date Error", "خطأ"};
+constexpr Twin year_refused{"", "The Year must be more than Zero!", "السنة يجب أن تكون أكبر من صفر"};
+constexpr Twin before_first{"", "Your Date Must Be After 15/July/622 CE!",
                             "التاريخ يجب أن يكون بعد 15/تموز/622"};
-constexpr Twin kInGap{"", "The Date After 04 October 1582 CE is 15 October 1582 CE!",
+constexpr Twin in_gap{"", "The Date After 04 October 1582 CE is 15 October 1582 CE!",
                       "التاريخ الذي يلي 04 تشرين أول 1582 هو 15 تشرين أول 1582"};
 
-constexpr int kHijriDays = 30;
-constexpr int kCivilDays = 31;
-constexpr int kYearLength = 12; // day counts of such years are still exact
-constexpr const char* kLongestYear = "-88888";
-constexpr double kResultSize = 1.4;
-constexpr const char* kResultFont = "Simplified Arabic";
-constexpr double kResultFontSize = 14;
+constexpr int hijri_days = 30;
+constexpr int civil_days = 31;
+constexpr int year_length = 12; // day counts of such years are still exact
+constexpr const char* longest_year = "-88888";
+constexpr double result_size = 1.4;
+constexpr const char* result_font = "Simplified Arabic";
+constexpr double result_font_size = 14;
 
 /// Keeps the room of a control while it is hidden, so that nothing moves when it appears.
 void hide_in_place(QWidget& control) {
@@ -57,8 +57,8 @@ void hide_in_place(QWidget& control) {
 frmhej::frmhej(QWidget* owner)
     : QDialog(owner), ui_(std::make_unique<Ui::frmhej>()), language_(stored_language()) {
     ui_->setupUi(this);
-    ui_->txty->setMaxLength(kYearLength);
-    apply_language(*this, kTwins, language_);
+    ui_->txty->setMaxLength(year_length);
+    apply_language(*this, twins, language_);
     option_click();
     set_sizes();
     select_whole_text_on_focus(*this);
@@ -72,9 +72,9 @@ frmhej::~frmhej() = default;
 
 void frmhej::set_sizes() {
     set_spacing(*this);
-    shape_number_box(*ui_->txty, kLongestYear);
+    shape_number_box(*ui_->txty, longest_year);
     for (QLabel* result : {ui_->lblday, ui_->lbldt, ui_->lblmt, ui_->lblyt}) {
-        scale_font(*result, kResultSize);
+        scale_font(*result, result_size);
         hide_in_place(*result);
     }
 }
@@ -84,7 +84,7 @@ void frmhej::option_click() {
     ui_->cbom->clear();
     for (const std::string& name : conversion_months(direction(), letter()))
         ui_->cbom->addItem(QString::fromStdString(name));
-    fill_with_numbers(*ui_->cbod, hijri ? kHijriDays : kCivilDays);
+    fill_with_numbers(*ui_->cbod, hijri ? hijri_days : civil_days);
     ui_->txty->setText(hijri ? QStringLiteral("1435") : QStringLiteral("2013"));
 }
 
@@ -111,16 +111,16 @@ void frmhej::show_result(const ConversionAnswer& answer) {
     ui_->lblday->setText(QString::fromStdString(answer.weekday));
     if (language_ == Language::arabic)
         for (QLabel* result : {ui_->lblmt, ui_->lblday})
-            set_font_if_present(*result, QString::fromLatin1(kResultFont), kResultFontSize);
+            set_font_if_present(*result, QString::fromLatin1(result_font), result_font_size);
     for (QLabel* result : {ui_->lbldt, ui_->lblmt, ui_->lblyt, ui_->lblday})
         result->show();
 }
 
 void frmhej::refuse(RefusedDate refused) {
-    const Twin& words = refused == RefusedDate::year_not_positive    ? kYearNotPositive
-                        : refused == RefusedDate::before_first_hijri ? kBeforeFirst
-                                                                     : kInGap;
-    warn(this, text_of(kRefusedTitle, language_), text_of(words, language_), language_);
+    const Twin& words = refused == RefusedDate::year_not_positive    ? year_refused
+                        : refused == RefusedDate::before_first_hijri ? before_first
+                                                                     : in_gap;
+    warn(this, text_of(refused_title, language_), text_of(words, language_), language_);
     if (refused == RefusedDate::in_calendar_gap)
         ui_->cbod->setFocus(Qt::OtherFocusReason);
     else

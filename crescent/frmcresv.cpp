@@ -12,7 +12,7 @@ namespace halvane {
 
 namespace {
 
-constexpr Twin kTwins[] = {
+constexpr Twin twins[] = {
     {"frmcresv", "Crescent Visibility", "رؤية الهلال"},
     {"frakind", "Crescent", "الهلال"},
     {"optnew", "&New (Evening)", "&أول الشهر (مساء)"},
@@ -64,13 +64,13 @@ void show_entry(QComboBox& list, const std::string& text) {
 } // namespace
 
 std::span<const Twin> frmcresv_twins() {
-    return kTwins;
+    return twins;
 }
 
 frmcresv::frmcresv(QWidget* owner)
     : QDialog(owner), ui_(std::make_unique<Ui::frmcresv>()), language_(stored_language()) {
     ui_->setupUi(this);
-    apply_language(*this, kTwins, language_);
+    apply_language(*this, twins, language_);
     fill_lists();
     load();
     set_sizes();

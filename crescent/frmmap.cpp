@@ -20,7 +20,7 @@ namespace halvane {
 
 namespace {
 
-constexpr Twin kTwins[] = {
+constexpr Twin twins[] = {
     {"frmmap", "Crescent Visibility Map", "خريطة رؤية الهلال"},
     {"lblcri", "C&riterion:", "ال&معيار"},
     {"cmddraw", "&Draw", "&رسم"},
@@ -31,12 +31,12 @@ constexpr Twin kTwins[] = {
     {"pic@spoken", "World map", "خريطة العالم"},
 };
 
-constexpr Twin kSaveTitle{"", "Save the Map", "حفظ الخريطة"};
-constexpr Twin kSaveFilter{"", "GIF pictures (*.gif)", "صور GIF (*.gif)"};
-constexpr Twin kNewDay{"", "Visibility Day: Waxing (New) Crescent", "يوم الرصد: هلال أول الشهر"};
-constexpr Twin kOldDay{"", "Visibility Day: Waning (Old) Crescent", "يوم الرصد: هلال آخر الشهر"};
+constexpr Twin save_title{"", "Save the Map", "حفظ الخريطة"};
+constexpr Twin save_filter{"", "GIF pictures (*.gif)", "صور GIF (*.gif)"};
+constexpr Twin new_day{"", "Visibility Day: Waxing (New) Crescent", "يوم الرصد: هلال أول الشهر"};
+constexpr Twin old_day{"", "Visibility Day: Waning (Old) Crescent", "يوم الرصد: هلال آخر الشهر"};
 
-constexpr Criterion kCriteria[] = {Criterion::vesk, Criterion::yallop, Criterion::saao};
+constexpr Criterion criteria[] = {Criterion::vesk, Criterion::yallop, Criterion::saao};
 
 /// The read-out of a place; empty outside the world.
 QString mouse_text(const MapPlace& place, Language language) {
@@ -62,7 +62,7 @@ QString picture_name(const QString& chosen) {
 } // namespace
 
 std::span<const Twin> frmmap_twins() {
-    return kTwins;
+    return twins;
 }
 
 /// Hands the points of a drawing to the panel for as long as it lives, with one pass of the event loop for
@@ -87,7 +87,7 @@ frmmap::frmmap(QWidget* owner)
     : QDialog(owner), ui_(std::make_unique<Ui::frmmap>()), language_(stored_language()) {
     ui_->setupUi(this);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
-    apply_language(*this, kTwins, language_);
+    apply_language(*this, twins, language_);
     fill_lists();
     set_sizes();
     connect_controls();
@@ -99,7 +99,7 @@ frmmap::frmmap(QWidget* owner)
 frmmap::~frmmap() = default;
 
 void frmmap::fill_lists() {
-    for (const Criterion criterion : kCriteria)
+    for (const Criterion criterion : criteria)
         ui_->cbocri->addItem(QString::fromUtf8(criterion_name(criterion, letter())));
 }
 
@@ -125,7 +125,7 @@ void frmmap::load() {
     kind_ = crescentkind;
     conjunction_ = map_conjunction();
     const bool is_new = kind_ == CrescentKind::new_crescent;
-    ui_->fravis->setTitle(text_of(is_new ? kNewDay : kOldDay, language_));
+    ui_->fravis->setTitle(text_of(is_new ? new_day : old_day, language_));
     QRadioButton* const days[] = {ui_->opt0, ui_->opt1, ui_->opt2};
     for (int choice = 0; choice < 3; ++choice)
         days[choice]->setText(
@@ -144,7 +144,7 @@ void frmmap::show_clean_map() {
 
 MapRun frmmap::shown_run() const {
     MapRun run;
-    run.criterion = kCriteria[ui_->cbocri->currentIndex()];
+    run.criterion = criteria[ui_->cbocri->currentIndex()];
     run.kind = kind_;
     run.conjunction = conjunction_;
     run.day = map_day(conjunction_, kind_, ui_->opt2->isChecked() ? 2 : ui_->opt1->isChecked() ? 1 : 0);
@@ -195,8 +195,8 @@ void frmmap::save_picture() {
     platform().keep_on_top(static_cast<QWidget*>(this), true);
     const QString proposed = QString::fromStdString(program_path(map_hijri_text(shown_run(), letter())));
     const QPointer<frmmap> self(this);
-    const QString chosen = choose_save_file(this, text_of(kSaveTitle, language_), proposed,
-                                            text_of(kSaveFilter, language_), QStringLiteral("gif"));
+    const QString chosen = choose_save_file(this, text_of(save_title, language_), proposed,
+                                            text_of(save_filter, language_), QStringLiteral("gif"));
     if (!self)
         return;
     const QString name = picture_name(chosen);

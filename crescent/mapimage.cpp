@@ -15,8 +15,8 @@ namespace halvane {
 
 namespace {
 
-const QColor kPaper(255, 255, 255);
-const QColor kInk(34, 40, 49);
+const QColor paper(255, 255, 255);
+const QColor ink(34, 40, 49);
 
 void paint_points(QPainter& painter, const std::vector<MapPoint>& points) {
     painter.setClipRect(0, 0, map_width, map_height);
@@ -28,7 +28,7 @@ void paint_points(QPainter& painter, const std::vector<MapPoint>& points) {
 /// Writes the words of the band below the map; `place` is as in English.
 void write_line(QPainter& painter, QRect place, const QString& words) {
     const QRect sheet(0, 0, MapSheet::width, MapSheet::height);
-    painter.setPen(kInk);
+    painter.setPen(ink);
     painter.drawText(QStyle::visualRect(painter.layoutDirection(), sheet, place),
                      static_cast<int>(Qt::AlignLeading | Qt::AlignVCenter), words.trimmed());
 }
@@ -50,7 +50,7 @@ void write_legend(QPainter& painter, const MapSheetContent& content) {
         const QRect place(MapSheet::legend_left, MapSheet::swatch_top(line), MapSheet::swatch,
                           MapSheet::swatch);
         const ClassColour colour = class_colour(entry.visibility);
-        painter.setPen(kInk);
+        painter.setPen(ink);
         painter.setBrush(QColor(colour.red, colour.green, colour.blue));
         painter.drawRect(QStyle::visualRect(painter.layoutDirection(), sheet, place).adjusted(0, 0, -1, -1));
         const int words = MapSheet::legend_left + MapSheet::swatch + MapSheet::margin;
@@ -87,10 +87,10 @@ public:
     const std::vector<RgbColour>& colours() const { return colours_; }
 
 private:
-    static constexpr std::size_t kMost = 256;
+    static constexpr std::size_t most = 256;
 
     void add(QRgb colour) {
-        if (colours_.size() == kMost || index_.count(colour) != 0)
+        if (colours_.size() == most || index_.count(colour) != 0)
             return;
         index_[colour] = static_cast<std::uint8_t>(colours_.size());
         colours_.push_back({static_cast<std::uint8_t>(qRed(colour)),
@@ -103,8 +103,8 @@ private:
         constexpr int steps = 8;
         const auto between = [](int from, int to, int step) { return from + (to - from) * step / steps; };
         for (int step = 0; step <= steps; ++step)
-            add(qRgb(between(kInk.red(), kPaper.red(), step), between(kInk.green(), kPaper.green(), step),
-                     between(kInk.blue(), kPaper.blue(), step)));
+            add(qRgb(between(ink.red(), paper.red(), step), between(ink.green(), paper.green(), step),
+                     between(ink.blue(), paper.blue(), step)));
     }
 
     void add_most_frequent(const QImage& image) {
@@ -146,7 +146,7 @@ QImage read_map_image() {
 QImage map_sheet(const MapSheetContent& content) {
     constexpr int font_height = 15; // pixels
     QImage sheet(MapSheet::width, MapSheet::height, QImage::Format_RGB32);
-    sheet.fill(kPaper);
+    sheet.fill(paper);
     QPainter painter(&sheet);
     painter.drawImage(0, 0, content.map);
     paint_points(painter, content.points);

@@ -12,7 +12,7 @@ namespace halvane {
 
 namespace {
 
-constexpr Twin kTwins[] = {
+constexpr Twin twins[] = {
     {"frmphase", "Moon Phases", "أطوار القمر"},
     {"lblhphase", "Moon Phases", "أطوار القمر"},
     {"fradate", "Date", "التاريخ"},
@@ -38,7 +38,7 @@ constexpr Twin kTwins[] = {
     {"txtdelta@spoken", "Delta T in seconds", "قيمة Delta T بالثواني"},
 };
 
-constexpr double kTitleSize = 1.6;
+constexpr double title_size = 1.6;
 
 /// Width of a note whose line breaks at its run of blanks, or at a comfortable length.
 int width_of(const QLabel& note) {
@@ -57,13 +57,13 @@ void hold_lines(QLabel& note, int width) {
 } // namespace
 
 std::span<const Twin> frmphase_twins() {
-    return kTwins;
+    return twins;
 }
 
 frmphase::frmphase(QWidget* owner)
     : QDialog(owner), ui_(std::make_unique<Ui::frmphase>()), language_(stored_language()) {
     ui_->setupUi(this);
-    apply_language(*this, kTwins, language_);
+    apply_language(*this, twins, language_);
     set_sizes();
     select_whole_text_on_focus(*this);
     connect_controls();
@@ -74,7 +74,7 @@ frmphase::~frmphase() = default;
 
 void frmphase::set_sizes() {
     set_spacing(*this);
-    scale_font(*ui_->lblhphase, kTitleSize);
+    scale_font(*ui_->lblhphase, title_size);
     shape_number_box(*ui_->txtyear, "-88888");
     shape_number_box(*ui_->txtdelta, "-888888.88");
     if (language_ == Language::arabic)

@@ -16,7 +16,7 @@ namespace halvane {
 
 namespace {
 
-constexpr Twin kTwins[] = {
+constexpr Twin twins[] = {
     {"frmalerts", "Alerts", "المنبه"},
     {"fraale", "Alert Settings", "خيارات المنبه"},
     {"chkpep", "Make Beep", "اصدر صوت قبل"},
@@ -43,11 +43,11 @@ constexpr Twin kTwins[] = {
     {"cmdcan", "&Cancel", "&خروج"},
 };
 
-constexpr const char* kLongestLead = "8888.5";
-constexpr const char* kProgram = "alert63.exe";
-constexpr const char* kWindowTitle = "Halvane Alerts";
-constexpr const char* kFolder = "Startup";
-constexpr const char* kShortcut = "Halvane";
+constexpr const char* longest_lead = "8888.5";
+constexpr const char* program = "alert63.exe";
+constexpr const char* window_title = "Halvane Alerts";
+constexpr const char* startup_folder = "Startup";
+constexpr const char* shortcut_name = "Halvane";
 
 /// Every step of Ok is tried, whatever becomes of the others.
 template <class Step>
@@ -66,7 +66,7 @@ int number_of(const QCheckBox& box) {
 } // namespace
 
 std::span<const Twin> frmalerts_twins() {
-    return kTwins;
+    return twins;
 }
 
 frmalerts::frmalerts(QWidget* owner) : QDialog(owner), ui_(std::make_unique<Ui::frmalerts>()) {
@@ -75,7 +75,7 @@ frmalerts::frmalerts(QWidget* owner) : QDialog(owner), ui_(std::make_unique<Ui::
                 {ui_->fraasr, ui_->optasrh, ui_->optasre},
                 {ui_->framag, ui_->optmagh, ui_->optmage},
                 {ui_->fraish, ui_->optishh, ui_->optishe}}};
-    apply_language(*this, kTwins, stored_language());
+    apply_language(*this, twins, stored_language());
     set_sizes();
     select_whole_text_on_focus(*this);
     connect(ui_->chkpep, &QCheckBox::toggled, this, &frmalerts::chkpep_click);
@@ -91,7 +91,7 @@ frmalerts::~frmalerts() = default;
 
 void frmalerts::set_sizes() {
     set_spacing(*this);
-    shape_number_box(*ui_->txtpep, kLongestLead);
+    shape_number_box(*ui_->txtpep, longest_lead);
 }
 
 void frmalerts::load() {
@@ -141,8 +141,8 @@ void frmalerts::Create_ShortCut(const std::string& target, const std::string& fo
 }
 
 void frmalerts::start_alert_program() {
-    if (!platform().is_running(kWindowTitle, kProgram))
-        platform().start_minimised(program_path(kProgram), program_folder());
+    if (!platform().is_running(window_title, program))
+        platform().start_minimised(program_path(program), program_folder());
 }
 
 void frmalerts::save() const {
@@ -160,11 +160,12 @@ void frmalerts::save() const {
 
 void frmalerts::cmdok_click() {
     if (ui_->chkpep->isChecked() || ui_->chkpra->isChecked() || ui_->chkpopup->isChecked()) {
-        pass_over_errors(
-            [] { Create_ShortCut(program_path(kProgram), kFolder, kShortcut, program_folder(), 0, 0); });
+        pass_over_errors([] {
+            Create_ShortCut(program_path(program), startup_folder, shortcut_name, program_folder(), 0, 0);
+        });
         pass_over_errors([this] { start_alert_program(); });
     } else {
-        pass_over_errors([] { platform().delete_shortcut(kFolder, kShortcut); });
+        pass_over_errors([] { platform().delete_shortcut(startup_folder, shortcut_name); });
     }
     pass_over_errors([this] { save(); });
     accept();

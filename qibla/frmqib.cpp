@@ -14,7 +14,7 @@ namespace halvane {
 
 namespace {
 
-constexpr Twin kTwins[] = {
+constexpr Twin twins[] = {
     {"frmqib", "Qiblah Direction", "اتجاه القبلة"},
     {"lblhead", "Qiblah Direction", "اتجاه القبلة"},
     {"lblqibtim", "Qiblah Times", "مواعيد القبلة"},
@@ -32,18 +32,18 @@ constexpr Twin kTwins[] = {
 };
 
 /// What follows the direction in `lblang`.
-constexpr Twin kFromNorth{"lblang", "° From True North", "° من الشمال الحقيقي"};
+constexpr Twin from_north{"lblang", "° From True North", "° من الشمال الحقيقي"};
 
-constexpr Panel kMap{"frmqmap", "cmdshowqmap", true, make_panel<frmqmap>};
+constexpr Panel map{"frmqmap", "cmdshowqmap", true, make_panel<frmqmap>};
 
-constexpr double kHeadSize = 1.6;
-constexpr double kFigureSize = 2;
-constexpr double kLineSize = 1.2;
+constexpr double head_size = 1.6;
+constexpr double figure_size = 2;
+constexpr double line_size = 1.2;
 
 } // namespace
 
 std::span<const Twin> frmqib_twins() {
-    return kTwins;
+    return twins;
 }
 
 frmqib::frmqib(QWidget* owner)
@@ -51,7 +51,7 @@ frmqib::frmqib(QWidget* owner)
       direction_(stored_qiblah_direction()) {
     ui_->setupUi(this);
     keep_left_to_right(*ui_->dial);
-    apply_language(*this, kTwins, language_);
+    apply_language(*this, twins, language_);
     if (language_ == Language::arabic)
         set_font_if_present(*this, QStringLiteral("arabic Transparent"), font().pointSizeF());
     set_sizes();
@@ -66,15 +66,15 @@ frmqib::~frmqib() = default;
 void frmqib::set_sizes() {
     set_spacing(*this);
     ui_->columns->setSpacing(3 * space_unit(*this));
-    scale_font(*ui_->lblhead, kHeadSize);
-    scale_font(*ui_->lblang, kFigureSize);
+    scale_font(*ui_->lblhead, head_size);
+    scale_font(*ui_->lblang, figure_size);
     for (QLabel* label : {ui_->lblloc, ui_->lblqibtim, ui_->lbln, ui_->lbls, ui_->lble, ui_->lblw})
-        scale_font(*label, kLineSize);
+        scale_font(*label, line_size);
 }
 
 void frmqib::show_direction() {
     const QString number = QString::fromStdString(plain_number(direction_));
-    ui_->lblang->setText(number + text_of(kFromNorth, language_));
+    ui_->lblang->setText(number + text_of(from_north, language_));
     ui_->lblloc->setText(QString::fromStdString(read_loc().name));
     ui_->lin1->set_end(dial_line_end(direction_));
     ui_->dial->setAccessibleName(ui_->lblhead->text() + u' ' + ui_->lblang->text());
@@ -94,7 +94,7 @@ void frmqib::cmdqib_click() {
 }
 
 void frmqib::cmdshowqmap_click() {
-    open_panel(kMap, this);
+    open_panel(map, this);
 }
 
 } // namespace halvane

@@ -9,7 +9,7 @@ namespace halvane {
 
 namespace {
 
-constexpr Twin kTwins[] = {
+constexpr Twin twins[] = {
     {"frmqmap", "Halvane: Qiblah World Map", "Halvane: خارطة العالم للقبلة"},
     {"lblqmap",
      "Red numbers at the top and the bottom are the Qiblah direction from the True North for each color band",
@@ -18,20 +18,20 @@ constexpr Twin kTwins[] = {
     {"imgqmap@spoken", "World map of the Qiblah direction", "خارطة العالم لاتجاه القبلة"},
 };
 
-constexpr Twin kNoPicture{"imgqmap", "The picture qmap.gif is missing from the program folder.",
+constexpr Twin no_picture{"imgqmap", "The picture qmap.gif is missing from the program folder.",
                           "الصورة qmap.gif غير موجودة في مجلد البرنامج."};
 
 } // namespace
 
 std::span<const Twin> frmqmap_twins() {
-    return kTwins;
+    return twins;
 }
 
 frmqmap::frmqmap(QWidget* owner) : QDialog(owner), ui_(std::make_unique<Ui::frmqmap>()) {
     ui_->setupUi(this);
     const Language language = stored_language();
     keep_left_to_right(*ui_->imgqmap);
-    apply_language(*this, kTwins, language);
+    apply_language(*this, twins, language);
     set_spacing(*this);
     show_picture(language);
     connect(ui_->cmdclose, &QPushButton::clicked, this, &QDialog::reject);
@@ -46,7 +46,7 @@ void frmqmap::TopMost(QWidget& form, bool flag) {
 
 void frmqmap::show_picture(Language language) {
     ui_->imgqmap->set_picture(QPixmap(QString::fromStdString(program_path("qmap.gif"))));
-    ui_->imgqmap->set_words_without_picture(text_of(kNoPicture, language));
+    ui_->imgqmap->set_words_without_picture(text_of(no_picture, language));
 }
 
 void frmqmap::done(int result) {

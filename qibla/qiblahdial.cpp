@@ -11,15 +11,15 @@ namespace halvane {
 
 namespace {
 
-constexpr double kExtent = dial_radius + 20; // circle and half its stroke [twip]
-constexpr double kCircleStroke = 18;
-constexpr double kTickStroke = 10;
-constexpr double kLineStroke = 36;
-constexpr double kArrowLength = 170;
-constexpr double kArrowHalfWidth = 70;
-constexpr double kHubRadius = 42;
-constexpr int kWantedDiameter = 30; // [units of space]
-constexpr int kLeastDiameter = 18;  // [units of space]
+constexpr double extent = dial_radius + 20; // circle and half its stroke [twip]
+constexpr double circle_stroke = 18;
+constexpr double tick_stroke = 10;
+constexpr double line_stroke = 36;
+constexpr double arrow_length = 170;
+constexpr double arrow_half_width = 70;
+constexpr double hub_radius = 42;
+constexpr int wanted_diameter = 30; // [units of space]
+constexpr int least_diameter = 18;  // [units of space]
 
 } // namespace
 
@@ -27,7 +27,7 @@ void DialDrawing::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.translate(width() / 2.0, height() / 2.0);
-    const double scale = std::min(width(), height()) / (2 * kExtent);
+    const double scale = std::min(width(), height()) / (2 * extent);
     painter.scale(scale, scale);
     painter.translate(-dial_centre.x, -dial_centre.y);
     draw(painter);
@@ -38,10 +38,10 @@ void DialCircle::draw(QPainter& painter) const {
     constexpr int long_tick_step = 30;
     const QPointF centre(dial_centre.x, dial_centre.y);
     painter.setBrush(palette().color(QPalette::Base));
-    painter.setPen(QPen(palette().color(QPalette::WindowText), kCircleStroke));
+    painter.setPen(QPen(palette().color(QPalette::WindowText), circle_stroke));
     painter.drawEllipse(centre, dial_radius, dial_radius);
     painter.translate(centre);
-    painter.setPen(QPen(muted_colour(*this), kTickStroke));
+    painter.setPen(QPen(muted_colour(*this), tick_stroke));
     for (int angle = 0; angle < 360; angle += tick_step) {
         const double length = angle % long_tick_step == 0 ? 120 : 60;
         painter.drawLine(QPointF(0, -dial_radius), QPointF(0, -dial_radius + length));
@@ -59,14 +59,14 @@ void DialLine::draw(QPainter& painter) const {
     const QPointF tip(x2(), y2());
     const QPointF along = (tip - centre) / dial_line_length;
     const QPointF across(-along.y(), along.x());
-    const QPointF neck = tip - along * kArrowLength;
+    const QPointF neck = tip - along * arrow_length;
     const QColor colour = accent_colour(*this);
-    painter.setPen(QPen(colour, kLineStroke, Qt::SolidLine, Qt::FlatCap));
+    painter.setPen(QPen(colour, line_stroke, Qt::SolidLine, Qt::FlatCap));
     painter.drawLine(centre, neck);
     painter.setPen(Qt::NoPen);
     painter.setBrush(colour);
-    painter.drawEllipse(centre, kHubRadius, kHubRadius);
-    painter.drawPolygon(QPolygonF({tip, neck + across * kArrowHalfWidth, neck - across * kArrowHalfWidth}));
+    painter.drawEllipse(centre, hub_radius, hub_radius);
+    painter.drawPolygon(QPolygonF({tip, neck + across * arrow_half_width, neck - across * arrow_half_width}));
 }
 
 QiblahDial::QiblahDial(QWidget* parent) : QWidget(parent) {
@@ -89,11 +89,11 @@ QSize QiblahDial::size_around(int diameter) const {
 }
 
 QSize QiblahDial::sizeHint() const {
-    return size_around(kWantedDiameter * space_unit(*this));
+    return size_around(wanted_diameter * space_unit(*this));
 }
 
 QSize QiblahDial::minimumSizeHint() const {
-    return size_around(kLeastDiameter * space_unit(*this));
+    return size_around(least_diameter * space_unit(*this));
 }
 
 bool QiblahDial::event(QEvent* event) {

@@ -18,7 +18,7 @@ namespace halvane {
 
 namespace {
 
-constexpr Twin kTwins[] = {
+constexpr Twin twins[] = {
     {"frmcoor", "Sun Moon Ephemeris", "أزياج الشمس و القمر"},
     {"lblobj", "&Object:", "ال&جرم"},
     {"fraref", "Reference", "المرجع"},
@@ -60,17 +60,17 @@ constexpr Twin kTwins[] = {
     {"cboi@spoken", "Unit of the interval", "وحدة الفاصل الزمني"},
 };
 
-constexpr Twin kObjects[] = {{"", "Sun", "الشمس"}, {"", "Moon", "القمر"}};
-constexpr Twin kUnits[] = {
+constexpr Twin objects[] = {{"", "Sun", "الشمس"}, {"", "Moon", "القمر"}};
+constexpr Twin units[] = {
     {"", "Second", "ثانية"}, {"", "Minute", "دقيقة"}, {"", "Hour", "ساعة"}, {"", "Day", "يوم"}};
 
-constexpr int kMonths = 12;
-constexpr int kDays = 31;
-constexpr int kLastHour = 23;
-constexpr int kLastMinute = 59;
-constexpr int kYearLength = 6;
-constexpr const char* kLongestYear = "-88888";
-constexpr const char* kLongestInterval = "888888";
+constexpr int months = 12;
+constexpr int days = 31;
+constexpr int last_hour = 23;
+constexpr int last_minute = 59;
+constexpr int year_length = 6;
+constexpr const char* longest_year = "-88888";
+constexpr const char* longest_interval = "888888";
 
 void fill_with_texts(QComboBox& list, std::span<const Twin> texts, Language language) {
     list.clear();
@@ -93,13 +93,13 @@ void show_moment(const Moment& moment, double year, const std::array<double, 5>&
 } // namespace
 
 std::span<const Twin> frmcoor_twins() {
-    return kTwins;
+    return twins;
 }
 
 frmcoor::frmcoor(QWidget* owner)
     : QDialog(owner), ui_(std::make_unique<Ui::frmcoor>()), language_(stored_language()) {
     ui_->setupUi(this);
-    apply_language(*this, kTwins, language_);
+    apply_language(*this, twins, language_);
     fill_lists();
     set_sizes();
     select_whole_text_on_focus(*this);
@@ -111,25 +111,25 @@ frmcoor::frmcoor(QWidget* owner)
 frmcoor::~frmcoor() = default;
 
 void frmcoor::fill_lists() {
-    fill_with_texts(*ui_->cboobj, kObjects, language_);
-    fill_with_texts(*ui_->cboi, kUnits, language_);
+    fill_with_texts(*ui_->cboobj, objects, language_);
+    fill_with_texts(*ui_->cboi, units, language_);
     for (QComboBox* list : {ui_->cbom, ui_->cbo2m})
-        fill_with_numbers(*list, kMonths);
+        fill_with_numbers(*list, months);
     for (QComboBox* list : {ui_->cbod, ui_->cbo2d})
-        fill_with_numbers(*list, kDays);
+        fill_with_numbers(*list, days);
     for (QComboBox* list : {ui_->cboh, ui_->cbo2h})
-        fill_from_zero(*list, kLastHour);
+        fill_from_zero(*list, last_hour);
     for (QComboBox* list : {ui_->cbomn, ui_->cbo2mn, ui_->cbos, ui_->cbo2s})
-        fill_from_zero(*list, kLastMinute);
+        fill_from_zero(*list, last_minute);
 }
 
 void frmcoor::set_sizes() {
     set_spacing(*this);
     for (QLineEdit* box : {ui_->txty, ui_->txt2y}) {
-        box->setMaxLength(kYearLength);
-        shape_number_box(*box, kLongestYear);
+        box->setMaxLength(year_length);
+        shape_number_box(*box, longest_year);
     }
-    shape_number_box(*ui_->txti, kLongestInterval);
+    shape_number_box(*ui_->txti, longest_interval);
 }
 
 void frmcoor::load(const EphemerisSettings& settings) {

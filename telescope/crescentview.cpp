@@ -9,10 +9,10 @@ namespace halvane {
 
 namespace {
 
-constexpr int kPictureSize = 200;     // of the delivered files
-const QColor kSky(0, 0, 0);           // as in the pictures
-const QColor kMark(0xB8, 0xC4, 0xCC); // 11 to 1 on the sky
-constexpr double kMarkSize = 0.8;     // of the panel's font
+constexpr int picture_size = 200;    // of the delivered files
+const QColor sky(0, 0, 0);           // as in the pictures
+const QColor mark(0xB8, 0xC4, 0xCC); // 11 to 1 on the sky
+constexpr double mark_size = 0.8;    // of the panel's font
 
 QRect centred_square(const QRect& place) {
     const int side = std::min(place.width(), place.height());
@@ -24,7 +24,7 @@ QRect centred_square(const QRect& place) {
 } // namespace
 
 CrescentView::CrescentView(QWidget* parent) : QWidget(parent) {
-    setMinimumSize(kPictureSize, kPictureSize);
+    setMinimumSize(picture_size, picture_size);
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
@@ -43,13 +43,13 @@ void CrescentView::set_texts(const QString& zenith, const QString& missing) {
 }
 
 QSize CrescentView::sizeHint() const {
-    return {kPictureSize, kPictureSize};
+    return {picture_size, picture_size};
 }
 
 void CrescentView::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     const QRect square = centred_square(rect());
-    painter.fillRect(square, kSky);
+    painter.fillRect(square, sky);
     if (name_.isEmpty())
         return;
     draw_picture(painter, square);
@@ -67,15 +67,15 @@ void CrescentView::draw_picture(QPainter& painter, const QRect& square) const {
         painter.drawImage(square.topLeft(), scaled);
         return;
     }
-    painter.setPen(kMark);
+    painter.setPen(mark);
     painter.drawText(square, Qt::AlignCenter | Qt::TextWordWrap, missing_.arg(name_));
 }
 
 void CrescentView::draw_zenith_mark(QPainter& painter, const QRect& square) const {
     QFont small = font();
-    small.setPointSizeF(small.pointSizeF() * kMarkSize);
+    small.setPointSizeF(small.pointSizeF() * mark_size);
     painter.setFont(small);
-    painter.setPen(kMark);
+    painter.setPen(mark);
     const int gap = QFontMetrics(small).lineSpacing() / 4;
     const QRect place = square.adjusted(gap, gap, -gap, -gap);
     const int side = zenith_below_ ? Qt::AlignBottom : Qt::AlignTop;

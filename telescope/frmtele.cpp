@@ -16,7 +16,7 @@ namespace halvane {
 
 namespace {
 
-constexpr Twin kTwins[] = {
+constexpr Twin twins[] = {
     {"frmtele", "Telescope", "تلسكوب"},
     {"fradate", "Date and Time", "التاريخ و الوقت"},
     {"lblyear", "Year:", "السنة"},
@@ -52,32 +52,32 @@ constexpr Twin kTwins[] = {
     {"pctcresimg@spoken", "Picture of the crescent", "صورة الهلال"},
 };
 
-constexpr Twin kZenith{"", "Zenith", "سمت الرأس"};
-constexpr Twin kMissing{"", "The picture %1 is not in the folder of pictures.",
-                        "الصورة %1 غير موجودة في مجلد الصور."};
-constexpr Twin kLimb{"", "Bright limb: %1 from the zenith,\ncounted to the left",
-                     "الحافة المضيئة: %1 من سمت الرأس،\nعدا إلى اليسار"};
+constexpr Twin zenith{"", "Zenith", "سمت الرأس"};
+constexpr Twin missing{"", "The picture %1 is not in the folder of pictures.",
+                       "الصورة %1 غير موجودة في مجلد الصور."};
+constexpr Twin limb{"", "Bright limb: %1 from the zenith,\ncounted to the left",
+                    "الحافة المضيئة: %1 من سمت الرأس،\nعدا إلى اليسار"};
 
-constexpr int kMonths = 12;
-constexpr int kDays = 31;
-constexpr int kLastHour = 23;
-constexpr int kLastMinute = 59;
-constexpr int kYearLength = 6;
-constexpr const char* kLongestYear = "-88888";
-constexpr const char* kLongestReadOut = "-88°:88':88\"";
-constexpr double kReadOutSize = 1.15;
+constexpr int months = 12;
+constexpr int days = 31;
+constexpr int last_hour = 23;
+constexpr int last_minute = 59;
+constexpr int year_length = 6;
+constexpr const char* longest_year = "-88888";
+constexpr const char* longest_read_out = "-88°:88':88\"";
+constexpr double read_out_size = 1.15;
 
 } // namespace
 
 std::span<const Twin> frmtele_twins() {
-    return kTwins;
+    return twins;
 }
 
 frmtele::frmtele(QWidget* owner)
     : QDialog(owner), ui_(std::make_unique<Ui::frmtele>()), language_(stored_language()) {
     ui_->setupUi(this);
-    apply_language(*this, kTwins, language_);
-    ui_->pctcresimg->set_texts(text_of(kZenith, language_), text_of(kMissing, language_));
+    apply_language(*this, twins, language_);
+    ui_->pctcresimg->set_texts(text_of(zenith, language_), text_of(missing, language_));
     fill_lists();
     set_sizes();
     select_whole_text_on_focus(*this);
@@ -89,21 +89,21 @@ frmtele::frmtele(QWidget* owner)
 frmtele::~frmtele() = default;
 
 void frmtele::fill_lists() {
-    fill_with_numbers(*ui_->cbomonth, kMonths);
-    fill_with_numbers(*ui_->cboday, kDays);
-    fill_from_zero(*ui_->cbohour, kLastHour);
-    fill_from_zero(*ui_->cbominutes, kLastMinute);
+    fill_with_numbers(*ui_->cbomonth, months);
+    fill_with_numbers(*ui_->cboday, days);
+    fill_from_zero(*ui_->cbohour, last_hour);
+    fill_from_zero(*ui_->cbominutes, last_minute);
 }
 
 void frmtele::set_sizes() {
     set_spacing(*this);
-    ui_->txtyear->setMaxLength(kYearLength);
-    shape_number_box(*ui_->txtyear, kLongestYear);
+    ui_->txtyear->setMaxLength(year_length);
+    shape_number_box(*ui_->txtyear, longest_year);
     keep_left_to_right(*ui_->readtable);
     for (const ReadOut& readout : telescope_readouts({})) {
         QLabel& label = read_out(readout.label);
-        scale_font(label, kReadOutSize);
-        fit_width(label, QString::fromUtf8(kLongestReadOut));
+        scale_font(label, read_out_size);
+        fit_width(label, QString::fromUtf8(longest_read_out));
         label.setTextInteractionFlags(Qt::TextSelectableByMouse);
     }
 }
@@ -188,7 +188,7 @@ void frmtele::show_picture() {
 }
 
 void frmtele::show_limb(const QString& angle) {
-    ui_->lbllimb->setText(text_of(kLimb, language_).arg(isolated(angle)));
+    ui_->lbllimb->setText(text_of(limb, language_).arg(isolated(angle)));
 }
 
 void frmtele::cmdclose_click() {

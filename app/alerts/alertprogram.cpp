@@ -14,13 +14,13 @@ namespace halvane {
 
 namespace {
 
-constexpr int kTick = 1000;       // [ms]
-constexpr long kStatusTicks = 10; // the files may have changed
-constexpr long kTrayTicks = 30;   // a session's tray may come up after its programs
-constexpr int kSettleTime = 400;  // some window managers minimise mapped windows only [ms]
-constexpr double kComingSize = 1.3;
+constexpr int tick_length = 1000; // [ms]
+constexpr long status_ticks = 10; // the files may have changed
+constexpr long tray_ticks = 30;   // a session's tray may come up after its programs
+constexpr int settle_time = 400;  // some window managers minimise mapped windows only [ms]
+constexpr double coming_size = 1.3;
 
-constexpr Twin kMainWindow[] = {{"cmdquit", "&Quit", "إ&نهاء"}};
+constexpr Twin main_window_texts[] = {{"cmdquit", "&Quit", "إ&نهاء"}};
 
 QString place_name() {
     return QString::fromStdString(read_loc().name);
@@ -51,7 +51,7 @@ void AlertProgram::build_main_window() {
     column->addWidget(lblplace_);
     column->addWidget(cmdquit_, 0, Qt::AlignTrailing);
     set_spacing(main_window_);
-    scale_font(*lblcoming_, kComingSize);
+    scale_font(*lblcoming_, coming_size);
     connect(cmdquit_, &QPushButton::clicked, qApp, &QCoreApplication::quit);
 }
 
@@ -70,7 +70,7 @@ void AlertProgram::build_tray() {
 void AlertProgram::start() {
     tick();
     tray_.show();
-    timer_->start(kTick);
+    timer_->start(tick_length);
 }
 
 void AlertProgram::tick() {
@@ -78,9 +78,9 @@ void AlertProgram::tick() {
     const std::vector<Alert> alerts = schedule_.due(now);
     for (const Alert& alert : alerts)
         handle(alert);
-    if (ticks_ % kStatusTicks == 0 || !alerts.empty())
+    if (ticks_ % status_ticks == 0 || !alerts.empty())
         show_status(now);
-    if (ticks_ == 0 || ticks_ == kTrayTicks)
+    if (ticks_ == 0 || ticks_ == tray_ticks)
         place_main_window();
     ++ticks_;
 }
@@ -111,7 +111,7 @@ void AlertProgram::show_status(const MachineTime& now) {
     const Language language = stored_language();
     const QString coming = coming_words(schedule_.coming(now), language);
     const QString place = place_name();
-    apply_language(main_window_, kMainWindow, language);
+    apply_language(main_window_, main_window_texts, language);
     lblcoming_->setText(coming);
     lblplace_->setText(place);
     menu_.setLayoutDirection(main_window_.layoutDirection());
@@ -125,7 +125,7 @@ void AlertProgram::place_main_window() {
     if (!QSystemTrayIcon::isSystemTrayAvailable()) {
         if (!main_window_.isVisible()) {
             main_window_.showMinimized();
-            QTimer::singleShot(kSettleTime, &main_window_, &QWidget::showMinimized);
+            QTimer::singleShot(settle_time, &main_window_, &QWidget::showMinimized);
         }
     } else {
         main_window_.winId(); // hidden, but known to the system by its title

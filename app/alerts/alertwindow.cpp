@@ -16,14 +16,14 @@ namespace halvane {
 
 namespace {
 
-constexpr int kOpenTime = 5 * 60 * 1000; // [ms]
-constexpr double kHeadingSize = 1.5;
-constexpr double kTimeSize = 3.6;
-constexpr double kPlaceSize = 1.2;
-constexpr int kWidth = 34;         // units of space
-constexpr double kBarHeight = 0.5; // units of space
+constexpr int open_time = 5 * 60 * 1000; // [ms]
+constexpr double heading_size = 1.5;
+constexpr double time_size = 3.6;
+constexpr double place_size = 1.2;
+constexpr int window_width = 34;   // units of space
+constexpr double bar_height = 0.5; // units of space
 
-constexpr Twin kClose{"", "&Close", "إ&غلاق"};
+constexpr Twin close_text{"", "&Close", "إ&غلاق"};
 
 QLabel* add_label(QVBoxLayout& column, const char* name) {
     auto* label = new QLabel;
@@ -63,7 +63,7 @@ AlertWindow::AlertWindow() : timer_(new QTimer(this)) {
     column->addWidget(close_, 0, Qt::AlignCenter);
     timer_->setObjectName(QStringLiteral("timerclose"));
     timer_->setSingleShot(true);
-    timer_->setInterval(kOpenTime);
+    timer_->setInterval(open_time);
     connect(timer_, &QTimer::timeout, this, &QWidget::close);
     connect(close_, &QPushButton::clicked, this, &QWidget::close);
     set_sizes();
@@ -73,10 +73,10 @@ AlertWindow::AlertWindow() : timer_(new QTimer(this)) {
 void AlertWindow::set_sizes() {
     const int unit = space_unit(*this);
     set_spacing(*this);
-    setFixedWidth(kWidth * unit);
-    scale_font(*heading_, kHeadingSize);
-    scale_font(*time_, kTimeSize);
-    scale_font(*place_, kPlaceSize);
+    setFixedWidth(window_width * unit);
+    scale_font(*heading_, heading_size);
+    scale_font(*time_, time_size);
+    scale_font(*place_, place_size);
     QFont font = time_->font();
     font.setBold(true);
     time_->setFont(font);
@@ -90,7 +90,7 @@ void AlertWindow::show_alert(const AlertWords& words, Language language) {
     show_text(*place_, words.place);
     show_text(*next_, words.next);
     show_text(*notice_, words.notice);
-    close_->setText(text_of(kClose, language));
+    close_->setText(text_of(close_text, language));
     colour(*time_, accent_colour(*this));
     colour(*next_, muted_colour(*this));
     setAccessibleName(words.heading + u' ' + words.time);
@@ -127,7 +127,7 @@ void AlertWindow::closeEvent(QCloseEvent* event) {
 void AlertWindow::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const QColor accent = accent_colour(*this);
-    painter.fillRect(0, 0, width(), static_cast<int>(kBarHeight * space_unit(*this)), accent);
+    painter.fillRect(0, 0, width(), static_cast<int>(bar_height * space_unit(*this)), accent);
     painter.setPen(accent);
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }

@@ -13,8 +13,8 @@ namespace halvane {
 
 namespace {
 
-constexpr const char* kChime = "chime.wav";
-constexpr const char* kBeep = "beep.wav";
+constexpr const char* chime_file = "chime.wav";
+constexpr const char* beep_file = "beep.wav";
 
 bool is_there(const std::string& name) {
     std::error_code error;
@@ -25,7 +25,7 @@ bool is_there(const std::string& name) {
 
 std::string athan_file(Athan athan) {
     const std::string recording = athan == Athan::mecca ? "mecca.wav" : "jerusalem.wav";
-    return is_there(recording) ? recording : kChime;
+    return is_there(recording) ? recording : chime_file;
 }
 
 SoundPlayer::SoundPlayer() = default;
@@ -40,7 +40,7 @@ void SoundPlayer::play(Athan athan) {
 }
 
 void SoundPlayer::beep() {
-    play_file(kBeep);
+    play_file(beep_file);
 }
 
 void SoundPlayer::stop() {
@@ -60,10 +60,10 @@ void SoundPlayer::play_file(const std::string& name) {
         [this, sound, name] {
             if (sound != sound_.get() || sound->status() != QSoundEffect::Error)
                 return;
-            if (name == kChime || name == kBeep)
+            if (name == chime_file || name == beep_file)
                 QApplication::beep();
             else
-                play_file(kChime);
+                play_file(chime_file);
         },
         Qt::QueuedConnection);
     connect(

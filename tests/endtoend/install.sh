@@ -38,7 +38,7 @@ grep -q '^19,17' "$moved/pref.vsk" || fail "the user's preferences were overwrit
 [ -f "$moved/help.txt" ] || fail "a delivered file did not come back"
 
 echo "The archive"
-(cd "$build" && cpack -B "$folder/archive" >/dev/null) || fail "cpack"
+(cd "$build" && cpack -G TGZ -B "$folder/archive" >/dev/null) || fail "cpack"
 mkdir "$folder/unpacked"
 tar xzf "$folder"/archive/halvane-*.tar.gz -C "$folder/unpacked" || fail "the archive"
 [ "$("$folder"/unpacked/halvane-*/halvane-report today | wc -l)" = 6 ] || fail "today's times from the archive"

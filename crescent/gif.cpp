@@ -1,5 +1,8 @@
 #include "crescent/gif.h"
 
+#include "app/stored/failure.h"
+#include "app/stored/textfile.h"
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -8,11 +11,6 @@
 #include <string>
 #include <string_view>
 #include <utility>
-
-#include <cerrno>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace halvane {
 namespace {
@@ -253,37 +251,13 @@ std::optional<std::uint8_t> entry_of(const ColourTable& table, const std::option
     return static_cast<std::uint8_t>(entry - table.begin());
 }
 
-bool write_all(int file, const Bytes& bytes) {
-    std::size_t written = 0;
-    while (written < bytes.size()) {
-        const ssize_t count = ::write(file, bytes.data() + written, bytes.size() - written);
-        if (count < 0 && errno != EINTR) {
-            return false;
-        }
-        written += count > 0 ? static_cast<std::size_t>(count) : 0;
-    }
-    return true;
-}
-
-bool write_new_file(const std::filesystem::path& file_name, const Bytes& bytes) {
-    constexpr mode_t readable_by_all = 0666; // less the process's mask
-    ::unlink(file_name.c_str());
-    const int file = ::open(file_name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, readable_by_all);
-    if (file < 0) {
+bool replace_file(const std::filesystem::path& file_name, const Bytes& bytes) {
+    try {
+        save_text_file(file_name.string(), {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+    } catch (const RunTimeFailure&) {
         return false;
     }
-    const bool is_written = write_all(file, bytes) && ::fsync(file) == 0;
-    return (::close(file) == 0) && is_written;
-}
-
-bool replace_file(const std::filesystem::path& file_name, const Bytes& bytes) {
-    std::filesystem::path beside = file_name;
-    beside.replace_filename(".gif-" + std::to_string(::getpid()) + ".new");
-    if (write_new_file(beside, bytes) && ::rename(beside.c_str(), file_name.c_str()) == 0) {
-        return true;
-    }
-    ::unlink(beside.c_str());
-    return false;
+    return true;
 }
 
 class BusySpan {

@@ -11,7 +11,7 @@
 namespace halvane {
 namespace {
 
-constexpr double sun_semidiameter_at_1_au = 0.266563888; // [deg]
+constexpr double sun_semidiameter_at_1_au = 0.266563888; // [deg], the table has its own last digit
 constexpr double sun_parallax_at_1_au = 0.0024427777778; // [deg]
 
 template <class Place>

@@ -3,6 +3,7 @@
 #include "app/language.h"
 #include "app/messages.h"
 #include "app/stored/failure.h"
+#include "app/version.h"
 
 #include <QIcon>
 #include <cstdio>
@@ -25,7 +26,7 @@ Language language_of_failure() {
 } // namespace
 
 Application::Application(int& count, char** words) : QApplication(count, words) {
-    setApplicationVersion(QStringLiteral("5.3.9"));
+    setApplicationVersion(QString::fromLatin1(version));
     setDesktopFileName(QStringLiteral("halvane"));
     setWindowIcon(QIcon(QStringLiteral(":/icons/halvane.svg")));
 }

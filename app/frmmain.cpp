@@ -5,6 +5,7 @@
 #include "app/messages.h"
 #include "app/platform/platform.h"
 #include "app/stored/pref.h"
+#include "app/version.h"
 #include "prayer/cmdcom.h"
 #include "prayer/cmdmoon.h"
 #include "ui_frmmain.h"
@@ -27,7 +28,7 @@ constexpr double line_size = 1.2;
 constexpr double desktop_icon = 2.4; // of the unit of space
 
 constexpr Twin twins[] = {
-    {"frmmain", "Halvane 5.3.9", "Halvane 5.3.9"},
+    {"frmmain", program_title, program_title},
     {"cmddat", "&Date", "ال&تاريخ"},
     {"cmdloc", "&Location", "المو&قع"},
     {"cmdpre", "&Preferences", "ا&لخيارات"},

@@ -1,5 +1,7 @@
 #include "app/messages.h"
 
+#include "app/version.h"
+
 #include <QAbstractButton>
 #include <QFileDialog>
 #include <QMessageBox>
@@ -67,7 +69,7 @@ bool ask(QWidget* parent, const QString& title, const QString& text, Language la
 }
 
 void tell_failure(const std::string& words, Language language) {
-    QMessageBox box(QMessageBox::Critical, QStringLiteral("Halvane 5.3.9"), text_of(failure, language),
+    QMessageBox box(QMessageBox::Critical, QString::fromLatin1(program_title), text_of(failure, language),
                     QMessageBox::Ok);
     box.setTextFormat(Qt::PlainText);
     box.setInformativeText(isolated(QString::fromStdString(words)) + QStringLiteral("\n\n") +

@@ -4,6 +4,7 @@
 #include "app/messages.h"
 #include "app/stored/failure.h"
 #include "app/stored/textfile.h"
+#include "app/version.h"
 #include "app/viewerpages.h"
 
 #include <QClipboard>
@@ -346,7 +347,7 @@ void Viewer::make_pdf() {
     }
     QPdfWriter writer(&target);
     writer.setTitle(QFileInfo(path_).fileName());
-    writer.setCreator(QStringLiteral("Halvane 5.3.9"));
+    writer.setCreator(QString::fromLatin1(program_title));
     print_pages(writer, QFileInfo(path_).fileName(), content_, !is_report(path_));
 }
 

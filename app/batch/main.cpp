@@ -1,6 +1,7 @@
 #include "app/batch/console.h"
 #include "app/batch/tasks.h"
 #include "app/stored/programfolder.h"
+#include "app/version.h"
 #include "calendar/machineclock.h"
 
 #include <CLI/CLI.hpp>
@@ -29,7 +30,7 @@ std::string parse_time(const std::string& text, MachineTime& time) {
 int run(int argc, char** argv) {
     CLI::App app("The reports of Halvane without its panels, from the stored files of a folder.",
                  "halvane-report");
-    app.set_version_flag("--version", "halvane-report 5.3.9");
+    app.set_version_flag("--version", std::string("halvane-report ") + version);
     app.require_subcommand(1);
     app.failure_message(CLI::FailureMessage::simple);
 

@@ -19,9 +19,7 @@ std::string month_name(int month, bool english) {
     constexpr int may = 5;
     if (!english && month == may)
         return "أيار";
-    std::string name;
-    modmonth(month, english ? 'E' : 'A', name);
-    return name;
+    return modmonth(month, english ? 'E' : 'A');
 }
 
 std::string whole(double value) {
@@ -43,8 +41,7 @@ void run_part(bool pass_over, Part part) {
 
 std::string date_line(const MachineTime& today, double todayjd, bool english) {
     const HijriDate hijri = hijri_of_day_number(todayjd + noon_after_midnight);
-    std::string weekday;
-    modday(todayjd + noon_after_midnight, english ? 0 : 1, weekday);
+    const std::string weekday = modday(todayjd + noon_after_midnight, english ? 0 : 1);
     const std::string lead =
         english ? "Machine's Date: " + weekday + ", " : "تاريخ الجهاز:  " + weekday + "، ";
     return lead + std::to_string(today.day) + " " + month_name(today.month, english) + " " +

@@ -18,7 +18,7 @@ constexpr const char* may_in_arabic = "أيار";
 MonthNames civil_months(char letter) {
     MonthNames names;
     for (std::size_t i = 0; i < names.size(); ++i)
-        modmonth(static_cast<int>(i) + 1, letter == 'A' ? 'A' : 'E', names[i]);
+        names[i] = modmonth(static_cast<int>(i) + 1, letter == 'A' ? 'A' : 'E');
     if (letter == 'A')
         names[may] = may_in_arabic;
     return names;
@@ -32,9 +32,7 @@ MonthNames hijri_months(char letter) {
 }
 
 std::string weekday_of(double day_number, char letter) {
-    std::string name;
-    modday(day_number, letter == 'A' ? 1 : 0, name);
-    return name;
+    return modday(day_number, letter == 'A' ? 1 : 0);
 }
 
 std::string name_of(const MonthNames& names, double month) {

@@ -44,14 +44,18 @@ std::string minutes_text(int precision, double hour, double minute, double secon
 
 } // namespace
 
-void modctim(int precision, double hours, std::string& text) {
+std::string modctim(int precision, double hours) {
     require_finite(hours, "a clock time");
     const double hour = std::floor(hours);
     const double x = (hours - hour) * 60;
     const double minute = std::floor(x);
     const double second = (x - minute) * 60;
-    text =
-        precision == 0 ? seconds_text(hour, minute, second) : minutes_text(precision, hour, minute, second);
+    return precision == 0 ? seconds_text(hour, minute, second)
+                          : minutes_text(precision, hour, minute, second);
+}
+
+void modctim(int precision, double hours, std::string& text) {
+    text = modctim(precision, hours);
 }
 
 } // namespace halvane

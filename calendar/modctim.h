@@ -11,5 +11,6 @@ namespace halvane {
 ///                   a day
 /// Error  raises RunTimeFailure for hours that are not finite.
 void modctim(int precision, double hours, std::string& text);
+std::string modctim(int precision, double hours);
 
 } // namespace halvane

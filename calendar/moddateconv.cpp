@@ -1,6 +1,7 @@
 #include "calendar/moddateconv.h"
 
 #include "calendar/modjul.h"
+#include "calendar/twintext.h"
 
 #include <array>
 #include <cmath>
@@ -8,23 +9,18 @@
 namespace halvane {
 namespace {
 
-struct Names {
-    const char* english;
-    const char* arabic;
-};
-
-constexpr std::array<Names, 12> hijri_months{{{"Muharram", "محرم"},
-                                              {"Safar", "صفر"},
-                                              {"Rabeea' Awwal", "ربيع أول"},
-                                              {"Rabeea' Thani", "ربيع ثاني"},
-                                              {"Jamada Aula", "جمادى الأولى"},
-                                              {"Jamada Aakherah", "جمادي الآخرة"},
-                                              {"Rajab", "رجب"},
-                                              {"Sha'ban", "شعبان"},
-                                              {"Ramadan", "رمضان"},
-                                              {"Shawwal", "شوال"},
-                                              {"Thul Kea'deh", "ذو القعدة"},
-                                              {"Thul Hejjah", "ذو الحجة"}}};
+constexpr std::array<TwinText, 12> hijri_months{{{"Muharram", "محرم"},
+                                                 {"Safar", "صفر"},
+                                                 {"Rabeea' Awwal", "ربيع أول"},
+                                                 {"Rabeea' Thani", "ربيع ثاني"},
+                                                 {"Jamada Aula", "جمادى الأولى"},
+                                                 {"Jamada Aakherah", "جمادي الآخرة"},
+                                                 {"Rajab", "رجب"},
+                                                 {"Sha'ban", "شعبان"},
+                                                 {"Ramadan", "رمضان"},
+                                                 {"Shawwal", "شوال"},
+                                                 {"Thul Kea'deh", "ذو القعدة"},
+                                                 {"Thul Hejjah", "ذو الحجة"}}};
 
 } // namespace
 
@@ -52,7 +48,7 @@ double day_number_of_hijri(double year, double month, double day) {
 std::string hijri_month_name(double month, char letter) {
     if (!(month >= 1 && month <= 12))
         return {};
-    const Names& names = hijri_months[static_cast<std::size_t>(month) - 1];
+    const TwinText& names = hijri_months[static_cast<std::size_t>(month) - 1];
     return letter == 'A' ? names.arabic : names.english;
 }
 

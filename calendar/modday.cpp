@@ -1,23 +1,20 @@
 #include "calendar/modday.h"
 
+#include "calendar/twintext.h"
+
 #include <array>
 #include <cmath>
 
 namespace halvane {
 namespace {
 
-struct Names {
-    const char* english;
-    const char* arabic;
-};
-
-constexpr std::array<Names, 7> weekdays{{{"Sunday", "الأحد"},
-                                         {"Monday", "الاثنين"},
-                                         {"Tuesday", "الثلاثاء"},
-                                         {"Wednesday", "الأربعاء"},
-                                         {"Thursday", "الخميس"},
-                                         {"Friday", "الجمعة"},
-                                         {"Saturday", "السبت"}}};
+constexpr std::array<TwinText, 7> weekdays{{{"Sunday", "الأحد"},
+                                            {"Monday", "الاثنين"},
+                                            {"Tuesday", "الثلاثاء"},
+                                            {"Wednesday", "الأربعاء"},
+                                            {"Thursday", "الخميس"},
+                                            {"Friday", "الجمعة"},
+                                            {"Saturday", "السبت"}}};
 
 } // namespace
 
@@ -26,6 +23,12 @@ void modday(double value, int flag, std::string& name) {
     for (std::size_t i = 0; i < weekdays.size(); ++i)
         if (w == static_cast<double>(i + 1))
             name = flag == 1 ? weekdays[i].arabic : weekdays[i].english;
+}
+
+std::string modday(double value, int flag) {
+    std::string name;
+    modday(value, flag, name);
+    return name;
 }
 
 } // namespace halvane

@@ -69,19 +69,34 @@ const char* sign_of(double value) {
 
 } // namespace
 
-void moddegree(int level, char unit, double value, std::string& text) {
-    text = sign_of(value);
+std::string moddegree(int level, char unit, double value) {
+    std::string text = sign_of(value);
     append_angle(text, level, unit, value, angle_marks);
+    return text;
+}
+
+std::string moddegree2(int level, char unit, double value) {
+    std::string text = sign_of(value);
+    append_angle(text, level, unit, value, plain_marks);
+    return text;
+}
+
+std::string moddegree3(int level, char unit, double value) {
+    std::string text;
+    append_angle(text, level, unit, value, plain_marks);
+    return text;
+}
+
+void moddegree(int level, char unit, double value, std::string& text) {
+    text = moddegree(level, unit, value);
 }
 
 void moddegree2(int level, char unit, double value, std::string& text) {
-    text = sign_of(value);
-    append_angle(text, level, unit, value, plain_marks);
+    text = moddegree2(level, unit, value);
 }
 
 void moddegree3(int level, char unit, double value, std::string& text) {
-    text.clear();
-    append_angle(text, level, unit, value, plain_marks);
+    text = moddegree3(level, unit, value);
 }
 
 } // namespace halvane

@@ -14,5 +14,8 @@ namespace halvane {
 void moddegree(int level, char unit, double value, std::string& text);
 void moddegree2(int level, char unit, double value, std::string& text);
 void moddegree3(int level, char unit, double value, std::string& text);
+std::string moddegree(int level, char unit, double value);
+std::string moddegree2(int level, char unit, double value);
+std::string moddegree3(int level, char unit, double value);
 
 } // namespace halvane

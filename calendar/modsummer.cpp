@@ -1,9 +1,7 @@
 #include "calendar/modsummer.h"
 
-#include "calendar/modjul.h"
+#include "calendar/civildate.h"
 #include "calendar/platformdate.h"
-
-#include <cmath>
 
 namespace halvane {
 
@@ -23,11 +21,8 @@ void modsummer(double day, double month, double year, int& flag) {
 }
 
 int summer_hours_of(const Preferences& preferences, double jd) {
-    double year = 0;
-    double month = 0;
-    double day = 0;
-    modjuc(jd + 0.5, year, month, day);
-    return in_summer_time(preferences, year, month, std::floor(day)) ? 1 : 0;
+    const DateNumbers date = civil_date(jd);
+    return in_summer_time(preferences, date.year, date.month, date.day) ? 1 : 0;
 }
 
 } // namespace halvane

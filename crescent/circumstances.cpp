@@ -1,6 +1,7 @@
 #include "crescent/circumstances.h"
 
 #include "app/stored/record.h"
+#include "calendar/civildate.h"
 #include "calendar/moddateconv.h"
 #include "calendar/moddeltat.h"
 #include "calendar/modjul.h"

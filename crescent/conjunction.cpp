@@ -2,6 +2,7 @@
 
 #include "app/stored/loc.h"
 #include "app/stored/pref.h"
+#include "calendar/civildate.h"
 #include "calendar/moddateconv.h"
 #include "calendar/moddeltat.h"
 #include "calendar/modjul.h"
@@ -10,18 +11,9 @@
 #include "ephemeris/modgeneral.h"
 #include "events/phase.h"
 
-#include <cmath>
-
 namespace halvane {
 
 double conjunctionstart = 0;
-
-DateNumbers civil_date(double jd) {
-    DateNumbers date;
-    modjuc(jd + 0.5, date.year, date.month, date.day);
-    date.day = std::floor(date.day);
-    return date;
-}
 
 DateNumbers approximate_date(const CrescentSettings& settings) {
     if (settings.gregorian)

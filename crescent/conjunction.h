@@ -30,7 +30,4 @@ Conjunction find_conjunction(const CrescentSettings& settings);
 /// The dates to choose from: the conjunction's, one and two days after it, one and two days before it.
 std::array<DateNumbers, 5> candidate_dates(const Conjunction& conjunction);
 
-/// Civil date of a Julian day, the day without its fraction.
-DateNumbers civil_date(double jd);
-
 } // namespace halvane

@@ -2,15 +2,14 @@
 
 #include "app/report/head.h"
 #include "app/stored/programfolder.h"
+#include "calendar/civildate.h"
 #include "calendar/modctim.h"
 #include "calendar/modday.h"
 #include "calendar/moddegree.h"
-#include "calendar/modjul.h"
 #include "calendar/numberformat.h"
 #include "crescent/criteria.h"
 #include "crescent/notes.h"
 
-#include <cmath>
 #include <initializer_list>
 
 namespace halvane {
@@ -18,17 +17,14 @@ namespace {
 
 constexpr int rule_width = 78;
 constexpr int second_column = 43;
+constexpr int to_the_second = 0;
 
 std::string angle(double degrees) {
-    std::string text;
-    moddegree(0, 'd', degrees, text);
-    return text;
+    return moddegree(to_the_second, 'd', degrees);
 }
 
 std::string right_ascension(double degrees) {
-    std::string text;
-    moddegree(0, 'h', degrees / 15, text);
-    return text;
+    return moddegree(to_the_second, 'h', degrees / 15);
 }
 
 /// Two labels with their values, side by side.
@@ -67,21 +63,10 @@ public:
     }
 
 private:
-    std::string clock(double hours) const {
-        std::string text;
-        modctim(precision_, hours, text);
-        return text;
-    }
+    std::string clock(double hours) const { return modctim(precision_, hours); }
     /// The clock of a Julian day on the local clock.
-    std::string clock_of(double jd) const {
-        const double value = jd + 0.5;
-        return clock((value - std::floor(value)) * 24);
-    }
-    std::string span(double hours) const {
-        std::string text;
-        moddegree(precision_, 'h', hours, text);
-        return text;
-    }
+    std::string clock_of(double jd) const { return clock(hours_of_day(jd)); }
+    std::string span(double hours) const { return moddegree(precision_, 'h', hours); }
 
     const char* time_words() const {
         const bool is_new = c_.choice.new_crescent;
@@ -105,9 +90,7 @@ private:
         report_.text("-").spc(1).text("Calculations for ").text(c_.hijri_month);
         report_.line(c_.choice.new_crescent ? " Waxing Crescent (New, Evening)."
                                             : " Waning Crescent (Old, Morning).");
-        std::string weekday;
-        modday(c_.day + 0.5, 0, weekday);
-        report_.text("-").spc(1).text("Crescent Visibility on: ").text(weekday).spc(2);
+        report_.text("-").spc(1).text("Crescent Visibility on: ").text(modday(c_.day + 0.5, 0)).spc(2);
         report_.text(date_text(civil_date(c_.day))).line(" CE");
         report_.text("-").spc(1).text(time_words()).text(clock_of(c_.calculation)).line(" LT");
         report_.text("-").spc(1).line(c_.choice.geocentric ? "Calculations are Geocentric."

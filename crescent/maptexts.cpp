@@ -1,9 +1,9 @@
 #include "crescent/maptexts.h"
 
 #include "app/stored/record.h"
+#include "calendar/civildate.h"
 #include "calendar/moddateconv.h"
 #include "calendar/modday.h"
-#include "crescent/conjunction.h"
 
 namespace halvane {
 namespace {
@@ -72,20 +72,17 @@ std::string map_hijri_text(const MapRun& run, char letter) {
 
 std::string map_date_text(double day, char letter) {
     const DateNumbers date = civil_date(day);
-    std::string month;
-    modmonth(static_cast<int>(date.month), letter, month);
-    return plain_number(date.day) + " " + month + " " + plain_number(date.year);
+    return plain_number(date.day) + " " + modmonth(static_cast<int>(date.month), letter) + " " +
+           plain_number(date.year);
 }
 
 std::vector<std::string> map_information(const MapRun& run, char letter) {
     const bool is_new = run.kind == CrescentKind::new_crescent;
     const std::string name = criterion_name(run.criterion, letter);
-    std::string weekday;
-    modday(run.day + 0.5, letter == 'A' ? 1 : 0, weekday);
     return {is_new ? in(letter, "New Crescent Visibility", "رؤية هلال أول الشهر")
                    : in(letter, "Old Crescent Visibility", "رؤية هلال آخر الشهر"),
-            letter == 'A' ? " معيار " + name : name + " Criterion", map_hijri_text(run, letter), weekday,
-            map_date_text(run.day, letter)};
+            letter == 'A' ? " معيار " + name : name + " Criterion", map_hijri_text(run, letter),
+            modday(run.day + 0.5, letter == 'A' ? 1 : 0), map_date_text(run.day, letter)};
 }
 
 ClassColour class_colour(VisibilityClass visibility) {

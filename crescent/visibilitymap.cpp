@@ -1,6 +1,7 @@
 #include "crescent/visibilitymap.h"
 
 #include "app/stored/failure.h"
+#include "calendar/civildate.h"
 #include "calendar/moddeltat.h"
 #include "calendar/modjul.h"
 #include "crescent/circumstances.h"

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <variant>
 
 namespace halvane {
@@ -26,20 +27,9 @@ inline bool is(const TaggedTime& time, NoEvent reason) {
 }
 
 /// The printed form of a reason.
-inline const char* text_of(NoEvent reason) {
-    switch (reason) {
-    case NoEvent::up:
-        return "Up";
-    case NoEvent::down:
-        return "Down";
-    case NoEvent::bright:
-        return "Bright";
-    case NoEvent::dark:
-        return "Dark";
-    case NoEvent::none:
-        break;
-    }
-    return "----";
-}
+const char* text_of(NoEvent reason);
+
+/// The printed form of a time: its clock text in the precision of modctim, or the reason why there is none.
+std::string text_of(const TaggedTime& time, int precision);
 
 } // namespace halvane

@@ -1,5 +1,6 @@
 #include "phases/phaseyear.h"
 
+#include "calendar/civildate.h"
 #include "calendar/modctim.h"
 #include "calendar/moddeltat.h"
 #include "calendar/modjul.h"
@@ -27,11 +28,7 @@ LocalPhase local_phase(const PhaseYear& run, Phase phase, double k) {
     LocalPhase local{refined_phase(phase, phase_estimate(phase, k), run.geocentric), false};
     if (run.local_ut1)
         local.jd -= run.delta_t / 86400;
-    double year = 0;
-    double month = 0;
-    double day = 0;
-    modjuc(local.jd + 0.5, year, month, day);
-    local.summer = in_summer_time(run.preferences, year, month, std::floor(day));
+    local.summer = summer_hours_of(run.preferences, local.jd) == 1;
     if (local.summer)
         local.jd += 1.0 / 24;
     local.jd += run.location.zone / 24;
@@ -43,17 +40,12 @@ double first_lunation(double year) {
 }
 
 std::string phase_text(const PhaseYear& run, const LocalPhase& phase) {
-    double year = 0;
-    double month = 0;
-    double day = 0;
-    modjuc(phase.jd + 0.5, year, month, day);
-    if (year != run.year)
+    const DateNumbers date = civil_date(phase.jd);
+    if (date.year != run.year)
         return "----";
-    const double whole_day = std::floor(day);
-    std::string clock;
-    modctim(precision_of(run.preferences), (day - whole_day) * 24, clock);
-    return format_number(whole_day, "##00") + "/" + format_number(month, "##00") + "/" +
-           format_number(year, "##0000") + "  " + clock;
+    return format_number(date.day, "##00") + "/" + format_number(date.month, "##00") + "/" +
+           format_number(date.year, "##0000") + "  " +
+           modctim(precision_of(run.preferences), hours_of_day(phase.jd));
 }
 
 } // namespace halvane

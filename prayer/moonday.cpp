@@ -78,21 +78,13 @@ MoonRiseSet moon_rise_set(double jd, double clock_ahead) {
 MoonTimes moon_day(const Preferences& preferences, const Location& location, double jd, int summer_hours) {
     const double clock_ahead = location.zone + summer_hours;
     const int precision = precision_of(preferences);
-    const auto text = [precision](const TaggedTime& time) -> std::string {
-        const double* hours = hours_of(time);
-        if (hours == nullptr)
-            return text_of(std::get<NoEvent>(time));
-        std::string clock;
-        modctim(precision, *hours, clock);
-        return clock;
-    };
     const MoonRiseSet events = moon_rise_set(jd, clock_ahead);
-    MoonTimes times{text(events.rise), "", text(events.set)};
+    MoonTimes times{text_of(events.rise, precision), "", text_of(events.set, precision)};
 
     const Observer observer = stored_observer();
     const double transit = transit_hours(observer, jd, clock_ahead);
     times.transit = is_passage(observer, jd - (clock_ahead - transit) / hours_per_day)
-                        ? text(TaggedTime(transit))
+                        ? modctim(precision, transit)
                         : text_of(NoEvent::none);
     if (times.rise == times.set && !is(events.rise, NoEvent::up))
         times.transit = times.rise;

@@ -53,15 +53,7 @@ public:
     }
 
 private:
-    std::string clock(double hours) const {
-        std::string text;
-        modctim(settings_.precision, hours, text);
-        return text;
-    }
-    std::string text(const TaggedTime& time) const {
-        const double* hours = hours_of(time);
-        return hours != nullptr ? clock(*hours) : text_of(std::get<NoEvent>(time));
-    }
+    std::string text(const TaggedTime& time) const { return text_of(time, settings_.precision); }
 
     void find_sun() {
         TaggedTime rise;
@@ -155,7 +147,7 @@ private:
         }
         const double altitude = altitude_of(stored_observer(), instant, sun.right_ascension, sun.declination);
         std::string& dhohur = day_.times.dhohur;
-        dhohur = clock(t + settings_.preferences.add_dhohur / 60);
+        dhohur = modctim(settings_.precision, t + settings_.preferences.add_dhohur / 60);
         if (altitude <= sunhorizonalt)
             dhohur = text_of(NoEvent::none);
         if (day_.times.shuroq == day_.times.maghreb && !is(day_.sunrise, NoEvent::up))

@@ -54,7 +54,7 @@ QiblahTime time_of(const QiblahSearch& search, const std::optional<QiblahMoment>
     QiblahTime time{text_of(NoEvent::none), ""};
     if (!moment)
         return time;
-    modctim(search.precision, moment->hours, time.text);
+    time.text = modctim(search.precision, moment->hours);
     if (moment->below_horizon)
         time.note = "Below Horizon";
     return time;

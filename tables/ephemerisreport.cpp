@@ -1,13 +1,12 @@
 #include "tables/ephemerisreport.h"
 
 #include "app/report/head.h"
+#include "calendar/civildate.h"
 #include "calendar/modctim.h"
 #include "calendar/moddegree.h"
-#include "calendar/modjul.h"
 #include "calendar/numberformat.h"
 #include "tables/moonhouse.h"
 
-#include <cmath>
 #include <string>
 
 namespace halvane {
@@ -21,28 +20,11 @@ constexpr int to_the_second = 0;
 
 /// "hh:mm:ss dd/mm/yyyy"
 std::string clock_and_date(double clock) {
-    double year = 0;
-    double month = 0;
-    double day = 0;
-    modjuc(clock + 0.5, year, month, day);
-    const double whole_day = std::floor(day);
-    std::string text;
-    modctim(to_the_second, (day - whole_day) * 24, text);
-    append_number(text += ' ', whole_day, "00");
-    append_number(text += '/', month, "00");
-    append_number(text += '/', year, "0000");
-    return text;
-}
-
-std::string unsigned_text(char unit, double value) {
-    std::string text;
-    moddegree3(to_the_second, unit, value, text);
-    return text;
-}
-
-std::string signed_text(double degrees) {
-    std::string text;
-    moddegree2(to_the_second, 'd', degrees, text);
+    const DateNumbers date = civil_date(clock);
+    std::string text = modctim(to_the_second, hours_of_day(clock));
+    append_number(text += ' ', date.day, "00");
+    append_number(text += '/', date.month, "00");
+    append_number(text += '/', date.year, "0000");
     return text;
 }
 
@@ -78,15 +60,15 @@ void write_ephemeris_head(Report& report, const EphemerisSettings& settings, con
 
 void write_ephemeris_row(Report& report, TableBody body, double clock, const EphemerisRow& row) {
     report.text(clock_and_date(clock));
-    report.tab(22).text(unsigned_text('h', row.right_ascension / 15));
-    report.tab(35).text(signed_text(row.declination));
-    report.tab(46).text(signed_text(row.altitude));
-    report.tab(57).text(unsigned_text('d', row.azimuth));
-    report.tab(68).text(signed_text(row.latitude));
-    report.tab(79).text(unsigned_text('d', row.longitude));
+    report.tab(22).text(moddegree3(to_the_second, 'h', row.right_ascension / 15));
+    report.tab(35).text(moddegree2(to_the_second, 'd', row.declination));
+    report.tab(46).text(moddegree2(to_the_second, 'd', row.altitude));
+    report.tab(57).text(moddegree3(to_the_second, 'd', row.azimuth));
+    report.tab(68).text(moddegree2(to_the_second, 'd', row.latitude));
+    report.tab(79).text(moddegree3(to_the_second, 'd', row.longitude));
     report.tab(90).text(format_number(row.distance, "###############0.0"));
-    report.tab(103).text(unsigned_text('d', row.semidiameter));
-    report.tab(113).text(unsigned_text('d', row.parallax));
+    report.tab(103).text(moddegree3(to_the_second, 'd', row.semidiameter));
+    report.tab(113).text(moddegree3(to_the_second, 'd', row.parallax));
     report.tab(123).text(format_number(row.delta_t, "00.0"));
     if (body == TableBody::moon)
         report.tab(house_column).text(moon_house(row.longitude));

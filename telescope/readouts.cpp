@@ -11,18 +11,6 @@ namespace {
 
 constexpr int to_the_second = 0;
 
-std::string signed_text(double degrees) {
-    std::string text;
-    moddegree(to_the_second, 'd', degrees, text);
-    return text;
-}
-
-std::string unsigned_text(char unit, double value) {
-    std::string text;
-    moddegree3(to_the_second, unit, value, text);
-    return text;
-}
-
 struct Labels {
     const char *right_ascension, *declination, *altitude, *azimuth;
 };
@@ -36,10 +24,11 @@ std::array<ReadOut, 12> telescope_readouts(const TelescopePointing& pointing) {
     const std::array<const SkyPlace*, 3> places{&pointing.sun, &pointing.moon, &pointing.crescent};
     std::array<ReadOut, 12> readouts;
     for (std::size_t i = 0; i < places.size(); ++i) {
-        readouts[4 * i] = {labels[i].right_ascension, unsigned_text('h', places[i]->right_ascension / 15)};
-        readouts[4 * i + 1] = {labels[i].declination, signed_text(places[i]->declination)};
-        readouts[4 * i + 2] = {labels[i].altitude, signed_text(places[i]->altitude)};
-        readouts[4 * i + 3] = {labels[i].azimuth, unsigned_text('d', places[i]->azimuth)};
+        readouts[4 * i] = {labels[i].right_ascension,
+                           moddegree3(to_the_second, 'h', places[i]->right_ascension / 15)};
+        readouts[4 * i + 1] = {labels[i].declination, moddegree(to_the_second, 'd', places[i]->declination)};
+        readouts[4 * i + 2] = {labels[i].altitude, moddegree(to_the_second, 'd', places[i]->altitude)};
+        readouts[4 * i + 3] = {labels[i].azimuth, moddegree3(to_the_second, 'd', places[i]->azimuth)};
     }
     return readouts;
 }

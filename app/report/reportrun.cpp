@@ -1,11 +1,10 @@
 #include "app/report/reportrun.h"
 
 #include "app/report/head.h"
+#include "calendar/civildate.h"
 #include "calendar/machineclock.h"
 #include "calendar/moddeltat.h"
 #include "calendar/modjul.h"
-
-#include <cmath>
 
 namespace halvane {
 
@@ -32,10 +31,7 @@ void tell_progress(Progress& progress, const RunDays& days, double jd) {
 }
 
 std::string row_date(double jd) {
-    DateNumbers date;
-    modjuc(jd + 0.5, date.year, date.month, date.day);
-    date.day = std::floor(date.day);
-    return date_text(date);
+    return date_text(civil_date(jd));
 }
 
 } // namespace halvane

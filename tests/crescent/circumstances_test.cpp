@@ -3,6 +3,7 @@
 #include "app/report/head.h"
 #include "app/stored/date.h"
 #include "app/stored/failure.h"
+#include "calendar/civildate.h"
 #include "calendar/moddateconv.h"
 #include "calendar/moddeltat.h"
 #include "calendar/modjul.h"

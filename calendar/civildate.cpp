@@ -1,0 +1,21 @@
+#include "calendar/civildate.h"
+
+#include "calendar/modjul.h"
+
+#include <cmath>
+
+namespace halvane {
+
+DateNumbers civil_date(double jd) {
+    DateNumbers date;
+    modjuc(jd + 0.5, date.year, date.month, date.day);
+    date.day = std::floor(date.day);
+    return date;
+}
+
+double hours_of_day(double jd) {
+    const double value = jd + 0.5;
+    return (value - std::floor(value)) * 24;
+}
+
+} // namespace halvane

@@ -171,10 +171,7 @@ void frmmain::run_report(const QPushButton& button, RunOutcome (*report)(Progres
 }
 
 void frmmain::tell_high_latitude() {
-    const HighLatitudeMessage& words = high_latitude_message;
-    const Twin title{"", words.title, words.title_arabic};
-    const Twin text{"", words.text, words.text_arabic};
-    warn(this, text_of(title, language()), text_of(text, language()), language());
+    warn(this, high_latitude_message, language());
 }
 
 void frmmain::cmdcom_clicked() {

@@ -64,6 +64,10 @@ Language stored_language() {
 }
 
 QString text_of(const Twin& twin, Language language) {
+    return text_of(TwinText{twin.english, twin.arabic}, language);
+}
+
+QString text_of(const TwinText& twin, Language language) {
     return QString::fromUtf8(language == Language::english ? twin.english : twin.arabic);
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "calendar/twintext.h"
+
 #include <QString>
 #include <span>
 
@@ -24,6 +26,7 @@ struct Twin {
 
 /// The text of `twin` in `language`.
 QString text_of(const Twin& twin, Language language);
+QString text_of(const TwinText& twin, Language language);
 
 /// Puts the texts of `twins` in place and gives the form the direction of the language. Labels and inputs
 /// mirror with it; controls marked by keep_left_to_right do not.

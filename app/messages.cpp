@@ -64,6 +64,10 @@ void warn(QWidget* parent, const QString& title, const QString& text, Language l
     show_box(parent, title, text, language, QMessageBox::Ok);
 }
 
+void warn(QWidget* parent, const TwinMessage& message, Language language) {
+    warn(parent, text_of(message.title, language), text_of(message.text, language), language);
+}
+
 bool ask(QWidget* parent, const QString& title, const QString& text, Language language) {
     return show_box(parent, title, text, language, QMessageBox::Yes | QMessageBox::No);
 }

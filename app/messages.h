@@ -11,6 +11,7 @@ namespace halvane {
 
 /// Shows a message with the exclamation icon and an OK button and waits for it.
 void warn(QWidget* parent, const QString& title, const QString& text, Language language);
+void warn(QWidget* parent, const TwinMessage& message, Language language);
 
 /// Asks with the exclamation icon and the buttons Yes and No; closing the box is No.
 bool ask(QWidget* parent, const QString& title, const QString& text, Language language);

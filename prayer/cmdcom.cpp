@@ -13,14 +13,12 @@
 
 namespace halvane {
 
-const HighLatitudeMessage high_latitude_message{"High-Latitude Error!",
-                                                "The Alternative Method Does Not Work Above Latitude 65. "
-                                                "Please Disable The High-Latitude Alternative Method "
-                                                "Calculations From The Preferences Menu!",
-                                                "خطأ",
-                                                "طريقة حساب المواقيت البديلة لا تصلح بعد خط عرض 65، يرجى عدم "
-                                                "تفعيل خيار حساب المواقيت البديلة لمناطق خطوط العرض "
-                                                "العليا من قائمة الخيارات"};
+const TwinMessage high_latitude_message{
+    {"High-Latitude Error!", "خطأ"},
+    {"The Alternative Method Does Not Work Above Latitude 65. Please Disable The High-Latitude Alternative "
+     "Method Calculations From The Preferences Menu!",
+     "طريقة حساب المواقيت البديلة لا تصلح بعد خط عرض 65، يرجى عدم تفعيل خيار حساب المواقيت البديلة لمناطق "
+     "خطوط العرض العليا من قائمة الخيارات"}};
 
 namespace {
 

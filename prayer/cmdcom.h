@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/report/progress.h"
+#include "calendar/twintext.h"
 #include "prayer/prayerday.h"
 
 namespace halvane {
@@ -22,9 +23,6 @@ PrayerTimes today_prayer_times(double todayjd);
 void cmdcom_for_crescent();
 
 /// What the user is told when the report is refused.
-struct HighLatitudeMessage {
-    const char *title, *text, *title_arabic, *text_arabic;
-};
-extern const HighLatitudeMessage high_latitude_message;
+extern const TwinMessage high_latitude_message;
 
 } // namespace halvane

@@ -12,8 +12,9 @@
 
 namespace halvane {
 
-const TableMessage end_before_start{"Date Error", "The end date must be AFTER the beginning date!", "خطأ",
-                                    "تاريخ النهاية يجب أن يكون بعد التاريخ البداية"};
+const TwinMessage end_before_start{
+    {"Date Error", "خطأ"},
+    {"The end date must be AFTER the beginning date!", "تاريخ النهاية يجب أن يكون بعد التاريخ البداية"}};
 
 namespace {
 

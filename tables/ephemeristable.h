@@ -2,6 +2,7 @@
 
 #include "app/report/progress.h"
 #include "app/stored/coor.h"
+#include "calendar/twintext.h"
 
 namespace halvane {
 
@@ -26,9 +27,6 @@ TableSpan table_span(const EphemerisSettings& settings, double zone);
 RunOutcome write_ephemeris_table(const EphemerisSettings& settings, Progress& progress);
 
 /// What the user is told when the table is refused.
-struct TableMessage {
-    const char *title, *text, *title_arabic, *text_arabic;
-};
-extern const TableMessage end_before_start;
+extern const TwinMessage end_before_start;
 
 } // namespace halvane

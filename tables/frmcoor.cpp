@@ -185,9 +185,7 @@ void frmcoor::cmdcalc_click() {
     if (panel != nullptr)
         ui_->cmdcalc->setEnabled(true);
     if (outcome == RunOutcome::refused && panel != nullptr) {
-        const TableMessage& words = end_before_start;
-        warn(this, text_of({"", words.title, words.title_arabic}, language_),
-             text_of({"", words.text, words.text_arabic}, language_), language_);
+        warn(this, end_before_start, language_);
         ask_again(*ui_->txt2y);
     }
     if (outcome != RunOutcome::done)

@@ -163,9 +163,7 @@ void frmtele::cmdnow_click() {
 void frmtele::cmdcalc_click() {
     const std::optional<TelescopePointing> pointing = telescope_pointing(shown());
     if (!pointing) {
-        const TelescopeMessage& words = moon_below_horizon;
-        warn(this, text_of({"", words.title, words.title_arabic}, language_),
-             text_of({"", words.text, words.text_arabic}, language_), language_);
+        warn(this, moon_below_horizon, language_);
         return;
     }
     zenith_angle_ = pointing->zenith_angle;

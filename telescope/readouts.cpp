@@ -4,8 +4,8 @@
 
 namespace halvane {
 
-const TelescopeMessage moon_below_horizon{"Moon is Invisible", "Moon is Below Horizon", "القمر غير موجود",
-                                          "القمر تحت الأفق"};
+const TwinMessage moon_below_horizon{{"Moon is Invisible", "القمر غير موجود"},
+                                     {"Moon is Below Horizon", "القمر تحت الأفق"}};
 
 namespace {
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "calendar/twintext.h"
 #include "telescope/pointing.h"
 
 #include <array>
@@ -18,9 +19,6 @@ struct ReadOut {
 std::array<ReadOut, 12> telescope_readouts(const TelescopePointing& pointing);
 
 /// What the user is told when the Moon is too low.
-struct TelescopeMessage {
-    const char *title, *text, *title_arabic, *text_arabic;
-};
-extern const TelescopeMessage moon_below_horizon;
+extern const TwinMessage moon_below_horizon;
 
 } // namespace halvane

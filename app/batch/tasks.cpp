@@ -19,7 +19,7 @@ namespace {
 int run_prayer(Progress& progress) {
     load_term();
     load_mterm();
-    return report_written(cmdcom(progress), "results.out", high_latitude_message.text);
+    return report_written(cmdcom(progress), "results.out", high_latitude_message.text.english);
 }
 
 int run_moon(Progress& progress) {
@@ -51,7 +51,7 @@ int run_ephemeris(Progress& progress) {
     load_mterm();
     load_elp();
     return report_written(write_ephemeris_table(read_coor(), progress), "ephemeris.out",
-                          end_before_start.text);
+                          end_before_start.text.english);
 }
 
 int run_telescope(Progress& /*progress*/) {
@@ -61,7 +61,7 @@ int run_telescope(Progress& /*progress*/) {
     const TelescopeSettings settings = read_tele();
     const std::optional<TelescopePointing> pointing = telescope_pointing(settings);
     if (!pointing) {
-        std::cerr << moon_below_horizon.text << "\n";
+        std::cerr << moon_below_horizon.text.english << "\n";
         return status_failure;
     }
     for (const ReadOut& readout : telescope_readouts(*pointing))

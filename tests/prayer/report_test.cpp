@@ -129,13 +129,13 @@ TEST_F(PrayerReport, StatesTheTimeReferenceItRunsWith) {
 }
 
 TEST_F(PrayerReport, IsRefusedWithTheWordsOfItsMessage) {
-    EXPECT_STREQ(high_latitude_message.title, "High-Latitude Error!");
-    EXPECT_STREQ(high_latitude_message.text,
+    EXPECT_STREQ(high_latitude_message.title.english, "High-Latitude Error!");
+    EXPECT_STREQ(high_latitude_message.text.english,
                  "The Alternative Method Does Not Work Above Latitude 65. Please Disable The High-Latitude "
                  "Alternative Method Calculations From The Preferences Menu!");
-    EXPECT_STREQ(high_latitude_message.title_arabic, "خطأ");
+    EXPECT_STREQ(high_latitude_message.title.arabic, "خطأ");
     EXPECT_STREQ(
-        high_latitude_message.text_arabic,
+        high_latitude_message.text.arabic,
         "طريقة حساب المواقيت البديلة لا تصلح بعد خط عرض 65، يرجى عدم تفعيل خيار حساب المواقيت البديلة "
         "لمناطق خطوط العرض العليا من قائمة الخيارات");
 }

@@ -146,8 +146,8 @@ TEST_F(EphemerisTable, AnEndBeforeTheStartIsRefusedAndNothingIsWritten) {
     put_report("an earlier table");
     EXPECT_EQ(run(span_of_days(2, 1, 1, day)), RunOutcome::refused);
     EXPECT_EQ(report(), "an earlier table");
-    EXPECT_STREQ(end_before_start.title, "Date Error");
-    EXPECT_STREQ(end_before_start.text, "The end date must be AFTER the beginning date!");
+    EXPECT_STREQ(end_before_start.title.english, "Date Error");
+    EXPECT_STREQ(end_before_start.text.english, "The end date must be AFTER the beginning date!");
 }
 
 TEST_F(EphemerisTable, AnIntervalThatDividesTheSpanKeepsItsLastRow) {

@@ -51,8 +51,8 @@ TEST(TelescopeReadOuts, AValueThatIsNotFiniteIsARunTimeFailure) {
 }
 
 TEST(TelescopeReadOuts, TheMessageIsOfAMoonBelowTheHorizon) {
-    EXPECT_STREQ(moon_below_horizon.title, "Moon is Invisible");
-    EXPECT_STREQ(moon_below_horizon.text, "Moon is Below Horizon");
+    EXPECT_STREQ(moon_below_horizon.title.english, "Moon is Invisible");
+    EXPECT_STREQ(moon_below_horizon.text.english, "Moon is Below Horizon");
 }
 
 } // namespace

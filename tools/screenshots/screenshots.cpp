@@ -198,11 +198,7 @@ void take_shared_windows(const Camera& camera, Language language) {
         camera.take(box, QStringLiteral("message"));
         return true;
     });
-    const HighLatitudeMessage& words = high_latitude_message;
-    if (language == Language::english)
-        warn(nullptr, QString::fromUtf8(words.title), QString::fromUtf8(words.text), language);
-    else
-        warn(nullptr, QString::fromUtf8(words.title_arabic), QString::fromUtf8(words.text_arabic), language);
+    warn(nullptr, high_latitude_message, language);
     set_message_presenter({});
 }
 

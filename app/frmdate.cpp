@@ -46,8 +46,6 @@ constexpr Twin order_title{"", "Date Error", "خطأ"};
 constexpr Twin order_refused{"", "The end date must be AFTER the beginning date!",
                              "التاريخ الثاني يجب أن يكون بعد التاريخ الأول"};
 
-constexpr int months = 12;
-constexpr int days = 31;
 constexpr const char* longest_year = "-88888";
 
 struct Row {
@@ -67,8 +65,8 @@ DateBoxes boxes_of(const Row& row) {
 }
 
 void prepare(const Row& row) {
-    fill_with_numbers(*row.month, months);
-    fill_with_numbers(*row.day, days);
+    fill_with_months(*row.month);
+    fill_with_days(*row.day);
 }
 
 } // namespace

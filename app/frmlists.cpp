@@ -9,15 +9,35 @@
 
 namespace halvane {
 
+namespace {
+
+void fill_from_zero(QComboBox& list, int last) {
+    fill_with_numbers(list, last);
+    list.insertItem(0, QStringLiteral("0"));
+}
+
+} // namespace
+
 void fill_with_numbers(QComboBox& list, int last) {
     list.clear();
     for (int number = 1; number <= last; ++number)
         list.addItem(QString::number(number));
 }
 
-void fill_from_zero(QComboBox& list, int last) {
-    fill_with_numbers(list, last);
-    list.insertItem(0, QStringLiteral("0"));
+void fill_with_days(QComboBox& list) {
+    fill_with_numbers(list, 31);
+}
+
+void fill_with_months(QComboBox& list) {
+    fill_with_numbers(list, 12);
+}
+
+void fill_with_hours(QComboBox& list) {
+    fill_from_zero(list, 23);
+}
+
+void fill_with_minutes(QComboBox& list) {
+    fill_from_zero(list, 59);
 }
 
 void choose_entry(QComboBox& list, const std::string& text) {

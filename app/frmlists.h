@@ -10,8 +10,12 @@ namespace halvane {
 /// Fills a list with the numbers 1 to `last` and makes it wide enough for them.
 void fill_with_numbers(QComboBox& list, int last);
 
-/// Fills a list with the numbers 0 to `last`: hours, minutes, seconds.
-void fill_from_zero(QComboBox& list, int last);
+/// Fill a list with the days of a civil month, the months of a year, the hours of a day, the minutes of an
+/// hour.
+void fill_with_days(QComboBox& list);
+void fill_with_months(QComboBox& list);
+void fill_with_hours(QComboBox& list);
+void fill_with_minutes(QComboBox& list);
 
 /// Chooses the entry of exactly that text; a list without it stays as it is.
 void choose_entry(QComboBox& list, const std::string& text);

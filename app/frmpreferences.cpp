@@ -70,8 +70,6 @@ constexpr Twin angle_title{"", "Angle Error!", "خطأ"};
 constexpr Twin fajer_refused{"", "Fajer Angle Must Be Positive!", "زاوية الفجر يجب أن تكون موجبة"};
 constexpr Twin isha_refused{"", "Isha Angle Must Be Positive!", "زاوية العشاء يجب أن تكون موجبة"};
 
-constexpr int months = 12;
-constexpr int days = 31;
 constexpr const char* longest_angle = "-18.255";
 constexpr const char* longest_minutes = "-88.5";
 
@@ -99,10 +97,10 @@ frmpreferences::~frmpreferences() = default;
 void frmpreferences::fill_lists() {
     for (const TwilightAuthority& authority : twilight_authorities())
         ui_->cbotwi->addItem(QString::fromUtf8(authority.entry));
-    fill_with_numbers(*ui_->cbofmonth, months);
-    fill_with_numbers(*ui_->cbofday, days);
-    fill_with_numbers(*ui_->cbotmonth, months);
-    fill_with_numbers(*ui_->cbotday, days);
+    fill_with_months(*ui_->cbofmonth);
+    fill_with_days(*ui_->cbofday);
+    fill_with_months(*ui_->cbotmonth);
+    fill_with_days(*ui_->cbotday);
     const PreferencesPanel design;
     choose_entry(*ui_->cbofmonth, design.from_month);
     choose_entry(*ui_->cbofday, design.from_day);

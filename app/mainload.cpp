@@ -3,6 +3,7 @@
 #include "app/stored/failure.h"
 #include "app/stored/loc.h"
 #include "app/stored/pref.h"
+#include "calendar/hijriconversion.h"
 #include "calendar/moddateconv.h"
 #include "calendar/modday.h"
 #include "calendar/modjul.h"
@@ -14,12 +15,10 @@ namespace {
 
 constexpr double noon_after_midnight = 0.5; // [d]
 
-/// The main panel writes May otherwise than the reports do.
+/// The main panel spells the months as the conversion panel does.
 std::string month_name(int month, bool english) {
-    constexpr int may = 5;
-    if (!english && month == may)
-        return "أيار";
-    return modmonth(month, english ? 'E' : 'A');
+    return conversion_months(ConversionDirection::civil_to_hijri, english ? 'E' : 'A')
+        .at(static_cast<std::size_t>(month) - 1);
 }
 
 std::string whole(double value) {

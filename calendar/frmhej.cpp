@@ -37,7 +37,6 @@ constexpr Twin in_gap{"", "The Date After 04 October 1582 CE is 15 October 1582 
                       "التاريخ الذي يلي 04 تشرين أول 1582 هو 15 تشرين أول 1582"};
 
 constexpr int hijri_days = 30;
-constexpr int civil_days = 31;
 constexpr int year_length = 12; // day counts of such years are still exact
 constexpr const char* longest_year = "-88888";
 constexpr double result_size = 1.4;
@@ -84,7 +83,10 @@ void frmhej::option_click() {
     ui_->cbom->clear();
     for (const std::string& name : conversion_months(direction(), letter()))
         ui_->cbom->addItem(QString::fromStdString(name));
-    fill_with_numbers(*ui_->cbod, hijri ? hijri_days : civil_days);
+    if (hijri)
+        fill_with_numbers(*ui_->cbod, hijri_days);
+    else
+        fill_with_days(*ui_->cbod);
     ui_->txty->setText(hijri ? QStringLiteral("1435") : QStringLiteral("2013"));
 }
 

@@ -21,14 +21,12 @@ std::array<const char*, 2> event_captions(bool new_crescent, char letter) {
     return new_crescent ? std::array{"Sunset", "Moonset"} : std::array{"Sunrise", "Moonrise"};
 }
 
-const std::array<const char*, 12>& hijri_month_list(char letter) {
-    static constexpr std::array<const char*, 12> english{
-        "Muharram", "Safar",   "Rabeea' Awwal", "Rabeea' Thani", "Jamada Aula",  "Jamada Aakherah",
-        "Rajab",    "Sha'ban", "Ramadan",       "Shawwal",       "Thul Kea'deh", "Thul Hejjah"};
-    static constexpr std::array<const char*, 12> arabic{
-        "محرم", "صفر",   "ربيع أول", "ربيع ثاني", "جمادى الأولى", "جمادى الآخرة",
-        "رجب",  "شعبان", "رمضان",    "شوال",      "ذو القعدة",    "ذو الحجة"};
-    return letter == 'A' ? arabic : english;
+MonthNames hijri_month_list(char letter) {
+    constexpr std::size_t sixth = 5;
+    MonthNames names = conversion_months(ConversionDirection::hijri_to_civil, letter);
+    if (letter == 'A')
+        names[sixth] = "جمادى الآخرة";
+    return names;
 }
 
 std::string day_caption(const DateNumbers& date) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/stored/visib.h"
+#include "calendar/hijriconversion.h"
 #include "crescent/conjunction.h"
 
 #include <array>
@@ -9,16 +10,16 @@
 
 namespace halvane {
 
-/// Language of the texts: 'E' English, 'A' Arabic.
-
 /// Captions of the three days before a conjunction has been looked for.
+/// In     letter  language: 'A' Arabic, any other English; also of the texts below
 std::array<const char*, 3> day_captions(bool new_crescent, char letter);
 
 /// Captions of the Sun's and the Moon's event at which a crescent is looked for.
 std::array<const char*, 2> event_captions(bool new_crescent, char letter);
 
-/// The Hijri months as the panel's list names them, Muharram first.
-const std::array<const char*, 12>& hijri_month_list(char letter);
+/// The Hijri months as the panel's list names them, Muharram first. The sixth has an Arabic spelling of its
+/// own here.
+MonthNames hijri_month_list(char letter);
 
 /// "dd/mm/yyyy  CE".
 std::string day_caption(const DateNumbers& date);

@@ -81,16 +81,12 @@ frmcresv::frmcresv(QWidget* owner)
 frmcresv::~frmcresv() = default;
 
 void frmcresv::fill_lists() {
-    constexpr int days = 31;
-    constexpr int months = 12;
-    constexpr int last_hour = 23;
-    constexpr int last_minute = 59;
-    fill_with_numbers(*ui_->cboday, days);
-    fill_with_numbers(*ui_->cbomonth, months);
-    fill_from_zero(*ui_->cboh, last_hour);
-    fill_from_zero(*ui_->cbom, last_minute);
-    for (const char* month : hijri_month_list(letter()))
-        ui_->cbomh->addItem(QString::fromUtf8(month));
+    fill_with_days(*ui_->cboday);
+    fill_with_months(*ui_->cbomonth);
+    fill_with_hours(*ui_->cboh);
+    fill_with_minutes(*ui_->cbom);
+    for (const std::string& month : hijri_month_list(letter()))
+        ui_->cbomh->addItem(QString::fromStdString(month));
 }
 
 void frmcresv::set_sizes() {

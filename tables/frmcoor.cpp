@@ -64,10 +64,6 @@ constexpr Twin objects[] = {{"", "Sun", "الشمس"}, {"", "Moon", "القمر"
 constexpr Twin units[] = {
     {"", "Second", "ثانية"}, {"", "Minute", "دقيقة"}, {"", "Hour", "ساعة"}, {"", "Day", "يوم"}};
 
-constexpr int months = 12;
-constexpr int days = 31;
-constexpr int last_hour = 23;
-constexpr int last_minute = 59;
 constexpr int year_length = 6;
 constexpr const char* longest_year = "-88888";
 constexpr const char* longest_interval = "888888";
@@ -114,13 +110,13 @@ void frmcoor::fill_lists() {
     fill_with_texts(*ui_->cboobj, objects, language_);
     fill_with_texts(*ui_->cboi, units, language_);
     for (QComboBox* list : {ui_->cbom, ui_->cbo2m})
-        fill_with_numbers(*list, months);
+        fill_with_months(*list);
     for (QComboBox* list : {ui_->cbod, ui_->cbo2d})
-        fill_with_numbers(*list, days);
+        fill_with_days(*list);
     for (QComboBox* list : {ui_->cboh, ui_->cbo2h})
-        fill_from_zero(*list, last_hour);
+        fill_with_hours(*list);
     for (QComboBox* list : {ui_->cbomn, ui_->cbo2mn, ui_->cbos, ui_->cbo2s})
-        fill_from_zero(*list, last_minute);
+        fill_with_minutes(*list);
 }
 
 void frmcoor::set_sizes() {

@@ -58,10 +58,6 @@ constexpr Twin missing{"", "The picture %1 is not in the folder of pictures.",
 constexpr Twin limb{"", "Bright limb: %1 from the zenith,\ncounted to the left",
                     "الحافة المضيئة: %1 من سمت الرأس،\nعدا إلى اليسار"};
 
-constexpr int months = 12;
-constexpr int days = 31;
-constexpr int last_hour = 23;
-constexpr int last_minute = 59;
 constexpr int year_length = 6;
 constexpr const char* longest_year = "-88888";
 constexpr const char* longest_read_out = "-88°:88':88\"";
@@ -89,10 +85,10 @@ frmtele::frmtele(QWidget* owner)
 frmtele::~frmtele() = default;
 
 void frmtele::fill_lists() {
-    fill_with_numbers(*ui_->cbomonth, months);
-    fill_with_numbers(*ui_->cboday, days);
-    fill_from_zero(*ui_->cbohour, last_hour);
-    fill_from_zero(*ui_->cbominutes, last_minute);
+    fill_with_months(*ui_->cbomonth);
+    fill_with_days(*ui_->cboday);
+    fill_with_hours(*ui_->cbohour);
+    fill_with_minutes(*ui_->cbominutes);
 }
 
 void frmtele::set_sizes() {

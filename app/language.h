@@ -32,7 +32,7 @@ QString text_of(const TwinText& twin, Language language);
 /// mirror with it; controls marked by keep_left_to_right do not.
 void apply_language(QWidget& form, std::span<const Twin> twins, Language language);
 
-/// The control keeps its direction in Arabic: maps, dials, number tables, bars and plain figures.
+/// The control keeps its direction in Arabic: maps, dials, number tables and plain figures.
 void keep_left_to_right(QWidget& control);
 
 /// Sets a font of the Arabic design where the machine has it; else the control keeps its own font.

@@ -42,8 +42,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kSmallestFile = 0; // quality of a PNG: how little it is compressed
-constexpr int kSettleTime = 300; // [ms]
+constexpr int smallest_file = 0; // quality of a PNG: how little it is compressed
+constexpr int settle_time = 300; // [ms]
 
 class SilentProgress : public Progress {
 public:
@@ -54,13 +54,14 @@ public:
 void settle() {
     QElapsedTimer time;
     time.start();
-    while (time.elapsed() < kSettleTime)
-        QCoreApplication::processEvents(QEventLoop::AllEvents, kSettleTime);
+    while (time.elapsed() < settle_time)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, settle_time);
 }
 
-/// The picture in at most 256 colours, which makes a small file: like colours become their mean, as few of
-/// them as it takes.
+/// The picture in at most 256 colours where no eye sees the difference, which makes a small file: like
+/// colours become their mean, as few of them as it takes. A picture of many shades stays as it is.
 QImage in_few_colours(const QImage& picture) {
+    constexpr int most_bits_dropped = 2;
     struct Sum {
         int red = 0, green = 0, blue = 0, count = 0, index = 0;
     };
@@ -70,7 +71,8 @@ QImage in_few_colours(const QImage& picture) {
     std::unordered_map<int, Sum> sums;
     int bits = -1;
     do {
-        ++bits;
+        if (++bits > most_bits_dropped)
+            return picture;
         sums.clear();
         for (int y = 0; y < picture.height(); ++y)
             for (int x = 0; x < picture.width(); ++x) {
@@ -113,7 +115,7 @@ public:
         const QString language = language_ == Language::english ? QStringLiteral("en") : QStringLiteral("ar");
         const QString file = QStringLiteral("%1/%2-%3-%4.png").arg(folder_, name, language, scale);
         const QImage picture = in_few_colours(form.grab().toImage());
-        if (!picture.save(file, "PNG", kSmallestFile))
+        if (!picture.save(file, "PNG", smallest_file))
             std::fprintf(stderr, "screenshots: %s cannot be written\n", qPrintable(file));
         form.hide();
     }

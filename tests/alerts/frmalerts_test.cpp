@@ -10,9 +10,8 @@
 namespace halvane {
 namespace {
 
-constexpr const char* kAthans[] = {"fradoh",  "fraasr",  "framag",  "fraish",  "optdhrh",
-                                   "optdhre", "optasrh", "optasre", "optmagh", "optmage",
-                                   "optishh", "optishe", "lblprao"};
+constexpr const char* athans[] = {"fradoh",  "fraasr",  "framag",  "fraish",  "optdhrh", "optdhre", "optasrh",
+                                  "optasre", "optmagh", "optmage", "optishh", "optishe", "lblprao"};
 
 class AlertsTest : public PanelTest {
 protected:
@@ -20,7 +19,7 @@ protected:
         return control<QAbstractButton>(form, name).isChecked();
     }
     static void expect_athans_enabled(QWidget& form, bool enabled) {
-        for (const char* name : kAthans)
+        for (const char* name : athans)
             EXPECT_EQ(control(form, name).isEnabled(), enabled) << name;
     }
     std::string stored() const { return content("alert.vsk"); }

@@ -19,7 +19,7 @@ struct Caption {
     const char* arabic;
 };
 
-constexpr Caption kNewCaptions[] = {
+constexpr Caption new_captions[] = {
     {"optconj", "The Day of Conjunction", "يوم الاقتران"},
     {"optone", "One Day After Conjunction", "يوم واحد بعد الاقتران"},
     {"opttwo", "Two Days After Conjunction", "يومان بعد الاقتران"},
@@ -27,7 +27,7 @@ constexpr Caption kNewCaptions[] = {
     {"optmoon", "Moonset", "غروب القمر"},
 };
 
-constexpr Caption kOldCaptions[] = {
+constexpr Caption old_captions[] = {
     {"optconj", "The Day of Conjunction", "يوم الاقتران"},
     {"optone", "One Day Before Conjunction", "يوم واحد قبل الاقتران"},
     {"opttwo", "Two Days Before Conjunction", "يومان قبل الاقتران"},
@@ -105,9 +105,9 @@ TEST_P(OldCrescentCaption, IsThatOfTheLanguage) {
     EXPECT_EQ(caption(arabic, GetParam().control), QString::fromUtf8(GetParam().arabic));
 }
 
-INSTANTIATE_TEST_SUITE_P(Every, CrescentCaption, ::testing::ValuesIn(kNewCaptions),
+INSTANTIATE_TEST_SUITE_P(Every, CrescentCaption, ::testing::ValuesIn(new_captions),
                          [](const auto& row) { return std::string(row.param.control); });
-INSTANTIATE_TEST_SUITE_P(Every, OldCrescentCaption, ::testing::ValuesIn(kOldCaptions),
+INSTANTIATE_TEST_SUITE_P(Every, OldCrescentCaption, ::testing::ValuesIn(old_captions),
                          [](const auto& row) { return std::string(row.param.control); });
 
 TEST_F(CrescentPanel, BothLanguagesAreWholeReachableAndNamed) {

@@ -52,7 +52,7 @@ QColor colour_of(VisibilityClass visibility) {
 }
 
 /// Softened by the smooth edges of the circles, yet far from every colour of the world's picture.
-constexpr int kOnScreen = 90;
+constexpr int on_screen = 90;
 
 /// A write beyond this many bytes fails, as on a full disk.
 class FullDisk {
@@ -207,7 +207,7 @@ struct LegendCase {
     const char* arabic_start;
 };
 
-constexpr LegendCase kLegends[] = {
+constexpr LegendCase legends[] = {
     {"Vesk",
      "Red: Impossible\r\nNo Color: Not Possible\r\nBlue: Need Optical Aid\r\n"
      "Magenta: Could be Seen by Naked Eye\r\nGreen: Easily Visible by Naked Eye\r\nCyan: Unknown",
@@ -242,7 +242,7 @@ TEST_P(MapLegend, IsThatOfTheCriterion) {
     EXPECT_FALSE(shown.contains(QRegularExpression(QStringLiteral("[A-Za-z]"))));
 }
 
-INSTANTIATE_TEST_SUITE_P(Every, MapLegend, ::testing::ValuesIn(kLegends),
+INSTANTIATE_TEST_SUITE_P(Every, MapLegend, ::testing::ValuesIn(legends),
                          [](const auto& row) { return std::string(row.param.english_name); });
 
 TEST_F(MapPanel, EachLineOfTheLegendHasItsColourBesideIt) {
@@ -322,9 +322,9 @@ TEST_F(MapPanel, ThePaintedPointsShowOverTheMap) {
     form.show();
     auto& pic = control<MapView>(form, "pic");
     const QColor red = colour_of(VisibilityClass::impossible);
-    EXPECT_EQ(count_near(pic.grab().toImage(), red, kOnScreen), 0);
+    EXPECT_EQ(count_near(pic.grab().toImage(), red, on_screen), 0);
     click(form, "cmddraw");
-    EXPECT_GT(count_near(pic.grab().toImage(), red, kOnScreen), 2000);
+    EXPECT_GT(count_near(pic.grab().toImage(), red, on_screen), 2000);
 }
 
 TEST_F(MapPanel, APointIsACircleAtItsPlaceAtAnySize) {
@@ -433,7 +433,7 @@ TEST_F(MapPanel, StopLeavesThePaintedPartAndLoadsTheCaptionsAnew) {
     EXPECT_EQ(caption(form, "opt0"), QStringLiteral("29 March 2025"));
     EXPECT_EQ(control<QComboBox>(form, "cbocri").currentIndex(), 0);
     const QImage picture = control(form, "pic").grab().toImage();
-    EXPECT_GT(count_near(picture, colour_of(VisibilityClass::impossible), kOnScreen), 100);
+    EXPECT_GT(count_near(picture, colour_of(VisibilityClass::impossible), on_screen), 100);
 }
 
 TEST_F(MapPanel, AfterAStopAndWithoutADrawingTheNextDrawIsWhole) {
@@ -524,7 +524,7 @@ struct MouseCase {
 };
 
 // longitude = (x - 374) 0.48387097, latitude = -(y - 206) 0.48231511, by hand
-constexpr MouseCase kPlaces[] = {
+constexpr MouseCase places[] = {
     {374, 206, "000.0", "00.0"}, {500, 100, "061.0", "51.1"},  {300, 300, "-035.8", "-45.3"},
     {4, 20, "-179.0", "89.7"},   {745, 390, "179.5", "-88.7"},
 };
@@ -532,13 +532,13 @@ constexpr MouseCase kPlaces[] = {
 TEST_F(MapPanel, TheMouseReadsThePlace) {
     frmmap english;
     english.show();
-    for (const MouseCase& at : kPlaces)
+    for (const MouseCase& at : places)
         EXPECT_EQ(mouse_over(english, at.x, at.y),
                   QStringLiteral("Mouse Position: Long: %1, Lat: %2").arg(at.longitude, at.latitude));
     set_language(Language::arabic);
     frmmap arabic;
     arabic.show();
-    for (const MouseCase& at : kPlaces)
+    for (const MouseCase& at : places)
         EXPECT_EQ(mouse_over(arabic, at.x, at.y), QStringLiteral("موقع الفأرة:  خط طول: %1 خط العرض: %2")
                                                       .arg(isolated(at.longitude), isolated(at.latitude)));
 }

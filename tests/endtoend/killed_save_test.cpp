@@ -26,9 +26,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kKills = 200;
-constexpr int kLongestLife = 12; // [ms]
-constexpr std::array<const char*, 5> kFiles{"pref.vsk", "loc.vsk", "date.vsk", "alert.vsk", "loc.txt"};
+constexpr int kills = 200;
+constexpr int longest_life = 12; // [ms]
+constexpr std::array<const char*, 5> files{"pref.vsk", "loc.vsk", "date.vsk", "alert.vsk", "loc.txt"};
 
 /// Writes every file with the values of one of two sets; the second is longer, so that a torn file would
 /// show.
@@ -59,10 +59,10 @@ void save_all(bool second) {
         save_all(which);
 }
 
-std::array<std::string, kFiles.size()> contents() {
-    std::array<std::string, kFiles.size()> all;
-    for (std::size_t file = 0; file < kFiles.size(); ++file)
-        all[file] = read_text_file(program_path(kFiles[file]));
+std::array<std::string, files.size()> contents() {
+    std::array<std::string, files.size()> all;
+    for (std::size_t file = 0; file < files.size(); ++file)
+        all[file] = read_text_file(program_path(files[file]));
     return all;
 }
 
@@ -84,9 +84,9 @@ TEST_F(KilledSave, LeavesTheOldRecordOrTheNewOneWhole) {
     save_all(false);
     const auto first = contents();
     std::mt19937 random(20240621);
-    std::uniform_int_distribution<int> life(0, kLongestLife * 1000);
+    std::uniform_int_distribution<int> life(0, longest_life * 1000);
     std::set<std::string> states;
-    for (int kill_number = 0; kill_number < kKills; ++kill_number) {
+    for (int kill_number = 0; kill_number < kills; ++kill_number) {
         std::array<int, 2> started{};
         ASSERT_EQ(::pipe(started.data()), 0);
         const pid_t child = ::fork();
@@ -104,10 +104,10 @@ TEST_F(KilledSave, LeavesTheOldRecordOrTheNewOneWhole) {
         ASSERT_TRUE(WIFSIGNALED(status)) << "the process ended by itself";
         const auto now = contents();
         std::string state;
-        for (std::size_t file = 0; file < kFiles.size(); ++file) {
+        for (std::size_t file = 0; file < files.size(); ++file) {
             const bool whole = now[file] == first[file] || now[file] == second[file] ||
-                               (kFiles[file] == std::string("loc.txt") && now[file].empty());
-            EXPECT_TRUE(whole) << kFiles[file] << " after kill " << kill_number << ": "
+                               (files[file] == std::string("loc.txt") && now[file].empty());
+            EXPECT_TRUE(whole) << files[file] << " after kill " << kill_number << ": "
                                << now[file].substr(0, 200);
             state += now[file] == second[file] ? '2' : '1';
         }

@@ -16,10 +16,10 @@
 namespace {
 
 /// How far one colour is from another at which they still count as the same: font smoothing.
-constexpr int kColourTolerance = 40;
+constexpr int colour_tolerance = 40;
 
 bool is_ink(QRgb colour, QRgb paper) {
-    return std::abs(qGray(colour) - qGray(paper)) > kColourTolerance;
+    return std::abs(qGray(colour) - qGray(paper)) > colour_tolerance;
 }
 
 /// The text as the panel draws it, cut to its ink; glyphs fall on fractions of a pixel.

@@ -6,7 +6,7 @@
 namespace halvane {
 namespace {
 
-constexpr Twin kCaptions[] = {
+constexpr Twin captions[] = {
     {"frmdate", "Date", "التاريخ"},
     {"fradate", "Date Settings", "تحديد التاريخ"},
     {"optsystem", "Use the date of your system", "اعتمد تاريخ الجهاز"},
@@ -29,10 +29,11 @@ constexpr Twin kCaptions[] = {
     {"cmdcan", "&Cancel", "&خروج"},
 };
 
-constexpr const char* kOneDay[] = {"lbloyear", "txtoyear", "lblomonth", "cboomonth", "lbloday", "cbooday"};
-constexpr const char* kPeriod[] = {"lblf",      "lblfyear",  "txtfyear", "lblfmonth", "cbofmonth",
-                                   "lblfday",   "cbofday",   "lblt",     "lbltyear",  "txttyear",
-                                   "lbltmonth", "cbotmonth", "lbltday",  "cbotday"};
+constexpr const char* one_day_controls[] = {"lbloyear",  "txtoyear", "lblomonth",
+                                            "cboomonth", "lbloday",  "cbooday"};
+constexpr const char* period_controls[] = {"lblf",      "lblfyear",  "txtfyear", "lblfmonth", "cbofmonth",
+                                           "lblfday",   "cbofday",   "lblt",     "lbltyear",  "txttyear",
+                                           "lbltmonth", "cbotmonth", "lbltday",  "cbotday"};
 
 class DateTest : public PanelTest {
 protected:
@@ -40,9 +41,9 @@ protected:
     QString chosen(QWidget& form, const char* name) { return control<QComboBox>(form, name).currentText(); }
     bool checked(QWidget& form, const char* name) { return control<QAbstractButton>(form, name).isChecked(); }
     void expect_groups(QWidget& form, bool one_day, bool period) {
-        for (const char* name : kOneDay)
+        for (const char* name : one_day_controls)
             EXPECT_EQ(control(form, name).isEnabled(), one_day) << name;
-        for (const char* name : kPeriod)
+        for (const char* name : period_controls)
             EXPECT_EQ(control(form, name).isEnabled(), period) << name;
     }
     void put_record(const char* one_day, const char* period, const char* system) {
@@ -62,14 +63,14 @@ protected:
 
 TEST_F(DateTest, EveryCaptionStandsInEnglish) {
     frmdate form;
-    EXPECT_EQ(wrong_captions(form, kCaptions, Language::english), QStringList());
+    EXPECT_EQ(wrong_captions(form, captions, Language::english), QStringList());
     EXPECT_EQ(form.layoutDirection(), Qt::LeftToRight);
 }
 
 TEST_F(DateTest, EveryCaptionStandsInArabicRightToLeft) {
     set_language(Language::arabic);
     frmdate form;
-    EXPECT_EQ(wrong_captions(form, kCaptions, Language::arabic), QStringList());
+    EXPECT_EQ(wrong_captions(form, captions, Language::arabic), QStringList());
     EXPECT_TRUE(control(form, "fradate").isRightToLeft());
 }
 

@@ -7,7 +7,7 @@
 namespace halvane {
 namespace {
 
-constexpr Twin kCaptions[] = {
+constexpr Twin captions[] = {
     {"frmhej", "Hejric-Gregorian Conversion", "Hejric-Gregorian Conversion"},
     {"frahej", "Conversion", "تحويل"},
     {"opthtg", "Convert Hejric to Gregorian", "التحويل من هجري إلى ميلادي"},
@@ -24,7 +24,7 @@ constexpr Twin kCaptions[] = {
     {"cmdcan", "&Cancel", "&خروج"},
 };
 
-constexpr const char* kResults[] = {"lbldt", "lblmt", "lblyt", "lblday"};
+constexpr const char* results[] = {"lbldt", "lblmt", "lblyt", "lblday"};
 
 class HejricTest : public PanelTest {
 protected:
@@ -49,7 +49,7 @@ protected:
         EXPECT_EQ(caption(form, "lblmt"), month);
         EXPECT_EQ(caption(form, "lblyt"), of_year);
         EXPECT_EQ(caption(form, "lblday"), weekday);
-        for (const char* name : kResults)
+        for (const char* name : results)
             EXPECT_TRUE(control(form, name).isVisibleTo(&form)) << name;
     }
     void expect_refused(QWidget& form, const char* title, const char* words, const char* focused) {
@@ -64,14 +64,14 @@ protected:
 
 TEST_F(HejricTest, EveryCaptionStandsInEnglish) {
     frmhej form;
-    EXPECT_EQ(wrong_captions(form, kCaptions, Language::english), QStringList());
+    EXPECT_EQ(wrong_captions(form, captions, Language::english), QStringList());
     EXPECT_EQ(form.layoutDirection(), Qt::LeftToRight);
 }
 
 TEST_F(HejricTest, EveryCaptionStandsInArabicRightToLeft) {
     set_language(Language::arabic);
     frmhej form;
-    EXPECT_EQ(wrong_captions(form, kCaptions, Language::arabic), QStringList());
+    EXPECT_EQ(wrong_captions(form, captions, Language::arabic), QStringList());
     EXPECT_TRUE(control(form, "frahej").isRightToLeft());
 }
 
@@ -85,7 +85,7 @@ TEST_F(HejricTest, ThePanelOpensWithTheHijriLists) {
     EXPECT_EQ(entries(form, "cbod").size(), 30);
     EXPECT_EQ(chosen(form, "cbod"), "1");
     EXPECT_EQ(year(form), "1435");
-    for (const char* name : kResults)
+    for (const char* name : results)
         EXPECT_FALSE(control(form, name).isVisibleTo(&form)) << name;
 }
 
@@ -176,7 +176,7 @@ TEST_F(HejricTest, TheCalendarGapIsRefused) {
         expect_refused(form, "Date Error", "The Date After 04 October 1582 CE is 15 October 1582 CE!",
                        "cbod");
     }
-    for (const char* name : kResults)
+    for (const char* name : results)
         EXPECT_FALSE(control(form, name).isVisibleTo(&form)) << name;
 }
 

@@ -11,7 +11,7 @@
 namespace halvane {
 namespace {
 
-constexpr Twin kCaptions[] = {
+constexpr Twin captions[] = {
     {"frmlocation", "Location", "الموقع"},
     {"franame", "Name", "الإسم"},
     {"fralongi", "Longitude", "خط الطول"},
@@ -50,8 +50,8 @@ constexpr Twin kCaptions[] = {
     {"lbllatis", "\"", "\""},
 };
 
-constexpr const char* kBoxes[] = {"txtname",  "txtlongid", "txtlongim", "txtlongis", "txtlatid", "txtlatim",
-                                  "txtlatis", "txtzon",    "txtele",    "txtcity",   "txtpre",   "txttem"};
+constexpr const char* boxes[] = {"txtname",  "txtlongid", "txtlongim", "txtlongis", "txtlatid", "txtlatim",
+                                 "txtlatis", "txtzon",    "txtele",    "txtcity",   "txtpre",   "txttem"};
 
 class LocationTest : public PanelTest {
 protected:
@@ -97,14 +97,14 @@ protected:
 
 TEST_F(LocationTest, EveryCaptionStandsInEnglish) {
     frmlocation form;
-    EXPECT_EQ(wrong_captions(form, kCaptions, Language::english), QStringList());
+    EXPECT_EQ(wrong_captions(form, captions, Language::english), QStringList());
     EXPECT_EQ(form.layoutDirection(), Qt::LeftToRight);
 }
 
 TEST_F(LocationTest, EveryCaptionStandsInArabicRightToLeft) {
     set_language(Language::arabic);
     frmlocation form;
-    EXPECT_EQ(wrong_captions(form, kCaptions, Language::arabic), QStringList());
+    EXPECT_EQ(wrong_captions(form, captions, Language::arabic), QStringList());
     for (const char* frame : {"franame", "fralongi", "fralatitude", "fraothers", "fraref", "fracity"})
         EXPECT_TRUE(control(form, frame).isRightToLeft()) << frame;
 }
@@ -588,7 +588,7 @@ TEST_F(LocationTest, TwentyThousandLocationsOpenSearchAndSelectWithoutDelay) {
 TEST_F(LocationTest, FocusSelectsTheWholeTextOfEveryBox) {
     frmlocation form;
     form.show();
-    for (const char* name : kBoxes) {
+    for (const char* name : boxes) {
         auto& box = control<QLineEdit>(form, name);
         box.deselect();
         focus(form, name);

@@ -26,7 +26,7 @@ struct Caption {
     const char* arabic;
 };
 
-constexpr Caption kCaptions[] = {
+constexpr Caption captions[] = {
     {"frmmain", "Halvane 5.3.9", "Halvane 5.3.9"},
     {"cmddat", "&Date", "ال&تاريخ"},
     {"cmdloc", "&Location", "المو&قع"},
@@ -125,7 +125,7 @@ TEST_P(MainPanelCaption, IsThatOfTheLanguage) {
     EXPECT_EQ(caption(form, GetParam().control), QString::fromUtf8(GetParam().arabic));
 }
 
-INSTANTIATE_TEST_SUITE_P(Every, MainPanelCaption, ::testing::ValuesIn(kCaptions),
+INSTANTIATE_TEST_SUITE_P(Every, MainPanelCaption, ::testing::ValuesIn(captions),
                          [](const auto& row) { return std::string(row.param.control); });
 
 TEST_F(MainPanelTest, BeforeTheLoadTheLabelsHoldTheirDesign) {

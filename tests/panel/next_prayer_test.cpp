@@ -5,31 +5,31 @@
 namespace halvane {
 namespace {
 
-const TodayTexts kSummer{"03:51", "05:31", "12:38", "16:19", "19:45", "21:26"};
+const TodayTexts summer{"03:51", "05:31", "12:38", "16:19", "19:45", "21:26"};
 
 int at(int hour, int minute, int second = 0) {
     return (hour * 60 + minute) * 60 + second;
 }
 
 TEST(NextPrayer, IsTheFirstOneAfterTheClock) {
-    EXPECT_EQ(next_prayer(kSummer, at(15, 7)), (NextPrayer{3, 72, false}));
-    EXPECT_EQ(next_prayer(kSummer, at(0, 0)), (NextPrayer{0, 231, false}));
+    EXPECT_EQ(next_prayer(summer, at(15, 7)), (NextPrayer{3, 72, false}));
+    EXPECT_EQ(next_prayer(summer, at(0, 0)), (NextPrayer{0, 231, false}));
 }
 
 TEST(NextPrayer, IsNeverTheSunrise) {
-    EXPECT_EQ(next_prayer(kSummer, at(4, 0)), (NextPrayer{2, 518, false}));
+    EXPECT_EQ(next_prayer(summer, at(4, 0)), (NextPrayer{2, 518, false}));
 }
 
 TEST(NextPrayer, AtItsOwnMinuteThePrayerIsNoLongerTheNext) {
-    EXPECT_EQ(next_prayer(kSummer, at(16, 19)), (NextPrayer{4, 206, false}));
+    EXPECT_EQ(next_prayer(summer, at(16, 19)), (NextPrayer{4, 206, false}));
 }
 
 TEST(NextPrayer, ABegunMinuteCountsWhole) {
-    EXPECT_EQ(next_prayer(kSummer, at(16, 18, 30)), (NextPrayer{3, 1, false}));
+    EXPECT_EQ(next_prayer(summer, at(16, 18, 30)), (NextPrayer{3, 1, false}));
 }
 
 TEST(NextPrayer, AfterTheLastOneIsTheFirstOfTomorrow) {
-    EXPECT_EQ(next_prayer(kSummer, at(22, 0)), (NextPrayer{0, 0, true}));
+    EXPECT_EQ(next_prayer(summer, at(22, 0)), (NextPrayer{0, 0, true}));
 }
 
 TEST(NextPrayer, SecondsAreReadToo) {

@@ -10,7 +10,7 @@
 namespace halvane {
 namespace {
 
-constexpr Twin kCaptions[] = {
+constexpr Twin captions[] = {
     {"frmpreferences", "Preferences", "الخيارات"},
     {"fratwi", "Twilight", "الفجر و العشاء"},
     {"lblfaj", "Fajer angle", "زاوية الفجر"},
@@ -55,9 +55,9 @@ constexpr Twin kCaptions[] = {
     {"cmddef", "&Default", "القيم المف&ضلة"},
 };
 
-constexpr const char* kSummerSpan[] = {"lblfrom", "cbofmonth", "cbofday", "lblfmonth", "lblfday",
+constexpr const char* summer_span[] = {"lblfrom", "cbofmonth", "cbofday", "lblfmonth", "lblfday",
                                        "lblto",   "cbotmonth", "cbotday", "lbltmonth", "lbltday"};
-constexpr const char* kDefaultRecord =
+constexpr const char* default_record =
     "18,18,4,1,10,1,0,0,0,\"0\",\"0\",\"1\",\"1\",#TRUE#,\"0\",\"1\",0,0\r\n";
 
 class PreferencesTest : public PanelTest {
@@ -78,14 +78,14 @@ protected:
 
 TEST_F(PreferencesTest, EveryCaptionStandsInEnglish) {
     frmpreferences form;
-    EXPECT_EQ(wrong_captions(form, kCaptions, Language::english), QStringList());
+    EXPECT_EQ(wrong_captions(form, captions, Language::english), QStringList());
     EXPECT_EQ(form.layoutDirection(), Qt::LeftToRight);
 }
 
 TEST_F(PreferencesTest, EveryCaptionStandsInArabicRightToLeft) {
     set_language(Language::arabic);
     frmpreferences form;
-    EXPECT_EQ(wrong_captions(form, kCaptions, Language::arabic), QStringList());
+    EXPECT_EQ(wrong_captions(form, captions, Language::arabic), QStringList());
     for (const char* frame : {"fratwi", "frahl", "frasum", "fraadd", "fraele", "fraasr", "frapre", "fralan"})
         EXPECT_TRUE(control<QGroupBox>(form, frame).isRightToLeft()) << frame;
 }
@@ -132,7 +132,7 @@ TEST_F(PreferencesTest, EveryFieldOfTheRecordIsShown) {
     EXPECT_TRUE(checked(form, "optsec"));
     EXPECT_TRUE(checked(form, "chkeleset"));
     EXPECT_TRUE(checked(form, "optar"));
-    for (const char* name : kSummerSpan)
+    for (const char* name : summer_span)
         EXPECT_TRUE(enabled(form, name)) << name;
 }
 
@@ -200,13 +200,13 @@ TEST_F(PreferencesTest, ASaveUnderAFixedAuthorityReplacesTheAnglesInTheFile) {
 TEST_F(PreferencesTest, TheSummerSpanFollowsTheOption) {
     frmpreferences form;
     form.show();
-    for (const char* name : kSummerSpan)
+    for (const char* name : summer_span)
         EXPECT_FALSE(enabled(form, name)) << name;
     click(form, "optsum");
-    for (const char* name : kSummerSpan)
+    for (const char* name : summer_span)
         EXPECT_TRUE(enabled(form, name)) << name;
     click(form, "optnosum");
-    for (const char* name : kSummerSpan)
+    for (const char* name : summer_span)
         EXPECT_FALSE(enabled(form, name)) << name;
 }
 
@@ -273,10 +273,10 @@ TEST_F(PreferencesTest, TheDefaultsGiveTheDefaultRecord) {
     click(form, "cmddef");
     EXPECT_FALSE(enabled(form, "txtfaj"));
     EXPECT_FALSE(enabled(form, "txtisha"));
-    for (const char* name : kSummerSpan)
+    for (const char* name : summer_span)
         EXPECT_FALSE(enabled(form, name)) << name;
     click(form, "cmdok");
-    EXPECT_EQ(content("pref.vsk"), kDefaultRecord);
+    EXPECT_EQ(content("pref.vsk"), default_record);
 }
 
 TEST_F(PreferencesTest, TheDefaultsKeepHighLatitudeAndElevation) {
@@ -463,7 +463,7 @@ TEST_F(PreferencesTest, OkMakesADamagedRecordWholeAgain) {
     click(form, "cmddef");
     click(form, "opten");
     click(form, "cmdok");
-    EXPECT_EQ(content("pref.vsk"), kDefaultRecord);
+    EXPECT_EQ(content("pref.vsk"), default_record);
 }
 
 TEST_F(PreferencesTest, AFileThatCannotBeWrittenIsARunTimeFailure) {

@@ -9,7 +9,7 @@
 namespace halvane {
 namespace {
 
-constexpr Twin kTwins[] = {
+constexpr Twin twins[] = {
     {"", "Sample", "عينة"},
     {"lblname", "&Name:", "الإ&سم"},
     {"franame", "Names", "أسماء"},
@@ -42,23 +42,23 @@ class SupportTest : public PanelTest {};
 
 TEST_F(SupportTest, EveryTextOfATableIsSetInEnglish) {
     SampleForm form;
-    apply_language(form, kTwins, Language::english);
-    EXPECT_EQ(wrong_captions(form, kTwins, Language::english), QStringList());
+    apply_language(form, twins, Language::english);
+    EXPECT_EQ(wrong_captions(form, twins, Language::english), QStringList());
     EXPECT_EQ(form.windowTitle(), QStringLiteral("Sample"));
     EXPECT_EQ(form.layoutDirection(), Qt::LeftToRight);
 }
 
 TEST_F(SupportTest, EveryTextOfATableIsSetInArabicRightToLeft) {
     SampleForm form;
-    apply_language(form, kTwins, Language::arabic);
-    EXPECT_EQ(wrong_captions(form, kTwins, Language::arabic), QStringList());
+    apply_language(form, twins, Language::arabic);
+    EXPECT_EQ(wrong_captions(form, twins, Language::arabic), QStringList());
     EXPECT_EQ(control(form, "cmdok").layoutDirection(), Qt::RightToLeft);
 }
 
 TEST_F(SupportTest, AMarkedControlIsNotMirrored) {
     SampleForm form;
     keep_left_to_right(control(form, "txtname"));
-    apply_language(form, kTwins, Language::arabic);
+    apply_language(form, twins, Language::arabic);
     EXPECT_EQ(control(form, "txtname").layoutDirection(), Qt::LeftToRight);
 }
 
@@ -125,7 +125,7 @@ TEST_F(SupportTest, FocusSelectsTheWholeTextOfABox) {
 TEST_F(SupportTest, AControlWithoutALabelIsToldAsNameless) {
     SampleForm form;
     EXPECT_TRUE(nameless_controls(form).contains(QStringLiteral("txtname")));
-    apply_language(form, kTwins, Language::english);
+    apply_language(form, twins, Language::english);
     EXPECT_EQ(nameless_controls(form), QStringList());
 }
 

@@ -13,7 +13,7 @@ struct Caption {
     const char* arabic;
 };
 
-constexpr Caption kCaptions[] = {
+constexpr Caption captions[] = {
     {"frmwait", "Please Wait!", "الرجاء الانتظار"},
     {"Label1", "Please Wait !", "الرجاء الانتظار"},
     {"Label2", "0 %", "0 %"},
@@ -36,7 +36,7 @@ TEST_P(WaitCaption, IsThatOfTheLanguage) {
     EXPECT_EQ(caption(form, GetParam().control), QString::fromUtf8(GetParam().arabic));
 }
 
-INSTANTIATE_TEST_SUITE_P(Every, WaitCaption, ::testing::ValuesIn(kCaptions),
+INSTANTIATE_TEST_SUITE_P(Every, WaitCaption, ::testing::ValuesIn(captions),
                          [](const auto& row) { return std::string(row.param.control); });
 
 TEST_F(WaitTest, TheDesignShowsNothingDone) {

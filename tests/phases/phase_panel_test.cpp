@@ -24,7 +24,7 @@ struct Caption {
     const char* arabic;
 };
 
-constexpr Caption kCaptions[] = {
+constexpr Caption captions[] = {
     {"frmphase", "Moon Phases", "أطوار القمر"},
     {"lblhphase", "Moon Phases", "أطوار القمر"},
     {"fradate", "Date", "التاريخ"},
@@ -95,7 +95,7 @@ TEST_P(PhaseCaption, IsThatOfTheLanguage) {
     EXPECT_EQ(caption(arabic, GetParam().control), QString::fromUtf8(GetParam().arabic));
 }
 
-INSTANTIATE_TEST_SUITE_P(Every, PhaseCaption, ::testing::ValuesIn(kCaptions),
+INSTANTIATE_TEST_SUITE_P(Every, PhaseCaption, ::testing::ValuesIn(captions),
                          [](const auto& row) { return std::string(row.param.control); });
 
 TEST_F(PhasePanel, TheFrameOfDeltaTHasItsTitle) {

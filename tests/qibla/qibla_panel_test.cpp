@@ -36,7 +36,7 @@ struct Caption {
     const char* arabic;
 };
 
-constexpr Caption kCaptions[] = {
+constexpr Caption captions[] = {
     {"frmqib", "Qiblah Direction", "اتجاه القبلة"},
     {"lblhead", "Qiblah Direction", "اتجاه القبلة"},
     {"lblqibtim", "Qiblah Times", "مواعيد القبلة"},
@@ -55,7 +55,7 @@ constexpr Caption kCaptions[] = {
     {"cmdclose", "Clo&se", "إ&غلاق"},
 };
 
-constexpr Caption kMapCaptions[] = {
+constexpr Caption map_captions[] = {
     {"frmqmap", "Halvane: Qiblah World Map", "Halvane: خارطة العالم للقبلة"},
     {"lblqmap",
      "Red numbers at the top and the bottom are the Qiblah direction from the True North for each color band",
@@ -124,7 +124,7 @@ TEST_P(QiblahCaption, IsThatOfTheLanguage) {
     EXPECT_EQ(caption(form, GetParam().control), QString::fromUtf8(GetParam().arabic));
 }
 
-INSTANTIATE_TEST_SUITE_P(Every, QiblahCaption, ::testing::ValuesIn(kCaptions),
+INSTANTIATE_TEST_SUITE_P(Every, QiblahCaption, ::testing::ValuesIn(captions),
                          [](const auto& row) { return std::string(row.param.control); });
 
 class QiblahMapCaption : public QiblahPanelTest, public ::testing::WithParamInterface<Caption> {};
@@ -139,7 +139,7 @@ TEST_P(QiblahMapCaption, IsThatOfTheLanguage) {
     EXPECT_EQ(caption(form, GetParam().control), QString::fromUtf8(GetParam().arabic));
 }
 
-INSTANTIATE_TEST_SUITE_P(Every, QiblahMapCaption, ::testing::ValuesIn(kMapCaptions),
+INSTANTIATE_TEST_SUITE_P(Every, QiblahMapCaption, ::testing::ValuesIn(map_captions),
                          [](const auto& row) { return std::string(row.param.control); });
 
 TEST_F(QiblahPanelTest, ADirectionWithoutDecimalsHasNone) {

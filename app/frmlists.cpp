@@ -46,6 +46,13 @@ void choose_entry(QComboBox& list, const std::string& text) {
         list.setCurrentIndex(row);
 }
 
+void show_entry(QComboBox& list, const std::string& text) {
+    const QString entry = QString::fromStdString(text);
+    if (list.findText(entry, Qt::MatchExactly | Qt::MatchCaseSensitive) < 0)
+        list.addItem(entry);
+    choose_entry(list, text);
+}
+
 std::string text_of(const QComboBox& list) {
     return list.currentText().toStdString();
 }

@@ -20,6 +20,10 @@ void fill_with_minutes(QComboBox& list);
 /// Chooses the entry of exactly that text; a list without it stays as it is.
 void choose_entry(QComboBox& list, const std::string& text);
 
+/// Chooses the entry of exactly that text. A stored text that is none of the list's own becomes an entry, so
+/// that it is kept.
+void show_entry(QComboBox& list, const std::string& text);
+
 /// The chosen entry, as UTF-8.
 std::string text_of(const QComboBox& list);
 

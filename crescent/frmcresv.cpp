@@ -53,14 +53,6 @@ constexpr Twin twins[] = {
      "أماكن رؤية الهلال في العالم بعد إيجاد الاقتران"},
 };
 
-/// A stored text that is none of the list's own becomes an entry, so that it is kept.
-void show_entry(QComboBox& list, const std::string& text) {
-    const QString entry = QString::fromStdString(text);
-    if (list.findText(entry, Qt::MatchExactly | Qt::MatchCaseSensitive) < 0)
-        list.addItem(entry);
-    choose_entry(list, text);
-}
-
 } // namespace
 
 std::span<const Twin> frmcresv_twins() {

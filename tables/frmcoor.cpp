@@ -83,7 +83,7 @@ struct Moment {
 void show_moment(const Moment& moment, double year, const std::array<double, 5>& numbers) {
     moment.year->setText(QString::fromStdString(plain_number(year)));
     for (std::size_t i = 0; i < numbers.size(); ++i)
-        choose_entry(*moment.lists[i], plain_number(numbers[i]));
+        show_entry(*moment.lists[i], plain_number(numbers[i]));
 }
 
 } // namespace

@@ -116,10 +116,10 @@ void frmtele::connect_controls() {
 
 void frmtele::load(const TelescopeSettings& settings) {
     ui_->txtyear->setText(QString::fromStdString(plain_number(settings.year)));
-    choose_entry(*ui_->cbomonth, plain_number(settings.month));
-    choose_entry(*ui_->cboday, plain_number(settings.day));
-    choose_entry(*ui_->cbohour, plain_number(settings.hour));
-    choose_entry(*ui_->cbominutes, plain_number(settings.minute));
+    show_entry(*ui_->cbomonth, plain_number(settings.month));
+    show_entry(*ui_->cboday, plain_number(settings.day));
+    show_entry(*ui_->cbohour, plain_number(settings.hour));
+    show_entry(*ui_->cbominutes, plain_number(settings.minute));
     (settings.airless ? ui_->optair : ui_->optref)->setChecked(true);
     (settings.j2000 ? ui_->optj2000 : ui_->optnow)->setChecked(true);
     ui_->chkflpv->setChecked(settings.flip_vertical == 1);

@@ -259,6 +259,11 @@ TEST_F(VisibilityMap, ArcticPointWithoutMoonsetIsUnknownAndNotImpossible) {
     run = map_near(20, 12, 2025, CrescentKind::new_crescent, 1, Criterion::vesk);
     conjunction = run.conjunction.universal;
     EXPECT_EQ(evaluate_point(run, 20, 80, conjunction), unknown);
+    // Off Antarctica the Sun still sets that day, while the Moon, three degrees further south, does not.
+    const Observer observer = observer_at(20, -65, 0);
+    EXPECT_NE(hours_of(low_event(run.day, observer, "Sun", LowEvent::set)), nullptr);
+    EXPECT_EQ(hours_of(low_event(run.day, observer, "Moon", LowEvent::set)), nullptr);
+    EXPECT_EQ(evaluate_point(run, 20, -65, conjunction), unknown);
 }
 
 TEST_F(VisibilityMap, PointWithALagOfZeroIsRed) {

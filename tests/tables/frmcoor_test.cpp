@@ -130,6 +130,14 @@ TEST_F(CoorTest, CloseStoresTheChoicesAndComputesNothing) {
     EXPECT_FALSE(exists("ephemeris.out"));
 }
 
+TEST_F(CoorTest, AStoredNumberThatNoListHoldsIsKept) {
+    put("coor.vsk", "1,#TRUE#,#TRUE#,2026,1,1,24,7.5,0,2026,1,2,0,0,60,6,1,0\r\n");
+    frmcoor form;
+    EXPECT_EQ(control<QComboBox>(form, "cbomn").currentText(), QStringLiteral("7.5"));
+    click(form, "cmdclose");
+    EXPECT_EQ(content("coor.vsk"), "1,#TRUE#,#TRUE#,2026,1,1,24,7.5,0,2026,1,2,0,0,60,6,1,0\r\n");
+}
+
 TEST_F(CoorTest, TheIntervalIsStoredAsTheMagnitudeOfItsWholePart) {
     const std::pair<const char*, const char*> cases[] = {{"2.7", ",2,3,0\r\n"},
                                                          {"-3", ",3,3,0\r\n"},

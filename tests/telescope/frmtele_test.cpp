@@ -118,6 +118,14 @@ TEST_F(TeleTest, CloseStoresTheChoices) {
     EXPECT_FALSE(form.isVisible());
 }
 
+TEST_F(TeleTest, AStoredNumberThatNoListHoldsIsKept) {
+    put("tele.vsk", "2024,3,11,24,7.5,#TRUE#,#FALSE#,#TRUE#,#FALSE#,0,0\r\n");
+    frmtele form;
+    EXPECT_EQ(control<QComboBox>(form, "cbominutes").currentText(), QStringLiteral("7.5"));
+    click(form, "cmdclose");
+    EXPECT_EQ(content("tele.vsk"), "2024,3,11,24,7.5,#TRUE#,#FALSE#,#TRUE#,#FALSE#,0,0\r\n");
+}
+
 TEST_F(TeleTest, EscapeLeavesTheStoredRecord) {
     const std::string before = content("tele.vsk");
     frmtele form;

@@ -5,8 +5,6 @@
 
 namespace halvane {
 
-int tdtinput = 0;
-
 namespace {
 
 template <std::size_t N>

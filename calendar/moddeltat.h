@@ -1,36 +1,31 @@
 #pragma once
 
-#include <utility>
-
 namespace halvane {
 
 /// Which time a Julian day handed to the engine is: 0 UT1, 1 dynamical time (TDT). Default 0. Every run
-/// states its own through a TdtSpan; nothing else writes it. Single thread.
+/// states its own through a TdtSpan; nothing else writes it but an open panel's TdtHold. Single thread.
 extern int tdtinput;
 
-/// Sets `tdtinput` for the span of a run or of an open panel. Spans may end in any order (a panel can be
-/// closed while a run of another one waits): the value of the latest span that lives holds.
+/// Sets `tdtinput` for the span of a run. Runs nest: one that starts while another waits ends before it.
 class TdtSpan {
 public:
-    [[nodiscard]] explicit TdtSpan(int value) : saved_(std::exchange(tdtinput, value)), below_(latest_) {
-        if (below_ != nullptr)
-            below_->above_ = this;
-        latest_ = this;
-    }
+    [[nodiscard]] explicit TdtSpan(int value);
     TdtSpan(const TdtSpan&) = delete;
     TdtSpan& operator=(const TdtSpan&) = delete;
-    ~TdtSpan() {
-        (above_ != nullptr ? above_->saved_ : tdtinput) = saved_;
-        (above_ != nullptr ? above_->below_ : latest_) = below_;
-        if (below_ != nullptr)
-            below_->above_ = above_;
-    }
+    ~TdtSpan();
 
 private:
-    static inline TdtSpan* latest_ = nullptr;
-    int saved_;
-    TdtSpan* below_;
-    TdtSpan* above_ = nullptr;
+    int outer_;
+};
+
+/// Keeps `tdtinput` at 1 while a panel is open and no run is under way. A panel opens and closes at any time,
+/// in the middle of a run too, and never reaches it.
+class TdtHold {
+public:
+    [[nodiscard]] TdtHold();
+    TdtHold(const TdtHold&) = delete;
+    TdtHold& operator=(const TdtHold&) = delete;
+    ~TdtHold();
 };
 
 /// Delta T = TDT - UT1.

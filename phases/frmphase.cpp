@@ -99,7 +99,7 @@ void frmphase::load() {
     txtyear_change();
     (stored.geocentric ? ui_->optgeo : ui_->opttopo)->setChecked(true);
     (stored.local_ut1 ? ui_->optut : ui_->opttdt)->setChecked(true);
-    dynamical_time_.emplace(1);
+    dynamical_time_.emplace();
 }
 
 PhaseSettings frmphase::shown() const {

@@ -36,7 +36,7 @@ private:
 
     std::unique_ptr<Ui::frmphase> ui_;
     Language language_;
-    std::optional<TdtSpan> dynamical_time_;
+    std::optional<TdtHold> dynamical_time_;
 };
 
 /// The texts of `frmphase`.

@@ -1,4 +1,5 @@
 #include "app/frmwait.h"
+#include "app/stored/coor.h"
 #include "app/stored/date.h"
 #include "app/stored/loc.h"
 #include "app/stored/phase.h"
@@ -6,6 +7,9 @@
 #include "ephemeris/series.h"
 #include "phases/frmphase.h"
 #include "prayer/cmdcom.h"
+#include "prayer/cmdmoon.h"
+#include "qibla/cmdqib.h"
+#include "tables/ephemeristable.h"
 #include "tests/panel/panelharness.h"
 
 #include <QGroupBox>
@@ -13,6 +17,7 @@
 #include <QTimer>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <sstream>
 
 namespace halvane {
@@ -252,6 +257,57 @@ TEST_F(PhasePanel, AnOpenPanelDoesNotReachThePrayerReport) {
     cmdcom(progress);
     EXPECT_EQ(content("results.out"), alone);
     EXPECT_EQ(tdtinput, 1);
+}
+
+TEST_F(PhasePanel, APanelOpenedInMidRunReachesNoReport) {
+    class Opening : public Progress {
+    public:
+        void percent(double) override {}
+        bool yield() override {
+            if (++yields_ == 2)
+                form_.emplace();
+            return true;
+        }
+
+    private:
+        int yields_ = 0;
+        std::optional<frmphase> form_;
+    };
+    load_series();
+    CalculationDate date;
+    date.system_date = false;
+    date.start = {2024, 6, 20};
+    date.end = {2024, 6, 26};
+    write_date(date);
+    Preferences seconds = read_pref();
+    seconds.clock_precision = "0";
+    write_pref(seconds);
+    static const EphemerisSettings six_hourly_day = [] {
+        EphemerisSettings settings;
+        settings.local_ut1 = true;
+        settings.start_year = settings.end_year = 2024;
+        settings.start_month = settings.end_month = 6;
+        settings.start_day = 20;
+        settings.end_day = 21;
+        settings.interval = 6;
+        settings.unit = 2;
+        return settings;
+    }();
+    const std::pair<RunOutcome (*)(Progress&), const char*> runs[] = {
+        {cmdcom, "results.out"},
+        {cmdmoon, "mresults.out"},
+        {[](Progress& progress) { return cmdqib(progress, 160.7F, QiblahMark::sun); }, "results.out"},
+        {[](Progress& progress) { return write_ephemeris_table(six_hourly_day, progress); },
+         "ephemeris.out"}};
+    for (const auto& [run, file] : runs) {
+        SilentProgress silent;
+        run(silent);
+        const std::string alone = content(file);
+        Opening opening;
+        run(opening);
+        EXPECT_EQ(content(file), alone) << file;
+        EXPECT_EQ(tdtinput, 1) << file;
+    }
 }
 
 TEST_F(PhasePanel, CalculateWritesTheReportAndShowsIt) {

@@ -14,8 +14,18 @@ TEST(TimeReference, ASpanHoldsUntilItsEnd) {
     EXPECT_EQ(tdtinput, 0);
 }
 
-TEST(TimeReference, ANestedSpanGivesTheOuterValueBack) {
-    const TdtSpan panel(1);
+TEST(TimeReference, ANestedRunGivesTheOuterOnesValueBack) {
+    const TdtSpan outer(0);
+    {
+        const TdtSpan nested(1);
+        EXPECT_EQ(tdtinput, 1);
+    }
+    EXPECT_EQ(tdtinput, 0);
+}
+
+TEST(TimeReference, AnOpenPanelHoldsDynamicalTimeAroundARun) {
+    const TdtHold panel;
+    EXPECT_EQ(tdtinput, 1);
     {
         const TdtSpan run(0);
         EXPECT_EQ(tdtinput, 0);
@@ -23,36 +33,39 @@ TEST(TimeReference, ANestedSpanGivesTheOuterValueBack) {
     EXPECT_EQ(tdtinput, 1);
 }
 
-TEST(TimeReference, APanelClosedDuringARunLeavesNothingBehind) {
-    std::optional<TdtSpan> panel(1);
-    std::optional<TdtSpan> run(0);
+TEST(TimeReference, APanelOpenedInMidRunDoesNotReachIt) {
+    std::optional<TdtHold> panel;
+    {
+        const TdtSpan run(0);
+        panel.emplace();
+        EXPECT_EQ(tdtinput, 0);
+        {
+            const TdtSpan nested(1);
+            EXPECT_EQ(tdtinput, 1);
+        }
+        EXPECT_EQ(tdtinput, 0);
+    }
+    EXPECT_EQ(tdtinput, 1);
     panel.reset();
     EXPECT_EQ(tdtinput, 0);
-    run.reset();
+}
+
+TEST(TimeReference, APanelClosedInMidRunLeavesNothingBehind) {
+    std::optional<TdtHold> panel(std::in_place);
+    {
+        const TdtSpan run(0);
+        panel.reset();
+        EXPECT_EQ(tdtinput, 0);
+    }
     EXPECT_EQ(tdtinput, 0);
 }
 
-TEST(TimeReference, AnEndedMiddleSpanLeavesThoseAroundIt) {
-    std::optional<TdtSpan> first(1);
-    std::optional<TdtSpan> middle(0);
-    std::optional<TdtSpan> last(1);
-    middle.reset();
-    EXPECT_EQ(tdtinput, 1);
-    last.reset();
-    EXPECT_EQ(tdtinput, 1);
-    first.reset();
-    EXPECT_EQ(tdtinput, 0);
-}
-
-TEST(TimeReference, SpansEndedFromTheFirstOnKeepTheLatestValue) {
-    std::optional<TdtSpan> first(1);
-    std::optional<TdtSpan> middle(0);
-    std::optional<TdtSpan> last(1);
+TEST(TimeReference, TheLastOfTwoPanelsGivesUniversalTimeBack) {
+    std::optional<TdtHold> first(std::in_place);
+    std::optional<TdtHold> second(std::in_place);
     first.reset();
     EXPECT_EQ(tdtinput, 1);
-    middle.reset();
-    EXPECT_EQ(tdtinput, 1);
-    last.reset();
+    second.reset();
     EXPECT_EQ(tdtinput, 0);
 }
 

@@ -81,6 +81,9 @@ RunOutcome write_phases(const PhaseYear& run, Progress& progress) {
     RunOutcome outcome = RunOutcome::done;
     for (int row = 1; row < end_of_rows && outcome == RunOutcome::done; ++row, k += 1) {
         progress.percent(row / static_cast<double>(end_of_rows) * 100);
+        // What is pressed now ends the run after this row.
+        if (!progress.yield())
+            outcome = RunOutcome::cancelled;
         for (const Cell& cell : cells) {
             const bool written = write_cell(report, run, cell, k);
             if (!written || cell.phase != Phase::last_quarter)
@@ -90,8 +93,6 @@ RunOutcome write_phases(const PhaseYear& run, Progress& progress) {
             if (complete_rows == 4 || complete_rows == 8)
                 report.end_line();
         }
-        if (!progress.yield())
-            outcome = RunOutcome::cancelled;
     }
     write_tail(report);
     report.commit();

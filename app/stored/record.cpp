@@ -44,7 +44,9 @@ template <class Float>
 std::string shortest(Float value) {
     require_finite(static_cast<double>(value), "a number to be written");
     char digits[512];
-    const auto end = std::to_chars(digits, digits + sizeof digits, value, std::chars_format::fixed).ptr;
+    const Float unsigned_zero = value == 0 ? 0 : value;
+    const auto end =
+        std::to_chars(digits, digits + sizeof digits, unsigned_zero, std::chars_format::fixed).ptr;
     return {digits, end};
 }
 

@@ -60,6 +60,7 @@ TEST(NumberItem, HasABlankForAPlusSignAndOneAfter) {
     EXPECT_EQ(number_item(18.0), " 18 ");
     EXPECT_EQ(number_item(-2.5), "-2.5 ");
     EXPECT_EQ(number_item(0.0), " 0 ");
+    EXPECT_EQ(number_item(-0.0F), " 0 ") << "a zero has no sign";
     EXPECT_EQ(number_item(0.1F), " 0.1 ") << "a short number keeps its own digits";
     EXPECT_EQ(number_item(160.7), " 160.7 ");
 }

@@ -163,6 +163,7 @@ TEST(PlainNumber, IsTheShortestTextWithoutExponent) {
     EXPECT_EQ(plain_number(1e21), "1000000000000000000000");
     EXPECT_EQ(plain_number(1e-7), "0.0000001");
     EXPECT_EQ(plain_number(-35.9), "-35.9");
+    EXPECT_EQ(plain_number(-0.0), "0");
     EXPECT_EQ(plain_number(0.1F), "0.1");
     EXPECT_EQ(plain_number(18.0), "18");
     EXPECT_THROW(plain_number(std::numeric_limits<double>::infinity()), RunTimeFailure);

@@ -11,8 +11,8 @@ namespace halvane {
 
 namespace {
 
-constexpr Twin failure{"", "Halvane cannot go on and ends now. Nothing was written.",
-                       "لا يستطيع البرنامج المتابعة و سينتهي الآن. لم يكتب شيء."};
+constexpr Twin failure{"", "Halvane cannot go on and ends now. Nothing more is written.",
+                       "لا يستطيع البرنامج المتابعة و سينتهي الآن. لن يكتب شيء آخر."};
 constexpr Twin remedy{
     "",
     "Put a sound copy of that file into the program folder, or correct the value that is named, "

@@ -196,8 +196,11 @@ void frmmain::timertime_event() {
 }
 
 void frmmain::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::FontChange && !sizing_)
+    if (event->type() == QEvent::FontChange && !sizing_) {
         set_sizes();
+        if (!state_.isenglish)
+            set_arabic_fonts();
+    }
     if (event->type() == QEvent::PaletteChange)
         mark_next_prayer();
     QWidget::changeEvent(event);

@@ -12,6 +12,7 @@
 #include <QPainter>
 #include <QPalette>
 #include <QProxyStyle>
+#include <QStyleOptionButton>
 #include <QSvgRenderer>
 #include <QTextLayout>
 #include <QWidget>
@@ -61,10 +62,23 @@ QByteArray icon_source(const QString& name) {
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// Underlines the access key of a text whose letters join. Qt draws the letter of the key apart, which breaks
-/// the joins on both sides of it; here the text is laid out whole.
-class JoinedTextStyle : public QProxyStyle {
+/// The system's style with two marks of its own: a chosen option takes the accent, and an access key within
+/// letters that join is underlined with the text laid out whole, where Qt draws the letter apart and breaks
+/// the joins on both sides of it.
+class HalvaneStyle : public QProxyStyle {
 public:
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override {
+        const auto* const button = qstyleoption_cast<const QStyleOptionButton*>(option);
+        const bool marks = element == PE_IndicatorRadioButton || element == PE_IndicatorCheckBox;
+        if (!marks || button == nullptr || !(option->state & State_Enabled)) {
+            QProxyStyle::drawPrimitive(element, option, painter, widget);
+            return;
+        }
+        QStyleOptionButton marked(*button);
+        marked.palette.setColor(QPalette::Text, marked.palette.color(QPalette::Highlight));
+        QProxyStyle::drawPrimitive(element, &marked, painter, widget);
+    }
     void drawItemText(QPainter* painter, const QRect& place, int flags, const QPalette& palette, bool enabled,
                       const QString& text, QPalette::ColorRole role) const override {
         const qsizetype mark = text.indexOf(u'&');
@@ -176,8 +190,10 @@ void set_spacing(QWidget& form) {
 }
 
 void scale_font(QWidget& control, double factor) {
+    const QFont base = control.window()->font();
     QFont font = control.font();
-    font.setPointSizeF(QFontInfo(control.window()->font()).pointSizeF() * factor);
+    font.setFamilies(base.families());
+    font.setPointSizeF(QFontInfo(base).pointSizeF() * factor);
     control.setFont(font);
 }
 
@@ -187,7 +203,7 @@ QColor accent_colour(const QWidget& widget) {
 }
 
 void use_halvane_look() {
-    QApplication::setStyle(new JoinedTextStyle);
+    QApplication::setStyle(new HalvaneStyle);
     set_accent();
     qApp->installEventFilter(new AccentKeeper(qApp));
 }

@@ -13,7 +13,7 @@ int space_unit(const QWidget& widget);
 /// Margins of two units and gaps of one for the form's layout and those within it.
 void set_spacing(QWidget& form);
 
-/// The font of `control` at `factor` times the size of its window's font.
+/// The family of the window's font for `control`, at `factor` times its size.
 void scale_font(QWidget& control, double factor);
 
 /// The one accent: the next prayer, the chosen option, the progress bar. Dark green on light, light on dark.

@@ -55,13 +55,24 @@ frmwait::~frmwait() = default;
 void frmwait::load(const QString& what) {
     const Language language = stored_language();
     apply_language(*this, twins, language);
-    scale_font(*ui_->Label1, 1.3);
-    scale_font(*ui_->lblpro1, 1.3);
-    if (language == Language::arabic)
-        set_font_if_present(*ui_->lbllong, QStringLiteral("Arabic Transparent"), 14);
+    set_fonts(language);
     ui_->lblrun->setText(what);
     ui_->lblpro1->setText(QStringLiteral("0"));
     ui_->Pro1->setValue(0);
+}
+
+/// The window is kept: what the language of the run before has set goes first.
+void frmwait::set_fonts(Language language) {
+    constexpr double head_size = 1.3;
+    const QString arabic = QStringLiteral("Arabic Transparent");
+    setFont({});
+    ui_->lbllong->setFont({});
+    if (language == Language::arabic) {
+        set_font_if_present(*this, arabic, font().pointSizeF());
+        set_font_if_present(*ui_->lbllong, arabic, 14);
+    }
+    scale_font(*ui_->Label1, head_size);
+    scale_font(*ui_->lblpro1, head_size);
 }
 
 void frmwait::show_percent(double p) {

@@ -32,6 +32,8 @@ public:
     void reject() override;
 
 private:
+    void set_fonts(Language language);
+
     std::unique_ptr<Ui::frmwait> ui_;
 };
 

@@ -64,6 +64,8 @@ frmphase::frmphase(QWidget* owner)
     : QDialog(owner), ui_(std::make_unique<Ui::frmphase>()), language_(stored_language()) {
     ui_->setupUi(this);
     apply_language(*this, twins, language_);
+    if (language_ == Language::arabic)
+        set_font_if_present(*this, QStringLiteral("Arabic Transparent"), font().pointSizeF());
     set_sizes();
     select_whole_text_on_focus(*this);
     connect_controls();
@@ -77,9 +79,6 @@ void frmphase::set_sizes() {
     scale_font(*ui_->lblhphase, title_size);
     shape_number_box(*ui_->txtyear, "-88888");
     shape_number_box(*ui_->txtdelta, "-888888.88");
-    if (language_ == Language::arabic)
-        for (QLabel* note : {ui_->lbldeltan, ui_->lblchoose})
-            set_font_if_present(*note, QStringLiteral("Arabic Transparent"), note->font().pointSizeF());
     const int width = width_of(*ui_->lblchoose);
     hold_lines(*ui_->lblchoose, width);
     ui_->lblchoose->setMaximumWidth(width);

@@ -1,10 +1,14 @@
+#include "app/frmstyle.h"
 #include "app/frmsupport.h"
 #include "app/messages.h"
 #include "tests/panel/panelharness.h"
 
 #include <QApplication>
 #include <QGroupBox>
+#include <QImage>
+#include <QRadioButton>
 #include <QVBoxLayout>
+#include <cstdlib>
 
 namespace halvane {
 namespace {
@@ -67,6 +71,36 @@ TEST_F(SupportTest, AMissingFontLeavesTheControlAsItWas) {
     const QFont before = form.font();
     EXPECT_FALSE(set_font_if_present(form, QStringLiteral("No Such Font At All"), 26));
     EXPECT_EQ(form.font(), before);
+}
+
+TEST_F(SupportTest, AScaledControlTakesTheFamilyOfItsWindow) {
+    SampleForm form;
+    QWidget& name = control(form, "txtname");
+    QFont other = name.font();
+    other.setFamily(QStringLiteral("Another Family"));
+    name.setFont(other);
+    scale_font(name, 1.5);
+    EXPECT_EQ(name.font().families(), form.font().families());
+    EXPECT_DOUBLE_EQ(name.font().pointSizeF(), 1.5 * QFontInfo(form.font()).pointSizeF());
+}
+
+TEST_F(SupportTest, TheMarkOfAChosenOptionTakesTheAccent) {
+    QRadioButton option(QStringLiteral("Option"));
+    option.resize(option.sizeHint());
+    const int hue = accent_colour(option).hue();
+    const auto pixels_of_the_accent = [&option, hue] {
+        const QImage picture = option.grab().toImage();
+        int count = 0;
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = 0; x < picture.width(); ++x) {
+                const QColor pixel = picture.pixelColor(x, y);
+                count += pixel.saturation() > 100 && std::abs(pixel.hue() - hue) < 10 ? 1 : 0;
+            }
+        return count;
+    };
+    EXPECT_EQ(pixels_of_the_accent(), 0);
+    option.setChecked(true);
+    EXPECT_GT(pixels_of_the_accent(), 8);
 }
 
 TEST_F(SupportTest, AWarningHasTheExclamationIconAndOk) {

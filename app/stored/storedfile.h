@@ -6,9 +6,11 @@
 #include "app/stored/textfile.h"
 
 #include <ctime>
+#include <fcntl.h>
 #include <optional>
 #include <string>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace halvane {
 
@@ -19,6 +21,12 @@ public:
     static FileIdentity of(const std::string& path) {
         FileIdentity identity;
         identity.exists_ = ::stat(path.c_str(), &identity.status_) == 0;
+        return identity;
+    }
+    /// The same of an open file.
+    static FileIdentity of(int descriptor) {
+        FileIdentity identity;
+        identity.exists_ = ::fstat(descriptor, &identity.status_) == 0;
         return identity;
     }
     bool operator==(const FileIdentity& other) const {
@@ -44,6 +52,46 @@ private:
     struct stat status_ {};
 };
 
+/// A file that is looked at again and again. It is kept open, without access to its content: a look at the
+/// open file costs no walk through the folders and shows whatever befalls the file, its removal and its
+/// replacement too, since they change the time of its entry. It does not show that a folder on the way was
+/// moved or replaced, nor all that a network does to a file: so the first look in each tick of the system's
+/// clock (1 to 10 ms) is at the path.
+class WatchedFile {
+public:
+    constexpr WatchedFile() = default;
+    WatchedFile(const WatchedFile&) = delete;
+    WatchedFile& operator=(const WatchedFile&) = delete;
+    ~WatchedFile() { close(); }
+
+    /// Begins to watch the file that is at `path` now.
+    void watch(const std::string& path) {
+        close();
+        // A link is opened itself, and has another identity than its file: then every look is at the path.
+        descriptor_ = ::open(path.c_str(), O_PATH | O_NOFOLLOW | O_CLOEXEC);
+        path_tick_ = {};
+    }
+    /// Whether `path` leads to a file of this identity.
+    bool is_still(const FileIdentity& identity, const std::string& path) {
+        timespec tick{};
+        ::clock_gettime(CLOCK_MONOTONIC_COARSE, &tick);
+        const bool path_was_seen = tick.tv_sec == path_tick_.tv_sec && tick.tv_nsec == path_tick_.tv_nsec;
+        if (path_was_seen && FileIdentity::of(descriptor_) == identity)
+            return true;
+        path_tick_ = tick;
+        return FileIdentity::of(path) == identity;
+    }
+
+private:
+    void close() {
+        if (descriptor_ >= 0)
+            ::close(descriptor_);
+        descriptor_ = -1;
+    }
+    int descriptor_ = -1;
+    timespec path_tick_{}; ///< of the last look at the path
+};
+
 /// A stored file of one record. `read` gives the results of reading the file at every call at the price of
 /// one look at the file's identity; the record is parsed again only when that has changed.
 template <class Record>
@@ -58,10 +106,11 @@ public:
     /// The stored record; the reference holds until the next call of `read` or `write`.
     const Record& read() {
         refresh_path();
-        if (!record_ || !settled_ || !(FileIdentity::of(path_) == identity_)) {
+        if (!record_ || !settled_ || !file_.is_still(identity_, path_)) {
             record_.reset();
             timespec before{};
             ::clock_gettime(CLOCK_REALTIME, &before);
+            file_.watch(path_);
             const FileIdentity now = FileIdentity::of(path_);
             const std::string text = read_text_file(path_);
             RecordReader reader(text, path_);
@@ -100,6 +149,7 @@ private:
     unsigned generation_ = 0;
     unsigned version_ = 0;
     std::optional<Record> record_;
+    WatchedFile file_;
     FileIdentity identity_;
     bool settled_ = false;
 };

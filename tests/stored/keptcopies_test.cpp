@@ -84,6 +84,77 @@ TEST(KeptCopy, IsDroppedWithTheFile) {
     EXPECT_FALSE(failure_words([] { read_date(); }).has_value());
 }
 
+/// A copy that has been looked at several times within a tick of the clock, so that the next look takes the
+/// open file.
+class WatchedCopy : public testing::Test {
+protected:
+    void SetUp() override {
+        folder_.write("other", named_bytes("Other"));
+        write_loc(named("Own"));
+        settle();
+        look();
+    }
+    static void look() {
+        for (int i = 0; i < 3; ++i)
+            ASSERT_EQ(read_loc().name, "Own");
+    }
+    static std::string named_bytes(const char* name) {
+        write_loc(named(name));
+        return bytes_of(program_path("loc.vsk"));
+    }
+    std::filesystem::path own() const { return folder_ / "loc.vsk"; }
+    std::filesystem::path other() const { return folder_ / "other"; }
+    const TemporaryProgramFolder folder_;
+};
+
+TEST_F(WatchedCopy, IsDroppedWhenTheFileIsReplaced) {
+    std::filesystem::rename(other(), own());
+    EXPECT_EQ(read_loc().name, "Other");
+}
+
+TEST_F(WatchedCopy, IsDroppedWhenTheFileIsRewritten) {
+    folder_.rewrite("loc.vsk", bytes_of(other().string()));
+    EXPECT_EQ(read_loc().name, "Other");
+}
+
+TEST_F(WatchedCopy, IsDroppedWhenTheFileIsMovedAway) {
+    std::filesystem::rename(own(), folder_ / "away");
+    EXPECT_TRUE(failure_words([] { read_loc(); }).has_value());
+    std::filesystem::rename(folder_ / "away", own());
+    EXPECT_EQ(read_loc().name, "Own");
+}
+
+TEST_F(WatchedCopy, IsDroppedWhenTheFileIsRemoved) {
+    std::filesystem::remove(own());
+    EXPECT_TRUE(failure_words([] { read_loc(); }).has_value());
+}
+
+TEST_F(WatchedCopy, IsDroppedWhenALinkLeadsElsewhere) {
+    std::filesystem::rename(own(), folder_ / "target");
+    std::filesystem::create_symlink("target", own());
+    std::filesystem::create_symlink("other", folder_ / "link");
+    settle();
+    look();
+    std::filesystem::rename(folder_ / "link", own());
+    EXPECT_EQ(read_loc().name, "Other");
+}
+
+TEST_F(WatchedCopy, IsDroppedATickAfterAnotherFolderHasTakenThePlace) {
+    const std::filesystem::path place = folder_ / "place";
+    const std::filesystem::path next = folder_ / "next";
+    for (const auto& [path, file] : {std::pair{place, own()}, std::pair{next, other()}}) {
+        std::filesystem::create_directory(path);
+        std::filesystem::copy_file(file, path / "loc.vsk");
+    }
+    settle();
+    set_program_folder(place.string());
+    look();
+    std::filesystem::rename(place, folder_ / "away");
+    std::filesystem::rename(next, place);
+    settle();
+    EXPECT_EQ(read_loc().name, "Other");
+}
+
 TEST(KeptCopy, BelongsToItsProgramFolder) {
     const TemporaryProgramFolder outer;
     write_loc(named("Outer"));

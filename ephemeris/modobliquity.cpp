@@ -1,4 +1,5 @@
 #include "ephemeris/earthorientation.h"
+#include "ephemeris/instantkey.h"
 #include "ephemeris/interpolation.h"
 #include "ephemeris/meanobliquity.h"
 #include "ephemeris/orientation.h"
@@ -8,6 +9,7 @@
 #include "calendar/moddeltat.h"
 
 #include <array>
+#include <optional>
 
 namespace halvane {
 namespace {
@@ -68,19 +70,15 @@ Orientation interpolated(double days) {
 
 const Orientation& orientation_of(double jd) {
     static Orientation kept;
-    static double kept_jd = 0;
-    static int kept_reference = -1;
-    static unsigned kept_generation = 0;
-    const int reference = interpolating ? 2 + tdtinput : tdtinput;
-    if (kept_jd != jd || kept_reference != reference || kept_generation != series_generation()) {
-        kept_reference = -1;
+    static std::optional<InstantKey> kept_key;
+    const InstantKey key = InstantKey::of(jd);
+    if (kept_key != key) {
+        kept_key.reset();
         const double days = jd + days_to_dynamical_time(jd) - epoch_j2000;
         kept = interpolating ? interpolated(days) : compute(days);
         kept.dynamical_days = days;
         kept.frame = sky_frame(jd, kept.true_obliquity, kept.nutation_longitude);
-        kept_jd = jd;
-        kept_reference = reference;
-        kept_generation = series_generation();
+        kept_key = key;
     }
     return kept;
 }

@@ -3,10 +3,13 @@
 #include "ephemeris/coordinates.h"
 #include "ephemeris/earthorientation.h"
 #include "ephemeris/fastplace.h"
+#include "ephemeris/instantkey.h"
 #include "ephemeris/modgeneral.h"
 #include "events/correction.h"
 
+#include <array>
 #include <cmath>
+#include <optional>
 
 namespace halvane {
 namespace {
@@ -49,6 +52,30 @@ TaggedTime refined(double estimate, double midnight, double h0, const Observer& 
     return result;
 }
 
+/// What the search of a day starts from, the same for every place of a zone.
+struct LowNoon {
+    FastPlace place;          ///< at noon
+    double sidereal_time = 0; ///< at midnight [deg]
+};
+
+/// The last of each body is kept.
+const LowNoon& low_noon(std::string_view body, double midnight) {
+    struct Kept {
+        std::optional<InstantKey> key;
+        LowNoon noon;
+    };
+    static std::array<Kept, 2> last;
+    Kept& kept = last[body == "Moon" ? 1 : 0];
+    const InstantKey key = InstantKey::of(midnight);
+    if (kept.key != key) {
+        kept.key.reset();
+        kept.noon.place = place_of(body, midnight + 0.5);
+        modsideriallow(midnight, kept.noon.sidereal_time);
+        kept.key = key;
+    }
+    return kept.noon;
+}
+
 /// Transit and half arc of a body by its place at noon, in fractions of a day.
 struct LowDay {
     double midnight = 0; ///< UT1 of local midnight                                       [d]
@@ -61,9 +88,7 @@ struct LowDay {
 LowDay low_day(double jd, const Observer& observer, std::string_view body) {
     LowDay day;
     day.midnight = jd - zone_of_longitude(observer.longitude) / 24;
-    const FastPlace noon = place_of(body, day.midnight + 0.5);
-    double sidereal_time = 0;
-    modsideriallow(day.midnight, sidereal_time);
+    const auto& [noon, sidereal_time] = low_noon(body, day.midnight);
     day.transit = into_day_once((noon.right_ascension - observer.longitude - sidereal_time) / 360);
     day.h0 = body == "Moon" ? 0.7275 * moon_parallax(noon.distance) - 0.5667 : -0.833333;
 

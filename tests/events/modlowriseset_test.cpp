@@ -1,14 +1,19 @@
 #include "events/modlowriseset.h"
 
 #include "app/stored/pref.h"
+#include "calendar/moddeltat.h"
+#include "ephemeris/interpolation.h"
 #include "ephemeris/moon.h"
+#include "ephemeris/series.h"
 #include "events/modriseset.h"
 #include "tests/ephemeris/observed.h"
 
 #include <cmath>
+#include <functional>
 #include <gtest/gtest.h>
 #include <random>
 #include <string>
+#include <vector>
 
 namespace halvane {
 namespace {
@@ -57,6 +62,29 @@ TEST_F(FastRiseSet, AgreesWithTheSearchWithin40Seconds) {
         }
     }
     EXPECT_GT(compared, 700);
+}
+
+TEST_F(FastRiseSet, DoesNotDependOnTheSearchesBefore) {
+    std::vector<std::function<double()>> searches;
+    for (const char* body : {"Sun", "Moon"})
+        for (const double jd : {2461089.5, 2461090.5})
+            for (const bool interpolated : {false, true})
+                for (const int scale : {0, 1})
+                    searches.emplace_back([=] {
+                        const TdtSpan time_scale(scale);
+                        const SwitchGuard interpolation(interpolating, interpolated);
+                        return *hours_of(fast(jd, 36, 32, body).set);
+                    });
+    std::vector<double> alone;
+    for (const auto& search : searches) {
+        load_series(); // drops every kept result
+        alone.push_back(search());
+    }
+    for (std::size_t one = 0; one < searches.size(); ++one)
+        for (std::size_t other = 0; other < searches.size(); ++other) {
+            EXPECT_EQ(searches[one](), alone[one]);
+            EXPECT_EQ(searches[other](), alone[other]) << other << " after " << one;
+        }
 }
 
 TEST_F(FastRiseSet, KnowsNoEventsWhereTheBodyStaysUpOrDown) {

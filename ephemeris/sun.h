@@ -44,7 +44,8 @@ void modcorsl(double pi_value, double jd, double& right_ascension, double& decli
               double& equation_of_time);
 
 /// The low-precision formulae with a four-term nutation for an observer at sea level given in arguments
-/// [deg, east and north positive]. `jd` is UT1 whatever `tdtinput` holds; reads no file and needs no array.
+/// [deg, east and north positive]. `jd` is UT1 whatever `tdtinput` holds, but for the observer's sidereal
+/// time; reads no file and needs no array.
 void modcorsvl(double observer_longitude, double observer_latitude, double jd, double& right_ascension,
                double& declination, double& topocentric_right_ascension, double& topocentric_declination,
                double& longitude, double& latitude, double& topocentric_longitude,

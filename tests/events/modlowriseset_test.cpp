@@ -95,6 +95,21 @@ TEST_F(FastRiseSet, KnowsNoEventsWhereTheBodyStaysUpOrDown) {
     }
 }
 
+TEST_F(FastRiseSet, AResultOutOfTheDayIsNone) {
+    // By a second program, without the bounds: 24.1317 and -0.3172 h.
+    EXPECT_TRUE(is(fast(2461080.5, 170, 21.2, "Moon").rise, NoEvent::none));
+    EXPECT_TRUE(is(fast(2461272.5, 139, -22.6, "Moon").set, NoEvent::none));
+}
+
+TEST_F(FastRiseSet, StopsAfterSixRounds) {
+    // By a second program: at 62.8 N, where the Moon hardly rises, six rounds have not settled; twelve would
+    // end at 15.41812 and 15.44408 h.
+    const Events moon = fast(2461287.5, 112, 62.8, "Moon");
+    ASSERT_TRUE(hours_of(moon.rise) != nullptr && hours_of(moon.set) != nullptr);
+    EXPECT_NEAR(*hours_of(moon.rise), 16.31136, 1e-4);
+    EXPECT_NEAR(*hours_of(moon.set), 17.38398, 1e-4);
+}
+
 TEST_F(FastRiseSet, ReadsNoFile) {
     folder.erase("loc.vsk");
     folder.erase("pref.vsk");

@@ -51,6 +51,13 @@ TEST_F(PrayerDayTest, OfASunThatNeverSetsHasItsTransitStill) {
     EXPECT_EQ(times.aser.size(), 5U);
 }
 
+TEST_F(PrayerDayTest, OfASunThatNeverSinksToTheShadowHasNoAser) {
+    // At the pole the Sun keeps its height all day, so that no shadow ever grows by the gnomon's length.
+    const PrayerTimes times = day_of({}, place(0, 90, 0), 2026, 6, 21).times;
+    EXPECT_EQ(times.maghreb, "Up");
+    EXPECT_EQ(times.aser, "----");
+}
+
 TEST_F(PrayerDayTest, KeepsTheWordsOfADarkSky) {
     const PrayerTimes times = day_of({}, place(40, 87, 3), 2026, 12, 21).times;
     EXPECT_EQ(times.fajer, "Dark");
@@ -108,6 +115,19 @@ TEST_F(PrayerDayTest, MarginsMoveTheirOwnTimes) {
     EXPECT_NEAR(seconds_of(moved.aser) - seconds_of(plain.aser), -660, 1);
     EXPECT_NEAR(seconds_of(moved.maghreb) - seconds_of(plain.maghreb), 420, 1);
     EXPECT_EQ(moved.isha, plain.isha);
+}
+
+TEST_F(PrayerDayTest, NegativeMarginsMoveTheOtherWay) {
+    const Location here = place(36, 31, 2);
+    const PrayerTimes plain = day_of(seconds(), here, 2026, 5, 1).times;
+    Preferences preferences = seconds();
+    preferences.subtract_fajer = -3;
+    preferences.add_dhohur = -5;
+    preferences.add_maghreb = -7;
+    const PrayerTimes moved = day_of(preferences, here, 2026, 5, 1).times;
+    EXPECT_NEAR(seconds_of(moved.fajer) - seconds_of(plain.fajer), 180, 1);
+    EXPECT_NEAR(seconds_of(moved.dhohur) - seconds_of(plain.dhohur), -300, 1);
+    EXPECT_NEAR(seconds_of(moved.maghreb) - seconds_of(plain.maghreb), -420, 1);
 }
 
 TEST_F(PrayerDayTest, TimeMovedOutOfTheDayIsNone) {

@@ -2,7 +2,7 @@
 
 #include "app/stored/alert.h"
 #include "app/stored/failure.h"
-#include "tests/panel/panelharness.h"
+#include "tests/panel/panelchecks.h"
 
 #include <QCheckBox>
 #include <filesystem>
@@ -15,9 +15,6 @@ constexpr const char* athans[] = {"fradoh",  "fraasr",  "framag",  "fraish",  "o
 
 class AlertsTest : public PanelTest {
 protected:
-    static bool checked(QWidget& form, const char* name) {
-        return control<QAbstractButton>(form, name).isChecked();
-    }
     static void expect_athans_enabled(QWidget& form, bool enabled) {
         for (const char* name : athans)
             EXPECT_EQ(control(form, name).isEnabled(), enabled) << name;
@@ -26,11 +23,8 @@ protected:
 };
 
 TEST_F(AlertsTest, EveryCaptionIsThatOfTheLanguage) {
-    for (const Language language : {Language::english, Language::arabic}) {
-        set_language(language);
-        frmalerts form;
-        EXPECT_EQ(wrong_captions(form, frmalerts_twins(), language), QStringList());
-    }
+    in_both_languages<frmalerts>(
+        [](QWidget& form, Language language) { expect_captions(form, frmalerts_twins(), language); });
 }
 
 TEST_F(AlertsTest, CaptionsStandLetterForLetter) {
@@ -48,23 +42,14 @@ TEST_F(AlertsTest, CaptionsStandLetterForLetter) {
 
 TEST_F(AlertsTest, EveryControlHasANameAKeyAndRoom) {
     put("alert.vsk", "1,10,1,0,#TRUE#,#TRUE#,#TRUE#,#TRUE#\r\n");
-    for (const Language language : {Language::english, Language::arabic}) {
-        set_language(language);
-        frmalerts form;
-        form.show();
-        QCoreApplication::processEvents();
-        EXPECT_EQ(nameless_controls(form), QStringList());
-        EXPECT_EQ(unreachable_controls(form), QStringList());
-        EXPECT_EQ(shared_access_keys(form), QStringList());
-        EXPECT_EQ(cut_texts(form), QStringList());
-    }
+    in_both_languages<frmalerts>([](QWidget& form, Language) { expect_usable(form); });
 }
 
 TEST_F(AlertsTest, LoadFillsEveryControl) {
     put("alert.vsk", "1,12.5,1,0,#FALSE#,#TRUE#,#FALSE#,#TRUE#\r\n");
     frmalerts form;
     EXPECT_TRUE(checked(form, "chkpep"));
-    EXPECT_EQ(control<QLineEdit>(form, "txtpep").text(), QStringLiteral("12.5"));
+    EXPECT_EQ(text(form, "txtpep"), QStringLiteral("12.5"));
     EXPECT_TRUE(control(form, "txtpep").isEnabled());
     EXPECT_TRUE(checked(form, "chkpra"));
     EXPECT_FALSE(checked(form, "chkpopup"));
@@ -236,8 +221,7 @@ TEST_F(AlertsTest, FocusSelectsTheMinutes) {
     put("alert.vsk", "1,10,0,0,#TRUE#,#TRUE#,#TRUE#,#TRUE#\r\n");
     frmalerts form;
     form.show();
-    control<QLineEdit>(form, "txtpep").deselect();
-    focus(form, "txtpep");
+    expect_focus_selects_text(form, "txtpep");
     EXPECT_EQ(control<QLineEdit>(form, "txtpep").selectedText(), QStringLiteral("10"));
 }
 

@@ -7,6 +7,7 @@
 #include "prayer/cmdcom.h"
 #include "tests/alerts/testclock.h"
 #include "tests/golden/goldenreport.h"
+#include "tests/support/places.h"
 
 #include <map>
 
@@ -32,23 +33,12 @@ protected:
     ScheduleTest() : folder_(HALVANE_DATA) {
         load_term();
         load_mterm();
-        set_location(35, 54, 31, 57, 2);
+        write_loc(place_at({35, 54}, {31, 57}, 2));
         settings_.window_and_athan = 1;
         store();
     }
 
     void store() { write_alert(settings_); }
-    static void set_location(double longitude, double longitude_minutes, double latitude,
-                             double latitude_minutes, double zone) {
-        Location location;
-        location.name = "Test";
-        location.longitude_degrees = longitude;
-        location.longitude_minutes = longitude_minutes;
-        location.latitude_degrees = latitude;
-        location.latitude_minutes = latitude_minutes;
-        location.zone = zone;
-        write_loc(location);
-    }
     template <class Change>
     static void change_preferences(Change change) {
         Preferences preferences = read_pref();
@@ -136,7 +126,7 @@ TEST_F(ScheduleTest, SecondsPrecisionAlertsAtTheSecond) {
 
 TEST_F(ScheduleTest, NothingIsLostAroundMidnight) {
     // At this latitude Isha passes midnight within these days.
-    set_location(0, 0, 52, 0, 1);
+    write_loc(place_at(0, 52, 1));
     change_preferences([](Preferences& preferences) { preferences.isha_angle = 15; });
     const Time from = TestClock::at(2024, 5, 28);
     const std::multimap<Time, Prayer> expected = prayers(from, from + 240h);
@@ -208,7 +198,7 @@ TEST_F(ScheduleTest, TheBeepComesItsMinutesBefore) {
 
 TEST_F(ScheduleTest, TheBeepOfAPrayerAfterMidnightComesTheEveningBefore) {
     // A clock two hours behind the place's own.
-    set_location(35, 54, 31, 57, 0);
+    write_loc(place_at({35, 54}, {31, 57}, 0));
     settings_ = AlertSettings{};
     settings_.beep = 1;
     settings_.lead = 60;
@@ -264,7 +254,7 @@ TEST_F(ScheduleTest, APrayerJustUnderAnHourOldIsMadeUpFor) {
 }
 
 TEST_F(ScheduleTest, ASleepOverMidnightMakesUpForThePrayerOfTheDayBefore) {
-    set_location(35, 54, 31, 57, 5);
+    write_loc(place_at({35, 54}, {31, 57}, 5));
     const Time day = TestClock::at(2024, 6, 20);
     const std::multimap<Time, Prayer> all = prayers(day, day + 24h);
     const auto last = std::prev(all.end());
@@ -308,7 +298,7 @@ TEST_F(ScheduleTest, TheSpringChangeOfTheClockLosesNothing) {
 
 TEST_F(ScheduleTest, APrayerInTheSkippedHourComesRightAfterIt) {
     // Fajer of this place and clock falls between 2 and 3 o'clock.
-    set_location(35, 54, 31, 57, 2);
+    write_loc(place_at({35, 54}, {31, 57}, 2));
     const Time day = TestClock::at(2024, 6, 20);
     const Time fajer = time_of(Prayer::fajer, day);
     const Time change = day + 2h;
@@ -324,7 +314,7 @@ TEST_F(ScheduleTest, APrayerInTheSkippedHourComesRightAfterIt) {
 }
 
 TEST_F(ScheduleTest, TheAutumnChangeOfTheClockRepeatsNothing) {
-    set_location(35, 54, 31, 57, 2);
+    write_loc(place_at({35, 54}, {31, 57}, 2));
     const Time day = TestClock::at(2024, 6, 20);
     const Time fajer = time_of(Prayer::fajer, day);
     const Time change = day + 3h;
@@ -349,7 +339,7 @@ TEST_F(ScheduleTest, AClockSetBackRepeatsNothing) {
 }
 
 TEST_F(ScheduleTest, AClockSetBackOverMidnightRepeatsNothing) {
-    set_location(35, 54, 31, 57, 0);
+    write_loc(place_at({35, 54}, {31, 57}, 0));
     const Time day = TestClock::at(2024, 6, 21);
     const Time first = prayers(day, day + 24h).begin()->first;
     const std::vector<Seen> seen = joined({run(day - 24h, first + 1min), run(day - 1h, day + 24h)});
@@ -433,7 +423,7 @@ TEST_F(ScheduleTest, TheComingPrayerIsTomorrowsAfterTheLast) {
 
 TEST_F(ScheduleTest, DaysWithoutTimesHaveNoAlerts) {
     // The Sun does not rise here on these days; Fajer and Isha still have their times.
-    set_location(20, 0, 75, 0, 1);
+    write_loc(place_at(20, 75, 1));
     const Time day = TestClock::at(2024, 12, 20);
     const std::multimap<Time, Prayer> expected = prayers(day, day + 24h);
     EXPECT_LT(expected.size(), 5U);

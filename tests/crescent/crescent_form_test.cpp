@@ -1,13 +1,15 @@
-#include "app/stored/loc.h"
 #include "app/stored/pref.h"
 #include "app/stored/programfolder.h"
 #include "app/stored/textfile.h"
 #include "calendar/moddeltat.h"
 #include "crescent/crescentform.h"
 #include "ephemeris/series.h"
+#include "tests/support/places.h"
 
+#include <array>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <string>
 #include <unistd.h>
 
 namespace halvane {
@@ -27,14 +29,7 @@ protected:
                 fs::create_symlink(fs::path(HALVANE_DATA) / name, folder_ / name);
         set_program_folder(folder_.string());
         write_pref(Preferences{});
-        Location amman;
-        amman.name = "Amman";
-        amman.longitude_degrees = 35;
-        amman.longitude_minutes = 56;
-        amman.latitude_degrees = 31;
-        amman.latitude_minutes = 57;
-        amman.zone = 2;
-        write_loc(amman);
+        write_loc(place_at({35, 56}, {31, 57}, 2, "Amman"));
         load_series();
     }
     ~CrescentFormTest() override { fs::remove_all(folder_); }

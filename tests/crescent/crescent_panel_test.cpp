@@ -4,7 +4,8 @@
 #include "crescent/frmcresv.h"
 #include "crescent/frmmap.h"
 #include "ephemeris/series.h"
-#include "tests/panel/panelharness.h"
+#include "tests/panel/panelchecks.h"
+#include "tests/support/places.h"
 
 #include <QRadioButton>
 #include <QTimer>
@@ -13,13 +14,7 @@
 namespace halvane {
 namespace {
 
-struct Caption {
-    const char* control;
-    const char* english;
-    const char* arabic;
-};
-
-constexpr Caption new_captions[] = {
+constexpr Twin new_captions[] = {
     {"optconj", "The Day of Conjunction", "يوم الاقتران"},
     {"optone", "One Day After Conjunction", "يوم واحد بعد الاقتران"},
     {"opttwo", "Two Days After Conjunction", "يومان بعد الاقتران"},
@@ -27,7 +22,7 @@ constexpr Caption new_captions[] = {
     {"optmoon", "Moonset", "غروب القمر"},
 };
 
-constexpr Caption old_captions[] = {
+constexpr Twin old_captions[] = {
     {"optconj", "The Day of Conjunction", "يوم الاقتران"},
     {"optone", "One Day Before Conjunction", "يوم واحد قبل الاقتران"},
     {"opttwo", "Two Days Before Conjunction", "يومان قبل الاقتران"},
@@ -53,13 +48,6 @@ protected:
         return settings;
     }
 
-    bool enabled(QWidget& form, const char* name) { return control(form, name).isEnabled(); }
-    bool chosen(QWidget& form, const char* name) { return control<QRadioButton>(form, name).isChecked(); }
-    QString list_text(QWidget& form, const char* name) {
-        return control<QComboBox>(form, name).currentText();
-    }
-    QString text(QWidget& form, const char* name) { return control<QLineEdit>(form, name).text(); }
-
     QStringList days(QWidget& form) {
         return {caption(form, "optconj"), caption(form, "optone"), caption(form, "opttwo")};
     }
@@ -79,51 +67,36 @@ protected:
     void expect_reset(QWidget& form, const std::string& by) {
         EXPECT_FALSE(enabled(form, "cmdcalc")) << by;
         EXPECT_FALSE(enabled(form, "cmdmap")) << by;
-        EXPECT_EQ(days(form), plain_days(chosen(form, "optnew"))) << by;
+        EXPECT_EQ(days(form), plain_days(checked<QRadioButton>(form, "optnew"))) << by;
         EXPECT_EQ(open_window("frmmap"), nullptr) << by;
     }
 };
 
-class CrescentCaption : public CrescentPanel, public ::testing::WithParamInterface<Caption> {};
+class CrescentCaption : public CrescentPanel, public ::testing::WithParamInterface<Twin> {};
 class OldCrescentCaption : public CrescentCaption {};
 
 TEST_P(CrescentCaption, OfANewCrescentIsThatOfTheLanguage) {
-    frmcresv english;
-    EXPECT_EQ(caption(english, GetParam().control), QString::fromUtf8(GetParam().english));
-    set_language(Language::arabic);
-    frmcresv arabic;
-    EXPECT_EQ(caption(arabic, GetParam().control), QString::fromUtf8(GetParam().arabic));
+    in_both_languages<frmcresv>(
+        [](QWidget& form, Language language) { expect_caption(form, GetParam(), language); });
 }
 
 TEST_P(OldCrescentCaption, IsThatOfTheLanguage) {
-    frmcresv english;
-    click(english, "optold");
-    EXPECT_EQ(caption(english, GetParam().control), QString::fromUtf8(GetParam().english));
-    set_language(Language::arabic);
-    frmcresv arabic;
-    click(arabic, "optold");
-    EXPECT_EQ(caption(arabic, GetParam().control), QString::fromUtf8(GetParam().arabic));
+    in_both_languages<frmcresv>([](QWidget& form, Language language) {
+        click(form, "optold");
+        expect_caption(form, GetParam(), language);
+    });
 }
 
-INSTANTIATE_TEST_SUITE_P(Every, CrescentCaption, ::testing::ValuesIn(new_captions),
-                         [](const auto& row) { return std::string(row.param.control); });
-INSTANTIATE_TEST_SUITE_P(Every, OldCrescentCaption, ::testing::ValuesIn(old_captions),
-                         [](const auto& row) { return std::string(row.param.control); });
+INSTANTIATE_TEST_SUITE_P(Every, CrescentCaption, ::testing::ValuesIn(new_captions), caption_name);
+INSTANTIATE_TEST_SUITE_P(Every, OldCrescentCaption, ::testing::ValuesIn(old_captions), caption_name);
 
 TEST_F(CrescentPanel, BothLanguagesAreWholeReachableAndNamed) {
-    for (const Language language : {Language::english, Language::arabic}) {
-        set_language(language);
-        frmcresv form;
+    in_both_languages<frmcresv>([](QWidget& form, Language language) {
         form.show();
         click(form, "cmdprev");
-        QCoreApplication::processEvents();
-        EXPECT_EQ(wrong_captions(form, frmcresv_twins(), language), QStringList());
-        EXPECT_EQ(nameless_controls(form), QStringList());
-        EXPECT_EQ(unreachable_controls(form), QStringList());
-        EXPECT_EQ(shared_access_keys(form), QStringList());
-        EXPECT_EQ(cut_texts(form), QStringList());
-        EXPECT_EQ(form.isRightToLeft(), language == Language::arabic);
-    }
+        expect_usable(form);
+        expect_captions(form, frmcresv_twins(), language);
+    });
 }
 
 TEST_F(CrescentPanel, TheHijriMonthsAreListedInBothLanguages) {
@@ -132,15 +105,9 @@ TEST_F(CrescentPanel, TheHijriMonthsAreListedInBothLanguages) {
                               "Ramadan",     "Shawwal",         "Thul Kea'deh",  "Thul Hejjah"};
     const QStringList arabic{"محرم", "صفر",   "ربيع أول", "ربيع ثاني", "جمادى الأولى", "جمادى الآخرة",
                              "رجب",  "شعبان", "رمضان",    "شوال",      "ذو القعدة",    "ذو الحجة"};
-    for (const Language language : {Language::english, Language::arabic}) {
-        set_language(language);
-        frmcresv form;
-        const auto& list = control<QComboBox>(form, "cbomh");
-        QStringList shown;
-        for (int row = 0; row < list.count(); ++row)
-            shown << list.itemText(row);
-        EXPECT_EQ(shown, language == Language::english ? english : arabic);
-    }
+    in_both_languages<frmcresv>([&](QWidget& form, Language language) {
+        EXPECT_EQ(entries(form, "cbomh"), language == Language::english ? english : arabic);
+    });
 }
 
 TEST_F(CrescentPanel, EveryStoredFieldIsShown) {
@@ -162,17 +129,17 @@ TEST_F(CrescentPanel, EveryStoredFieldIsShown) {
     stored.hijri_year = "1447";
     write_visib(stored);
     frmcresv form;
-    EXPECT_EQ(list_text(form, "cboday"), QStringLiteral("17"));
-    EXPECT_EQ(list_text(form, "cbomonth"), QStringLiteral("2"));
+    EXPECT_EQ(chosen(form, "cboday"), QStringLiteral("17"));
+    EXPECT_EQ(chosen(form, "cbomonth"), QStringLiteral("2"));
     EXPECT_EQ(text(form, "txtyear"), QStringLiteral("2026"));
     for (const char* name : {"optold", "optgeo", "opttwo", "optspe", "opthej"})
-        EXPECT_TRUE(chosen(form, name)) << name;
+        EXPECT_TRUE(checked<QRadioButton>(form, name)) << name;
     for (const char* name :
          {"optnew", "opttopo", "optconj", "optone", "optsun", "optmoon", "optbest", "optgre"})
-        EXPECT_FALSE(chosen(form, name)) << name;
-    EXPECT_EQ(list_text(form, "cboh"), QStringLiteral("5"));
-    EXPECT_EQ(list_text(form, "cbom"), QStringLiteral("47"));
-    EXPECT_EQ(list_text(form, "cbomh"), QStringLiteral("Thul Hejjah"));
+        EXPECT_FALSE(checked<QRadioButton>(form, name)) << name;
+    EXPECT_EQ(chosen(form, "cboh"), QStringLiteral("5"));
+    EXPECT_EQ(chosen(form, "cbom"), QStringLiteral("47"));
+    EXPECT_EQ(chosen(form, "cbomh"), QStringLiteral("Thul Hejjah"));
     EXPECT_EQ(text(form, "txtyearh"), QStringLiteral("1447"));
 }
 
@@ -193,8 +160,8 @@ TEST_F(CrescentPanel, EachDayAndTimeIsShownAlone) {
             stored.*day = stored.*time = true;
             write_visib(stored);
             frmcresv form;
-            EXPECT_TRUE(chosen(form, day_option)) << day_option;
-            EXPECT_TRUE(chosen(form, time_option)) << time_option;
+            EXPECT_TRUE(checked<QRadioButton>(form, day_option)) << day_option;
+            EXPECT_TRUE(checked<QRadioButton>(form, time_option)) << time_option;
         }
 }
 
@@ -203,8 +170,8 @@ TEST_F(CrescentPanel, WithNoDayOrTimeStoredTheFirstStands) {
     stored.one_day = stored.at_best_time = false;
     write_visib(stored);
     frmcresv form;
-    EXPECT_TRUE(chosen(form, "optconj"));
-    EXPECT_TRUE(chosen(form, "optsun"));
+    EXPECT_TRUE(checked<QRadioButton>(form, "optconj"));
+    EXPECT_TRUE(checked<QRadioButton>(form, "optsun"));
 }
 
 TEST_F(CrescentPanel, ACalendarThatIsNotGregorianIsHijri) {
@@ -212,7 +179,7 @@ TEST_F(CrescentPanel, ACalendarThatIsNotGregorianIsHijri) {
     stored.gregorian = stored.hijri = false;
     write_visib(stored);
     frmcresv form;
-    EXPECT_TRUE(chosen(form, "opthej"));
+    EXPECT_TRUE(checked<QRadioButton>(form, "opthej"));
 }
 
 TEST_F(CrescentPanel, OnlyTheChosenCalendarTakesEntries) {
@@ -237,13 +204,8 @@ TEST_F(CrescentPanel, TheUserTimeTakesEntriesOnlyWhileItIsChosen) {
 
 TEST_F(CrescentPanel, FocusSelectsTheWholeText) {
     frmcresv form;
-    for (const char* name : {"txtyear", "txtyearh"}) {
-        auto& box = control<QLineEdit>(form, name);
-        box.deselect();
-        focus(form, name);
-        EXPECT_EQ(box.selectedText(), box.text()) << name;
-        EXPECT_FALSE(box.text().isEmpty()) << name;
-    }
+    for (const char* name : {"txtyear", "txtyearh"})
+        expect_focus_selects_text(form, name);
 }
 
 TEST_F(CrescentPanel, AtLoadNothingCanBeCalculated) {
@@ -386,14 +348,7 @@ TEST_F(CrescentPanel, ATimeBeforeTheConjunctionIsNoError) {
 }
 
 TEST_F(CrescentPanel, ADayWithoutMoonsetLeavesTheShortReport) {
-    Location tromso;
-    tromso.name = "Tromso";
-    tromso.longitude_degrees = 18;
-    tromso.longitude_minutes = 57;
-    tromso.latitude_degrees = 69;
-    tromso.latitude_minutes = 39;
-    tromso.zone = 1;
-    write_loc(tromso);
+    write_loc(place_at({18, 57}, {69, 39}, 1, "Tromso"));
     CrescentSettings april = march_2025();
     april.day = "1";
     april.month = "4";
@@ -456,13 +411,7 @@ TEST_F(CrescentPanel, WhatIsStoredComesBackUnchanged) {
 }
 
 TEST_F(CrescentPanel, EscapeClosesAndStoresNothing) {
-    const std::string before = content("visib.vsk");
-    frmcresv form;
-    form.show();
-    click(form, "optold");
-    QTest::keyClick(&form, Qt::Key_Escape);
-    EXPECT_FALSE(form.isVisible());
-    EXPECT_EQ(content("visib.vsk"), before);
+    expect_escape_stores_nothing<frmcresv>("visib.vsk", [](QWidget& form) { click(form, "optold"); });
 }
 
 TEST_F(CrescentPanel, TheMapOpensWithoutWaitingAfterTheChoicesAreStored) {

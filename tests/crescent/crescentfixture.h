@@ -1,29 +1,17 @@
 #pragma once
 
-#include "app/stored/loc.h"
 #include "app/stored/pref.h"
 #include "app/stored/visib.h"
 #include "crescent/conjunction.h"
 #include "crescent/visibilitymap.h"
 #include "ephemeris/series.h"
 #include "tests/golden/goldenreport.h"
+#include "tests/support/places.h"
 
 #include <gtest/gtest.h>
 #include <string>
 
 namespace halvane {
-
-/// A location on the meridian of its zone.
-inline Location place_at(double longitude, double latitude, double zone) {
-    Location place;
-    place.name = "Somewhere";
-    place.longitude_degrees = longitude < 0 ? -longitude : longitude;
-    place.latitude_degrees = latitude < 0 ? -latitude : latitude;
-    place.east = longitude >= 0;
-    place.north = latitude >= 0;
-    place.zone = zone;
-    return place;
-}
 
 /// An approximate date with the other choices at their defaults.
 inline CrescentSettings crescent_near(int day, int month, int year, bool new_crescent = true) {

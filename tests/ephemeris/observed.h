@@ -1,9 +1,9 @@
 #pragma once
 
-#include "app/stored/loc.h"
 #include "calendar/moddeltat.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/series.h"
+#include "tests/support/places.h"
 #include "tests/support/programfolder.h"
 
 #include <cmath>
@@ -19,11 +19,7 @@ protected:
 
     /// The observer of `loc.vsk`: signed degrees, metres.
     void stand_at(double longitude, double latitude, double height) const {
-        Location location;
-        location.longitude_degrees = std::fabs(longitude);
-        location.latitude_degrees = std::fabs(latitude);
-        location.east = longitude >= 0;
-        location.north = latitude >= 0;
+        Location location = place_at(longitude, latitude, 0);
         location.elevation = height;
         write_loc(location);
     }

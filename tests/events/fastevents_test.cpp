@@ -14,6 +14,7 @@
 #include "ephemeris/sun.h"
 #include "events/modriseset.h"
 #include "tests/golden/goldenreport.h"
+#include "tests/support/places.h"
 
 #include <cmath>
 #include <filesystem>
@@ -177,12 +178,7 @@ TEST(FastEventsAccuracy, StaysWithin40SecondsOfTheCompleteSearch) {
         const double day = 2433294.5 + 187 * i;
         const double longitude = -180 + (i * 101) % 360;
         const double latitude = -60 + (i * 37) % 121;
-        Location place;
-        place.longitude_degrees = std::fabs(longitude);
-        place.latitude_degrees = std::fabs(latitude);
-        place.east = longitude >= 0;
-        place.north = latitude >= 0;
-        place.zone = zone_of_longitude(longitude);
+        const Location place = place_at(longitude, latitude, zone_of_longitude(longitude));
         write_loc(place);
         for (const char* body : {"Sun", "Moon"}) {
             TaggedTime rise;

@@ -1,7 +1,7 @@
 #include "app/frmdate.h"
 #include "app/stored/date.h"
 #include "app/stored/failure.h"
-#include "tests/panel/panelharness.h"
+#include "tests/panel/panelchecks.h"
 
 namespace halvane {
 namespace {
@@ -37,9 +37,6 @@ constexpr const char* period_controls[] = {"lblf",      "lblfyear",  "txtfyear",
 
 class DateTest : public PanelTest {
 protected:
-    QString text(QWidget& form, const char* name) { return control<QLineEdit>(form, name).text(); }
-    QString chosen(QWidget& form, const char* name) { return control<QComboBox>(form, name).currentText(); }
-    bool checked(QWidget& form, const char* name) { return control<QAbstractButton>(form, name).isChecked(); }
     void expect_groups(QWidget& form, bool one_day, bool period) {
         for (const char* name : one_day_controls)
             EXPECT_EQ(control(form, name).isEnabled(), one_day) << name;
@@ -63,14 +60,13 @@ protected:
 
 TEST_F(DateTest, EveryCaptionStandsInEnglish) {
     frmdate form;
-    EXPECT_EQ(wrong_captions(form, captions, Language::english), QStringList());
-    EXPECT_EQ(form.layoutDirection(), Qt::LeftToRight);
+    expect_captions(form, captions, Language::english);
 }
 
 TEST_F(DateTest, EveryCaptionStandsInArabicRightToLeft) {
     set_language(Language::arabic);
     frmdate form;
-    EXPECT_EQ(wrong_captions(form, captions, Language::arabic), QStringList());
+    expect_captions(form, captions, Language::arabic);
     EXPECT_TRUE(control(form, "fradate").isRightToLeft());
 }
 
@@ -192,9 +188,7 @@ TEST_F(DateTest, AnEndBeforeTheStartIsRefused) {
     enter_period(form, "2024", "6", "2", "2024", "6", "1");
     click(form, "cmdok");
     ASSERT_EQ(messages.size(), 1U);
-    EXPECT_EQ(messages[0].title, "Date Error");
-    EXPECT_EQ(messages[0].text, "The end date must be AFTER the beginning date!");
-    EXPECT_TRUE(messages[0].exclamation);
+    expect_warning(messages[0], "Date Error", "The end date must be AFTER the beginning date!");
     EXPECT_EQ(messages[0].buttons, QStringList{"OK"});
     EXPECT_EQ(content("date.vsk"), before);
     EXPECT_TRUE(form.isVisible());
@@ -210,8 +204,7 @@ TEST_F(DateTest, TheRefusalIsToldInArabic) {
     enter_period(form, "2024", "1", "1", "2023", "12", "31");
     click(form, "cmdok");
     ASSERT_EQ(messages.size(), 1U);
-    EXPECT_EQ(messages[0].title, "خطأ");
-    EXPECT_EQ(messages[0].text, "التاريخ الثاني يجب أن يكون بعد التاريخ الأول");
+    expect_warning(messages[0], "خطأ", "التاريخ الثاني يجب أن يكون بعد التاريخ الأول");
     EXPECT_EQ(messages[0].direction, Qt::RightToLeft);
 }
 
@@ -304,16 +297,10 @@ TEST_F(DateTest, TabVisitsTheControlsInReadingOrder) {
 }
 
 TEST_F(DateTest, EveryControlIsReachedAndNamed) {
-    for (const Language language : {Language::english, Language::arabic}) {
-        set_language(language);
-        frmdate form;
-        form.show();
-        EXPECT_EQ(nameless_controls(form), QStringList());
-        EXPECT_EQ(unreachable_controls(form), QStringList());
-        EXPECT_EQ(shared_access_keys(form), QStringList());
-        EXPECT_EQ(cut_texts(form), QStringList());
+    in_both_languages<frmdate>([](QWidget& form, Language) {
+        expect_usable(form);
         EXPECT_TRUE(control<QPushButton>(form, "cmdok").isDefault());
-    }
+    });
 }
 
 } // namespace

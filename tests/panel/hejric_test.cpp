@@ -1,6 +1,6 @@
 #include "app/stored/failure.h"
 #include "calendar/frmhej.h"
-#include "tests/panel/panelharness.h"
+#include "tests/panel/panelchecks.h"
 
 #include <QFontDatabase>
 
@@ -28,15 +28,7 @@ constexpr const char* results[] = {"lbldt", "lblmt", "lblyt", "lblday"};
 
 class HejricTest : public PanelTest {
 protected:
-    QStringList entries(QWidget& form, const char* name) {
-        auto& list = control<QComboBox>(form, name);
-        QStringList all;
-        for (int i = 0; i < list.count(); ++i)
-            all << list.itemText(i);
-        return all;
-    }
-    QString chosen(QWidget& form, const char* name) { return control<QComboBox>(form, name).currentText(); }
-    QString year(QWidget& form) { return control<QLineEdit>(form, "txty").text(); }
+    QString year(QWidget& form) { return text(form, "txty"); }
     void convert(QWidget& form, const QString& of_year, const QString& month, const QString& day) {
         enter(form, "txty", of_year);
         choose(form, "cbom", month);
@@ -54,24 +46,20 @@ protected:
     }
     void expect_refused(QWidget& form, const char* title, const char* words, const char* focused) {
         ASSERT_FALSE(messages.empty());
-        EXPECT_EQ(messages.back().title, title);
-        EXPECT_EQ(messages.back().text, words);
-        EXPECT_TRUE(messages.back().exclamation);
-        EXPECT_EQ(messages.back().buttons.size(), 1);
+        expect_warning(messages.back(), title, words);
         EXPECT_EQ(form.focusWidget(), &control(form, focused));
     }
 };
 
 TEST_F(HejricTest, EveryCaptionStandsInEnglish) {
     frmhej form;
-    EXPECT_EQ(wrong_captions(form, captions, Language::english), QStringList());
-    EXPECT_EQ(form.layoutDirection(), Qt::LeftToRight);
+    expect_captions(form, captions, Language::english);
 }
 
 TEST_F(HejricTest, EveryCaptionStandsInArabicRightToLeft) {
     set_language(Language::arabic);
     frmhej form;
-    EXPECT_EQ(wrong_captions(form, captions, Language::arabic), QStringList());
+    expect_captions(form, captions, Language::arabic);
     EXPECT_TRUE(control(form, "frahej").isRightToLeft());
 }
 
@@ -264,8 +252,7 @@ TEST_F(HejricTest, AMissingPreferencesRecordIsARunTimeFailure) {
 TEST_F(HejricTest, FocusSelectsTheWholeYear) {
     frmhej form;
     form.show();
-    control<QLineEdit>(form, "txty").deselect();
-    focus(form, "txty");
+    expect_focus_selects_text(form, "txty");
     EXPECT_EQ(control<QLineEdit>(form, "txty").selectedText(), "1435");
 }
 
@@ -275,17 +262,12 @@ TEST_F(HejricTest, TabVisitsTheControlsInReadingOrder) {
 }
 
 TEST_F(HejricTest, EveryControlIsReachedAndNamed) {
-    for (const Language language : {Language::english, Language::arabic}) {
-        set_language(language);
-        frmhej form;
+    in_both_languages<frmhej>([](QWidget& form, Language) {
         form.show();
         click(form, "cmdcon");
-        EXPECT_EQ(nameless_controls(form), QStringList());
-        EXPECT_EQ(unreachable_controls(form), QStringList());
-        EXPECT_EQ(shared_access_keys(form), QStringList());
-        EXPECT_EQ(cut_texts(form), QStringList());
+        expect_usable(form);
         EXPECT_TRUE(control<QPushButton>(form, "cmdcon").isDefault());
-    }
+    });
 }
 
 } // namespace

@@ -2,7 +2,7 @@
 #include "app/frmsupport.h"
 #include "app/stored/failure.h"
 #include "app/stored/loclist.h"
-#include "tests/panel/panelharness.h"
+#include "tests/panel/panelchecks.h"
 
 #include <QElapsedTimer>
 #include <QListWidget>
@@ -62,8 +62,6 @@ protected:
                        "\"Athens\",37,59,0,23,44,0,1,1,2,70,0,1010,10\r\n");
     }
 
-    QString text(QWidget& form, const char* name) { return control<QLineEdit>(form, name).text(); }
-    bool checked(QWidget& form, const char* name) { return control<QAbstractButton>(form, name).isChecked(); }
     QStringList names(QWidget& form) {
         auto& list = control<QListWidget>(form, "List1");
         QStringList all;
@@ -97,14 +95,13 @@ protected:
 
 TEST_F(LocationTest, EveryCaptionStandsInEnglish) {
     frmlocation form;
-    EXPECT_EQ(wrong_captions(form, captions, Language::english), QStringList());
-    EXPECT_EQ(form.layoutDirection(), Qt::LeftToRight);
+    expect_captions(form, captions, Language::english);
 }
 
 TEST_F(LocationTest, EveryCaptionStandsInArabicRightToLeft) {
     set_language(Language::arabic);
     frmlocation form;
-    EXPECT_EQ(wrong_captions(form, captions, Language::arabic), QStringList());
+    expect_captions(form, captions, Language::arabic);
     for (const char* frame : {"franame", "fralongi", "fralatitude", "fraothers", "fraref", "fracity"})
         EXPECT_TRUE(control(form, frame).isRightToLeft()) << frame;
 }
@@ -263,9 +260,7 @@ TEST_F(LocationTest, ANameThatIsInTheListIsNotAddedAgain) {
     answer({true, true});
     click(form, "cmdadd");
     ASSERT_EQ(messages.size(), 2U);
-    EXPECT_EQ(messages[1].title, "Name Error");
-    EXPECT_EQ(messages[1].text, "You Can Not Have Two Locations of the Same Name!");
-    EXPECT_TRUE(messages[1].exclamation);
+    expect_warning(messages[1], "Name Error", "You Can Not Have Two Locations of the Same Name!");
     EXPECT_EQ(messages[1].buttons, QStringList{"OK"});
     EXPECT_EQ(content("loc.txt"), list);
 }
@@ -588,12 +583,8 @@ TEST_F(LocationTest, TwentyThousandLocationsOpenSearchAndSelectWithoutDelay) {
 TEST_F(LocationTest, FocusSelectsTheWholeTextOfEveryBox) {
     frmlocation form;
     form.show();
-    for (const char* name : boxes) {
-        auto& box = control<QLineEdit>(form, name);
-        box.deselect();
-        focus(form, name);
-        EXPECT_EQ(box.selectedText(), box.text()) << name;
-    }
+    for (const char* name : boxes)
+        expect_focus_selects_text(form, name);
 }
 
 TEST_F(LocationTest, TabVisitsTheControlsInReadingOrder) {
@@ -604,16 +595,10 @@ TEST_F(LocationTest, TabVisitsTheControlsInReadingOrder) {
 }
 
 TEST_F(LocationTest, EveryControlIsReachedAndNamed) {
-    for (const Language language : {Language::english, Language::arabic}) {
-        set_language(language);
-        frmlocation form;
-        form.show();
-        EXPECT_EQ(nameless_controls(form), QStringList());
-        EXPECT_EQ(unreachable_controls(form), QStringList());
-        EXPECT_EQ(shared_access_keys(form), QStringList());
-        EXPECT_EQ(cut_texts(form), QStringList());
+    in_both_languages<frmlocation>([](QWidget& form, Language) {
+        expect_usable(form);
         EXPECT_TRUE(control<QPushButton>(form, "cmdok").isDefault());
-    }
+    });
 }
 
 } // namespace

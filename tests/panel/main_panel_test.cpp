@@ -4,7 +4,8 @@
 #include "app/stored/date.h"
 #include "app/stored/failure.h"
 #include "app/stored/loc.h"
-#include "tests/panel/panelharness.h"
+#include "tests/panel/panelchecks.h"
+#include "tests/support/places.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -19,14 +20,8 @@
 namespace halvane {
 namespace {
 
-/// The panel's texts, written out once more.
-struct Caption {
-    const char* control;
-    const char* english;
-    const char* arabic;
-};
-
-constexpr Caption captions[] = {
+// The panel's texts, written out once more.
+constexpr Twin captions[] = {
     {"frmmain", "Halvane 5.3.9", "Halvane 5.3.9"},
     {"cmddat", "&Date", "ال&تاريخ"},
     {"cmdloc", "&Location", "المو&قع"},
@@ -58,16 +53,6 @@ constexpr Caption captions[] = {
 
 class MainPanelTest : public PanelTest {
 protected:
-    /// Days of the next runs.
-    void set_period(DateNumbers start, DateNumbers end) {
-        CalculationDate date;
-        date.system_date = false;
-        date.period = true;
-        date.start = start;
-        date.end = end;
-        write_date(date);
-    }
-
     void set_latitude(double degrees) {
         Location location = read_loc();
         location.latitude_degrees = degrees;
@@ -75,29 +60,7 @@ protected:
         write_loc(location);
     }
 
-    void set_clock(int day, int hour, int minute) {
-        MachineTime time;
-        time.year = 2024;
-        time.month = 6;
-        time.day = day;
-        time.hour = hour;
-        time.minute = minute;
-        set_machine_time(time);
-    }
-
-    /// Does `action` at the event pass `pass` of the run that follows.
-    void during_run(int pass, const std::function<void()>& action) {
-        auto* timer = new QTimer(&timers_);
-        QObject::connect(timer, &QTimer::timeout, timer, [timer, left = pass, action]() mutable {
-            const QWidget* wait = open_window("frmwait");
-            if (wait == nullptr || wait->findChild<QLabel*>("lblpro1")->text() == QStringLiteral("0") ||
-                --left > 0)
-                return;
-            timer->stop();
-            action();
-        });
-        timer->start(0);
-    }
+    void set_clock(int day, int hour, int minute) { set_machine_time({2024, 6, day, hour, minute, 0}); }
 
     static QString text(QWidget& form, const char* name) { return control<QLabel>(form, name).text(); }
     static QStringList times(QWidget& form) {
@@ -106,27 +69,18 @@ protected:
             texts << text(form, name);
         return texts;
     }
-
-private:
-    QObject timers_;
 };
 
-class MainPanelCaption : public MainPanelTest, public ::testing::WithParamInterface<Caption> {};
+class MainPanelCaption : public MainPanelTest, public ::testing::WithParamInterface<Twin> {};
 
 TEST_P(MainPanelCaption, IsThatOfTheLanguage) {
-    {
-        frmmain form;
+    in_both_languages<frmmain>([](frmmain& form, Language language) {
         form.load();
-        EXPECT_EQ(caption(form, GetParam().control), QString::fromUtf8(GetParam().english));
-    }
-    set_language(Language::arabic);
-    frmmain form;
-    form.load();
-    EXPECT_EQ(caption(form, GetParam().control), QString::fromUtf8(GetParam().arabic));
+        expect_caption(form, GetParam(), language);
+    });
 }
 
-INSTANTIATE_TEST_SUITE_P(Every, MainPanelCaption, ::testing::ValuesIn(captions),
-                         [](const auto& row) { return std::string(row.param.control); });
+INSTANTIATE_TEST_SUITE_P(Every, MainPanelCaption, ::testing::ValuesIn(captions), caption_name);
 
 TEST_F(MainPanelTest, BeforeTheLoadTheLabelsHoldTheirDesign) {
     frmmain form;
@@ -233,11 +187,7 @@ TEST_F(MainPanelTest, EveryArabicMonthOfTheDateLine) {
     const int lengths[] = {31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
     double jd = 2460324.5;
     for (int month = 1; month <= 12; ++month) {
-        MachineTime day;
-        day.year = 2024;
-        day.month = month;
-        day.day = 15;
-        const std::string line = date_line(day, jd, false);
+        const std::string line = date_line({2024, month, 15, 0, 0, 0}, jd, false);
         EXPECT_NE(line.find(std::string(" 15 ") + months[month - 1] + " 2024 ( "), std::string::npos) << line;
         jd += lengths[month - 1];
     }
@@ -441,14 +391,7 @@ TEST_F(MainPanelTest, AReloadShowsTheNewLocationAndItsTimes) {
     frmmain form;
     form.load();
     const QStringList before = times(form);
-    Location location = read_loc();
-    location.name = "Mecca";
-    location.longitude_degrees = 39;
-    location.longitude_minutes = 49;
-    location.latitude_degrees = 21;
-    location.latitude_minutes = 25;
-    location.zone = 3;
-    write_loc(location);
+    write_loc(place_at({39, 49}, {21, 25}, 3, "Mecca"));
     reload_main_panel();
     EXPECT_EQ(text(form, "lbltloc"), QStringLiteral("Mecca"));
     EXPECT_NE(times(form), before);
@@ -686,10 +629,7 @@ TEST_P(MainPanelRefusal, BeyondLatitudeSixtyFiveTellsThatTheMethodDoesNotWork) {
     EXPECT_EQ(open_window("frmwait"), nullptr);
 }
 
-INSTANTIATE_TEST_SUITE_P(Both, MainPanelRefusal, ::testing::Values(Language::english, Language::arabic),
-                         [](const auto& row) {
-                             return row.param == Language::english ? "English" : "Arabic";
-                         });
+INSTANTIATE_TEST_SUITE_P(Both, MainPanelRefusal, ::testing::ValuesIn(both_languages), language_name);
 
 class MainPanelBothLanguages : public MainPanelTest, public ::testing::WithParamInterface<Language> {};
 
@@ -697,12 +637,8 @@ TEST_P(MainPanelBothLanguages, EveryControlIsNamedReachedAndWhole) {
     set_language(GetParam());
     frmmain form;
     form.load();
-    form.show();
-    EXPECT_EQ(wrong_captions(form, frmmain_twins(), GetParam()), QStringList());
-    EXPECT_EQ(nameless_controls(form), QStringList());
-    EXPECT_EQ(unreachable_controls(form), QStringList());
-    EXPECT_EQ(shared_access_keys(form), QStringList());
-    EXPECT_EQ(cut_texts(form), QStringList());
+    expect_usable(form);
+    expect_captions(form, frmmain_twins(), GetParam());
 }
 
 TEST_P(MainPanelBothLanguages, TheKeyboardAlonePressesAButton) {
@@ -714,10 +650,7 @@ TEST_P(MainPanelBothLanguages, TheKeyboardAlonePressesAButton) {
     EXPECT_EQ(platform_double.shown_files, std::vector<std::string>{"help.txt"});
 }
 
-INSTANTIATE_TEST_SUITE_P(In, MainPanelBothLanguages, ::testing::Values(Language::english, Language::arabic),
-                         [](const auto& row) {
-                             return row.param == Language::english ? "English" : "Arabic";
-                         });
+INSTANTIATE_TEST_SUITE_P(In, MainPanelBothLanguages, ::testing::ValuesIn(both_languages), language_name);
 
 TEST_F(MainPanelTest, DarkColoursKeepTheContrastOfTheMarkAndTheTitles) {
     const QPalette light = QApplication::palette();

@@ -12,6 +12,7 @@
 #include "app/stored/tele.h"
 #include "app/stored/textfile.h"
 #include "app/stored/visib.h"
+#include "tests/support/places.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -22,6 +23,7 @@
 #include <QMap>
 #include <QMessageBox>
 #include <QRadioButton>
+#include <QTimer>
 #include <filesystem>
 #include <ostream>
 
@@ -31,33 +33,23 @@ void PrintTo(const QString& text, std::ostream* out) {
 
 namespace halvane {
 
+void PrintTo(const Twin& twin, std::ostream* out) {
+    *out << twin.control;
+}
+
 namespace {
 
 namespace fs = std::filesystem;
 
 Location amman() {
-    Location location;
-    location.name = "Amman";
-    location.longitude_degrees = 35;
-    location.longitude_minutes = 56;
-    location.latitude_degrees = 31;
-    location.latitude_minutes = 57;
+    Location location = place_at({35, 56}, {31, 57}, 2, "Amman");
     location.elevation = 1000;
-    location.zone = 2;
     return location;
 }
 
 Location sydney() {
-    Location location;
-    location.name = "Sydney";
-    location.longitude_degrees = 151;
-    location.longitude_minutes = 12;
-    location.latitude_degrees = 33;
-    location.latitude_minutes = 52;
+    Location location = place_at({151, 12}, {-33, 52}, 10, "Sydney");
     location.elevation = 39;
-    location.zone = 10;
-    location.north = false;
-    location.south = true;
     return location;
 }
 
@@ -179,6 +171,26 @@ void choose(QWidget& form, const char* name, const QString& text) {
     }
 }
 
+QString text(QWidget& form, const char* name) {
+    return control<QLineEdit>(form, name).text();
+}
+
+QString chosen(QWidget& form, const char* name) {
+    return control<QComboBox>(form, name).currentText();
+}
+
+QStringList entries(QWidget& form, const char* name) {
+    const auto& list = control<QComboBox>(form, name);
+    QStringList texts;
+    for (int row = 0; row < list.count(); ++row)
+        texts << list.itemText(row);
+    return texts;
+}
+
+bool enabled(QWidget& form, const char* name) {
+    return control(form, name).isEnabled();
+}
+
 void focus(QWidget& form, const char* name) {
     QFocusEvent event(QEvent::FocusIn, Qt::TabFocusReason);
     QApplication::sendEvent(&control(form, name), &event);
@@ -280,13 +292,7 @@ PanelTest::PanelTest() {
     set_program_folder(folder_.path().toStdString());
     link_series_files(folder_.path().toStdString());
     write_fresh_files();
-    MachineTime time;
-    time.year = 2024;
-    time.month = 6;
-    time.day = 21;
-    time.hour = 15;
-    time.minute = 7;
-    set_machine_time(time);
+    set_machine_time({2024, 6, 21, 15, 7, 0});
     set_platform(&platform_double);
     set_message_presenter([this](QMessageBox& box) { return present(box); });
     set_main_panel_reload([this] { ++main_panel_reloads; });
@@ -307,6 +313,27 @@ void PanelTest::set_language(Language language) {
     Preferences preferences = read_pref();
     preferences.english = language == Language::english;
     write_pref(preferences);
+}
+
+void PanelTest::set_period(DateNumbers start, DateNumbers end) {
+    CalculationDate date;
+    date.system_date = false;
+    date.period = true;
+    date.start = start;
+    date.end = end;
+    write_date(date);
+}
+
+void PanelTest::during_run(int pass, const std::function<void()>& action) {
+    auto* timer = new QTimer(&timers_);
+    QObject::connect(timer, &QTimer::timeout, timer, [timer, left = pass, action]() mutable {
+        QWidget* wait = open_window("frmwait");
+        if (wait == nullptr || caption(*wait, "lblpro1") == QStringLiteral("0") || --left > 0)
+            return;
+        timer->stop();
+        action();
+    });
+    timer->start(0);
 }
 
 std::string PanelTest::path(const std::string& name) const {

@@ -2,6 +2,7 @@
 
 #include "app/language.h"
 #include "app/platform/platform.h"
+#include "app/stored/date.h"
 #include "app/stored/pref.h"
 #include "calendar/machineclock.h"
 
@@ -9,11 +10,13 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QObject>
 #include <QPushButton>
 #include <QStringList>
 #include <QTemporaryDir>
 #include <QTest>
 #include <deque>
+#include <functional>
 #include <gtest/gtest.h>
 #include <iosfwd>
 #include <span>
@@ -27,6 +30,13 @@ class QMessageBox;
 void PrintTo(const QString& text, std::ostream* out);
 
 namespace halvane {
+
+/// A row of captions is named after its control.
+void PrintTo(const Twin& twin, std::ostream* out);
+
+/// `loc.vsk` of the reports of tests/golden that the panels are held against.
+inline constexpr const char* place_of_the_golden_reports =
+    "\"Amman\",35,54,0,31,57,0,900,2,#TRUE#,#TRUE#,#FALSE#,#FALSE#,0,1010,10\r\n";
 
 /// How a message box looked when it was presented.
 struct SeenMessage {
@@ -97,6 +107,18 @@ Control& control(QWidget& form, const char* name) {
     return *found;
 }
 
+/// What an entry box holds, which entry of a list is chosen, all of the list's entries.
+QString text(QWidget& form, const char* name);
+QString chosen(QWidget& form, const char* name);
+QStringList entries(QWidget& form, const char* name);
+
+/// Whether an option or box is set, a control takes input.
+template <class Button = QAbstractButton>
+bool checked(QWidget& form, const char* name) {
+    return control<Button>(form, name).isChecked();
+}
+bool enabled(QWidget& form, const char* name);
+
 /// The shown window `name`; none when it is not open.
 QWidget* open_window(const char* name);
 
@@ -143,6 +165,35 @@ protected:
     /// The stored language of the forms that load from now on.
     void set_language(Language language);
 
+    /// Does `work` with a new `Form` in English, then with another in Arabic.
+    template <class Form, class Work>
+    void in_both_languages(const Work& work) {
+        for (const Language language : {Language::english, Language::arabic}) {
+            SCOPED_TRACE(language == Language::english ? "in English" : "in Arabic");
+            set_language(language);
+            Form form;
+            work(form, language);
+        }
+    }
+
+    /// Escape closes a new `Form` once `change` is made in it, and its stored file `name` stays as it was.
+    template <class Form, class Change>
+    void expect_escape_stores_nothing(const std::string& name, const Change& change) {
+        const std::string before = content(name);
+        Form form;
+        form.show();
+        change(form);
+        QTest::keyClick(&form, Qt::Key_Escape);
+        EXPECT_FALSE(form.isVisible());
+        EXPECT_EQ(content(name), before);
+    }
+
+    /// Stores the first and last day of the next runs.
+    static void set_period(DateNumbers start, DateNumbers end);
+
+    /// Does `action` at the event pass `pass`, counted from 1, of the run that follows.
+    void during_run(int pass, const std::function<void()>& action);
+
     /// The next boxes are answered so, in this order; a box without an answer is refused (No).
     void answer(std::initializer_list<bool> answers) { answers_.assign(answers); }
 
@@ -161,6 +212,7 @@ private:
     bool present(QMessageBox& box);
 
     QTemporaryDir folder_;
+    QObject timers_;
     std::deque<bool> answers_;
 };
 

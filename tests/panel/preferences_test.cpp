@@ -1,7 +1,7 @@
 #include "app/frmpreferences.h"
 #include "app/frmsupport.h"
 #include "app/stored/failure.h"
-#include "tests/panel/panelharness.h"
+#include "tests/panel/panelchecks.h"
 
 #include <QDir>
 #include <QGroupBox>
@@ -62,11 +62,6 @@ constexpr const char* default_record =
 
 class PreferencesTest : public PanelTest {
 protected:
-    QString text(QWidget& form, const char* name) { return control<QLineEdit>(form, name).text(); }
-    QString chosen(QWidget& form, const char* name) { return control<QComboBox>(form, name).currentText(); }
-    bool checked(QWidget& form, const char* name) { return control<QAbstractButton>(form, name).isChecked(); }
-    bool enabled(QWidget& form, const char* name) { return control(form, name).isEnabled(); }
-
     void store_custom(double fajer, double isha) {
         Preferences record;
         record.authority = "6";
@@ -78,27 +73,22 @@ protected:
 
 TEST_F(PreferencesTest, EveryCaptionStandsInEnglish) {
     frmpreferences form;
-    EXPECT_EQ(wrong_captions(form, captions, Language::english), QStringList());
-    EXPECT_EQ(form.layoutDirection(), Qt::LeftToRight);
+    expect_captions(form, captions, Language::english);
 }
 
 TEST_F(PreferencesTest, EveryCaptionStandsInArabicRightToLeft) {
     set_language(Language::arabic);
     frmpreferences form;
-    EXPECT_EQ(wrong_captions(form, captions, Language::arabic), QStringList());
+    expect_captions(form, captions, Language::arabic);
     for (const char* frame : {"fratwi", "frahl", "frasum", "fraadd", "fraele", "fraasr", "frapre", "fralan"})
         EXPECT_TRUE(control<QGroupBox>(form, frame).isRightToLeft()) << frame;
 }
 
 TEST_F(PreferencesTest, TheListsHoldTheAuthoritiesTheMonthsAndTheDays) {
     frmpreferences form;
-    auto& authorities = control<QComboBox>(form, "cbotwi");
-    QStringList entries;
-    for (int i = 0; i < authorities.count(); ++i)
-        entries << authorities.itemText(i);
-    EXPECT_EQ(entries, (QStringList{"Standard", "Egyptian General Authority of Survey",
-                                    "Islamic Society of North America", "Muslim World League",
-                                    "University Of Islamic Sciences, Karachi", "Custom"}));
+    EXPECT_EQ(entries(form, "cbotwi"), (QStringList{"Standard", "Egyptian General Authority of Survey",
+                                                    "Islamic Society of North America", "Muslim World League",
+                                                    "University Of Islamic Sciences, Karachi", "Custom"}));
     for (const auto& [name, count] :
          {std::pair{"cbofmonth", 12}, {"cbotmonth", 12}, {"cbofday", 31}, {"cbotday", 31}}) {
         auto& list = control<QComboBox>(form, name);
@@ -322,13 +312,7 @@ TEST_F(PreferencesTest, DefaultThenCancelChangesNothingOnDisk) {
 }
 
 TEST_F(PreferencesTest, EscapeClosesAndStoresNothing) {
-    const std::string before = content("pref.vsk");
-    frmpreferences form;
-    form.show();
-    click(form, "optsec");
-    QTest::keyClick(&form, Qt::Key_Escape);
-    EXPECT_FALSE(form.isVisible());
-    EXPECT_EQ(content("pref.vsk"), before);
+    expect_escape_stores_nothing<frmpreferences>("pref.vsk", [](QWidget& form) { click(form, "optsec"); });
 }
 
 TEST_F(PreferencesTest, AnAngleOfLettersIsStoredAsZero) {
@@ -363,9 +347,7 @@ TEST_F(PreferencesTest, ANegativeFajerAngleIsRefused) {
     enter(form, "txtisha", "-2");
     click(form, "cmdok");
     ASSERT_EQ(messages.size(), 1U);
-    EXPECT_EQ(messages[0].title, "Angle Error!");
-    EXPECT_EQ(messages[0].text, "Fajer Angle Must Be Positive!");
-    EXPECT_TRUE(messages[0].exclamation);
+    expect_warning(messages[0], "Angle Error!", "Fajer Angle Must Be Positive!");
     EXPECT_EQ(messages[0].buttons, QStringList{"OK"});
     EXPECT_EQ(content("pref.vsk"), before);
     EXPECT_TRUE(form.isVisible());
@@ -381,8 +363,7 @@ TEST_F(PreferencesTest, ANegativeIshaAngleIsRefused) {
     enter(form, "txtisha", "-0.5");
     click(form, "cmdok");
     ASSERT_EQ(messages.size(), 1U);
-    EXPECT_EQ(messages[0].title, "Angle Error!");
-    EXPECT_EQ(messages[0].text, "Isha Angle Must Be Positive!");
+    expect_warning(messages[0], "Angle Error!", "Isha Angle Must Be Positive!");
     EXPECT_EQ(form.focusWidget(), &control(form, "txtisha"));
     EXPECT_EQ(read_pref().isha_angle, 14);
 }
@@ -411,11 +392,9 @@ TEST_F(PreferencesTest, TheMessageSpeaksTheLanguageOfTheLoadedRecord) {
     enter(form, "txtisha", "-1");
     click(form, "cmdok");
     ASSERT_EQ(messages.size(), 2U);
-    EXPECT_EQ(messages[0].title, "خطأ");
-    EXPECT_EQ(messages[0].text, "زاوية الفجر يجب أن تكون موجبة");
+    expect_warning(messages[0], "خطأ", "زاوية الفجر يجب أن تكون موجبة");
     EXPECT_EQ(messages[0].direction, Qt::RightToLeft);
-    EXPECT_EQ(messages[1].title, "خطأ");
-    EXPECT_EQ(messages[1].text, "زاوية العشاء يجب أن تكون موجبة");
+    expect_warning(messages[1], "خطأ", "زاوية العشاء يجب أن تكون موجبة");
 }
 
 TEST_F(PreferencesTest, OkRebuildsTheMainPanelOnceTheNewLanguageIsStored) {
@@ -478,12 +457,8 @@ TEST_F(PreferencesTest, FocusSelectsTheWholeTextOfEveryBox) {
     store_custom(16, 14);
     frmpreferences form;
     form.show();
-    for (const char* name : {"txtfaj", "txtisha", "txtsubfaj", "txtadddoh", "txtaddmag", "txtaddasr"}) {
-        auto& box = control<QLineEdit>(form, name);
-        box.deselect();
-        focus(form, name);
-        EXPECT_EQ(box.selectedText(), box.text()) << name;
-    }
+    for (const char* name : {"txtfaj", "txtisha", "txtsubfaj", "txtadddoh", "txtaddmag", "txtaddasr"})
+        expect_focus_selects_text(form, name);
 }
 
 TEST_F(PreferencesTest, TabVisitsTheControlsInReadingOrder) {
@@ -495,16 +470,10 @@ TEST_F(PreferencesTest, TabVisitsTheControlsInReadingOrder) {
 }
 
 TEST_F(PreferencesTest, EveryControlIsReachedAndNamed) {
-    for (const Language language : {Language::english, Language::arabic}) {
-        set_language(language);
-        frmpreferences form;
-        form.show();
-        EXPECT_EQ(nameless_controls(form), QStringList());
-        EXPECT_EQ(unreachable_controls(form), QStringList());
-        EXPECT_EQ(shared_access_keys(form), QStringList());
-        EXPECT_EQ(cut_texts(form), QStringList());
+    in_both_languages<frmpreferences>([](QWidget& form, Language) {
+        expect_usable(form);
         EXPECT_TRUE(control<QPushButton>(form, "cmdok").isDefault());
-    }
+    });
 }
 
 } // namespace

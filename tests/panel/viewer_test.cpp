@@ -2,7 +2,7 @@
 #include "app/platform/linuxplatform.h"
 #include "app/viewer.h"
 #include "app/viewerpages.h"
-#include "tests/panel/panelharness.h"
+#include "tests/panel/panelchecks.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -187,18 +187,11 @@ class ViewerBothLanguages : public ViewerTest, public ::testing::WithParamInterf
 TEST_P(ViewerBothLanguages, EveryControlIsNamedReachedAndWhole) {
     set_language(GetParam());
     Viewer viewer(file());
-    viewer.show();
-    EXPECT_EQ(wrong_captions(viewer, viewer_twins(), GetParam()), QStringList());
-    EXPECT_EQ(nameless_controls(viewer), QStringList());
-    EXPECT_EQ(unreachable_controls(viewer), QStringList());
-    EXPECT_EQ(shared_access_keys(viewer), QStringList());
-    EXPECT_EQ(cut_texts(viewer), QStringList());
+    expect_usable(viewer);
+    expect_captions(viewer, viewer_twins(), GetParam());
 }
 
-INSTANTIATE_TEST_SUITE_P(In, ViewerBothLanguages, ::testing::Values(Language::english, Language::arabic),
-                         [](const auto& row) {
-                             return row.param == Language::english ? "English" : "Arabic";
-                         });
+INSTANTIATE_TEST_SUITE_P(In, ViewerBothLanguages, ::testing::ValuesIn(both_languages), language_name);
 
 } // namespace
 } // namespace halvane

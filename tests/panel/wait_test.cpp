@@ -1,5 +1,5 @@
 #include "app/frmwait.h"
-#include "tests/panel/panelharness.h"
+#include "tests/panel/panelchecks.h"
 
 #include <QElapsedTimer>
 #include <QProgressBar>
@@ -7,13 +7,7 @@
 namespace halvane {
 namespace {
 
-struct Caption {
-    const char* control;
-    const char* english;
-    const char* arabic;
-};
-
-constexpr Caption captions[] = {
+constexpr Twin captions[] = {
     {"frmwait", "Please Wait!", "الرجاء الانتظار"},
     {"Label1", "Please Wait !", "الرجاء الانتظار"},
     {"Label2", "0 %", "0 %"},
@@ -25,19 +19,18 @@ constexpr Caption captions[] = {
 
 class WaitTest : public PanelTest {};
 
-class WaitCaption : public WaitTest, public ::testing::WithParamInterface<Caption> {};
+class WaitCaption : public WaitTest, public ::testing::WithParamInterface<Twin> {};
 
 TEST_P(WaitCaption, IsThatOfTheLanguage) {
     frmwait form;
-    form.load(QString());
-    EXPECT_EQ(caption(form, GetParam().control), QString::fromUtf8(GetParam().english));
-    set_language(Language::arabic);
-    form.load(QString());
-    EXPECT_EQ(caption(form, GetParam().control), QString::fromUtf8(GetParam().arabic));
+    for (const Language language : both_languages) {
+        set_language(language);
+        form.load(QString());
+        expect_caption(form, GetParam(), language);
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(Every, WaitCaption, ::testing::ValuesIn(captions),
-                         [](const auto& row) { return std::string(row.param.control); });
+INSTANTIATE_TEST_SUITE_P(Every, WaitCaption, ::testing::ValuesIn(captions), caption_name);
 
 TEST_F(WaitTest, TheDesignShowsNothingDone) {
     frmwait form;
@@ -130,17 +123,11 @@ TEST_P(WaitBothLanguages, EveryControlIsNamedReachedAndWhole) {
     set_language(GetParam());
     frmwait form;
     form.load(QString());
-    form.show();
-    EXPECT_EQ(wrong_captions(form, frmwait_twins(), GetParam()), QStringList());
-    EXPECT_EQ(nameless_controls(form), QStringList());
-    EXPECT_EQ(unreachable_controls(form), QStringList());
-    EXPECT_EQ(cut_texts(form), QStringList());
+    expect_usable(form);
+    expect_captions(form, frmwait_twins(), GetParam());
 }
 
-INSTANTIATE_TEST_SUITE_P(In, WaitBothLanguages, ::testing::Values(Language::english, Language::arabic),
-                         [](const auto& row) {
-                             return row.param == Language::english ? "English" : "Arabic";
-                         });
+INSTANTIATE_TEST_SUITE_P(In, WaitBothLanguages, ::testing::ValuesIn(both_languages), language_name);
 
 } // namespace
 } // namespace halvane

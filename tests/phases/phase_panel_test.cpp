@@ -10,7 +10,7 @@
 #include "prayer/cmdmoon.h"
 #include "qibla/cmdqib.h"
 #include "tables/ephemeristable.h"
-#include "tests/panel/panelharness.h"
+#include "tests/panel/panelchecks.h"
 
 #include <QGroupBox>
 #include <QRadioButton>
@@ -23,13 +23,7 @@
 namespace halvane {
 namespace {
 
-struct Caption {
-    const char* control;
-    const char* english;
-    const char* arabic;
-};
-
-constexpr Caption captions[] = {
+constexpr Twin captions[] = {
     {"frmphase", "Moon Phases", "أطوار القمر"},
     {"lblhphase", "Moon Phases", "أطوار القمر"},
     {"fradate", "Date", "التاريخ"},
@@ -66,9 +60,6 @@ protected:
         write_phase({"2024", true, true});
     }
 
-    QString text(QWidget& form, const char* name) { return control<QLineEdit>(form, name).text(); }
-    bool chosen(QWidget& form, const char* name) { return control<QRadioButton>(form, name).isChecked(); }
-
     /// The lines of the table that hold a date and clock.
     std::vector<std::string> rows() const {
         std::vector<std::string> found;
@@ -90,18 +81,14 @@ protected:
     }
 };
 
-class PhaseCaption : public PhasePanel, public ::testing::WithParamInterface<Caption> {};
+class PhaseCaption : public PhasePanel, public ::testing::WithParamInterface<Twin> {};
 
 TEST_P(PhaseCaption, IsThatOfTheLanguage) {
-    frmphase english;
-    EXPECT_EQ(caption(english, GetParam().control), QString::fromUtf8(GetParam().english));
-    set_language(Language::arabic);
-    frmphase arabic;
-    EXPECT_EQ(caption(arabic, GetParam().control), QString::fromUtf8(GetParam().arabic));
+    in_both_languages<frmphase>(
+        [](QWidget& form, Language language) { expect_caption(form, GetParam(), language); });
 }
 
-INSTANTIATE_TEST_SUITE_P(Every, PhaseCaption, ::testing::ValuesIn(captions),
-                         [](const auto& row) { return std::string(row.param.control); });
+INSTANTIATE_TEST_SUITE_P(Every, PhaseCaption, ::testing::ValuesIn(captions), caption_name);
 
 TEST_F(PhasePanel, TheFrameOfDeltaTHasItsTitle) {
     frmphase form;
@@ -109,34 +96,26 @@ TEST_F(PhasePanel, TheFrameOfDeltaTHasItsTitle) {
 }
 
 TEST_F(PhasePanel, BothLanguagesAreWholeReachableAndNamed) {
-    for (const Language language : {Language::english, Language::arabic}) {
-        set_language(language);
-        frmphase form;
-        form.show();
-        QCoreApplication::processEvents();
-        EXPECT_EQ(wrong_captions(form, frmphase_twins(), language), QStringList());
-        EXPECT_EQ(nameless_controls(form), QStringList());
-        EXPECT_EQ(unreachable_controls(form), QStringList());
-        EXPECT_EQ(shared_access_keys(form), QStringList());
-        EXPECT_EQ(cut_texts(form), QStringList());
-        EXPECT_EQ(form.isRightToLeft(), language == Language::arabic);
-    }
+    in_both_languages<frmphase>([](QWidget& form, Language language) {
+        expect_usable(form);
+        expect_captions(form, frmphase_twins(), language);
+    });
 }
 
 TEST_F(PhasePanel, TheStoredChoicesAreShown) {
     write_phase({"1999", false, false});
     frmphase form;
     EXPECT_EQ(text(form, "txtyear"), QStringLiteral("1999"));
-    EXPECT_TRUE(chosen(form, "opttopo"));
-    EXPECT_FALSE(chosen(form, "optgeo"));
-    EXPECT_TRUE(chosen(form, "opttdt"));
-    EXPECT_FALSE(chosen(form, "optut"));
+    EXPECT_TRUE(checked<QRadioButton>(form, "opttopo"));
+    EXPECT_FALSE(checked<QRadioButton>(form, "optgeo"));
+    EXPECT_TRUE(checked<QRadioButton>(form, "opttdt"));
+    EXPECT_FALSE(checked<QRadioButton>(form, "optut"));
 }
 
 TEST_F(PhasePanel, GeocentricUniversalTimeIsShown) {
     frmphase form;
-    EXPECT_TRUE(chosen(form, "optgeo"));
-    EXPECT_TRUE(chosen(form, "optut"));
+    EXPECT_TRUE(checked<QRadioButton>(form, "optgeo"));
+    EXPECT_TRUE(checked<QRadioButton>(form, "optut"));
     EXPECT_TRUE(control(form, "txtdelta").isEnabled());
 }
 
@@ -191,13 +170,8 @@ TEST_F(PhasePanel, AStoredDynamicalTimeLoadsWithTheBoxDisabled) {
 
 TEST_F(PhasePanel, FocusSelectsTheWholeText) {
     frmphase form;
-    for (const char* name : {"txtyear", "txtdelta"}) {
-        auto& box = control<QLineEdit>(form, name);
-        box.deselect();
-        focus(form, name);
-        EXPECT_EQ(box.selectedText(), box.text()) << name;
-        EXPECT_FALSE(box.text().isEmpty()) << name;
-    }
+    for (const char* name : {"txtyear", "txtdelta"})
+        expect_focus_selects_text(form, name);
 }
 
 TEST_F(PhasePanel, CloseStoresWhatIsShown) {
@@ -212,14 +186,10 @@ TEST_F(PhasePanel, CloseStoresWhatIsShown) {
 }
 
 TEST_F(PhasePanel, NothingButTheButtonStores) {
-    const std::string before = content("phase.vsk");
-    frmphase form;
-    form.show();
-    enter(form, "txtyear", QStringLiteral("1900"));
-    click(form, "opttopo");
-    QTest::keyClick(&form, Qt::Key_Escape);
-    EXPECT_FALSE(form.isVisible());
-    EXPECT_EQ(content("phase.vsk"), before);
+    expect_escape_stores_nothing<frmphase>("phase.vsk", [](QWidget& form) {
+        enter(form, "txtyear", QStringLiteral("1900"));
+        click(form, "opttopo");
+    });
 }
 
 TEST_F(PhasePanel, AnOpenPanelHoldsDynamicalTimeUntilItIsClosed) {

@@ -27,7 +27,7 @@ protected:
 };
 
 TEST_F(CrescentMode, LeavesTheEventsOfItsDay) {
-    write_loc(place(36, 31, 2));
+    write_loc(place_at(36, 31, 2));
     write_pref({});
     run(jd_of(2026, 5, 1), 0);
     const PrayerDay day = prayer_day(read_prayer_settings(DayMode::report), jd_of(2026, 5, 1), 0);
@@ -42,7 +42,7 @@ TEST_F(CrescentMode, LeavesTheEventsOfItsDay) {
 }
 
 TEST_F(CrescentMode, KnowsNoCityAndNoMinutes) {
-    Location here = place(36, 31, 2);
+    Location here = place_at(36, 31, 2);
     write_loc(here);
     write_pref({});
     run(jd_of(2026, 5, 1), 0);
@@ -59,7 +59,7 @@ TEST_F(CrescentMode, KnowsNoCityAndNoMinutes) {
 }
 
 TEST_F(CrescentMode, TakesItsOwnSummerHours) {
-    write_loc(place(36, 31, 2));
+    write_loc(place_at(36, 31, 2));
     write_pref({});
     run(jd_of(2026, 5, 1), 0);
     const double winter = *hours_of(sunsetout);
@@ -68,11 +68,11 @@ TEST_F(CrescentMode, TakesItsOwnSummerHours) {
 }
 
 TEST_F(CrescentMode, KeepsTheEarlierRiseWhenTheBodyStaysUpOrDown) {
-    write_loc(place(36, 31, 2));
+    write_loc(place_at(36, 31, 2));
     write_pref({});
     run(jd_of(2026, 5, 1), 0);
     const TaggedTime sunrise = sunriseout;
-    write_loc(place(40, 87, 3));
+    write_loc(place_at(40, 87, 3));
     run(jd_of(2026, 6, 21), 0);
     EXPECT_EQ(sunriseout, sunrise);
     EXPECT_TRUE(is(sunsetout, NoEvent::up));

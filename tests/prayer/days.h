@@ -4,6 +4,7 @@
 #include "calendar/modjul.h"
 #include "ephemeris/series.h"
 #include "prayer/prayerday.h"
+#include "tests/support/places.h"
 #include "tests/support/programfolder.h"
 
 #include <gtest/gtest.h>
@@ -20,20 +21,6 @@ protected:
         double jd = 0;
         modjul(year, month, day, 0, jd);
         return jd;
-    }
-
-    /// A place at sea level; west and south are negative.
-    static Location place(double longitude, double latitude, double zone) {
-        Location location;
-        location.name = "Here";
-        location.longitude_degrees = std::abs(longitude);
-        location.latitude_degrees = std::abs(latitude);
-        location.east = longitude >= 0;
-        location.north = latitude >= 0;
-        location.west = !location.east;
-        location.south = !location.north;
-        location.zone = zone;
-        return location;
     }
 
     PrayerDay day_of(const Preferences& preferences, const Location& location, double year, double month,

@@ -266,7 +266,7 @@ protected:
         preferences.high_latitude = switch_on;
         preferences.fajer_angle = preferences.isha_angle = fajer_angle;
         write_pref(preferences);
-        Location here = place(15, latitude, 1);
+        Location here = place_at(15, latitude, 1);
         here.latitude_minutes = minutes;
         write_loc(here);
         set_period(start, end);

@@ -20,7 +20,7 @@ protected:
 TEST_F(MoonDayTest, WithoutMoonriseHasItsSetAndTransit) {
     bool found = false;
     for (int day = 1; day <= 30 && !found; ++day) {
-        const MoonTimes times = moon_of(place(36, 32, 2), 2026, 4, day);
+        const MoonTimes times = moon_of(place_at(36, 32, 2), 2026, 4, day);
         found = times.rise == "----";
         if (found) {
             EXPECT_EQ(times.set.size(), 5U);
@@ -35,7 +35,7 @@ TEST_F(MoonDayTest, OfAPolarMoonIsUpWithATransitOrDownThroughout) {
     int up = 0;
     int down = 0;
     for (int day = 1; day <= 30; ++day) {
-        const MoonTimes times = moon_of(place(40, 87, 3), 2026, 6, day);
+        const MoonTimes times = moon_of(place_at(40, 87, 3), 2026, 6, day);
         if (times.rise == "Up") {
             EXPECT_EQ(times.set, "Up");
             EXPECT_NE(times.transit, "Up");
@@ -56,14 +56,14 @@ TEST_F(MoonDayTest, FoldsATransitThatFallsInNoHourOfTheDay) {
     // third. Folded into the day, the moment is off the meridian by the Moon's motion of a day, twelve
     // degrees and more, and the azimuth test refuses it; every other day of the month has its passage.
     for (int day = 1; day <= 31; ++day) {
-        const MoonTimes times = moon_of(place(36, 32, 3), 2026, 1, day);
+        const MoonTimes times = moon_of(place_at(36, 32, 3), 2026, 1, day);
         EXPECT_EQ(times.transit == "----", day == 2) << day << ": " << times.transit;
         EXPECT_EQ(times.transit.size(), day == 2 ? 4U : 5U) << day;
     }
 }
 
 TEST_F(MoonDayTest, DipMovesTheMoonsHorizonForGood) {
-    Location mountain = place(36, 32, 2);
+    Location mountain = place_at(36, 32, 2);
     const MoonTimes low = moon_of(mountain, 2026, 4, 10);
     const double horizon = moonhorizonalt;
     mountain.elevation = 900;

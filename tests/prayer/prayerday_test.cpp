@@ -16,7 +16,7 @@ namespace {
 using PrayerDayTest = DayTest;
 
 TEST_F(PrayerDayTest, CityComesEarlierInTheMorningOnly) {
-    Location city = place(36, 31, 2);
+    Location city = place_at(36, 31, 2);
     const PrayerTimes without = day_of(seconds(), city, 2026, 5, 1).times;
     city.city_offset = 10;
     const PrayerTimes with = day_of(seconds(), city, 2026, 5, 1).times;
@@ -32,7 +32,7 @@ TEST_F(PrayerDayTest, CityComesEarlierInTheMorningOnly) {
 }
 
 TEST_F(PrayerDayTest, OfASunThatNeverRisesIsDown) {
-    const PrayerTimes times = day_of({}, place(19, 70, 1), 2026, 12, 21).times;
+    const PrayerTimes times = day_of({}, place_at(19, 70, 1), 2026, 12, 21).times;
     EXPECT_EQ(times.shuroq, "Down");
     EXPECT_EQ(times.dhohur, "Down");
     EXPECT_EQ(times.aser, "Down");
@@ -42,7 +42,7 @@ TEST_F(PrayerDayTest, OfASunThatNeverRisesIsDown) {
 }
 
 TEST_F(PrayerDayTest, OfASunThatNeverSetsHasItsTransitStill) {
-    const PrayerTimes times = day_of({}, place(19, 70, 1), 2026, 6, 21).times;
+    const PrayerTimes times = day_of({}, place_at(19, 70, 1), 2026, 6, 21).times;
     EXPECT_EQ(times.fajer, "Bright");
     EXPECT_EQ(times.shuroq, "Up");
     EXPECT_EQ(times.maghreb, "Up");
@@ -53,13 +53,13 @@ TEST_F(PrayerDayTest, OfASunThatNeverSetsHasItsTransitStill) {
 
 TEST_F(PrayerDayTest, OfASunThatNeverSinksToTheShadowHasNoAser) {
     // At the pole the Sun keeps its height all day, so that no shadow ever grows by the gnomon's length.
-    const PrayerTimes times = day_of({}, place(0, 90, 0), 2026, 6, 21).times;
+    const PrayerTimes times = day_of({}, place_at(0, 90, 0), 2026, 6, 21).times;
     EXPECT_EQ(times.maghreb, "Up");
     EXPECT_EQ(times.aser, "----");
 }
 
 TEST_F(PrayerDayTest, KeepsTheWordsOfADarkSky) {
-    const PrayerTimes times = day_of({}, place(40, 87, 3), 2026, 12, 21).times;
+    const PrayerTimes times = day_of({}, place_at(40, 87, 3), 2026, 12, 21).times;
     EXPECT_EQ(times.fajer, "Dark");
     EXPECT_EQ(times.isha, "Dark");
 }
@@ -67,14 +67,14 @@ TEST_F(PrayerDayTest, KeepsTheWordsOfADarkSky) {
 TEST_F(PrayerDayTest, OfADarkSkyDoesNotCallForTheAlternativeMethod) {
     Preferences preferences;
     preferences.high_latitude = 1;
-    const PrayerDay day = day_of(preferences, place(40, 87, 3), 2026, 12, 21);
+    const PrayerDay day = day_of(preferences, place_at(40, 87, 3), 2026, 12, 21);
     EXPECT_FALSE(day.refused);
     EXPECT_FALSE(day.by_night_fraction);
     EXPECT_EQ(day.times.fajer, "Dark");
 }
 
 TEST_F(PrayerDayTest, HeightOffStillTestsTheTransitAgainstTheDip) {
-    Location mountain = place(36, 31, 2);
+    Location mountain = place_at(36, 31, 2);
     mountain.elevation = 2500;
     Preferences preferences = seconds();
     const PrayerTimes off = day_of(preferences, mountain, 2026, 5, 1).times;
@@ -92,7 +92,7 @@ TEST_F(PrayerDayTest, HeightOffStillTestsTheTransitAgainstTheDip) {
 }
 
 TEST_F(PrayerDayTest, StoredBoxOfTheFajerElevationDoesNothing) {
-    Location mountain = place(36, 31, 2);
+    Location mountain = place_at(36, 31, 2);
     mountain.elevation = 2500;
     Preferences preferences = seconds();
     const PrayerTimes unchecked = day_of(preferences, mountain, 2026, 5, 1).times;
@@ -101,7 +101,7 @@ TEST_F(PrayerDayTest, StoredBoxOfTheFajerElevationDoesNothing) {
 }
 
 TEST_F(PrayerDayTest, MarginsMoveTheirOwnTimes) {
-    const Location here = place(36, 31, 2);
+    const Location here = place_at(36, 31, 2);
     const PrayerTimes plain = day_of(seconds(), here, 2026, 5, 1).times;
     Preferences preferences = seconds();
     preferences.subtract_fajer = 3;
@@ -118,7 +118,7 @@ TEST_F(PrayerDayTest, MarginsMoveTheirOwnTimes) {
 }
 
 TEST_F(PrayerDayTest, NegativeMarginsMoveTheOtherWay) {
-    const Location here = place(36, 31, 2);
+    const Location here = place_at(36, 31, 2);
     const PrayerTimes plain = day_of(seconds(), here, 2026, 5, 1).times;
     Preferences preferences = seconds();
     preferences.subtract_fajer = -3;
@@ -135,14 +135,14 @@ TEST_F(PrayerDayTest, TimeMovedOutOfTheDayIsNone) {
     preferences.subtract_fajer = 600;
     preferences.add_maghreb = 600;
     preferences.add_asr = 900;
-    const PrayerTimes times = day_of(preferences, place(36, 31, 2), 2026, 5, 1).times;
+    const PrayerTimes times = day_of(preferences, place_at(36, 31, 2), 2026, 5, 1).times;
     EXPECT_EQ(times.fajer, "----");
     EXPECT_EQ(times.maghreb, "----");
     EXPECT_EQ(times.aser, "----");
 }
 
 TEST_F(PrayerDayTest, EachTwilightHasItsOwnAngle) {
-    const Location here = place(36, 31, 2);
+    const Location here = place_at(36, 31, 2);
     const PrayerTimes equal = day_of(seconds(), here, 2026, 5, 1).times;
     Preferences preferences = seconds();
     preferences.isha_angle = 17;
@@ -158,14 +158,14 @@ TEST_F(PrayerDayTest, EachTwilightHasItsOwnAngle) {
 
 TEST_F(PrayerDayTest, ShadowIsTwiceAsLongByTheHanafiRule) {
     Preferences preferences = seconds();
-    const std::string standard = day_of(preferences, place(36, 31, 2), 2026, 5, 1).times.aser;
+    const std::string standard = day_of(preferences, place_at(36, 31, 2), 2026, 5, 1).times.aser;
     preferences.asr_rule = "0";
-    const std::string hanafi = day_of(preferences, place(36, 31, 2), 2026, 5, 1).times.aser;
+    const std::string hanafi = day_of(preferences, place_at(36, 31, 2), 2026, 5, 1).times.aser;
     EXPECT_GT(seconds_of(hanafi) - seconds_of(standard), 3000);
 }
 
 TEST_F(PrayerDayTest, PanelShowsWordsInPlaceOfTimesThatAreNot) {
-    write_loc(place(19, 70, 1));
+    write_loc(place_at(19, 70, 1));
     write_pref({});
     const PrayerTimes times = today_prayer_times(jd_of(2026, 6, 21));
     EXPECT_EQ(times.fajer, "Bright");
@@ -176,9 +176,9 @@ TEST_F(PrayerDayTest, PanelNeverUsesTheAlternativeMethod) {
     Preferences preferences;
     preferences.high_latitude = 1;
     write_pref(preferences);
-    write_loc(place(15, 52, 1));
+    write_loc(place_at(15, 52, 1));
     EXPECT_EQ(today_prayer_times(jd_of(2026, 6, 21)).fajer, "Bright");
-    write_loc(place(15, 67, 1));
+    write_loc(place_at(15, 67, 1));
     EXPECT_EQ(today_prayer_times(jd_of(2026, 6, 1)).fajer, "Bright");
 }
 
@@ -192,8 +192,8 @@ TEST_F(PrayerDayTest, AlternativeMethodFailsOnADayWithoutSunrise) {
     preferences.high_latitude = 1;
     // A zone five hours off puts sunrise into the day before or after for some days of June.
     write_pref(preferences);
-    write_loc(place(15, 64.9, 1));
-    Location far_zone = place(15, 64, 1);
+    write_loc(place_at(15, 64.9, 1));
+    Location far_zone = place_at(15, 64, 1);
     far_zone.latitude_minutes = 59;
     far_zone.elevation = 5000;
     preferences.elevation_setting = "1";
@@ -209,7 +209,7 @@ TEST_F(PrayerDayTest, TimesStandInTheOrderOfTheDay) {
     int checked = 0;
     for (int i = 0; i < 300; ++i) {
         const int east = longitude(random);
-        const Location here = place(east, latitude(random), std::nearbyint(east / 15.0));
+        const Location here = place_at(east, latitude(random), std::nearbyint(east / 15.0));
         // Not through the disk: a place for each day.
         folder.write("loc.vsk", "\"Here\"," + std::to_string(std::abs(east)) + ",0,0," +
                                     std::to_string(static_cast<int>(here.latitude_degrees)) + ",0,0,0," +
@@ -234,7 +234,7 @@ TEST_F(PrayerDayTest, TimesStandInTheOrderOfTheDay) {
 }
 
 TEST_F(PrayerDayTest, SummerHourMovesTheClockAndNothingElse) {
-    const Location here = place(36, 31, 2);
+    const Location here = place_at(36, 31, 2);
     const PrayerTimes winter = day_of(seconds(), here, 2026, 5, 1).times;
     const PrayerTimes summer = prayer_day(read_prayer_settings(DayMode::report), jd_of(2026, 5, 1), 1).times;
     EXPECT_NEAR(seconds_of(summer.shuroq) - seconds_of(winter.shuroq), 3600, 1);

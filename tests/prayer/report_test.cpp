@@ -22,7 +22,7 @@ bool has_line(const TemporaryProgramFolder& folder, const char* report, const st
 }
 
 TEST_F(PrayerReport, FollowsTheSystemsDateButNamesTheStoredKind) {
-    write_loc(place(36, 32, 2));
+    write_loc(place_at(36, 32, 2));
     CalculationDate date;
     date.system_date = true;
     date.period = false;
@@ -47,7 +47,7 @@ TEST_F(PrayerReport, FollowsTheSystemsDateButNamesTheStoredKind) {
 }
 
 TEST_F(PrayerReport, CountsDaysOnTheNumbersAsTheyAreStored) {
-    write_loc(place(36, 32, 2));
+    write_loc(place_at(36, 32, 2));
     set_period({2026, 2, 31}, {2026, 3, 4});
     RecordingProgress progress;
     cmdcom(progress);
@@ -70,7 +70,7 @@ TEST_F(PrayerReport, KeepsTheEarlierReportWhenARunFails) {
     set_period({2026, 3, 1}, {2026, 3, 2});
     for (const char* name : {"results.out", "mresults.out"})
         folder.write(name, "earlier");
-    Location impossible = place(36, 32, 2);
+    Location impossible = place_at(36, 32, 2);
     impossible.temperature = -273;
     write_loc(impossible);
     RecordingProgress progress;
@@ -85,7 +85,7 @@ TEST_F(PrayerReport, KeepsTheEarlierReportWhenARunFails) {
 }
 
 TEST_F(PrayerReport, PrintsDegreesBetweenMinusOneAndZeroWithoutSign) {
-    Location greenwich_west = place(0, 0, 0);
+    Location greenwich_west = place_at(0, 0, 0);
     greenwich_west.east = greenwich_west.north = false;
     greenwich_west.longitude_minutes = 7;
     greenwich_west.latitude_minutes = 30;
@@ -114,7 +114,7 @@ TEST_F(PrayerReport, PrintsMarginsAsNumberItems) {
 }
 
 TEST_F(PrayerReport, StatesTheTimeReferenceItRunsWith) {
-    write_loc(place(36, 32, 2));
+    write_loc(place_at(36, 32, 2));
     set_period({2026, 3, 1}, {2026, 3, 2});
     RecordingProgress progress;
     cmdcom(progress);

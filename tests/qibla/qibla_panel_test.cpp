@@ -14,7 +14,8 @@
 #include "qibla/direction.h"
 #include "qibla/frmqmap.h"
 #include "qibla/qiblahdial.h"
-#include "tests/panel/panelharness.h"
+#include "tests/panel/panelchecks.h"
+#include "tests/support/places.h"
 
 #include <QApplication>
 #include <QImage>
@@ -29,14 +30,8 @@
 namespace halvane {
 namespace {
 
-/// The panels' texts, written out once more.
-struct Caption {
-    const char* control;
-    const char* english;
-    const char* arabic;
-};
-
-constexpr Caption captions[] = {
+// The panels' texts, written out once more.
+constexpr Twin captions[] = {
     {"frmqib", "Qiblah Direction", "اتجاه القبلة"},
     {"lblhead", "Qiblah Direction", "اتجاه القبلة"},
     {"lblqibtim", "Qiblah Times", "مواعيد القبلة"},
@@ -55,7 +50,7 @@ constexpr Caption captions[] = {
     {"cmdclose", "Clo&se", "إ&غلاق"},
 };
 
-constexpr Caption map_captions[] = {
+constexpr Twin map_captions[] = {
     {"frmqmap", "Halvane: Qiblah World Map", "Halvane: خارطة العالم للقبلة"},
     {"lblqmap",
      "Red numbers at the top and the bottom are the Qiblah direction from the True North for each color band",
@@ -68,79 +63,39 @@ protected:
     QiblahPanelTest() {
         load_term();
         load_mterm();
-        CalculationDate date;
-        date.system_date = false;
-        date.period = true;
-        date.start = {2024, 6, 1};
-        date.end = {2024, 6, 30};
-        write_date(date);
+        set_period({2024, 6, 1}, {2024, 6, 30});
     }
 
     static void move_to(const char* name, double longitude, double latitude) {
-        Location location = read_loc();
-        location.name = name;
-        location.longitude_degrees = std::fabs(longitude);
-        location.latitude_degrees = std::fabs(latitude);
-        location.longitude_minutes = location.latitude_minutes = 0;
-        location.east = longitude >= 0;
-        location.north = latitude >= 0;
-        write_loc(location);
+        write_loc(place_at(longitude, latitude, read_loc().zone, name));
     }
 
     void lay_out_map() const {
         std::filesystem::copy(std::filesystem::path(HALVANE_DATA) / "qmap.gif", path("qmap.gif"));
     }
 
-    /// Does `action` once a run under way has shown its first day.
-    void during_run(const std::function<void()>& action) {
-        auto* timer = new QTimer(&timers_);
-        QObject::connect(timer, &QTimer::timeout, timer, [timer, action] {
-            QWidget* wait = open_window("frmwait");
-            if (wait == nullptr || caption(*wait, "lblpro1") == QStringLiteral("0"))
-                return;
-            timer->stop();
-            action();
-        });
-        timer->start(0);
-    }
-
     QStringList report() const {
         return QString::fromStdString(content("results.out")).split(QStringLiteral("\r\n"));
     }
-
-private:
-    QObject timers_;
 };
 
-class QiblahCaption : public QiblahPanelTest, public ::testing::WithParamInterface<Caption> {};
+class QiblahCaption : public QiblahPanelTest, public ::testing::WithParamInterface<Twin> {};
 
 TEST_P(QiblahCaption, IsThatOfTheLanguage) {
-    {
-        frmqib form;
-        EXPECT_EQ(caption(form, GetParam().control), QString::fromUtf8(GetParam().english));
-    }
-    set_language(Language::arabic);
-    frmqib form;
-    EXPECT_EQ(caption(form, GetParam().control), QString::fromUtf8(GetParam().arabic));
+    in_both_languages<frmqib>(
+        [](QWidget& form, Language language) { expect_caption(form, GetParam(), language); });
 }
 
-INSTANTIATE_TEST_SUITE_P(Every, QiblahCaption, ::testing::ValuesIn(captions),
-                         [](const auto& row) { return std::string(row.param.control); });
+INSTANTIATE_TEST_SUITE_P(Every, QiblahCaption, ::testing::ValuesIn(captions), caption_name);
 
-class QiblahMapCaption : public QiblahPanelTest, public ::testing::WithParamInterface<Caption> {};
+class QiblahMapCaption : public QiblahPanelTest, public ::testing::WithParamInterface<Twin> {};
 
 TEST_P(QiblahMapCaption, IsThatOfTheLanguage) {
-    {
-        frmqmap form;
-        EXPECT_EQ(caption(form, GetParam().control), QString::fromUtf8(GetParam().english));
-    }
-    set_language(Language::arabic);
-    frmqmap form;
-    EXPECT_EQ(caption(form, GetParam().control), QString::fromUtf8(GetParam().arabic));
+    in_both_languages<frmqmap>(
+        [](QWidget& form, Language language) { expect_caption(form, GetParam(), language); });
 }
 
-INSTANTIATE_TEST_SUITE_P(Every, QiblahMapCaption, ::testing::ValuesIn(map_captions),
-                         [](const auto& row) { return std::string(row.param.control); });
+INSTANTIATE_TEST_SUITE_P(Every, QiblahMapCaption, ::testing::ValuesIn(map_captions), caption_name);
 
 TEST_F(QiblahPanelTest, ADirectionWithoutDecimalsHasNone) {
     move_to("London", -0.125, 51.5);
@@ -198,22 +153,15 @@ protected:
 
 TEST_P(QiblahBothLanguages, EveryControlIsNamedReachedAndWhole) {
     frmqib form;
-    form.show();
-    EXPECT_EQ(wrong_captions(form, frmqib_twins(), GetParam()), QStringList());
-    EXPECT_EQ(nameless_controls(form), QStringList());
-    EXPECT_EQ(unreachable_controls(form), QStringList());
-    EXPECT_EQ(shared_access_keys(form), QStringList());
-    EXPECT_EQ(cut_texts(form), QStringList());
+    expect_usable(form);
+    expect_captions(form, frmqib_twins(), GetParam());
 }
 
 TEST_P(QiblahBothLanguages, EveryControlOfTheMapIsNamedReachedAndWhole) {
     lay_out_map();
     frmqmap form;
-    form.show();
-    EXPECT_EQ(wrong_captions(form, frmqmap_twins(), GetParam()), QStringList());
-    EXPECT_EQ(nameless_controls(form), QStringList());
-    EXPECT_EQ(unreachable_controls(form), QStringList());
-    EXPECT_EQ(cut_texts(form), QStringList());
+    expect_usable(form);
+    expect_captions(form, frmqmap_twins(), GetParam());
 }
 
 TEST_P(QiblahBothLanguages, TheDialIsNotMirrored) {
@@ -281,8 +229,8 @@ TEST_F(QiblahPanelTest, TheLineIsDrawnFromTheCentreToItsEndAtAnyScale) {
 
 TEST_F(QiblahPanelTest, TheSunIsChosenInTheDesign) {
     frmqib form;
-    EXPECT_TRUE(control<QRadioButton>(form, "optsun").isChecked());
-    EXPECT_FALSE(control<QRadioButton>(form, "optsha").isChecked());
+    EXPECT_TRUE(checked<QRadioButton>(form, "optsun"));
+    EXPECT_FALSE(checked<QRadioButton>(form, "optsha"));
 }
 
 TEST_F(QiblahPanelTest, TheTimesOfTheSunAreWrittenAndShown) {
@@ -321,7 +269,7 @@ TEST_F(QiblahPanelTest, TheReportIsEnglishInArabicToo) {
 TEST_F(QiblahPanelTest, ACancelKeepsTheRowsSoFarAndShowsNothing) {
     frmqib form;
     form.show();
-    during_run([] { click(*open_window("frmwait"), "bcancel"); });
+    during_run(1, [] { click(*open_window("frmwait"), "bcancel"); });
     click(form, "cmdqib");
     EXPECT_TRUE(platform_double.shown_files.empty());
     EXPECT_EQ(report().filter(QStringLiteral("30/06/2024  ")).size(), 0);
@@ -333,7 +281,7 @@ TEST_F(QiblahPanelTest, TheWindowOfTheRunTellsWhatIsComputed) {
     frmqib form;
     form.show();
     QString told;
-    during_run([&told] { told = caption(*open_window("frmwait"), "lblrun"); });
+    during_run(1, [&told] { told = caption(*open_window("frmwait"), "lblrun"); });
     click(form, "cmdqib");
     EXPECT_EQ(told, QStringLiteral("Qiblah Times"));
 }
@@ -342,7 +290,7 @@ TEST_F(QiblahPanelTest, ThePanelMayBeClosedDuringItsRun) {
     QPointer<frmqib> form = new frmqib;
     form->setAttribute(Qt::WA_DeleteOnClose);
     form->show();
-    during_run([form] {
+    during_run(1, [form] {
         form->close();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     });
@@ -449,10 +397,7 @@ TEST_F(QiblahPanelTest, AMissingPictureIsToldInItsPlace) {
     EXPECT_GT(written, 200);
 }
 
-INSTANTIATE_TEST_SUITE_P(In, QiblahBothLanguages, ::testing::Values(Language::english, Language::arabic),
-                         [](const auto& row) {
-                             return row.param == Language::english ? "English" : "Arabic";
-                         });
+INSTANTIATE_TEST_SUITE_P(In, QiblahBothLanguages, ::testing::ValuesIn(both_languages), language_name);
 
 } // namespace
 } // namespace halvane

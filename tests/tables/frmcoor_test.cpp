@@ -5,7 +5,7 @@
 #include "app/stored/loc.h"
 #include "app/stored/textfile.h"
 #include "ephemeris/series.h"
-#include "tests/panel/panelharness.h"
+#include "tests/panel/panelchecks.h"
 
 #include <QCheckBox>
 #include <QPointer>
@@ -44,13 +44,6 @@ protected:
         enter(form, "txti", QStringLiteral("1"));
         choose(form, "cboi", QStringLiteral("Second"));
     }
-    static QStringList entries(QWidget& form, const char* name) {
-        QStringList texts;
-        const auto& list = control<QComboBox>(form, name);
-        for (int i = 0; i < list.count(); ++i)
-            texts << list.itemText(i);
-        return texts;
-    }
 };
 
 TEST_F(CoorTest, TheListsHoldTheObjectsAndTheUnits) {
@@ -74,43 +67,30 @@ TEST_F(CoorTest, TheListsAreArabicInArabic) {
 }
 
 TEST_F(CoorTest, EveryCaptionIsThatOfTheLanguage) {
-    for (const Language language : {Language::english, Language::arabic}) {
-        set_language(language);
-        frmcoor form;
-        EXPECT_EQ(wrong_captions(form, frmcoor_twins(), language), QStringList());
-        EXPECT_EQ(form.layoutDirection(), language == Language::english ? Qt::LeftToRight : Qt::RightToLeft);
-    }
+    in_both_languages<frmcoor>(
+        [](QWidget& form, Language language) { expect_captions(form, frmcoor_twins(), language); });
 }
 
 TEST_F(CoorTest, EveryControlHasANameAKeyAndRoom) {
-    for (const Language language : {Language::english, Language::arabic}) {
-        set_language(language);
-        frmcoor form;
-        form.show();
-        QCoreApplication::processEvents();
-        EXPECT_EQ(nameless_controls(form), QStringList());
-        EXPECT_EQ(unreachable_controls(form), QStringList());
-        EXPECT_EQ(shared_access_keys(form), QStringList());
-        EXPECT_EQ(cut_texts(form), QStringList());
-    }
+    in_both_languages<frmcoor>([](QWidget& form, Language) { expect_usable(form); });
 }
 
 TEST_F(CoorTest, TheLoadFillsEveryControlFromTheStoredRecord) {
     put("coor.vsk", "1,#FALSE#,#FALSE#,-44,3,15,13,44,7,2026,12,31,23,59,58,6,1,1\r\n");
     frmcoor form;
     EXPECT_EQ(control<QComboBox>(form, "cboobj").currentIndex(), 1);
-    EXPECT_TRUE(control<QRadioButton>(form, "opttdt").isChecked());
-    EXPECT_TRUE(control<QRadioButton>(form, "opttopo").isChecked());
-    EXPECT_EQ(control<QLineEdit>(form, "txty").text(), QStringLiteral("-44"));
+    EXPECT_TRUE(checked<QRadioButton>(form, "opttdt"));
+    EXPECT_TRUE(checked<QRadioButton>(form, "opttopo"));
+    EXPECT_EQ(text(form, "txty"), QStringLiteral("-44"));
     const std::pair<const char*, const char*> lists[] = {
         {"cbom", "3"},   {"cbod", "15"},  {"cboh", "13"},  {"cbomn", "44"},  {"cbos", "7"},
         {"cbo2m", "12"}, {"cbo2d", "31"}, {"cbo2h", "23"}, {"cbo2mn", "59"}, {"cbo2s", "58"}};
-    for (const auto& [name, text] : lists)
-        EXPECT_EQ(control<QComboBox>(form, name).currentText(), QString::fromLatin1(text)) << name;
-    EXPECT_EQ(control<QLineEdit>(form, "txt2y").text(), QStringLiteral("2026"));
-    EXPECT_EQ(control<QLineEdit>(form, "txti").text(), QStringLiteral("6"));
+    for (const auto& [name, entry] : lists)
+        EXPECT_EQ(chosen(form, name), QString::fromLatin1(entry)) << name;
+    EXPECT_EQ(text(form, "txt2y"), QStringLiteral("2026"));
+    EXPECT_EQ(text(form, "txti"), QStringLiteral("6"));
     EXPECT_EQ(control<QComboBox>(form, "cboi").currentIndex(), 1);
-    EXPECT_TRUE(control<QCheckBox>(form, "chksummer").isChecked());
+    EXPECT_TRUE(checked<QCheckBox>(form, "chksummer"));
 }
 
 TEST_F(CoorTest, CloseStoresTheChoicesAndComputesNothing) {
@@ -154,18 +134,12 @@ TEST_F(CoorTest, TheIntervalIsStoredAsTheMagnitudeOfItsWholePart) {
 }
 
 TEST_F(CoorTest, EscapeLeavesTheStoredRecord) {
-    const std::string before = content("coor.vsk");
-    frmcoor form;
-    form.show();
-    enter(form, "txti", QStringLiteral("55"));
-    QTest::keyClick(&form, Qt::Key_Escape);
-    EXPECT_FALSE(form.isVisible());
-    EXPECT_EQ(content("coor.vsk"), before);
+    expect_escape_stores_nothing<frmcoor>("coor.vsk",
+                                          [](QWidget& form) { enter(form, "txti", QStringLiteral("55")); });
 }
 
 TEST_F(CoorTest, CalculateWritesTheTableShowsItAndHidesThePanel) {
-    put("loc.vsk", R"("Amman",35,54,0,31,57,0,900,2,#TRUE#,#TRUE#,#FALSE#,#FALSE#,0,1010,10)"
-                   "\r\n");
+    put("loc.vsk", place_of_the_golden_reports);
     frmcoor form;
     form.show();
     choose(form, "cboobj", QStringLiteral("Sun"));
@@ -202,9 +176,8 @@ TEST_F(CoorTest, AnEndBeforeTheStartIsToldAndNothingIsWritten) {
     enter_end(form, "2024", "1", "1", "23", "59");
     click(form, "cmdcalc");
     ASSERT_EQ(messages.size(), 1U);
-    EXPECT_EQ(messages[0].title, QStringLiteral("Date Error"));
-    EXPECT_EQ(messages[0].text, QStringLiteral("The end date must be AFTER the beginning date!"));
-    EXPECT_TRUE(messages[0].exclamation);
+    expect_warning(messages[0], QStringLiteral("Date Error"),
+                   QStringLiteral("The end date must be AFTER the beginning date!"));
     EXPECT_TRUE(form.isVisible());
     EXPECT_TRUE(control(form, "cmdcalc").isEnabled());
     EXPECT_FALSE(exists("ephemeris.out"));
@@ -220,8 +193,8 @@ TEST_F(CoorTest, TheDateMessageIsArabicInArabic) {
     enter(form, "txt2y", QStringLiteral("1999"));
     click(form, "cmdcalc");
     ASSERT_EQ(messages.size(), 1U);
-    EXPECT_EQ(messages[0].title, QStringLiteral("خطأ"));
-    EXPECT_EQ(messages[0].text, QStringLiteral("تاريخ النهاية يجب أن يكون بعد التاريخ البداية"));
+    expect_warning(messages[0], QStringLiteral("خطأ"),
+                   QStringLiteral("تاريخ النهاية يجب أن يكون بعد التاريخ البداية"));
     EXPECT_EQ(messages[0].direction, Qt::RightToLeft);
 }
 

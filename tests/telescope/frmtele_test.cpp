@@ -3,7 +3,7 @@
 #include "app/stored/loc.h"
 #include "ephemeris/series.h"
 #include "telescope/crescentview.h"
-#include "tests/panel/panelharness.h"
+#include "tests/panel/panelchecks.h"
 
 #include <QCheckBox>
 #include <QImage>
@@ -23,8 +23,7 @@ class TeleTest : public PanelTest {
 protected:
     TeleTest() {
         load_series();
-        put("loc.vsk", R"("Amman",35,54,0,31,57,0,900,2,#TRUE#,#TRUE#,#FALSE#,#FALSE#,0,1010,10)"
-                       "\r\n");
+        put("loc.vsk", place_of_the_golden_reports);
         put("tele.vsk", "2024,3,11,18,30,#TRUE#,#FALSE#,#TRUE#,#FALSE#,0,0\r\n");
         std::filesystem::create_directory_symlink(HALVANE_DATA "/images", path("images"));
     }
@@ -47,12 +46,10 @@ protected:
 };
 
 TEST_F(TeleTest, EveryCaptionIsThatOfTheLanguage) {
-    for (const Language language : {Language::english, Language::arabic}) {
-        set_language(language);
-        frmtele form;
-        EXPECT_EQ(wrong_captions(form, frmtele_twins(), language), QStringList());
+    in_both_languages<frmtele>([](QWidget& form, Language language) {
+        expect_captions(form, frmtele_twins(), language);
         EXPECT_EQ(control(form, "readtable").layoutDirection(), Qt::LeftToRight);
-    }
+    });
 }
 
 TEST_F(TeleTest, TheRefractionOptionsHaveTheirArabicCaptions) {
@@ -72,31 +69,25 @@ TEST_F(TeleTest, TheNoteStandsLetterForLetter) {
 }
 
 TEST_F(TeleTest, EveryControlHasANameAKeyAndRoom) {
-    for (const Language language : {Language::english, Language::arabic}) {
-        set_language(language);
-        frmtele form;
+    in_both_languages<frmtele>([](QWidget& form, Language) {
         form.show();
         click(form, "cmdcalc");
-        QCoreApplication::processEvents();
-        EXPECT_EQ(nameless_controls(form), QStringList());
-        EXPECT_EQ(unreachable_controls(form), QStringList());
-        EXPECT_EQ(shared_access_keys(form), QStringList());
-        EXPECT_EQ(cut_texts(form), QStringList());
-    }
+        expect_usable(form);
+    });
 }
 
 TEST_F(TeleTest, TheLoadFillsTheControlsAndComputesNothing) {
     put("tele.vsk", "-500,12,31,23,59,#FALSE#,#TRUE#,#FALSE#,#TRUE#,1,0\r\n");
     frmtele form;
-    EXPECT_EQ(control<QLineEdit>(form, "txtyear").text(), QStringLiteral("-500"));
-    EXPECT_EQ(control<QComboBox>(form, "cbomonth").currentText(), QStringLiteral("12"));
-    EXPECT_EQ(control<QComboBox>(form, "cboday").currentText(), QStringLiteral("31"));
-    EXPECT_EQ(control<QComboBox>(form, "cbohour").currentText(), QStringLiteral("23"));
-    EXPECT_EQ(control<QComboBox>(form, "cbominutes").currentText(), QStringLiteral("59"));
-    EXPECT_TRUE(control<QRadioButton>(form, "optref").isChecked());
-    EXPECT_TRUE(control<QRadioButton>(form, "optj2000").isChecked());
-    EXPECT_TRUE(control<QCheckBox>(form, "chkflpv").isChecked());
-    EXPECT_FALSE(control<QCheckBox>(form, "chkflph").isChecked());
+    EXPECT_EQ(text(form, "txtyear"), QStringLiteral("-500"));
+    EXPECT_EQ(chosen(form, "cbomonth"), QStringLiteral("12"));
+    EXPECT_EQ(chosen(form, "cboday"), QStringLiteral("31"));
+    EXPECT_EQ(chosen(form, "cbohour"), QStringLiteral("23"));
+    EXPECT_EQ(chosen(form, "cbominutes"), QStringLiteral("59"));
+    EXPECT_TRUE(checked<QRadioButton>(form, "optref"));
+    EXPECT_TRUE(checked<QRadioButton>(form, "optj2000"));
+    EXPECT_TRUE(checked<QCheckBox>(form, "chkflpv"));
+    EXPECT_FALSE(checked<QCheckBox>(form, "chkflph"));
     EXPECT_EQ(caption(form, "lblsunrav"), QStringLiteral("----"));
     EXPECT_TRUE(messages.empty());
 }
@@ -127,13 +118,7 @@ TEST_F(TeleTest, AStoredNumberThatNoListHoldsIsKept) {
 }
 
 TEST_F(TeleTest, EscapeLeavesTheStoredRecord) {
-    const std::string before = content("tele.vsk");
-    frmtele form;
-    form.show();
-    click(form, "chkflpv");
-    QTest::keyClick(&form, Qt::Key_Escape);
-    EXPECT_FALSE(form.isVisible());
-    EXPECT_EQ(content("tele.vsk"), before);
+    expect_escape_stores_nothing<frmtele>("tele.vsk", [](QWidget& form) { click(form, "chkflpv"); });
 }
 
 TEST_F(TeleTest, CalculateShowsTheTwelveReadOutsAndThePicture) {
@@ -200,9 +185,7 @@ TEST_F(TeleTest, AMoonBelowTheHorizonIsToldAndTheLabelsStay) {
     choose(form, "cbohour", QStringLiteral("23"));
     click(form, "cmdcalc");
     ASSERT_EQ(messages.size(), 1U);
-    EXPECT_EQ(messages[0].title, QStringLiteral("Moon is Invisible"));
-    EXPECT_EQ(messages[0].text, QStringLiteral("Moon is Below Horizon"));
-    EXPECT_TRUE(messages[0].exclamation);
+    expect_warning(messages[0], QStringLiteral("Moon is Invisible"), QStringLiteral("Moon is Below Horizon"));
     EXPECT_EQ(shown_read_outs(form), of_the_evening());
     EXPECT_EQ(picture(form), QStringLiteral("190.gif"));
 }
@@ -214,27 +197,20 @@ TEST_F(TeleTest, TheMoonsMessageIsArabicInArabic) {
     choose(form, "cbohour", QStringLiteral("23"));
     click(form, "cmdcalc");
     ASSERT_EQ(messages.size(), 1U);
-    EXPECT_EQ(messages[0].title, QStringLiteral("القمر غير موجود"));
-    EXPECT_EQ(messages[0].text, QStringLiteral("القمر تحت الأفق"));
+    expect_warning(messages[0], QStringLiteral("القمر غير موجود"), QStringLiteral("القمر تحت الأفق"));
 }
 
 TEST_F(TeleTest, NowTakesTheMachinesClockAndComputes) {
-    MachineTime time;
-    time.year = 2024;
-    time.month = 3;
-    time.day = 11;
-    time.hour = 18;
-    time.minute = 30;
     put("tele.vsk", "2000,1,1,0,0,#TRUE#,#FALSE#,#TRUE#,#FALSE#,0,0\r\n");
     frmtele form;
     form.show();
-    set_machine_time(time);
+    set_machine_time({2024, 3, 11, 18, 30, 0});
     click(form, "cmdnow");
-    EXPECT_EQ(control<QLineEdit>(form, "txtyear").text(), QStringLiteral("2024"));
-    EXPECT_EQ(control<QComboBox>(form, "cbomonth").currentText(), QStringLiteral("3"));
-    EXPECT_EQ(control<QComboBox>(form, "cboday").currentText(), QStringLiteral("11"));
-    EXPECT_EQ(control<QComboBox>(form, "cbohour").currentText(), QStringLiteral("18"));
-    EXPECT_EQ(control<QComboBox>(form, "cbominutes").currentText(), QStringLiteral("30"));
+    EXPECT_EQ(text(form, "txtyear"), QStringLiteral("2024"));
+    EXPECT_EQ(chosen(form, "cbomonth"), QStringLiteral("3"));
+    EXPECT_EQ(chosen(form, "cboday"), QStringLiteral("11"));
+    EXPECT_EQ(chosen(form, "cbohour"), QStringLiteral("18"));
+    EXPECT_EQ(chosen(form, "cbominutes"), QStringLiteral("30"));
     EXPECT_EQ(shown_read_outs(form), of_the_evening());
 }
 

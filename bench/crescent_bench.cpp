@@ -1,3 +1,4 @@
+#include "bench/noprogress.h"
 #include "crescent/crescentreport.h"
 #include "crescent/visibilitymap.h"
 #include "ephemeris/series.h"
@@ -10,16 +11,10 @@ namespace {
 
 using namespace halvane;
 
-class NoProgress : public Progress {
-public:
-    void percent(double /*value*/) override {}
-    bool yield() override { return true; }
-};
-
 void phases_of_a_year(benchmark::State& state, bool geocentric) {
     const ScratchFolder folder;
     load_series();
-    NoProgress progress;
+    bench::NoProgress progress;
     const PhaseYear year = phase_year({"2026", geocentric, true}, proposed_delta_t("2026"));
     for (auto step : state)
         write_phases(year, progress);

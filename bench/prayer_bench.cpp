@@ -1,3 +1,4 @@
+#include "bench/noprogress.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/series.h"
 #include "prayer/cmdcom.h"
@@ -11,12 +12,6 @@
 namespace {
 
 using namespace halvane;
-
-class NoProgress : public Progress {
-public:
-    void percent(double /*value*/) override {}
-    bool yield() override { return true; }
-};
 
 void day_of_prayers(benchmark::State& state) {
     const ScratchFolder folder;
@@ -41,7 +36,7 @@ void report_of_a_year(benchmark::State& state, RunOutcome (*report)(Progress&)) 
     const ScratchFolder folder;
     load_series();
     store_year(2026);
-    NoProgress progress;
+    bench::NoProgress progress;
     for (auto step : state)
         report(progress);
 }

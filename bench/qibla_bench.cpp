@@ -1,3 +1,4 @@
+#include "bench/noprogress.h"
 #include "calendar/moddeltat.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/series.h"
@@ -9,12 +10,6 @@
 namespace {
 
 using namespace halvane;
-
-class NoProgress : public Progress {
-public:
-    void percent(double /*value*/) override {}
-    bool yield() override { return true; }
-};
 
 void day_of_the_qiblah(benchmark::State& state) {
     const ScratchFolder folder;
@@ -34,7 +29,7 @@ void qiblah_report_of_a_year(benchmark::State& state, QiblahMark mark) {
     const ScratchFolder folder;
     load_series();
     store_year(2026);
-    NoProgress progress;
+    bench::NoProgress progress;
     for (auto step : state)
         cmdqib(progress, stored_qiblah_direction(), mark);
 }

@@ -1,8 +1,10 @@
 #include "app/stored/loc.h"
 #include "app/stored/pref.h"
+#include "bench/noprogress.h"
 #include "bench/programrun.h"
 #include "bench/swisswork.h"
 #include "bench/timing.h"
+#include "bench/yearofhours.h"
 #include "calendar/moddeltat.h"
 #include "calendar/switchguard.h"
 #include "crescent/circumstances.h"
@@ -88,23 +90,10 @@ std::vector<double> days_of_a_year() {
     return days;
 }
 
-class NoProgress : public Progress {
-public:
-    void percent(double /*value*/) override {}
-    bool yield() override { return true; }
-};
-
 /// `ephemeris.out` with the Moon of every hour of 2026, from its stored choices to the file.
 void moon_table_of_a_year() {
-    EphemerisSettings settings;
-    settings.object = 1;
-    settings.geocentric = false;
-    settings.end_month = 12;
-    settings.end_day = 31;
-    settings.end_hour = 23;
-    settings.unit = 2;
     NoProgress progress;
-    write_ephemeris_table(settings, progress);
+    write_ephemeris_table(year_of_hours(1), progress);
 }
 
 constexpr Phase phases[]{Phase::new_moon, Phase::first_quarter, Phase::full_moon, Phase::last_quarter};

@@ -1,3 +1,5 @@
+#include "bench/noprogress.h"
+#include "bench/yearofhours.h"
 #include "calendar/moddeltat.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/series.h"
@@ -11,23 +13,11 @@ namespace {
 
 using namespace halvane;
 
-class NoProgress : public Progress {
-public:
-    void percent(double /*value*/) override {}
-    bool yield() override { return true; }
-};
-
 void table_of_a_year(benchmark::State& state, int object) {
     const ScratchFolder folder;
     load_series();
-    EphemerisSettings settings;
-    settings.object = object;
-    settings.geocentric = false;
-    settings.end_month = 12;
-    settings.end_day = 31;
-    settings.end_hour = 23;
-    settings.unit = 2;
-    NoProgress progress;
+    const EphemerisSettings settings = bench::year_of_hours(object);
+    bench::NoProgress progress;
     for (auto step : state)
         write_ephemeris_table(settings, progress);
 }

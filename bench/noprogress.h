@@ -1,0 +1,14 @@
+#pragma once
+
+#include "app/report/progress.h"
+
+namespace halvane::bench {
+
+/// The progress of a run that nobody watches.
+class NoProgress : public Progress {
+public:
+    void percent(double /*value*/) override {}
+    bool yield() override { return true; }
+};
+
+} // namespace halvane::bench

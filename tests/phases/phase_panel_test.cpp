@@ -10,6 +10,7 @@
 #include "prayer/cmdmoon.h"
 #include "qibla/cmdqib.h"
 #include "tables/ephemeristable.h"
+#include "tests/golden/recordingprogress.h"
 #include "tests/panel/panelchecks.h"
 
 #include <QGroupBox>
@@ -45,12 +46,6 @@ constexpr Twin captions[] = {
      " يرجى اختيار الدقة و التوقيت الصيفي من قائمة الخيارات، و اختيار الموقع من قائمة الموقع"},
     {"cmdcalc", "&Calculate", "إجراء ال&حسابات"},
     {"cmdclose", "Clo&se", "إ&غلاق"},
-};
-
-class SilentProgress : public Progress {
-public:
-    void percent(double) override {}
-    bool yield() override { return true; }
 };
 
 class PhasePanel : public PanelTest {
@@ -217,7 +212,7 @@ TEST_F(PhasePanel, AnOpenPanelDoesNotReachThePrayerReport) {
     date.system_date = false;
     date.start = date.end = {2024, 6, 21};
     write_date(date);
-    SilentProgress progress;
+    RecordingProgress progress;
     Preferences seconds = read_pref();
     seconds.clock_precision = "0";
     write_pref(seconds);
@@ -270,7 +265,7 @@ TEST_F(PhasePanel, APanelOpenedInMidRunReachesNoReport) {
         {[](Progress& progress) { return write_ephemeris_table(six_hourly_day, progress); },
          "ephemeris.out"}};
     for (const auto& [run, file] : runs) {
-        SilentProgress silent;
+        RecordingProgress silent;
         run(silent);
         const std::string alone = content(file);
         Opening opening;

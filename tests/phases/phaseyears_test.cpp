@@ -278,37 +278,19 @@ TEST(ProposedDeltaT, IsThatOfMidYearToTheHundredth) {
 
 // --- Golden reports ---------------------------------------------------------------------------------------
 
-std::vector<std::string> names() {
-    std::vector<std::string> found;
-    for (const auto& entry : std::filesystem::directory_iterator(golden_folder("phases")))
-        found.push_back(entry.path().filename().string());
-    std::sort(found.begin(), found.end());
-    return found;
-}
-
-std::string test_name(const ::testing::TestParamInfo<std::string>& info) {
-    std::string name = info.param;
-    std::replace(name.begin(), name.end(), '-', '_');
-    return name;
-}
-
-class PhasesGolden : public ::testing::TestWithParam<std::string> {
-protected:
-    PhasesGolden() {
-        set_program_folder(HALVANE_DATA);
-        load_series();
-    }
-};
+class PhasesGolden : public ::testing::TestWithParam<std::string> {};
 
 TEST_P(PhasesGolden, ReportIsTheSameByteForByte) {
     expect_golden_report("phases/" + GetParam(), "results.out", [] {
+        load_series();
         const PhaseSettings settings = read_phase();
         RecordingProgress progress;
         write_phases(phase_year(settings, proposed_delta_t(settings.year)), progress);
     });
 }
 
-INSTANTIATE_TEST_SUITE_P(Settings, PhasesGolden, ::testing::ValuesIn(names()), test_name);
+INSTANTIATE_TEST_SUITE_P(Settings, PhasesGolden, ::testing::ValuesIn(golden_names("phases")),
+                         golden_test_name);
 
 } // namespace
 } // namespace halvane

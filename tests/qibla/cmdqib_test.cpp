@@ -10,8 +10,8 @@
 #include "tests/golden/goldenreport.h"
 #include "tests/golden/recordingprogress.h"
 
+#include <filesystem>
 #include <gtest/gtest.h>
-#include <optional>
 
 namespace halvane {
 namespace {
@@ -20,23 +20,20 @@ namespace {
 class CmdqibTest : public ::testing::Test {
 protected:
     CmdqibTest() {
-        set_program_folder(HALVANE_DATA);
         load_term();
         load_mterm();
-        folder_.emplace(golden_folder("qibla/sun-medan-solstice-seconds"));
     }
     ~CmdqibTest() override { use_machine_clock(); }
 
     RunOutcome run(Progress& progress, QiblahMark mark = QiblahMark::sun) const {
         return cmdqib(progress, stored_qiblah_direction(), mark);
     }
-    std::string report() const { return folder_->content("results.out"); }
+    std::string report() const { return folder_.content("results.out"); }
     std::vector<std::string> lines() const { return lines_of(report()); }
-    static std::string golden() {
-        return bytes_of(golden_folder("qibla/sun-medan-solstice-seconds") / "results.out");
-    }
+    static std::filesystem::path source() { return golden_folder("qibla/sun-medan-solstice-seconds"); }
+    static std::string golden() { return bytes_of(source() / "results.out"); }
 
-    std::optional<TestProgramFolder> folder_;
+    TestFolderWithSeries folder_{source()};
 };
 
 TEST_F(CmdqibTest, ProgressGoesFromNothingToAllOverThePeriod) {
@@ -91,8 +88,8 @@ TEST_F(CmdqibTest, ACancelAtTheFirstDayKeepsItsRow) {
 }
 
 TEST_F(CmdqibTest, AFailureInMidRunLeavesTheEarlierReportUntouched) {
-    folder_->put("results.out", "An earlier report\r\n");
-    const std::vector<std::string> before = folder_->files();
+    folder_.put("results.out", "An earlier report\r\n");
+    const std::vector<std::string> before = folder_.files();
     RecordingProgress progress;
     progress.at_yield = [](int yield) {
         if (yield == 12)
@@ -100,11 +97,11 @@ TEST_F(CmdqibTest, AFailureInMidRunLeavesTheEarlierReportUntouched) {
     };
     EXPECT_THROW(run(progress), RunTimeFailure);
     EXPECT_EQ(report(), "An earlier report\r\n");
-    EXPECT_EQ(folder_->files(), before);
+    EXPECT_EQ(folder_.files(), before);
 }
 
 TEST_F(CmdqibTest, SettingsWithoutAFiniteAltitudeLimitAreARunTimeFailure) {
-    folder_->put("results.out", "An earlier report\r\n");
+    folder_.put("results.out", "An earlier report\r\n");
     Location location = read_loc();
     location.temperature = -273;
     write_loc(location);
@@ -114,10 +111,10 @@ TEST_F(CmdqibTest, SettingsWithoutAFiniteAltitudeLimitAreARunTimeFailure) {
 }
 
 TEST_F(CmdqibTest, AMissingDateFileIsARunTimeFailure) {
-    std::filesystem::remove(folder_->path("date.vsk"));
+    std::filesystem::remove(folder_.path("date.vsk"));
     RecordingProgress progress;
     EXPECT_THROW(run(progress), RunTimeFailure);
-    EXPECT_FALSE(folder_->holds("results.out"));
+    EXPECT_FALSE(folder_.holds("results.out"));
 }
 
 TEST_F(CmdqibTest, TheTimeReferenceOfAnotherPanelDoesNotReachTheRun) {

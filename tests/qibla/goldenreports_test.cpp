@@ -24,17 +24,12 @@ QiblahMark mark_of(const std::string& name) {
     return name.starts_with("shadow") ? QiblahMark::shadow : QiblahMark::sun;
 }
 
-class QiblahGolden : public ::testing::TestWithParam<std::string> {
-protected:
-    QiblahGolden() {
-        set_program_folder(HALVANE_DATA);
-        load_term();
-        load_mterm();
-    }
-};
+class QiblahGolden : public ::testing::TestWithParam<std::string> {};
 
 TEST_P(QiblahGolden, ReportIsTheSameByteForByte) {
     expect_golden_report(room + GetParam(), "results.out", [] {
+        load_term();
+        load_mterm();
         RecordingProgress progress;
         EXPECT_EQ(cmdqib(progress, stored_qiblah_direction(), mark_of(GetParam())), RunOutcome::done);
     });

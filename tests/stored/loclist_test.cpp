@@ -28,9 +28,14 @@ std::vector<std::string> names() {
 
 using Names = std::vector<std::string>;
 
-TEST(LocationList, ReadsTheFieldsInTheOrderOfTheList) {
+/// A folder whose list holds two places.
+class LocationList : public testing::Test {
+protected:
+    LocationList() { folder.write("loc.txt", two_places); }
     const TemporaryProgramFolder folder;
-    folder.write("loc.txt", two_places);
+};
+
+TEST_F(LocationList, ReadsTheFieldsInTheOrderOfTheList) {
     const std::vector<Location> list = read_location_list();
     ASSERT_EQ(list.size(), 2U);
     const Location& rio = list[1];
@@ -52,9 +57,7 @@ TEST(LocationList, ReadsTheFieldsInTheOrderOfTheList) {
     EXPECT_TRUE(list[0].north && list[0].east && !list[0].south && !list[0].west);
 }
 
-TEST(LocationList, AddAppendsARecordOfTheListsForm) {
-    const TemporaryProgramFolder folder;
-    folder.write("loc.txt", two_places);
+TEST_F(LocationList, AddAppendsARecordOfTheListsForm) {
     Location added = place("Suva");
     added.north = false;
     added.zone = 12;
@@ -64,22 +67,17 @@ TEST(LocationList, AddAppendsARecordOfTheListsForm) {
               std::string(two_places) + "\"Suva\",2,0,0,1,0,0,0,1,12,6,0,1010,10\r\n");
 }
 
-TEST(LocationList, AddRefusesANameThatIsThereAndWritesNothing) {
-    const TemporaryProgramFolder folder;
-    folder.write("loc.txt", two_places);
+TEST_F(LocationList, AddRefusesANameThatIsThereAndWritesNothing) {
     EXPECT_FALSE(add_location(place("Rio")));
     EXPECT_EQ(folder.read("loc.txt"), two_places);
 }
 
-TEST(LocationList, AddTakesANameThatDiffersInCaseOnly) {
-    const TemporaryProgramFolder folder;
-    folder.write("loc.txt", two_places);
+TEST_F(LocationList, AddTakesANameThatDiffersInCaseOnly) {
     EXPECT_TRUE(add_location(place("rio")));
     EXPECT_EQ(names(), (Names{"Amman", "Rio", "rio"}));
 }
 
-TEST(LocationList, AddMendsAMissingLastLineEnd) {
-    const TemporaryProgramFolder folder;
+TEST_F(LocationList, AddMendsAMissingLastLineEnd) {
     const std::string whole = two_places;
     for (const std::string& cut :
          {whole.substr(0, whole.size() - 2), whole.substr(0, whole.size() - 1), whole}) {
@@ -93,17 +91,14 @@ TEST(LocationList, AddMendsAMissingLastLineEnd) {
     EXPECT_EQ(names(), Names{"Suva"});
 }
 
-TEST(LocationList, AddComparesTheNameAsItIsStored) {
-    const TemporaryProgramFolder folder;
+TEST_F(LocationList, AddComparesTheNameAsItIsStored) {
     folder.write("loc.txt", "");
     EXPECT_TRUE(add_location(place("The \"Hill\"")));
     EXPECT_EQ(names(), Names{"The 'Hill'"});
     EXPECT_FALSE(add_location(place("The \"Hill\"")));
 }
 
-TEST(LocationList, ModifyMovesTheRecordToTheEnd) {
-    const TemporaryProgramFolder folder;
-    folder.write("loc.txt", two_places);
+TEST_F(LocationList, ModifyMovesTheRecordToTheEnd) {
     Location amman = place("Amman");
     amman.elevation = 777;
     modify_location(amman);
@@ -112,16 +107,13 @@ TEST(LocationList, ModifyMovesTheRecordToTheEnd) {
     EXPECT_FALSE(folder.has("temp.txt"));
 }
 
-TEST(LocationList, ModifyOfAnUnknownNameAppendsAndRemovesNothing) {
-    const TemporaryProgramFolder folder;
-    folder.write("loc.txt", two_places);
+TEST_F(LocationList, ModifyOfAnUnknownNameAppendsAndRemovesNothing) {
     modify_location(place("Amman 2"));
     EXPECT_EQ(names(), (Names{"Amman", "Rio", "Amman 2"}));
     EXPECT_EQ(folder.read("loc.txt").substr(0, std::string(two_places).size()), two_places);
 }
 
-TEST(LocationList, DeleteTakesEveryRecordOfExactlyThatName) {
-    const TemporaryProgramFolder folder;
+TEST_F(LocationList, DeleteTakesEveryRecordOfExactlyThatName) {
     folder.write("loc.txt", std::string(two_places) + two_places);
     delete_location("Amman");
     EXPECT_EQ(names(), (Names{"Rio", "Rio"}));
@@ -129,24 +121,22 @@ TEST(LocationList, DeleteTakesEveryRecordOfExactlyThatName) {
     EXPECT_EQ(names(), (Names{"Rio", "Rio"}));
 }
 
-TEST(LocationList, DeleteOfAnUnknownNameRewritesTheDeliveredListUnchanged) {
-    const TemporaryProgramFolder folder;
+TEST_F(LocationList, DeleteOfAnUnknownNameRewritesTheDeliveredListUnchanged) {
+    folder.write("loc.txt", bytes_of(delivered("loc.txt")));
     folder.write("temp.txt", "left over from a broken run");
     delete_location("Nowhere at all");
     EXPECT_EQ(folder.read("loc.txt"), bytes_of(delivered("loc.txt")));
     EXPECT_FALSE(folder.has("temp.txt"));
 }
 
-TEST(LocationList, DeleteOfTheOnlyRecordLeavesAnEmptyFile) {
-    const TemporaryProgramFolder folder;
+TEST_F(LocationList, DeleteOfTheOnlyRecordLeavesAnEmptyFile) {
     folder.write("loc.txt", "\"Amman\",31,57,0,35,54,0,1,1,2,900,0,1010,10\r\n");
     delete_location("Amman");
     EXPECT_EQ(folder.read("loc.txt"), "");
     EXPECT_TRUE(read_location_list().empty());
 }
 
-TEST(LocationList, NeverTouchesTheCurrentLocation) {
-    const TemporaryProgramFolder folder;
+TEST_F(LocationList, NeverTouchesTheCurrentLocation) {
     const std::string current = folder.read("loc.vsk");
     delete_location("Amman");
     add_location(place("Elsewhere"));
@@ -154,26 +144,20 @@ TEST(LocationList, NeverTouchesTheCurrentLocation) {
     EXPECT_EQ(folder.read("loc.vsk"), current);
 }
 
-TEST(LocationList, KeepsNamesInWindows1256WhenARecordIsAdded) {
-    const TemporaryProgramFolder folder;
+TEST_F(LocationList, KeepsNamesInWindows1256WhenARecordIsAdded) {
     folder.write("loc.txt", "\"\xDA\xE3\xC7\xE4\",31,57,0,35,54,0,1,1,2,900,0,1010,10\r\n");
     EXPECT_TRUE(add_location(place("القدس")));
     EXPECT_EQ(names(), (Names{"عمان", "القدس"}));
     EXPECT_FALSE(add_location(place("عمان")));
 }
 
-TEST(LocationList, TellsTheRecordAndFieldOfDamage) {
-    const TemporaryProgramFolder folder;
+TEST_F(LocationList, TellsTheRecordAndFieldOfDamage) {
     const std::vector<std::string> fields = fields_of("\"Rio\",22,54,36,43,10,12,0,0,-3,11,2.5,1000,25.5");
-    for (std::size_t i = 1; i < fields.size(); ++i) {
-        std::vector<std::string> damaged = fields;
-        damaged[i] = "junk";
-        folder.write("loc.txt", two_places + record_of(damaged));
-        const auto words = failure_words([] { read_location_list(); });
-        ASSERT_TRUE(words.has_value()) << i;
-        EXPECT_NE(words->find("loc.txt, record 3, field " + std::to_string(i + 1) + ": wanted a number"),
-                  std::string::npos)
-            << *words;
+    for (std::size_t field = 2; field <= fields.size(); ++field) {
+        folder.write("loc.txt", two_places + record_with(fields, field, "junk"));
+        expect_failure_that_tells(
+            [] { read_location_list(); },
+            {"loc.txt, record 3, field " + std::to_string(field) + ": wanted a number"});
     }
     folder.write("loc.txt", std::string(two_places) + std::string(100000, 'x'));
     EXPECT_TRUE(failure_words([] { read_location_list(); }).has_value());
@@ -182,8 +166,7 @@ TEST(LocationList, TellsTheRecordAndFieldOfDamage) {
     EXPECT_TRUE(failure_words([] { add_location(place("x")); }).has_value());
 }
 
-TEST(LocationList, CutAnywhereGivesTheWholeRecordsOrAFailure) {
-    const TemporaryProgramFolder folder;
+TEST_F(LocationList, CutAnywhereGivesTheWholeRecordsOrAFailure) {
     const std::string whole = two_places;
     const std::size_t second = whole.find("\"Rio\"");
     for (std::size_t length = 0; length < whole.size(); ++length) {
@@ -196,9 +179,7 @@ TEST(LocationList, CutAnywhereGivesTheWholeRecordsOrAFailure) {
     }
 }
 
-TEST(LocationList, ReadsTheSameWithOtherLineEndsAndAMark) {
-    const TemporaryProgramFolder folder;
-    folder.write("loc.txt", two_places);
+TEST_F(LocationList, ReadsTheSameWithOtherLineEndsAndAMark) {
     const std::vector<Location> list = read_location_list();
     std::string unix_lines = two_places;
     std::erase(unix_lines, '\r');

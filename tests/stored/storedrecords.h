@@ -13,6 +13,7 @@
 #include "tests/support/programfolder.h"
 
 #include <functional>
+#include <gtest/gtest.h>
 #include <memory>
 #include <optional>
 #include <ostream>
@@ -72,6 +73,12 @@ inline std::string record_of(const std::vector<std::string>& fields) {
     return line + "\r\n";
 }
 
+/// The record with another text in place of the field `number`, counted from 1.
+inline std::string record_with(std::vector<std::string> fields, std::size_t number, const std::string& text) {
+    fields.at(number - 1) = text;
+    return record_of(fields);
+}
+
 /// The words of the failure that `run` raises; nothing when it raises none.
 inline std::optional<std::string> failure_words(const std::function<void()>& run) {
     try {
@@ -80,6 +87,15 @@ inline std::optional<std::string> failure_words(const std::function<void()>& run
         return failure.what();
     }
     return std::nullopt;
+}
+
+/// `run` raises a failure whose words hold all of `parts`.
+inline void expect_failure_that_tells(const std::function<void()>& run,
+                                      const std::vector<std::string>& parts) {
+    const std::optional<std::string> words = failure_words(run);
+    ASSERT_TRUE(words.has_value()) << "nothing was raised";
+    for (const std::string& part : parts)
+        EXPECT_NE(words->find(part), std::string::npos) << *words << " does not tell " << part;
 }
 
 } // namespace halvane

@@ -2,22 +2,20 @@
 #include "ephemeris/series.h"
 #include "tables/ephemeristable.h"
 #include "tests/golden/goldenreport.h"
-#include "tests/tables/scriptedprogress.h"
+#include "tests/golden/recordingprogress.h"
 
 namespace halvane {
 namespace {
 
 class EphemerisGolden : public ::testing::Test {
 protected:
-    EphemerisGolden() {
-        set_program_folder(HALVANE_DATA);
-        load_series();
-    }
-    static void expect(const std::string& name, int cancelled_row = 0) {
+    static void expect(const std::string& name, int cancelled_row = RecordingProgress::never) {
         expect_golden_report("tables/" + name, "ephemeris.out", [cancelled_row] {
-            ScriptedProgress progress(cancelled_row);
+            load_series();
+            RecordingProgress progress(cancelled_row);
             const RunOutcome outcome = write_ephemeris_table(read_coor(), progress);
-            EXPECT_EQ(outcome, cancelled_row == 0 ? RunOutcome::done : RunOutcome::cancelled);
+            EXPECT_EQ(outcome,
+                      cancelled_row == RecordingProgress::never ? RunOutcome::done : RunOutcome::cancelled);
         });
     }
 };

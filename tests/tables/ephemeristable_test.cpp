@@ -6,7 +6,7 @@
 #include "calendar/moddeltat.h"
 #include "ephemeris/series.h"
 #include "tests/golden/goldenreport.h"
-#include "tests/tables/scriptedprogress.h"
+#include "tests/golden/recordingprogress.h"
 
 #include <cmath>
 #include <sstream>
@@ -32,19 +32,15 @@ EphemerisSettings span_of_days(double first_day, double last_day, double interva
 
 class EphemerisTable : public ::testing::Test {
 protected:
-    EphemerisTable() {
-        set_program_folder(HALVANE_DATA);
-        load_series();
-        folder_.emplace(golden_folder("tables/sun-geocentric-ut1-hours"));
-    }
+    EphemerisTable() { load_series(); }
 
-    RunOutcome run(const EphemerisSettings& settings, int cancelled_row = 0) {
-        progress_ = ScriptedProgress(cancelled_row);
+    RunOutcome run(const EphemerisSettings& settings, int cancelled_row = RecordingProgress::never) {
+        progress_ = RecordingProgress(cancelled_row);
         return write_ephemeris_table(settings, progress_);
     }
-    bool is_written() const { return folder_->holds("ephemeris.out"); }
-    std::string report() const { return folder_->content("ephemeris.out"); }
-    void put_report(const std::string& content) { save_text_file(folder_->path("ephemeris.out"), content); }
+    bool is_written() const { return folder_.holds("ephemeris.out"); }
+    std::string report() const { return folder_.content("ephemeris.out"); }
+    void put_report(const std::string& content) { save_text_file(folder_.path("ephemeris.out"), content); }
 
     /// The lines that start with a clock, without their line ends.
     std::vector<std::string> rows() const {
@@ -62,8 +58,8 @@ protected:
         return found;
     }
 
-    ScriptedProgress progress_;
-    std::optional<TestProgramFolder> folder_;
+    RecordingProgress progress_;
+    TestFolderWithSeries folder_{golden_folder("tables/sun-geocentric-ut1-hours")};
 };
 
 TEST(TableSpan, AnIntervalOfTwoPointSevenHoursStepsTwoHours) {
@@ -137,7 +133,7 @@ TEST_F(EphemerisTable, TheSummerSpanOfThePreferencesIsNotAsked) {
 TEST_F(EphemerisTable, AStartEqualToTheEndGivesOneRow) {
     EXPECT_EQ(run(span_of_days(1, 1, 1, second)), RunOutcome::done);
     EXPECT_EQ(rows().size(), 1U);
-    EXPECT_EQ(progress_.told, std::vector<double>{100});
+    EXPECT_EQ(progress_.percents, std::vector<double>{100});
 }
 
 TEST_F(EphemerisTable, AnEndBeforeTheStartIsRefusedAndNothingIsWritten) {
@@ -201,7 +197,7 @@ TEST_F(EphemerisTable, ACancelledTableHoldsItsRowsAndTheRemarks) {
 TEST_F(EphemerisTable, ProgressIsTheShareOfTheRows) {
     run(span_of_days(1, 5, 1, day));
     // Five rows over four steps: the last share would be 125.
-    EXPECT_EQ(progress_.told, (std::vector<double>{25, 50, 75, 100, 100}));
+    EXPECT_EQ(progress_.percents, (std::vector<double>{25, 50, 75, 100, 100}));
 }
 
 TEST_F(EphemerisTable, TheTimeReferenceIsPutBack) {
@@ -230,7 +226,7 @@ TEST_F(EphemerisTable, AFarDateEnds) {
     settings.end_hour = 5;
     // A day cannot be told from the next one there; the count of rows ends the table.
     EXPECT_EQ(run(settings), RunOutcome::done);
-    EXPECT_LE(progress_.rows, 6);
+    EXPECT_LE(progress_.yields, 6);
 }
 
 TEST_F(EphemerisTable, ADateWithoutAFiniteDayIsARunTimeFailure) {

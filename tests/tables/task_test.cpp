@@ -1,7 +1,7 @@
 #include "app/batch/tasks.h"
 #include "app/stored/coor.h"
 #include "tests/golden/goldenreport.h"
-#include "tests/tables/scriptedprogress.h"
+#include "tests/golden/recordingprogress.h"
 
 #include <algorithm>
 
@@ -16,31 +16,24 @@ protected:
             std::find_if(tasks.begin(), tasks.end(), [](const Task& t) { return t.name == "ephemeris"; });
         return task == tasks.end() ? -1 : task->run(progress);
     }
-    static void link_series(const TestProgramFolder& folder) {
-        for (const char* name : {"term.vsk", "mterm.vsk", "elp.vsk", "termfull.vsk"})
-            std::filesystem::create_symlink(std::filesystem::path(HALVANE_DATA) / name, folder.path(name));
-    }
+    static std::filesystem::path source() { return golden_folder("tables/moon-topocentric-ut1-minutes"); }
+
+    const TestFolderWithSeries folder{source()};
 };
 
 TEST_F(EphemerisTask, WritesTheTableOfTheStoredRecord) {
-    const TestProgramFolder folder(golden_folder("tables/moon-topocentric-ut1-minutes"));
-    link_series(folder);
-    ScriptedProgress progress;
+    RecordingProgress progress;
     ::testing::internal::CaptureStdout();
     EXPECT_EQ(run_task(progress), status_done);
     EXPECT_EQ(::testing::internal::GetCapturedStdout(), folder.path("ephemeris.out") + "\n");
-    EXPECT_EQ(
-        folder.content("ephemeris.out"),
-        read_text_file((golden_folder("tables/moon-topocentric-ut1-minutes") / "ephemeris.out").string()));
+    EXPECT_EQ(folder.content("ephemeris.out"), bytes_of(source() / "ephemeris.out"));
 }
 
 TEST_F(EphemerisTask, TellsAnEndBeforeTheStartAndFails) {
-    const TestProgramFolder folder(golden_folder("tables/moon-topocentric-ut1-minutes"));
-    link_series(folder);
     EphemerisSettings settings = read_coor();
     settings.end_year = 2023;
     write_coor(settings);
-    ScriptedProgress progress;
+    RecordingProgress progress;
     ::testing::internal::CaptureStderr();
     EXPECT_EQ(run_task(progress), status_failure);
     EXPECT_EQ(::testing::internal::GetCapturedStderr(), "The end date must be AFTER the beginning date!\n");
@@ -48,9 +41,7 @@ TEST_F(EphemerisTask, TellsAnEndBeforeTheStartAndFails) {
 }
 
 TEST_F(EphemerisTask, FailsWhenItIsInterrupted) {
-    const TestProgramFolder folder(golden_folder("tables/moon-topocentric-ut1-minutes"));
-    link_series(folder);
-    ScriptedProgress progress(2);
+    RecordingProgress progress(2);
     ::testing::internal::CaptureStdout();
     ::testing::internal::CaptureStderr();
     EXPECT_EQ(run_task(progress), status_failure);

@@ -42,11 +42,7 @@ double separation(const Direction& a, const Direction& b) {
 
 class Telescope : public ::testing::Test {
 protected:
-    Telescope() {
-        set_program_folder(HALVANE_DATA);
-        load_series();
-        folder_.emplace(golden_folder("telescope"));
-    }
+    Telescope() { load_series(); }
 
     static TelescopeSettings at(double year, double month, double day, double hour, double minute) {
         TelescopeSettings settings;
@@ -82,7 +78,7 @@ protected:
         return settings;
     }
 
-    std::optional<TestProgramFolder> folder_;
+    TestFolderWithSeries folder_{golden_folder("telescope")};
 };
 
 TEST_F(Telescope, AnswersWithTheMoonHalfADegreeBelowTheHorizon) {

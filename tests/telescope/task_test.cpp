@@ -1,6 +1,7 @@
 #include "app/batch/tasks.h"
 #include "app/stored/tele.h"
 #include "tests/golden/goldenreport.h"
+#include "tests/golden/recordingprogress.h"
 
 #include <algorithm>
 #include <optional>
@@ -8,19 +9,8 @@
 namespace halvane {
 namespace {
 
-class NoProgress : public Progress {
-public:
-    void percent(double /*value*/) override {}
-    bool yield() override { return true; }
-};
-
 class TelescopeTask : public ::testing::Test {
 protected:
-    TelescopeTask() : folder_(golden_folder("telescope")) {
-        for (const char* name : {"term.vsk", "mterm.vsk", "elp.vsk", "termfull.vsk"})
-            std::filesystem::create_symlink(std::filesystem::path(HALVANE_DATA) / name, folder_.path(name));
-    }
-
     /// Runs the task at an hour of 2024 March 11 and keeps what it prints.
     int run(double hour, double minute, int flip_horizontal = 0, int flip_vertical = 0) {
         TelescopeSettings settings;
@@ -35,7 +25,7 @@ protected:
         const std::vector<Task> tasks = batch_tasks();
         const auto task =
             std::find_if(tasks.begin(), tasks.end(), [](const Task& t) { return t.name == "telescope"; });
-        NoProgress progress;
+        RecordingProgress progress;
         ::testing::internal::CaptureStdout();
         ::testing::internal::CaptureStderr();
         const int status = task == tasks.end() ? -1 : task->run(progress);
@@ -44,7 +34,7 @@ protected:
         return status;
     }
 
-    TestProgramFolder folder_;
+    TestFolderWithSeries folder_{golden_folder("telescope")};
     std::string printed_;
     std::string told_;
 };

@@ -1,7 +1,5 @@
 #include "bench/noprogress.h"
 #include "bench/yearofhours.h"
-#include "calendar/moddeltat.h"
-#include "ephemeris/modgeneral.h"
 #include "ephemeris/series.h"
 #include "tables/ephemeristable.h"
 #include "telescope/pointing.h"

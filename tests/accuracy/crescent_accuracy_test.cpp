@@ -1,4 +1,3 @@
-#include "calendar/moddeltat.h"
 #include "crescent/circumstances.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/series.h"

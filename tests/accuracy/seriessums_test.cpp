@@ -7,6 +7,7 @@
 #include <cmath>
 #include <vector>
 
+#include <array>
 #include <gtest/gtest.h>
 
 namespace halvane {

@@ -2,14 +2,18 @@
 
 #include "app/stored/alert.h"
 #include "app/stored/failure.h"
+#include "calendar/machineclock.h"
 #include "ephemeris/series.h"
 #include "tests/alerts/testclock.h"
 #include "tests/panel/panelharness.h"
 
 #include <QFile>
+#include <QLabel>
 #include <QTimer>
 #include <QtEndian>
 #include <algorithm>
+#include <chrono>
+#include <cmath>
 #include <cstdlib>
 
 namespace halvane {

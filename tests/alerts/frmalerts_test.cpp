@@ -4,7 +4,7 @@
 #include "app/stored/failure.h"
 #include "tests/panel/panelchecks.h"
 
-#include <QCheckBox>
+#include <QLineEdit>
 #include <filesystem>
 
 namespace halvane {

@@ -6,6 +6,7 @@
 #include <QElapsedTimer>
 #include <QProcess>
 #include <QThread>
+#include <csignal>
 #include <filesystem>
 #include <functional>
 #include <unistd.h>

@@ -9,6 +9,8 @@
 #include "tests/golden/goldenreport.h"
 #include "tests/support/places.h"
 
+#include <chrono>
+#include <iterator>
 #include <map>
 
 namespace halvane {

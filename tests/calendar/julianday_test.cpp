@@ -3,7 +3,6 @@
 #include "calendar/platformdate.h"
 
 #include <chrono>
-#include <cmath>
 #include <gtest/gtest.h>
 #include <random>
 #include <string>

@@ -3,8 +3,8 @@
 #include "app/report/head.h"
 #include "app/stored/date.h"
 #include "app/stored/failure.h"
+#include "app/stored/pref.h"
 #include "calendar/civildate.h"
-#include "calendar/moddateconv.h"
 #include "calendar/moddeltat.h"
 #include "calendar/modjul.h"
 #include "crescent/crescentreport.h"
@@ -16,9 +16,12 @@
 #include "prayer/crescentmode.h"
 #include "tests/crescent/crescentfixture.h"
 #include "tests/golden/recordingprogress.h"
+#include "tests/support/places.h"
 
+#include <algorithm>
 #include <cmath>
 #include <fstream>
+#include <gtest/gtest.h>
 #include <numbers>
 
 namespace halvane {

@@ -7,9 +7,10 @@
 #include "tests/panel/panelchecks.h"
 #include "tests/support/places.h"
 
+#include <QPushButton>
 #include <QRadioButton>
 #include <QTimer>
-#include <memory>
+#include <cmath>
 
 namespace halvane {
 namespace {

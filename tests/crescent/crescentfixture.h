@@ -1,12 +1,10 @@
 #pragma once
 
-#include "app/stored/pref.h"
 #include "app/stored/visib.h"
 #include "crescent/conjunction.h"
 #include "crescent/visibilitymap.h"
 #include "ephemeris/series.h"
 #include "tests/golden/goldenreport.h"
-#include "tests/support/places.h"
 
 #include <gtest/gtest.h>
 #include <string>

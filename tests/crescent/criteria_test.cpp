@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 #include <limits>
 #include <numbers>
+#include <optional>
 
 namespace halvane {
 namespace {

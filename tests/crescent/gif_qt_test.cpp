@@ -1,8 +1,8 @@
 #include "tests/crescent/gif_pictures.h"
 
-#include <QBuffer>
 #include <QByteArray>
 #include <QImage>
+#include <cstdint>
 #include <gtest/gtest.h>
 
 namespace halvane::test {

@@ -13,8 +13,11 @@
 #include <stdexcept>
 #include <string>
 
+#include <algorithm>
+#include <cstdint>
 #include <gif_lib.h>
 #include <gtest/gtest.h>
+#include <random>
 #include <unistd.h>
 
 namespace halvane::test {

@@ -1,6 +1,8 @@
 #include "crescent/crescentreport.h"
 #include "tests/crescent/crescentfixture.h"
 
+#include <gtest/gtest.h>
+
 namespace halvane {
 namespace {
 

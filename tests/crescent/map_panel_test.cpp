@@ -1,5 +1,4 @@
 #include "app/messages.h"
-#include "app/stored/programfolder.h"
 #include "crescent/conjunction.h"
 #include "crescent/frmmap.h"
 #include "crescent/legendlabel.h"
@@ -8,6 +7,7 @@
 #include "ephemeris/series.h"
 #include "tests/panel/panelchecks.h"
 
+#include <QComboBox>
 #include <QElapsedTimer>
 #include <QImage>
 #include <QMouseEvent>
@@ -16,9 +16,12 @@
 #include <QRegularExpression>
 #include <QTimer>
 #include <algorithm>
+#include <cmath>
 #include <csignal>
 #include <filesystem>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <set>
 #include <sys/resource.h>
 

@@ -1,5 +1,3 @@
-#include "crescent/gif.h"
-#include "crescent/maptexts.h"
 #include "crescent/visibilitymap.h"
 #include "tests/crescent/crescentfixture.h"
 
@@ -7,8 +5,8 @@
 #include <cmath>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <gif_lib.h>
+#include <gtest/gtest.h>
 #include <sstream>
 #include <sys/wait.h>
 

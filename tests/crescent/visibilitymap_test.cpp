@@ -8,11 +8,12 @@
 #include "ephemeris/sun.h"
 #include "events/modlowriseset.h"
 #include "tests/crescent/crescentfixture.h"
+#include "tests/support/places.h"
 
 #include <algorithm>
 #include <cmath>
 #include <fstream>
-#include <map>
+#include <gtest/gtest.h>
 #include <unistd.h>
 #include <vector>
 

@@ -8,7 +8,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QWidget>
-#include <cstdio>
+#include <cmath>
 #include <cstdlib>
 #include <cstring>
 #include <vector>

@@ -2,6 +2,7 @@
 #include "ephemeris/orientation.h"
 
 #include "ephemeris/earthorientation.h"
+#include "ephemeris/modgeneral.h"
 #include "tests/ephemeris/observed.h"
 
 #include <array>

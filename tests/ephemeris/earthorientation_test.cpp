@@ -1,6 +1,8 @@
 #include "ephemeris/earthorientation.h"
 
+#include "calendar/moddeltat.h"
 #include "ephemeris/meanobliquity.h"
+#include "ephemeris/modgeneral.h"
 #include "tests/ephemeris/observed.h"
 
 #include <array>

@@ -1,7 +1,9 @@
 #include "ephemeris/moon.h"
 
+#include "calendar/moddeltat.h"
 #include "ephemeris/coordinates.h"
 #include "ephemeris/earthorientation.h"
+#include "ephemeris/modgeneral.h"
 #include "tests/ephemeris/observed.h"
 
 #include <array>

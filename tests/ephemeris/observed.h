@@ -1,7 +1,5 @@
 #pragma once
 
-#include "calendar/moddeltat.h"
-#include "ephemeris/modgeneral.h"
 #include "ephemeris/series.h"
 #include "tests/support/places.h"
 #include "tests/support/programfolder.h"

@@ -1,9 +1,10 @@
 // Every routine of a series against a plain loop over the columns that were read, and every set of vector
 // instructions against the plain one.
 
-#include "ephemeris/coordinates.h"
+#include "calendar/moddeltat.h"
 #include "ephemeris/earthorientation.h"
 #include "ephemeris/meanobliquity.h"
+#include "ephemeris/modgeneral.h"
 #include "ephemeris/moon.h"
 #include "ephemeris/seriessums.h"
 #include "ephemeris/sun.h"

@@ -1,6 +1,8 @@
 #include "ephemeris/sun.h"
 
+#include "calendar/moddeltat.h"
 #include "ephemeris/coordinates.h"
+#include "ephemeris/modgeneral.h"
 #include "tests/ephemeris/observed.h"
 
 #include <array>

@@ -16,9 +16,11 @@
 #include "tests/golden/goldenreport.h"
 #include "tests/support/places.h"
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <tuple>
 
 namespace halvane {
 namespace {

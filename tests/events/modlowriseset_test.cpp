@@ -1,6 +1,5 @@
 #include "events/modlowriseset.h"
 
-#include "app/stored/pref.h"
 #include "calendar/moddeltat.h"
 #include "ephemeris/interpolation.h"
 #include "ephemeris/moon.h"

@@ -1,5 +1,6 @@
 #include "events/modquad.h"
 
+#include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <random>

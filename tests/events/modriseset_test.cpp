@@ -2,9 +2,11 @@
 
 #include "app/stored/failure.h"
 #include "app/stored/pref.h"
+#include "calendar/moddeltat.h"
 #include "calendar/modjul.h"
 #include "calendar/switchguard.h"
 #include "ephemeris/coordinates.h"
+#include "ephemeris/modgeneral.h"
 #include "ephemeris/moon.h"
 #include "ephemeris/sun.h"
 #include "tests/ephemeris/observed.h"

@@ -3,6 +3,10 @@
 #include "app/stored/failure.h"
 #include "tests/panel/panelchecks.h"
 
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+
 namespace halvane {
 namespace {
 

@@ -3,6 +3,8 @@
 #include "tests/panel/panelchecks.h"
 
 #include <QFontDatabase>
+#include <QLineEdit>
+#include <QPushButton>
 
 namespace halvane {
 namespace {

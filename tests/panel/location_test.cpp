@@ -6,7 +6,8 @@
 
 #include <QElapsedTimer>
 #include <QListWidget>
-#include <QMessageBox>
+#include <QPushButton>
+#include <optional>
 
 namespace halvane {
 namespace {

@@ -1,21 +1,23 @@
 #include "app/frmmain.h"
 #include "app/frmwait.h"
 #include "app/mainload.h"
-#include "app/stored/date.h"
 #include "app/stored/failure.h"
 #include "app/stored/loc.h"
+#include "app/stored/pref.h"
+#include "calendar/machineclock.h"
 #include "tests/panel/panelchecks.h"
 #include "tests/support/places.h"
 
 #include <QApplication>
 #include <QDialog>
 #include <QElapsedTimer>
+#include <QLabel>
 #include <QProgressBar>
 #include <QTimer>
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <filesystem>
-#include <functional>
 
 namespace halvane {
 namespace {

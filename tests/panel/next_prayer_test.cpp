@@ -1,6 +1,7 @@
 #include "app/nextprayer.h"
 
 #include <gtest/gtest.h>
+#include <optional>
 
 namespace halvane {
 namespace {

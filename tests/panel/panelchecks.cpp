@@ -1,6 +1,7 @@
 #include "tests/panel/panelchecks.h"
 
 #include <QCoreApplication>
+#include <QLineEdit>
 
 namespace halvane {
 

@@ -8,20 +8,26 @@
 #include "app/stored/loc.h"
 #include "app/stored/loclist.h"
 #include "app/stored/phase.h"
+#include "app/stored/pref.h"
 #include "app/stored/programfolder.h"
 #include "app/stored/tele.h"
 #include "app/stored/textfile.h"
 #include "app/stored/visib.h"
+#include "calendar/machineclock.h"
 #include "tests/support/places.h"
 
 #include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QGroupBox>
 #include <QKeySequence>
+#include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QMap>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QTimer>
 #include <filesystem>

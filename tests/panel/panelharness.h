@@ -3,15 +3,9 @@
 #include "app/language.h"
 #include "app/platform/platform.h"
 #include "app/stored/date.h"
-#include "app/stored/pref.h"
-#include "calendar/machineclock.h"
 
 #include <QAbstractButton>
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
 #include <QObject>
-#include <QPushButton>
 #include <QStringList>
 #include <QTemporaryDir>
 #include <QTest>

@@ -1,11 +1,14 @@
 #include "app/frmpreferences.h"
 #include "app/frmsupport.h"
 #include "app/stored/failure.h"
+#include "app/stored/pref.h"
 #include "tests/panel/panelchecks.h"
 
+#include <QComboBox>
 #include <QDir>
 #include <QGroupBox>
-#include <QRadioButton>
+#include <QLineEdit>
+#include <QPushButton>
 
 namespace halvane {
 namespace {

@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QTimer>
+#include <functional>
 
 namespace halvane {
 namespace {

@@ -3,6 +3,7 @@
 #include "app/stored/date.h"
 #include "app/stored/loc.h"
 #include "app/stored/phase.h"
+#include "app/stored/pref.h"
 #include "calendar/moddeltat.h"
 #include "ephemeris/series.h"
 #include "phases/frmphase.h"
@@ -13,11 +14,8 @@
 #include "tests/golden/recordingprogress.h"
 #include "tests/panel/panelchecks.h"
 
-#include <QGroupBox>
 #include <QRadioButton>
 #include <QTimer>
-#include <filesystem>
-#include <memory>
 #include <optional>
 #include <sstream>
 

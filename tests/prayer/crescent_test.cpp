@@ -4,6 +4,7 @@
 #include "prayer/crescentmode.h"
 #include "prayer/moonday.h"
 #include "tests/prayer/days.h"
+#include "tests/support/places.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,6 @@
 #include "calendar/modjul.h"
 #include "ephemeris/series.h"
 #include "prayer/prayerday.h"
-#include "tests/support/places.h"
 #include "tests/support/programfolder.h"
 
 #include <gtest/gtest.h>

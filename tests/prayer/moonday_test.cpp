@@ -1,9 +1,9 @@
 #include "events/modriseset.h"
 #include "prayer/moonday.h"
 #include "tests/prayer/days.h"
+#include "tests/support/places.h"
 
 #include <gtest/gtest.h>
-#include <string>
 
 namespace halvane {
 namespace {

@@ -3,6 +3,7 @@
 #include "events/modriseset.h"
 #include "prayer/cmdcom.h"
 #include "tests/prayer/days.h"
+#include "tests/support/places.h"
 
 #include <cmath>
 #include <gtest/gtest.h>

@@ -6,6 +6,7 @@
 #include "tests/golden/goldenreport.h"
 #include "tests/golden/recordingprogress.h"
 #include "tests/prayer/days.h"
+#include "tests/support/places.h"
 
 #include <gtest/gtest.h>
 

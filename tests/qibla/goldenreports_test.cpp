@@ -7,7 +7,6 @@
 #include "calendar/modsummer.h"
 #include "ephemeris/series.h"
 #include "qibla/cmdqib.h"
-#include "qibla/direction.h"
 #include "tests/golden/recordingprogress.h"
 #include "tests/qibla/independentsun.h"
 

@@ -5,7 +5,6 @@
 #include "app/frmwait.h"
 #include "app/panels.h"
 #include "app/picturebox.h"
-#include "app/stored/date.h"
 #include "app/stored/failure.h"
 #include "app/stored/loc.h"
 #include "calendar/moddeltat.h"
@@ -19,13 +18,13 @@
 
 #include <QApplication>
 #include <QImage>
+#include <QLabel>
 #include <QPointer>
 #include <QRadioButton>
 #include <QTimer>
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
-#include <functional>
 
 namespace halvane {
 namespace {

@@ -1,6 +1,7 @@
 #include "tests/stored/storedrecords.h"
 
 #include <chrono>
+#include <ctime>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>

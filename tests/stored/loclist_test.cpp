@@ -1,5 +1,8 @@
 #include "tests/stored/storedrecords.h"
 
+#include "app/stored/loclist.h"
+
+#include <cmath>
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>

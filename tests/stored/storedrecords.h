@@ -5,7 +5,6 @@
 #include "app/stored/date.h"
 #include "app/stored/failure.h"
 #include "app/stored/loc.h"
-#include "app/stored/loclist.h"
 #include "app/stored/phase.h"
 #include "app/stored/pref.h"
 #include "app/stored/tele.h"
@@ -16,7 +15,6 @@
 #include <gtest/gtest.h>
 #include <memory>
 #include <optional>
-#include <ostream>
 #include <string>
 #include <vector>
 

@@ -6,8 +6,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <gtest/gtest.h>
-#include <iterator>
 #include <stdexcept>
 #include <string>
 #include <string_view>

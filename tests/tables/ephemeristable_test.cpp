@@ -1,14 +1,12 @@
 #include "tables/ephemeristable.h"
 
 #include "app/stored/failure.h"
-#include "app/stored/loc.h"
 #include "app/stored/pref.h"
 #include "calendar/moddeltat.h"
 #include "ephemeris/series.h"
 #include "tests/golden/goldenreport.h"
 #include "tests/golden/recordingprogress.h"
 
-#include <cmath>
 #include <sstream>
 
 namespace halvane {

@@ -2,12 +2,12 @@
 
 #include "app/frmsupport.h"
 #include "app/frmwait.h"
-#include "app/stored/loc.h"
 #include "app/stored/textfile.h"
 #include "ephemeris/series.h"
 #include "tests/panel/panelchecks.h"
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QPointer>
 #include <QRadioButton>
 #include <QTimer>
@@ -113,7 +113,7 @@ TEST_F(CoorTest, CloseStoresTheChoicesAndComputesNothing) {
 TEST_F(CoorTest, AStoredNumberThatNoListHoldsIsKept) {
     put("coor.vsk", "1,#TRUE#,#TRUE#,2026,1,1,24,7.5,0,2026,1,2,0,0,60,6,1,0\r\n");
     frmcoor form;
-    EXPECT_EQ(control<QComboBox>(form, "cbomn").currentText(), QStringLiteral("7.5"));
+    EXPECT_EQ(chosen(form, "cbomn"), QStringLiteral("7.5"));
     click(form, "cmdclose");
     EXPECT_EQ(content("coor.vsk"), "1,#TRUE#,#TRUE#,2026,1,1,24,7.5,0,2026,1,2,0,0,60,6,1,0\r\n");
 }

@@ -1,12 +1,14 @@
 #include "telescope/frmtele.h"
 
 #include "app/stored/loc.h"
+#include "calendar/machineclock.h"
 #include "ephemeris/series.h"
 #include "telescope/crescentview.h"
 #include "tests/panel/panelchecks.h"
 
 #include <QCheckBox>
 #include <QImage>
+#include <QLabel>
 #include <QRadioButton>
 #include <cmath>
 #include <filesystem>
@@ -112,7 +114,7 @@ TEST_F(TeleTest, CloseStoresTheChoices) {
 TEST_F(TeleTest, AStoredNumberThatNoListHoldsIsKept) {
     put("tele.vsk", "2024,3,11,24,7.5,#TRUE#,#FALSE#,#TRUE#,#FALSE#,0,0\r\n");
     frmtele form;
-    EXPECT_EQ(control<QComboBox>(form, "cbominutes").currentText(), QStringLiteral("7.5"));
+    EXPECT_EQ(chosen(form, "cbominutes"), QStringLiteral("7.5"));
     click(form, "cmdclose");
     EXPECT_EQ(content("tele.vsk"), "2024,3,11,24,7.5,#TRUE#,#FALSE#,#TRUE#,#FALSE#,0,0\r\n");
 }

@@ -4,7 +4,6 @@
 #include "tests/golden/recordingprogress.h"
 
 #include <algorithm>
-#include <optional>
 
 namespace halvane {
 namespace {

@@ -1,7 +1,6 @@
 #include "tools/drawmap/picturefile.h"
 
 #include <cstddef>
-#include <cstdint>
 #include <memory>
 #include <stdexcept>
 #include <vector>

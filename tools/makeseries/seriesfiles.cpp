@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdint>
 #include <cstdlib>
-#include <initializer_list>
 #include <span>
 #include <string_view>
 

@@ -27,7 +27,6 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QMessageBox>
-#include <QPixmap>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTemporaryDir>

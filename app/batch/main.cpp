@@ -1,3 +1,4 @@
+#include "app/batch/clocktime.h"
 #include "app/batch/console.h"
 #include "app/batch/tasks.h"
 #include "app/stored/programfolder.h"
@@ -6,25 +7,22 @@
 
 #include <CLI/CLI.hpp>
 
-#include <cstdio>
 #include <exception>
 #include <iostream>
+#include <optional>
 #include <string>
 
 namespace {
 
 using namespace halvane;
 
-/// Reads "YYYY-MM-DDTHH:MM"; an empty text for a good one, as the command line library asks for.
-std::string parse_time(const std::string& text, MachineTime& time) {
-    int used = 0;
-    const int read = std::sscanf(text.c_str(), "%5d-%2d-%2dT%2d:%2d%n", &time.year, &time.month, &time.day,
-                                 &time.hour, &time.minute, &used);
-    const bool in_range = time.month >= 1 && time.month <= 12 && time.day >= 1 && time.day <= 31 &&
-                          time.hour >= 0 && time.hour <= 23 && time.minute >= 0 && time.minute <= 59;
-    if (read == 5 && used == static_cast<int>(text.size()) && in_range)
-        return {};
-    return "wanted a time as YYYY-MM-DDTHH:MM, found \"" + text + "\"";
+/// Reads the time of --now; an empty text for a good one, as the command line library asks for.
+std::string read_now(const std::string& text, MachineTime& time) {
+    const std::optional<MachineTime> read = clock_time(text);
+    if (!read)
+        return "wanted a time as YYYY-MM-DDTHH:MM, found \"" + text + "\"";
+    time = *read;
+    return {};
 }
 
 int run(int argc, char** argv) {
@@ -45,7 +43,7 @@ int run(int argc, char** argv) {
     MachineTime time;
     app.add_option("--now", now, "Sets the machine's clock for the run: YYYY-MM-DDTHH:MM")
         ->type_name("TIME")
-        ->check([&time](const std::string& text) { return parse_time(text, time); });
+        ->check([&time](const std::string& text) { return read_now(text, time); });
     app.fallthrough();
 
     std::vector<Task> tasks = batch_tasks();

@@ -223,19 +223,6 @@ TEST_F(PhasePanel, AnOpenPanelDoesNotReachThePrayerReport) {
 }
 
 TEST_F(PhasePanel, APanelOpenedInMidRunReachesNoReport) {
-    class Opening : public Progress {
-    public:
-        void percent(double) override {}
-        bool yield() override {
-            if (++yields_ == 2)
-                form_.emplace();
-            return true;
-        }
-
-    private:
-        int yields_ = 0;
-        std::optional<frmphase> form_;
-    };
     load_series();
     CalculationDate date;
     date.system_date = false;
@@ -266,7 +253,12 @@ TEST_F(PhasePanel, APanelOpenedInMidRunReachesNoReport) {
         RecordingProgress silent;
         run(silent);
         const std::string alone = content(file);
-        Opening opening;
+        std::optional<frmphase> form;
+        RecordingProgress opening;
+        opening.at_yield = [&form](int yield) {
+            if (yield == 2)
+                form.emplace();
+        };
         run(opening);
         EXPECT_EQ(content(file), alone) << file;
         EXPECT_EQ(tdtinput, 1) << file;

@@ -5,8 +5,8 @@
 #include "ephemeris/earthorientation.h"
 #include "ephemeris/fastplace.h"
 #include "ephemeris/interpolation.h"
-#include "ephemeris/meanobliquity.h"
 #include "ephemeris/modgeneral.h"
+#include "ephemeris/orientationterms.h"
 #include "ephemeris/sunplace.h"
 #include "ephemeris/sunroutine.h"
 

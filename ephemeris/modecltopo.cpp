@@ -1,6 +1,6 @@
 #include "ephemeris/coordinates.h"
-#include "ephemeris/meanobliquity.h"
 #include "ephemeris/modgeneral.h"
+#include "ephemeris/orientationterms.h"
 
 #include <cmath>
 

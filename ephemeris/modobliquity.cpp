@@ -1,8 +1,8 @@
 #include "ephemeris/earthorientation.h"
 #include "ephemeris/instantkey.h"
 #include "ephemeris/interpolation.h"
-#include "ephemeris/meanobliquity.h"
 #include "ephemeris/orientation.h"
+#include "ephemeris/orientationterms.h"
 #include "ephemeris/series.h"
 #include "ephemeris/seriessums.h"
 

@@ -1,6 +1,6 @@
 #include "ephemeris/earthorientation.h"
 #include "ephemeris/interpolation.h"
-#include "ephemeris/meanobliquity.h"
+#include "ephemeris/orientationterms.h"
 
 #include "calendar/moddeltat.h"
 

@@ -1,8 +1,8 @@
 #include "ephemeris/earthorientation.h"
 
 #include "calendar/moddeltat.h"
-#include "ephemeris/meanobliquity.h"
 #include "ephemeris/modgeneral.h"
+#include "ephemeris/orientationterms.h"
 #include "tests/ephemeris/observed.h"
 
 #include <array>

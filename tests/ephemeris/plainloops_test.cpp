@@ -3,9 +3,9 @@
 
 #include "calendar/moddeltat.h"
 #include "ephemeris/earthorientation.h"
-#include "ephemeris/meanobliquity.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/moon.h"
+#include "ephemeris/orientationterms.h"
 #include "ephemeris/seriessums.h"
 #include "ephemeris/sun.h"
 #include "tests/ephemeris/observed.h"

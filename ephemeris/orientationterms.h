@@ -4,6 +4,8 @@
 
 namespace halvane {
 
+/// The formulae that the routines of the Earth's orientation share.
+
 /// Mean obliquity of the ecliptic, u in units of 10 000 Julian years from 2000                  [deg]
 /// Source Laskar, Astronomy and Astrophysics 157, 68 (1986).
 inline double mean_obliquity(double u) {

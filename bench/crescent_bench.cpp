@@ -16,7 +16,7 @@ void phases_of_a_year(benchmark::State& state, bool geocentric) {
     load_series();
     bench::NoProgress progress;
     const PhaseYear year = phase_year({"2026", geocentric, true}, proposed_delta_t("2026"));
-    for (auto step : state)
+    for ([[maybe_unused]] auto step : state)
         write_phases(year, progress);
 }
 BENCHMARK_CAPTURE(phases_of_a_year, geocentric, true)
@@ -30,7 +30,7 @@ void crescent_report(benchmark::State& state) {
     const ScratchFolder folder;
     load_series();
     const CrescentSettings& settings = read_visib();
-    for (auto step : state)
+    for ([[maybe_unused]] auto step : state)
         write_crescent_report(settings, find_conjunction(settings));
 }
 BENCHMARK(crescent_report)->Name("crescent report")->Unit(benchmark::kMicrosecond);
@@ -50,7 +50,7 @@ void visibility_map(benchmark::State& state, Criterion criterion) {
     run.criterion = criterion;
     run.conjunction = map_conjunction();
     run.day = map_day(run.conjunction, run.kind, 1);
-    for (auto step : state) {
+    for ([[maybe_unused]] auto step : state) {
         CountedPoints points;
         draw_visibility_map(run, points);
         benchmark::DoNotOptimize(points.count);

@@ -14,7 +14,7 @@ void rise_and_set(benchmark::State& state, const char* body) {
     const ScratchFolder folder;
     load_series();
     double jd0 = epoch_j2000 - 0.5 - 3.0 / 24;
-    for (auto step : state) {
+    for ([[maybe_unused]] auto step : state) {
         TaggedTime rise;
         TaggedTime set;
         modriseset(body, jd0 += 1, rise, set);
@@ -30,7 +30,7 @@ void fast_rise_and_set(benchmark::State& state, const char* body) {
     const ScratchFolder folder;
     load_mterm();
     double jd = epoch_j2000 - 0.5;
-    for (auto step : state) {
+    for ([[maybe_unused]] auto step : state) {
         TaggedTime rise;
         TaggedTime set;
         modlowriseset(jd += 1, 36, 32, body, rise, set);

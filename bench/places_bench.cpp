@@ -23,7 +23,7 @@ template <class Routine>
 void run(benchmark::State& state, Routine routine) {
     const ScratchFolder folder;
     load_series();
-    for (auto step : state)
+    for ([[maybe_unused]] auto step : state)
         benchmark::DoNotOptimize(routine(next_hour()));
 }
 

@@ -18,7 +18,7 @@ void day_of_prayers(benchmark::State& state) {
     load_series();
     const PrayerSettings settings = read_prayer_settings(DayMode::report);
     double jd = epoch_j2000 - 0.5;
-    for (auto step : state)
+    for ([[maybe_unused]] auto step : state)
         benchmark::DoNotOptimize(prayer_day(settings, jd += 1, 0));
 }
 BENCHMARK(day_of_prayers)->Unit(benchmark::kMicrosecond);
@@ -27,7 +27,7 @@ void day_of_the_moon(benchmark::State& state) {
     const ScratchFolder folder;
     load_series();
     double jd = epoch_j2000 - 0.5;
-    for (auto step : state)
+    for ([[maybe_unused]] auto step : state)
         benchmark::DoNotOptimize(moon_day(read_pref(), read_loc(), jd += 1, 0));
 }
 BENCHMARK(day_of_the_moon)->Unit(benchmark::kMicrosecond);
@@ -37,7 +37,7 @@ void report_of_a_year(benchmark::State& state, RunOutcome (*report)(Progress&)) 
     load_series();
     store_year(2026);
     bench::NoProgress progress;
-    for (auto step : state)
+    for ([[maybe_unused]] auto step : state)
         report(progress);
 }
 BENCHMARK_CAPTURE(report_of_a_year, prayers, cmdcom)

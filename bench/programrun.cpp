@@ -13,6 +13,7 @@ namespace halvane::bench {
 ProgramRun run_program(const std::vector<std::string>& command) {
     using Clock = std::chrono::steady_clock;
     std::vector<char*> arguments;
+    arguments.reserve(command.size() + 1);
     for (const std::string& word : command)
         arguments.push_back(const_cast<char*>(word.c_str()));
     arguments.push_back(nullptr);

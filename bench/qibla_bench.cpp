@@ -20,7 +20,7 @@ void day_of_the_qiblah(benchmark::State& state) {
     search.azimuth = target_azimuth(stored_qiblah_direction(), false);
     moddeltat(epoch_j2000, search.delta_t);
     double jd = epoch_j2000 - 0.5;
-    for (auto step : state)
+    for ([[maybe_unused]] auto step : state)
         benchmark::DoNotOptimize(qiblah_day(search, jd += 1, 0));
 }
 BENCHMARK(day_of_the_qiblah)->Unit(benchmark::kMicrosecond);
@@ -30,7 +30,7 @@ void qiblah_report_of_a_year(benchmark::State& state, QiblahMark mark) {
     load_series();
     store_year(2026);
     bench::NoProgress progress;
-    for (auto step : state)
+    for ([[maybe_unused]] auto step : state)
         cmdqib(progress, stored_qiblah_direction(), mark);
 }
 BENCHMARK_CAPTURE(qiblah_report_of_a_year, sun, QiblahMark::sun)

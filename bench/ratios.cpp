@@ -69,6 +69,7 @@ std::vector<double> scattered_instants() {
     constexpr double days = 73000;
     Random random(1900);
     std::vector<double> instants;
+    instants.reserve(count);
     for (int i = 0; i < count; ++i)
         instants.push_back(epoch_j2000 + random.between(-days / 2, days / 2));
     return instants;
@@ -77,15 +78,19 @@ std::vector<double> scattered_instants() {
 /// Every hour of 2026.
 std::vector<double> hours_of_a_year() {
     constexpr double start = 2461041.5;
+    constexpr int hours = 8760;
     std::vector<double> instants;
-    for (int hour = 0; hour < 8760; ++hour)
+    instants.reserve(hours);
+    for (int hour = 0; hour < hours; ++hour)
         instants.push_back(start + hour / 24.0);
     return instants;
 }
 
 std::vector<double> days_of_a_year() {
+    constexpr int count = 365;
     std::vector<double> days;
-    for (int day = 0; day < 365; ++day)
+    days.reserve(count);
+    for (int day = 0; day < count; ++day)
         days.push_back(2461041.5 + day);
     return days;
 }

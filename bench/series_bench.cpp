@@ -9,7 +9,7 @@ using namespace halvane;
 
 void loading_of_the_series(benchmark::State& state) {
     const ScratchFolder folder;
-    for (auto step : state)
+    for ([[maybe_unused]] auto step : state)
         load_series();
 }
 BENCHMARK(loading_of_the_series)->Unit(benchmark::kMillisecond);

@@ -16,7 +16,7 @@ void table_of_a_year(benchmark::State& state, int object) {
     load_series();
     const EphemerisSettings settings = bench::year_of_hours(object);
     bench::NoProgress progress;
-    for (auto step : state)
+    for ([[maybe_unused]] auto step : state)
         write_ephemeris_table(settings, progress);
 }
 BENCHMARK_CAPTURE(table_of_a_year, sun, 0)
@@ -34,7 +34,7 @@ void pointing_of_the_telescope(benchmark::State& state) {
     settings.month = 3;
     settings.day = 11;
     settings.hour = 18;
-    for (auto step : state) {
+    for ([[maybe_unused]] auto step : state) {
         settings.minute = settings.minute < 30 ? settings.minute + 1e-3 : 0;
         benchmark::DoNotOptimize(telescope_pointing(settings));
     }

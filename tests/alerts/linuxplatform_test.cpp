@@ -36,7 +36,7 @@ protected:
     }
     /// A copy of sleep(1) under another name.
     fs::path sleeper(const std::string& name) const {
-        const fs::path copy = home() / name;
+        fs::path copy = home() / name;
         fs::copy_file("/bin/sleep", copy);
         return copy;
     }

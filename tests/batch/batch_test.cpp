@@ -27,6 +27,7 @@ protected:
     pid_t start(std::vector<std::string> arguments) const {
         arguments.insert(arguments.begin(), HALVANE_REPORT);
         std::vector<char*> words;
+        words.reserve(arguments.size() + 1);
         for (std::string& argument : arguments)
             words.push_back(argument.data());
         words.push_back(nullptr);

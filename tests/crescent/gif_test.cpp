@@ -221,8 +221,9 @@ TEST(Gif, EveryPixelOfA24BitPictureTakesTheNearestColour) {
     const std::array<int, 5> steps = {0, 64, 128, 192, 255};
     std::mt19937 random(5);
     std::vector<RgbColour> pixels;
-    pixels.reserve(61 * 67);
-    for (int pixel = 0; pixel < 61 * 67; ++pixel) {
+    constexpr std::size_t count = 61UL * 67;
+    pixels.reserve(count);
+    for (std::size_t pixel = 0; pixel < count; ++pixel) {
         pixels.push_back({random_byte(random), random_byte(random), random_byte(random)});
     }
     const DecodedGif decoded = decode(gif_bytes(of_pixels(61, 67, pixels)));

@@ -113,7 +113,7 @@ protected:
     }
 
     /// Runs `action` once during a drawing, after so many blocks.
-    void during_draw(QWidget& form, int blocks, std::function<void()> action) {
+    void during_draw(QWidget& form, int blocks, const std::function<void()>& action) {
         auto passes = std::make_shared<int>(0);
         auto* timer = new QTimer(qApp);
         QObject::connect(timer, &QTimer::timeout, timer, [=] {

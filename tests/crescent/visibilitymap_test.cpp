@@ -88,7 +88,7 @@ void expect_block(const MapRun& run, const std::vector<MapPoint>& block, int lon
     const auto five = five_points(run.kind, longitude, latitude);
     ASSERT_GE(block.size(), 5U);
     for (std::size_t i = 0; i < 5; ++i) {
-        ASSERT_EQ(Position(block[i].longitude, block[i].latitude), five[i]);
+        ASSERT_EQ((Position{block[i].longitude, block[i].latitude}), five[i]);
         ASSERT_TRUE(block[i].evaluated);
     }
     const bool uniform = std::all_of(block.begin(), block.begin() + 5, [&block](const MapPoint& point) {
@@ -103,7 +103,7 @@ void expect_block(const MapRun& run, const std::vector<MapPoint>& block, int lon
     ASSERT_EQ(block.size() - 5, rest.size());
     for (std::size_t i = 0; i < rest.size(); ++i) {
         const MapPoint& point = block[i + 5];
-        ASSERT_EQ(Position(point.longitude, point.latitude), rest[i]);
+        ASSERT_EQ((Position{point.longitude, point.latitude}), rest[i]);
         ASSERT_EQ(point.evaluated, !uniform);
         if (uniform) {
             ASSERT_EQ(point.visibility, block[0].visibility);
@@ -421,7 +421,7 @@ TEST(MapLegend, HasALineForEveryClassOfItsCriterion) {
     const auto words = [](Criterion criterion) {
         std::vector<std::string> lines;
         for (const LegendLine& line : map_legend(criterion))
-            lines.push_back(line.english);
+            lines.emplace_back(line.english);
         return lines;
     };
     EXPECT_EQ(words(Criterion::vesk),

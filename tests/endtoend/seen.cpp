@@ -50,9 +50,9 @@ struct Mask {
         ink.reserve(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
         for (int y = 0; y < height; ++y)
             for (int x = 0; x < width; ++x)
-                ink.push_back(is_ink(picture.pixel(x, y), paper));
+                ink.push_back(is_ink(picture.pixel(x, y), paper) ? 1 : 0);
     }
-    const char* row(int x, int y) const { return ink.data() + y * width + x; }
+    const char* row(int x, int y) const { return ink.data() + static_cast<std::ptrdiff_t>(y) * width + x; }
 
     int width;
     int height;

@@ -47,6 +47,7 @@ inline std::vector<double> some_instants(int count, unsigned seed) {
     std::mt19937 random(seed);
     std::uniform_real_distribution<double> jd(2415020.5, 2488069.5);
     std::vector<double> instants;
+    instants.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)
         instants.push_back(jd(random));
     return instants;

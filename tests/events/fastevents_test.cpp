@@ -213,7 +213,8 @@ TEST_F(Interpolation, GivesTheSeriesOwnPlaces) {
     double worst_distance = 0;
     double worst_sidereal = 0;
     for (int i = 0; i < 4000; ++i) {
-        const double jd = 2415020.5 + 36.524631 * (i / 2) + 0.317 * (i % 2);
+        const int pair = i / 2;
+        const double jd = 2415020.5 + 36.524631 * pair + 0.317 * (i % 2);
         const auto places = [&observer, jd] {
             double complete = 0;
             double low = 0;

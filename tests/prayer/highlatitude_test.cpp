@@ -25,11 +25,9 @@ TEST(NightFraction, FollowsTheTableByLatitude) {
                                  {61.5, 0.193164432}, {62.5, 0.194939368}, {63.5, 0.198701123},
                                  {64.5, 0.201963999}, {65.5, 0.205548098}};
     // A night of ten hours, so that Isha stands ten fractions after Maghreb.
-    for (std::size_t i = 0; i < table.size(); ++i) {
-        EXPECT_NEAR(night_fraction_twilights(table[i].up_to, 5, 19, 0).isha, 19 + 10 * table[i].fraction,
-                    1e-12);
-        EXPECT_NEAR(night_fraction_twilights(table[i].up_to - 0.99, 5, 19, 0).fajer,
-                    5 - 10 * table[i].fraction, 1e-12);
+    for (const auto& row : table) {
+        EXPECT_NEAR(night_fraction_twilights(row.up_to, 5, 19, 0).isha, 19 + 10 * row.fraction, 1e-12);
+        EXPECT_NEAR(night_fraction_twilights(row.up_to - 0.99, 5, 19, 0).fajer, 5 - 10 * row.fraction, 1e-12);
     }
 }
 
@@ -85,9 +83,9 @@ TEST(SmoothedYear, WithoutJumpsStaysAsItIs) {
     const MadeUpYear made_up(false);
     const auto year = smoothed_year(made_up.days);
     ASSERT_EQ(year.size(), 365U);
-    for (std::size_t k = 0; k < year.size(); ++k) {
-        EXPECT_EQ(year[k].day.times.isha, "20:00");
-        EXPECT_EQ(year[k].fajer_mark + year[k].isha_mark, "");
+    for (const auto& smoothed : year) {
+        EXPECT_EQ(smoothed.day.times.isha, "20:00");
+        EXPECT_EQ(smoothed.fajer_mark + smoothed.isha_mark, "");
     }
 }
 

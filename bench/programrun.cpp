@@ -10,7 +10,7 @@
 
 namespace halvane::bench {
 
-ProgramRun run_program(const std::vector<std::string>& command) {
+ProgramRun run_program(const std::vector<std::string>& command, const std::string& folder) {
     using Clock = std::chrono::steady_clock;
     std::vector<char*> arguments;
     arguments.reserve(command.size() + 1);
@@ -19,6 +19,7 @@ ProgramRun run_program(const std::vector<std::string>& command) {
     arguments.push_back(nullptr);
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_addchdir_np(&actions, folder.c_str());
     posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
     const auto start = Clock::now();
     pid_t child = 0;

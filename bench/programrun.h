@@ -11,8 +11,8 @@ struct ProgramRun {
     double megabytes = 0; ///< most memory it held
 };
 
-/// Runs a program with its output thrown away.
+/// Runs a program within `folder`, with its output thrown away.
 /// Error  raises std::runtime_error when it cannot be run or ends with a status but 0.
-ProgramRun run_program(const std::vector<std::string>& command);
+ProgramRun run_program(const std::vector<std::string>& command, const std::string& folder);
 
 } // namespace halvane::bench

@@ -301,7 +301,8 @@ bool print_programs() {
     for (const Report& report : reports) {
         ProgramRun best{HUGE_VAL, 0};
         for (int run = 0; run < runs; ++run) {
-            const ProgramRun now = run_program({HALVANE_REPORT, "--folder", folder.path(), report.task});
+            const ProgramRun now =
+                run_program({HALVANE_REPORT, "--folder", folder.path(), report.task}, folder.path());
             best = {std::min(best.seconds, now.seconds), std::max(best.megabytes, now.megabytes)};
         }
         const double time = best.seconds * milliseconds;

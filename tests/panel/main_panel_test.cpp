@@ -552,6 +552,17 @@ TEST_F(MainPanelTest, CancelEndsEveryRunUnderWay) {
     EXPECT_EQ(content("mresults.out").find("\r\n31/12/2024"), std::string::npos);
 }
 
+TEST_F(MainPanelTest, AFontOfTheOtherLanguageGoesWithIt) {
+    frmmain form;
+    form.load();
+    QWidget& head = control(form, "lblhead");
+    QFont other = head.font();
+    other.setFamily(QStringLiteral("Another Family"));
+    head.setFont(other);
+    reload_main_panel();
+    EXPECT_EQ(head.font().families(), form.font().families());
+}
+
 TEST_F(MainPanelTest, ClosingTheMainPanelEndsTheRun) {
     set_period({2024, 1, 1}, {2024, 12, 31});
     frmmain form;

@@ -62,16 +62,16 @@ public:
     constexpr WatchedFile() = default;
     WatchedFile(const WatchedFile&) = delete;
     WatchedFile& operator=(const WatchedFile&) = delete;
-    ~WatchedFile() { close(); }
+    ~WatchedFile() { forget(); }
 
     /// Begins to watch the file that is at `path` now.
     void watch(const std::string& path) {
-        close();
+        forget();
         // A link is opened itself, and has another identity than its file: then every look is at the path.
         descriptor_ = ::open(path.c_str(), O_PATH | O_NOFOLLOW | O_CLOEXEC);
         path_tick_ = {};
     }
-    /// Whether `path` leads to a file of this identity.
+    /// Whether `path` leads to a file of this identity, as far as the look tells.
     bool is_still(const FileIdentity& identity, const std::string& path) {
         timespec tick{};
         ::clock_gettime(CLOCK_MONOTONIC_COARSE, &tick);
@@ -81,13 +81,13 @@ public:
         path_tick_ = tick;
         return FileIdentity::of(path) == identity;
     }
-
-private:
-    void close() {
+    void forget() {
         if (descriptor_ >= 0)
             ::close(descriptor_);
         descriptor_ = -1;
     }
+
+private:
     int descriptor_ = -1;
     timespec path_tick_{}; ///< of the last look at the path
 };
@@ -139,6 +139,7 @@ private:
             return;
         generation_ = program_folder_generation();
         path_ = program_path(name_);
+        file_.forget();
         record_.reset();
     }
 

@@ -11,7 +11,7 @@ namespace halvane {
 void fill_with_numbers(QComboBox& list, int last);
 
 /// Fill a list with the days of a civil month, the months of a year, the hours of a day, the minutes of an
-/// hour.
+/// hour or the seconds of a minute.
 void fill_with_days(QComboBox& list);
 void fill_with_months(QComboBox& list);
 void fill_with_hours(QComboBox& list);

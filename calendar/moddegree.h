@@ -4,6 +4,9 @@
 
 namespace halvane {
 
+/// The level of these texts, and the precision of modctim, that shows seconds.
+inline constexpr int to_the_second = 0;
+
 /// Text of a signed angle or hour value. The three differ in marks and sign only.
 /// In     level  1 to the minute, any other to the second, rounded half to even
 ///        unit   'd' degree form, any other hour form (which ends in a blank)

@@ -22,10 +22,10 @@ std::array<const char*, 2> event_captions(bool new_crescent, char letter) {
 }
 
 MonthNames hijri_month_list(char letter) {
-    constexpr std::size_t sixth = 5;
+    constexpr std::size_t jamada_aakherah = 5; // Muharram is 0
     MonthNames names = conversion_months(ConversionDirection::hijri_to_civil, letter);
     if (letter == 'A')
-        names[sixth] = "جمادى الآخرة";
+        names[jamada_aakherah] = "جمادى الآخرة";
     return names;
 }
 

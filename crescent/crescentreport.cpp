@@ -17,7 +17,6 @@ namespace {
 
 constexpr int rule_width = 78;
 constexpr int second_column = 43;
-constexpr int to_the_second = 0;
 
 std::string angle(double degrees) {
     return moddegree(to_the_second, 'd', degrees);

@@ -10,14 +10,14 @@ struct MoonPlace {
     double declination = 0;                 ///< geocentric                                    [deg]
     double topocentric_right_ascension = 0; ///< 0 to 360                                      [deg]
     double topocentric_declination = 0;     ///<                                               [deg]
-    double longitude = 0;             ///< ecliptic, geocentric; beyond a turn by the last terms added [deg]
-    double latitude = 0;              ///< ecliptic, geocentric                          [deg]
-    double topocentric_longitude = 0; ///< ecliptic, 0 to 360                            [deg]
-    double topocentric_latitude = 0;  ///< ecliptic                                      [deg]
-    double parallax = 0;              ///< horizontal                                    [deg]
-    double semidiameter = 0;          ///< geocentric                                    [deg]
-    double topocentric_semidiameter = 0; ///<                                               [deg]
-    double distance = 0;                 ///< centre to centre                              [km]
+    double longitude = 0;                   ///< ecliptic, geocentric; not reduced at the end  [deg]
+    double latitude = 0;                    ///< ecliptic, geocentric                          [deg]
+    double topocentric_longitude = 0;       ///< ecliptic, 0 to 360                            [deg]
+    double topocentric_latitude = 0;        ///< ecliptic                                      [deg]
+    double parallax = 0;                    ///< horizontal                                    [deg]
+    double semidiameter = 0;                ///< geocentric                                    [deg]
+    double topocentric_semidiameter = 0;    ///<                                               [deg]
+    double distance = 0;                    ///< centre to centre                              [km]
 };
 
 /// Apparent place of the Moon for the observer of `loc.vsk` by the ELP-2000/85 tables.

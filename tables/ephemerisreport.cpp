@@ -16,7 +16,6 @@ constexpr int title_column = 51;
 constexpr int sun_rule = 128;
 constexpr int moon_rule = 141;
 constexpr int house_column = 129;
-constexpr int to_the_second = 0;
 
 /// "hh:mm:ss dd/mm/yyyy"
 std::string clock_and_date(double clock) {

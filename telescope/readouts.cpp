@@ -9,8 +9,6 @@ const TwinMessage moon_below_horizon{{"Moon is Invisible", "القمر غير م
 
 namespace {
 
-constexpr int to_the_second = 0;
-
 struct Labels {
     const char *right_ascension, *declination, *altitude, *azimuth;
 };

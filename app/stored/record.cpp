@@ -44,9 +44,9 @@ template <class Float>
 std::string shortest(Float value) {
     require_finite(static_cast<double>(value), "a number to be written");
     char digits[512];
-    const Float unsigned_zero = value == 0 ? 0 : value;
+    const Float unsigned_if_zero = value == 0 ? 0 : value;
     const auto end =
-        std::to_chars(digits, digits + sizeof digits, unsigned_zero, std::chars_format::fixed).ptr;
+        std::to_chars(digits, digits + sizeof digits, unsigned_if_zero, std::chars_format::fixed).ptr;
     return {digits, end};
 }
 

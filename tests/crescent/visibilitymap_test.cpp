@@ -252,7 +252,7 @@ TEST_F(VisibilityMap, StopActsAfterTheBlockAndKeepsWhatIsPainted) {
     }
 }
 
-TEST_F(VisibilityMap, ArcticPointWithoutMoonsetIsUnknownAndNotImpossible) {
+TEST_F(VisibilityMap, PolarPointWithoutMoonsetIsUnknownAndNotImpossible) {
     // Midsummer beyond the circle: the Sun does not set. Midwinter: it does not rise.
     MapRun run = map_near(25, 6, 2025, CrescentKind::new_crescent, 1, Criterion::vesk);
     double conjunction = run.conjunction.universal;

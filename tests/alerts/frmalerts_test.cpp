@@ -13,6 +13,33 @@ namespace {
 constexpr const char* athans[] = {"fradoh",  "fraasr",  "framag",  "fraish",  "optdhrh", "optdhre", "optasrh",
                                   "optasre", "optmagh", "optmage", "optishh", "optishe", "lblprao"};
 
+constexpr Twin captions[] = {
+    {"frmalerts", "Alerts", "المنبه"},
+    {"fraale", "Alert Settings", "خيارات المنبه"},
+    {"chkpep", "Make Beep", "اصدر صوت قبل"},
+    {"lblpep", "Minute(s) Before Prayer Time.", "دقائق من موعد الآذان"},
+    {"chkpra", "Show Pop-up Window and Release Athan.", " إظهار نافذة و سماع الآذان عندما يحين موعد الصلاة"},
+    {"chkpopup", "Only Show Pop-Up Window at Prayer Time.", "إظهار نافذة فقط عندما يحين موعد الصلاة"},
+    {"lblprao",
+     "Please choose which Athan do you wish to hear at each prayer time. By default, Fajer Athan is the "
+     "Jerusalem Athan.",
+     "يرجى اختيار الآذان الذي تفضل سماعه عند موعد كل صلاة سيتم سماع آذان القدس لآذان الفجر"},
+    {"fradoh", "Dhohur Athan", "آذان الظهر"},
+    {"fraasr", "Aser Athan", "آذان العصر"},
+    {"framag", "Maghreb Athan", "آذان المغرب"},
+    {"fraish", "Isha Athan", "آذان العشاء"},
+    {"optdhrh", "Mecca Athan", "آذان مكة"},
+    {"optasrh", "Mecca Athan", "آذان مكة"},
+    {"optmagh", "Mecca Athan", "آذان مكة"},
+    {"optishh", "Mecca Athan", "آذان مكة"},
+    {"optdhre", "Jerusalem Athan", "آذان القدس"},
+    {"optasre", "Jerusalem Athan", "آذان القدس"},
+    {"optmage", "Jerusalem Athan", "آذان القدس"},
+    {"optishe", "Jerusalem Athan", "آذان القدس"},
+    {"cmdok", "&Ok", "&موافق"},
+    {"cmdcan", "&Cancel", "&خروج"},
+};
+
 class AlertsTest : public PanelTest {
 protected:
     static void expect_athans_enabled(QWidget& form, bool enabled) {
@@ -27,18 +54,14 @@ TEST_F(AlertsTest, EveryCaptionIsThatOfTheLanguage) {
         [](QWidget& form, Language language) { expect_captions(form, frmalerts_twins(), language); });
 }
 
-TEST_F(AlertsTest, CaptionsStandLetterForLetter) {
-    frmalerts form;
-    EXPECT_EQ(form.windowTitle(), QStringLiteral("Alerts"));
-    EXPECT_EQ(caption(form, "chkpra"), QStringLiteral("Show Pop-up Window and Release Athan."));
-    EXPECT_EQ(caption(form, "chkpopup"), QStringLiteral("Only Show Pop-Up Window at Prayer Time."));
-    set_language(Language::arabic);
-    frmalerts arabic;
-    EXPECT_EQ(arabic.windowTitle(), QStringLiteral("المنبه"));
-    EXPECT_EQ(caption(arabic, "chkpra"), QStringLiteral(" إظهار نافذة و سماع الآذان عندما يحين موعد الصلاة"));
-    EXPECT_EQ(caption(arabic, "optishe"), QStringLiteral("آذان القدس"));
-    EXPECT_EQ(arabic.layoutDirection(), Qt::RightToLeft);
+class AlertsCaption : public AlertsTest, public ::testing::WithParamInterface<Twin> {};
+
+TEST_P(AlertsCaption, StandsLetterForLetter) {
+    in_both_languages<frmalerts>(
+        [](QWidget& form, Language language) { expect_caption(form, GetParam(), language); });
 }
+
+INSTANTIATE_TEST_SUITE_P(Every, AlertsCaption, ::testing::ValuesIn(captions), caption_name);
 
 TEST_F(AlertsTest, EveryControlHasANameAKeyAndRoom) {
     put("alert.vsk", "1,10,1,0,#TRUE#,#TRUE#,#TRUE#,#TRUE#\r\n");

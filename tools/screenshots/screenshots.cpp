@@ -34,7 +34,6 @@
 #include <filesystem>
 #include <memory>
 #include <string_view>
-#include <unordered_map>
 
 namespace halvane {
 namespace {
@@ -57,45 +56,6 @@ void settle() {
         QCoreApplication::processEvents(QEventLoop::AllEvents, settle_time);
 }
 
-/// The picture in at most 256 colours where no eye sees the difference, which makes a small file: like
-/// colours become their mean, as few of them as it takes. A picture of many shades stays as it is.
-QImage in_few_colours(const QImage& picture) {
-    constexpr int most_bits_dropped = 2;
-    struct Sum {
-        int red = 0, green = 0, blue = 0, count = 0, index = 0;
-    };
-    const auto bucket = [](QRgb colour, int bits) {
-        return (qRed(colour) >> bits) << 16 | (qGreen(colour) >> bits) << 8 | qBlue(colour) >> bits;
-    };
-    std::unordered_map<int, Sum> sums;
-    int bits = -1;
-    do {
-        if (++bits > most_bits_dropped)
-            return picture;
-        sums.clear();
-        for (int y = 0; y < picture.height(); ++y)
-            for (int x = 0; x < picture.width(); ++x) {
-                const QRgb colour = picture.pixel(x, y);
-                Sum& sum = sums[bucket(colour, bits)];
-                sum.red += qRed(colour);
-                sum.green += qGreen(colour);
-                sum.blue += qBlue(colour);
-                ++sum.count;
-            }
-    } while (sums.size() > 256);
-    QList<QRgb> colours;
-    for (auto& [key, sum] : sums) {
-        sum.index = static_cast<int>(colours.size());
-        colours << qRgb(sum.red / sum.count, sum.green / sum.count, sum.blue / sum.count);
-    }
-    QImage few(picture.size(), QImage::Format_Indexed8);
-    few.setColorTable(colours);
-    for (int y = 0; y < picture.height(); ++y)
-        for (int x = 0; x < picture.width(); ++x)
-            few.setPixel(x, y, static_cast<uint>(sums[bucket(picture.pixel(x, y), bits)].index));
-    return few;
-}
-
 class Camera {
 public:
     Camera(QString folder, Language language) : folder_(std::move(folder)), language_(language) {}
@@ -113,8 +73,7 @@ public:
         const QString scale = qEnvironmentVariable("QT_SCALE_FACTOR", QStringLiteral("1"));
         const QString language = language_ == Language::english ? QStringLiteral("en") : QStringLiteral("ar");
         const QString file = QStringLiteral("%1/%2-%3-%4.png").arg(folder_, name, language, scale);
-        const QImage picture = in_few_colours(form.grab().toImage());
-        if (!picture.save(file, "PNG", smallest_file))
+        if (!form.grab().save(file, "PNG", smallest_file))
             std::fprintf(stderr, "screenshots: %s cannot be written\n", qPrintable(file));
         form.hide();
     }

@@ -102,7 +102,7 @@ void write_prayer_head(Report& report, const PrayerSettings& settings, const Rep
     write_city_setting(report, settings.location);
     write_delta_t(report, format_number(period.delta_t, "00.0"));
     report.rule(prayer_rule).end_line();
-    write_titles(report, settings.precision);
+    write_titles(report, precision_of(settings.preferences));
 }
 
 void write_prayer_row(Report& report, int precision, bool summer, const std::string& date,

@@ -7,7 +7,8 @@
 
 namespace halvane {
 
-/// The head of `results.out`; `fajer_angle` and `isha_angle` are those in force [deg].
+/// The head of `results.out`; `fajer_angle` and `isha_angle` are those in force [deg]. The title rows follow
+/// the stored precision, also where the rows of the alternative method are in minutes.
 void write_prayer_head(Report& report, const PrayerSettings& settings, const ReportPeriod& period,
                        double fajer_angle, double isha_angle);
 

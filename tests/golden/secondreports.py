@@ -635,7 +635,7 @@ def prayer_report(s, rows_until=None):
         forced, seconds = 18.0, False
     lines = Lines()
     head(s, lines, "Prayer times", first, last, (18.0, 18.0) if forced_year else (s.fajer_angle, s.isha_angle))
-    if seconds:
+    if s.seconds:
         lines.put("  Date", 15, "Fajer", 25, "Shuroq", 35, "Dhohur", 46, "Aser", 54, "Maghreb", 66, "Isha").end()
         lines.put(" " * 14 + "B. Twi.   Sunrise   Transit    -----    Sunset    E. Twi.").end()
     else:

@@ -290,6 +290,36 @@ TEST(Precession, LeavesAPlaceOfJ2000AsItIs) {
     EXPECT_NEAR(turned.first, 350, 1e-11);
 }
 
+/// The place of an equinox and equator of date from that of J2000.
+/// Source  Lieske, Lederle, Fricke and Morando (1977), as Meeus, Astronomical Algorithms, (21.3) and (21.4).
+Pair from_j2000(double jd, const Pair& place) {
+    const double t = (jd - 2451545) / 36525;
+    const double zeta = (2306.2181 * t + 0.30188 * t * t + 0.017998 * t * t * t) / 3600;
+    const double z = (2306.2181 * t + 1.09468 * t * t + 0.018203 * t * t * t) / 3600;
+    const double theta = (2004.3109 * t - 0.42665 * t * t - 0.041833 * t * t * t) / 3600 * radians_per_degree;
+    const double a = (place.first + zeta) * radians_per_degree;
+    const double delta = place.second * radians_per_degree;
+    const double east = std::cos(delta) * std::sin(a);
+    const double equinox =
+        std::cos(theta) * std::cos(delta) * std::cos(a) - std::sin(theta) * std::sin(delta);
+    const double pole = std::sin(theta) * std::cos(delta) * std::cos(a) + std::cos(theta) * std::sin(delta);
+    return {std::atan2(east, equinox) * degrees_per_radian + z, std::asin(pole) * degrees_per_radian};
+}
+
+TEST(Precession, UndoesThatFromJ2000OverThreeThousandYears) {
+    for (const double year : {-1000.0, 0.0, 1000.0, 1500.0, 2500.0, 3000.0}) {
+        const double jd = 2451545 + (year - 2000) * 365.25;
+        for (double right_ascension = 5; right_ascension < 360; right_ascension += 50)
+            for (const double declination : {-60.0, -20.0, 0.0, 30.0, 60.0}) {
+                const Pair of_date = from_j2000(jd, {right_ascension, declination});
+                Pair place;
+                modequinox2000(jd, of_date.first, of_date.second, place.first, place.second);
+                EXPECT_NEAR(place.first, right_ascension, 0.01 * arc_second) << year;
+                EXPECT_NEAR(place.second, declination, 0.01 * arc_second) << year;
+            }
+    }
+}
+
 // Meeus, exercise of chapter 21: Polaris precessed from J2000 to 2050 (13 apparent changes of the pole) and
 // to 1900: 1h 22m 33.90s, +88 deg 46' 26.18"; 3h 48m 16.43s, +89 deg 27' 15.38", its proper motion included.
 TEST(Precession, OfPolarisNearThePole) {

@@ -306,6 +306,19 @@ TEST_F(AlternativeMethod, LeavesWinterDaysAsTheyAreWithTheAngle18) {
         EXPECT_EQ(alternative[i], ordinary[i]);
 }
 
+TEST_F(AlternativeMethod, IsAFailureOnADayWithoutShuroq) {
+    Preferences preferences;
+    preferences.high_latitude = 1;
+    Location here = place_at(0, {64, 54}, -1.5);
+    try {
+        // By this clock the Sun rises after one midnight and before the next one, so 5 July has no sunrise.
+        day_of(preferences, here, 2025, 7, 5);
+        ADD_FAILURE() << "a day without Shuroq has no night to take a fraction of";
+    } catch (const RunTimeFailure& failure) {
+        EXPECT_NE(std::string(failure.what()).find("Shuroq"), std::string::npos) << failure.what();
+    }
+}
+
 TEST_F(AlternativeMethod, CoversALeapYear) {
     run(52, 0, 1, {2028, 5, 1}, {2028, 5, 1});
     EXPECT_EQ(rows().size(), 366U);

@@ -48,7 +48,7 @@ bool has_display() {
 
 void end_with_failure(const std::exception& failure) {
     std::fprintf(stderr, "halvane: %s\n", failure.what());
-    tell_failure(failure.what(), language_of_failure());
+    tell_failure(failure, language_of_failure());
     std::_Exit(EXIT_FAILURE);
 }
 

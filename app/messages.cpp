@@ -1,5 +1,6 @@
 #include "app/messages.h"
 
+#include "app/stored/failure.h"
 #include "app/version.h"
 
 #include <QAbstractButton>
@@ -11,13 +12,42 @@ namespace halvane {
 
 namespace {
 
-constexpr Twin failure{"", "Halvane cannot go on and ends now. Nothing more is written.",
-                       "لا يستطيع البرنامج المتابعة و سينتهي الآن. لن يكتب شيء آخر."};
-constexpr Twin remedy{
-    "",
-    "Put a sound copy of that file into the program folder, or correct the value that is named, "
-    "and start Halvane again.",
-    "ضع نسخة سليمة من هذا الملف في مجلد البرنامج، أو صحح القيمة المذكورة، ثم افتح البرنامج من جديد."};
+constexpr Twin ending{"", "Halvane cannot go on and ends now. Nothing more is written.",
+                      "لا يستطيع البرنامج المتابعة و سينتهي الآن. لن يكتب شيء آخر."};
+/// One way out for each kind of failure.
+Twin remedy(FailureKind kind) {
+    switch (kind) {
+    case FailureKind::missing_file:
+        return {"", "Put this file back where it belongs and start Halvane again.",
+                "أعد هذا الملف إلى مكانه ثم افتح البرنامج من جديد."};
+    case FailureKind::damaged_file:
+        return {"",
+                "Correct what was found there, or put a sound copy of this file in its place, and start "
+                "Halvane again.",
+                "صحح ما وجد هناك أو ضع نسخة سليمة من هذا الملف في مكانه ثم افتح البرنامج من جديد."};
+    case FailureKind::no_right:
+        return {"",
+                "Give yourself the right to read and write this file and its folder and start Halvane again.",
+                "امنح نفسك إذن القراءة و الكتابة لهذا الملف و مجلده ثم افتح البرنامج من جديد."};
+    case FailureKind::no_space:
+        return {"", "Make room on the disk of this file and start Halvane again.",
+                "وفر مساحة على قرص هذا الملف ثم افتح البرنامج من جديد."};
+    case FailureKind::system:
+        return {"", "See that this file and its folder can be used and start Halvane again.",
+                "تأكد من صلاحية هذا الملف و مجلده ثم افتح البرنامج من جديد."};
+    case FailureKind::no_finite_value:
+        return {"",
+                "Start Halvane again and choose another date, or correct the location (height, pressure, "
+                "temperature).",
+                "افتح البرنامج من جديد و اختر تاريخا آخر أو صحح الموقع (الارتفاع و الضغط و الحرارة)."};
+    case FailureKind::no_memory:
+        return {"", "Close other programs or choose a shorter period, and start Halvane again.",
+                "أغلق برامج أخرى أو اختر فترة أقصر ثم افتح البرنامج من جديد."};
+    case FailureKind::other:
+        break;
+    }
+    return {"", "Start Halvane again.", "افتح البرنامج من جديد."};
+}
 
 MessagePresenter& presenter() {
     static MessagePresenter current;
@@ -72,12 +102,14 @@ bool ask(QWidget* parent, const QString& title, const QString& text, Language la
     return show_box(parent, title, text, language, QMessageBox::Yes | QMessageBox::No);
 }
 
-void tell_failure(const std::string& words, Language language) {
-    QMessageBox box(QMessageBox::Critical, QString::fromLatin1(program_title), text_of(failure, language),
+void tell_failure(const std::exception& failure, Language language) {
+    const FailureParts parts = parts_of(failure);
+    const bool english = language == Language::english;
+    QMessageBox box(QMessageBox::Critical, QString::fromLatin1(program_title), text_of(ending, language),
                     QMessageBox::Ok);
     box.setTextFormat(Qt::PlainText);
-    box.setInformativeText(isolated(QString::fromStdString(words)) + QStringLiteral("\n\n") +
-                           text_of(remedy, language));
+    box.setInformativeText(isolated(QString::fromStdString(words_of(parts, english))) +
+                           QStringLiteral("\n\n") + text_of(remedy(parts.kind), language));
     if (language == Language::arabic) {
         box.setLayoutDirection(Qt::RightToLeft);
         set_arabic_buttons(box);

@@ -2,8 +2,8 @@
 
 #include "app/language.h"
 
+#include <exception>
 #include <functional>
-#include <string>
 
 class QMessageBox;
 
@@ -16,8 +16,8 @@ void warn(QWidget* parent, const TwinMessage& message, Language language);
 /// Asks with the exclamation icon and the buttons Yes and No; closing the box is No.
 bool ask(QWidget* parent, const QString& title, const QString& text, Language language);
 
-/// Tells that the program ends, by the words of a run-time failure: what failed, in which file, what to do.
-void tell_failure(const std::string& words, Language language);
+/// Tells that the program ends: what failed, in which file or calculation, and the remedy of that kind.
+void tell_failure(const std::exception& failure, Language language);
 
 /// Asks under which name to save; an empty text when the user gives up.
 /// In     proposed  bare name, or a path to start from

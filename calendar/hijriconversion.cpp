@@ -45,7 +45,8 @@ ConversionAnswer civil_date_of(double year, double month, double day, char lette
         answer.refused = RefusedDate::year_not_positive;
         return answer;
     }
-    const double noon = require_finite(day_number_of_hijri(year, month, day), "the day count of the date");
+    const double noon = require_finite(day_number_of_hijri(year, month, day),
+                                       {"the day count of the date", "عدد أيام التاريخ"});
     modjuc(noon, answer.year, answer.month, answer.day);
     answer.day = std::floor(answer.day);
     answer.month_name = name_of(civil_months(letter), answer.month);
@@ -69,7 +70,7 @@ ConversionAnswer hijri_date_of(double year, double month, double day, char lette
         return answer;
     double noon = 0;
     modjul(year, month, day, 12, noon);
-    noon = std::floor(require_finite(noon, "the day count of the date"));
+    noon = std::floor(require_finite(noon, {"the day count of the date", "عدد أيام التاريخ"}));
     const HijriDate hijri = hijri_of_day_number(noon);
     answer.year = hijri.year;
     answer.month = hijri.month;

@@ -45,7 +45,7 @@ std::string minutes_text(int precision, double hour, double minute, double secon
 } // namespace
 
 std::string modctim(int precision, double hours) {
-    require_finite(hours, "a clock time");
+    require_finite(hours, {"a clock time", "وقت"});
     const double hour = std::floor(hours);
     const double x = (hours - hour) * 60;
     const double minute = std::floor(x);

@@ -1,7 +1,7 @@
 #include "calendar/moddateconv.h"
 
+#include "app/stored/twintext.h"
 #include "calendar/modjul.h"
-#include "calendar/twintext.h"
 
 #include <array>
 #include <cmath>

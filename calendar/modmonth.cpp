@@ -1,6 +1,6 @@
 #include "calendar/modday.h"
 
-#include "calendar/twintext.h"
+#include "app/stored/twintext.h"
 
 #include <array>
 

@@ -39,7 +39,7 @@ std::string format_number(double value, std::string_view pattern) {
 }
 
 void append_number(std::string& text, double value, std::string_view pattern) {
-    require_finite(value, "a printed number");
+    require_finite(value, {"a printed number", "رقم مطبوع"});
     const std::size_t point = pattern.find('.');
     const std::string_view whole_pattern = pattern.substr(0, point);
     const auto least_digits =

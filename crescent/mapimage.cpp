@@ -138,8 +138,7 @@ QImage read_map_image() {
     const std::string path = map_picture_path();
     QImage map(QString::fromStdString(path), "GIF");
     if (map.size() != QSize(map_width, map_height))
-        throw RunTimeFailure(path + ": wanted a GIF picture of " + std::to_string(map_width) + " by " +
-                             std::to_string(map_height) + " pixels.");
+        throw broken_map_picture(path);
     return map.convertToFormat(QImage::Format_RGB32);
 }
 

@@ -2,7 +2,9 @@
 
 #include "app/stored/programfolder.h"
 
+#include <cerrno>
 #include <filesystem>
+#include <fstream>
 #include <system_error>
 
 namespace halvane {
@@ -13,6 +15,18 @@ std::string map_picture_path() {
     if (std::filesystem::exists(own, ignored))
         return own;
     return (std::filesystem::path(executable_folder()) / "map.gif").string();
+}
+
+RunTimeFailure broken_map_picture(const std::string& path) {
+    if (!std::ifstream(path))
+        return file_failure(FileAction::open, path, errno);
+    const std::string width = std::to_string(map_width);
+    const std::string height = std::to_string(map_height);
+    return damaged_file(path,
+                        {"a GIF picture of " + width + " by " + height + " pixels",
+                         "صورة GIF من " + width + " في " + height + " نقطة"},
+                        {"a picture that is cut, of another form or of another size",
+                         "صورة ناقصة أو من نوع آخر أو من حجم آخر"});
 }
 
 } // namespace halvane

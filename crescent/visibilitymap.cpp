@@ -50,7 +50,7 @@ PointConjunction point_conjunction(const Observer& observer, double start, doubl
     // left of such a series is added in one step.
     constexpr int patience = 8;
     const TdtSpan dynamical_time(1);
-    SearchGuard guard("a conjunction");
+    SearchGuard guard({"a conjunction", "وقت الاقتران"});
     double t = start;
     double step_before = 0;
     for (int round = 1;; ++round) {

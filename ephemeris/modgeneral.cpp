@@ -67,7 +67,7 @@ double round_half_even(double x) {
 
 double turn_into_360(double x) {
     constexpr double many_turns = 36000;
-    if (std::fabs(require_finite(x, "an angle")) > many_turns)
+    if (std::fabs(require_finite(x, {"an angle", "زاوية"})) > many_turns)
         x = std::fmod(x, 360);
     while (x < 0)
         x += 360;

@@ -83,7 +83,8 @@ void fill_elp(RecordReader& reader, MoonSeries& series) {
 template <class Table>
 const Table& loaded(const std::optional<Table>& table, const char* name) {
     if (!table)
-        throw RunTimeFailure(series_path(name) + ": the series has not been loaded.");
+        throw RunTimeFailure(TwinWords{series_path(name) + ": the series has not been loaded.",
+                                       series_path(name) + ": لم تقرأ هذه المتسلسلة."});
     return *table;
 }
 

@@ -18,7 +18,7 @@ double sun_mean_longitude(double u) {
 
 double equation_of_time(double e) {
     constexpr double many_turns = 36000;
-    if (std::fabs(require_finite(e, "the equation of time")) > many_turns)
+    if (std::fabs(require_finite(e, {"the equation of time", "معادلة الزمن"})) > many_turns)
         e = std::fmod(e, 360);
     while (e <= -6)
         e += 360;

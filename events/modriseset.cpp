@@ -237,7 +237,7 @@ void modriseset(std::string_view body, double jd0, TaggedTime& rise, TaggedTime&
     Search search{body, jd0, read_pref(), read_loc(), observer, {}};
     if (search.is_moon())
         search.moon_at_one = moon_low(observer, jd0 + 1.0 / 24);
-    double h0 = require_finite(threshold(search), "a rise or set altitude");
+    double h0 = require_finite(threshold(search), {"a rise or set altitude", "ارتفاع الشروق أو الغروب"});
     Found found = scan(search, h0);
     if (found.rise) {
         found.rise_hours = refine(search, h0, found.rise_hours);

@@ -116,7 +116,7 @@ double elongation_at(Phase phase, double t, bool geocentric) {
 
 double refined_phase(Phase phase, double estimate, bool geocentric) {
     const TdtSpan dynamical_time(1);
-    SearchGuard guard("a phase of the Moon");
+    SearchGuard guard({"a phase of the Moon", "طور من أطوار القمر"});
     double t = estimate;
     for (;;) {
         const double next = guard.check(t - elongation_at(phase, t, geocentric) * days_per_degree);

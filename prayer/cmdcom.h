@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/report/progress.h"
-#include "calendar/twintext.h"
+#include "app/stored/twintext.h"
 #include "prayer/prayerday.h"
 
 namespace halvane {

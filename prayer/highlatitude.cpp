@@ -50,10 +50,11 @@ int two_digit_number(std::string_view text, const std::string& whole) {
     int value = 0;
     const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
     if (result.ec != std::errc() || result.ptr != text.data() + text.size())
-        throw RunTimeFailure(
+        throw RunTimeFailure(TwinWords{
             "The alternative method for high latitudes needs a clock time, but a day of this "
             "location has \"" +
-            whole + "\".");
+                whole + "\".",
+            "تحتاج الحسابات البديلة لخطوط العرض العليا إلى وقت، و في هذا الموقع يوم فيه \"" + whole + "\"."});
     return value;
 }
 

@@ -16,7 +16,7 @@ namespace {
 constexpr double hours_per_day = 24;
 
 double into_day(double hours) {
-    require_finite(hours, "the Moon's transit");
+    require_finite(hours, {"the Moon's transit", "عبور القمر"});
     while (hours < 0)
         hours += hours_per_day;
     while (hours >= hours_per_day)
@@ -25,7 +25,8 @@ double into_day(double hours) {
 }
 
 double hour_angle_of(double sidereal_time, double longitude, double right_ascension) {
-    double angle = require_finite(sidereal_time + longitude - right_ascension, "the Moon's hour angle");
+    double angle = require_finite(sidereal_time + longitude - right_ascension,
+                                  {"the Moon's hour angle", "الزاوية الساعية للقمر"});
     while (angle <= -180)
         angle += 360;
     while (angle > 180)
@@ -41,7 +42,7 @@ double transit_hours(const Observer& observer, double jd, double clock_ahead) {
     modsiderial(midnight, sidereal_time);
     const double first = geocentric_moon_low(midnight).right_ascension - observer.longitude - sidereal_time;
     double t = into_day(first / 360 * hours_per_day);
-    SearchGuard guard("the Moon's transit");
+    SearchGuard guard({"the Moon's transit", "عبور القمر"});
     for (;;) {
         const double instant = jd - (clock_ahead - t) / hours_per_day;
         modsiderial(instant, sidereal_time);

@@ -104,8 +104,10 @@ private:
         const double* shuroq = hours_of(day_.sunrise);
         const double* maghreb = hours_of(day_.sunset);
         if (shuroq == nullptr || (maghreb == nullptr && !is(day_.sunset, NoEvent::none)))
-            throw RunTimeFailure("The alternative method for high latitudes needs Shuroq and Maghreb, but a "
-                                 "day of this location has none.");
+            throw RunTimeFailure(TwinWords{"The alternative method for high latitudes needs Shuroq and "
+                                           "Maghreb, but a day of this location has none.",
+                                           "تحتاج الحسابات البديلة لخطوط العرض العليا إلى الشروق و المغرب، و "
+                                           "في هذا الموقع يوم بدونهما."});
         const NightTwilights night = night_fraction_twilights(
             settings_.latitude, *shuroq, maghreb != nullptr ? *maghreb : 24, settings_.add_maghreb);
         fajer = night.fajer;
@@ -135,7 +137,7 @@ private:
         double t = transit(geocentric_sun_low(jd_ + 0.5 - clock_ahead_ / 24).equation_of_time);
         double instant = 0;
         SunPlace sun;
-        SearchGuard guard("the Sun's transit");
+        SearchGuard guard({"the Sun's transit", "عبور الشمس"});
         for (;;) {
             instant = jd_ - (clock_ahead_ - t) / 24;
             sun = geocentric_sun_medium(instant);

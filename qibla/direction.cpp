@@ -15,8 +15,9 @@ double qiblah_bearing(double longitude, double latitude) {
     const double n = std::cos(kaaba) * std::sin(eastward);
     const double d =
         std::sin(kaaba) * std::cos(place) - std::cos(kaaba) * std::sin(place) * std::cos(eastward);
-    const double angle =
-        std::atan(require_finite(n / d, "the Qiblah direction of this location")) * degrees_per_radian;
+    const double angle = std::atan(require_finite(
+                             n / d, {"the Qiblah direction of this location", "اتجاه القبلة لهذا الموقع"})) *
+                         degrees_per_radian;
     if (n < 0 && d > 0)
         return angle + 360;
     return n != 0 && d < 0 ? angle + 180 : angle;

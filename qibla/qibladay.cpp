@@ -89,7 +89,8 @@ double target_azimuth(float direction, bool shadow) {
 double qiblah_altitude_limit(double height, double pressure, double temperature) {
     const double depression =
         horizon_dip(height) + horizon_refraction(pressure, temperature) + 0.2665639 - 0.0024;
-    return -require_finite(depression, "the Sun's altitude limit for this height, pressure and temperature");
+    return -require_finite(depression, {"the Sun's altitude limit for this height, pressure and temperature",
+                                        "حد ارتفاع الشمس لهذا الارتفاع و الضغط و الحرارة"});
 }
 
 std::optional<double> settled_hours(const SearchRound& round) {
@@ -101,7 +102,8 @@ std::optional<double> settled_hours(const SearchRound& round) {
         const std::optional<double> next = round(t);
         if (!next)
             return std::nullopt;
-        const double change = std::fabs(require_finite(*next, "a time of the Qiblah direction") - t);
+        const double change =
+            std::fabs(require_finite(*next, {"a time of the Qiblah direction", "وقت اتجاه القبلة"}) - t);
         t = *next;
         if (change <= tolerance || ++count > last_count)
             return t;

@@ -29,7 +29,7 @@ double summer_hours(const EphemerisSettings& settings) {
 double instant_of(double year, double month, double day, double hour, double minute, double second) {
     double jd = 0;
     modjul(year, month, day, hour + minute / 60 + second / 3600, jd);
-    return require_finite(jd, "a date of the table");
+    return require_finite(jd, {"a date of the table", "تاريخ في الجدول"});
 }
 
 double unit_days(int unit) {

@@ -2,7 +2,7 @@
 
 #include "app/report/progress.h"
 #include "app/stored/coor.h"
-#include "calendar/twintext.h"
+#include "app/stored/twintext.h"
 
 namespace halvane {
 

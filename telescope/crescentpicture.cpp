@@ -18,7 +18,7 @@ std::string direction_name(double zenith_angle) {
 } // namespace
 
 std::string crescent_picture(double zenith_angle, bool flip_horizontal, bool flip_vertical) {
-    require_finite(zenith_angle, "the crescent's direction");
+    require_finite(zenith_angle, {"the crescent's direction", "اتجاه الهلال"});
     return direction_name(zenith_angle) + (flip_horizontal ? "h" : "") + (flip_vertical ? "v" : "") + ".gif";
 }
 

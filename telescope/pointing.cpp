@@ -26,7 +26,7 @@ double instant_of(const TelescopeSettings& settings) {
     const double zone = read_loc().zone + summer;
     double jd = 0;
     modjul(settings.year, settings.month, settings.day, settings.hour + settings.minute / 60 - zone, jd);
-    return require_finite(jd, "the telescope's date");
+    return require_finite(jd, {"the telescope's date", "تاريخ التلسكوب"});
 }
 
 SkyPlace topocentric_sky_place(const Observer& observer, double jd, double right_ascension,
@@ -95,7 +95,8 @@ std::optional<TelescopePointing> telescope_pointing(const TelescopeSettings& set
         topocentric_sky_place(observer, jd, sun.topocentric_right_ascension, sun.topocentric_declination);
     pointing.moon =
         topocentric_sky_place(observer, jd, moon.topocentric_right_ascension, moon.topocentric_declination);
-    if (require_finite(pointing.moon.altitude, "the Moon's altitude") < lowest_moon_altitude)
+    if (require_finite(pointing.moon.altitude, {"the Moon's altitude", "ارتفاع القمر"}) <
+        lowest_moon_altitude)
         return std::nullopt;
     pointing.zenith_angle = rev360(bright_limb_angle(sun, moon) - parallactic_angle(observer, jd, moon));
     pointing.crescent = limb_place(pointing.moon, moon.topocentric_semidiameter, pointing.zenith_angle);

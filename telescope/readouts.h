@@ -1,6 +1,6 @@
 #pragma once
 
-#include "calendar/twintext.h"
+#include "app/stored/twintext.h"
 #include "telescope/pointing.h"
 
 #include <array>

@@ -29,8 +29,7 @@ Image read_map() {
     const std::unique_ptr<std::FILE, FileEnd> file(std::fopen(path.c_str(), "rb"));
     Image map(file ? gdImageCreateFromGif(file.get()) : nullptr);
     if (!map || gdImageSX(map.get()) != map_width || gdImageSY(map.get()) != map_height)
-        throw RunTimeFailure(path + ": wanted a GIF picture of " + std::to_string(map_width) + " by " +
-                             std::to_string(map_height) + " pixels.");
+        throw broken_map_picture(path);
     return map;
 }
 
@@ -128,7 +127,8 @@ void save_map_picture(const MapRun& run, const std::vector<MapPoint>& points, co
     canvas.write_information(map_information(run, 'E'));
     canvas.write_legend(map_legend(run.criterion));
     if (!GIF().SaveGIF(canvas.picture(), path))
-        throw RunTimeFailure("Cannot write " + path + ".");
+        throw RunTimeFailure(TwinWords{"Cannot write " + path + ".", "لا تمكن كتابة " + path + "."},
+                             FailureKind::system);
 }
 
 } // namespace halvane

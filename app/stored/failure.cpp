@@ -1,21 +1,212 @@
 #include "app/stored/failure.h"
 
+#include <cerrno>
 #include <cmath>
+#include <cstdio>
+#include <cstring>
+#include <new>
+#include <string_view>
+#include <utility>
 
 namespace halvane {
+namespace {
 
-double require_finite(double value, std::string_view quantity) {
+/// What a failure without a finite value is about.
+struct Subject {
+    std::optional<SubjectDay> day;
+    std::string place;
+};
+
+Subject& subject() {
+    static Subject current;
+    return current;
+}
+
+/// "21/06/2024".
+std::string text_of(const SubjectDay& day) {
+    char text[96];
+    std::snprintf(text, sizeof text, "%02.0f/%02.0f/%.0f", std::floor(day.day), day.month, day.year);
+    return text;
+}
+
+struct Refusal {
+    int error;
+    const char* arabic;
+};
+
+constexpr Refusal refusals[] = {
+    {ENOENT, "لا يوجد ملف بهذا الاسم"},
+    {EACCES, "لا إذن بذلك"},
+    {EPERM, "لا إذن بذلك"},
+    {EROFS, "القرص للقراءة فقط"},
+    {ENOSPC, "لم تبق مساحة على القرص"},
+    {EDQUOT, "استهلكت المساحة المسموح بها على القرص"},
+    {EFBIG, "تجاوز الملف الحجم المسموح به"},
+    {EISDIR, "هذا مجلد و ليس ملفا"},
+    {ENOTDIR, "جزء من المسار ليس مجلدا"},
+    {EIO, "خطأ في القرص"},
+    {EMFILE, "عدد الملفات المفتوحة كبير"},
+    {EBUSY, "الملف مشغول"},
+};
+
+std::string text_of_error(int error, bool english) {
+    if (!english)
+        for (const Refusal& refusal : refusals)
+            if (refusal.error == error)
+                return refusal.arabic;
+    return std::strerror(error);
+}
+
+FailureKind kind_of_error(int error) {
+    switch (error) {
+    case ENOENT:
+        return FailureKind::missing_file;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+        return FailureKind::no_right;
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG:
+        return FailureKind::no_space;
+    case ENOMEM:
+        return FailureKind::no_memory;
+    default:
+        return FailureKind::system;
+    }
+}
+
+const TwinText& verb_of(FileAction action) {
+    static constexpr TwinText verbs[] = {{"Cannot open ", "لا يمكن فتح "},
+                                         {"Cannot read ", "لا يمكن قراءة "},
+                                         {"Cannot write ", "لا تمكن كتابة "}};
+    return verbs[static_cast<int>(action)];
+}
+
+std::string words_of_refusal(const FailureParts& parts, bool english) {
+    const TwinText& verb = verb_of(parts.action);
+    return (english ? verb.english : verb.arabic) + parts.file + ": " + text_of_error(parts.error, english) +
+           ".";
+}
+
+std::string words_of_damage(const FailureParts& parts, bool english) {
+    std::string words = parts.file;
+    if (parts.record > 0)
+        words += (english ? ", record " : "، السجل ") + std::to_string(parts.record) +
+                 (english ? ", field " : "، الحقل ") + std::to_string(parts.field);
+    return words + (english ? ": wanted " : ": المطلوب ") + parts.wanted.in(english) +
+           (english ? ", found " : "، و الموجود ") + parts.found.in(english) + ".";
+}
+
+/// " on 21/06/2024 for Amman", as far as they are known.
+std::string words_of_subject(const FailureParts& parts, bool english) {
+    std::string words;
+    if (!parts.day.empty())
+        words += (english ? " on " : " في ") + parts.day;
+    if (!parts.place.empty())
+        words += (english ? " for " : " في موقع ") + parts.place;
+    return words;
+}
+
+std::string words_of_no_value(const FailureParts& parts, bool english) {
+    const std::string about = parts.quantity.in(english) + words_of_subject(parts, english);
+    return english ? "The calculation of " + about + " has no finite value with the stored settings."
+                   : "ليس لحساب " + about + " قيمة محدودة بالإعدادات المخزونة.";
+}
+
+FailureParts without_value(const TwinText& quantity) {
+    FailureParts parts;
+    parts.kind = FailureKind::no_finite_value;
+    parts.quantity = quantity;
+    if (subject().day)
+        parts.day = text_of(*subject().day);
+    parts.place = subject().place;
+    return parts;
+}
+
+FailureParts with_words(const TwinWords& words, FailureKind kind) {
+    FailureParts parts;
+    parts.kind = kind;
+    parts.words = words;
+    return parts;
+}
+
+} // namespace
+
+std::string words_of(const FailureParts& parts, bool english) {
+    if (!parts.words.english.empty())
+        return parts.words.in(english);
+    if (parts.error != 0)
+        return words_of_refusal(parts, english);
+    if (parts.kind == FailureKind::no_finite_value)
+        return words_of_no_value(parts, english);
+    return words_of_damage(parts, english);
+}
+
+RunTimeFailure::RunTimeFailure(const TwinWords& words, FailureKind kind)
+    : RunTimeFailure(with_words(words, kind)) {}
+
+RunTimeFailure file_failure(FileAction action, const std::string& path, int error) {
+    FailureParts parts;
+    parts.kind = kind_of_error(error);
+    parts.file = path;
+    parts.action = action;
+    parts.error = error;
+    return RunTimeFailure(std::move(parts));
+}
+
+RunTimeFailure damaged_file(const std::string& path, const TwinWords& wanted, const TwinWords& found) {
+    FailureParts parts;
+    parts.kind = FailureKind::damaged_file;
+    parts.file = path;
+    parts.wanted = wanted;
+    parts.found = found;
+    return RunTimeFailure(std::move(parts));
+}
+
+FailureParts parts_of(const std::exception& failure) {
+    if (const auto* known = dynamic_cast<const RunTimeFailure*>(&failure))
+        return known->parts();
+    if (dynamic_cast<const std::bad_alloc*>(&failure) != nullptr ||
+        dynamic_cast<const std::length_error*>(&failure) != nullptr)
+        return with_words({"The system gives no more memory for this calculation.",
+                           "لا يعطي النظام ذاكرة أخرى لهذا الحساب."},
+                          FailureKind::no_memory);
+    const std::string words = failure.what();
+    return with_words({"An unexpected failure inside the program: " + words + ".",
+                       "خطأ غير متوقع داخل البرنامج: " + words + "."},
+                      FailureKind::other);
+}
+
+SubjectSpan::SubjectSpan(const SubjectDay& day) : day_(subject().day), place_(subject().place) {
+    subject().day = day;
+}
+
+SubjectSpan::SubjectSpan(std::string place) : day_(subject().day), place_(std::move(subject().place)) {
+    subject().place = std::move(place);
+}
+
+SubjectSpan::~SubjectSpan() {
+    subject().day = day_;
+    subject().place = std::move(place_);
+}
+
+double require_finite(double value, const TwinText& quantity) {
     if (!std::isfinite(value))
-        throw RunTimeFailure("The calculation of " + std::string(quantity) +
-                             " has no finite value with the stored settings.");
+        throw RunTimeFailure(without_value(quantity));
     return value;
 }
 
 double SearchGuard::check(double value) {
     constexpr int never_needed = 10000;
-    if (++rounds_ > never_needed)
-        throw RunTimeFailure("The search for " + std::string(quantity_) +
-                             " does not end: the time is too far off for the theories.");
+    if (++rounds_ > never_needed) {
+        FailureParts parts = without_value(quantity_);
+        parts.words = {"The search for " + parts.quantity.english + words_of_subject(parts, true) +
+                           " does not end: the time is too far off for the theories.",
+                       "لا ينتهي البحث عن " + parts.quantity.arabic + words_of_subject(parts, false) +
+                           ": الوقت أبعد مما تصلح له النظريات."};
+        throw RunTimeFailure(std::move(parts));
+    }
     return require_finite(value, quantity_);
 }
 

@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 
 namespace halvane {
 namespace {
@@ -83,7 +82,7 @@ void replace_list(std::string_view content) {
     const std::string list = program_path(list_name);
     save_text_file(working_copy, content);
     if (std::rename(working_copy.c_str(), list.c_str()) != 0)
-        throw RunTimeFailure("Cannot write " + list + ": " + std::strerror(errno) + ".");
+        throw file_failure(FileAction::write, list, errno);
 }
 
 } // namespace

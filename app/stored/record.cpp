@@ -11,6 +11,8 @@
 namespace halvane {
 namespace {
 
+constexpr TwinText number_words{"a number", "رقم"};
+
 bool is_line_end(char c) {
     return c == '\r' || c == '\n';
 }
@@ -42,7 +44,7 @@ std::string excerpt(std::string_view text) {
 
 template <class Float>
 std::string shortest(Float value) {
-    require_finite(static_cast<double>(value), "a number to be written");
+    require_finite(static_cast<double>(value), {"a number to be written", "رقم يراد كتابته"});
     char digits[512];
     const Float unsigned_if_zero = value == 0 ? 0 : value;
     const auto end =
@@ -77,7 +79,8 @@ RecordReader::Field RecordReader::next_field() {
         const std::size_t start = position_ + 1;
         const std::size_t close = text_.find('"', start);
         if (close == std::string_view::npos)
-            raise({text_.substr(position_), false, true}, "a closing double quote mark");
+            raise({text_.substr(position_), false, true},
+                  {"a closing double quote mark", "علامة تنصيص ختامية"});
         field.text = text_.substr(start, close - start);
         position_ = close + 1;
     }
@@ -86,7 +89,7 @@ RecordReader::Field RecordReader::next_field() {
         ++position_;
     const std::string_view rest = trimmed(text_.substr(start, position_ - start));
     if (field.quoted && !rest.empty())
-        raise({rest, false, true}, "a comma or a line end");
+        raise({rest, false, true}, {"a comma or a line end", "فاصلة أو نهاية سطر"});
     if (!field.quoted)
         field.text = rest;
     if (position_ < text_.size()) {
@@ -97,38 +100,44 @@ RecordReader::Field RecordReader::next_field() {
     return field;
 }
 
-void RecordReader::raise(const Field& field, const char* wanted) const {
-    const std::string found =
-        field.present ? "\"" + excerpt(field.text) + "\"" : std::string("the end of the file");
-    throw RunTimeFailure(path_ + ", record " + std::to_string(record_) + ", field " + std::to_string(field_) +
-                         ": wanted " + wanted + ", found " + found + ".");
+void RecordReader::raise(const Field& field, const TwinWords& wanted) const {
+    FailureParts parts;
+    parts.kind = FailureKind::damaged_file;
+    parts.file = path_;
+    parts.record = record_;
+    parts.field = field_;
+    parts.wanted = wanted;
+    const std::string shown = "\"" + excerpt(field.text) + "\"";
+    parts.found = field.present ? TwinWords(shown, shown) : TwinWords("the end of the file", "نهاية الملف");
+    throw RunTimeFailure(std::move(parts));
 }
 
 std::string RecordReader::text() {
     const Field field = next_field();
     if (!field.present)
-        raise(field, "a text");
+        raise(field, {"a text", "نص"});
     return std::string(field.text);
 }
 
 double RecordReader::number() {
     const Field field = next_field();
     if (!field.present || field.quoted)
-        raise(field, "a number");
+        raise(field, number_words);
     std::string_view digits = field.text;
     if (digits.size() > 1 && digits[0] == '+' && digits[1] != '-')
         digits.remove_prefix(1);
     double value = 0;
     const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
     if (result.ec != std::errc() || result.ptr != digits.data() + digits.size() || !std::isfinite(value))
-        raise(field, "a number");
+        raise(field, number_words);
     return value;
 }
 
 double RecordReader::number_within(double limit) {
     const double value = number();
     if (std::fabs(value) > limit)
-        raise({plain_number(value), false, true}, ("a number within " + plain_number(limit)).c_str());
+        raise({plain_number(value), false, true},
+              {"a number within " + plain_number(limit), "رقم لا يتجاوز " + plain_number(limit)});
     return value;
 }
 
@@ -138,7 +147,7 @@ bool RecordReader::boolean() {
         return true;
     if (field.present && !field.quoted && field.text == "#FALSE#")
         return false;
-    raise(field, "#TRUE# or #FALSE#");
+    raise(field, {"#TRUE# or #FALSE#", "#TRUE# أو #FALSE#"});
 }
 
 int RecordReader::integer() {
@@ -146,7 +155,7 @@ int RecordReader::integer() {
     constexpr double highest = 32767;
     const double value = number();
     if (value != std::floor(value) || value < lowest || value > highest)
-        raise({plain_number(value), false, true}, "a whole number of 16 bits");
+        raise({plain_number(value), false, true}, {"a whole number of 16 bits", "عدد صحيح من 16 بت"});
     return static_cast<int>(value);
 }
 

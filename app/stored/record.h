@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/stored/twintext.h"
+
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -35,7 +37,7 @@ private:
         bool present = false;
     };
     Field next_field();
-    [[noreturn]] void raise(const Field& field, const char* wanted) const;
+    [[noreturn]] void raise(const Field& field, const TwinWords& wanted) const;
 
     std::string_view text_;
     std::string path_;

@@ -5,7 +5,6 @@
 
 #include <cerrno>
 #include <cstdlib>
-#include <cstring>
 #include <fcntl.h>
 #include <filesystem>
 #include <sys/stat.h>
@@ -14,14 +13,10 @@
 namespace halvane {
 namespace {
 
-[[noreturn]] void raise_file_failure(const char* what, const std::string& path) {
-    throw RunTimeFailure(std::string(what) + " " + path + ": " + std::strerror(errno) + ".");
-}
-
 std::string read_bytes(const std::string& path) {
     const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
     if (file < 0)
-        raise_file_failure("Cannot open", path);
+        throw file_failure(FileAction::open, path, errno);
     std::string bytes;
     struct stat status {};
     if (::fstat(file, &status) == 0 && status.st_size > 0)
@@ -34,8 +29,7 @@ std::string read_bytes(const std::string& path) {
         if (count < 0) {
             const int error = errno;
             ::close(file);
-            errno = error;
-            raise_file_failure("Cannot read", path);
+            throw file_failure(FileAction::read, path, error);
         }
         if (count == 0)
             break;
@@ -67,7 +61,7 @@ int open_beside(const std::string& path, std::string& beside) {
     beside = path + ".XXXXXX";
     const int file = ::mkstemp(beside.data());
     if (file < 0)
-        raise_file_failure("Cannot write", path);
+        throw file_failure(FileAction::write, path, errno);
     struct stat status {};
     const mode_t mode = ::stat(path.c_str(), &status) == 0 ? status.st_mode & 0777U : 0644U;
     if (::fchmod(file, mode) != 0)
@@ -81,7 +75,7 @@ void write_all(int file, std::string_view content, const std::string& path) {
         if (count < 0 && errno == EINTR)
             continue;
         if (count < 0)
-            raise_file_failure("Cannot write", path);
+            throw file_failure(FileAction::write, path, errno);
         content.remove_prefix(static_cast<std::size_t>(count));
     }
 }
@@ -92,8 +86,7 @@ void commit_beside(int file, const std::string& beside, const std::string& path)
     if (!flushed || !closed || ::rename(beside.c_str(), path.c_str()) != 0) {
         const int error = errno;
         ::unlink(beside.c_str());
-        errno = error;
-        raise_file_failure("Cannot write", path);
+        throw file_failure(FileAction::write, path, error);
     }
     flush_folder_of(path);
 }

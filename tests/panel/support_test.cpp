@@ -1,6 +1,7 @@
 #include "app/frmstyle.h"
 #include "app/frmsupport.h"
 #include "app/messages.h"
+#include "app/stored/failure.h"
 #include "tests/panel/panelharness.h"
 
 #include <QApplication>
@@ -11,6 +12,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
+#include <cerrno>
 #include <cstdlib>
 
 namespace halvane {
@@ -136,15 +138,20 @@ TEST_F(SupportTest, TheAccentFollowsTheSystemFromLightToDarkAndBack) {
 }
 
 TEST_F(SupportTest, AFailureNamesWhatFailedAndWhatToDo) {
-    tell_failure("Cannot open loc.vsk: record 1", Language::english);
-    tell_failure("Cannot open loc.vsk: record 1", Language::arabic);
+    const RunTimeFailure missing = file_failure(FileAction::open, "/here/loc.vsk", ENOENT);
+    tell_failure(missing, Language::english);
+    tell_failure(missing, Language::arabic);
     ASSERT_EQ(messages.size(), 2U);
     for (const SeenMessage& message : messages) {
         EXPECT_EQ(message.title, QStringLiteral("Halvane 5.3.9"));
         EXPECT_FALSE(message.exclamation);
-        EXPECT_TRUE(message.informative_text.contains(QStringLiteral("Cannot open loc.vsk: record 1")));
+        EXPECT_TRUE(message.informative_text.contains(QStringLiteral("/here/loc.vsk")));
     }
-    EXPECT_TRUE(messages[0].informative_text.contains(QStringLiteral("start Halvane again")));
+    EXPECT_TRUE(
+        messages[0].informative_text.contains(QStringLiteral("Cannot open /here/loc.vsk: No such file")));
+    EXPECT_TRUE(messages[0].informative_text.contains(QStringLiteral("Put this file back")));
+    EXPECT_TRUE(messages[1].informative_text.contains(QStringLiteral("لا يوجد ملف بهذا الاسم")));
+    EXPECT_TRUE(messages[1].informative_text.contains(QStringLiteral("أعد هذا الملف إلى مكانه")));
     EXPECT_EQ(messages[1].buttons, QStringList{QStringLiteral("موافق")});
     EXPECT_EQ(messages[1].direction, Qt::RightToLeft);
 }

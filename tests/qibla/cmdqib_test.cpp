@@ -93,7 +93,7 @@ TEST_F(CmdqibTest, AFailureInMidRunLeavesTheEarlierReportUntouched) {
     RecordingProgress progress;
     progress.at_yield = [](int yield) {
         if (yield == 12)
-            throw RunTimeFailure("a failure in mid-run");
+            throw RunTimeFailure(TwinWords{"a failure in mid-run", "خطأ أثناء الحساب"});
     };
     EXPECT_THROW(run(progress), RunTimeFailure);
     EXPECT_EQ(report(), "An earlier report\r\n");

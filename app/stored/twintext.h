@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+#include <utility>
+
+namespace halvane {
+
+/// A text in both languages, in UTF-8.
+struct TwinText {
+    const char* english;
+    const char* arabic;
+};
+
+/// A message box's words.
+struct TwinMessage {
+    TwinText title;
+    TwinText text;
+};
+
+/// A text in both languages that is made while the program runs.
+struct TwinWords {
+    std::string english;
+    std::string arabic;
+
+    TwinWords() = default;
+    TwinWords(std::string english_words, std::string arabic_words)
+        : english(std::move(english_words)), arabic(std::move(arabic_words)) {}
+    TwinWords(const TwinText& text) : english(text.english), arabic(text.arabic) {} // NOLINT: a text is words
+    const std::string& in(bool english_wanted) const { return english_wanted ? english : arabic; }
+};
+
+} // namespace halvane

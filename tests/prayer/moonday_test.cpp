@@ -51,6 +51,15 @@ TEST_F(MoonDayTest, OfAPolarMoonIsUpWithATransitOrDownThroughout) {
     EXPECT_GT(down, 8);
 }
 
+// The Moon grazes the southern horizon: by the Swiss Ephemeris its upper limb rises at 00:20, sets at 00:40
+// and rises again at 22:39. The user's guide tells of this day.
+TEST_F(MoonDayTest, OnTheBorderOfTheDaysWithoutMoonriseFindsOneMomentThreeTimes) {
+    const MoonTimes times = moon_of(place_at(20, 67, 1), 2024, 7, 22);
+    EXPECT_EQ(times.rise, "00:40");
+    EXPECT_EQ(times.transit, "00:40");
+    EXPECT_EQ(times.set, "00:40");
+}
+
 TEST_F(MoonDayTest, FoldsATransitThatFallsInNoHourOfTheDay) {
     // The Moon of 2026 January 2 passes between the late evening of the first and the small hours of the
     // third. Folded into the day, the moment is off the meridian by the Moon's motion of a day, twelve

@@ -202,6 +202,16 @@ TEST_F(PrayerDayTest, AlternativeMethodFailsOnADayWithoutSunrise) {
     EXPECT_THROW(day(), RunTimeFailure) << "the Sun does not set from so high";
 }
 
+// The Sun's centre stays below the horizon all day and only its upper limb comes up for half an hour, so that
+// no shadow falls; the user's guide tells of this day.
+TEST_F(PrayerDayTest, AserCanStandBeforeDhohurBeyond75Degrees) {
+    const PrayerTimes times = day_of({}, place_at(35, 77, 2), 2025, 2, 13).times;
+    EXPECT_EQ(times.shuroq, "10:42");
+    EXPECT_EQ(times.dhohur, "11:54");
+    EXPECT_EQ(times.aser, "10:56");
+    EXPECT_EQ(times.maghreb, "13:08");
+}
+
 TEST_F(PrayerDayTest, TimesStandInTheOrderOfTheDay) {
     std::mt19937 random(5);
     std::uniform_int_distribution<int> latitude(-60, 60);

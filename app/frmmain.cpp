@@ -161,7 +161,7 @@ void frmmain::connect_buttons(std::span<const Panel> panels) {
 void frmmain::run_report(const QPushButton& button, RunOutcome (*report)(Progress&), const char* file) {
     RunOutcome outcome;
     {
-        WaitProgress progress(button.text().remove(u'&').trimmed());
+        WaitProgress progress(button.text().remove(u'&').trimmed(), this);
         outcome = report(progress);
     }
     if (outcome == RunOutcome::done)

@@ -1,9 +1,13 @@
 #pragma once
 
 #include "app/language.h"
+#include "app/remainingtime.h"
 #include "app/report/progress.h"
+#include "app/runnote.h"
 
 #include <QDialog>
+#include <QElapsedTimer>
+#include <QPointer>
 #include <cstdint>
 #include <memory>
 
@@ -28,23 +32,39 @@ public:
     void load(const QString& what);
     /// In     p  0 to 100; the text shows its whole part
     void show_percent(double p);
+    /// In     seconds  since the load; the remaining time is told by them once it is sound
+    void show_percent(double p, double seconds);
+    /// Comes in front of the run's panel, or by itself where there is none.
+    void show_over(QWidget* panel);
+    /// Stands in front of the panel again once no other panel keeps the panel waiting.
+    void stay_over_panel();
     /// Cancels every run under way and leaves the screen.
     void reject() override;
+
+protected:
+    bool event(QEvent* event) override;
 
 private:
     void set_fonts(Language language);
 
     std::unique_ptr<Ui::frmwait> ui_;
+    Language language_ = Language::english;
+    QElapsedTimer clock_;
+    RemainingTime remaining_;
+    QPointer<QWindow> over_;
 };
 
 /// The texts of `frmwait`.
 std::span<const Twin> frmwait_twins();
 
 /// A run of a report with the progress window shown for as long as this object lives. Runs may nest, since
-/// any button can be pressed during a run: they share the window, and Cancel ends them all.
+/// any button can be pressed during a run: they share the window, and Cancel ends them all. The run's panel
+/// says so too for as long.
 class WaitProgress : public Progress {
 public:
-    explicit WaitProgress(const QString& what);
+    /// In     what   is being computed, in words
+    ///        panel  from which the run was started; it may go while the run goes on
+    explicit WaitProgress(const QString& what, QWidget* panel = nullptr);
     WaitProgress(const WaitProgress&) = delete;
     WaitProgress& operator=(const WaitProgress&) = delete;
     ~WaitProgress() override;
@@ -55,6 +75,8 @@ public:
 private:
     friend void cancel_runs();
     QString what_;
+    QPointer<QWidget> panel_;
+    QPointer<RunNote> note_;
     bool cancelled_ = false;
 };
 

@@ -114,7 +114,7 @@ void frmphase::cmdcalc_click() {
     const PhaseYear run = phase_year(shown(), text_of(*ui_->txtdelta));
     RunOutcome outcome;
     {
-        WaitProgress progress(windowTitle());
+        WaitProgress progress(windowTitle(), this);
         outcome = write_phases(run, progress);
     }
     if (outcome == RunOutcome::done)

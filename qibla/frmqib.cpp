@@ -86,7 +86,7 @@ void frmqib::cmdqib_click() {
     const QiblahMark mark = ui_->optsun->isChecked() ? QiblahMark::sun : QiblahMark::shadow;
     RunOutcome outcome;
     {
-        WaitProgress progress(ui_->lblqibtim->text());
+        WaitProgress progress(ui_->lblqibtim->text(), this);
         outcome = cmdqib(progress, direction, mark);
     }
     if (outcome == RunOutcome::done)

@@ -175,7 +175,7 @@ void frmcoor::cmdcalc_click() {
     ui_->cmdcalc->setEnabled(false);
     RunOutcome outcome = RunOutcome::cancelled;
     {
-        WaitProgress progress(windowTitle());
+        WaitProgress progress(windowTitle(), this);
         outcome = write_ephemeris_table(settings, progress);
     }
     if (panel != nullptr)

@@ -1,8 +1,12 @@
 #include "app/frmwait.h"
 #include "tests/panel/panelchecks.h"
 
+#include <QDialog>
 #include <QElapsedTimer>
+#include <QLabel>
 #include <QProgressBar>
+#include <QWindow>
+#include <memory>
 
 namespace halvane {
 namespace {
@@ -115,6 +119,151 @@ TEST_F(WaitTest, TheWindowIsPaintedBeforeTheWorkBegins) {
     const WaitProgress run{QString()};
     EXPECT_GE(time.elapsed(), 100);
     EXPECT_LT(time.elapsed(), 400);
+}
+
+TEST_F(WaitTest, TheWindowStandsInFrontOfItsOwnPanel) {
+    QWidget panel;
+    panel.setGeometry(100, 100, 700, 500);
+    panel.show();
+    QWidget other;
+    other.show();
+    const WaitProgress run(QStringLiteral("Prayer Times"), &panel);
+    QWidget* window = open_window("frmwait");
+    ASSERT_NE(window, nullptr);
+    EXPECT_EQ(window->windowHandle()->transientParent(), panel.windowHandle());
+    EXPECT_TRUE(panel.frameGeometry().contains(window->frameGeometry().center()));
+    {
+        const WaitProgress inner(QStringLiteral("inner"), &other);
+        EXPECT_EQ(window->windowHandle()->transientParent(), other.windowHandle());
+    }
+    EXPECT_EQ(window->windowHandle()->transientParent(), panel.windowHandle());
+}
+
+TEST_F(WaitTest, CancelAnswersWhileASettingsPanelKeepsThePanelWaiting) {
+    QWidget panel;
+    panel.show();
+    WaitProgress run(QStringLiteral("Prayer Times"), &panel);
+    QWidget* window = open_window("frmwait");
+    ASSERT_NE(window, nullptr);
+    QDialog settings(&panel);
+    settings.setWindowModality(Qt::WindowModal);
+    settings.show();
+    auto& cancel = control(*window, "bcancel");
+    QTest::mouseClick(window->windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                      cancel.mapTo(window, cancel.rect().center()));
+    EXPECT_FALSE(run.yield());
+    settings.close();
+}
+
+TEST_F(WaitTest, TheWindowStandsInFrontAgainOnceTheSettingsPanelIsGone) {
+    QWidget panel;
+    panel.show();
+    WaitProgress run(QStringLiteral("Prayer Times"), &panel);
+    QWidget* window = open_window("frmwait");
+    ASSERT_NE(window, nullptr);
+    QDialog settings(&panel);
+    settings.setWindowModality(Qt::WindowModal);
+    settings.show();
+    EXPECT_TRUE(run.yield());
+    settings.close();
+    EXPECT_TRUE(run.yield());
+    EXPECT_EQ(window->windowHandle()->transientParent(), panel.windowHandle());
+}
+
+TEST_F(WaitTest, ThePanelMayGoWhileItsRunGoesOn) {
+    auto panel = std::make_unique<QWidget>();
+    panel->show();
+    WaitProgress run(QStringLiteral("Prayer Times"), panel.get());
+    panel.reset();
+    run.percent(50);
+    EXPECT_TRUE(run.yield());
+    EXPECT_NE(open_window("frmwait"), nullptr);
+}
+
+TEST_F(WaitTest, ThePanelSaysWhichRunGoesOnUntilItsEnd) {
+    for (const Language language : both_languages) {
+        set_language(language);
+        QWidget panel;
+        panel.resize(500, 300);
+        panel.show();
+        {
+            WaitProgress run(QStringLiteral("Prayer Times"), &panel);
+            run.percent(41.9);
+            const auto& note = control<QLabel>(panel, "lblrunning");
+            EXPECT_TRUE(note.isVisible());
+            EXPECT_EQ(note.text(), text_of(runnote_twins()[0], language)
+                                       .arg(QStringLiteral("Prayer Times"), QStringLiteral("41")));
+            EXPECT_TRUE(panel.rect().contains(note.geometry()));
+            panel.resize(600, 400);
+            EXPECT_EQ(note.geometry().bottom(), panel.rect().bottom());
+            EXPECT_EQ(note.width(), panel.width());
+        }
+        EXPECT_EQ(panel.findChild<QLabel*>(QStringLiteral("lblrunning")), nullptr);
+    }
+}
+
+TEST_F(WaitTest, TheTimeLeftIsToldOnceItIsSoundAndInTheLanguage) {
+    for (const Language language : both_languages) {
+        set_language(language);
+        frmwait form;
+        form.load(QString());
+        EXPECT_EQ(caption(form, "lblleft"), QString());
+        form.show_percent(0, 0);
+        form.show_percent(1, 1);
+        EXPECT_EQ(caption(form, "lblleft"), QString()) << "too early to tell";
+        for (int second = 2; second <= 35; ++second)
+            form.show_percent(second, second);
+        const QString words = language == Language::english ? QStringLiteral("Time left: about ")
+                                                            : QStringLiteral("الوقت المتبقي: نحو ");
+        EXPECT_EQ(caption(form, "lblleft"), words + isolated(QStringLiteral("1:05")));
+        form.show_percent(100, 40);
+        EXPECT_EQ(caption(form, "lblleft"), QString()) << "what is left shows no progress of its own";
+        form.show_percent(0, 41);
+        form.load(QString());
+        EXPECT_EQ(caption(form, "lblleft"), QString());
+    }
+}
+
+TEST(RemainingTime, IsThatOfASteadyPace) {
+    RemainingTime time;
+    for (int step = 0; step <= 100; ++step)
+        time.tell(step * 0.5, step * 0.2);
+    ASSERT_TRUE(time.left());
+    EXPECT_NEAR(*time.left(), 200, 1e-9); // 20 % in 50 s
+}
+
+TEST(RemainingTime, IsNotToldForARunThatSlowsDownOrStops) {
+    RemainingTime slows;
+    for (int second = 0; second <= 20; ++second)
+        slows.tell(second, second < 10 ? second * 4.0 : 40 + (second - 10) * 0.5);
+    EXPECT_FALSE(slows.left());
+    RemainingTime stops;
+    for (int second = 0; second <= 60; ++second)
+        stops.tell(second, std::min(second, 20));
+    EXPECT_FALSE(stops.left());
+    for (int second = 61; second <= 200; ++second)
+        stops.tell(second, 20 + (second - 60) * 0.4);
+    EXPECT_TRUE(stops.left()) << "the pace is steady again";
+}
+
+TEST(RemainingTime, BeginsAnewWithAnotherRun) {
+    RemainingTime time;
+    for (int second = 0; second <= 50; ++second)
+        time.tell(second, second);
+    time.tell(51, 0);
+    EXPECT_FALSE(time.left());
+    for (int second = 52; second <= 60; ++second)
+        time.tell(second, (second - 51) * 10);
+    ASSERT_TRUE(time.left());
+    EXPECT_NEAR(*time.left(), 1, 0.01);
+}
+
+TEST(RemainingTime, KeepsFewMomentsOfALongRun) {
+    RemainingTime time;
+    for (int row = 0; row <= 900000; ++row)
+        time.tell(row * 0.01, row / 10000.0);
+    ASSERT_TRUE(time.left());
+    EXPECT_NEAR(*time.left(), 1000, 1);
 }
 
 class WaitBothLanguages : public WaitTest, public ::testing::WithParamInterface<Language> {};

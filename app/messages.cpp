@@ -102,6 +102,10 @@ bool ask(QWidget* parent, const QString& title, const QString& text, Language la
     return show_box(parent, title, text, language, QMessageBox::Yes | QMessageBox::No);
 }
 
+QString words_of(const RunTimeFailure& failure, Language language) {
+    return QString::fromStdString(words_of(failure.parts(), language == Language::english));
+}
+
 void tell_failure(const std::exception& failure, Language language) {
     const FailureParts parts = parts_of(failure);
     const bool english = language == Language::english;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/language.h"
+#include "app/stored/failure.h"
 
 #include <exception>
 #include <functional>
@@ -15,6 +16,9 @@ void warn(QWidget* parent, const TwinMessage& message, Language language);
 
 /// Asks with the exclamation icon and the buttons Yes and No; closing the box is No.
 bool ask(QWidget* parent, const QString& title, const QString& text, Language language);
+
+/// All the words of a failure in the language.
+QString words_of(const RunTimeFailure& failure, Language language);
 
 /// Tells that the program ends: what failed, in which file or calculation, and the remedy of that kind.
 void tell_failure(const std::exception& failure, Language language);

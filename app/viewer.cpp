@@ -1,28 +1,26 @@
 #include "app/viewer.h"
 
+#include "app/besidefile.h"
 #include "app/frmstyle.h"
+#include "app/frmwait.h"
 #include "app/messages.h"
 #include "app/stored/failure.h"
-#include "app/stored/textfile.h"
+#include "app/textview.h"
 #include "app/version.h"
-#include "app/viewerpages.h"
 
-#include <QClipboard>
-#include <QFile>
+#include <QElapsedTimer>
 #include <QFileInfo>
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPdfWriter>
-#include <QPlainTextEdit>
+#include <QPointer>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
 #include <QShortcut>
-#include <QTextBlock>
-#include <QTextEdit>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -35,7 +33,10 @@ constexpr double largest_type = 48; // [pt]
 
 constexpr int columns = 92;
 constexpr int lines = 36;
-constexpr int find_box = 16; // characters
+constexpr int find_box = 16;                   // characters
+constexpr int find_slice = 20;                 // of the time of the window's other work [ms]
+constexpr int long_print = 20000;              // lines
+constexpr std::int64_t longest_guide = 100000; // lines
 
 constexpr Twin twins[] = {
     {"lblfind", "&Find:", "&بحث:"},
@@ -57,50 +58,38 @@ constexpr Twin twins[] = {
 };
 
 constexpr Twin not_found{"", "Not found", "غير موجود"};
+constexpr Twin finding{"", "Searching: %1 %", "جار البحث: %1 %"};
+constexpr Twin guide{"", "User's Guide", "دليل المستخدم"};
 constexpr Twin missing{"", "There is no file of this name yet:", "لا يوجد ملف بهذا الاسم بعد:"};
 constexpr Twin save_title{"", "Save As", "حفظ باسم"};
 constexpr Twin pdf_title{"", "Save PDF", "حفظ PDF"};
+constexpr Twin not_printed{"", "The printer has not taken the pages.", "لم تستلم الطابعة الصفحات."};
 constexpr Twin error_title{"", "File Error", "خطأ"};
 
 bool is_report(const QString& path) {
     return QFileInfo(path).suffix() == QLatin1String("out");
 }
 
-QString content_of(const QString& path, Language language) {
+std::shared_ptr<const KeptText> text_at(const QString& path, Language language, bool& is_file) {
+    is_file = false;
     if (!QFileInfo::exists(path))
-        return text_of(missing, language) + u'\n' + QFileInfo(path).fileName();
+        return KeptText::of_words(text_of(missing, language) + u'\n' + QFileInfo(path).fileName());
     try {
-        return QString::fromStdString(read_text_file(path.toStdString())).remove(u'\r');
+        auto text = KeptText::of_file(path.toStdString());
+        is_file = true;
+        return text;
     } catch (const RunTimeFailure& failure) {
-        return QString::fromUtf8(failure.what());
+        return KeptText::of_words(words_of(failure, language));
     }
 }
 
-/// Reports may have a hundred thousand rows, which only the plain area takes at once; the other one can set
-/// lines to either side.
-QAbstractScrollArea* make_area(bool report, QWidget* parent) {
-    constexpr Qt::TextInteractionFlags flags = Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard;
-    if (report) {
-        auto* area = new QPlainTextEdit(parent);
-        area->setReadOnly(true);
-        area->setTextInteractionFlags(flags);
-        area->setLineWrapMode(QPlainTextEdit::NoWrap);
-        return area;
-    }
-    auto* area = new QTextEdit(parent);
-    area->setReadOnly(true);
-    area->setTextInteractionFlags(flags);
-    area->setWordWrapMode(QTextOption::NoWrap);
-    area->setAcceptRichText(false);
-    return area;
-}
-
-/// The two areas have the same routines but no common class for them.
-template <class Action>
-decltype(auto) with_area(QAbstractScrollArea& area, Action action) {
-    if (auto* plain = qobject_cast<QPlainTextEdit*>(&area))
-        return action(*plain);
-    return action(*qobject_cast<QTextEdit*>(&area));
+/// Prints what `printed` says with the progress window where that takes long; false when the user gives up.
+bool print_with_progress(QPagedPaintDevice& device, const PrintedText& printed, const PageRange& range,
+                         QWidget* panel) {
+    if (printed.text->lines() < long_print)
+        return print_pages(device, printed, range) > 0;
+    WaitProgress progress(printed.title, panel);
+    return print_pages(device, printed, range, &progress) > 0;
 }
 
 } // namespace
@@ -110,41 +99,35 @@ std::span<const Twin> viewer_twins() {
 }
 
 Viewer::Viewer(const QString& path, QWidget* parent)
-    : QWidget(parent), path_(path), area_(make_area(is_report(path), this)), find_box_(new QLineEdit(this)),
-      found_(new QLabel(this)), language_(stored_language()) {
+    : QWidget(parent), path_(path), language_(stored_language()), text_(text_at(path, language_, is_file_)),
+      head_(report_head(*text_)),
+      view_(new TextView(text_, is_report(path) ? TextView::Kind::table : TextView::Kind::prose, language_,
+                         this)),
+      find_box_(new QLineEdit(this)), found_(new QLabel(this)), find_timer_(new QTimer(this)) {
     setObjectName(QStringLiteral("viewer"));
-    content_ = content_of(path_, language_);
-    area_->setObjectName(QStringLiteral("txtreport"));
-    QFont font(fixed_family());
-    font.setStyleHint(QFont::Monospace);
-    normal_points_ = QFontInfo(this->font()).pointSizeF();
-    font.setPointSizeF(normal_points_);
-    area_->setFont(font);
-    with_area(*area_, [this](auto& area) { area.setPlainText(content_); });
-    keep_left_to_right(*area_);
-    set_directions();
+    view_->setObjectName(QStringLiteral("txtreport"));
+    normal_points_ = QFontInfo(font()).pointSizeF();
+    QFont type = is_report(path) ? QFont(fixed_family()) : font();
+    if (is_report(path))
+        type.setStyleHint(QFont::Monospace);
+    type.setPointSizeF(normal_points_);
+    view_->setFont(type);
+    keep_left_to_right(*view_);
+    build();
     go_to_language();
-    build(language_);
-    area_->setFocus();
-    const QFontMetrics metrics = area_->fontMetrics();
+    view_->setFocus();
+    const QFontMetrics metrics = view_->fontMetrics();
     resize(sizeHint().expandedTo(
         QSize(metrics.horizontalAdvance(QString(columns, u'0')), metrics.lineSpacing() * lines)));
 }
 
-QTextDocument& Viewer::document() const {
-    return with_area(*area_, [](auto& area) -> QTextDocument& { return *area.document(); });
-}
-
-QTextCursor Viewer::cursor() const {
-    return with_area(*area_, [](auto& area) { return area.textCursor(); });
-}
-
-QWidget& Viewer::area() const {
-    return *area_;
-}
-
-void Viewer::set_cursor(const QTextCursor& cursor) {
-    with_area(*area_, [&cursor](auto& area) { area.setTextCursor(cursor); });
+/// Report, place and period; a text that is no report has its file's name, but for the guide.
+QString Viewer::title() const {
+    const QString name = QFileInfo(path_).fileName();
+    const QString report = title_of(head_, language_);
+    if (!report.isEmpty())
+        return report;
+    return name == QLatin1String("help.txt") ? text_of(guide, language_) : name;
 }
 
 QPushButton* Viewer::add_button(const char* name, void (Viewer::*action)()) {
@@ -162,46 +145,69 @@ QPushButton* Viewer::add_small_button(const char* name, void (Viewer::*action)()
     return button;
 }
 
-void Viewer::build(Language language) {
+QLayout* Viewer::make_find_bar() {
     auto* label = new QLabel(this);
     label->setObjectName(QStringLiteral("lblfind"));
     label->setBuddy(find_box_);
     find_box_->setObjectName(QStringLiteral("txtfind"));
+    find_box_->setMinimumWidth(find_box_->fontMetrics().horizontalAdvance(QString(find_box, u'n')));
     found_->setObjectName(QStringLiteral("lblfound"));
     connect(find_box_, &QLineEdit::returnPressed, this, &Viewer::find_next);
-    connect(find_box_, &QLineEdit::textEdited, found_, &QLabel::clear);
+    connect(find_box_, &QLineEdit::textEdited, this, &Viewer::stop_finding);
+    find_timer_->setInterval(0);
+    connect(find_timer_, &QTimer::timeout, this, &Viewer::go_on_finding);
 
     auto* bar = new QHBoxLayout;
     bar->addWidget(label);
-    find_box_->setMinimumWidth(find_box_->fontMetrics().horizontalAdvance(QString(find_box, u'n')));
     bar->addWidget(find_box_, 1);
-    auto* next = new QPushButton(this);
-    next->setObjectName(QStringLiteral("cmdnext"));
-    connect(next, &QPushButton::clicked, this, &Viewer::find_next);
-    bar->addWidget(next);
-    auto* previous = new QPushButton(this);
-    previous->setObjectName(QStringLiteral("cmdprevious"));
-    connect(previous, &QPushButton::clicked, this, &Viewer::find_previous);
-    bar->addWidget(previous);
+    bar->addWidget(add_button("cmdnext", &Viewer::find_next));
+    bar->addWidget(add_button("cmdprevious", &Viewer::find_previous));
     bar->addWidget(found_, 1);
     bar->addWidget(add_small_button("cmdsmaller", &Viewer::zoom_out));
     bar->addWidget(add_small_button("cmdnormal", &Viewer::zoom_normal));
     bar->addWidget(add_small_button("cmdlarger", &Viewer::zoom_in));
+    return bar;
+}
+
+QLayout* Viewer::make_action_bar() {
+    auto* bar = new QHBoxLayout;
     bar->addWidget(add_button("cmdcopy", &Viewer::copy));
     bar->addWidget(add_button("cmdsave", &Viewer::save_as));
     bar->addWidget(add_button("cmdpdf", &Viewer::make_pdf));
     bar->addWidget(add_button("cmdprint", &Viewer::print));
+    bar->addStretch(1);
     auto* close_button = new QPushButton(this);
     close_button->setObjectName(QStringLiteral("cmdclose"));
     connect(close_button, &QPushButton::clicked, this, &QWidget::close);
     bar->addWidget(close_button);
+    return bar;
+}
 
+/// The letters of Arabic make the buttons with words taller than those with signs.
+void Viewer::set_button_heights() {
+    int height = 0;
+    const QList<QPushButton*> buttons = findChildren<QPushButton*>();
+    for (const QPushButton* button : buttons)
+        height = std::max(height, button->sizeHint().height());
+    for (QPushButton* button : buttons)
+        button->setFixedHeight(height);
+}
+
+void Viewer::build() {
     auto* layout = new QVBoxLayout(this);
-    layout->addLayout(bar);
-    layout->addWidget(area_, 1);
+    layout->addLayout(make_find_bar());
+    layout->addWidget(view_, 1);
+    layout->addLayout(make_action_bar());
     set_spacing(*this);
-    apply_language(*this, twins, language);
-    setWindowTitle(QFileInfo(path_).fileName());
+    apply_language(*this, twins, language_);
+    set_button_heights();
+    // Only what comes from a file can be saved; "[*]" has a meaning of its own in titles.
+    for (const char* name : {"cmdsave", "cmdpdf", "cmdprint"})
+        findChild<QPushButton*>(QString::fromLatin1(name))->setEnabled(is_file_);
+    setWindowTitle(title().replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
+    connect(view_, &TextView::larger, this, &Viewer::zoom_in);
+    connect(view_, &TextView::smaller, this, &Viewer::zoom_out);
+    connect(view_, &TextView::cannot_copy, this, &Viewer::tell);
     add_shortcuts();
 }
 
@@ -219,144 +225,180 @@ void Viewer::add_shortcuts() {
     add(QKeySequence(Qt::CTRL | Qt::Key_Equal), [this] { zoom_in(); });
     add(QKeySequence::ZoomOut, [this] { zoom_out(); });
     add(QKeySequence(Qt::CTRL | Qt::Key_0), [this] { zoom_normal(); });
-    add(QKeySequence(Qt::CTRL | Qt::Key_S), [this] { save_as(); });
-    add(QKeySequence::Print, [this] { print(); });
+    add(QKeySequence(Qt::CTRL | Qt::Key_S), [this] {
+        if (is_file_)
+            save_as();
+    });
+    add(QKeySequence::Print, [this] {
+        if (is_file_)
+            print();
+    });
 }
 
 void Viewer::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape)
-        close();
-    else
+    if (event->key() != Qt::Key_Escape)
         QWidget::keyPressEvent(event);
-}
-
-void Viewer::set_directions() {
-    Qt::LayoutDirection direction = Qt::LeftToRight;
-    QTextCursor line(&document());
-    line.beginEditBlock();
-    if (is_report(path_))
-        line.select(QTextCursor::Document);
-    do {
-        if (!is_report(path_))
-            direction = direction_of(line.block().text(), direction);
-        QTextBlockFormat format;
-        format.setLayoutDirection(direction);
-        line.mergeBlockFormat(format);
-    } while (!is_report(path_) && line.movePosition(QTextCursor::NextBlock));
-    line.endEditBlock();
+    else if (is_finding())
+        stop_finding();
+    else
+        close();
 }
 
 void Viewer::go_to_language() {
     if (is_report(path_) || language_ == Language::english)
         return;
     // A heading is a line that the next one underlines.
-    for (QTextBlock line = document().begin(); line.next().isValid(); line = line.next())
-        if (line.textDirection() == Qt::RightToLeft && line.next().text().startsWith(u'=')) {
-            set_cursor(QTextCursor(line));
+    for (std::int64_t line = 0; line + 1 < std::min(text_->lines(), longest_guide); ++line)
+        if (direction_of(text_->line(line), Qt::LeftToRight) == Qt::RightToLeft &&
+            text_->line(line + 1).startsWith(u'=')) {
+            view_->show_from(line);
             return;
         }
 }
 
-void Viewer::showEvent(QShowEvent* event) {
-    QWidget::showEvent(event);
-    with_area(*area_, [](auto& area) {
-        if (area.textCursor().atStart())
-            return;
-        const QTextCursor wanted = area.textCursor();
-        area.moveCursor(QTextCursor::End);
-        area.setTextCursor(wanted);
-        area.ensureCursorVisible();
-    });
+// --- Finding ---
+
+void Viewer::find(TextSearch::Direction direction) {
+    stop_finding();
+    const bool forward = direction == TextSearch::Direction::forward;
+    const TextPlace from =
+        forward ? std::max(view_->anchor(), view_->cursor()) : std::min(view_->anchor(), view_->cursor());
+    search_.emplace(text_, find_box_->text(), from, direction);
+    go_on_finding();
+    if (is_finding())
+        find_timer_->start();
 }
 
-bool Viewer::find(QTextDocument::FindFlags flags) {
+void Viewer::go_on_finding() {
+    QElapsedTimer time;
+    time.start();
+    while (!search_->is_over() && !time.hasExpired(find_slice))
+        search_->step();
+    if (search_->is_over())
+        end_finding();
+    else
+        found_->setText(text_of(finding, language_).arg(static_cast<int>(search_->percent())));
+}
+
+void Viewer::end_finding() {
+    const std::optional<TextPlace> place = search_->found();
+    stop_finding();
     const QString wanted = find_box_->text();
-    if (wanted.isEmpty())
-        return false;
-    QTextCursor place = document().find(wanted, cursor(), flags);
-    if (place.isNull()) {
-        QTextCursor edge(&document());
-        if (flags.testFlag(QTextDocument::FindBackward))
-            edge.movePosition(QTextCursor::End);
-        place = document().find(wanted, edge, flags);
-    }
-    if (!place.isNull())
-        set_cursor(place);
-    found_->setText(place.isNull() ? text_of(not_found, language_) : QString());
-    return !place.isNull();
+    if (place)
+        view_->select(*place, {place->line, place->column + static_cast<int>(wanted.size())});
+    else if (!wanted.isEmpty())
+        found_->setText(text_of(not_found, language_));
+    emit find_ended(place.has_value());
 }
 
-bool Viewer::find_next() {
-    return find({});
+void Viewer::stop_finding() {
+    find_timer_->stop();
+    search_.reset();
+    found_->clear();
 }
 
-bool Viewer::find_previous() {
-    return find(QTextDocument::FindBackward);
+void Viewer::find_next() {
+    find(TextSearch::Direction::forward);
 }
+
+void Viewer::find_previous() {
+    find(TextSearch::Direction::backward);
+}
+
+// --- Type ---
 
 void Viewer::set_type(double points) {
-    QFont font = area_->font();
+    QFont font = view_->font();
     font.setPointSizeF(std::clamp(points, smallest_type, largest_type));
-    area_->setFont(font);
+    view_->setFont(font);
 }
 
 void Viewer::zoom_in() {
-    set_type(area_->font().pointSizeF() + 1);
+    set_type(view_->font().pointSizeF() + 1);
 }
 
 void Viewer::zoom_out() {
-    set_type(area_->font().pointSizeF() - 1);
+    set_type(view_->font().pointSizeF() - 1);
 }
 
 void Viewer::zoom_normal() {
     set_type(normal_points_);
 }
 
+// --- Copies of the text ---
+
 void Viewer::copy() {
-    if (cursor().hasSelection())
-        with_area(*area_, [](auto& area) { area.copy(); });
-    else
-        QGuiApplication::clipboard()->setText(content_);
+    view_->copy();
+}
+
+void Viewer::tell(const QString& words) {
+    warn(this, text_of(error_title, language_), isolated(words), language_);
 }
 
 void Viewer::save_as() {
+    const auto text = text_;
+    const QPointer<Viewer> self(this);
     const QString name =
         choose_save_file(this, text_of(save_title, language_), QFileInfo(path_).fileName(), QString());
-    if (name.isEmpty() || QFileInfo(name) == QFileInfo(path_))
+    if (self == nullptr || name.isEmpty())
         return;
-    QFile source(path_);
-    QFile target(name);
-    const bool opened = source.open(QIODevice::ReadOnly) && target.open(QIODevice::WriteOnly);
-    const QByteArray bytes = opened ? source.readAll() : QByteArray();
-    if (!opened || target.write(bytes) != bytes.size() || !target.flush())
-        warn(this, text_of(error_title, language_),
-             isolated(name) + QStringLiteral(": ") + target.errorString(), language_);
+    try {
+        text->save(name.toStdString());
+    } catch (const RunTimeFailure& failure) {
+        tell(words_of(failure, language_));
+    }
 }
 
 void Viewer::make_pdf() {
     const QString proposed = QFileInfo(path_).completeBaseName() + QStringLiteral(".pdf");
-    const QString name =
-        choose_save_file(this, text_of(pdf_title, language_), proposed, QStringLiteral("PDF (*.pdf)"));
-    if (name.isEmpty())
-        return;
-    QFile target(name);
-    if (!target.open(QIODevice::WriteOnly)) {
-        warn(this, text_of(error_title, language_),
-             isolated(name) + QStringLiteral(": ") + target.errorString(), language_);
-        return;
+    const QPointer<Viewer> self(this);
+    const QString name = choose_save_file(this, text_of(pdf_title, language_), proposed,
+                                          QStringLiteral("PDF (*.pdf)"), QStringLiteral("pdf"));
+    if (self != nullptr && !name.isEmpty())
+        write_pdf(name, nullptr);
+}
+
+PrintedText Viewer::printed() const {
+    return {text_.get(), is_report(path_), title(), head_.first_title, head_.titles, language_};
+}
+
+/// In     like  whose pages and range the PDF has; none for the whole text on the usual page
+void Viewer::write_pdf(const QString& name, const QPrinter* like) {
+    // The window may be closed while a long text is printed: nothing of it is used from there on.
+    const auto text = text_;
+    const QPointer<Viewer> self(this);
+    try {
+        BesideFile target(name.toStdString());
+        QPdfWriter writer(&target);
+        writer.setTitle(title());
+        writer.setCreator(QString::fromLatin1(program_title));
+        if (like != nullptr)
+            writer.setPageLayout(like->pageLayout());
+        const PageRange range = like != nullptr ? PageRange{like->fromPage(), like->toPage()} : PageRange{};
+        if (print_with_progress(writer, printed(), range, this))
+            target.commit();
+    } catch (const RunTimeFailure& failure) {
+        if (self != nullptr)
+            tell(words_of(failure, language_));
     }
-    QPdfWriter writer(&target);
-    writer.setTitle(QFileInfo(path_).fileName());
-    writer.setCreator(QString::fromLatin1(program_title));
-    print_pages(writer, QFileInfo(path_).fileName(), content_, !is_report(path_));
 }
 
 void Viewer::print() {
+    const auto text = text_;
+    const QPointer<Viewer> self(this);
     QPrinter printer(QPrinter::HighResolution);
-    printer.setDocName(QFileInfo(path_).fileName());
+    printer.setDocName(title());
     QPrintDialog dialog(&printer, this);
-    if (dialog.exec() == QDialog::Accepted)
-        print_pages(printer, QFileInfo(path_).fileName(), content_, !is_report(path_));
+    if (dialog.exec() != QDialog::Accepted || self == nullptr)
+        return;
+    if (!printer.outputFileName().isEmpty()) {
+        write_pdf(printer.outputFileName(), &printer);
+        return;
+    }
+    const bool printing =
+        print_with_progress(printer, printed(), {printer.fromPage(), printer.toPage()}, this);
+    if (!printing && self != nullptr && printer.printerState() == QPrinter::Error)
+        tell(text_of(not_printed, language_));
 }
 
 } // namespace halvane

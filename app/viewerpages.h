@@ -1,20 +1,41 @@
 #pragma once
 
+#include "app/kepttext.h"
+#include "app/language.h"
+#include "app/report/progress.h"
+
 #include <QString>
 
 class QPagedPaintDevice;
 
 namespace halvane {
 
-/// The direction of a line of a text in both languages: right to left when it has an Arabic letter, that of
-/// the line before when it has no letter at all.
-Qt::LayoutDirection direction_of(const QString& line, Qt::LayoutDirection before);
+/// What stands on the pages, and above and between it.
+struct PrintedText {
+    const KeptText* text = nullptr;
+    bool is_table = true;         ///< letters of one width; else each line in the direction of its letters
+    QString title;                ///< in the head of every page
+    std::int64_t first_title = 0; ///< the rows that stand over the columns of each further page
+    std::int64_t titles = 0;
+    Language language = Language::english; ///< of the page's number
+};
 
-/// Prints a text with fixed columns: the size of type is the largest, up to 10 points, at which the longest
-/// line fits the page; the name of the file and the page's number stand above. Returns the count of pages.
-int print_pages(QPagedPaintDevice& device, const QString& name, const QString& text, bool both_directions);
+/// Pages counted from 1; nothing beyond `last` is printed.
+struct PageRange {
+    int first = 1;
+    int last = 0; ///< 0: to the end
+};
+
+/// Prints with margins of at least 15 mm. Every page has the title and "page n of m" in its head; the type is
+/// the largest, up to 10 points, at which the lines fit; a line too long for any page goes on in the next.
+/// Returns the count of pages the whole text has; 0 once `progress` has told that the user gives up.
+int print_pages(QPagedPaintDevice& device, const PrintedText& printed, const PageRange& range = {},
+                Progress* progress = nullptr);
 
 /// The family of the fixed-width fonts of the viewer.
 QString fixed_family();
+
+/// "Page n of m".
+std::span<const Twin> page_twins();
 
 } // namespace halvane

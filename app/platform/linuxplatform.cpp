@@ -29,6 +29,8 @@ void LinuxPlatform::show_text_file(const std::string& name) {
     auto* viewer = new Viewer(QString::fromStdString(program_path(name)));
     viewer->setAttribute(Qt::WA_DeleteOnClose);
     viewer->showMaximized();
+    viewer->raise();
+    viewer->activateWindow();
 }
 
 std::string LinuxPlatform::short_time(int hour, int minute, int second) {

@@ -55,11 +55,12 @@ echo "A month's report"
 enter_period month "Down Down Tab" 2024 6 Home 2024 6 30
 grep -q '^#FALSE#,2024,6,1,2024,6,30,.*,#TRUE#,#FALSE#' "$folder/date.vsk" || fail "date.vsk holds $(cat "$folder/date.vsk")"
 keys alt+t
-wait_for "results.out"
+report="Prayer Times - Makkah - 01/06/2024 . 30/06/2024"
+wait_for "$report"
 picture month-report
 [ "$(grep -c '^[0-9*].*/06/2024' "$folder/results.out")" = 30 ] || fail "the report has not thirty rows"
 keys Escape
-wait_gone "results.out"
+wait_gone "$report"
 wait_for "Halvane 5.3.9"
 
 echo "A year's report, cancelled"
@@ -92,7 +93,7 @@ wait_gone 'Please Wait!'
 sleep 0.3
 grep -q '31/12/2024  ' "$folder/results.out" && fail "the run was not cancelled"
 grep -q 'Remarks' "$folder/results.out" || fail "the cancelled report has no remarks"
-xdotool search --onlyvisible --name '^results.out$' >/dev/null && fail "the cancelled report is shown"
+xdotool search --onlyvisible --name '^Prayer Times - ' >/dev/null && fail "the cancelled report is shown"
 
 echo "Arabic and back"
 wait_for "Halvane 5.3.9"

@@ -1,14 +1,17 @@
 #include "app/messages.h"
 #include "app/platform/linuxplatform.h"
+#include "app/stored/textfile.h"
+#include "app/textview.h"
 #include "app/viewer.h"
-#include "app/viewerpages.h"
 #include "tests/panel/panelchecks.h"
 
 #include <QApplication>
 #include <QClipboard>
-#include <QPdfWriter>
-#include <QPlainTextEdit>
-#include <QTextBlock>
+#include <QPushButton>
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <sys/resource.h>
 
 namespace halvane {
 namespace {
@@ -21,18 +24,18 @@ protected:
             "- عمان, Long: 35:56\r\n");
     }
     void TearDown() override { set_file_chooser({}); }
+    static std::string golden(const std::string& name) {
+        return read_text_file(HALVANE_GOLDEN_FOLDER + ("/" + name));
+    }
     QString file() const { return QString::fromStdString(path("results.out")); }
 };
 
 TEST_F(ViewerTest, ShowsTheFileFromItsFirstLineWithItsColumns) {
     Viewer viewer(file());
-    EXPECT_EQ(viewer.windowTitle(), QStringLiteral("results.out"));
-    EXPECT_EQ(viewer.cursor().position(), 0);
-    EXPECT_TRUE(control<QPlainTextEdit>(viewer, "txtreport").isReadOnly());
-    EXPECT_EQ(viewer.document().findBlockByNumber(2).text(),
-              QStringLiteral("01/06/2024     03:53     05:31"));
-    EXPECT_EQ(control<QPlainTextEdit>(viewer, "txtreport").lineWrapMode(), QPlainTextEdit::NoWrap);
-    const QFontMetricsF metrics(viewer.area().font());
+    EXPECT_EQ(viewer.view().cursor(), TextPlace());
+    EXPECT_EQ(viewer.view().top_line(), 0);
+    EXPECT_EQ(viewer.view().text().line(2), QStringLiteral("01/06/2024     03:53     05:31"));
+    const QFontMetricsF metrics(viewer.view().font());
     EXPECT_DOUBLE_EQ(metrics.horizontalAdvance(u'i'), metrics.horizontalAdvance(u'W'))
         << "one width for every character";
 }
@@ -41,9 +44,9 @@ TEST_F(ViewerTest, AReportStaysLeftToRightInArabicAndWithAnArabicName) {
     set_language(Language::arabic);
     Viewer viewer(file());
     EXPECT_EQ(viewer.layoutDirection(), Qt::RightToLeft);
-    EXPECT_EQ(viewer.area().layoutDirection(), Qt::LeftToRight);
-    for (QTextBlock line = viewer.document().begin(); line.isValid(); line = line.next())
-        EXPECT_EQ(line.textDirection(), Qt::LeftToRight) << line.blockNumber();
+    EXPECT_EQ(viewer.view().layoutDirection(), Qt::LeftToRight);
+    for (int line = 0; line < viewer.view().text().lines(); ++line)
+        EXPECT_EQ(viewer.view().direction(line), Qt::LeftToRight) << line;
 }
 
 TEST_F(ViewerTest, EachLineOfAGuideRunsByItsOwnLetters) {
@@ -52,20 +55,35 @@ TEST_F(ViewerTest, EachLineOfAGuideRunsByItsOwnLetters) {
     const Qt::LayoutDirection wanted[] = {Qt::LeftToRight, Qt::RightToLeft, Qt::RightToLeft,
                                           Qt::RightToLeft, Qt::LeftToRight, Qt::LeftToRight};
     for (int line = 0; line < 6; ++line)
-        EXPECT_EQ(viewer.document().findBlockByNumber(line).textDirection(), wanted[line]) << line;
+        EXPECT_EQ(viewer.view().direction(line), wanted[line]) << line;
+}
+
+TEST_F(ViewerTest, AGuideHasTheLettersOfThePanels) {
+    put("guide.txt", "Guide\r\n");
+    Viewer viewer(QString::fromStdString(path("guide.txt")));
+    EXPECT_EQ(viewer.view().font().family(), viewer.font().family());
+    const QFontMetricsF metrics(viewer.view().font());
+    EXPECT_LT(metrics.horizontalAdvance(u'i'), metrics.horizontalAdvance(u'W'));
 }
 
 TEST_F(ViewerTest, InArabicAGuideOpensOnItsArabicHeading) {
-    put("guide.txt", "Guide\r\n=====\r\nدليل\r\nدليل المستخدم\r\n=====\r\n");
-    EXPECT_EQ(Viewer(QString::fromStdString(path("guide.txt"))).cursor().blockNumber(), 0);
+    std::string guide = "Guide\r\n=====\r\nدليل\r\nدليل المستخدم\r\n=====\r\n";
+    for (int line = 0; line < 200; ++line)
+        guide += "more\r\n";
+    put("guide.txt", guide);
+    EXPECT_EQ(Viewer(QString::fromStdString(path("guide.txt"))).view().cursor().line, 0);
     set_language(Language::arabic);
     Viewer viewer(QString::fromStdString(path("guide.txt")));
-    EXPECT_EQ(viewer.cursor().blockNumber(), 3);
+    viewer.show();
+    EXPECT_EQ(viewer.view().cursor().line, 3);
+    EXPECT_EQ(viewer.view().top_line(), 3);
 }
 
-TEST_F(ViewerTest, AMissingFileIsToldInTheWindow) {
+TEST_F(ViewerTest, AMissingFileIsToldInTheWindowAndCannotBeSaved) {
     Viewer viewer(QString::fromStdString(path("nothing.txt")));
-    EXPECT_TRUE(viewer.document().toPlainText().contains(QStringLiteral("nothing.txt")));
+    EXPECT_TRUE(viewer.view().text().line(1).contains(QStringLiteral("nothing.txt")));
+    for (const char* button : {"cmdsave", "cmdpdf", "cmdprint"})
+        EXPECT_FALSE(enabled(viewer, button)) << button;
 }
 
 TEST_F(ViewerTest, ThePlatformOpensItMaximised) {
@@ -73,21 +91,21 @@ TEST_F(ViewerTest, ThePlatformOpensItMaximised) {
     QWidget* viewer = open_window("viewer");
     ASSERT_NE(viewer, nullptr);
     EXPECT_TRUE(viewer->isMaximized());
-    EXPECT_EQ(viewer->windowTitle(), QStringLiteral("results.out"));
 }
 
 TEST_F(ViewerTest, FindGoesFromPlaceToPlaceAndStartsAgainAtTheTop) {
     Viewer viewer(file());
     enter(viewer, "txtfind", QStringLiteral("05:31"));
-    EXPECT_TRUE(viewer.find_next());
-    EXPECT_EQ(viewer.cursor().blockNumber(), 2);
-    EXPECT_EQ(viewer.cursor().selectedText(), QStringLiteral("05:31"));
-    EXPECT_TRUE(viewer.find_next());
-    EXPECT_EQ(viewer.cursor().blockNumber(), 3);
-    EXPECT_TRUE(viewer.find_next());
-    EXPECT_EQ(viewer.cursor().blockNumber(), 2);
+    viewer.find_next();
+    EXPECT_EQ(viewer.view().cursor().line, 2);
+    EXPECT_EQ(viewer.view().selected_text(), QStringLiteral("05:31"));
+    viewer.find_next();
+    EXPECT_EQ(viewer.view().cursor().line, 3);
+    viewer.find_next();
+    EXPECT_EQ(viewer.view().cursor().line, 2);
     click(viewer, "cmdprevious");
-    EXPECT_EQ(viewer.cursor().blockNumber(), 3);
+    EXPECT_EQ(viewer.view().cursor().line, 3);
+    EXPECT_EQ(viewer.view().selected_text(), QStringLiteral("05:31"));
 }
 
 TEST_F(ViewerTest, FindTellsWhenThereIsNoSuchText) {
@@ -95,19 +113,19 @@ TEST_F(ViewerTest, FindTellsWhenThereIsNoSuchText) {
     enter(viewer, "txtfind", QStringLiteral("25:99"));
     QTest::keyClick(&control(viewer, "txtfind"), Qt::Key_Return);
     EXPECT_EQ(caption(viewer, "lblfound"), QStringLiteral("Not found"));
-    EXPECT_EQ(viewer.cursor().position(), 0);
+    EXPECT_EQ(viewer.view().cursor(), TextPlace());
 }
 
 TEST_F(ViewerTest, ZoomChangesTheSizeOfTypeAndReturns) {
     Viewer viewer(file());
-    const double normal = viewer.area().font().pointSizeF();
+    const double normal = viewer.view().font().pointSizeF();
     click(viewer, "cmdlarger");
     click(viewer, "cmdlarger");
-    EXPECT_DOUBLE_EQ(viewer.area().font().pointSizeF(), normal + 2);
+    EXPECT_DOUBLE_EQ(viewer.view().font().pointSizeF(), normal + 2);
     click(viewer, "cmdsmaller");
-    EXPECT_DOUBLE_EQ(viewer.area().font().pointSizeF(), normal + 1);
+    EXPECT_DOUBLE_EQ(viewer.view().font().pointSizeF(), normal + 1);
     click(viewer, "cmdnormal");
-    EXPECT_DOUBLE_EQ(viewer.area().font().pointSizeF(), normal);
+    EXPECT_DOUBLE_EQ(viewer.view().font().pointSizeF(), normal);
 }
 
 TEST_F(ViewerTest, CopyTakesTheSelectionOrElseTheWholeText) {
@@ -142,6 +160,103 @@ TEST_F(ViewerTest, SaveAsToAFolderThatIsNotThereIsTold) {
     EXPECT_TRUE(messages[0].text.contains(QStringLiteral("copy.txt")));
 }
 
+/// As on a full disk: while it lives, no file of this process grows beyond `bytes`.
+class FullDisk {
+public:
+    explicit FullDisk(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
+        ::getrlimit(RLIMIT_FSIZE, &before_);
+        const rlimit full{bytes, before_.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &full);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+    ~FullDisk() {
+        ::setrlimit(RLIMIT_FSIZE, &before_);
+        std::signal(SIGXFSZ, handler_);
+    }
+
+private:
+    void (*handler_)(int);
+    rlimit before_{};
+};
+
+class ViewerSaves : public ViewerTest {
+protected:
+    void SetUp() override {
+        ViewerTest::SetUp();
+        shown_ = content("results.out");
+        set_file_chooser(
+            [this](const QString&, const QString&) { return QString::fromStdString(path(chosen_name_)); });
+    }
+    /// Every file of the folder whose name begins as `name` does.
+    std::vector<std::string> files_like(const std::string& name) const {
+        std::vector<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(path("")))
+            if (entry.path().filename().string().starts_with(name))
+                names.push_back(entry.path().filename().string());
+        return names;
+    }
+    std::string chosen_name_ = "copy.txt";
+    std::string shown_;
+};
+
+TEST_F(ViewerSaves, GiveTheReportThatIsShownWhenANewerOneHasTakenItsFile) {
+    Viewer viewer(file());
+    put("results.out", "a newer report\r\n");
+    click(viewer, "cmdsave");
+    EXPECT_EQ(content("copy.txt"), shown_);
+}
+
+TEST_F(ViewerSaves, GiveTheReportThatIsShownWhenItsFileIsChangedInPlace) {
+    Viewer viewer(file());
+    std::ofstream(path("results.out"), std::ios::trunc) << "changed";
+    click(viewer, "cmdsave");
+    EXPECT_EQ(content("copy.txt"), shown_);
+}
+
+TEST_F(ViewerSaves, GiveTheReportThatIsShownUnderItsOwnNameToo) {
+    Viewer viewer(file());
+    put("results.out", "a newer report\r\n");
+    chosen_name_ = "results.out";
+    click(viewer, "cmdsave");
+    EXPECT_EQ(content("results.out"), shown_);
+}
+
+TEST_F(ViewerSaves, LeaveTheReportWholeWhenTheNameIsAHardLinkToIt) {
+    std::filesystem::create_hard_link(path("results.out"), path("copy.txt"));
+    Viewer viewer(file());
+    click(viewer, "cmdsave");
+    EXPECT_EQ(content("copy.txt"), shown_);
+    EXPECT_EQ(content("results.out"), shown_);
+}
+
+TEST_F(ViewerSaves, KeepTheEarlierCopyOnAFullDiskAndSaySo) {
+    put("copy.txt", "the earlier copy");
+    Viewer viewer(file());
+    {
+        const FullDisk full(16);
+        click(viewer, "cmdsave");
+    }
+    EXPECT_EQ(content("copy.txt"), "the earlier copy");
+    ASSERT_EQ(messages.size(), 1U);
+    EXPECT_TRUE(messages[0].text.contains(QStringLiteral("copy.txt")));
+    EXPECT_EQ(files_like("copy.txt").size(), 1U) << "nothing is left beside it";
+}
+
+TEST_F(ViewerSaves, KeepTheEarlierPdfOnAFullDiskAndSaySo) {
+    put("results.pdf", "the earlier pages");
+    chosen_name_ = "results.pdf";
+    Viewer viewer(file());
+    {
+        const FullDisk full(2000);
+        click(viewer, "cmdpdf");
+    }
+    EXPECT_EQ(content("results.pdf"), "the earlier pages");
+    ASSERT_EQ(messages.size(), 1U);
+    EXPECT_TRUE(messages[0].text.contains(QStringLiteral("results.pdf")));
+    EXPECT_EQ(files_like("results.pdf").size(), 1U) << "nothing is left beside it";
+}
+
 TEST_F(ViewerTest, GivingUpTheSaveWritesNothing) {
     Viewer viewer(file());
     set_file_chooser([](const QString&, const QString&) { return QString(); });
@@ -163,26 +278,44 @@ TEST_F(ViewerTest, MakesAPdf) {
     EXPECT_TRUE(pdf.readAll().startsWith("%PDF-"));
 }
 
-TEST_F(ViewerTest, ALongTextFillsAsManyPagesAsItNeeds) {
-    QFile target(QString::fromStdString(path("long.pdf")));
-    ASSERT_TRUE(target.open(QIODevice::WriteOnly));
-    QPdfWriter writer(&target);
-    EXPECT_EQ(print_pages(writer, QStringLiteral("short"), QStringLiteral("one line"), false), 1);
-    QFile second(QString::fromStdString(path("longer.pdf")));
-    ASSERT_TRUE(second.open(QIODevice::WriteOnly));
-    QPdfWriter long_writer(&second);
-    EXPECT_GE(
-        print_pages(long_writer, QStringLiteral("long"), QStringLiteral("a line\n").repeated(400), false), 5);
-}
-
 TEST_F(ViewerTest, EscapeClosesIt) {
     Viewer viewer(file());
     viewer.show();
-    QTest::keyClick(&viewer.area(), Qt::Key_Escape);
+    QTest::keyClick(&viewer.view(), Qt::Key_Escape);
     EXPECT_FALSE(viewer.isVisible());
 }
 
+TEST_F(ViewerTest, TheTitleTellsReportPlaceAndPeriodOfWhatIsShown) {
+    put("results.out", golden("prayer/lat62-bright-seconds/results.out"));
+    Viewer viewer(file());
+    const QString title = QStringLiteral("Prayer Times - Torshavn - 28/07/2026 – 27/08/2026");
+    EXPECT_EQ(viewer.windowTitle(), title);
+    put("results.out", golden("qibla/shadow-buenos-aires-minutes/results.out"));
+    EXPECT_EQ(viewer.windowTitle(), title) << "a newer report has no part in it";
+    EXPECT_EQ(Viewer(file()).windowTitle(),
+              QStringLiteral("Qiblah Times - Buenos Aires, Centro - 08/02/2024 – 04/03/2024"));
+    EXPECT_EQ(viewer.view().text().line(5),
+              QStringLiteral("- Prayer times from:  28/07/2026 CE   To:  27/08/2026 CE"));
+}
+
+TEST_F(ViewerTest, AnotherTextHasItsFilesNameAndTheGuideItsOwn) {
+    EXPECT_EQ(Viewer(file()).windowTitle(), QStringLiteral("results.out")) << "it has no head";
+    EXPECT_EQ(Viewer(QString::fromStdString(path("help.txt"))).windowTitle(), QStringLiteral("User's Guide"));
+}
+
 class ViewerBothLanguages : public ViewerTest, public ::testing::WithParamInterface<Language> {};
+
+TEST_P(ViewerBothLanguages, TheBarFitsEightHundredPixelsAndItsButtonsHaveOneHeight) {
+    set_language(GetParam());
+    Viewer viewer(file());
+    viewer.resize(800, 500);
+    viewer.show();
+    EXPECT_LE(viewer.minimumSizeHint().width(), 800);
+    EXPECT_EQ(viewer.width(), 800);
+    const int height = control(viewer, "cmdclose").height();
+    for (const QPushButton* button : viewer.findChildren<QPushButton*>())
+        EXPECT_EQ(button->height(), height) << button->objectName().toStdString();
+}
 
 TEST_P(ViewerBothLanguages, EveryControlIsNamedReachedAndWhole) {
     set_language(GetParam());

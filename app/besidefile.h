@@ -1,0 +1,36 @@
+#pragma once
+
+#include "app/stored/failure.h"
+
+#include <QIODevice>
+#include <optional>
+#include <string>
+
+namespace halvane {
+
+/// A device for writers that know no failure: what they write goes beside `path`, and takes its place in one
+/// step, and only when every byte of it has been written. Given up, it leaves nothing.
+class BesideFile : public QIODevice {
+    Q_OBJECT
+public:
+    /// Error  raises RunTimeFailure naming `path` when its folder cannot be written.
+    explicit BesideFile(const std::string& path);
+    BesideFile(const BesideFile&) = delete;
+    BesideFile& operator=(const BesideFile&) = delete;
+    ~BesideFile() override;
+
+    /// Error  raises RunTimeFailure naming `path` when a write has failed; its old content then stands.
+    void commit();
+
+protected:
+    qint64 readData(char* data, qint64 size) override;
+    qint64 writeData(const char* data, qint64 size) override;
+
+private:
+    std::string path_;
+    std::string beside_;
+    std::optional<RunTimeFailure> failure_;
+    int file_ = -1;
+};
+
+} // namespace halvane

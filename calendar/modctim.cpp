@@ -21,7 +21,7 @@ void append_two_digits(std::string& text, double value) {
 std::string seconds_text(double hour, double minute, double second) {
     if (hour == 23 && minute == 59 && second >= 59.5)
         return "24:00:00";
-    const double seconds = wrapped(hour * 3600 + minute * 60 + std::nearbyint(second), 86400);
+    const double seconds = wrapped(wrapped(hour, 24) * 3600 + minute * 60 + std::nearbyint(second), 86400);
     const double h = std::floor(seconds / 3600);
     const double m = std::floor((seconds - h * 3600) / 60);
     std::string text;
@@ -34,7 +34,7 @@ std::string seconds_text(double hour, double minute, double second) {
 std::string minutes_text(int precision, double hour, double minute, double second) {
     if (hour == 23 && minute == 59 && second >= 29.5 && precision == 1)
         return "24:00";
-    const double minutes = wrapped(hour * 60 + std::nearbyint(minute + second / 60), 1440);
+    const double minutes = wrapped(wrapped(hour, 24) * 60 + std::nearbyint(minute + second / 60), 1440);
     const double h = std::floor(minutes / 60);
     std::string text;
     append_two_digits(text, h);

@@ -1,4 +1,5 @@
 #include "app/batch/clocktime.h"
+#include "fuzz/require.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -8,10 +9,7 @@
 
 namespace {
 
-void require(bool holds) {
-    if (!holds)
-        std::abort();
-}
+using halvane::fuzz::require;
 
 /// The text of a time, which is the only one that reads as that time but for the sign of the year 0.
 std::string text_of(const halvane::MachineTime& time, bool signed_year) {

@@ -1,4 +1,5 @@
 #include "crescent/gif.h"
+#include "fuzz/require.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -8,6 +9,8 @@
 #include <gif_lib.h>
 
 namespace {
+
+using halvane::fuzz::require;
 
 struct Input {
     const std::uint8_t* data;
@@ -52,12 +55,6 @@ halvane::GifPicture picture_from(Input input) {
         }
     }
     return picture;
-}
-
-void require(bool holds) {
-    if (!holds) {
-        std::abort();
-    }
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "app/stored/failure.h"
 #include "app/stored/programfolder.h"
+#include "fuzz/require.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -22,28 +23,42 @@ std::string make_folder() {
     return folder.string();
 }
 
-void require(bool holds) {
-    if (!holds)
-        std::abort();
+/// The folder of this process, which becomes the program folder: every reader drops the copy it keeps.
+const std::string& use_folder() {
+    static const std::string folder = make_folder();
+    static const int removal = std::atexit([] { std::filesystem::remove_all(folder); });
+    require(removal == 0);
+    set_program_folder(folder);
+    return folder;
+}
+
+/// Runs `work` and returns the words of its failure; none when it ends by itself.
+std::string words_of_failure(const std::function<void()>& work) {
+    try {
+        work();
+    } catch (const RunTimeFailure& failure) {
+        const std::string words = failure.what();
+        require(!words.empty() && words.find('\n') == std::string::npos);
+        return words;
+    }
+    return {};
 }
 
 } // namespace
 
 void read_input(const char* name, const std::uint8_t* data, std::size_t size,
                 const std::function<void()>& read) {
-    static const std::string folder = make_folder();
-    static const int removal = std::atexit([] { std::filesystem::remove_all(folder); });
-    require(removal == 0);
-    std::FILE* file = std::fopen((folder + "/" + name).c_str(), "wb");
+    std::FILE* file = std::fopen((use_folder() + "/" + name).c_str(), "wb");
     require(file != nullptr && (size == 0 || std::fwrite(data, 1, size, file) == size));
     require(std::fclose(file) == 0);
-    set_program_folder(folder); // every reader drops the copy it keeps
-    try {
-        read();
-    } catch (const RunTimeFailure& failure) {
-        const std::string words = failure.what();
-        require(words.find(name) != std::string::npos && words.find('\n') == std::string::npos);
-    }
+    use_folder();
+    const std::string words = words_of_failure(read);
+    require(words.empty() || words.find(name) != std::string::npos);
+}
+
+void in_folder(const std::function<void()>& work) {
+    use_folder();
+    words_of_failure(work);
 }
 
 } // namespace halvane::fuzz

@@ -12,7 +12,11 @@ namespace halvane::fuzz {
 void read_input(const char* name, const std::uint8_t* data, std::size_t size,
                 const std::function<void()>& read);
 
-/// The same for a stored record, which also must come back unchanged once it has been written.
+/// Lets `work` use a program folder of this process. It ends, or raises a RunTimeFailure of one line;
+/// anything else aborts.
+void in_folder(const std::function<void()>& work);
+
+/// read_input for a stored record, which also must come back unchanged once it has been written.
 template <class Record>
 void read_record(const char* name, const std::uint8_t* data, std::size_t size, const Record& (*read)(),
                  void (*write)(const Record&)) {

@@ -101,12 +101,12 @@ private:
         return gdImageColorClosest(image_.get(), colour.red, colour.green, colour.blue);
     }
 
-    /// In a font of the system where there is one, else in the library's own.
+    /// In a font of the system where there is one, the same in every locale, else in the library's own.
     void write(int x, int line, const std::string& text) {
         constexpr double points = 11;
         constexpr int baseline = 15;
         std::string words = text;
-        std::string font = "sans";
+        std::string font = "sans:lang=en";
         gdFTUseFontConfig(1);
         if (gdImageStringFT(image_.get(), nullptr, ink_, font.data(), points, 0, x,
                             MapSheet::line_top(line) + baseline, words.data()) != nullptr)

@@ -174,6 +174,18 @@ TEST_F(BatchTest, InAFolderWithoutRightToWriteIsAFailure) {
     expect_failure(run_in_folder({"prayer"}), "Cannot write " + (folder / "results.out").string());
 }
 
+TEST_F(BatchTest, DrawsTheSameMapPictureInEveryLanguageOfTheSystem) {
+    std::vector<std::string> pictures;
+    for (const char* language : {"en", "ar", "zh-cn"}) {
+        ::setenv("FC_LANG", language, 1);
+        EXPECT_EQ(run_in_folder({"map", "--output", (folder / "map-of.gif").string()}).status, 0);
+        pictures.push_back(folder.read("map-of.gif"));
+    }
+    ::unsetenv("FC_LANG");
+    EXPECT_TRUE(same_bytes(pictures[1], pictures[0]));
+    EXPECT_TRUE(same_bytes(pictures[2], pictures[0]));
+}
+
 TEST_F(BatchTest, TellsWhatARefusedReportIsAbout) {
     const std::filesystem::path golden = golden_folder("prayer/high-latitude-refused");
     for (const char* name : {"pref.vsk", "loc.vsk", "date.vsk"})

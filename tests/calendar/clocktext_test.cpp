@@ -55,6 +55,14 @@ TEST(ClockText, HasATextOfItsOwnForTheLastHalfUnitOfTheDay) {
     EXPECT_EQ(clock(2, 23.9999), "00:00") << "a precision that is neither 0 nor 1";
 }
 
+TEST(ClockText, WrapsTheLargestHours) {
+    // 1.5e308 hours, times 3600, are beyond every double; fmod is exact.
+    const int hour = static_cast<int>(std::fmod(1.5e308, 24));
+    const std::string text = (hour < 10 ? "0" : "") + std::to_string(hour) + ":00";
+    EXPECT_EQ(clock(1, 1.5e308), text);
+    EXPECT_EQ(clock(0, 1.5e308), text + ":00");
+}
+
 TEST(ClockText, RoundsSecondsWellBeforeTheDaysEnd) {
     EXPECT_EQ(clock(0, 23.9915), "23:59:29");
 }

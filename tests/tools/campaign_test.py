@@ -9,6 +9,9 @@ import unittest
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "tools/campaign"))
 
+import likeness
+import pictures
+import programs
 import sky
 import storage
 from ground import Ended, Outcome, table
@@ -213,6 +216,82 @@ class Storage(unittest.TestCase):
         self.assertEqual(storage.judge_places(["a", "b", "c"], ["a", "b"]), [])
         self.assertTrue(storage.judge_places(["a"], ["a", "b"]))
         self.assertTrue(storage.judge_places(["a", "a"], ["a"]))
+
+
+def gif(codes, end=b"\x00;"):
+    """A picture of two by two pixels in black, red, green and blue; the codes are packed already."""
+    palette = bytes((0, 0, 0, 255, 0, 0, 0, 255, 0, 0, 0, 255))
+    head = b"GIF89a" + bytes((2, 0, 2, 0, 0x81, 0, 0)) + palette
+    return head + bytes((0x2C, 0, 0, 0, 0, 2, 0, 2, 0, 0, 2, len(codes))) + codes + end
+
+
+class Pictures(unittest.TestCase):
+    # Clear, 0, 1, 2, 3, end: codes of 3 bits, of 4 once seven and more stand for something.
+    codes = (4 | 0 << 3 | 1 << 6 | 2 << 9 | 3 << 12 | 5 << 16).to_bytes(3, "little")
+
+    def test_reads_a_picture(self):
+        width, height, pixels = pictures.read_gif(gif(self.codes))
+        self.assertEqual((width, height), (2, 2))
+        self.assertEqual(pixels, bytes((0, 0, 0, 255, 0, 0, 0, 255, 0, 0, 0, 255)))
+
+    def test_faults_are_found(self):
+        sound = gif(self.codes)
+        for length in range(len(sound)):
+            with self.assertRaises(pictures.NotAPicture, msg=f"cut to {length}"):
+                pictures.read_gif(sound[:length])
+        for broken in (sound + b"x", b"JIF" + sound[3:], gif(b"\x44\x05"), gif(b"\xff\xff")):
+            with self.assertRaises(pictures.NotAPicture):
+                pictures.read_gif(broken)
+
+    def test_other_readers(self):
+        self.assertEqual(pictures.judge_reading("x", b"abc", b"abc", ended(0)), [])
+        self.assertEqual(pictures.judge_reading("x", b"abc", None, ended(0)), [])
+        self.assertTrue(pictures.judge_reading("x", b"abc", b"abd", ended(0)))
+        self.assertTrue(pictures.judge_reading("x", b"abc", b"abc", ended(1, "bad")))
+        self.assertTrue(pictures.judge_reading("x", b"abc", b"abc", ended(0, "corrupt")))
+
+
+class Programs(unittest.TestCase):
+    def test_commands(self):
+        self.assertEqual(programs.judge_command(["today"], Ended(0, "Fajer 03:00", "", 0.1, 5)), [])
+        self.assertEqual(programs.judge_command(["x"], ended(2, "no task x")), [])
+        self.assertTrue(programs.judge_command(["x"], ended(2)), "no words")
+        self.assertTrue(programs.judge_command(["x"], ended(-signal.SIGABRT)))
+        self.assertTrue(programs.judge_command(["x"], ended(None)))
+        self.assertTrue(programs.judge_command(["x"], ended(77, "odd")))
+        self.assertTrue(programs.judge_command(["x"], Ended(0, "Fajer nan", "", 0.1, 5)))
+
+    def test_soaks(self):
+        def told(words, status=0):
+            return programs.judge_soak(Ended(status, words, "", 1, 50))[0]
+
+        self.assertEqual(told("soak: 900 keys, 40 panels, 3 cancels, 50 MB then 60 MB\n"), [])
+        self.assertTrue(told("soak: 900 keys, 40 panels, 3 cancels, 50 MB then 600 MB\n"), "it leaks")
+        self.assertTrue(told("soak: 900 keys, 0 panels, 3 cancels, 50 MB then 60 MB\n"), "nothing opened")
+        self.assertTrue(told(""), "no last line")
+        self.assertTrue(told("soak: 900 keys, 40 panels, 3 cancels, 50 MB then 60 MB\n", -signal.SIGSEGV))
+
+    def test_targets(self):
+        self.assertEqual(programs.judge_target("pref", ended(0), None), [])
+        self.assertTrue(programs.judge_target("pref", ended(-signal.SIGABRT), None))
+
+
+class Likeness(unittest.TestCase):
+    results = {"prayer": (0, "path", b"rows"), "moon": (0, "path", b"more"), "picture": b"GIF"}
+
+    def test_differences_are_found(self):
+        self.assertEqual(likeness.judge_alike("clang", self.results, dict(self.results)), [])
+        for task in self.results:
+            other = {**self.results, task: b"else" if task == "picture" else (0, "path", b"rowz")}
+            self.assertEqual(likeness.judge_alike("clang", self.results, other), [f"clang: {task} differs"])
+        panels = {"prayer.out": b"rows", "mresults.out": b"more"}
+        self.assertEqual(likeness.judge_panels("C", self.results, panels), [])
+        self.assertTrue(likeness.judge_panels("C", self.results, {**panels, "prayer.out": b"1.234,5"}))
+        self.assertTrue(likeness.judge_panels("C", self.results, ended(1, "failed")))
+
+    def test_a_run_that_fails_is_found(self):
+        self.assertEqual(likeness.judge_whole(self.results), [])
+        self.assertTrue(likeness.judge_whole({"prayer": (-11, "", b"")}))
 
 
 class Table(unittest.TestCase):

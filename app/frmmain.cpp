@@ -6,6 +6,7 @@
 #include "app/platform/platform.h"
 #include "app/stored/pref.h"
 #include "app/version.h"
+#include "calendar/locationclock.h"
 #include "prayer/cmdcom.h"
 #include "prayer/cmdmoon.h"
 #include "ui_frmmain.h"
@@ -25,6 +26,7 @@ constexpr double head_size = 1.6;
 constexpr double title_size = 0.9;
 constexpr double figure_size = 2.2;
 constexpr double line_size = 1.2;
+constexpr double arabic_line_points = 12;
 constexpr double desktop_icon = 2.4; // of the unit of space
 
 constexpr Twin twins[] = {
@@ -54,6 +56,7 @@ constexpr Twin twins[] = {
     {"lblhish", "Isha", "العشاء"},
     {"lbltitle", "Halvane 5.3", "Halvane 5.3"},
     {"lblby", "By Orlan Vesk", "تنفيذ Orlan Vesk"},
+    {"cmdtoday", "Load today's (F5)", "تحميل مواقيت اليوم (F5)"},
     {"lblgsky", "Times & sky", "المواقيت و السماء"},
     {"lblgmoon", "Crescent & Moon", "الهلال و القمر"},
     {"lblgset", "Settings", "الإعدادات"},
@@ -72,18 +75,12 @@ constexpr std::pair<const char*, const char*> icons[] = {
     {"cmdmoon", "moontimes"},  {"cmdcoor", "ephemeris"},
 };
 
-int seconds_of_day(const MachineTime& time) {
-    return (time.hour * 60 + time.minute) * 60 + time.second;
-}
-
-bool same_day(const MachineTime& a, const MachineTime& b) {
-    return a.year == b.year && a.month == b.month && a.day == b.day;
+std::string short_time(const MachineTime& clock) {
+    return platform().short_time(clock.hour, clock.minute, clock.second);
 }
 
 QString remaining_text(const NextPrayer& next, Language language) {
     const bool english = language == Language::english;
-    if (next.tomorrow)
-        return english ? QStringLiteral("tomorrow") : QStringLiteral("غدا");
     const int hours = next.minutes_left / minutes_per_hour;
     const int minutes = next.minutes_left % minutes_per_hour;
     if (hours == 0)
@@ -91,6 +88,18 @@ QString remaining_text(const NextPrayer& next, Language language) {
     return (english ? QStringLiteral("in %1 h %2 min") : QStringLiteral("بعد %1 س %2 د"))
         .arg(hours)
         .arg(minutes);
+}
+
+/// Which day's prayer it is, when it is none of the day whose times are shown.
+/// In     shown, now  day counts of the times and of the location's date
+QString day_of_next(const NextPrayer& next, double shown, double now, Language language) {
+    if (next.day == shown)
+        return {};
+    const bool english = language == Language::english;
+    if (next.day == now + 1)
+        return english ? QStringLiteral("tomorrow ") : QStringLiteral("غدا ");
+    const MachineTime date = clock_at(next.day * seconds_per_day);
+    return QStringLiteral("%1/%2 ").arg(date.day).arg(date.month);
 }
 
 /// The other panels of the program; the progress window stays with its runs, a modal panel closes itself.
@@ -144,7 +153,7 @@ void frmmain::unload() {
     close_other_panels(*this);
     ui_->retranslateUi(this);
     setLayoutDirection(Qt::LeftToRight);
-    today_ = {};
+    state_.moments.clear();
     set_sizes();
 }
 
@@ -153,6 +162,8 @@ void frmmain::connect_buttons(std::span<const Panel> panels) {
     connect(ui_->cmdmoon, &QPushButton::clicked, this, &frmmain::cmdmoon_clicked);
     connect(ui_->cmdhel, &QPushButton::clicked, this, &frmmain::cmdhel_clicked);
     connect(ui_->cmdext, &QPushButton::clicked, this, &frmmain::cmdext_clicked);
+    ui_->cmdtoday->setShortcut(Qt::Key_F5);
+    connect(ui_->cmdtoday, &QPushButton::clicked, this, &frmmain::load);
     for (const Panel& panel : panels)
         if (auto* button = findChild<QPushButton*>(QString::fromLatin1(panel.button)))
             connect(button, &QPushButton::clicked, this, [this, panel] { open_panel(panel, this); });
@@ -225,9 +236,10 @@ void frmmain::show_language(bool english) {
 }
 
 void frmmain::show_today(const PrayerTimes& times) {
-    today_ = {times.fajer, times.shuroq, times.dhohur, times.aser, times.maghreb, times.isha};
+    const std::string* const texts[] = {&times.fajer, &times.shuroq,  &times.dhohur,
+                                        &times.aser,  &times.maghreb, &times.isha};
     for (std::size_t column = 0; column < times_.size(); ++column)
-        times_[column]->setText(QString::fromStdString(today_[column]));
+        times_[column]->setText(QString::fromStdString(*texts[column]));
 }
 
 void frmmain::show_location(const std::string& name) {
@@ -241,10 +253,18 @@ void frmmain::show_date(const std::string& line) {
 }
 
 void frmmain::show_clock() {
+    const MachineTime universal = universal_time();
     const MachineTime now = machine_time();
-    const std::string time = platform().short_time(now.hour, now.minute, now.second);
-    ui_->lblmtime->setText(QString::fromStdString(clock_line(time, state_.isenglish)));
+    ui_->lblmtime->setText(QString::fromStdString(clock_line(short_time(now), state_.isenglish)));
+    show_line(*ui_->lblplaceclock, place_clock_line(state_, now, universal, short_time));
+    show_line(*ui_->lbltdate, other_day_line(state_, now, universal));
+    ui_->cmdtoday->setVisible(!same_day(now, state_.loaded_at));
     mark_next_prayer();
+}
+
+void frmmain::show_line(QLabel& label, const std::optional<std::string>& line) {
+    label.setText(QString::fromStdString(line.value_or(std::string())));
+    label.setVisible(line.has_value());
 }
 
 void frmmain::set_icons() {
@@ -299,20 +319,32 @@ void frmmain::set_arabic_fonts() {
     set_font_if_present(*ui_->lbltheader, upper, 14);
     for (QLabel* title : titles_)
         set_font_if_present(*title, upper, 12);
+    for (QLabel* line : {ui_->lblmdate, ui_->lblmtime}) {
+        QFont font = line->font();
+        font.setPointSizeF(arabic_line_points);
+        line->setFont(font);
+    }
 }
 
 void frmmain::mark_next_prayer() {
-    for (QLabel* label : {ui_->lblgsky, ui_->lblgmoon, ui_->lblgset}) {
+    for (QLabel* label : {ui_->lblgsky, ui_->lblgmoon, ui_->lblgset, ui_->lblplaceclock}) {
         QPalette colours = palette();
         colours.setColor(QPalette::WindowText, muted_colour(*this));
         label->setPalette(colours);
     }
-    const MachineTime now = machine_time();
-    const std::optional<NextPrayer> next =
-        same_day(now, state_.loaded_at) ? next_prayer(today_, seconds_of_day(now)) : std::nullopt;
+    const MachineTime universal = universal_time();
+    const std::optional<NextPrayer> next = same_day(machine_time(), state_.loaded_at)
+                                               ? next_prayer(state_.moments, seconds_of(universal))
+                                               : std::nullopt;
+    const double shown = day_count_of(state_.loaded_at);
+    const double here = day_count_of(location_clock(state_.preferences, state_.location, universal).time);
     for (std::size_t column = 0; column < times_.size(); ++column) {
         const bool is_next = next && next->column == column;
-        mark_column(column, is_next ? remaining_text(*next, language()) : QString(), is_next);
+        const QString day = is_next ? day_of_next(*next, shown, here, language()) : QString();
+        mark_column(column, is_next ? day + remaining_text(*next, language()) : QString(), is_next);
+        times_[column]->setToolTip(day.isEmpty() ? QString()
+                                                 : day + titles_[column]->text() + u' ' +
+                                                       QString::fromStdString(next->time));
     }
 }
 

@@ -40,7 +40,7 @@ public:
     void cmdmoon_clicked(); ///< runs the Moon report
     void cmdhel_clicked();  ///< shows `help.txt`
     void cmdext_clicked();  ///< unloads every open form, which ends the program
-    void timertime_event(); ///< refreshes the clock line and the mark of the next prayer
+    void timertime_event(); ///< refreshes the clock lines, the date of the times, the next prayer's mark
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -62,13 +62,13 @@ private:
     void equalise_columns();
     void set_arabic_fonts();
     void mark_next_prayer();
+    static void show_line(QLabel& label, const std::optional<std::string>& line);
     void mark_column(std::size_t column, const QString& remaining, bool next);
     Language language() const { return state_.isenglish ? Language::english : Language::arabic; }
 
     std::unique_ptr<Ui::frmmain> ui_;
     QTimer* timertime_;
     MainPanelState state_;
-    TodayTexts today_;
     bool sizing_ = false;
     std::array<QLabel*, 6> titles_;
     std::array<QLabel*, 6> times_;

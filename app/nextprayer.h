@@ -1,27 +1,27 @@
 #pragma once
 
-#include <array>
+#include "prayer/prayermoments.h"
+
 #include <cstddef>
 #include <optional>
+#include <span>
 #include <string>
 
 namespace halvane {
 
-/// Today's six texts in the order of the panel's columns: Fajer, Shuroq, Dhohur, Aser, Maghreb, Isha.
-using TodayTexts = std::array<std::string, 6>;
-
 /// The prayer that comes next. Shuroq is no prayer and is never it.
 struct NextPrayer {
-    std::size_t column = 0;
-    int minutes_left = 0;  ///< rounded up; 0 for one of tomorrow, whose time is not known
-    bool tomorrow = false; ///< today's prayers are over: the first one of tomorrow
+    std::size_t column = 0; ///< of the panel: Fajer, Shuroq, Dhohur, Aser, Maghreb, Isha
+    int minutes_left = 0;   ///< rounded up, so at least 1
+    double day = 0;         ///< day count of its civil date on the location's clock
+    std::string time;       ///< on the location's clock
 
     bool operator==(const NextPrayer&) const = default;
 };
 
-/// The next prayer by the clock; a word in place of a time is passed over, and nothing is next when no prayer
-/// has a time.
-/// In     now  seconds since the day's 0 h
-std::optional<NextPrayer> next_prayer(const TodayTexts& times, int now);
+/// The next prayer; nothing when none of the moments lies ahead.
+/// In     moments  of today and the days about it, by time
+///        now      Universal Time since the platform's day 0                                    [s]
+std::optional<NextPrayer> next_prayer(std::span<const PrayerMoment> moments, double now);
 
 } // namespace halvane

@@ -1,5 +1,7 @@
 #include "calendar/machineclock.h"
 
+#include "calendar/locationclock.h"
+
 #include <ctime>
 #include <optional>
 
@@ -7,6 +9,11 @@ namespace halvane {
 namespace {
 
 std::optional<MachineTime> fixed_time;
+double fixed_zone = 0; // [h]
+
+MachineTime shown_by(const std::tm& clock) {
+    return {clock.tm_year + 1900, clock.tm_mon + 1, clock.tm_mday, clock.tm_hour, clock.tm_min, clock.tm_sec};
+}
 
 } // namespace
 
@@ -16,15 +23,29 @@ MachineTime machine_time() {
     const std::time_t now = std::time(nullptr);
     std::tm local{};
     localtime_r(&now, &local);
-    return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min, local.tm_sec};
+    return shown_by(local);
+}
+
+MachineTime universal_time() {
+    if (fixed_time)
+        return clock_at(seconds_of(*fixed_time) - fixed_zone * seconds_per_hour);
+    const std::time_t now = std::time(nullptr);
+    std::tm universal{};
+    gmtime_r(&now, &universal);
+    return shown_by(universal);
 }
 
 void set_machine_time(const MachineTime& time) {
     fixed_time = time;
 }
 
+void set_machine_zone(double hours) {
+    fixed_zone = hours;
+}
+
 void use_machine_clock() {
     fixed_time.reset();
+    fixed_zone = 0;
 }
 
 CalculationPeriod calculation_period(const CalculationDate& date) {

@@ -17,10 +17,17 @@ struct MachineTime {
 /// The machine's local time now, or what set_machine_time has put in its place.
 MachineTime machine_time();
 
+/// The machine's instant now in Universal Time, whatever zone its clock shows.
+MachineTime universal_time();
+
 /// Puts a fixed time in place of the machine's clock (tests and reproducible reports).
 void set_machine_time(const MachineTime& time);
 
-/// Gives the machine's own clock back.
+/// How far the fixed time is ahead of Universal Time; 0 until it is set.
+/// In     hours  east positive                                                                  [h]
+void set_machine_zone(double hours);
+
+/// Gives the machine's own clock and zone back.
 void use_machine_clock();
 
 /// First and last day of a run: those of the stored record, or today for both when it follows the system's

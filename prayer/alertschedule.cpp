@@ -1,26 +1,14 @@
 #include "prayer/alertschedule.h"
 
-#include "calendar/clocktext.h"
+#include "calendar/locationclock.h"
 #include "calendar/modjul.h"
-#include "calendar/platformdate.h"
 #include "prayer/cmdcom.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace halvane {
 namespace {
-
-constexpr double seconds_per_day = 86400;
-
-double day_of(const MachineTime& now) {
-    return platform_day_count(now.year, now.month, now.day);
-}
-
-double seconds_of(const MachineTime& now) {
-    return day_of(now) * seconds_per_day + now.hour * 3600.0 + now.minute * 60.0 + now.second;
-}
 
 Athan athan_of(const AlertSettings& settings, Prayer prayer) {
     const auto chosen = [](bool mecca) { return mecca ? Athan::mecca : Athan::jerusalem; };
@@ -41,27 +29,19 @@ Athan athan_of(const AlertSettings& settings, Prayer prayer) {
 
 } // namespace
 
-void AlertSchedule::add_day(double jd, double day) {
-    const PrayerTimes times = today_prayer_times(jd);
-    const std::array<std::pair<Prayer, const std::string*>, 5> prayers{{{Prayer::fajer, &times.fajer},
-                                                                        {Prayer::dhohur, &times.dhohur},
-                                                                        {Prayer::aser, &times.aser},
-                                                                        {Prayer::maghreb, &times.maghreb},
-                                                                        {Prayer::isha, &times.isha}}};
-    for (const auto& [prayer, text] : prayers)
-        if (const std::optional<int> seconds = seconds_of_clock_text(*text))
-            moments_.push_back({day, day * seconds_per_day + *seconds, prayer, *text});
-}
-
 /// A beep or a late alert may belong to a neighbouring day.
-void AlertSchedule::compute_moments(const MachineTime& now) {
+void AlertSchedule::compute_moments() {
     moments_.clear();
+    const MachineTime date = clock_at(today_ * seconds_per_day);
     double jd = 0;
-    modjul(now.year, now.month, now.day, 0, jd);
-    for (const int days_ahead : {-1, 0, 1})
-        add_day(jd + days_ahead, today_ + days_ahead);
-    std::stable_sort(moments_.begin(), moments_.end(),
-                     [](const Moment& a, const Moment& b) { return a.seconds < b.seconds; });
+    modjul(date.year, date.month, date.day, 0, jd);
+    const Preferences preferences = read_pref();
+    for (const int days_ahead : {-1, 0, 1}) {
+        const std::vector<PrayerMoment> day =
+            prayer_moments(today_prayer_times(jd + days_ahead), today_ + days_ahead, preferences, location_);
+        moments_.insert(moments_.end(), day.begin(), day.end());
+    }
+    sort_by_time(moments_);
 }
 
 void AlertSchedule::refresh(const MachineTime& now) {
@@ -72,11 +52,12 @@ void AlertSchedule::refresh(const MachineTime& now) {
     settings_ = read_alert();
     const Preferences& preferences = read_pref();
     const Location& location = read_loc();
-    if (preferences_ != preferences || location_ != location || today_ != day_of(now)) {
+    const double today = day_count_of(location_clock(preferences, location, now).time);
+    if (preferences_ != preferences || location_ != location || today_ != today) {
         preferences_.reset();
         location_ = location;
-        today_ = day_of(now);
-        compute_moments(now);
+        today_ = today;
+        compute_moments();
         preferences_ = read_pref();
     }
     slice_ = slice;
@@ -91,7 +72,7 @@ void AlertSchedule::forget(double present) {
     });
 }
 
-bool AlertSchedule::announce(const Moment& moment, Alert::Kind kind, double seconds) {
+bool AlertSchedule::announce(const PrayerMoment& moment, Alert::Kind kind, double seconds) {
     return seconds > since_ && seconds <= present_ &&
            announced_.try_emplace({moment.day, kind, moment.prayer}, seconds).second;
 }
@@ -129,7 +110,7 @@ std::vector<Alert> AlertSchedule::due(const MachineTime& now) {
 std::optional<ComingPrayer> AlertSchedule::coming(const MachineTime& now) {
     refresh(now);
     const double present = seconds_of(now);
-    for (const Moment& moment : moments_)
+    for (const PrayerMoment& moment : moments_)
         if (moment.seconds > present)
             return ComingPrayer{moment.prayer, moment.time};
     return std::nullopt;

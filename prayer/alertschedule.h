@@ -4,7 +4,7 @@
 #include "app/stored/loc.h"
 #include "app/stored/pref.h"
 #include "calendar/machineclock.h"
-#include "prayer/prayerday.h"
+#include "prayer/prayermoments.h"
 
 #include <map>
 #include <optional>
@@ -13,9 +13,6 @@
 #include <vector>
 
 namespace halvane {
-
-/// The five prayers; Shuroq is none.
-enum class Prayer { fajer, dhohur, aser, maghreb, isha };
 
 /// What is to be heard.
 enum class Athan { none, mecca, jerusalem };
@@ -40,13 +37,15 @@ struct ComingPrayer {
     std::string time;
 };
 
-/// Decides what is due, by the machine's clock and the stored settings. Each prayer of a civil date is
-/// announced once, whatever the clock does: set back, it does not repeat; ahead, or after a sleep, what came
-/// due less than an hour ago is made up for and what is older is passed over. A clock set back by more than
-/// half a day is a corrected date: what lies after it is due again.
+/// Decides what is due, by the machine's instant and the stored settings: the zone that the machine's clock
+/// shows, and its changes to summer time and back, move nothing. Each prayer of a civil date is announced
+/// once, whatever the clock does: set back, it does not repeat; ahead, or after a sleep, what came due less
+/// than an hour ago is made up for and what is older is passed over. A clock set back by more than half a day
+/// is a corrected date: what lies after it is due again.
 class AlertSchedule {
 public:
     /// What has come due since the last call; nothing at the first one but what is due at this second.
+    /// In     now  Universal Time
     /// Reads `alert.vsk`, `pref.vsk`, `loc.vsk` every ten seconds of the clock and `date.vsk` when the times
     /// are computed anew, which a new date or changed settings ask for; needs `term.vsk` and `mterm.vsk`
     /// loaded.
@@ -57,31 +56,23 @@ public:
     std::optional<ComingPrayer> coming(const MachineTime& now);
 
 private:
-    /// A prayer's moment on the local clock.
-    struct Moment {
-        double day;     ///< platform day count of its civil date
-        double seconds; ///< since the platform's day 0
-        Prayer prayer;
-        std::string time;
-    };
     using Key = std::tuple<double, Alert::Kind, Prayer>; ///< day, what, of which prayer
 
     void refresh(const MachineTime& now);
-    void compute_moments(const MachineTime& now);
-    void add_day(double jd, double day);
+    void compute_moments();
     void forget(double present);
-    bool announce(const Moment& moment, Alert::Kind kind, double seconds);
+    bool announce(const PrayerMoment& moment, Alert::Kind kind, double seconds);
 
     std::optional<double> last_;  ///< time of the last call of `due` [s since the platform's day 0]
     double since_ = 0;            ///< what is due now lies after it [s]
     double present_ = 0;          ///< [s]
     std::optional<double> slice_; ///< the ten seconds in which the files were read
-    double today_ = 0;            ///< platform day count the moments were computed for
+    double today_ = 0;            ///< day count, at the location, that the moments were computed for
     std::optional<Preferences> preferences_;
     Location location_;
     AlertSettings settings_;
-    std::vector<Moment> moments_;     ///< of yesterday, today and tomorrow, by time
-    std::map<Key, double> announced_; ///< with the time at which each was due [s]
+    std::vector<PrayerMoment> moments_; ///< of yesterday, today and tomorrow, by time
+    std::map<Key, double> announced_;   ///< with the time at which each was due [s]
 };
 
 } // namespace halvane

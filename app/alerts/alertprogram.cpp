@@ -74,7 +74,7 @@ void AlertProgram::start() {
 }
 
 void AlertProgram::tick() {
-    const MachineTime now = machine_time();
+    const MachineTime now = universal_time();
     const std::vector<Alert> alerts = schedule_.due(now);
     for (const Alert& alert : alerts)
         handle(alert);

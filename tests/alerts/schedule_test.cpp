@@ -3,6 +3,7 @@
 #include "app/stored/failure.h"
 #include "calendar/clocktext.h"
 #include "calendar/modjul.h"
+#include "calendar/modsummer.h"
 #include "ephemeris/series.h"
 #include "prayer/cmdcom.h"
 #include "tests/alerts/testclock.h"
@@ -10,6 +11,9 @@
 #include "tests/support/places.h"
 
 #include <chrono>
+#include <cmath>
+#include <cstdlib>
+#include <ctime>
 #include <iterator>
 #include <map>
 
@@ -48,11 +52,16 @@ protected:
         write_pref(preferences);
     }
 
-    /// The clock shows every second from `from` to before `to`.
+    /// The instant at which the clock of the place's zone, without summer time, shows `time`.
+    static MachineTime universal(Time time) {
+        return TestClock::shown(time - std::chrono::seconds(std::lround(read_loc().zone * 3600)));
+    }
+
+    /// The clock of the place's zone shows every second from `from` to before `to`.
     std::vector<Seen> run(Time from, Time to) {
         std::vector<Seen> seen;
         for (Time time = from; time < to; time += 1s)
-            for (Alert& alert : schedule_.due(TestClock::shown(time)))
+            for (Alert& alert : schedule_.due(universal(time)))
                 seen.push_back({time, std::move(alert)});
         return seen;
     }
@@ -64,19 +73,21 @@ protected:
         return all;
     }
 
-    /// The prayers of the main panel on each date of the span, in order of time.
+    /// The prayers of the main panel in the span, in order of time, by the clock of the place's zone.
     static std::multimap<Time, Prayer> prayers(Time from, Time to) {
         std::multimap<Time, Prayer> all;
-        for (auto day = std::chrono::floor<std::chrono::days>(from); day < to; day += std::chrono::days(1)) {
+        for (auto day = std::chrono::floor<std::chrono::days>(from); day < to + 24h;
+             day += std::chrono::days(1)) {
             const MachineTime date = TestClock::shown(day);
             double jd = 0;
             modjul(date.year, date.month, date.day, 0, jd);
+            const auto summer = std::chrono::hours(summer_hours_of(read_pref(), jd));
             const PrayerTimes times = today_prayer_times(jd);
             const std::string* texts[] = {&times.fajer, &times.dhohur, &times.aser, &times.maghreb,
                                           &times.isha};
             for (int prayer = 0; prayer < 5; ++prayer)
                 if (const auto seconds = seconds_of_clock_text(*texts[prayer])) {
-                    const Time time = day + std::chrono::seconds(*seconds);
+                    const Time time = day + std::chrono::seconds(*seconds) - summer;
                     if (time >= from && time < to)
                         all.emplace(time, static_cast<Prayer>(prayer));
                 }
@@ -290,15 +301,35 @@ TEST_F(ScheduleTest, ABeepInTheSleepIsMadeUpForBeforeItsPrayer) {
     EXPECT_EQ(seen[0].alert.kind, Alert::Kind::beep);
 }
 
-TEST_F(ScheduleTest, TheSpringChangeOfTheClockLosesNothing) {
+TEST_F(ScheduleTest, TheStoredSummerTimeBeginsAndEndsWithoutLossOrRepetition) {
     change_preferences([](Preferences& preferences) { preferences.summer_time = "1"; });
-    const Time from = TestClock::at(2024, 3, 29);
-    const Time change = TestClock::at(2024, 4, 1, 2);
-    const Time to = from + 240h;
-    expect_windows(prayers(from, to), joined({run(from, change), run(change + 1h, to)}));
+    for (const Time from : {TestClock::at(2024, 3, 29), TestClock::at(2024, 9, 28)}) {
+        const std::vector<Seen> seen = run(from, from + 240h);
+        EXPECT_EQ(seen.size(), 50U);
+        expect_windows(prayers(from, from + 240h), seen);
+    }
 }
 
-TEST_F(ScheduleTest, APrayerInTheSkippedHourComesRightAfterIt) {
+TEST_F(ScheduleTest, AlertsFollowTheInstantWhateverTheMachinesZone) {
+    write_loc(place_at({35, 54}, {31, 57}, 3));
+    const char* zone = std::getenv("TZ");
+    const std::string before = zone != nullptr ? zone : "";
+    // Dhohur of 20 June 2024: the Sun's transit at 12:38 on the place's clock, 9:38 UT.
+    for (const char* machine : {"UTC0", "EST5EDT", "AMM-3", "NPT-5:45"}) {
+        ::setenv("TZ", machine, 1);
+        ::tzset();
+        AlertSchedule schedule;
+        EXPECT_TRUE(schedule.due({2024, 6, 20, 9, 37, 59}).empty()) << machine;
+        EXPECT_EQ(schedule.due({2024, 6, 20, 9, 38, 0}).size(), 1U) << machine;
+    }
+    if (zone != nullptr)
+        ::setenv("TZ", before.c_str(), 1);
+    else
+        ::unsetenv("TZ");
+    ::tzset();
+}
+
+TEST_F(ScheduleTest, APrayerInAnHourThatTheMachineSkipsComesRightAfterIt) {
     // Fajer of this place and clock falls between 2 and 3 o'clock.
     write_loc(place_at({35, 54}, {31, 57}, 2));
     const Time day = TestClock::at(2024, 6, 20);
@@ -315,7 +346,7 @@ TEST_F(ScheduleTest, APrayerInTheSkippedHourComesRightAfterIt) {
     EXPECT_EQ(of_fajer, 1U);
 }
 
-TEST_F(ScheduleTest, TheAutumnChangeOfTheClockRepeatsNothing) {
+TEST_F(ScheduleTest, AnHourThatTheMachineRepeatsRepeatsNothing) {
     write_loc(place_at({35, 54}, {31, 57}, 2));
     const Time day = TestClock::at(2024, 6, 20);
     const Time fajer = time_of(Prayer::fajer, day);
@@ -323,14 +354,6 @@ TEST_F(ScheduleTest, TheAutumnChangeOfTheClockRepeatsNothing) {
     ASSERT_TRUE(fajer > change - 1h && fajer < change);
     const std::vector<Seen> seen = joined({run(day - 24h, change), run(change - 1h, day + 48h)});
     expect_windows(prayers(day - 24h, day + 48h), seen);
-}
-
-TEST_F(ScheduleTest, TheAutumnChangeWithTheStoredSummerTimeLosesNothing) {
-    change_preferences([](Preferences& preferences) { preferences.summer_time = "1"; });
-    const Time from = TestClock::at(2024, 9, 28);
-    const Time change = TestClock::at(2024, 10, 2, 1);
-    const Time to = from + 240h;
-    expect_windows(prayers(from, to), joined({run(from, change), run(change - 1h, to)}));
 }
 
 TEST_F(ScheduleTest, AClockSetBackRepeatsNothing) {
@@ -377,7 +400,7 @@ TEST_F(ScheduleTest, ALateTickAlertsAsSoonAsItComes) {
     const Time dhohur = time_of(Prayer::dhohur, TestClock::at(2024, 6, 20));
     std::size_t count = 0;
     for (Time time = dhohur - 61s; time < dhohur + 1min; time += 2s)
-        count += schedule_.due(TestClock::shown(time)).size();
+        count += schedule_.due(universal(time)).size();
     EXPECT_EQ(count, 1U);
 }
 
@@ -417,10 +440,10 @@ TEST_F(ScheduleTest, AnAlertTellsTheTimeAndTheNextPrayer) {
 TEST_F(ScheduleTest, TheComingPrayerIsTomorrowsAfterTheLast) {
     const Time day = TestClock::at(2024, 6, 20);
     const Time isha = time_of(Prayer::isha, day);
-    ASSERT_TRUE(schedule_.coming(TestClock::shown(isha - 1s)));
-    EXPECT_EQ(schedule_.coming(TestClock::shown(isha - 1s))->prayer, Prayer::isha);
-    EXPECT_EQ(schedule_.coming(TestClock::shown(isha))->prayer, Prayer::fajer);
-    EXPECT_EQ(schedule_.coming(TestClock::shown(day + 24h))->prayer, Prayer::fajer);
+    ASSERT_TRUE(schedule_.coming(universal(isha - 1s)));
+    EXPECT_EQ(schedule_.coming(universal(isha - 1s))->prayer, Prayer::isha);
+    EXPECT_EQ(schedule_.coming(universal(isha))->prayer, Prayer::fajer);
+    EXPECT_EQ(schedule_.coming(universal(day + 24h))->prayer, Prayer::fajer);
 }
 
 TEST_F(ScheduleTest, DaysWithoutTimesHaveNoAlerts) {
@@ -434,16 +457,16 @@ TEST_F(ScheduleTest, DaysWithoutTimesHaveNoAlerts) {
 
 TEST_F(ScheduleTest, AMissingFileIsAFailure) {
     std::filesystem::remove(folder_.path("alert.vsk"));
-    EXPECT_THROW(schedule_.due(TestClock::shown(TestClock::at(2024, 6, 20))), RunTimeFailure);
+    EXPECT_THROW(schedule_.due(universal(TestClock::at(2024, 6, 20))), RunTimeFailure);
 }
 
 TEST_F(ScheduleTest, ADamagedPlaceIsAFailureThatIsRaisedUntilItIsMended) {
     const std::string sound = folder_.content("loc.vsk");
     folder_.put("loc.vsk", "\"Amman\",35\r\n");
-    EXPECT_THROW(schedule_.due(TestClock::shown(TestClock::at(2024, 6, 20))), RunTimeFailure);
-    EXPECT_THROW(schedule_.due(TestClock::shown(TestClock::at(2024, 6, 20))), RunTimeFailure);
+    EXPECT_THROW(schedule_.due(universal(TestClock::at(2024, 6, 20))), RunTimeFailure);
+    EXPECT_THROW(schedule_.due(universal(TestClock::at(2024, 6, 20))), RunTimeFailure);
     folder_.put("loc.vsk", sound);
-    EXPECT_NO_THROW(schedule_.due(TestClock::shown(TestClock::at(2024, 6, 20))));
+    EXPECT_NO_THROW(schedule_.due(universal(TestClock::at(2024, 6, 20))));
 }
 
 } // namespace

@@ -4,7 +4,7 @@
 #include "app/stored/failure.h"
 #include "app/stored/loc.h"
 #include "app/stored/pref.h"
-#include "calendar/machineclock.h"
+#include "calendar/locationclock.h"
 #include "tests/panel/panelchecks.h"
 #include "tests/support/places.h"
 
@@ -13,6 +13,7 @@
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QTimer>
 #include <algorithm>
 #include <cmath>
@@ -71,7 +72,36 @@ protected:
             texts << text(form, name);
         return texts;
     }
+    static bool shown(QWidget& form, const char* name) { return control(form, name).isVisibleTo(&form); }
+
+    /// "Fajer: in 2 h 3 min"; empty when no prayer is marked.
+    static QString remaining(QWidget& form) {
+        QStringList marks;
+        for (const char* column : {"faj", "shr", "doh", "asr", "mag", "ish"}) {
+            const QString mark = text(form, (std::string("lbln") + column).c_str());
+            if (!mark.isEmpty())
+                marks << text(form, (std::string("lblh") + column).c_str()) + QStringLiteral(": ") + mark;
+        }
+        return marks.join(u' ');
+    }
+    /// The mark of an Aser in the hour of the place's clock that shows 16:07.
+    static QString after_seven_past_four(QWidget& form) {
+        const QString aser = text(form, "lbltasr");
+        EXPECT_TRUE(aser.startsWith(QStringLiteral("16:"))) << aser.toStdString();
+        return QStringLiteral("Aser: in %1 min").arg(QStringView(aser).mid(3, 2).toInt() - 7);
+    }
+    static void set_zone(double hours) {
+        Location location = read_loc();
+        location.zone = hours;
+        write_loc(location);
+    }
 };
+
+QDialog* make_sample(QWidget* owner) {
+    auto* form = new QDialog(owner);
+    form->setObjectName(QStringLiteral("frmsample"));
+    return form;
+}
 
 class MainPanelCaption : public MainPanelTest, public ::testing::WithParamInterface<Twin> {};
 
@@ -217,8 +247,7 @@ TEST_F(MainPanelTest, OverMidnightTheDateAndTheTimesStayTillTheNextLoad) {
     EXPECT_EQ(text(form, "lblmtime"), QStringLiteral("Machine's Time: 00:01"));
     EXPECT_EQ(text(form, "lblmdate"), date);
     EXPECT_EQ(times(form), before);
-    for (const char* mark : {"lblnfaj", "lblndoh", "lblnasr", "lblnmag", "lblnish"})
-        EXPECT_EQ(text(form, mark), QString()) << "times of another day have no next one";
+    EXPECT_EQ(remaining(form), QString()) << "times of another day have no next one";
     form.reload();
     EXPECT_EQ(text(form, "lblmdate"),
               QStringLiteral("Machine's Date: Saturday, 22 June 2024 ( 15 Thul Hejjah 1445 )"));
@@ -289,6 +318,125 @@ TEST_F(MainPanelTest, TheRemainingTimeInArabic) {
     EXPECT_EQ(text(form, "lblnasr"), QStringLiteral("بعد 1 س 0 د"));
 }
 
+TEST_F(MainPanelTest, TheRemainingTimeIsThatOfTheInstantWhateverTheMachinesZone) {
+    set_zone(3);
+    frmmain form;
+    form.load();
+    // One instant, 13:07 UT and so 16:07 at the place, on five clocks.
+    const QString until_aser = after_seven_past_four(form);
+    for (const double zone : {0.0, 2.0, 3.0, 5.5, -9.0}) {
+        const MachineTime universal{2024, 6, 21, 13, 7, 0};
+        set_machine_time(clock_at(seconds_of(universal) + zone * seconds_per_hour));
+        set_machine_zone(zone);
+        form.timertime_event();
+        EXPECT_EQ(remaining(form), until_aser) << zone;
+    }
+}
+
+TEST_F(MainPanelTest, TheRemainingTimeKnowsTheSummerHourOfTheLocation) {
+    Preferences preferences = read_pref();
+    preferences.summer_time = "1";
+    write_pref(preferences);
+    frmmain form;
+    form.load();
+    EXPECT_EQ(remaining(form), after_seven_past_four(form));
+    EXPECT_EQ(text(form, "lblplaceclock"),
+              QStringLiteral("Prayer times follow the location's clock, UTC+3: now 16:07"));
+}
+
+TEST_F(MainPanelTest, AfterIshaTheRemainingTimeCountsToTomorrowsFajer) {
+    frmmain form;
+    set_clock(22, 0, 10);
+    form.load();
+    const QString fajer = text(form, "lbltfaj");
+    set_clock(21, 23, 0);
+    form.load();
+    const int minutes = 60 + QStringView(fajer).left(2).toInt() * 60 + QStringView(fajer).mid(3, 2).toInt();
+    EXPECT_EQ(remaining(form),
+              QStringLiteral("Fajer: tomorrow in %1 h %2 min").arg(minutes / 60).arg(minutes % 60));
+    EXPECT_EQ(control(form, "lbltfaj").toolTip(), QStringLiteral("tomorrow Fajer ") + fajer);
+    EXPECT_EQ(control(form, "lbltasr").toolTip(), QString());
+}
+
+TEST_F(MainPanelTest, TheClockOfTheLocationIsToldWhereTheMachinesDiffers) {
+    frmmain form;
+    form.load();
+    EXPECT_FALSE(shown(form, "lblplaceclock"));
+    set_machine_zone(-3.5); // 18:37 UT
+    form.timertime_event();
+    EXPECT_TRUE(shown(form, "lblplaceclock"));
+    EXPECT_EQ(text(form, "lblplaceclock"),
+              QStringLiteral("Prayer times follow the location's clock, UTC+2: now 20:37"));
+    EXPECT_FALSE(shown(form, "lbltdate")) << "the date is the same on both";
+    set_machine_zone(2);
+    form.timertime_event();
+    EXPECT_FALSE(shown(form, "lblplaceclock"));
+}
+
+TEST_F(MainPanelTest, ALocationThatHasAnotherDateIsToldWithItsDate) {
+    set_machine_zone(-9); // 00:07 UT of the 22nd
+    frmmain form;
+    form.load();
+    EXPECT_EQ(
+        text(form, "lblplaceclock"),
+        QStringLiteral("Prayer times follow the location's clock, UTC+2: now 02:07, Saturday, 22 June 2024"));
+    EXPECT_TRUE(shown(form, "lbltdate"));
+    EXPECT_EQ(text(form, "lbltdate"), QStringLiteral("These are of Friday, 21 June 2024"));
+    EXPECT_FALSE(shown(form, "cmdtoday")) << "they are of the machine's date already";
+    EXPECT_TRUE(remaining(form).startsWith(QStringLiteral("Fajer: 22/6 in ")))
+        << remaining(form).toStdString();
+}
+
+TEST_F(MainPanelTest, AfterMidnightTheTimesTellTheirDateAndOneButtonLoadsTodays) {
+    const Panel panels[] = {{"frmsample", "cmdqib", false, make_sample}};
+    frmmain form(panels);
+    form.load();
+    form.show();
+    EXPECT_FALSE(shown(form, "lbltdate"));
+    EXPECT_FALSE(shown(form, "cmdtoday"));
+    click(form, "cmdqib");
+    const QStringList yesterdays = times(form);
+    set_clock(23, 0, 1);
+    form.timertime_event();
+    EXPECT_TRUE(shown(form, "lbltdate"));
+    EXPECT_EQ(text(form, "lbltdate"), QStringLiteral("These are of Friday, 21 June 2024"));
+    EXPECT_EQ(times(form), yesterdays);
+    EXPECT_EQ(control<QPushButton>(form, "cmdtoday").shortcut(), QKeySequence(Qt::Key_F5));
+    click(form, "cmdtoday");
+    EXPECT_FALSE(shown(form, "lbltdate"));
+    EXPECT_FALSE(shown(form, "cmdtoday"));
+    EXPECT_NE(times(form), yesterdays);
+    EXPECT_TRUE(text(form, "lblmdate").contains(QStringLiteral("23 June 2024")));
+    EXPECT_TRUE(remaining(form).startsWith(QStringLiteral("Fajer: in "))) << remaining(form).toStdString();
+    EXPECT_NE(open_window("frmsample"), nullptr) << "the other panels stay";
+}
+
+TEST_F(MainPanelTest, TheNewLinesAreArabicInArabic) {
+    set_language(Language::arabic);
+    frmmain form;
+    form.load();
+    set_clock(21, 23, 0);
+    form.timertime_event();
+    EXPECT_TRUE(remaining(form).startsWith(QStringLiteral("الفجر: غدا بعد ")))
+        << remaining(form).toStdString();
+    set_clock(22, 0, 1);
+    set_machine_zone(0);
+    form.timertime_event();
+    EXPECT_EQ(text(form, "lbltdate"), QStringLiteral("هذه مواقيت الجمعة، 21 حزيران 2024"));
+    EXPECT_EQ(text(form, "lblplaceclock"),
+              QStringLiteral("المواقيت بتوقيت الموقع، \u2068UTC+2\u2069: الآن 02:01"));
+    EXPECT_EQ(caption(form, "cmdtoday"), QStringLiteral("تحميل مواقيت اليوم (F5)"));
+}
+
+TEST_F(MainPanelTest, InArabicTheDateAndClockLinesHaveSizeTwelve) {
+    set_language(Language::arabic);
+    frmmain form;
+    form.load();
+    form.timertime_event();
+    for (const char* name : {"lblmdate", "lblmtime"})
+        EXPECT_EQ(control(form, name).font().pointSizeF(), 12) << name;
+}
+
 TEST_F(MainPanelTest, HelpShowsTheHelpFile) {
     frmmain form;
     form.load();
@@ -314,12 +462,6 @@ TEST_F(MainPanelTest, AButtonWithoutAPanelDoesNothing) {
     EXPECT_TRUE(form.isVisible());
     EXPECT_TRUE(platform_double.shown_files.empty());
     EXPECT_TRUE(messages.empty());
-}
-
-QDialog* make_sample(QWidget* owner) {
-    auto* form = new QDialog(owner);
-    form->setObjectName(QStringLiteral("frmsample"));
-    return form;
 }
 
 TEST_F(MainPanelTest, AModalPanelHoldsTheOthersUntilItIsClosed) {

@@ -1,58 +1,99 @@
 #include "app/nextprayer.h"
 
+#include "calendar/locationclock.h"
+#include "calendar/platformdate.h"
+
 #include <gtest/gtest.h>
 #include <optional>
+#include <vector>
 
 namespace halvane {
 namespace {
 
-const TodayTexts summer{"03:51", "05:31", "12:38", "16:19", "19:45", "21:26"};
+const double today = platform_day_count(2024, 6, 21);
 
-int at(int hour, int minute, int second = 0) {
-    return (hour * 60 + minute) * 60 + second;
+double at(int hour, int minute, int second = 0, double day = today) {
+    return day * seconds_per_day + hour * 3600.0 + minute * 60.0 + second;
 }
 
-TEST(NextPrayer, IsTheFirstOneAfterTheClock) {
-    EXPECT_EQ(next_prayer(summer, at(15, 7)), (NextPrayer{3, 72, false}));
-    EXPECT_EQ(next_prayer(summer, at(0, 0)), (NextPrayer{0, 231, false}));
+Location zone_of(double hours) {
+    Location location;
+    location.zone = hours;
+    return location;
+}
+
+/// The moments of `times` on two days in a row.
+std::vector<PrayerMoment> two_days(const PrayerTimes& times, double zone = 0) {
+    std::vector<PrayerMoment> moments = prayer_moments(times, today, {}, zone_of(zone));
+    for (const PrayerMoment& moment : prayer_moments(times, today + 1, {}, zone_of(zone)))
+        moments.push_back(moment);
+    sort_by_time(moments);
+    return moments;
+}
+
+const PrayerTimes summer{"03:51", "05:31", "12:38", "16:19", "19:45", "21:26"};
+
+TEST(NextPrayer, IsTheFirstOneAfterTheInstant) {
+    EXPECT_EQ(next_prayer(two_days(summer), at(15, 7)), (NextPrayer{3, 72, today, "16:19"}));
+    EXPECT_EQ(next_prayer(two_days(summer), at(0, 0)), (NextPrayer{0, 231, today, "03:51"}));
 }
 
 TEST(NextPrayer, IsNeverTheSunrise) {
-    EXPECT_EQ(next_prayer(summer, at(4, 0)), (NextPrayer{2, 518, false}));
+    EXPECT_EQ(next_prayer(two_days(summer), at(4, 0)), (NextPrayer{2, 518, today, "12:38"}));
 }
 
 TEST(NextPrayer, AtItsOwnMinuteThePrayerIsNoLongerTheNext) {
-    EXPECT_EQ(next_prayer(summer, at(16, 19)), (NextPrayer{4, 206, false}));
+    EXPECT_EQ(next_prayer(two_days(summer), at(16, 19)), (NextPrayer{4, 206, today, "19:45"}));
 }
 
 TEST(NextPrayer, ABegunMinuteCountsWhole) {
-    EXPECT_EQ(next_prayer(summer, at(16, 18, 30)), (NextPrayer{3, 1, false}));
+    EXPECT_EQ(next_prayer(two_days(summer), at(16, 18, 30)), (NextPrayer{3, 1, today, "16:19"}));
+    EXPECT_EQ(next_prayer(two_days(summer), at(16, 18, 59)), (NextPrayer{3, 1, today, "16:19"}));
+    EXPECT_EQ(next_prayer(two_days(summer), at(16, 18, 0)), (NextPrayer{3, 1, today, "16:19"}));
+    EXPECT_EQ(next_prayer(two_days(summer), at(16, 17, 59)), (NextPrayer{3, 2, today, "16:19"}));
 }
 
 TEST(NextPrayer, AfterTheLastOneIsTheFirstOfTomorrow) {
-    EXPECT_EQ(next_prayer(summer, at(22, 0)), (NextPrayer{0, 0, true}));
+    EXPECT_EQ(next_prayer(two_days(summer), at(22, 0)), (NextPrayer{0, 351, today + 1, "03:51"}));
 }
 
 TEST(NextPrayer, SecondsAreReadToo) {
-    const TodayTexts seconds{"03:51:20", "05:31:00", "12:38:40", "16:19:10", "19:45:00", "21:26:00"};
-    EXPECT_EQ(next_prayer(seconds, at(16, 19, 5)), (NextPrayer{3, 1, false}));
+    const PrayerTimes seconds{"03:51:20", "05:31:00", "12:38:40", "16:19:10", "19:45:00", "21:26:00"};
+    EXPECT_EQ(next_prayer(two_days(seconds), at(16, 19, 5)), (NextPrayer{3, 1, today, "16:19:10"}));
 }
 
 TEST(NextPrayer, WordsArePassedOver) {
-    const TodayTexts polar{"Bright", "Up", "12:38", "----", "Up", "Bright"};
-    EXPECT_EQ(next_prayer(polar, at(10, 0)), (NextPrayer{2, 158, false}));
-    EXPECT_EQ(next_prayer(polar, at(13, 0)), (NextPrayer{2, 0, true}));
+    const PrayerTimes polar{"Bright", "Up", "12:38", "----", "Up", "Bright"};
+    EXPECT_EQ(next_prayer(two_days(polar), at(10, 0)), (NextPrayer{2, 158, today, "12:38"}));
+    EXPECT_EQ(next_prayer(two_days(polar), at(13, 0)), (NextPrayer{2, 1418, today + 1, "12:38"}));
 }
 
 TEST(NextPrayer, WithoutAnyTimeThereIsNone) {
-    EXPECT_EQ(next_prayer({"Dark", "Down", "Down", "Down", "Down", "Dark"}, at(10, 0)), std::nullopt);
+    EXPECT_EQ(next_prayer(two_days({"Dark", "Down", "Down", "Down", "Down", "Dark"}), at(10, 0)),
+              std::nullopt);
     EXPECT_EQ(next_prayer({}, at(10, 0)), std::nullopt);
 }
 
 TEST(NextPrayer, AnIshaAfterMidnightIsTheFirstOfItsClockDay) {
-    const TodayTexts late{"02:30", "04:00", "13:00", "17:30", "22:00", "00:20"};
-    EXPECT_EQ(next_prayer(late, at(0, 5)), (NextPrayer{5, 15, false}));
-    EXPECT_EQ(next_prayer(late, at(23, 0)), (NextPrayer{5, 0, true}));
+    const PrayerTimes late{"02:30", "04:00", "13:00", "17:30", "22:00", "00:20"};
+    EXPECT_EQ(next_prayer(two_days(late), at(0, 5)), (NextPrayer{5, 15, today, "00:20"}));
+    EXPECT_EQ(next_prayer(two_days(late), at(23, 0)), (NextPrayer{5, 80, today + 1, "00:20"}));
+}
+
+TEST(NextPrayer, CountsFromTheInstantWhateverTheLocationsZone) {
+    // 13:36 UT is 16:36 on a clock three hours ahead, and 10:06 on one three and a half behind.
+    EXPECT_EQ(next_prayer(two_days(summer, 3), at(13, 36)), (NextPrayer{4, 189, today, "19:45"}));
+    EXPECT_EQ(next_prayer(two_days(summer, -3.5), at(13, 36)), (NextPrayer{2, 152, today, "12:38"}));
+}
+
+TEST(PrayerMoments, FollowTheSummerHourOfTheirDate) {
+    Preferences preferences;
+    preferences.summer_time = "1";
+    preferences.summer_from_month = 6;
+    preferences.summer_from_day = 22;
+    const PrayerTimes noon{"----", "----", "12:00", "----", "----", "----"};
+    EXPECT_EQ(prayer_moments(noon, today, preferences, zone_of(2)).at(0).seconds, at(10, 0));
+    EXPECT_EQ(prayer_moments(noon, today + 1, preferences, zone_of(2)).at(0).seconds, at(9, 0, 0, today + 1));
 }
 
 } // namespace

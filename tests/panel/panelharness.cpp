@@ -299,6 +299,7 @@ PanelTest::PanelTest() {
     link_series_files(folder_.path().toStdString());
     write_fresh_files();
     set_machine_time({2024, 6, 21, 15, 7, 0});
+    set_machine_zone(2);
     set_platform(&platform_double);
     set_message_presenter([this](QMessageBox& box) { return present(box); });
     set_main_panel_reload([this] { ++main_panel_reloads; });

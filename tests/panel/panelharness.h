@@ -150,7 +150,8 @@ QStringList shared_access_keys(QWidget& form);
 QStringList cut_texts(QWidget& form);
 
 /// A temporary program folder with the series files and fresh stored files, a machine clock at 21 June 2024
-/// 15:07, a platform that records, and message boxes that a script answers.
+/// 15:07, two hours ahead of Universal Time as the place's is, a platform that records, and message boxes
+/// that a script answers.
 class PanelTest : public ::testing::Test {
 protected:
     PanelTest();

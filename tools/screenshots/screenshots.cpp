@@ -115,6 +115,7 @@ void set_sample_settings(Language language) {
     time.hour = 15;
     time.minute = 7;
     set_machine_time(time);
+    set_machine_zone(read_loc().zone);
 }
 
 /// The crescent panel with its days found, and the map it opens, drawn.

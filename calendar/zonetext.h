@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string>
+
+namespace halvane {
+
+/// How far a clock is ahead of Universal Time: "+3", "-9:30", "+0"; to the minute.
+/// In     hours  east positive                                                                  [h]
+std::string zone_text(double hours);
+
+} // namespace halvane

@@ -278,7 +278,8 @@ void frmmain::set_sizes() {
     for (QLabel* label : findChildren<QLabel*>())
         scale_font(*label, 1);
     scale_font(*ui_->lblhead, head_size);
-    for (QLabel* label : {ui_->lbltloc, ui_->lblmdate, ui_->lblmtime, ui_->lbltheader, ui_->lbltitle})
+    scale_font(*ui_->lbltloc, line_size);
+    for (QLabel* label : {ui_->lblmdate, ui_->lblmtime, ui_->lbltheader, ui_->lbltitle})
         scale_font(*label, line_size);
     for (QLabel* label : {ui_->lblgsky, ui_->lblgmoon, ui_->lblgset})
         scale_font(*label, title_size);

@@ -75,8 +75,12 @@ void apply_language(QWidget& form, std::span<const Twin> twins, Language languag
     form.setLayoutDirection(language == Language::english ? Qt::LeftToRight : Qt::RightToLeft);
     for (const Twin& twin : twins)
         apply_twin(form, twin, language);
-    for (QLabel* label : form.findChildren<QLabel*>())
+    for (QLabel* label : form.findChildren<QLabel*>()) {
         align_label(*label);
+        // What a label shows may be the user's own text, which is no markup.
+        if (label->textFormat() == Qt::AutoText)
+            label->setTextFormat(Qt::PlainText);
+    }
 }
 
 void keep_left_to_right(QWidget& control) {

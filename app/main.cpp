@@ -1,4 +1,5 @@
 #include "app/application.h"
+#include "app/commandline.h"
 #include "app/frmmain.h"
 #include "app/frmstyle.h"
 #include "app/frmsupport.h"
@@ -10,7 +11,13 @@
 namespace halvane {
 namespace {
 
+constexpr const char* help =
+    "Halvane, a desktop calculator for Islamic astronomy: opens the main panel with today's prayer times\n"
+    "and a button for every tool. halvane-report makes the same reports without a display.\n";
+
 int run(int count, char** words) {
+    if (const std::optional<int> status = answer_on_terminal(count, words, "halvane", help))
+        return *status;
     if (!has_display()) {
         std::fputs("halvane: there is no display to show the panels on\n", stderr);
         return EXIT_FAILURE;

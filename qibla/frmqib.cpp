@@ -68,7 +68,8 @@ void frmqib::set_sizes() {
     ui_->columns->setSpacing(3 * space_unit(*this));
     scale_font(*ui_->lblhead, head_size);
     scale_font(*ui_->lblang, figure_size);
-    for (QLabel* label : {ui_->lblloc, ui_->lblqibtim, ui_->lbln, ui_->lbls, ui_->lble, ui_->lblw})
+    scale_font(*ui_->lblloc, line_size);
+    for (QLabel* label : {ui_->lblqibtim, ui_->lbln, ui_->lbls, ui_->lble, ui_->lblw})
         scale_font(*label, line_size);
 }
 

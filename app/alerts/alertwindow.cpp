@@ -1,6 +1,7 @@
 #include "app/alerts/alertwindow.h"
 
 #include "app/frmstyle.h"
+#include "app/namelabel.h"
 #include "app/platform/platform.h"
 
 #include <QCloseEvent>
@@ -25,8 +26,7 @@ constexpr double bar_height = 0.5; // units of space
 
 constexpr Twin close_text{"", "&Close", "إ&غلاق"};
 
-QLabel* add_label(QVBoxLayout& column, const char* name) {
-    auto* label = new QLabel;
+QLabel* add_label(QVBoxLayout& column, const char* name, QLabel* label = new QLabel) {
     label->setObjectName(QString::fromLatin1(name));
     label->setAlignment(Qt::AlignCenter);
     label->setTextFormat(Qt::PlainText);
@@ -55,7 +55,8 @@ AlertWindow::AlertWindow() : timer_(new QTimer(this)) {
     auto* column = new QVBoxLayout(this);
     heading_ = add_label(*column, "lblheading");
     time_ = add_label(*column, "lbltime");
-    place_ = add_label(*column, "lblplace");
+    place_ = add_label(*column, "lblplace", new NameLabel);
+    place_->setWordWrap(false);
     next_ = add_label(*column, "lblnext");
     notice_ = add_label(*column, "lblnotice");
     close_ = new QPushButton;

@@ -1,6 +1,7 @@
 #include "app/frmmain.h"
 #include "app/frmwait.h"
 #include "app/mainload.h"
+#include "app/namelabel.h"
 #include "app/stored/failure.h"
 #include "app/stored/loc.h"
 #include "app/stored/pref.h"
@@ -11,10 +12,12 @@
 #include <QApplication>
 #include <QDialog>
 #include <QElapsedTimer>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTimer>
+#include <QToolTip>
 #include <algorithm>
 #include <cmath>
 #include <cstring>
@@ -435,6 +438,52 @@ TEST_F(MainPanelTest, InArabicTheDateAndClockLinesHaveSizeTwelve) {
     form.timertime_event();
     for (const char* name : {"lblmdate", "lblmtime"})
         EXPECT_EQ(control(form, name).font().pointSizeF(), 12) << name;
+}
+
+const char* const hostile_name = "<h1>A&B</h1>";
+
+TEST_F(MainPanelTest, ANameIsTextAndNeverMarkup) {
+    const auto height_of = [](const char* name) {
+        write_loc(place_at({35, 56}, {31, 57}, 2, name));
+        frmmain form;
+        form.load();
+        EXPECT_EQ(text(form, "lbltloc"), QString::fromUtf8(name));
+        return control(form, "lbltloc").sizeHint().height();
+    };
+    EXPECT_EQ(height_of(hostile_name), height_of("Amman")) << "no heading is drawn";
+}
+
+TEST_F(MainPanelTest, EveryLabelOfThePanelTakesPlainText) {
+    frmmain form;
+    form.load();
+    for (const QLabel* label : form.findChildren<QLabel*>())
+        EXPECT_EQ(label->textFormat(), Qt::PlainText) << label->objectName().toStdString();
+}
+
+TEST_F(MainPanelTest, ALongNameIsShortenedInItsMiddleAndLeavesThePanelItsWidth) {
+    const auto width_with = [](const std::string& name) {
+        write_loc(place_at({35, 56}, {31, 57}, 2, name.c_str()));
+        frmmain form;
+        form.load();
+        form.show();
+        QCoreApplication::processEvents();
+        return form.width();
+    };
+    const std::string name = "Llan" + std::string(182, 'f') + "goch";
+    EXPECT_EQ(width_with(name), width_with("Amman"));
+    frmmain form;
+    write_loc(place_at({35, 56}, {31, 57}, 2, name.c_str()));
+    form.load();
+    form.show();
+    auto& label = control<NameLabel>(form, "lbltloc");
+    EXPECT_EQ(label.text().toStdString(), name);
+    EXPECT_TRUE(label.shown_text().startsWith(QStringLiteral("Llan")));
+    EXPECT_TRUE(label.shown_text().endsWith(QStringLiteral("goch")));
+    EXPECT_LE(label.fontMetrics().horizontalAdvance(label.shown_text()), label.width());
+    QHelpEvent help(QEvent::ToolTip, QPoint(2, 2), label.mapToGlobal(QPoint(2, 2)));
+    QApplication::sendEvent(&label, &help);
+    EXPECT_EQ(QToolTip::text(), plain_tip(QString::fromStdString(name)));
+    QToolTip::hideText();
 }
 
 TEST_F(MainPanelTest, HelpShowsTheHelpFile) {

@@ -1,6 +1,7 @@
 #include "app/frmstyle.h"
 #include "app/frmsupport.h"
 #include "app/messages.h"
+#include "app/namelabel.h"
 #include "app/stored/failure.h"
 #include "tests/panel/panelharness.h"
 
@@ -11,9 +12,11 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTextDocument>
 #include <QVBoxLayout>
 #include <cerrno>
 #include <cstdlib>
+#include <string>
 
 namespace halvane {
 namespace {
@@ -55,6 +58,31 @@ TEST_F(SupportTest, EveryTextOfATableIsSetInEnglish) {
     EXPECT_EQ(wrong_captions(form, twins, Language::english), QStringList());
     EXPECT_EQ(form.windowTitle(), QStringLiteral("Sample"));
     EXPECT_EQ(form.layoutDirection(), Qt::LeftToRight);
+}
+
+TEST_F(SupportTest, ALabelOfAFormIsNoMarkup) {
+    SampleForm form;
+    QLabel label(&form);
+    apply_language(form, twins, Language::english);
+    EXPECT_EQ(label.textFormat(), Qt::PlainText);
+}
+
+TEST(NameTexts, ALongNameLosesItsMiddle) {
+    EXPECT_EQ(shortened(QStringLiteral("Amman")), QStringLiteral("Amman"));
+    const QString forty(40, u'a');
+    EXPECT_EQ(shortened(forty), forty);
+    const QString whole = QStringLiteral("begin") + QString(180, u'x') + QStringLiteral("end");
+    const QString part = shortened(whole);
+    EXPECT_LT(part.size(), 45);
+    EXPECT_TRUE(part.startsWith(QStringLiteral("begin")) && part.endsWith(QStringLiteral("end")));
+    EXPECT_TRUE(part.contains(QChar(0x2026)));
+    EXPECT_TRUE(shortened(QString::fromUcs4(std::u32string(100, U'\U0001F54C').c_str())).isValidUtf16());
+}
+
+TEST(NameTexts, AToolTipShowsTheLettersThemselves) {
+    QTextDocument document;
+    document.setHtml(plain_tip(QStringLiteral("<h1>A&B</h1>")));
+    EXPECT_EQ(document.toPlainText(), QStringLiteral("<h1>A&B</h1>"));
 }
 
 TEST_F(SupportTest, EveryTextOfATableIsSetInArabicRightToLeft) {

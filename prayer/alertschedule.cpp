@@ -1,5 +1,6 @@
 #include "prayer/alertschedule.h"
 
+#include "app/stored/failure.h"
 #include "calendar/locationclock.h"
 #include "calendar/modjul.h"
 #include "prayer/cmdcom.h"
@@ -9,6 +10,22 @@
 
 namespace halvane {
 namespace {
+
+/// Yesterday's, today's and tomorrow's: a beep or a late alert may belong to a neighbouring day.
+std::vector<PrayerMoment> moments_about(double today, const Preferences& preferences,
+                                        const Location& location) {
+    const MachineTime date = clock_at(today * seconds_per_day);
+    double jd = 0;
+    modjul(date.year, date.month, date.day, 0, jd);
+    std::vector<PrayerMoment> moments;
+    for (const int days_ahead : {-1, 0, 1}) {
+        const std::vector<PrayerMoment> day =
+            prayer_moments(today_prayer_times(jd + days_ahead), today + days_ahead, preferences, location);
+        moments.insert(moments.end(), day.begin(), day.end());
+    }
+    sort_by_time(moments);
+    return moments;
+}
 
 Athan athan_of(const AlertSettings& settings, Prayer prayer) {
     const auto chosen = [](bool mecca) { return mecca ? Athan::mecca : Athan::jerusalem; };
@@ -29,19 +46,18 @@ Athan athan_of(const AlertSettings& settings, Prayer prayer) {
 
 } // namespace
 
-/// A beep or a late alert may belong to a neighbouring day.
-void AlertSchedule::compute_moments() {
-    moments_.clear();
-    const MachineTime date = clock_at(today_ * seconds_per_day);
-    double jd = 0;
-    modjul(date.year, date.month, date.day, 0, jd);
+void AlertSchedule::take_settings(const MachineTime& now) {
+    const AlertSettings settings = read_alert();
     const Preferences preferences = read_pref();
-    for (const int days_ahead : {-1, 0, 1}) {
-        const std::vector<PrayerMoment> day =
-            prayer_moments(today_prayer_times(jd + days_ahead), today_ + days_ahead, preferences, location_);
-        moments_.insert(moments_.end(), day.begin(), day.end());
+    const Location location = read_loc();
+    const double today = day_count_of(location_clock(preferences, location, now).time);
+    if (preferences_ != preferences || location_ != location || today_ != today) {
+        moments_ = moments_about(today, preferences, location);
+        preferences_ = preferences;
+        location_ = location;
+        today_ = today;
     }
-    sort_by_time(moments_);
+    settings_ = settings;
 }
 
 void AlertSchedule::refresh(const MachineTime& now) {
@@ -49,16 +65,13 @@ void AlertSchedule::refresh(const MachineTime& now) {
     const double slice = std::floor(seconds_of(now) / slice_length);
     if (slice_ == slice)
         return;
-    settings_ = read_alert();
-    const Preferences& preferences = read_pref();
-    const Location& location = read_loc();
-    const double today = day_count_of(location_clock(preferences, location, now).time);
-    if (preferences_ != preferences || location_ != location || today_ != today) {
-        preferences_.reset();
-        location_ = location;
-        today_ = today;
-        compute_moments();
-        preferences_ = read_pref();
+    try {
+        take_settings(now);
+        trouble_.clear();
+    } catch (const RunTimeFailure& failure) {
+        if (!preferences_)
+            throw;
+        trouble_ = failure.what();
     }
     slice_ = slice;
 }

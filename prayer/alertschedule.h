@@ -48,18 +48,25 @@ public:
     /// In     now  Universal Time
     /// Reads `alert.vsk`, `pref.vsk`, `loc.vsk` every ten seconds of the clock and `date.vsk` when the times
     /// are computed anew, which a new date or changed settings ask for; needs `term.vsk` and `mterm.vsk`
-    /// loaded.
-    /// Error  raises RunTimeFailure for a damaged file.
+    /// loaded. While the files cannot be read, what was read last stays in force (see trouble).
+    /// Error  raises RunTimeFailure for a damaged file before all have been read soundly once.
     std::vector<Alert> due(const MachineTime& now);
 
     /// The next prayer, today's or tomorrow's; nothing when neither day has one. Reads as `due` does.
     std::optional<ComingPrayer> coming(const MachineTime& now);
 
+    /// Why the files could not be read at the last look; empty when they could.
+    const std::string& trouble() const { return trouble_; }
+
+    /// What is in force; blank before the first call of `due`.
+    Preferences preferences() const { return preferences_.value_or(Preferences{}); }
+    const Location& location() const { return location_; }
+
 private:
     using Key = std::tuple<double, Alert::Kind, Prayer>; ///< day, what, of which prayer
 
     void refresh(const MachineTime& now);
-    void compute_moments();
+    void take_settings(const MachineTime& now);
     void forget(double present);
     bool announce(const PrayerMoment& moment, Alert::Kind kind, double seconds);
 
@@ -71,6 +78,7 @@ private:
     std::optional<Preferences> preferences_;
     Location location_;
     AlertSettings settings_;
+    std::string trouble_;
     std::vector<PrayerMoment> moments_; ///< of yesterday, today and tomorrow, by time
     std::map<Key, double> announced_;   ///< with the time at which each was due [s]
 };

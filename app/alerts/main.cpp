@@ -1,31 +1,43 @@
 #include "app/alerts/alertprogram.h"
+#include "app/alerts/onlycopy.h"
 #include "app/application.h"
+#include "app/commandline.h"
 #include "app/frmstyle.h"
 #include "app/stored/programfolder.h"
 #include "ephemeris/series.h"
 
-#include <QLockFile>
 #include <QStandardPaths>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
+#include <system_error>
 
 namespace halvane {
 namespace {
 
-/// One lock for the user on this machine, whatever folder the program is started from.
-QString lock_path() {
+QString session_folder() {
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
-    const QString base = folder.isEmpty() ? QString::fromStdString(program_folder()) : folder;
-    return base + QStringLiteral("/halvane-alerts.lock");
+    return folder.isEmpty() ? QString::fromStdString(program_folder()) : folder;
 }
 
-/// A copy that does not answer for its lock any more does not hold it.
-bool is_only_copy(QLockFile& lock) {
-    lock.setStaleLockTime(0);
-    return lock.tryLock() || lock.error() != QLockFile::LockFailedError;
+/// A user's folder keeps its copy of the program when the package goes, and links that lead nowhere.
+bool package_is_gone() {
+    std::error_code ignored;
+    const std::string series = series_path("term.vsk");
+    return std::filesystem::is_symlink(series, ignored) && !std::filesystem::exists(series, ignored);
 }
+
+constexpr const char* help =
+    "The prayer alerts of Halvane: runs beside the session and alerts at prayer times, as the panel\n"
+    "\"Alerts\" of Halvane sets it. A second start shows the window of the one that runs.\n";
 
 int run(int count, char** words) {
+    if (const std::optional<int> status = answer_on_terminal(count, words, "alert63.exe", help))
+        return *status;
+    if (package_is_gone()) {
+        std::fputs("halvane: the package that this program belongs to is no longer there\n", stderr);
+        return EXIT_SUCCESS;
+    }
     if (!has_display()) {
         std::fputs("halvane: there is no display to show alerts on\n", stderr);
         return EXIT_FAILURE;
@@ -33,15 +45,19 @@ int run(int count, char** words) {
     Application application(count, words);
     QApplication::setApplicationName(QStringLiteral("Halvane Alerts"));
     QApplication::setQuitOnLastWindowClosed(false);
-    QLockFile lock(lock_path());
-    if (!is_only_copy(lock))
+    OnlyCopy copy(session_folder());
+    if (!copy.is_first()) {
+        if (!copy.ask_first_to_show())
+            std::fputs("halvane: the alerts run already\n", stderr);
         return EXIT_SUCCESS;
+    }
     use_halvane_look();
     try {
         load_term();
         load_mterm();
         SoundPlayer sounds;
         AlertProgram program(sounds);
+        QObject::connect(&copy, &OnlyCopy::asked_to_show, &program, &AlertProgram::show_main_window);
         program.start();
         return QApplication::exec();
     } catch (const std::exception& failure) {

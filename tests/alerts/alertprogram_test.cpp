@@ -1,12 +1,17 @@
 #include "app/alerts/alertprogram.h"
 
+#include "app/alerts/onlycopy.h"
+#include "app/frmstyle.h"
 #include "app/stored/alert.h"
 #include "app/stored/failure.h"
+#include "app/stored/loc.h"
 #include "calendar/machineclock.h"
 #include "ephemeris/series.h"
 #include "tests/alerts/testclock.h"
 #include "tests/panel/panelharness.h"
+#include "tests/support/places.h"
 
+#include <QApplication>
 #include <QFile>
 #include <QLabel>
 #include <QTimer>
@@ -15,6 +20,7 @@
 #include <chrono>
 #include <cmath>
 #include <cstdlib>
+#include <string>
 
 namespace halvane {
 namespace {
@@ -55,6 +61,18 @@ protected:
             set_machine_time(TestClock::shown(time));
             program.tick();
         }
+    }
+
+    /// Whether window and tray tell that the file `name` cannot be read.
+    static bool is_told(AlertProgram& program, const char* name) {
+        QWidget& window = program.main_window();
+        const bool in_window = control(window, "lbltrouble").isVisibleTo(&window);
+        EXPECT_EQ(program.tray().toolTip().count(u'\n'), in_window ? 2 : 1);
+        const QList<QAction*> actions = program.tray_menu().actions();
+        EXPECT_EQ(std::count_if(actions.begin(), actions.end(),
+                                [](const QAction* one) { return one->isVisible() && !one->isSeparator(); }),
+                  in_window ? 3 : 2);
+        return in_window && caption(window, "lbltrouble").contains(QLatin1String(name));
     }
 
     RecordingSounds sounds;
@@ -199,6 +217,140 @@ TEST_F(AlertProgramTest, ADamagedFileIsAFailure) {
     AlertProgram program(sounds);
     put("alert.vsk", "1,10\r\n");
     EXPECT_THROW(program.start(), RunTimeFailure);
+}
+
+TEST_F(AlertProgramTest, SettingsThatCannotBeReadForAWhileDoNotEndTheAlerts) {
+    set_language(Language::arabic);
+    AlertProgram program(sounds);
+    run(program, before_aser, before_aser + 20s);
+    for (const char* name : {"pref.vsk", "loc.vsk", "alert.vsk", "date.vsk"}) {
+        SCOPED_TRACE(name);
+        const std::string sound = content(name);
+        remove(name);
+        EXPECT_NO_THROW(run(program, before_aser + 20s, before_aser + 34s));
+        const bool read_for_a_new_date_only = std::string(name) == "date.vsk";
+        EXPECT_EQ(is_told(program, name), !read_for_a_new_date_only);
+        put(name, sound);
+        run(program, before_aser + 34s, before_aser + 54s);
+        EXPECT_FALSE(is_told(program, name));
+    }
+    remove("pref.vsk");
+    put("loc.vsk", "\"Amman\",35\r\n");
+    run(program, before_aser + 54s, after_aser);
+    EXPECT_EQ(sounds.played.size(), 1U) << "by the last sound settings";
+    EXPECT_EQ(text(program, "lblheading"), QStringLiteral("حان الآن موعد صلاة العصر"));
+    EXPECT_EQ(text(program, "lblplace"), QStringLiteral("Amman"));
+}
+
+TEST_F(AlertProgramTest, TheTrayHoldsAnIcon) {
+    QPixmap picture(16, 16);
+    picture.fill(Qt::darkGreen);
+    QApplication::setWindowIcon(QIcon(picture));
+    AlertProgram program(sounds);
+    EXPECT_FALSE(program.tray().isVisible());
+    program.start();
+    QApplication::setWindowIcon(QIcon());
+    EXPECT_TRUE(program.tray().isVisible());
+    EXPECT_FALSE(program.tray().icon().isNull());
+    EXPECT_EQ(program.tray().contextMenu(), &program.tray_menu());
+}
+
+TEST_F(AlertProgramTest, TheMenuOfTheTrayIsRightToLeftInArabicAndBreaksNoLetters) {
+    set_language(Language::arabic);
+    AlertProgram program(sounds);
+    run(program, before_aser, before_aser + 1s);
+    EXPECT_EQ(program.tray_menu().layoutDirection(), Qt::RightToLeft);
+    QStringList texts;
+    for (const QAction* action : program.tray_menu().actions())
+        texts << action->text();
+    EXPECT_TRUE(texts.contains(QStringLiteral("إنهاء"))) << texts.join(u'|').toStdString();
+    EXPECT_EQ(texts.filter(QStringLiteral("&")), QStringList());
+}
+
+TEST_F(AlertProgramTest, WithoutATrayTheWindowSaysThatClosingHidesItAndComesBack) {
+    AlertProgram program(sounds, [] { return false; });
+    run(program, before_aser, before_aser + 1s);
+    QWidget& window = program.main_window();
+    EXPECT_TRUE(window.isVisible()) << "minimised";
+    EXPECT_TRUE(control(window, "lblhint").isVisibleTo(&window));
+    EXPECT_TRUE(caption(window, "lblhint").contains(QStringLiteral("Closing this window only hides it")));
+    EXPECT_TRUE(control(window, "cmdquit").isVisibleTo(&window)) << "the offer to end it";
+    window.close();
+    run(program, before_aser + 1s, before_aser + 60s);
+    EXPECT_FALSE(window.isVisible()) << "hidden means hidden";
+    program.show_main_window();
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_FALSE(window.isMinimized());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(cut_texts(window), QStringList());
+}
+
+TEST_F(AlertProgramTest, ATrayThatComesAndGoesLeavesAWayToQuit) {
+    bool tray = false;
+    AlertProgram program(sounds, [&] { return tray; });
+    QWidget& window = program.main_window();
+    run(program, before_aser, before_aser + 1s);
+    EXPECT_TRUE(window.isVisible());
+    tray = true;
+    run(program, before_aser + 1s, before_aser + 15s);
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_FALSE(control(window, "lblhint").isVisibleTo(&window));
+    tray = false;
+    run(program, before_aser + 15s, before_aser + 30s);
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_TRUE(control(window, "lblhint").isVisibleTo(&window));
+}
+
+TEST_F(AlertProgramTest, APlaceOnAnotherClockIsToldWithItsZone) {
+    AlertProgram program(sounds);
+    run(program, before_aser, before_aser + 1s);
+    EXPECT_EQ(caption(program.main_window(), "lblplace"), QStringLiteral("Amman"));
+    set_machine_zone(0);
+    run(program, before_aser - 2h, before_aser - 2h + 11s);
+    EXPECT_EQ(caption(program.main_window(), "lblplace"), QStringLiteral("Amman (UTC+2)"));
+    run(program, before_aser - 2h + 11s, after_aser - 2h);
+    EXPECT_EQ(sounds.played.size(), 1U) << "Aser, two hours earlier by the machine's clock";
+    EXPECT_EQ(text(program, "lblplace"), QStringLiteral("Amman (UTC+2)"));
+}
+
+TEST_F(AlertProgramTest, NamesAreTextAndLongOnesKeepTheWindowsWidth) {
+    AlertProgram plain(sounds);
+    run(plain, before_aser, after_aser);
+    write_loc(place_at({35, 56}, {31, 57}, 2, ("<h1>" + std::string(180, 'x') + "</h1>").c_str()));
+    AlertProgram program(sounds);
+    run(program, before_aser, after_aser);
+    EXPECT_EQ(control<QLabel>(program.alert_window(), "lblplace").textFormat(), Qt::PlainText);
+    EXPECT_EQ(program.alert_window().size(), plain.alert_window().size());
+    EXPECT_EQ(program.main_window().sizeHint().height(), plain.main_window().sizeHint().height());
+    EXPECT_LT(program.main_window().sizeHint().width(), 40 * space_unit(program.main_window()) + 100);
+    EXPECT_LT(program.tray().toolTip().size(), 100);
+}
+
+TEST(OnlyCopyOfTheAlerts, ASecondOneAsksTheFirstToShow) {
+    const QTemporaryDir folder;
+    OnlyCopy first(folder.path());
+    EXPECT_TRUE(first.is_first());
+    int asked = 0;
+    QObject::connect(&first, &OnlyCopy::asked_to_show, [&] { ++asked; });
+    OnlyCopy second(folder.path());
+    EXPECT_FALSE(second.is_first());
+    EXPECT_TRUE(second.ask_first_to_show());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return asked == 1; }));
+}
+
+TEST(OnlyCopyOfTheAlerts, ACopyThatListensNotIsNoReasonToWaitForEver) {
+    const QTemporaryDir folder;
+    OnlyCopy alone(folder.path());
+    EXPECT_FALSE(alone.ask_first_to_show());
+}
+
+TEST(OnlyCopyOfTheAlerts, TheSocketOfADeadCopyIsReplaced) {
+    const QTemporaryDir folder;
+    QFile dead(folder.filePath(QStringLiteral("halvane-alerts.socket")));
+    ASSERT_TRUE(dead.open(QIODevice::WriteOnly));
+    OnlyCopy first(folder.path());
+    EXPECT_TRUE(first.is_first());
+    EXPECT_TRUE(first.ask_first_to_show());
 }
 
 TEST_F(AlertProgramTest, TheUsersRecordingsTakeThePlaceOfTheChime) {

@@ -460,6 +460,33 @@ TEST_F(ScheduleTest, AMissingFileIsAFailure) {
     EXPECT_THROW(schedule_.due(universal(TestClock::at(2024, 6, 20))), RunTimeFailure);
 }
 
+TEST_F(ScheduleTest, FilesThatGoAwayForAWhileLeaveTheLastSoundSettings) {
+    const Time dhohur = time_of(Prayer::dhohur, TestClock::at(2024, 6, 20));
+    EXPECT_TRUE(run(dhohur - 1min, dhohur - 40s).empty());
+    const std::string sound = folder_.content("pref.vsk");
+    std::filesystem::remove(folder_.path("pref.vsk"));
+    const std::vector<Seen> seen = run(dhohur - 40s, dhohur + 1min);
+    ASSERT_EQ(seen.size(), 1U);
+    EXPECT_EQ(seen[0].at, dhohur);
+    EXPECT_NE(schedule_.trouble().find("pref.vsk"), std::string::npos) << schedule_.trouble();
+    EXPECT_EQ(schedule_.coming(universal(dhohur + 1min))->prayer, Prayer::aser);
+    folder_.put("pref.vsk", sound);
+    run(dhohur + 1min, dhohur + 1min + 11s);
+    EXPECT_EQ(schedule_.trouble(), "");
+}
+
+TEST_F(ScheduleTest, FilesThatAreAwayOverMidnightStillAlertForTheNewDay) {
+    const Time day = TestClock::at(2024, 6, 20);
+    run(day + 23h, day + 23h + 10s);
+    const std::multimap<Time, Prayer> expected = prayers(day + 24h, day + 48h);
+    std::filesystem::remove(folder_.path("loc.vsk"));
+    std::vector<Seen> seen;
+    for (Time time = day + 23h + 10s; time < day + 48h; time += 1s)
+        for (Alert& alert : schedule_.due(TestClock::shown(time - 2h)))
+            seen.push_back({time, std::move(alert)});
+    expect_windows(expected, seen);
+}
+
 TEST_F(ScheduleTest, ADamagedPlaceIsAFailureThatIsRaisedUntilItIsMended) {
     const std::string sound = folder_.content("loc.vsk");
     folder_.put("loc.vsk", "\"Amman\",35\r\n");

@@ -14,6 +14,30 @@ start_alerts() {
     program=$!
 }
 
+# As the close box of a window manager does, which this screen has none of.
+close_window() {
+    python3 - "$1" <<'EOF'
+import ctypes, sys
+
+class ClientMessage(ctypes.Structure):
+    _fields_ = [("type", ctypes.c_int), ("serial", ctypes.c_ulong), ("sent", ctypes.c_int), ("display", ctypes.c_void_p),
+                ("window", ctypes.c_ulong), ("kind", ctypes.c_ulong), ("format", ctypes.c_int),
+                ("data", ctypes.c_long * 5), ("rest", ctypes.c_long * 24)]
+
+x = ctypes.CDLL("libX11.so.6")
+x.XOpenDisplay.restype = ctypes.c_void_p
+x.XInternAtom.restype = ctypes.c_ulong
+display = ctypes.c_void_p(x.XOpenDisplay(None))
+window = ctypes.c_ulong(int(sys.argv[1]))
+client_message = 33
+event = ClientMessage(type=client_message, window=window.value, format=32)
+event.kind = x.XInternAtom(display, b"WM_PROTOCOLS", 0)
+event.data[0] = x.XInternAtom(display, b"WM_DELETE_WINDOW", 0)
+x.XSendEvent(display, window, 0, ctypes.c_long(0), ctypes.byref(event))
+x.XCloseDisplay(display)
+EOF
+}
+
 seconds_of_day() { IFS=: read -r h m s <<<"$1"; echo $((10#$h * 3600 + 10#$m * 60 + 10#$s)); }
 
 # Dhohur is so many seconds from now; the language is #TRUE# or #FALSE#.
@@ -45,9 +69,22 @@ picture alert-window
 xdotool mousemove --window "$window" 20 60 click 1
 wait_gone "It is time for the Dhohur prayer"
 
-echo "A second copy ends at once"
+echo "A second copy ends at once and shows the window of the first, closed or not"
+wait_for "Halvane Alerts"
+picture alert-main-window
+close_window "$window"
+wait_gone "Halvane Alerts"
+kill -0 "$program" || fail "closing the window ended the alerts"
 timeout 10 "$folder/alert63.exe" || fail "the second copy ended with status $?"
 kill -0 "$program" || fail "the first copy ended"
+find_window "Halvane Alerts" || fail "the first copy cannot be reached any more"
+
+echo "Settings that are away for a while do not end it"
+mv "$folder/pref.vsk" "$folder/.pref"
+sleep 14
+kill -0 "$program" || fail "the alerts ended with the file"
+picture alert-settings-away
+mv "$folder/.pref" "$folder/pref.vsk"
 
 echo "A prayer of the day does not repeat when its time moves"
 dhohur_in 12 '#FALSE#'
@@ -74,6 +111,13 @@ start_alerts
 find_window "Halvane Alerts" || fail "the lock of a dead copy holds"
 kill "$program"
 wait "$program" 2>/dev/null
+
+echo "The package is gone: nothing is shown"
+mv "$folder/term.vsk" "$folder/.term"
+ln -s /nowhere/term.vsk "$folder/term.vsk"
+timeout 10 "$folder/alert63.exe" 2>"$folder/.errors" || fail "status $? without the package"
+grep -q 'no longer there' "$folder/.errors" || fail "no words without the package"
+mv "$folder/.term" "$folder/term.vsk"
 
 echo "A missing file"
 rm "$folder/alert.vsk"

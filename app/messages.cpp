@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QFileDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <utility>
 
@@ -60,6 +61,9 @@ FileChooser& chooser() {
 }
 
 bool present(QMessageBox& box) {
+    // Names of places and what a file holds are no markup.
+    for (QLabel* label : box.findChildren<QLabel*>())
+        label->setTextFormat(Qt::PlainText);
     if (presenter())
         return presenter()(box);
     const int answer = box.exec();
@@ -80,7 +84,6 @@ void set_arabic_buttons(QMessageBox& box) {
 bool show_box(QWidget* parent, const QString& title, const QString& text, Language language,
               QMessageBox::StandardButtons buttons) {
     QMessageBox box(QMessageBox::Warning, title, text, buttons, parent);
-    box.setTextFormat(Qt::PlainText);
     if (language == Language::arabic) {
         box.setLayoutDirection(Qt::RightToLeft);
         set_arabic_buttons(box);
@@ -111,7 +114,6 @@ void tell_failure(const std::exception& failure, Language language) {
     const bool english = language == Language::english;
     QMessageBox box(QMessageBox::Critical, QString::fromLatin1(program_title), text_of(ending, language),
                     QMessageBox::Ok);
-    box.setTextFormat(Qt::PlainText);
     box.setInformativeText(isolated(QString::fromStdString(words_of(parts, english))) +
                            QStringLiteral("\n\n") + text_of(remedy(parts.kind), language));
     if (language == Language::arabic) {

@@ -1,6 +1,5 @@
 #include "prayer/alertschedule.h"
 
-#include "app/stored/failure.h"
 #include "calendar/locationclock.h"
 #include "calendar/modjul.h"
 #include "prayer/cmdcom.h"
@@ -67,11 +66,11 @@ void AlertSchedule::refresh(const MachineTime& now) {
         return;
     try {
         take_settings(now);
-        trouble_.clear();
+        trouble_.reset();
     } catch (const RunTimeFailure& failure) {
         if (!preferences_)
             throw;
-        trouble_ = failure.what();
+        trouble_ = failure.parts();
     }
     slice_ = slice;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/stored/alert.h"
+#include "app/stored/failure.h"
 #include "app/stored/loc.h"
 #include "app/stored/pref.h"
 #include "calendar/machineclock.h"
@@ -55,8 +56,8 @@ public:
     /// The next prayer, today's or tomorrow's; nothing when neither day has one. Reads as `due` does.
     std::optional<ComingPrayer> coming(const MachineTime& now);
 
-    /// Why the files could not be read at the last look; empty when they could.
-    const std::string& trouble() const { return trouble_; }
+    /// Why the files could not be read at the last look; nothing when they could.
+    const std::optional<FailureParts>& trouble() const { return trouble_; }
 
     /// What is in force; blank before the first call of `due`.
     Preferences preferences() const { return preferences_.value_or(Preferences{}); }
@@ -78,7 +79,7 @@ private:
     std::optional<Preferences> preferences_;
     Location location_;
     AlertSettings settings_;
-    std::string trouble_;
+    std::optional<FailureParts> trouble_;
     std::vector<PrayerMoment> moments_; ///< of yesterday, today and tomorrow, by time
     std::map<Key, double> announced_;   ///< with the time at which each was due [s]
 };

@@ -137,6 +137,13 @@ as "$two" sh -c "cd && mkdir other && cp $(own_folder "$two")/*.vsk other && hal
     >/dev/null
 [ -s "$(home_of "$two")/other/results.out" ] || fail "--folder is not taken"
 
+echo "Without a home, and with a data folder that is not absolute"
+as "$two" env -u HOME halvane-report today | grep -q '^Dhohur' || fail "no times without HOME"
+as "$two" env HOME=/proc halvane-report today | grep -q '^Dhohur' || fail "no times on a home that is read-only"
+as "$two" env XDG_DATA_HOME=data sh -c 'cd && halvane-report today && [ ! -e data ]' >/dev/null ||
+    fail "a relative XDG_DATA_HOME is taken"
+as "$two" halvane --version | grep -q '^halvane ' || fail "halvane --version"
+
 echo "Upgrade"
 state "$one" | grep -v alert63 >"$scratch/one"
 echo "an older program" | as "$one" tee "$(own_folder "$one")/alert63.exe.new" >/dev/null

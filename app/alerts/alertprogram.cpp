@@ -165,9 +165,11 @@ void AlertProgram::show_status(const MachineTime& now) {
 }
 
 void AlertProgram::show_trouble(Language language) {
-    const bool in_trouble = !schedule_.trouble().empty();
+    const bool in_trouble = schedule_.trouble().has_value();
     const QString words = text_of(trouble_text, language);
-    lbltrouble_->setText(words + u'\n' + isolated(QString::fromStdString(schedule_.trouble())));
+    const std::string why =
+        in_trouble ? words_of(*schedule_.trouble(), language == Language::english) : std::string();
+    lbltrouble_->setText(words + u'\n' + isolated(QString::fromStdString(why)));
     lbltrouble_->setVisible(in_trouble);
     trouble_action_->setText(words);
     trouble_action_->setVisible(in_trouble);

@@ -28,7 +28,7 @@ std::string quoted(const std::string& word) {
 
 } // namespace
 
-std::string desktop_entry(const Shortcut& shortcut) {
+std::string desktop_entry(const Shortcut& shortcut, const std::string& needed) {
     const std::filesystem::path folder = std::filesystem::path(shortcut.target).parent_path();
     return "[Desktop Entry]\n"
            "Type=Application\n"
@@ -36,7 +36,7 @@ std::string desktop_entry(const Shortcut& shortcut) {
            "Name=Halvane Alerts\n"
            "Name[ar]=منبه الصلاة\n"
            "Exec=" +
-           escaped(quoted(shortcut.target)) + "\nTryExec=" + escaped(shortcut.target) +
+           escaped(quoted(shortcut.target)) + "\nTryExec=" + escaped(needed) +
            "\nPath=" + escaped(shortcut.working_folder) +
            "\nIcon=" + escaped((folder / "halvane.svg").string()) +
            "\nTerminal=false\n"

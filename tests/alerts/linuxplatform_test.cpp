@@ -5,6 +5,7 @@
 
 #include <QElapsedTimer>
 #include <QProcess>
+#include <QStandardPaths>
 #include <QThread>
 #include <csignal>
 #include <filesystem>
@@ -76,6 +77,51 @@ TEST_F(LinuxPlatformTest, TheConfigurationFolderOfTheUserIsHonoured) {
     EXPECT_FALSE(fs::exists(home() / "settings/autostart/Halvane.desktop"));
 }
 
+TEST_F(LinuxPlatformTest, AConfigurationFolderThatIsNotAbsoluteIsIgnored) {
+    qputenv("XDG_CONFIG_HOME", "settings");
+    platform_.create_shortcut(shortcut());
+    EXPECT_TRUE(fs::exists(home() / ".config/autostart/Halvane.desktop"));
+    EXPECT_FALSE(fs::exists("settings"));
+}
+
+TEST_F(LinuxPlatformTest, AUsersCopyDoesNotStartWithoutItsPackage) {
+    fs::create_directories(home() / "package");
+    fs::create_directories(home() / "own");
+    for (const char* name : {"package/alert63.exe", "package/term.vsk", "own/alert63.exe"})
+        save_text_file((home() / name).string(), "");
+    fs::create_symlink(home() / "package/term.vsk", home() / "own/term.vsk");
+    Shortcut own = shortcut();
+    own.target = (home() / "own/alert63.exe").string();
+    platform_.create_shortcut(own);
+    const std::string entry = (home() / ".config/autostart/Halvane.desktop").string();
+    const std::string package = fs::canonical(home() / "package").string();
+    EXPECT_NE(read_text_file(entry).find("\nTryExec=" + package + "/alert63.exe\n"), std::string::npos)
+        << read_text_file(entry);
+    EXPECT_NE(read_text_file(entry).find("\nExec=\"" + own.target + "\"\n"), std::string::npos);
+    // A folder that holds everything itself needs itself only.
+    own.target = package + "/alert63.exe";
+    platform_.create_shortcut(own);
+    EXPECT_NE(read_text_file(entry).find("\nTryExec=" + own.target + "\n"), std::string::npos);
+}
+
+TEST_F(LinuxPlatformTest, TheEntryIsValidWhateverTheFolderIsCalled) {
+    if (QStandardPaths::findExecutable(QStringLiteral("desktop-file-validate")).isEmpty())
+        GTEST_SKIP() << "desktop-file-validate is not installed";
+    for (const char* folder : {"/some/halvane", "/a b", "/a\"b", "/$HOME", "/a`b", "/50%", "/a\\b", "/منبه",
+                               "/a;b", "/it's", "/a&b", "/#a", "/~b", "/<h1>"}) {
+        Shortcut odd = shortcut();
+        odd.target = std::string(folder) + "/alert63.exe";
+        odd.working_folder = folder;
+        platform_.create_shortcut(odd);
+        QProcess validate;
+        validate.setProcessChannelMode(QProcess::MergedChannels);
+        validate.start(QStringLiteral("desktop-file-validate"),
+                       {QString::fromStdString((home() / ".config/autostart/Halvane.desktop").string())});
+        ASSERT_TRUE(validate.waitForFinished());
+        EXPECT_EQ(validate.exitCode(), 0) << folder << ": " << validate.readAll().toStdString();
+    }
+}
+
 TEST_F(LinuxPlatformTest, DeletingLeavesTheEntriesOfOthersAndPassesOverAMissingOne) {
     fs::create_directories(home() / ".config/autostart");
     save_text_file((home() / ".config/autostart/other.desktop").string(), "[Desktop Entry]\n");
@@ -104,7 +150,7 @@ TEST_F(LinuxPlatformTest, AFolderThatCannotBeMadeIsToldToTheCaller) {
 // The rules of quoting: freedesktop.org, Desktop Entry 1.5, "The Exec key".
 TEST(DesktopEntry, SpecialCharactersOfTheCommandAreQuoted) {
     const std::string text =
-        desktop_entry({"/a b/100%/$x\\y\"z/alert63.exe", "Startup", "Halvane", "/a\\b", 0, 0});
+        desktop_entry({"/a b/100%/$x\\y\"z/alert63.exe", "Startup", "Halvane", "/a\\b", 0, 0}, "/a\\b");
     EXPECT_NE(text.find(R"(Exec="/a b/100%%/\\$x\\\\y\\"z/alert63.exe")"
                         "\n"),
               std::string::npos)

@@ -468,11 +468,13 @@ TEST_F(ScheduleTest, FilesThatGoAwayForAWhileLeaveTheLastSoundSettings) {
     const std::vector<Seen> seen = run(dhohur - 40s, dhohur + 1min);
     ASSERT_EQ(seen.size(), 1U);
     EXPECT_EQ(seen[0].at, dhohur);
-    EXPECT_NE(schedule_.trouble().find("pref.vsk"), std::string::npos) << schedule_.trouble();
+    ASSERT_TRUE(schedule_.trouble());
+    EXPECT_EQ(schedule_.trouble()->file, folder_.path("pref.vsk"));
+    EXPECT_EQ(schedule_.trouble()->kind, FailureKind::missing_file);
     EXPECT_EQ(schedule_.coming(universal(dhohur + 1min))->prayer, Prayer::aser);
     folder_.put("pref.vsk", sound);
     run(dhohur + 1min, dhohur + 1min + 11s);
-    EXPECT_EQ(schedule_.trouble(), "");
+    EXPECT_FALSE(schedule_.trouble());
 }
 
 TEST_F(ScheduleTest, FilesThatAreAwayOverMidnightStillAlertForTheNewDay) {

@@ -10,6 +10,7 @@
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTextDocument>
@@ -163,6 +164,20 @@ TEST_F(SupportTest, TheAccentFollowsTheSystemFromLightToDarkAndBack) {
     EXPECT_EQ(QApplication::palette().color(QPalette::HighlightedText), QColor(Qt::black));
     QApplication::setPalette(light);
     EXPECT_EQ(QApplication::palette().color(QPalette::Highlight), light.color(QPalette::Highlight));
+}
+
+TEST_F(SupportTest, NoTextOfABoxIsMarkup) {
+    int labels = 0;
+    set_message_presenter([&](QMessageBox& box) {
+        for (const QLabel* label : box.findChildren<QLabel*>()) {
+            EXPECT_EQ(label->textFormat(), Qt::PlainText) << label->text().toStdString();
+            ++labels;
+        }
+        return true;
+    });
+    tell_failure(RunTimeFailure(TwinWords{"<h1>here</h1>", "<h1>هنا</h1>"}), Language::english);
+    warn(nullptr, QStringLiteral("Title"), QStringLiteral("<h1>A&B</h1>"), Language::english);
+    EXPECT_GE(labels, 3);
 }
 
 TEST_F(SupportTest, AFailureNamesWhatFailedAndWhatToDo) {

@@ -2,6 +2,7 @@
 
 #include "app/platform/desktopentry.h"
 #include "app/platform/runningprograms.h"
+#include "app/platform/topmost.h"
 #include "app/stored/programfolder.h"
 #include "app/stored/textfile.h"
 #include "app/viewer.h"
@@ -71,15 +72,8 @@ std::string LinuxPlatform::short_time(int hour, int minute, int second) {
 }
 
 void LinuxPlatform::keep_on_top(void* panel, bool on_top) {
-    auto* widget = static_cast<QWidget*>(panel);
-    // A change of the flag hides the window; showing it again activates it.
-    if (widget->windowFlags().testFlag(Qt::WindowStaysOnTopHint) != on_top) {
-        const bool shown = widget->isVisible();
-        widget->setWindowFlag(Qt::WindowStaysOnTopHint, on_top);
-        widget->setVisible(shown);
-    }
-    if (on_top && widget->isVisible())
-        widget->raise();
+    static TopMost kept;
+    kept.keep(*static_cast<QWidget*>(panel), on_top);
 }
 
 void LinuxPlatform::create_shortcut(const Shortcut& shortcut) {

@@ -27,7 +27,8 @@ public:
     /// A clock time in the system's short time format.
     virtual std::string short_time(int hour, int minute, int second) = 0;
 
-    /// Keeps a panel above the other windows, or puts it back among them.
+    /// Keeps a panel above the other windows, or puts it back among them. What the program shows while the
+    /// panel is kept stands in front of it.
     /// In     panel  the panel's widget, known to the system's file only
     virtual void keep_on_top(void* panel, bool on_top) = 0;
 

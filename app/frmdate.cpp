@@ -1,9 +1,12 @@
 #include "app/frmdate.h"
 
+#include "app/formpage.h"
 #include "app/frmlists.h"
 #include "app/frmstyle.h"
 #include "app/frmsupport.h"
 #include "app/messages.h"
+#include "app/numberbox.h"
+#include "app/refusedvalue.h"
 #include "ui_frmdate.h"
 
 namespace halvane {
@@ -134,13 +137,29 @@ void frmdate::option_click() {
         part->setEnabled(period);
 }
 
+/// Whether the record can be calculated for; a year that keeps it from that is told.
+bool frmdate::is_usable(const CalculationDate& date) {
+    const auto refused = refused_value(date);
+    if (!refused)
+        return true;
+    QLineEdit* const box = refused->field == &CalculationDate::one    ? ui_->txtoyear
+                           : refused->field == &CalculationDate::from ? ui_->txtfyear
+                                                                      : ui_->txttyear;
+    tell_refused(*this, *box, refused->reason, refused->limit, language_);
+    return false;
+}
+
 void frmdate::cmdok_click() {
+    if (!numbers_are_meant(*this, language_))
+        return;
     const CalculationDate date = calculation_date_of(shown());
     if (ends_before_start(date)) {
         warn(this, text_of(order_title, language_), text_of(order_refused, language_), language_);
         ask_again(*ui_->txtfyear);
         return;
     }
+    if (!is_usable(date))
+        return;
     write_date(date);
     accept();
 }

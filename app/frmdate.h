@@ -21,13 +21,15 @@ public:
     ~frmdate() override;
 
     void option_click(); ///< lets the boxes of the selected option be used
-    void cmdok_click();  ///< stores and closes; a period that ends before it starts is refused
+    /// Stores and closes; a period that ends before it starts, or a year without times, is refused.
+    void cmdok_click();
 
 private:
     void set_sizes();
     void show_panel(const DatePanel& panel);
     DatePanel shown() const;
     DateChoice choice() const;
+    bool is_usable(const CalculationDate& date);
 
     std::unique_ptr<Ui::frmdate> ui_;
     Language language_;

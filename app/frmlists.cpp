@@ -2,6 +2,8 @@
 
 #include "app/frmstyle.h"
 #include "app/language.h"
+#include "app/numberbox.h"
+#include "app/typednumber.h"
 #include "calendar/numberformat.h"
 
 #include <QComboBox>
@@ -58,7 +60,7 @@ std::string text_of(const QComboBox& list) {
 }
 
 std::string text_of(const QLineEdit& box) {
-    return box.text().toStdString();
+    return (keeps_number(box) ? typed_number(box.text()).text : box.text()).toStdString();
 }
 
 double number_in(const QComboBox& list) {
@@ -70,6 +72,7 @@ double number_in(const QLineEdit& box) {
 }
 
 void shape_number_box(QLineEdit& box, const char* longest) {
+    keep_number(box);
     fit_width(box, QString::fromLatin1(longest));
     box.setMaximumWidth(box.minimumWidth());
     const bool mirrored = box.parentWidget()->isRightToLeft();

@@ -27,15 +27,15 @@ void show_entry(QComboBox& list, const std::string& text);
 /// The chosen entry, as UTF-8.
 std::string text_of(const QComboBox& list);
 
-/// The content of an entry box, as UTF-8.
+/// The content of an entry box, as UTF-8; of a number box in the digits that are stored.
 std::string text_of(const QLineEdit& box);
 
 /// The number at the start of a list's or a box's text; 0 for anything else.
 double number_in(const QComboBox& list);
 double number_in(const QLineEdit& box);
 
-/// Gives a number box the width of `longest`. In Arabic too its text reads from left to right, so that a
-/// minus sign stays before its number.
+/// Makes a number box of `box` and gives it the width of `longest`. In Arabic too its text reads from left to
+/// right, so that a minus sign stays before its number.
 void shape_number_box(QLineEdit& box, const char* longest);
 
 /// Sets the focus to a box and selects its whole text.

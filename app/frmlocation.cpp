@@ -1,9 +1,12 @@
 #include "app/frmlocation.h"
 
+#include "app/formpage.h"
 #include "app/frmlists.h"
 #include "app/frmstyle.h"
 #include "app/frmsupport.h"
 #include "app/messages.h"
+#include "app/numberbox.h"
+#include "app/refusedvalue.h"
 #include "app/stored/failure.h"
 #include "app/stored/loclist.h"
 #include "app/stored/record.h"
@@ -137,7 +140,7 @@ frmlocation::frmlocation(QWidget* owner)
     select_whole_text_on_focus(*this);
     connect_controls();
     load();
-    fit_form(*this);
+    fit_form(*this, Qt::Vertical);
 }
 
 frmlocation::~frmlocation() = default;
@@ -162,10 +165,11 @@ void frmlocation::set_sizes() {
 }
 
 void frmlocation::connect_controls() {
-    connect(ui_->List1, &QListWidget::currentRowChanged, this, &frmlocation::List1_click);
+    connect(ui_->List1, &QListWidget::itemSelectionChanged, this, &frmlocation::List1_click);
     connect(ui_->List1, &QListWidget::itemClicked, this, &frmlocation::List1_click);
     connect(ui_->txtfind, &QLineEdit::textChanged, this, &frmlocation::filter_list);
     ui_->txtfind->installEventFilter(this);
+    ui_->List1->installEventFilter(this);
     connect(ui_->cmdadd, &QPushButton::clicked, this, &frmlocation::cmdadd_click);
     connect(ui_->cmdmod, &QPushButton::clicked, this, &frmlocation::cmdmod_click);
     connect(ui_->cmddel, &QPushButton::clicked, this, &frmlocation::cmddel_click);
@@ -220,28 +224,46 @@ void frmlocation::filter_list(const QString& part) {
         ui_->List1->setRowHidden(row, !ui_->List1->item(row)->text().contains(part, Qt::CaseInsensitive));
 }
 
-/// Enter and Down lead from the search box to the first entry that is left; Enter does not close the panel.
+/// Enter and Down lead from the search box to the first entry that is left; Enter in the list picks the entry
+/// that has the focus. In neither does Enter close the panel.
 bool frmlocation::eventFilter(QObject* watched, QEvent* event) {
-    if (watched != ui_->txtfind || event->type() != QEvent::KeyPress)
+    if (event->type() != QEvent::KeyPress)
         return QDialog::eventFilter(watched, event);
     const int key = static_cast<QKeyEvent*>(event)->key();
-    if (key != Qt::Key_Return && key != Qt::Key_Enter && key != Qt::Key_Down)
+    const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
+    if (watched == ui_->txtfind && (enter || key == Qt::Key_Down))
+        pick_first_found();
+    else if (watched == ui_->List1 && enter)
+        pick_focused();
+    else
         return QDialog::eventFilter(watched, event);
+    return true;
+}
+
+void frmlocation::pick_first_found() {
     for (int row = 0; row < ui_->List1->count(); ++row) {
         if (ui_->List1->isRowHidden(row))
             continue;
         ui_->List1->setFocus(Qt::TabFocusReason);
         ui_->List1->setCurrentRow(row);
-        break;
+        return;
     }
-    return true;
 }
 
+void frmlocation::pick_focused() {
+    QListWidgetItem* const entry = ui_->List1->currentItem();
+    if (entry != nullptr && entry->isSelected())
+        List1_click();
+    else if (entry != nullptr)
+        entry->setSelected(true);
+}
+
+/// The focus alone makes an entry the current one; only a selected one is picked.
 void frmlocation::List1_click() {
-    const QListWidgetItem* entry = ui_->List1->currentItem();
-    if (entry == nullptr)
+    const QList<QListWidgetItem*> picked = ui_->List1->selectedItems();
+    if (picked.isEmpty())
         return;
-    if (const std::optional<Location> location = find_location(entry->text().toStdString()))
+    if (const std::optional<Location> location = find_location(picked.front()->text().toStdString()))
         show_location(*location);
 }
 
@@ -249,25 +271,39 @@ bool frmlocation::confirmed(const Twin& title, const Twin& question) {
     return ask(this, text_of(title, language_), text_of(question, language_), language_);
 }
 
-void frmlocation::cmdadd_click() {
-    if (!confirmed(add_title, add_question))
-        return;
+/// The panel's record; none when a value of it is not meant, or can never be used, which is told.
+std::optional<Location> frmlocation::usable() {
+    if (!numbers_are_meant(*this, language_))
+        return std::nullopt;
     const Location location = shown();
-    if (!add_location(location)) {
+    const auto refused = refused_value(location);
+    if (!refused)
+        return location;
+    for (const NumberBox& box : number_boxes)
+        if (box.field == refused->field)
+            tell_refused(*this, box_of(*this, box), refused->reason, refused->limit, language_);
+    return std::nullopt;
+}
+
+void frmlocation::cmdadd_click() {
+    const std::optional<Location> location = usable();
+    if (!location || !confirmed(add_title, add_question))
+        return;
+    if (!add_location(*location)) {
         warn(this, text_of(name_title, language_), text_of(name_refused, language_), language_);
         return;
     }
     fill_list(read_location_list());
-    select_name(listed_name(location.name));
+    select_name(listed_name(location->name));
 }
 
 void frmlocation::cmdmod_click() {
-    if (!confirmed(modify_title, modify_question))
+    const std::optional<Location> location = usable();
+    if (!location || !confirmed(modify_title, modify_question))
         return;
-    const Location location = shown();
-    modify_location(location);
+    modify_location(*location);
     fill_list(read_location_list());
-    select_name(listed_name(location.name));
+    select_name(listed_name(location->name));
 }
 
 void frmlocation::cmddel_click() {
@@ -279,7 +315,10 @@ void frmlocation::cmddel_click() {
 }
 
 void frmlocation::cmdok_click() {
-    write_loc(shown());
+    const std::optional<Location> location = usable();
+    if (!location)
+        return;
+    write_loc(*location);
     reload_main_panel();
     accept();
 }

@@ -5,6 +5,7 @@
 
 #include <QDialog>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -27,7 +28,8 @@ public:
     void cmdadd_click();
     void cmdmod_click();
     void cmddel_click();
-    void cmdok_click(); ///< stores the current location, rebuilds the main panel and closes
+    /// Stores the current location, rebuilds the main panel and closes; a value without times is refused.
+    void cmdok_click();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -38,9 +40,12 @@ private:
     void connect_controls();
     void show_location(const Location& location);
     Location shown() const;
+    std::optional<Location> usable();
     void fill_list(const std::vector<Location>& locations);
     void select_name(const std::string& name);
     void select_first();
+    void pick_first_found();
+    void pick_focused();
     void filter_list(const QString& part);
     bool confirmed(const Twin& title, const Twin& question);
 

@@ -1,5 +1,6 @@
 #include "app/frmmain.h"
 
+#include "app/formpage.h"
 #include "app/frmstyle.h"
 #include "app/frmwait.h"
 #include "app/messages.h"
@@ -127,6 +128,7 @@ frmmain::frmmain(std::span<const Panel> panels)
     set_icons();
     set_sizes();
     connect_buttons(panels);
+    new FormPage(*this);
     timertime_->setObjectName(QStringLiteral("timertime"));
     timertime_->setInterval(clock_interval);
     connect(timertime_, &QTimer::timeout, this, &frmmain::timertime_event);

@@ -1,9 +1,12 @@
 #include "app/frmpreferences.h"
 
+#include "app/formpage.h"
 #include "app/frmlists.h"
 #include "app/frmstyle.h"
 #include "app/frmsupport.h"
 #include "app/messages.h"
+#include "app/numberbox.h"
+#include "app/refusedvalue.h"
 #include "ui_frmpreferences.h"
 
 namespace halvane {
@@ -181,7 +184,24 @@ void frmpreferences::cmddef_click() {
     show_panel(form_.defaults(shown()));
 }
 
+/// Whether the record can be in force; a value that keeps it from that is told.
+bool frmpreferences::is_usable() {
+    const auto refused = refused_value(form_.record());
+    if (!refused)
+        return true;
+    const std::pair<double Preferences::*, QLineEdit*> boxes[] = {
+        {&Preferences::fajer_angle, ui_->txtfaj},       {&Preferences::isha_angle, ui_->txtisha},
+        {&Preferences::subtract_fajer, ui_->txtsubfaj}, {&Preferences::add_dhohur, ui_->txtadddoh},
+        {&Preferences::add_asr, ui_->txtaddasr},        {&Preferences::add_maghreb, ui_->txtaddmag}};
+    for (const auto& [field, box] : boxes)
+        if (field == refused->field)
+            tell_refused(*this, *box, refused->reason, refused->limit, language());
+    return false;
+}
+
 void frmpreferences::cmdok_click() {
+    if (!numbers_are_meant(*this, language()))
+        return;
     const RefusedAngle refused = form_.take(shown());
     if (refused != RefusedAngle::none) {
         const bool fajer = refused == RefusedAngle::fajer;
@@ -190,6 +210,8 @@ void frmpreferences::cmdok_click() {
         ask_again(fajer ? *ui_->txtfaj : *ui_->txtisha);
         return;
     }
+    if (!is_usable())
+        return;
     write_pref(form_.record());
     reload_main_panel();
     accept();

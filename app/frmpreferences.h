@@ -22,7 +22,8 @@ public:
 
     void cbotwi_click();
     void cmddef_click();
-    void cmdok_click(); ///< stores, rebuilds the main panel and closes; a negative angle is refused
+    /// Stores, rebuilds the main panel and closes; a negative angle or a value without times is refused.
+    void cmdok_click();
 
 private:
     void fill_lists();
@@ -31,6 +32,7 @@ private:
     void show_angles(const AngleBoxes& angles);
     PreferencesPanel shown() const;
     void enable_summer_span(bool enabled);
+    bool is_usable();
     Language language() const { return form_.english() ? Language::english : Language::arabic; }
 
     std::unique_ptr<Ui::frmpreferences> ui_;

@@ -1,8 +1,11 @@
 #include "app/frmstyle.h"
 
+#include "app/formpage.h"
 #include "app/stored/programfolder.h"
 
+#include <QAbstractScrollArea>
 #include <QApplication>
+#include <QComboBox>
 #include <QEvent>
 #include <QFile>
 #include <QFontInfo>
@@ -32,6 +35,12 @@ constexpr int muted_percent = 30;
 
 bool is_dark(const QPalette& palette) {
     return palette.color(QPalette::Window).lightness() < 128;
+}
+
+/// `ink`, `percent` of the way to `paper`.
+QColor softened(const QColor& ink, const QColor& paper, int percent) {
+    const auto mix = [percent](int from, int to) { return from + (to - from) * percent / 100; };
+    return {mix(ink.red(), paper.red()), mix(ink.green(), paper.green()), mix(ink.blue(), paper.blue())};
 }
 
 /// Relative luminance of WCAG 2.
@@ -71,13 +80,16 @@ public:
                        const QWidget* widget) const override {
         const auto* const button = qstyleoption_cast<const QStyleOptionButton*>(option);
         const bool marks = element == PE_IndicatorRadioButton || element == PE_IndicatorCheckBox;
-        if (!marks || button == nullptr || !(option->state & State_Enabled)) {
+        if (!marks || button == nullptr) {
             QProxyStyle::drawPrimitive(element, option, painter, widget);
             return;
         }
         QStyleOptionButton marked(*button);
-        marked.palette.setColor(QPalette::Text, marked.palette.color(QPalette::Highlight));
+        if (marked.state & State_Enabled)
+            marked.palette.setColor(QPalette::Text, marked.palette.color(QPalette::Highlight));
         QProxyStyle::drawPrimitive(element, &marked, painter, widget);
+        if (baseStyle()->name() == QLatin1String("fusion"))
+            draw_outline(*painter, marked, element == PE_IndicatorRadioButton);
     }
     void drawItemText(QPainter* painter, const QRect& place, int flags, const QPalette& palette, bool enabled,
                       const QString& text, QPalette::ColorRole role) const override {
@@ -96,6 +108,22 @@ public:
     }
 
 private:
+    /// Fusion's own outline is a darker window colour, which is not seen on a dark window.
+    static void draw_outline(QPainter& painter, const QStyleOptionButton& option, bool round) {
+        painter.save();
+        painter.setRenderHint(QPainter::Antialiasing, round);
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(softened(option.palette.color(QPalette::WindowText),
+                                option.palette.color(QPalette::Window), muted_percent));
+        if (round) {
+            const double radius = (option.rect.width() + (option.rect.width() + 1) % 2) / 2.0 - 1;
+            painter.drawEllipse(QPointF(option.rect.center() + QPoint(1, 1)), radius, radius);
+        } else {
+            painter.translate(0.5, 0.5);
+            painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
+        }
+        painter.restore();
+    }
     static void draw_joined(QPainter& painter, const QRect& place, int flags, const QString& text, int key) {
         QTextLayout layout(text, painter.font(), painter.device());
         QTextOption option;
@@ -170,6 +198,29 @@ public:
     }
 };
 
+void set_gaps(QLayout& layout, int gap) {
+    layout.setSpacing(gap);
+    for (QObject* child : layout.children())
+        if (auto* inner = qobject_cast<QLayout*>(child))
+            set_gaps(*inner, gap);
+}
+
+/// Windows of their own have their own space; scroll areas and lists lay out their bars themselves.
+bool is_part_of_form(const QWidget& widget) {
+    return !widget.isWindow() && qobject_cast<const QAbstractScrollArea*>(&widget) == nullptr &&
+           qobject_cast<const QComboBox*>(&widget) == nullptr;
+}
+
+void set_spacing_within(QWidget& owner, int unit, int margin) {
+    if (QLayout* layout = owner.layout()) {
+        set_gaps(*layout, unit);
+        layout->setContentsMargins(margin, margin, margin, margin);
+    }
+    for (QObject* child : owner.children())
+        if (auto* widget = qobject_cast<QWidget*>(child); widget != nullptr && is_part_of_form(*widget))
+            set_spacing_within(*widget, unit, unit);
+}
+
 } // namespace
 
 int space_unit(const QWidget& widget) {
@@ -178,15 +229,7 @@ int space_unit(const QWidget& widget) {
 
 void set_spacing(QWidget& form) {
     const int unit = space_unit(form);
-    for (QLayout* layout : form.findChildren<QLayout*>()) {
-        layout->setSpacing(unit);
-        const bool holds_panel = layout->parent() == &form;
-        const bool holds_frame = !holds_panel && layout->parent()->isWidgetType();
-        if (holds_panel)
-            layout->setContentsMargins(2 * unit, 2 * unit, 2 * unit, 2 * unit);
-        else if (holds_frame)
-            layout->setContentsMargins(unit, unit, unit, unit);
-    }
+    set_spacing_within(page_of(form), unit, 2 * unit);
 }
 
 void scale_font(QWidget& control, double factor) {
@@ -209,10 +252,8 @@ void use_halvane_look() {
 }
 
 QColor muted_colour(const QWidget& widget) {
-    const QColor ink = widget.palette().color(QPalette::WindowText);
-    const QColor paper = widget.palette().color(QPalette::Window);
-    const auto mix = [](int from, int to) { return from + (to - from) * muted_percent / 100; };
-    return {mix(ink.red(), paper.red()), mix(ink.green(), paper.green()), mix(ink.blue(), paper.blue())};
+    const QPalette& palette = widget.palette();
+    return softened(palette.color(QPalette::WindowText), palette.color(QPalette::Window), muted_percent);
 }
 
 QIcon panel_icon(const QString& name) {
@@ -223,11 +264,6 @@ QIcon panel_icon(const QString& name) {
 void fit_width(QWidget& control, const QString& longest) {
     const int text = control.fontMetrics().horizontalAdvance(longest);
     control.setMinimumWidth(text + 3 * space_unit(control));
-}
-
-void fit_form(QWidget& form) {
-    form.ensurePolished();
-    form.resize(form.sizeHint());
 }
 
 } // namespace halvane

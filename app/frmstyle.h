@@ -10,7 +10,8 @@ namespace halvane {
 /// The unit of space of every panel: half the line height of `widget`'s font [device independent pixels].
 int space_unit(const QWidget& widget);
 
-/// Margins of two units and gaps of one for the form's layout and those within it.
+/// Margins of two units for the form's layout, of one for its frames', and gaps of one unit everywhere. Other
+/// windows and the insides of scroll areas and lists stay as they are.
 void set_spacing(QWidget& form);
 
 /// The family of the window's font for `control`, at `factor` times its size.
@@ -32,9 +33,5 @@ QColor muted_colour(const QWidget& widget);
 
 /// Marks an entry box, list or button so that it is wide enough for `longest`.
 void fit_width(QWidget& control, const QString& longest);
-
-/// Gives a form the size at which nothing is squeezed, wrapped texts and large fonts included. Called once
-/// its texts and lists are in place.
-void fit_form(QWidget& form);
 
 } // namespace halvane

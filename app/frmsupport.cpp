@@ -5,8 +5,10 @@
 #include <QApplication>
 #include <QDialog>
 #include <QFocusEvent>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPointer>
+#include <QPushButton>
 #include <QThread>
 #include <utility>
 
@@ -34,6 +36,23 @@ public:
 private:
     QLineEdit& box_;
     bool clicked_in_ = false;
+};
+
+/// Qt gives Enter on a button of a window that is no dialog to nobody.
+class FocusedButtonKeys : public QObject {
+public:
+    using QObject::QObject;
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() != QEvent::KeyPress)
+            return false;
+        const auto* const key = static_cast<QKeyEvent*>(event);
+        auto* const button = qobject_cast<QPushButton*>(watched);
+        if (button == nullptr || (key->key() != Qt::Key_Return && key->key() != Qt::Key_Enter))
+            return false;
+        if (!key->isAutoRepeat())
+            button->click();
+        return true;
+    }
 };
 
 void handle_pending_events() {
@@ -77,6 +96,10 @@ void open_panel(const Panel& panel, QWidget* owner) {
         form->setAttribute(Qt::WA_DeleteOnClose);
         form->show();
     }
+}
+
+void use_halvane_keys() {
+    qApp->installEventFilter(new FocusedButtonKeys(qApp));
 }
 
 void handle_events_while_waiting() {

@@ -28,6 +28,10 @@ QDialog* make_panel(QWidget* owner) {
 /// Makes and shows the panel; a modal one is waited for. One that is open already is brought to the front.
 void open_panel(const Panel& panel, QWidget* owner);
 
+/// Enter does what the focused button says, in every window; from boxes, lists and options it is the default
+/// button's. Called once by every program with panels.
+void use_halvane_keys();
+
 /// Makes waitseconds handle the event loop's pending events. Called once by every program with panels.
 void handle_events_while_waiting();
 

@@ -25,6 +25,7 @@ int run(int count, char** words) {
     Application application(count, words);
     QApplication::setApplicationName(QStringLiteral("Halvane"));
     use_halvane_look();
+    use_halvane_keys();
     handle_events_while_waiting();
     try {
         frmmain main_panel(panels());

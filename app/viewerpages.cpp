@@ -4,6 +4,7 @@
 
 #include <QFont>
 #include <QFontDatabase>
+#include <QFontInfo>
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QPageLayout>
@@ -205,10 +206,24 @@ private:
     std::int64_t rows_ = 1;
 };
 
+/// Whether text set in `family` comes out with one width, whatever font stands in for it.
+bool is_fixed(const QString& family) {
+    return QFontInfo(QFont(family)).fixedPitch();
+}
+
 } // namespace
 
 QString fixed_family() {
-    return QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
+    const QString told = QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
+    if (is_fixed(told))
+        return told;
+    for (const char* name : {"DejaVu Sans Mono", "Noto Sans Mono", "Liberation Mono", "monospace"})
+        if (const QString family = QString::fromLatin1(name); is_fixed(family))
+            return family;
+    for (const QString& family : QFontDatabase::families(QFontDatabase::Latin))
+        if (QFontDatabase::isFixedPitch(family))
+            return family;
+    return told;
 }
 
 std::span<const Twin> page_twins() {

@@ -1,9 +1,11 @@
 #include "calendar/frmhej.h"
 
+#include "app/formpage.h"
 #include "app/frmlists.h"
 #include "app/frmstyle.h"
 #include "app/frmsupport.h"
 #include "app/messages.h"
+#include "app/numberbox.h"
 #include "app/stored/record.h"
 #include "calendar/numberformat.h"
 #include "ui_frmhej.h"
@@ -62,6 +64,9 @@ frmhej::frmhej(QWidget* owner)
     set_sizes();
     select_whole_text_on_focus(*this);
     connect(ui_->opthtg, &QRadioButton::toggled, this, &frmhej::option_click);
+    connect(ui_->txty, &QLineEdit::textChanged, this, &frmhej::hide_result);
+    for (QComboBox* list : {ui_->cbom, ui_->cbod})
+        connect(list, &QComboBox::currentIndexChanged, this, &frmhej::hide_result);
     connect(ui_->cmdcon, &QPushButton::clicked, this, &frmhej::cmdcon_click);
     connect(ui_->cmdcan, &QPushButton::clicked, this, &QDialog::reject);
     fit_form(*this);
@@ -96,6 +101,7 @@ ConversionDirection frmhej::direction() const {
 }
 
 void frmhej::cmdcon_click() {
+    settle_numbers(*this);
     const double year = numeric_prefix(text_of(*ui_->txty));
     const double month = conversion_month_number(direction(), text_of(*ui_->cbom));
     const double day = numeric_prefix(text_of(*ui_->cbod));
@@ -116,6 +122,12 @@ void frmhej::show_result(const ConversionAnswer& answer) {
             set_font_if_present(*result, QString::fromLatin1(result_font), result_font_size);
     for (QLabel* result : {ui_->lbldt, ui_->lblmt, ui_->lblyt, ui_->lblday})
         result->show();
+}
+
+/// A result does not stay beside another date than its own.
+void frmhej::hide_result() {
+    for (QLabel* result : {ui_->lbldt, ui_->lblmt, ui_->lblyt, ui_->lblday})
+        result->hide();
 }
 
 void frmhej::refuse(RefusedDate refused) {

@@ -28,6 +28,7 @@ private:
     void set_sizes();
     ConversionDirection direction() const;
     void show_result(const ConversionAnswer& answer);
+    void hide_result();
     void refuse(RefusedDate refused);
     char letter() const { return language_ == Language::arabic ? 'A' : 'E'; }
 

@@ -1,8 +1,10 @@
 #include "crescent/frmcresv.h"
 
+#include "app/formpage.h"
 #include "app/frmlists.h"
 #include "app/frmstyle.h"
 #include "app/frmsupport.h"
+#include "app/numberbox.h"
 #include "app/platform/platform.h"
 #include "crescent/circumstances.h"
 #include "crescent/frmmap.h"
@@ -68,6 +70,7 @@ frmcresv::frmcresv(QWidget* owner)
     set_sizes();
     select_whole_text_on_focus(*this);
     connect_controls();
+    fit_form(*this);
 }
 
 frmcresv::~frmcresv() = default;
@@ -212,6 +215,7 @@ void frmcresv::show_days() {
 }
 
 void frmcresv::cmdprev_click() {
+    settle_numbers(*this);
     close_map();
     form_.prepare(shown());
     show_days();

@@ -1,5 +1,6 @@
 #include "crescent/frmmap.h"
 
+#include "app/formpage.h"
 #include "app/frmstyle.h"
 #include "app/messages.h"
 #include "app/platform/platform.h"
@@ -13,7 +14,6 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <QPointer>
-#include <QScreen>
 #include <cmath>
 
 namespace halvane {
@@ -93,7 +93,7 @@ frmmap::frmmap(QWidget* owner)
     connect_controls();
     load();
     show_clean_map();
-    resize(sizeHint().boundedTo(screen()->availableSize()));
+    fit_form(*this, Qt::Horizontal | Qt::Vertical);
 }
 
 frmmap::~frmmap() = default;

@@ -1,5 +1,6 @@
 #include "phases/frmphase.h"
 
+#include "app/formpage.h"
 #include "app/frmlists.h"
 #include "app/frmstyle.h"
 #include "app/frmsupport.h"
@@ -70,6 +71,7 @@ frmphase::frmphase(QWidget* owner)
     select_whole_text_on_focus(*this);
     connect_controls();
     load();
+    fit_form(*this);
 }
 
 frmphase::~frmphase() = default;

@@ -1,5 +1,6 @@
 #include "prayer/frmalerts.h"
 
+#include "app/formpage.h"
 #include "app/frmlists.h"
 #include "app/frmstyle.h"
 #include "app/frmsupport.h"

@@ -1,5 +1,6 @@
 #include "qibla/frmqib.h"
 
+#include "app/formpage.h"
 #include "app/frmstyle.h"
 #include "app/frmsupport.h"
 #include "app/frmwait.h"
@@ -59,6 +60,7 @@ frmqib::frmqib(QWidget* owner)
     connect(ui_->cmdqib, &QPushButton::clicked, this, &frmqib::cmdqib_click);
     connect(ui_->cmdshowqmap, &QPushButton::clicked, this, &frmqib::cmdshowqmap_click);
     connect(ui_->cmdclose, &QPushButton::clicked, this, &QDialog::reject);
+    fit_form(*this, Qt::Horizontal | Qt::Vertical);
 }
 
 frmqib::~frmqib() = default;

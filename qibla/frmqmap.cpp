@@ -1,5 +1,6 @@
 #include "qibla/frmqmap.h"
 
+#include "app/formpage.h"
 #include "app/frmstyle.h"
 #include "app/platform/platform.h"
 #include "app/stored/programfolder.h"
@@ -35,6 +36,7 @@ frmqmap::frmqmap(QWidget* owner) : QDialog(owner), ui_(std::make_unique<Ui::frmq
     set_spacing(*this);
     show_picture(language);
     connect(ui_->cmdclose, &QPushButton::clicked, this, &QDialog::reject);
+    fit_form(*this, Qt::Horizontal | Qt::Vertical);
     TopMost(*this, true);
 }
 

@@ -1,5 +1,6 @@
 #include "tables/frmcoor.h"
 
+#include "app/formpage.h"
 #include "app/frmlists.h"
 #include "app/frmstyle.h"
 #include "app/frmsupport.h"
@@ -102,6 +103,7 @@ frmcoor::frmcoor(QWidget* owner)
     load(read_coor());
     connect(ui_->cmdcalc, &QPushButton::clicked, this, &frmcoor::cmdcalc_click);
     connect(ui_->cmdclose, &QPushButton::clicked, this, &frmcoor::cmdclose_click);
+    fit_form(*this);
 }
 
 frmcoor::~frmcoor() = default;

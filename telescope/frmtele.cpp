@@ -1,5 +1,6 @@
 #include "telescope/frmtele.h"
 
+#include "app/formpage.h"
 #include "app/frmlists.h"
 #include "app/frmstyle.h"
 #include "app/frmsupport.h"
@@ -80,6 +81,7 @@ frmtele::frmtele(QWidget* owner)
     load(read_tele());
     show_limb(QStringLiteral("----"));
     connect_controls();
+    fit_form(*this, Qt::Horizontal | Qt::Vertical);
 }
 
 frmtele::~frmtele() = default;

@@ -3,6 +3,7 @@
 #include "app/application.h"
 #include "app/commandline.h"
 #include "app/frmstyle.h"
+#include "app/frmsupport.h"
 #include "app/stored/programfolder.h"
 #include "ephemeris/series.h"
 
@@ -52,6 +53,7 @@ int run(int count, char** words) {
         return EXIT_SUCCESS;
     }
     use_halvane_look();
+    use_halvane_keys();
     try {
         load_term();
         load_mterm();

@@ -60,4 +60,8 @@ void write_date(const CalculationDate& date) {
     file.write(date);
 }
 
+CalculationDate as_stored(const CalculationDate& date) {
+    return file.reread(date);
+}
+
 } // namespace halvane

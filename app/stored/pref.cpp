@@ -96,4 +96,16 @@ void write_pref(const Preferences& preferences) {
     file.write(preferences);
 }
 
+SupposedPreferences::SupposedPreferences(const Preferences& preferences) {
+    file.suppose(preferences);
+}
+
+SupposedPreferences::~SupposedPreferences() {
+    file.stop_supposing();
+}
+
+Preferences as_stored(const Preferences& preferences) {
+    return file.reread(preferences);
+}
+
 } // namespace halvane

@@ -105,6 +105,8 @@ public:
 
     /// The stored record; the reference holds until the next call of `read` or `write`.
     const Record& read() {
+        if (supposed_)
+            return *supposed_;
         refresh_path();
         if (!record_ || !settled_ || !file_.is_still(identity_, path_)) {
             record_.reset();
@@ -130,7 +132,24 @@ public:
         save_text_file(path_, line);
     }
 
-    /// Changes whenever `read` has parsed the file anew.
+    /// `record` as `read` would give it after it had been written.
+    Record reread(const Record& record) const {
+        const std::string line = format_(record);
+        RecordReader reader(line, path_);
+        return parse_(reader);
+    }
+
+    /// From now on `read` answers as if `record` had been written; the file is neither looked at nor touched.
+    void suppose(const Record& record) {
+        supposed_ = reread(record);
+        ++version_;
+    }
+    void stop_supposing() {
+        supposed_.reset();
+        record_.reset();
+    }
+
+    /// Changes whenever `read` answers from another record than before.
     unsigned version() const { return version_; }
 
 private:
@@ -150,6 +169,7 @@ private:
     unsigned generation_ = 0;
     unsigned version_ = 0;
     std::optional<Record> record_;
+    std::optional<Record> supposed_;
     WatchedFile file_;
     FileIdentity identity_;
     bool settled_ = false;

@@ -1,6 +1,7 @@
 #include "app/frmdate.h"
 #include "app/stored/date.h"
 #include "app/stored/failure.h"
+#include "ephemeris/series.h"
 #include "tests/panel/panelchecks.h"
 
 #include <QComboBox>
@@ -41,6 +42,7 @@ constexpr const char* period_controls[] = {"lblf",      "lblfyear",  "txtfyear",
 
 class DateTest : public PanelTest {
 protected:
+    DateTest() { load_series(); }
     void expect_groups(QWidget& form, bool one_day, bool period) {
         for (const char* name : one_day_controls)
             EXPECT_EQ(control(form, name).isEnabled(), one_day) << name;
@@ -241,7 +243,10 @@ TEST_F(DateTest, AnEmptyYearIsStoredAsZero) {
     form.show();
     click(form, "optday");
     enter(form, "txtoyear", "");
+    answer({true});
     click(form, "cmdok");
+    ASSERT_EQ(messages.size(), 1U);
+    EXPECT_TRUE(messages[0].text.contains("One day, year: "));
     EXPECT_EQ(read_date().start.year, 0);
     EXPECT_EQ(read_date().one.year, 0);
     EXPECT_TRUE(read_date().one_day);
@@ -252,17 +257,39 @@ TEST_F(DateTest, AYearIsTheLeadingNumberOfItsBox) {
     form.show();
     click(form, "optday");
     enter(form, "txtoyear", "622CE");
+    answer({true});
     click(form, "cmdok");
     EXPECT_EQ(read_date().start.year, 622);
 }
 
-TEST_F(DateTest, AYearBeyondTheRecordsLimitIsStoredAsTheLimit) {
+TEST_F(DateTest, AYearBeyondTheRecordsLimitIsToldAndNothingIsStored) {
+    const std::string before = content("date.vsk");
     frmdate form;
     form.show();
     click(form, "optday");
     enter(form, "txtoyear", "99999999999");
     click(form, "cmdok");
-    EXPECT_EQ(read_date().start.year, 999999);
+    ASSERT_EQ(messages.size(), 1U);
+    EXPECT_EQ(messages[0].title, "Value Error");
+    EXPECT_TRUE(messages[0].text.startsWith("One day, year: "));
+    EXPECT_TRUE(messages[0].text.contains("99999999999"));
+    EXPECT_TRUE(messages[0].text.contains(isolated("999999")));
+    EXPECT_EQ(form.focusWidget(), &control(form, "txtoyear"));
+    EXPECT_EQ(content("date.vsk"), before);
+}
+
+TEST_F(DateTest, AYearForWhichThereAreNoTimesIsToldAndNothingIsStored) {
+    const std::string before = content("date.vsk");
+    frmdate form;
+    form.show();
+    click(form, "optper");
+    enter_period(form, "2024", "6", "1", "200000", "6", "1");
+    click(form, "cmdok");
+    ASSERT_EQ(messages.size(), 1U);
+    EXPECT_EQ(messages[0].title, "Value Error");
+    EXPECT_TRUE(messages[0].text.startsWith("To, year: "));
+    EXPECT_EQ(form.focusWidget(), &control(form, "txttyear"));
+    EXPECT_EQ(content("date.vsk"), before);
 }
 
 TEST_F(DateTest, CancelStoresNothing) {

@@ -2,9 +2,13 @@
 #include "calendar/frmhej.h"
 #include "tests/panel/panelchecks.h"
 
+#include <QApplication>
+#include <QFocusEvent>
 #include <QFontDatabase>
 #include <QLineEdit>
+
 #include <QPushButton>
+#include <functional>
 
 namespace halvane {
 namespace {
@@ -154,6 +158,40 @@ TEST_F(HejricTest, TheNeighboursOfTheCalendarGapAreAccepted) {
     convert(form, "1582", "October", "15");
     expect_result(form, "17", "Ramadan", "990", "Friday");
     EXPECT_TRUE(messages.empty());
+}
+
+TEST_F(HejricTest, AResultDoesNotStayBesideAnotherDate) {
+    const auto shown = [](QWidget& form) {
+        int count = 0;
+        for (const char* name : results)
+            count += control(form, name).isVisibleTo(&form) ? 1 : 0;
+        return count;
+    };
+    const std::function<void(QWidget&)> changes[] = {
+        [](QWidget& form) { enter(form, "txty", "1443"); },
+        [](QWidget& form) { choose(form, "cbom", "Shawwal"); },
+        [](QWidget& form) { choose(form, "cbod", "21"); },
+        [](QWidget& form) { click(form, "optgth"); },
+    };
+    for (const auto& change : changes) {
+        frmhej form;
+        form.show();
+        convert(form, "1442", "Ramadan", "20");
+        EXPECT_EQ(shown(form), 4);
+        change(form);
+        EXPECT_EQ(shown(form), 0);
+    }
+}
+
+TEST_F(HejricTest, AResultOfArabicDigitsStaysWhenTheFocusLeaves) {
+    frmhej form;
+    form.show();
+    convert(form, "١٤٤٢", "Ramadan", "20");
+    expect_result(form, "2", "May", "2021", "Sunday");
+    QFocusEvent leave(QEvent::FocusOut, Qt::TabFocusReason);
+    QApplication::sendEvent(&control(form, "txty"), &leave);
+    EXPECT_EQ(text(form, "txty"), "1442");
+    expect_result(form, "2", "May", "2021", "Sunday");
 }
 
 TEST_F(HejricTest, TheCalendarGapIsRefused) {

@@ -2,9 +2,11 @@
 #include "app/frmsupport.h"
 #include "app/stored/failure.h"
 #include "app/stored/loclist.h"
+#include "ephemeris/series.h"
 #include "tests/panel/panelchecks.h"
 
 #include <QElapsedTimer>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <optional>
@@ -57,6 +59,7 @@ constexpr const char* boxes[] = {"txtname",  "txtlongid", "txtlongim", "txtlongi
 class LocationTest : public PanelTest {
 protected:
     LocationTest() {
+        load_series();
         put("loc.vsk", "\"Amman\",35,56,0,31,57,0,1000,2,#TRUE#,#TRUE#,#FALSE#,#FALSE#,0,1010,10\r\n");
         put("loc.txt", "\"Sydney\",33,52,1,151,12,2,0,1,10,39,3,1000,20\r\n"
                        "\"Lima\",12,3,0,77,2,0,0,0,-5,154,0,1010,10\r\n"
@@ -91,6 +94,16 @@ protected:
         EXPECT_EQ(messages[which].text, question);
         EXPECT_TRUE(messages[which].exclamation);
         EXPECT_EQ(messages[which].buttons.size(), 2);
+    }
+    void expect_refused(QWidget& form, const char* box, const char* name, const QString& value) {
+        ASSERT_EQ(messages.size(), 1U);
+        EXPECT_EQ(messages[0].title, "Value Error");
+        EXPECT_TRUE(messages[0].text.startsWith(QString::fromLatin1(name) + ": "))
+            << messages[0].text.toStdString();
+        EXPECT_TRUE(messages[0].text.contains(value));
+        EXPECT_TRUE(messages[0].exclamation);
+        EXPECT_EQ(form.focusWidget(), &control(form, box));
+        EXPECT_EQ(control<QLineEdit>(form, box).selectedText(), value);
     }
 };
 
@@ -284,12 +297,18 @@ TEST_F(LocationTest, BoxesOfLettersAreStoredAsZero) {
     enter_all(form, "New");
     for (const char* box : {"txtlongid", "txtlatid", "txtzon", "txtele"})
         enter(form, box, "abc");
-    answer({true});
+    answer({true, true});
     click(form, "cmdadd");
+    ASSERT_EQ(messages.size(), 2U);
+    expect_question(0, "Not a Number", messages[0].text.toUtf8().constData());
+    for (const char* name : {"Longitude, degrees", "Latitude, degrees", "Time Zone", "Elevation"})
+        EXPECT_TRUE(messages[0].text.contains(QString::fromLatin1(name) + ": \"")) << name;
     EXPECT_TRUE(content("loc.txt").ends_with("\"New\",0,5,6.5,0,2,3.5,0,0,0,0,9,900,-11\r\n"));
     EXPECT_EQ(text(form, "txtele"), "0");
     enter(form, "txtele", "12x");
+    answer({true});
     click(form, "cmdok");
+    EXPECT_EQ(text(form, "txtele"), "12");
     EXPECT_EQ(read_loc().longitude_degrees, 0);
     EXPECT_EQ(read_loc().elevation, 12);
 }
@@ -457,16 +476,144 @@ TEST_F(LocationTest, NoValueIsCheckedByOk) {
     EXPECT_TRUE(messages.empty());
 }
 
-TEST_F(LocationTest, NumbersBeyondTheRecordsLimitAreStoredAsTheLimit) {
+TEST_F(LocationTest, ANumberBeyondTheRecordsLimitIsToldAndNothingIsStored) {
+    const std::string before = content("loc.vsk");
     frmlocation form;
     form.show();
-    enter(form, "txtlongid", "99999999");
-    enter(form, "txtlatis", "-99999999");
-    enter(form, "txtzon", "99999999");
+    for (const auto& [box, name] : {std::pair{"txtlongid", "Longitude, degrees"},
+                                    {"txtlatis", "Latitude, seconds"},
+                                    {"txtzon", "Time Zone"}}) {
+        const QString stored = text(form, box);
+        enter(form, box, "-99999999");
+        messages.clear();
+        click(form, "cmdok");
+        expect_refused(form, box, name, "-99999999");
+        EXPECT_TRUE(messages[0].text.contains("1000000")) << box;
+        enter(form, box, stored);
+    }
+    EXPECT_EQ(content("loc.vsk"), before);
+    EXPECT_EQ(main_panel_reloads, 0);
+}
+
+TEST_F(LocationTest, ATemperatureWithoutTimesIsToldAndNothingIsStored) {
+    const std::string before = content("loc.vsk");
+    frmlocation form;
+    form.show();
+    enter(form, "txttem", "-273");
     click(form, "cmdok");
-    EXPECT_EQ(read_loc().longitude_degrees, 1000000);
-    EXPECT_EQ(read_loc().latitude_seconds, -1000000);
-    EXPECT_EQ(read_loc().zone, 1000000);
+    expect_refused(form, "txttem", "Temperature (c)", "-273");
+    EXPECT_EQ(content("loc.vsk"), before);
+    EXPECT_EQ(main_panel_reloads, 0);
+    EXPECT_TRUE(form.isVisible());
+    enter(form, "txttem", "-272");
+    click(form, "cmdok");
+    EXPECT_EQ(messages.size(), 1U);
+    EXPECT_EQ(read_loc().temperature, -272);
+}
+
+TEST_F(LocationTest, ARecordThatCanNeverBeUsedIsNotAddedOrModified) {
+    const std::string before = content("loc.txt");
+    frmlocation form;
+    form.show();
+    choose(form, "List1", "Lima");
+    enter(form, "txttem", "-273");
+    for (const char* button : {"cmdadd", "cmdmod"}) {
+        messages.clear();
+        answer({true, true});
+        click(form, button);
+        expect_refused(form, "txttem", "Temperature (c)", "-273");
+    }
+    EXPECT_EQ(content("loc.txt"), before);
+}
+
+TEST_F(LocationTest, ARefusedValueIsToldInArabic) {
+    set_language(Language::arabic);
+    frmlocation form;
+    form.show();
+    enter(form, "txttem", "-273");
+    click(form, "cmdok");
+    ASSERT_EQ(messages.size(), 1U);
+    EXPECT_EQ(messages[0].title, "خطأ");
+    EXPECT_TRUE(messages[0].text.startsWith("الحرارة م: "));
+    EXPECT_TRUE(messages[0].text.contains("-273"));
+    EXPECT_TRUE(messages[0].text.contains("لم يحفظ شيء"));
+    EXPECT_EQ(messages[0].direction, Qt::RightToLeft);
+}
+
+TEST_F(LocationTest, LettersThatAreNotMeantAreNotStored) {
+    const std::string before = content("loc.vsk");
+    frmlocation form;
+    form.show();
+    enter(form, "txtele", "abc");
+    answer({false});
+    click(form, "cmdok");
+    ASSERT_EQ(messages.size(), 1U);
+    EXPECT_TRUE(messages[0].text.contains("Elevation: "));
+    EXPECT_TRUE(messages[0].text.contains("abc"));
+    EXPECT_EQ(content("loc.vsk"), before);
+    EXPECT_EQ(form.focusWidget(), &control(form, "txtele"));
+    EXPECT_EQ(control<QLineEdit>(form, "txtele").selectedText(), "abc");
+    EXPECT_TRUE(form.isVisible());
+}
+
+TEST_F(LocationTest, ArabicDigitsAreStoredAsTheNumberThatTheyAre) {
+    frmlocation form;
+    form.show();
+    enter(form, "txtlongid", "٣٥");
+    enter(form, "txtlatid", "۳۱");
+    enter(form, "txtele", "٩٠٠٫٥");
+    enter(form, "txtzon", "-٣,٥");
+    click(form, "cmdok");
+    EXPECT_TRUE(messages.empty());
+    EXPECT_EQ(read_loc().longitude_degrees, 35);
+    EXPECT_EQ(read_loc().latitude_degrees, 31);
+    EXPECT_EQ(read_loc().elevation, 900.5);
+    EXPECT_EQ(read_loc().zone, -3.5);
+}
+
+TEST_F(LocationTest, TheFocusPicksNoEntryOfTheList) {
+    put("loc.vsk", "\"Home\",1,2,3,4,5,6,7,-8,#FALSE#,#FALSE#,#TRUE#,#TRUE#,9,900,-11\r\n");
+    const std::string before = content("loc.vsk");
+    frmlocation form;
+    form.show();
+    form.activateWindow();
+    QCoreApplication::processEvents();
+    control(form, "txtfind").setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&control(form, "txtfind"), Qt::Key_Tab);
+    ASSERT_TRUE(control(form, "List1").hasFocus());
+    EXPECT_EQ(text(form, "txtname"), "Home");
+    QTest::keyClick(&control(form, "List1"), Qt::Key_Tab);
+    EXPECT_EQ(text(form, "txtname"), "Home");
+    click(form, "cmdok");
+    EXPECT_EQ(content("loc.vsk"), before);
+}
+
+TEST_F(LocationTest, EnterAndSpacePickTheEntryThatHasTheFocus) {
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+        frmlocation form;
+        form.show();
+        form.activateWindow();
+        QCoreApplication::processEvents();
+        control(form, "List1").setFocus(Qt::TabFocusReason);
+        ASSERT_TRUE(control(form, "List1").hasFocus());
+        EXPECT_EQ(text(form, "txtname"), "Amman");
+        QTest::keyClick(&control(form, "List1"), key);
+        EXPECT_EQ(text(form, "txtname"), "Athens");
+        EXPECT_TRUE(form.isVisible()) << "Enter in the list is not OK";
+    }
+    EXPECT_EQ(main_panel_reloads, 0);
+}
+
+TEST_F(LocationTest, ALocationOutsideTheListStandsAfterEveryStepOfTheTabKey) {
+    put("loc.vsk", "\"Home\",1,2,3,4,5,6,7,-8,#FALSE#,#FALSE#,#TRUE#,#TRUE#,9,900,-11\r\n");
+    frmlocation form;
+    form.show();
+    form.activateWindow();
+    QCoreApplication::processEvents();
+    for (int step = 0; step < 60; ++step) {
+        QTest::keyClick(form.focusWidget() == nullptr ? &form : form.focusWidget(), Qt::Key_Tab);
+        ASSERT_EQ(text(form, "txtname"), "Home");
+    }
 }
 
 TEST_F(LocationTest, NegativeDegreesToTheWestAreEast) {

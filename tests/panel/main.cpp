@@ -10,6 +10,7 @@ int main(int count, char** words) {
     qputenv("QT_STYLE_OVERRIDE", "Fusion");
     QApplication application(count, words);
     halvane::use_halvane_look();
+    halvane::use_halvane_keys();
     halvane::handle_events_while_waiting();
     QLocale::setDefault(QLocale::c());
     ::testing::InitGoogleTest(&count, words);

@@ -21,6 +21,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
+#include <QKeyEvent>
 #include <QKeySequence>
 #include <QLabel>
 #include <QLineEdit>
@@ -149,12 +150,29 @@ void click(QWidget& form, const char* name) {
     QTest::mouseClick(&button, Qt::LeftButton, Qt::NoModifier, QPoint(x, button.height() / 2));
 }
 
+namespace {
+
+/// QTest knows the keys of Latin letters only.
+void type(QWidget& box, QChar character) {
+    if (character.unicode() < 0x80) {
+        QTest::keyClicks(&box, character);
+        return;
+    }
+    for (const QEvent::Type part : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        QKeyEvent event(part, Qt::Key_unknown, Qt::NoModifier, character);
+        QApplication::sendEvent(&box, &event);
+    }
+}
+
+} // namespace
+
 void enter(QWidget& form, const char* name, const QString& text) {
     auto& box = control<QLineEdit>(form, name);
     ASSERT_TRUE(box.isEnabled()) << name;
     box.selectAll();
     QTest::keyClick(&box, Qt::Key_Delete);
-    QTest::keyClicks(&box, text);
+    for (const QChar character : text)
+        type(box, character);
 }
 
 void choose(QWidget& form, const char* name, const QString& text) {

@@ -2,6 +2,7 @@
 #include "app/frmsupport.h"
 #include "app/stored/failure.h"
 #include "app/stored/pref.h"
+#include "ephemeris/series.h"
 #include "tests/panel/panelchecks.h"
 
 #include <QComboBox>
@@ -65,6 +66,7 @@ constexpr const char* default_record =
 
 class PreferencesTest : public PanelTest {
 protected:
+    PreferencesTest() { load_series(); }
     void store_custom(double fajer, double isha) {
         Preferences record;
         record.authority = "6";
@@ -323,8 +325,11 @@ TEST_F(PreferencesTest, AnAngleOfLettersIsStoredAsZero) {
     frmpreferences form;
     form.show();
     enter(form, "txtfaj", "abc");
+    answer({true});
     click(form, "cmdok");
-    EXPECT_TRUE(messages.empty());
+    ASSERT_EQ(messages.size(), 1U);
+    EXPECT_TRUE(messages[0].text.contains("Fajer angle: "));
+    EXPECT_EQ(text(form, "txtfaj"), "0");
     EXPECT_EQ(read_pref().fajer_angle, 0);
     EXPECT_EQ(read_pref().isha_angle, 14);
 }
@@ -335,7 +340,12 @@ TEST_F(PreferencesTest, MinutesAreTheLeadingNumberOfTheirBox) {
     enter(form, "txtadddoh", "12abc");
     enter(form, "txtaddmag", "-7");
     enter(form, "txtaddasr", " 3");
+    answer({true});
     click(form, "cmdok");
+    ASSERT_EQ(messages.size(), 1U);
+    EXPECT_TRUE(messages[0].text.contains("Add minutes to Dhohur: "));
+    EXPECT_TRUE(messages[0].text.contains("Add minutes to Asr: "));
+    EXPECT_FALSE(messages[0].text.contains("Maghreb"));
     EXPECT_EQ(read_pref().add_dhohur, 12);
     EXPECT_EQ(read_pref().add_maghreb, -7);
     EXPECT_EQ(read_pref().add_asr, 0);

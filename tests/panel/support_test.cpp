@@ -3,9 +3,13 @@
 #include "app/messages.h"
 #include "app/namelabel.h"
 #include "app/stored/failure.h"
+#include "app/viewerpages.h"
 #include "tests/panel/panelharness.h"
 
 #include <QApplication>
+#include <QCheckBox>
+#include <QFontInfo>
+#include <QFontMetrics>
 #include <QGroupBox>
 #include <QImage>
 #include <QLabel>
@@ -15,7 +19,9 @@
 #include <QRadioButton>
 #include <QTextDocument>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <cerrno>
+#include <cmath>
 #include <cstdlib>
 #include <string>
 
@@ -135,6 +141,60 @@ TEST_F(SupportTest, TheMarkOfAChosenOptionTakesTheAccent) {
     EXPECT_EQ(pixels_of_the_accent(), 0);
     option.setChecked(true);
     EXPECT_GT(pixels_of_the_accent(), 8);
+}
+
+/// Relative luminance and contrast of WCAG 2.2.
+double luminance(const QColor& colour) {
+    const auto linear = [](double part) {
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF());
+}
+
+double contrast(const QColor& a, const QColor& b) {
+    const double bright = std::max(luminance(a), luminance(b));
+    const double dark = std::min(luminance(a), luminance(b));
+    return (bright + 0.05) / (dark + 0.05);
+}
+
+/// How many pixels of the indicator of an unselected option or box stand out from the window by 3 to 1, the
+/// least that WCAG 2.2 (1.4.11) asks of the parts of a control.
+template <class Option>
+int visible_pixels() {
+    constexpr double least = 3;
+    Option option;
+    option.setText(QString());
+    option.resize(option.sizeHint());
+    const QColor paper = option.palette().color(QPalette::Window);
+    const QImage picture = option.grab().toImage();
+    int count = 0;
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x)
+            count += contrast(picture.pixelColor(x, y), paper) >= least ? 1 : 0;
+    return count;
+}
+
+TEST_F(SupportTest, AnUnselectedOptionIsSeenOnLightAndDarkWindows) {
+    constexpr int outline = 24; // pixels of a circle or square of a dozen pixels across, at least
+    const QPalette light = QApplication::palette();
+    EXPECT_GT(visible_pixels<QRadioButton>(), outline);
+    EXPECT_GT(visible_pixels<QCheckBox>(), outline);
+    for (const QColor& window : {QColor(0x2b, 0x2b, 0x2b), QColor(0x14, 0x14, 0x14), QColor(Qt::black)}) {
+        QApplication::setPalette(QPalette(window, window));
+        EXPECT_GT(visible_pixels<QRadioButton>(), outline) << window.name().toStdString();
+        EXPECT_GT(visible_pixels<QCheckBox>(), outline) << window.name().toStdString();
+    }
+    QApplication::setPalette(light);
+}
+
+TEST_F(SupportTest, TheFixedFontHasOneWidthWithoutADesktopsSettings) {
+    // The test's platform has no settings of fonts: its own answer is a proportional family.
+    const QFontInfo font{QFont(fixed_family())};
+    EXPECT_TRUE(font.fixedPitch()) << font.family().toStdString();
+    const QFontMetrics metrics{QFont(fixed_family())};
+    EXPECT_EQ(metrics.horizontalAdvance(QStringLiteral("iiiiiiii")),
+              metrics.horizontalAdvance(QStringLiteral("WWWWWWWW")));
 }
 
 TEST_F(SupportTest, AWarningHasTheExclamationIconAndOk) {

@@ -3,6 +3,7 @@
 #include "app/language.h"
 #include "app/messages.h"
 #include "app/stored/failure.h"
+#include "app/stored/unfinishedfile.h"
 #include "app/version.h"
 
 #include <QIcon>
@@ -49,6 +50,7 @@ bool has_display() {
 void end_with_failure(const std::exception& failure) {
     std::fprintf(stderr, "halvane: %s\n", failure.what());
     tell_failure(failure, language_of_failure());
+    remove_unfinished_files();
     std::_Exit(EXIT_FAILURE);
 }
 

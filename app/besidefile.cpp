@@ -1,21 +1,9 @@
 #include "app/besidefile.h"
 
-#include "app/stored/textfile.h"
-
-#include <unistd.h>
-#include <utility>
-
 namespace halvane {
 
-BesideFile::BesideFile(const std::string& path) : path_(path), file_(open_beside(path, beside_)) {
+BesideFile::BesideFile(const std::string& path) : file_(path, FileRights::of_umask) {
     open(QIODevice::WriteOnly);
-}
-
-BesideFile::~BesideFile() {
-    if (file_ < 0)
-        return;
-    ::close(file_);
-    ::unlink(beside_.c_str());
 }
 
 qint64 BesideFile::readData(char*, qint64) {
@@ -26,7 +14,7 @@ qint64 BesideFile::writeData(const char* data, qint64 size) {
     if (failure_)
         return -1;
     try {
-        write_all(file_, {data, static_cast<std::size_t>(size)}, path_);
+        file_.write({data, static_cast<std::size_t>(size)});
     } catch (const RunTimeFailure& failure) {
         failure_ = failure;
         return -1;
@@ -38,7 +26,7 @@ void BesideFile::commit() {
     close();
     if (failure_)
         throw RunTimeFailure(*failure_);
-    commit_beside(std::exchange(file_, -1), beside_, path_);
+    file_.commit();
 }
 
 } // namespace halvane

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/stored/failure.h"
+#include "app/stored/outputfile.h"
 
 #include <QIODevice>
 #include <optional>
@@ -8,8 +9,8 @@
 
 namespace halvane {
 
-/// A device for writers that know no failure: what they write goes beside `path`, and takes its place in one
-/// step, and only when every byte of it has been written. Given up, it leaves nothing.
+/// A device for writers that know no failure: what they write is a result (OutputFile) that takes its place
+/// in one step, and only when every byte of it has been written. Given up, it leaves nothing.
 class BesideFile : public QIODevice {
     Q_OBJECT
 public:
@@ -17,7 +18,6 @@ public:
     explicit BesideFile(const std::string& path);
     BesideFile(const BesideFile&) = delete;
     BesideFile& operator=(const BesideFile&) = delete;
-    ~BesideFile() override;
 
     /// Error  raises RunTimeFailure naming `path` when a write has failed; its old content then stands.
     void commit();
@@ -27,10 +27,8 @@ protected:
     qint64 writeData(const char* data, qint64 size) override;
 
 private:
-    std::string path_;
-    std::string beside_;
+    OutputFile file_;
     std::optional<RunTimeFailure> failure_;
-    int file_ = -1;
 };
 
 } // namespace halvane

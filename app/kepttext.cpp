@@ -1,6 +1,6 @@
 #include "app/kepttext.h"
 
-#include "app/stored/textfile.h"
+#include "app/stored/outputfile.h"
 #include "app/stored/windows1256.h"
 
 #include <algorithm>
@@ -358,17 +358,10 @@ std::int64_t KeptText::bytes_between(const TextPlace& from, const TextPlace& to)
 }
 
 void KeptText::save(const std::string& path) const {
-    std::string beside;
-    const int file = open_beside(path, beside);
-    try {
-        for (std::int64_t at = 0; at < size_; at += static_cast<std::int64_t>(portion))
-            write_all(file, bytes_at(at, std::min(size_, at + static_cast<std::int64_t>(portion))), path);
-    } catch (...) {
-        ::close(file);
-        ::unlink(beside.c_str());
-        throw;
-    }
-    commit_beside(file, beside, path);
+    OutputFile file(path, FileRights::of_umask);
+    for (std::int64_t at = 0; at < size_; at += static_cast<std::int64_t>(portion))
+        file.write(bytes_at(at, std::min(size_, at + static_cast<std::int64_t>(portion))));
+    file.commit();
 }
 
 } // namespace halvane

@@ -4,6 +4,8 @@
 #include "app/frmstyle.h"
 #include "app/frmsupport.h"
 #include "app/panels.h"
+#include "app/stored/programfolder.h"
+#include "app/stored/unfinishedfile.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -26,6 +28,7 @@ int run(int count, char** words) {
     QApplication::setApplicationName(QStringLiteral("Halvane"));
     use_halvane_look();
     use_halvane_keys();
+    remove_old_leftovers(program_folder());
     handle_events_while_waiting();
     try {
         frmmain main_panel(panels());
@@ -41,5 +44,6 @@ int run(int count, char** words) {
 } // namespace halvane
 
 int main(int count, char** words) {
+    halvane::begin_program();
     return halvane::run(count, words);
 }

@@ -1,7 +1,7 @@
 #include "crescent/gif.h"
 
 #include "app/stored/failure.h"
-#include "app/stored/textfile.h"
+#include "app/stored/outputfile.h"
 
 #include <algorithm>
 #include <array>
@@ -253,7 +253,7 @@ std::optional<std::uint8_t> entry_of(const ColourTable& table, const std::option
 
 bool replace_file(const std::filesystem::path& file_name, const Bytes& bytes) {
     try {
-        save_text_file(file_name.string(), {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+        save_result(file_name.string(), {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
     } catch (const RunTimeFailure&) {
         return false;
     }

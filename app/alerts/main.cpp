@@ -5,6 +5,7 @@
 #include "app/frmstyle.h"
 #include "app/frmsupport.h"
 #include "app/stored/programfolder.h"
+#include "app/stored/unfinishedfile.h"
 #include "ephemeris/series.h"
 
 #include <QStandardPaths>
@@ -54,6 +55,7 @@ int run(int count, char** words) {
     }
     use_halvane_look();
     use_halvane_keys();
+    remove_old_leftovers(program_folder());
     try {
         load_term();
         load_mterm();
@@ -71,5 +73,6 @@ int run(int count, char** words) {
 } // namespace halvane
 
 int main(int count, char** words) {
+    halvane::begin_program();
     return halvane::run(count, words);
 }

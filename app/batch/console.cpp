@@ -1,5 +1,7 @@
 #include "app/batch/console.h"
 
+#include "app/stored/unfinishedfile.h"
+
 #include <algorithm>
 #include <csignal>
 #include <cstdio>
@@ -11,7 +13,10 @@ namespace {
 
 volatile std::sig_atomic_t interrupted = 0;
 
-void interrupt(int /*signal*/) {
+/// The first interrupt cancels; a second one ends a run that does not come to that.
+void interrupt(int signal) {
+    if (interrupted != 0)
+        end_by_signal(signal);
     interrupted = 1;
 }
 

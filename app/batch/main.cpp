@@ -1,12 +1,15 @@
 #include "app/batch/clocktime.h"
 #include "app/batch/console.h"
 #include "app/batch/tasks.h"
+#include "app/stored/outputfile.h"
 #include "app/stored/programfolder.h"
+#include "app/stored/unfinishedfile.h"
 #include "app/version.h"
 #include "calendar/machineclock.h"
 
 #include <CLI/CLI.hpp>
 
+#include <cerrno>
 #include <exception>
 #include <iostream>
 #include <optional>
@@ -15,6 +18,14 @@
 namespace {
 
 using namespace halvane;
+
+/// What has been printed must have arrived.
+/// Error  raises RunTimeFailure.
+void finish_standard_output() {
+    errno = 0;
+    if (!std::cout.flush())
+        throw write_failure(std::string(standard_output));
+}
 
 /// Reads the time of --now; an empty text for a good one, as the command line library asks for.
 std::string read_now(const std::string& text, MachineTime& time) {
@@ -61,6 +72,7 @@ int run(int argc, char** argv) {
         set_program_folder(folder);
     if (!now.empty())
         set_machine_time(time);
+    remove_old_leftovers(program_folder());
     for (const Task& task : tasks)
         if (app.got_subcommand(task.name)) {
             ConsoleProgress progress;
@@ -72,8 +84,11 @@ int run(int argc, char** argv) {
 } // namespace
 
 int main(int argc, char** argv) {
+    begin_program();
     try {
-        return run(argc, argv);
+        const int status = run(argc, argv);
+        finish_standard_output();
+        return status;
     } catch (const std::exception& failure) {
         std::cerr << "halvane-report: " << failure.what() << "\n";
     }

@@ -1,12 +1,14 @@
 #include "app/batch/mappicture.h"
 
 #include "app/stored/failure.h"
+#include "app/stored/outputfile.h"
+#include "app/stored/textfile.h"
 #include "crescent/gif.h"
 #include "crescent/mapsheet.h"
 #include "crescent/maptexts.h"
 
 #include <cmath>
-#include <cstdio>
+#include <cstdint>
 #include <memory>
 
 #include <gd.h>
@@ -20,14 +22,10 @@ struct ImageEnd {
 };
 using Image = std::unique_ptr<gdImage, ImageEnd>;
 
-struct FileEnd {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-
 Image read_map() {
     const std::string path = map_picture_path();
-    const std::unique_ptr<std::FILE, FileEnd> file(std::fopen(path.c_str(), "rb"));
-    Image map(file ? gdImageCreateFromGif(file.get()) : nullptr);
+    std::string bytes = read_file(path);
+    Image map(gdImageCreateFromGifPtr(static_cast<int>(bytes.size()), bytes.data()));
     if (!map || gdImageSX(map.get()) != map_width || gdImageSY(map.get()) != map_height)
         throw broken_map_picture(path);
     return map;
@@ -126,9 +124,8 @@ void save_map_picture(const MapRun& run, const std::vector<MapPoint>& points, co
         canvas.paint(point);
     canvas.write_information(map_information(run, 'E'));
     canvas.write_legend(map_legend(run.criterion));
-    if (!GIF().SaveGIF(canvas.picture(), path))
-        throw RunTimeFailure(TwinWords{"Cannot write " + path + ".", "لا تمكن كتابة " + path + "."},
-                             FailureKind::system);
+    const std::vector<std::uint8_t> bytes = gif_bytes(canvas.picture());
+    save_result(path, {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
 }
 
 } // namespace halvane

@@ -1,13 +1,15 @@
 #include "app/batch/tasks.h"
 
 #include "app/batch/mappicture.h"
-#include "app/stored/textfile.h"
+#include "app/stored/outputfile.h"
+#include "app/stored/unfinishedfile.h"
 #include "crescent/conjunction.h"
 #include "crescent/maptexts.h"
 #include "ephemeris/series.h"
 
 #include <CLI/CLI.hpp>
 
+#include <filesystem>
 #include <iostream>
 #include <memory>
 
@@ -66,7 +68,23 @@ MapRun map_run(const CrescentSettings& settings, const MapOptions& options) {
     return run;
 }
 
+std::string folder_of(const std::string& path) {
+    return std::filesystem::path(path).parent_path().string();
+}
+
+/// Tells the name of a written file: on standard output, or beside it when that is a result itself.
+void tell_written(const std::string& path, bool output_is_result) {
+    if (!is_standard_output(path))
+        (output_is_result ? std::cerr : std::cout) << path << "\n";
+}
+
 int run_map(const MapOptions& options, Progress& progress) {
+    const bool table_is_output = is_standard_output(options.table);
+    const bool picture_is_output = is_standard_output(options.picture);
+    if (table_is_output && picture_is_output) {
+        std::cerr << "Standard output takes the table or the picture, not both.\n";
+        return status_usage;
+    }
     load_series();
     const MapRun run = map_run(read_visib(), options);
     PointList list(progress);
@@ -75,14 +93,16 @@ int run_map(const MapOptions& options, Progress& progress) {
         return status_failure;
     }
     if (!options.table.empty()) {
-        save_text_file(options.table, table_of(run, list.points()));
-        std::cout << options.table << "\n";
+        remove_old_leftovers(folder_of(options.table));
+        save_result(options.table, table_of(run, list.points()));
+        tell_written(options.table, picture_is_output);
     }
     if (!options.picture.empty() || options.table.empty()) {
         const std::string path =
             options.picture.empty() ? map_hijri_text(run, 'E') + ".gif" : options.picture;
+        remove_old_leftovers(folder_of(path));
         save_map_picture(run, list.points(), path);
-        std::cout << path << "\n";
+        tell_written(path, table_is_output);
     }
     return status_done;
 }
@@ -101,9 +121,12 @@ Task map_task() {
                     ->check(CLI::Range(0, 2).description(""));
                 command
                     .add_option("--output", options->picture,
-                                "Picture to write; the Hijri month's name when neither file is given")
+                                "Picture to write, - for standard output; the Hijri month's name when "
+                                "neither file is given")
                     ->type_name("FILE.gif");
-                command.add_option("--csv", options->table, "Table of every painted point in drawing order")
+                command
+                    .add_option("--csv", options->table,
+                                "Table of every painted point in drawing order, - for standard output")
                     ->type_name("FILE");
             },
             [options](Progress& progress) { return run_map(*options, progress); }};

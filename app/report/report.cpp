@@ -1,9 +1,7 @@
 #include "app/report/report.h"
 
-#include "app/stored/textfile.h"
 #include "calendar/numberformat.h"
 
-#include <unistd.h>
 #include <utility>
 
 namespace halvane {
@@ -21,15 +19,8 @@ int characters(std::string_view text) {
 
 } // namespace
 
-Report::Report(std::string path) : path_(std::move(path)) {
-    file_ = open_beside(path_, beside_);
-}
-
-Report::~Report() {
-    if (file_ < 0)
-        return;
-    ::close(file_);
-    ::unlink(beside_.c_str());
+Report::Report(std::string path) {
+    file_.emplace(std::move(path), FileRights::of_umask);
 }
 
 Report& Report::text(std::string_view value) {
@@ -61,7 +52,7 @@ Report& Report::item(float value) {
 Report& Report::end_line() {
     buffer_ += "\r\n";
     column_ = 1;
-    if (file_ >= 0 && buffer_.size() >= buffer_limit)
+    if (file_ && buffer_.size() >= buffer_limit)
         flush();
     return *this;
 }
@@ -71,15 +62,16 @@ Report& Report::rule(int count) {
 }
 
 void Report::flush() {
-    write_all(file_, buffer_, path_);
+    file_->write(buffer_);
     buffer_.clear();
 }
 
 void Report::commit() {
-    if (file_ < 0)
+    if (!file_)
         return;
     flush();
-    commit_beside(std::exchange(file_, -1), beside_, path_);
+    file_->commit();
+    file_.reset();
 }
 
 } // namespace halvane

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "app/stored/outputfile.h"
+
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -11,13 +14,12 @@ class Report {
 public:
     /// A report that stays in memory.
     Report() = default;
-    /// A report for `path`: it is written beside it and takes its place on commit. Until then, and when the
-    /// report is given up, an earlier file of that name stands untouched.
-    /// Error  raises RunTimeFailure when the folder cannot be written; so do the writers.
+    /// A report for `path`: a result that takes its place on commit, as OutputFile tells. Until then, and
+    /// when the report is given up, an earlier file of that name stands untouched. Error  raises
+    /// RunTimeFailure when the folder cannot be written; so do the writers.
     explicit Report(std::string path);
     Report(const Report&) = delete;
     Report& operator=(const Report&) = delete;
-    ~Report();
 
     Report& text(std::string_view value);
     /// So many blanks.
@@ -41,9 +43,7 @@ public:
 
 private:
     void flush();
-    std::string path_;
-    std::string beside_;
-    int file_ = -1;
+    std::optional<OutputFile> file_;
     std::string buffer_;
     int column_ = 1;
 };

@@ -47,6 +47,9 @@ constexpr Refusal refusals[] = {
     {EIO, "خطأ في القرص"},
     {EMFILE, "عدد الملفات المفتوحة كبير"},
     {EBUSY, "الملف مشغول"},
+    {EPIPE, "أغلق القارئ الطرف الآخر"},
+    {ENXIO, "لا أحد على الطرف الآخر"},
+    {ELOOP, "روابط كثيرة متتابعة"},
 };
 
 std::string text_of_error(int error, bool english) {

@@ -1,107 +1,107 @@
 #include "app/stored/textfile.h"
 
 #include "app/stored/failure.h"
+#include "app/stored/outputfile.h"
 #include "app/stored/windows1256.h"
 
+#include <array>
 #include <cerrno>
-#include <cstdlib>
 #include <fcntl.h>
-#include <filesystem>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace halvane {
 namespace {
 
-std::string read_bytes(const std::string& path) {
-    const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    if (file < 0)
-        throw file_failure(FileAction::open, path, errno);
-    std::string bytes;
-    struct stat status {};
-    if (::fstat(file, &status) == 0 && status.st_size > 0)
-        bytes.reserve(static_cast<std::size_t>(status.st_size) + 1);
-    char block[65536];
-    for (;;) {
-        const ssize_t count = ::read(file, block, sizeof block);
-        if (count < 0 && errno == EINTR)
-            continue;
-        if (count < 0) {
-            const int error = errno;
-            ::close(file);
-            throw file_failure(FileAction::read, path, error);
-        }
-        if (count == 0)
-            break;
-        bytes.append(block, static_cast<std::size_t>(count));
-    }
-    ::close(file);
-    return bytes;
+/// What stands in the place of a file.
+TwinWords other_kind(mode_t mode) {
+    if (S_ISDIR(mode))
+        return {"a folder", "مجلد"};
+    if (S_ISFIFO(mode))
+        return {"a named pipe", "أنبوب"};
+    if (S_ISSOCK(mode))
+        return {"a socket", "مقبس"};
+    return {"a device", "جهاز"};
 }
 
-void flush_folder_of(const std::string& path) {
-    const std::filesystem::path parent = std::filesystem::path(path).parent_path();
-    const int folder = ::open(parent.empty() ? "." : parent.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (folder < 0)
-        return;
-    ::fsync(folder);
-    ::close(folder);
+TwinWords at_most(std::size_t size) {
+    const std::string megabytes = std::to_string(size / mebibyte);
+    return {"a file of at most " + megabytes + " MB", "ملف لا يزيد على " + megabytes + " ميغابايت"};
 }
+
+/// An open file that goes with its name.
+class OpenFile {
+public:
+    /// Opens a regular file and no other: the others are not even touched, for some wait and some act.
+    explicit OpenFile(const std::string& path) : path_(path) {
+        require_regular(::stat(path.c_str(), &status_) == 0);
+        descriptor_ = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+        if (descriptor_ < 0)
+            throw file_failure(FileAction::open, path_, errno);
+        require_regular(::fstat(descriptor_, &status_) == 0);
+    }
+    OpenFile(const OpenFile&) = delete;
+    OpenFile& operator=(const OpenFile&) = delete;
+    ~OpenFile() {
+        if (descriptor_ >= 0)
+            ::close(descriptor_);
+    }
+
+    std::size_t size() const { return static_cast<std::size_t>(status_.st_size); }
+    /// Up to `count` further bytes; none at the end.
+    std::size_t read(char* bytes, std::size_t count) const {
+        for (;;) {
+            const ssize_t taken = ::read(descriptor_, bytes, count);
+            if (taken >= 0)
+                return static_cast<std::size_t>(taken);
+            if (errno != EINTR)
+                throw file_failure(FileAction::read, path_, errno);
+        }
+    }
+
+private:
+    void require_regular(bool known) const {
+        if (!known)
+            throw file_failure(FileAction::open, path_, errno);
+        if (!S_ISREG(status_.st_mode))
+            throw damaged_file(path_, {"a file", "ملف"}, other_kind(status_.st_mode));
+    }
+
+    const std::string& path_;
+    struct stat status_ {};
+    int descriptor_ = -1;
+};
 
 } // namespace
 
+std::string read_file(const std::string& path) {
+    const OpenFile file(path);
+    const auto require_allowed = [&path](std::size_t size) {
+        if (size > largest_stored_file)
+            throw damaged_file(path, at_most(largest_stored_file), {"a larger one", "ملف أكبر"});
+    };
+    require_allowed(file.size());
+    std::string bytes;
+    bytes.reserve(file.size() + 1);
+    std::array<char, 65536> block{};
+    for (std::size_t count = 0; (count = file.read(block.data(), block.size())) > 0;) {
+        bytes.append(block.data(), count);
+        require_allowed(bytes.size()); // it may grow, or not know its size
+    }
+    return bytes;
+}
+
 std::string read_text_file(const std::string& path) {
-    std::string bytes = read_bytes(path);
+    std::string bytes = read_file(path);
     if (bytes.starts_with("\xEF\xBB\xBF"))
         bytes.erase(0, 3);
     return is_utf8(bytes) ? bytes : utf8_of_windows1256(bytes);
 }
 
-int open_beside(const std::string& path, std::string& beside) {
-    beside = path + ".XXXXXX";
-    const int file = ::mkstemp(beside.data());
-    if (file < 0)
-        throw file_failure(FileAction::write, path, errno);
-    struct stat status {};
-    const mode_t mode = ::stat(path.c_str(), &status) == 0 ? status.st_mode & 0777U : 0644U;
-    if (::fchmod(file, mode) != 0)
-        errno = 0; // a file system without modes keeps its own
-    return file;
-}
-
-void write_all(int file, std::string_view content, const std::string& path) {
-    while (!content.empty()) {
-        const ssize_t count = ::write(file, content.data(), content.size());
-        if (count < 0 && errno == EINTR)
-            continue;
-        if (count < 0)
-            throw file_failure(FileAction::write, path, errno);
-        content.remove_prefix(static_cast<std::size_t>(count));
-    }
-}
-
-void commit_beside(int file, const std::string& beside, const std::string& path) {
-    const bool flushed = ::fsync(file) == 0;
-    const bool closed = ::close(file) == 0;
-    if (!flushed || !closed || ::rename(beside.c_str(), path.c_str()) != 0) {
-        const int error = errno;
-        ::unlink(beside.c_str());
-        throw file_failure(FileAction::write, path, error);
-    }
-    flush_folder_of(path);
-}
-
 void save_text_file(const std::string& path, std::string_view content) {
-    std::string beside;
-    const int file = open_beside(path, beside);
-    try {
-        write_all(file, content, path);
-    } catch (...) {
-        ::close(file);
-        ::unlink(beside.c_str());
-        throw;
-    }
-    commit_beside(file, beside, path);
+    OutputFile file(path, FileRights::as_before);
+    file.write(content);
+    file.commit();
 }
 
 } // namespace halvane

@@ -98,6 +98,45 @@ TEST(Saving, KeepsTheRightsOfTheFile) {
     EXPECT_EQ(status.st_mode & 0777U, 0600U);
 }
 
+TEST(Saving, GivesANewFileTheRightsOfTheUmask) {
+    const TemporaryProgramFolder folder;
+    const mode_t before = ::umask(077);
+    folder.erase("loc.vsk");
+    write_loc({});
+    ::umask(before);
+    struct stat status {};
+    ASSERT_EQ(::stat((folder / "loc.vsk").c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 07777U, 0600U);
+}
+
+TEST(Saving, GoesThroughALinkOfTheUsers) {
+    const TemporaryProgramFolder folder;
+    std::filesystem::create_directory(folder / "settings");
+    std::filesystem::rename(folder / "pref.vsk", folder / "settings/pref.vsk");
+    std::filesystem::create_symlink("settings/pref.vsk", folder / "pref.vsk");
+    Preferences preferences;
+    preferences.fajer_angle = 19;
+    write_pref(preferences);
+    EXPECT_TRUE(std::filesystem::is_symlink(folder / "pref.vsk"));
+    EXPECT_TRUE(folder.read("settings/pref.vsk").starts_with("19,"));
+    std::filesystem::remove(folder / "pref.vsk");
+    std::filesystem::create_symlink("pref.vsk", folder / "pref.vsk");
+    const auto words = failure_words([] { write_pref({}); });
+    ASSERT_TRUE(words.has_value()) << "a link that leads to itself";
+    EXPECT_NE(words->find("Cannot write " + (folder / "pref.vsk").string()), std::string::npos) << *words;
+}
+
+TEST(Reading, TakesFilesOfAtMost16MB) {
+    const TemporaryProgramFolder folder;
+    constexpr std::size_t largest = 16U * 1024U * 1024U;
+    const std::filesystem::path path = folder / "long.txt";
+    put_bytes(path, "x");
+    std::filesystem::resize_file(path, largest);
+    EXPECT_EQ(read_text_file(path.string()).size(), largest);
+    std::filesystem::resize_file(path, largest + 1);
+    expect_failure_that_tells([&] { read_text_file(path.string()); }, {path.string(), "16 MB"});
+}
+
 TEST(Saving, EveryRecordComesBackAsItWasSaved) {
     const TemporaryProgramFolder folder;
     Location location{

@@ -8,13 +8,20 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
+#include <chrono>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/file.h>
+#include <system_error>
+#include <thread>
+#include <unistd.h>
 
 namespace halvane {
 namespace {
 
 constexpr const char* list_name = "loc.txt";
-constexpr std::string_view working_copy_name = "temp.txt";
+/// What a broken edit of an earlier version has left.
+constexpr std::string_view earlier_working_copy = "temp.txt";
 
 bool flag_of(RecordReader& reader) {
     return reader.number() == 1;
@@ -67,33 +74,70 @@ std::string format(const Location& record) {
     return writer.line();
 }
 
-std::string lines_without(std::string_view name) {
-    const std::string left_out = listed_name(name);
-    std::string lines;
-    for (const Location& location : read_location_list())
-        if (location.name != left_out)
-            lines += format(location);
-    return lines;
+/// The one edit of the list in this moment, by whatever process. What is locked is the program folder: the
+/// list itself is replaced by every edit, and a file of its own would stay behind.
+class ListEdit {
+public:
+    ListEdit() : list_(program_path(list_name)) {
+        folder_ = ::open(program_folder().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+        const auto given_up = std::chrono::steady_clock::now() + longest_wait;
+        while (folder_ < 0 || ::flock(folder_, LOCK_EX | LOCK_NB) != 0) {
+            const bool is_held = folder_ >= 0 && (errno == EWOULDBLOCK || errno == EINTR);
+            if (!is_held || std::chrono::steady_clock::now() >= given_up)
+                give_up(is_held);
+            std::this_thread::sleep_for(between_looks);
+        }
+    }
+    ListEdit(const ListEdit&) = delete;
+    ListEdit& operator=(const ListEdit&) = delete;
+    ~ListEdit() { ::close(folder_); }
+
+    std::string content() const { return read_text_file(list_); }
+    void replace(std::string_view content) const { save_text_file(list_, content); }
+
+private:
+    [[noreturn]] void give_up(bool is_held) const {
+        const int error = errno;
+        if (folder_ >= 0)
+            ::close(folder_);
+        if (!is_held)
+            throw file_failure(FileAction::write, list_, error);
+        throw RunTimeFailure(TwinWords{"Cannot write " + list_ + ": another program is changing it.",
+                                       "لا تمكن كتابة " + list_ + ": برنامج آخر يعدلها الآن."},
+                             FailureKind::system);
+    }
+
+    static constexpr auto longest_wait = std::chrono::seconds(10);
+    static constexpr auto between_looks = std::chrono::milliseconds(2);
+    std::string list_;
+    int folder_ = -1;
+};
+
+std::vector<Location> locations_of(const std::string& text, const std::string& path) {
+    RecordReader reader(text, path);
+    std::vector<Location> locations;
+    fill(reader, locations);
+    return locations;
 }
 
-/// Writes the working copy whole, then lets it take the list's place.
-void replace_list(std::string_view content) {
-    const std::string working_copy = program_path(working_copy_name);
-    const std::string list = program_path(list_name);
-    save_text_file(working_copy, content);
-    if (std::rename(working_copy.c_str(), list.c_str()) != 0)
-        throw file_failure(FileAction::write, list, errno);
+/// Writes the list again without the records of that name and with `added` behind the others.
+void rewrite_list(std::string_view name, const std::string& added) {
+    const ListEdit edit;
+    const std::string left_out = listed_name(name);
+    std::string lines;
+    for (const Location& location : locations_of(edit.content(), program_path(list_name)))
+        if (location.name != left_out)
+            lines += format(location);
+    edit.replace(lines + added);
+    std::error_code ignored;
+    std::filesystem::remove(program_path(earlier_working_copy), ignored);
 }
 
 } // namespace
 
 std::vector<Location> read_location_list() {
     const std::string path = program_path(list_name);
-    const std::string text = read_text_file(path);
-    RecordReader reader(text, path);
-    std::vector<Location> locations;
-    fill(reader, locations);
-    return locations;
+    return locations_of(read_text_file(path), path);
 }
 
 std::vector<Location> readable_location_list() {
@@ -120,23 +164,23 @@ std::string listed_name(std::string_view name) {
 
 bool add_location(const Location& location) {
     const std::string name = listed_name(location.name);
-    const std::vector<Location> present = read_location_list();
+    const ListEdit edit;
+    std::string content = edit.content();
+    const std::vector<Location> present = locations_of(content, program_path(list_name));
     if (std::any_of(present.begin(), present.end(), [&name](const Location& l) { return l.name == name; }))
         return false;
-    const std::string path = program_path(list_name);
-    std::string content = read_text_file(path);
     if (!content.empty() && content.back() != '\n')
         content += content.back() == '\r' ? "\n" : "\r\n";
-    save_text_file(path, content + format(location));
+    edit.replace(content + format(location));
     return true;
 }
 
 void modify_location(const Location& location) {
-    replace_list(lines_without(location.name) + format(location));
+    rewrite_list(location.name, format(location));
 }
 
 void delete_location(std::string_view name) {
-    replace_list(lines_without(name));
+    rewrite_list(name, {});
 }
 
 } // namespace halvane

@@ -24,6 +24,10 @@ std::optional<Location> find_location(std::string_view name);
 /// The name as the list holds it: a double quote mark, which would break the record, becomes an apostrophe.
 std::string listed_name(std::string_view name);
 
+// An edit holds a lock on the program folder while it reads the list, changes it and puts it in its place, so
+// that none is lost when two programs edit it. Its error is RunTimeFailure naming the list, after ten seconds
+// of waiting too.
+
 /// Appends `location` to `loc.txt`; a missing last line end is mended first.
 /// Returns false, with nothing written, when a location of exactly that name is in the list.
 bool add_location(const Location& location);

@@ -1,6 +1,8 @@
-# Sourced by ./run and ./check: installs the Debian packages that are missing.
+# Sourced by ./run and ./check: installs the Debian packages that are missing. When none is, any user may build, without
+# apt and without a network.
 
-build_packages="g++ cmake ninja-build ccache libcli11-dev libgd-dev qt6-base-dev libqt6svg6-dev \
+# The packages' own names: a virtual name is never installed.
+build_packages="g++ cmake ninja-build ccache libcli11-dev libgd-dev qt6-base-dev qt6-svg-dev \
 qt6-multimedia-dev qt6-translations-l10n libgl-dev fonts-dejavu-core fonts-noto-core"
 test_packages="libgtest-dev libbenchmark-dev libgif-dev libswe-dev swe-standard-data clang-format clang-tidy xvfb \
 xauth xdotool openbox x11-utils imagemagick python3 tzdata desktop-file-utils appstream"
@@ -26,14 +28,20 @@ as_root() {
 
 # install_packages NAME ...: nothing is fetched when all of them are there.
 install_packages() {
+    if ! command -v dpkg-query >/dev/null; then
+        echo "This is no Debian system. What these packages hold must be installed: $*" >&2
+        return 0
+    fi
     missing=$(missing_packages "$@" | tr '\n' ' ')
     [ -n "${missing% }" ] || return 0
-    if ! command -v apt-get >/dev/null; then
-        echo "This is no Debian system. Please install what these packages hold: $missing" >&2
-        exit 1
-    fi
     echo "Installing: $missing"
     as_root apt-get update -qq
     # shellcheck disable=SC2086 # a list of names
     as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing >/dev/null
 }
+
+# The compiler's cache needs a folder to write to, which some users have not at home.
+if ! mkdir -p "${HOME:-/nonexistent}/.cache" 2>/dev/null || [ ! -w "${HOME:-/nonexistent}/.cache" ]; then
+    CCACHE_DIR=${CCACHE_DIR:-$PWD/build/ccache}
+    export CCACHE_DIR
+fi

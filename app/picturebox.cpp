@@ -1,6 +1,9 @@
 #include "app/picturebox.h"
 
 #include "app/frmstyle.h"
+#include "app/stored/failure.h"
+#include "app/stored/programfolder.h"
+#include "app/stored/textfile.h"
 
 #include <QPainter>
 
@@ -11,6 +14,14 @@ namespace {
 constexpr int width_without_picture = 48; // [units of space]
 
 } // namespace
+
+QImage stored_picture(std::string_view name) {
+    try {
+        return QImage::fromData(QByteArray::fromStdString(read_file(program_path(name))));
+    } catch (const RunTimeFailure&) {
+        return {};
+    }
+}
 
 PictureBox::PictureBox(QWidget* parent) : QWidget(parent) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);

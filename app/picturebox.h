@@ -1,9 +1,14 @@
 #pragma once
 
+#include <QImage>
 #include <QPixmap>
 #include <QWidget>
+#include <string_view>
 
 namespace halvane {
+
+/// A picture of the program folder; a null one when it is missing, broken or no regular file.
+QImage stored_picture(std::string_view name);
 
 /// A picture as large as its widget allows, in its own proportions, or words in its place.
 class PictureBox : public QWidget {

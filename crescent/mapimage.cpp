@@ -1,6 +1,7 @@
 #include "crescent/mapimage.h"
 
 #include "app/stored/failure.h"
+#include "app/stored/textfile.h"
 #include "crescent/legendlabel.h"
 #include "crescent/mapsheet.h"
 #include "crescent/mapview.h"
@@ -136,7 +137,7 @@ private:
 
 QImage read_map_image() {
     const std::string path = map_picture_path();
-    QImage map(QString::fromStdString(path), "GIF");
+    const QImage map = QImage::fromData(QByteArray::fromStdString(read_file(path)), "GIF");
     if (map.size() != QSize(map_width, map_height))
         throw broken_map_picture(path);
     return map.convertToFormat(QImage::Format_RGB32);

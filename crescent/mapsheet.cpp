@@ -2,9 +2,7 @@
 
 #include "app/stored/programfolder.h"
 
-#include <cerrno>
 #include <filesystem>
-#include <fstream>
 #include <system_error>
 
 namespace halvane {
@@ -18,8 +16,6 @@ std::string map_picture_path() {
 }
 
 RunTimeFailure broken_map_picture(const std::string& path) {
-    if (!std::ifstream(path))
-        return file_failure(FileAction::open, path, errno);
     const std::string width = std::to_string(map_width);
     const std::string height = std::to_string(map_height);
     return damaged_file(path,

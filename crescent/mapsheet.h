@@ -27,7 +27,7 @@ struct MapSheet {
 /// The world's picture: `map.gif` of the program folder, or of the executable's when that one has none.
 std::string map_picture_path();
 
-/// The failure of a map picture that cannot be opened, is cut, of another form or of another size.
+/// The failure of a map picture that is cut, of another form or of another size.
 RunTimeFailure broken_map_picture(const std::string& path);
 
 } // namespace halvane

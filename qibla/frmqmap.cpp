@@ -2,8 +2,8 @@
 
 #include "app/formpage.h"
 #include "app/frmstyle.h"
+#include "app/picturebox.h"
 #include "app/platform/platform.h"
-#include "app/stored/programfolder.h"
 #include "ui_frmqmap.h"
 
 namespace halvane {
@@ -47,7 +47,7 @@ void frmqmap::TopMost(QWidget& form, bool flag) {
 }
 
 void frmqmap::show_picture(Language language) {
-    ui_->imgqmap->set_picture(QPixmap(QString::fromStdString(program_path("qmap.gif"))));
+    ui_->imgqmap->set_picture(QPixmap::fromImage(stored_picture("qmap.gif")));
     ui_->imgqmap->set_words_without_picture(text_of(no_picture, language));
 }
 

@@ -1,6 +1,6 @@
 #include "telescope/crescentview.h"
 
-#include "app/stored/programfolder.h"
+#include "app/picturebox.h"
 
 #include <QPainter>
 #include <algorithm>
@@ -33,7 +33,7 @@ CrescentView::CrescentView(QWidget* parent) : QWidget(parent) {
 void CrescentView::show_picture(const QString& name, bool zenith_below) {
     name_ = name;
     zenith_below_ = zenith_below;
-    image_ = QImage(QString::fromStdString(program_path("images/" + name.toStdString())));
+    image_ = stored_picture("images/" + name.toStdString());
     update();
 }
 

@@ -2,6 +2,7 @@
 #include "app/frmsupport.h"
 #include "app/messages.h"
 #include "app/namelabel.h"
+#include "app/picturebox.h"
 #include "app/stored/failure.h"
 #include "app/viewerpages.h"
 #include "tests/panel/panelharness.h"
@@ -23,7 +24,9 @@
 #include <cerrno>
 #include <cmath>
 #include <cstdlib>
+#include <filesystem>
 #include <string>
+#include <sys/stat.h>
 
 namespace halvane {
 namespace {
@@ -58,6 +61,14 @@ public:
 };
 
 class SupportTest : public PanelTest {};
+
+TEST_F(SupportTest, APictureThatIsNoFileIsNone) {
+    EXPECT_FALSE(stored_picture("map.gif").isNull());
+    ASSERT_EQ(::mkfifo(path("pipe.gif").c_str(), 0600), 0);
+    std::filesystem::create_symlink("/dev/zero", path("zero.gif"));
+    for (const char* name : {"pipe.gif", "zero.gif", "missing.gif", "loc.txt"})
+        EXPECT_TRUE(stored_picture(name).isNull()) << name;
+}
 
 TEST_F(SupportTest, EveryTextOfATableIsSetInEnglish) {
     SampleForm form;

@@ -23,8 +23,11 @@ using namespace halvane;
 /// Error  raises RunTimeFailure.
 void finish_standard_output() {
     errno = 0;
-    if (!std::cout.flush())
-        throw write_failure(std::string(standard_output));
+    if (std::cout.flush())
+        return;
+    if (errno == 0)
+        errno = EIO; // the reason of an earlier write is gone
+    throw write_failure(std::string(standard_output));
 }
 
 /// Reads the time of --now; an empty text for a good one, as the command line library asks for.

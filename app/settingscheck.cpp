@@ -1,6 +1,7 @@
 #include "app/settingscheck.h"
 
 #include "app/stored/failure.h"
+#include "app/stored/supposed.h"
 #include "calendar/machineclock.h"
 #include "calendar/modjul.h"
 #include "prayer/cmdcom.h"

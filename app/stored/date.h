@@ -32,7 +32,4 @@ const CalculationDate& read_date();
 /// Rewrites `date.vsk` whole.
 void write_date(const CalculationDate& date);
 
-/// `date` as it would read after it has been stored: numbers beyond the record's limits are its limits.
-CalculationDate as_stored(const CalculationDate& date);
-
 } // namespace halvane

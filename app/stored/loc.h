@@ -50,18 +50,6 @@ Location readable_loc();
 /// Rewrites `loc.vsk` whole.
 void write_loc(const Location& location);
 
-/// While it lives, read_loc answers as if its record were stored; the file is neither read nor touched.
-class SupposedLocation {
-public:
-    [[nodiscard]] explicit SupposedLocation(const Location& location);
-    SupposedLocation(const SupposedLocation&) = delete;
-    SupposedLocation& operator=(const SupposedLocation&) = delete;
-    ~SupposedLocation();
-};
-
-/// `location` as it would read after it has been stored: numbers beyond the record's limits are its limits.
-Location as_stored(const Location& location);
-
 /// Changes whenever read_loc has parsed `loc.vsk` anew.
 unsigned loc_version();
 

@@ -1,6 +1,7 @@
 #include "app/stored/pref.h"
 
 #include "app/stored/storedfile.h"
+#include "app/stored/supposed.h"
 
 namespace halvane {
 namespace {

@@ -45,17 +45,4 @@ Preferences readable_pref();
 /// Rewrites `pref.vsk` whole.
 void write_pref(const Preferences& preferences);
 
-/// While it lives, read_pref answers as if its record were stored; the file is neither read nor touched.
-class SupposedPreferences {
-public:
-    [[nodiscard]] explicit SupposedPreferences(const Preferences& preferences);
-    SupposedPreferences(const SupposedPreferences&) = delete;
-    SupposedPreferences& operator=(const SupposedPreferences&) = delete;
-    ~SupposedPreferences();
-};
-
-/// `preferences` as it would read after it has been stored: numbers beyond the record's limits are its
-/// limits.
-Preferences as_stored(const Preferences& preferences);
-
 } // namespace halvane

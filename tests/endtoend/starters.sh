@@ -44,6 +44,17 @@ users=$(report HOME="$folder/home")
 expect_times HOME="$folder/home" XDG_DATA_HOME="$folder/home/data"
 [ -f "$folder/home/data/halvane/pref.vsk" ] || fail "an absolute XDG_DATA_HOME is not taken"
 
+echo "What a kill leaves has the name of an unfinished file of the programs, which they remove after a day"
+mkdir "$folder/kills" "$folder/killed"
+printf '#!/bin/sh\nkill -KILL $PPID\n' >"$folder/kills/mv"
+chmod +x "$folder/kills/mv"
+report HOME="$folder/killed" PATH="$folder/kills:$PATH" >/dev/null 2>&1
+left=$(find "$folder/killed/.local/share/halvane" -name '.*' -type f)
+grep -qE '/\.halvane-save-[A-Za-z0-9]{6}$' <<<"$left" || fail "a kill leaves \"$left\""
+printf '#!/bin/sh\nkill -TERM $PPID\n' >"$folder/kills/mv"
+report HOME="$folder/tidied" PATH="$folder/kills:$PATH" >/dev/null 2>&1
+[ -z "$(find "$folder/tidied/.local/share/halvane" -name '.*' -type f)" ] || fail "a request to end leaves a copy"
+
 echo "No home, or one that cannot be written to"
 expect_times HOME=/dev/null
 grep -q 'nothing is saved' "$folder/errors" || fail "no words: $(cat "$folder/errors")"

@@ -7,6 +7,7 @@
 #include "app/messages.h"
 #include "app/numberbox.h"
 #include "app/refusedvalue.h"
+#include "calendar/yearlimits.h"
 #include "ui_frmdate.h"
 
 namespace halvane {
@@ -139,6 +140,13 @@ void frmdate::option_click() {
 
 /// Whether the record can be calculated for; a year that keeps it from that is told.
 bool frmdate::is_usable(const CalculationDate& date) {
+    if (const std::optional<Refusal> far = refused_period(date)) {
+        warn(this, *far, language_);
+        ask_again(date.one_day                          ? *ui_->txtoyear
+                  : theory_years.holds(date.start.year) ? *ui_->txttyear
+                                                        : *ui_->txtfyear);
+        return false;
+    }
     const auto refused = refused_value(date);
     if (!refused)
         return true;

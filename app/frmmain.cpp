@@ -5,9 +5,11 @@
 #include "app/frmwait.h"
 #include "app/messages.h"
 #include "app/platform/platform.h"
+#include "app/stored/date.h"
 #include "app/stored/pref.h"
 #include "app/version.h"
 #include "calendar/locationclock.h"
+#include "calendar/yearlimits.h"
 #include "prayer/cmdcom.h"
 #include "prayer/cmdmoon.h"
 #include "ui_frmmain.h"
@@ -141,7 +143,15 @@ frmmain::~frmmain() {
 
 void frmmain::load() {
     load_main_panel(*this, state_);
+    show_series();
     timertime_->start();
+}
+
+/// The foot tells of series files that are not the delivered ones, and has no room without them.
+void frmmain::show_series() {
+    const QStringList lines = series_warnings(language());
+    ui_->lblseries->setText(lines.join(u'\n'));
+    ui_->lblseries->setVisible(!lines.isEmpty());
 }
 
 void frmmain::reload() {
@@ -172,6 +182,10 @@ void frmmain::connect_buttons(std::span<const Panel> panels) {
 }
 
 void frmmain::run_report(const QPushButton& button, RunOutcome (*report)(Progress&), const char* file) {
+    if (const std::optional<Refusal> refused = refused_stored_period(read_date())) {
+        warn(this, *refused, language());
+        return;
+    }
     RunOutcome outcome;
     {
         WaitProgress progress(button.text().remove(u'&').trimmed(), this);

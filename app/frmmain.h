@@ -64,6 +64,7 @@ private:
     void mark_next_prayer();
     static void show_line(QLabel& label, const std::optional<std::string>& line);
     void mark_column(std::size_t column, const QString& remaining, bool next);
+    void show_series();
     Language language() const { return state_.isenglish ? Language::english : Language::arabic; }
 
     std::unique_ptr<Ui::frmmain> ui_;

@@ -35,8 +35,8 @@ int run(int count, char** words) {
         main_panel.load();
         main_panel.show();
         return QApplication::exec();
-    } catch (const std::exception& failure) {
-        end_with_failure(failure);
+    } catch (...) {
+        end_with_present_failure();
     }
 }
 

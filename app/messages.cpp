@@ -2,6 +2,7 @@
 
 #include "app/stored/failure.h"
 #include "app/version.h"
+#include "ephemeris/series.h"
 
 #include <QAbstractButton>
 #include <QFileDialog>
@@ -15,6 +16,8 @@ namespace {
 
 constexpr Twin ending{"", "Halvane cannot go on and ends now. Nothing more is written.",
                       "لا يستطيع البرنامج المتابعة و سينتهي الآن. لن يكتب شيء آخر."};
+constexpr Twin beware{"", "Beware: ", "تنبيه: "};
+
 /// One way out for each kind of failure.
 Twin remedy(FailureKind kind) {
     switch (kind) {
@@ -101,6 +104,11 @@ void warn(QWidget* parent, const TwinMessage& message, Language language) {
     warn(parent, text_of(message.title, language), text_of(message.text, language), language);
 }
 
+void warn(QWidget* parent, const Refusal& refusal, Language language) {
+    warn(parent, text_of(refusal.title, language),
+         QString::fromStdString(refusal.text.in(language == Language::english)), language);
+}
+
 bool ask(QWidget* parent, const QString& title, const QString& text, Language language) {
     return show_box(parent, title, text, language, QMessageBox::Yes | QMessageBox::No);
 }
@@ -109,13 +117,22 @@ QString words_of(const RunTimeFailure& failure, Language language) {
     return QString::fromStdString(words_of(failure.parts(), language == Language::english));
 }
 
+QStringList series_warnings(Language language) {
+    QStringList warnings;
+    for (const std::string& note : series_notes(language == Language::english))
+        warnings += text_of(beware, language) + QString::fromStdString(note) + u'.';
+    return warnings;
+}
+
 void tell_failure(const std::exception& failure, Language language) {
     const FailureParts parts = parts_of(failure);
     const bool english = language == Language::english;
     QMessageBox box(QMessageBox::Critical, QString::fromLatin1(program_title), text_of(ending, language),
                     QMessageBox::Ok);
-    box.setInformativeText(isolated(QString::fromStdString(words_of(parts, english))) +
-                           QStringLiteral("\n\n") + text_of(remedy(parts.kind), language));
+    QStringList words{isolated(QString::fromStdString(words_of(parts, english)))};
+    words += series_warnings(language);
+    words += text_of(remedy(parts.kind), language);
+    box.setInformativeText(words.join(QStringLiteral("\n\n")));
     if (language == Language::arabic) {
         box.setLayoutDirection(Qt::RightToLeft);
         set_arabic_buttons(box);

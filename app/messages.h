@@ -13,6 +13,7 @@ namespace halvane {
 /// Shows a message with the exclamation icon and an OK button and waits for it.
 void warn(QWidget* parent, const QString& title, const QString& text, Language language);
 void warn(QWidget* parent, const TwinMessage& message, Language language);
+void warn(QWidget* parent, const Refusal& refusal, Language language);
 
 /// Asks with the exclamation icon and the buttons Yes and No; closing the box is No.
 bool ask(QWidget* parent, const QString& title, const QString& text, Language language);
@@ -22,6 +23,9 @@ QString words_of(const RunTimeFailure& failure, Language language);
 
 /// Tells that the program ends: what failed, in which file or calculation, and the remedy of that kind.
 void tell_failure(const std::exception& failure, Language language);
+
+/// A sentence for each series file that is not the delivered one, see series_notes.
+QStringList series_warnings(Language language);
 
 /// Asks under which name to save; an empty text when the user gives up.
 /// In     proposed  bare name, or a path to start from

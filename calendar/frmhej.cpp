@@ -8,6 +8,7 @@
 #include "app/numberbox.h"
 #include "app/stored/record.h"
 #include "calendar/numberformat.h"
+#include "calendar/yearlimits.h"
 #include "ui_frmhej.h"
 
 namespace halvane {
@@ -39,7 +40,6 @@ constexpr Twin in_gap{"", "The Date After 04 October 1582 CE is 15 October 1582 
                       "التاريخ الذي يلي 04 تشرين أول 1582 هو 15 تشرين أول 1582"};
 
 constexpr int hijri_days = 30;
-constexpr int year_length = 12; // day counts of such years are still exact
 constexpr const char* longest_year = "-88888";
 constexpr double result_size = 1.4;
 constexpr const char* result_font = "Simplified Arabic";
@@ -58,7 +58,6 @@ void hide_in_place(QWidget& control) {
 frmhej::frmhej(QWidget* owner)
     : QDialog(owner), ui_(std::make_unique<Ui::frmhej>()), language_(stored_language()) {
     ui_->setupUi(this);
-    ui_->txty->setMaxLength(year_length);
     apply_language(*this, twins, language_);
     option_click();
     set_sizes();
@@ -131,6 +130,13 @@ void frmhej::hide_result() {
 }
 
 void frmhej::refuse(RefusedDate refused) {
+    if (refused == RefusedDate::year_too_large) {
+        const YearRange& range = direction() == ConversionDirection::hijri_to_civil ? converted_hijri_years
+                                                                                    : converted_civil_years;
+        warn(this, refused_year(number_in(*ui_->txty), range).value(), language_);
+        ask_again(*ui_->txty);
+        return;
+    }
     const Twin& words = refused == RefusedDate::year_not_positive    ? year_refused
                         : refused == RefusedDate::before_first_hijri ? before_first
                                                                      : in_gap;

@@ -1,10 +1,10 @@
 #include "calendar/hijriconversion.h"
 
-#include "app/stored/failure.h"
 #include "calendar/moddateconv.h"
 #include "calendar/modday.h"
 #include "calendar/modjul.h"
 #include "calendar/platformdate.h"
+#include "calendar/yearlimits.h"
 
 #include <cmath>
 
@@ -45,8 +45,11 @@ ConversionAnswer civil_date_of(double year, double month, double day, char lette
         answer.refused = RefusedDate::year_not_positive;
         return answer;
     }
-    const double noon = require_finite(day_number_of_hijri(year, month, day),
-                                       {"the day count of the date", "عدد أيام التاريخ"});
+    if (year > converted_hijri_years.last) {
+        answer.refused = RefusedDate::year_too_large;
+        return answer;
+    }
+    const double noon = day_number_of_hijri(year, month, day);
     modjuc(noon, answer.year, answer.month, answer.day);
     answer.day = std::floor(answer.day);
     answer.month_name = name_of(civil_months(letter), answer.month);
@@ -56,6 +59,8 @@ ConversionAnswer civil_date_of(double year, double month, double day, char lette
 
 RefusedDate refused_civil_date(double year, double month, double day) {
     const double date = platform_day_count(year, month, day);
+    if (year > converted_civil_years.last)
+        return RefusedDate::year_too_large;
     if (date < platform_day_count(622, 7, 16) || year < 622)
         return RefusedDate::before_first_hijri;
     if (date > platform_day_count(1582, 10, 4) && date < platform_day_count(1582, 10, 15))
@@ -70,7 +75,7 @@ ConversionAnswer hijri_date_of(double year, double month, double day, char lette
         return answer;
     double noon = 0;
     modjul(year, month, day, 12, noon);
-    noon = std::floor(require_finite(noon, {"the day count of the date", "عدد أيام التاريخ"}));
+    noon = std::floor(noon);
     const HijriDate hijri = hijri_of_day_number(noon);
     answer.year = hijri.year;
     answer.month = hijri.month;

@@ -13,7 +13,8 @@ enum class RefusedDate {
     none,
     year_not_positive,  ///< Hijri year not above 0
     before_first_hijri, ///< before 16 July 622
-    in_calendar_gap     ///< 5 to 14 October 1582
+    in_calendar_gap,    ///< 5 to 14 October 1582
+    year_too_large      ///< beyond converted_hijri_years or converted_civil_years
 };
 
 /// A converted date, or the reason why there is none.
@@ -40,7 +41,6 @@ double conversion_month_number(ConversionDirection direction, std::string_view n
 /// into the next month.
 /// In     year, month (1 to 12), day  date in the calendar that the direction starts from
 ///        letter                      language of the names: 'A' Arabic, any other English
-/// Error  raises RunTimeFailure for a year so large that the day count is not finite.
 ConversionAnswer convert_date(ConversionDirection direction, double year, double month, double day,
                               char letter);
 

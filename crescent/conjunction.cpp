@@ -1,5 +1,6 @@
 #include "crescent/conjunction.h"
 
+#include "app/stored/failure.h"
 #include "app/stored/loc.h"
 #include "app/stored/pref.h"
 #include "calendar/civildate.h"
@@ -43,7 +44,10 @@ int summer_hours_on(const Preferences& preferences, const DateNumbers& date) {
 } // namespace
 
 Conjunction find_conjunction(const CrescentSettings& settings) {
-    const double estimate = phase_estimate(Phase::new_moon, nearest_lunation(approximate_date(settings)));
+    const DateNumbers date = approximate_date(settings);
+    const SubjectSpan place(read_loc().name);
+    const SubjectSpan day(SubjectDay{date.year, date.month, date.day});
+    const double estimate = phase_estimate(Phase::new_moon, nearest_lunation(date));
     conjunctionstart = refined_phase(Phase::new_moon, estimate, settings.geocentric);
     double delta_t = 0;
     moddeltat(conjunctionstart, delta_t);

@@ -1,7 +1,10 @@
 #include "crescent/crescentform.h"
 
 #include "calendar/numberformat.h"
+#include "calendar/yearlimits.h"
 #include "crescent/crescentreport.h"
+
+#include <cmath>
 
 namespace halvane {
 
@@ -30,8 +33,29 @@ MonthNames hijri_month_list(char letter) {
 }
 
 std::string day_caption(const DateNumbers& date) {
-    return format_number(date.day, "##00") + "/" + format_number(date.month, "##00") + "/" +
-           format_number(date.year, "######") + "  CE";
+    const std::string year = date.year == 0 ? "0" : format_number(date.year, "######");
+    return format_number(date.day, "##00") + "/" + format_number(date.month, "##00") + "/" + year + "  CE";
+}
+
+std::optional<CrescentRefusal> refused_conjunction(const CrescentSettings& settings) {
+    const bool gregorian = settings.gregorian;
+    const double year = numeric_prefix(gregorian ? settings.year : settings.hijri_year);
+    const auto refused = refused_year(year, gregorian ? theory_years : hijri_theory_years);
+    if (!refused)
+        return std::nullopt;
+    return CrescentRefusal{gregorian ? CrescentInput::gregorian_year : CrescentInput::hijri_year, *refused};
+}
+
+std::optional<CrescentRefusal> refused_user_time(const CrescentSettings& settings) {
+    const auto far = [](const std::string& text) {
+        return std::fabs(numeric_prefix(text)) > largest_stored_day;
+    };
+    if (!settings.at_user_time || !(far(settings.user_hour) || far(settings.user_minute)))
+        return std::nullopt;
+    return CrescentRefusal{CrescentInput::user_time,
+                           {{"Time Error", "خطأ"},
+                            {"There is no such time: please enter the hour and the minute of a clock.",
+                             "لا يوجد وقت كهذا، يرجى إدخال ساعة و دقيقة."}}};
 }
 
 std::array<std::string, 3> CrescentForm::dates(bool new_crescent) const {

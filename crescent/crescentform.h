@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/stored/twintext.h"
 #include "app/stored/visib.h"
 #include "calendar/hijriconversion.h"
 #include "crescent/conjunction.h"
@@ -23,6 +24,19 @@ MonthNames hijri_month_list(char letter);
 
 /// "dd/mm/yyyy  CE".
 std::string day_caption(const DateNumbers& date);
+
+/// The inputs that may hold what has no answer.
+enum class CrescentInput { gregorian_year, hijri_year, user_time };
+
+struct CrescentRefusal {
+    CrescentInput input;
+    Refusal told;
+};
+
+/// What the user is told of a year beyond the theories, or of a time that is used and lies farther from the
+/// day than a stored time may; nothing for choices that can be calculated.
+std::optional<CrescentRefusal> refused_conjunction(const CrescentSettings& settings);
+std::optional<CrescentRefusal> refused_user_time(const CrescentSettings& settings);
 
 /// What the crescent visibility panel keeps between its buttons: the conjunction that its choices have led
 /// to. Any change of the choices drops it, so that no calculation sees one of other choices.

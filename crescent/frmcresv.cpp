@@ -4,6 +4,7 @@
 #include "app/frmlists.h"
 #include "app/frmstyle.h"
 #include "app/frmsupport.h"
+#include "app/messages.h"
 #include "app/numberbox.h"
 #include "app/platform/platform.h"
 #include "crescent/circumstances.h"
@@ -217,11 +218,28 @@ void frmcresv::show_days() {
 void frmcresv::cmdprev_click() {
     settle_numbers(*this);
     close_map();
+    if (refuse(refused_conjunction(shown())))
+        return;
     form_.prepare(shown());
     show_days();
 }
 
+bool frmcresv::refuse(const std::optional<CrescentRefusal>& refused) {
+    if (!refused)
+        return false;
+    form_.reset();
+    show_days();
+    warn(this, refused->told, language_);
+    if (refused->input == CrescentInput::user_time)
+        ui_->cboh->setFocus(Qt::OtherFocusReason);
+    else
+        ask_again(refused->input == CrescentInput::hijri_year ? *ui_->txtyearh : *ui_->txtyear);
+    return true;
+}
+
 void frmcresv::cmdcalc_click() {
+    if (refuse(refused_user_time(shown())))
+        return;
     form_.calculate(shown());
     platform().show_text_file("visib.out");
 }

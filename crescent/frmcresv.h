@@ -45,6 +45,7 @@ private:
     void enable_user_time();
     void show_events();
     void show_days();
+    bool refuse(const std::optional<CrescentRefusal>& refused); ///< tells it; false for none
     char letter() const { return language_ == Language::english ? 'E' : 'A'; }
 
     std::unique_ptr<Ui::frmcresv> ui_;

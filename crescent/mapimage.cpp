@@ -136,10 +136,9 @@ private:
 } // namespace
 
 QImage read_map_image() {
-    const std::string path = map_picture_path();
-    const QImage map = QImage::fromData(QByteArray::fromStdString(read_file(path)), "GIF");
+    const QImage map = QImage::fromData(QByteArray::fromStdString(whole_map_picture()), "GIF");
     if (map.size() != QSize(map_width, map_height))
-        throw broken_map_picture(path);
+        throw broken_map_picture(map_picture_path());
     return map.convertToFormat(QImage::Format_RGB32);
 }
 

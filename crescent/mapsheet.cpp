@@ -1,11 +1,81 @@
 #include "crescent/mapsheet.h"
 
 #include "app/stored/programfolder.h"
+#include "app/stored/textfile.h"
 
+#include <algorithm>
 #include <filesystem>
+#include <string_view>
 #include <system_error>
 
 namespace halvane {
+namespace {
+
+/// Walks through the blocks of a GIF picture up to its trailer.
+class GifWalk {
+public:
+    explicit GifWalk(std::string_view bytes) : bytes_(bytes) {}
+
+    bool reaches_the_end() {
+        constexpr std::size_t size_and_background = 7;
+        if (!bytes_.starts_with("GIF87a") && !bytes_.starts_with("GIF89a"))
+            return false;
+        skip(6);
+        skip_colours(at(4), size_and_background);
+        while (!over_) {
+            const unsigned kind = next();
+            if (kind == trailer)
+                return !over_;
+            if (kind == extension)
+                skip(1);
+            else if (kind == image)
+                skip_image_head();
+            else
+                return false;
+            skip_blocks();
+        }
+        return false;
+    }
+
+private:
+    static constexpr unsigned trailer = 0x3B;
+    static constexpr unsigned extension = 0x21;
+    static constexpr unsigned image = 0x2C;
+
+    unsigned at(std::size_t ahead) {
+        if (ahead < bytes_.size())
+            return static_cast<unsigned char>(bytes_[ahead]);
+        over_ = true;
+        return 0;
+    }
+    void skip(std::size_t count) {
+        over_ = over_ || count > bytes_.size();
+        bytes_.remove_prefix(std::min(count, bytes_.size()));
+    }
+    unsigned next() {
+        const unsigned value = at(0);
+        skip(1);
+        return value;
+    }
+    /// A head of `size` bytes and the table of colours that its flags tell of.
+    void skip_colours(unsigned flags, std::size_t size) {
+        skip(size + ((flags & 0x80U) != 0 ? std::size_t{3} << ((flags & 7U) + 1) : 0));
+    }
+    void skip_image_head() {
+        constexpr std::size_t place_and_size = 9;
+        skip_colours(at(8), place_and_size);
+        skip(1); // size of the codes
+    }
+    void skip_blocks() {
+        for (unsigned size = next(); size != 0 && !over_; size = next())
+            skip(size);
+    }
+
+    std::string_view bytes_;
+    bool over_ = false;
+};
+
+} // namespace
 
 std::string map_picture_path() {
     std::error_code ignored;
@@ -13,6 +83,14 @@ std::string map_picture_path() {
     if (std::filesystem::exists(own, ignored))
         return own;
     return (std::filesystem::path(executable_folder()) / "map.gif").string();
+}
+
+std::string whole_map_picture() {
+    const std::string path = map_picture_path();
+    std::string bytes = read_file(path);
+    if (!GifWalk(bytes).reaches_the_end())
+        throw broken_map_picture(path);
+    return bytes;
 }
 
 RunTimeFailure broken_map_picture(const std::string& path) {

@@ -27,6 +27,10 @@ struct MapSheet {
 /// The world's picture: `map.gif` of the program folder, or of the executable's when that one has none.
 std::string map_picture_path();
 
+/// The bytes of that file, once they are seen to be a GIF picture from its head to its end.
+/// Error  raises RunTimeFailure naming the file when it cannot be read, is no GIF picture or is cut.
+std::string whole_map_picture();
+
 /// The failure of a map picture that is cut, of another form or of another size.
 RunTimeFailure broken_map_picture(const std::string& path);
 

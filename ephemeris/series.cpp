@@ -4,8 +4,14 @@
 #include "app/stored/programfolder.h"
 #include "app/stored/record.h"
 #include "app/stored/textfile.h"
+#include "ephemeris/crc32.h"
+#include "ephemeris/deliveredseries.h"
 
+#include <algorithm>
+#include <iterator>
+#include <map>
 #include <optional>
+#include <string_view>
 #include <utility>
 
 namespace halvane {
@@ -16,6 +22,7 @@ std::optional<SunSeries> term_series;
 std::optional<PeriodicTables> mterm_tables;
 std::optional<MoonSeries> elp_series;
 unsigned generation = 0;
+std::map<std::string_view, std::string> undelivered; ///< paths by name
 
 /// Reads a group of rows whose columns go to `columns`, and pads it; an empty place is read and not kept.
 void read_group(RecordReader& reader, std::size_t rows, const std::vector<Column*>& columns) {
@@ -35,10 +42,24 @@ void read_group(RecordReader& reader, std::size_t rows, const std::vector<Column
             column->resize(padded(column->size()));
 }
 
+bool is_delivered(std::string_view name, std::string_view text) {
+    return std::any_of(std::begin(delivered_series), std::end(delivered_series), [&](const auto& file) {
+        return name == file.name && text.size() == file.size && crc32_of(text) == file.crc32;
+    });
+}
+
+void note_series(const char* name, const std::string& path, std::string_view text) {
+    if (is_delivered(name, text))
+        undelivered.erase(name);
+    else
+        undelivered[name] = path;
+}
+
 template <class Table>
 void load(const char* name, std::optional<Table>& table, void (*fill)(RecordReader&, Table&)) {
     const std::string path = series_path(name);
     const std::string text = read_text_file(path);
+    note_series(name, path, text);
     RecordReader reader(text, path);
     Table loaded;
     fill(reader, loaded);
@@ -127,6 +148,14 @@ const PeriodicTables& mterm() {
 
 const MoonSeries& elp() {
     return loaded(elp_series, "elp.vsk");
+}
+
+std::vector<std::string> series_notes(bool english) {
+    std::vector<std::string> notes;
+    for (const auto& [name, path] : undelivered)
+        notes.push_back(english ? "the series file " + path + " is not the delivered one"
+                                : "ملف المتسلسلة " + path + " ليس الملف المسلم مع البرنامج");
+    return notes;
 }
 
 unsigned series_generation() {

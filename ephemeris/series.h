@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstddef>
+#include <string>
 #include <vector>
 
 namespace halvane {
@@ -69,6 +70,11 @@ void load_termfull();
 void load_term();
 void load_mterm();
 void load_elp();
+
+/// What is told of the series files that have been looked at and are not the delivered ones, a sentence for
+/// each path: "the series file ... is not the delivered one". A file counts as delivered by its size and
+/// its CRC-32.
+std::vector<std::string> series_notes(bool english);
 
 /// The four files in the order of the main panel's start.
 void load_series();

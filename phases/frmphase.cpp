@@ -5,6 +5,7 @@
 #include "app/frmstyle.h"
 #include "app/frmsupport.h"
 #include "app/frmwait.h"
+#include "app/messages.h"
 #include "app/platform/platform.h"
 #include "phases/phasereport.h"
 #include "ui_frmphase.h"
@@ -114,6 +115,16 @@ void frmphase::txtyear_change() {
 // The panel may be closed while the run lets events happen: nothing of it is used from there on.
 void frmphase::cmdcalc_click() {
     const PhaseYear run = phase_year(shown(), text_of(*ui_->txtdelta));
+    if (const std::optional<Refusal> refused = refused_phase_year(run)) {
+        warn(this, *refused, language_);
+        ask_again(*ui_->txtyear);
+        return;
+    }
+    if (const std::optional<Refusal> refused = refused_delta_t(run)) {
+        warn(this, *refused, language_);
+        ask_again(*ui_->txtdelta);
+        return;
+    }
     RunOutcome outcome;
     {
         WaitProgress progress(windowTitle(), this);

@@ -1,6 +1,7 @@
 #include "phases/phasereport.h"
 
 #include "app/report/head.h"
+#include "app/stored/failure.h"
 #include "app/stored/programfolder.h"
 #include "calendar/numberformat.h"
 
@@ -74,6 +75,10 @@ void write_tail(Report& report) {
 
 RunOutcome write_phases(const PhaseYear& run, Progress& progress) {
     constexpr int end_of_rows = 16;
+    if (refused_phase_year(run) || refused_delta_t(run))
+        return RunOutcome::refused;
+    const SubjectSpan place(run.location.name);
+    const SubjectSpan year(SubjectDay{run.year, 1, 1});
     Report report(program_path("results.out"));
     write_head(report, run);
     double k = first_lunation(run.year);

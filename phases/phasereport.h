@@ -7,6 +7,7 @@ namespace halvane {
 
 /// The table of a year's phases: writes `results.out`. Each phase runs with `tdtinput` 1.
 /// Returns cancelled with the rows so far and the remarks in the file.
+/// Returns refused, and writes nothing, for a run of refused_phase_year or refused_delta_t.
 /// Error  raises RunTimeFailure; an earlier `results.out` then stands.
 RunOutcome write_phases(const PhaseYear& run, Progress& progress);
 

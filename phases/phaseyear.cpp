@@ -1,11 +1,13 @@
 #include "phases/phaseyear.h"
 
+#include "app/stored/record.h"
 #include "calendar/civildate.h"
 #include "calendar/modctim.h"
 #include "calendar/moddeltat.h"
 #include "calendar/modjul.h"
 #include "calendar/modsummer.h"
 #include "calendar/numberformat.h"
+#include "calendar/yearlimits.h"
 
 #include <cmath>
 
@@ -16,10 +18,27 @@ PhaseYear phase_year(const PhaseSettings& settings, const std::string& delta_t_t
             numeric_prefix(delta_t_text),  read_pref(),         read_loc()};
 }
 
+std::optional<Refusal> refused_phase_year(const PhaseYear& run) {
+    return refused_year(run.year, phase_years);
+}
+
+std::optional<Refusal> refused_delta_t(const PhaseYear& run) {
+    // Neither does a value that is no number lie within the limit.
+    if (!run.local_ut1 || std::fabs(run.delta_t) <= largest_delta_t)
+        return std::nullopt;
+    const std::string largest = plain_number(largest_delta_t);
+    return Refusal{{"Delta T Error", "خطأ"},
+                   {"Delta T must be a number of seconds from -" + largest + " to " + largest + ".",
+                    "يجب أن تكون قيمة Delta T عددا من الثواني لا يتجاوز " + largest + "."}};
+}
+
 std::string proposed_delta_t(const std::string& year_text) {
+    const double year = numeric_prefix(year_text);
+    if (!phase_years.holds(year))
+        return {};
     double jd = 0;
     double delta_t = 0;
-    modjul(numeric_prefix(year_text), 6, 15, 0, jd);
+    modjul(year, 6, 15, 0, jd);
     moddeltat(jd, delta_t);
     return format_number(delta_t * 86400, "##########00.00");
 }

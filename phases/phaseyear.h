@@ -3,8 +3,10 @@
 #include "app/stored/loc.h"
 #include "app/stored/phase.h"
 #include "app/stored/pref.h"
+#include "app/stored/twintext.h"
 #include "events/phase.h"
 
+#include <optional>
 #include <string>
 
 namespace halvane {
@@ -19,10 +21,19 @@ struct PhaseYear {
     Location location;
 };
 
+/// Delta T beyond this, and any that is not a number, is refused: that of `phase_years` is far below  [s]
+inline constexpr double largest_delta_t = 1e6;
+
+/// What the user is told of a year that has no whole table (see phase_years), or of a Delta T that is used
+/// and too large; nothing for what can be written.
+std::optional<Refusal> refused_phase_year(const PhaseYear& run);
+std::optional<Refusal> refused_delta_t(const PhaseYear& run);
+
 /// The stored choices with a text for Delta T as the panel's box holds it. Reads `pref.vsk` and `loc.vsk`.
 PhaseYear phase_year(const PhaseSettings& settings, const std::string& delta_t_text);
 
-/// The Delta T that the panel proposes for a year's text: at 15 June, to the hundredth of a second      [s]
+/// The Delta T that the panel proposes for a year's text: at 15 June, to the hundredth of a second; empty
+/// for a year without an answer                                                                        [s]
 std::string proposed_delta_t(const std::string& year_text);
 
 /// A phase on the table's clock.

@@ -12,6 +12,7 @@
 #include "ui_frmalerts.h"
 
 #include <exception>
+#include <new>
 
 namespace halvane {
 
@@ -50,11 +51,13 @@ constexpr const char* window_title = "Halvane Alerts";
 constexpr const char* startup_folder = "Startup";
 constexpr const char* shortcut_name = "Halvane";
 
-/// Every step of Ok is tried, whatever becomes of the others.
+/// Every step of Ok is tried, whatever becomes of the others; only without memory nothing goes on.
 template <class Step>
 void pass_over_errors(Step step) {
     try {
         step();
+    } catch (const std::bad_alloc&) {
+        throw;
     } catch (const std::exception&) {
         return;
     }

@@ -1,6 +1,7 @@
 #include "prayer/moonday.h"
 
 #include "app/stored/failure.h"
+#include "calendar/civildate.h"
 #include "calendar/modctim.h"
 #include "ephemeris/coordinates.h"
 #include "ephemeris/earthorientation.h"
@@ -77,6 +78,8 @@ MoonRiseSet moon_rise_set(double jd, double clock_ahead) {
 }
 
 MoonTimes moon_day(const Preferences& preferences, const Location& location, double jd, int summer_hours) {
+    const SubjectSpan place(location.name);
+    const SubjectSpan day(subject_day(jd));
     const double clock_ahead = location.zone + summer_hours;
     const int precision = precision_of(preferences);
     const MoonRiseSet events = moon_rise_set(jd, clock_ahead);

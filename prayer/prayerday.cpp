@@ -1,6 +1,7 @@
 #include "prayer/prayerday.h"
 
 #include "app/stored/failure.h"
+#include "calendar/civildate.h"
 #include "calendar/modctim.h"
 #include "ephemeris/coordinates.h"
 #include "ephemeris/modgeneral.h"
@@ -175,6 +176,7 @@ PrayerSettings read_prayer_settings(DayMode mode) {
         settings.city = hours_of_city(settings.location.city_offset, settings.latitude);
     settings.zone_offset = (settings.location.zone * 15 - settings.longitude) * 4;
     settings.add_maghreb = static_cast<float>(settings.preferences.add_maghreb);
+    require_finite(settings.add_maghreb, {"the minutes added to Maghreb", "الدقائق المضافة إلى المغرب"});
     settings.precision = precision_of(settings.preferences);
     settings.high_latitude = mode == DayMode::report && settings.preferences.high_latitude == 1;
     settings.mode = mode;
@@ -182,6 +184,8 @@ PrayerSettings read_prayer_settings(DayMode mode) {
 }
 
 PrayerDay prayer_day(const PrayerSettings& settings, double jd, int summer_hours) {
+    const SubjectSpan place(settings.location.name);
+    const SubjectSpan day(subject_day(jd));
     return DayCalculation(settings, jd, summer_hours).run();
 }
 

@@ -1,5 +1,6 @@
 #include "qibla/cmdqib.h"
 
+#include "app/stored/failure.h"
 #include "app/stored/programfolder.h"
 #include "calendar/machineclock.h"
 #include "calendar/moddeltat.h"
@@ -33,6 +34,7 @@ QiblahSearch search_of(const RunSettings& settings, double azimuth, double delta
 
 float stored_qiblah_direction() {
     const Location& location = read_loc();
+    const SubjectSpan place(location.name);
     return qiblah_direction(longitude_of(location), latitude_of(location));
 }
 
@@ -40,6 +42,7 @@ RunOutcome cmdqib(Progress& progress, float direction, QiblahMark mark) {
     const TdtSpan universal_time(0);
     Report report(program_path("results.out"));
     const RunSettings settings;
+    const SubjectSpan place(settings.location.name);
     const CalculationPeriod period = calculation_period(settings.date);
     const RunDays days = days_of(period.start, period.end);
     const QiblahSearch search =

@@ -4,9 +4,12 @@
 #include "app/frmstyle.h"
 #include "app/frmsupport.h"
 #include "app/frmwait.h"
+#include "app/messages.h"
 #include "app/platform/platform.h"
+#include "app/stored/date.h"
 #include "app/stored/loc.h"
 #include "app/stored/record.h"
+#include "calendar/yearlimits.h"
 #include "qibla/cmdqib.h"
 #include "qibla/frmqmap.h"
 #include "ui_frmqib.h"
@@ -87,6 +90,10 @@ void frmqib::show_direction() {
 void frmqib::cmdqib_click() {
     const float direction = direction_;
     const QiblahMark mark = ui_->optsun->isChecked() ? QiblahMark::sun : QiblahMark::shadow;
+    if (const std::optional<Refusal> refused = refused_stored_period(read_date())) {
+        warn(this, *refused, language_);
+        return;
+    }
     RunOutcome outcome;
     {
         WaitProgress progress(ui_->lblqibtim->text(), this);

@@ -1,6 +1,7 @@
 #include "qibla/qibladay.h"
 
 #include "app/stored/failure.h"
+#include "calendar/civildate.h"
 #include "calendar/modctim.h"
 #include "ephemeris/coordinates.h"
 #include "ephemeris/earthorientation.h"
@@ -132,6 +133,7 @@ QiblahFind find_qiblah_moment(const QiblahSearch& search, double base, QiblahRoo
 }
 
 QiblahDay qiblah_day(const QiblahSearch& search, double jd, int summer_hours) {
+    const SubjectSpan subject(subject_day(jd));
     const double base = jd - (search.zone + summer_hours) / hours_per_day;
     const QiblahFind first = find_qiblah_moment(search, base, QiblahRoot::first);
     QiblahDay day;

@@ -3,8 +3,11 @@
 #include "app/stored/failure.h"
 #include "app/stored/loc.h"
 #include "app/stored/programfolder.h"
+#include "app/stored/record.h"
+#include "calendar/civildate.h"
 #include "calendar/moddeltat.h"
 #include "calendar/modjul.h"
+#include "calendar/yearlimits.h"
 #include "tables/ephemerisreport.h"
 
 #include <algorithm>
@@ -62,6 +65,7 @@ RunOutcome write_rows(Report& report, const EphemerisSettings& settings, const T
     double jd = span.start;
     for (double n = 0; n <= last_row && jd <= span.end + beyond_the_end; jd = span.start + ++n * span.step) {
         tell_progress(progress, span, n);
+        const SubjectSpan day(subject_day(jd + clock_ahead));
         write_ephemeris_row(report, body, jd + clock_ahead,
                             ephemeris_row(observer, body, settings.geocentric, jd));
         if (!progress.yield())
@@ -90,12 +94,35 @@ TableSpan table_span(const EphemerisSettings& settings, double zone) {
     return span;
 }
 
+double table_rows(const TableSpan& span) {
+    return std::floor((span.end + beyond_the_end - span.start) / span.step) + 1;
+}
+
+std::optional<TableRefusal> refused_table(const EphemerisSettings& settings) {
+    if (const auto refused = refused_year(settings.start_year, theory_years))
+        return TableRefusal{TableInput::start_year, *refused};
+    if (const auto refused = refused_year(settings.end_year, theory_years))
+        return TableRefusal{TableInput::end_year, *refused};
+    const double rows = table_rows(table_span(settings, read_loc().zone));
+    if (rows <= most_table_rows)
+        return std::nullopt;
+    const std::string found = plain_number(rows);
+    const std::string most = plain_number(most_table_rows);
+    return TableRefusal{TableInput::interval,
+                        {{"Table Error", "خطأ"},
+                         {"The table would have " + found + " rows, and at most " + most +
+                              " are written: please choose a longer interval or a shorter time.",
+                          "سيكون في الجدول " + found + " سطر، و لا يكتب أكثر من " + most +
+                              "، يرجى اختيار فاصل زمني أطول أو مدة أقصر."}}};
+}
+
 RunOutcome write_ephemeris_table(const EphemerisSettings& settings, Progress& progress) {
     // A copy: the panels that a yield lets run may store another place.
     const Location location = read_loc(); // NOLINT(performance-unnecessary-copy-initialization)
     const TableSpan span = table_span(settings, location.zone);
-    if (span.end < span.start)
+    if (span.end < span.start || refused_table(settings))
         return RunOutcome::refused;
+    const SubjectSpan place(location.name);
     const TdtSpan time_reference(settings.local_ut1 ? 0 : 1);
     Report report(program_path("ephemeris.out"));
     write_ephemeris_head(report, settings, location);

@@ -4,6 +4,8 @@
 #include "app/stored/coor.h"
 #include "app/stored/twintext.h"
 
+#include <optional>
+
 namespace halvane {
 
 /// What a table covers.
@@ -17,11 +19,30 @@ struct TableSpan {
 /// without its sign; an interval of 0 is one day whatever the unit.
 TableSpan table_span(const EphemerisSettings& settings, double zone);
 
+/// Rows are counted before a table starts.
+inline constexpr double most_table_rows = 1e7;
+
+/// How many rows a table has; below 1 when its end comes before its start.
+double table_rows(const TableSpan& span);
+
+/// The input that keeps a table from being written.
+enum class TableInput { start_year, end_year, interval };
+
+struct TableRefusal {
+    TableInput input;
+    Refusal told;
+};
+
+/// Why there is no table of these choices: a year beyond the theories, or too many rows. Nothing for one that
+/// can be written. Reads `loc.vsk`.
+std::optional<TableRefusal> refused_table(const EphemerisSettings& settings);
+
 /// Writes `ephemeris.out`: a row at start + n step for every n until the end (and 1e-8 d beyond, so that an
 /// interval that divides the span keeps its last row).
 /// Reads `loc.vsk`; needs the arrays of `mterm.vsk` and of `termfull.vsk` (Sun) or `elp.vsk` (Moon). Runs
 /// with `tdtinput` by the settings.
-/// Returns refused when the end comes before the start (see end_before_start): nothing is written then;
+/// Returns refused when the end comes before the start (see end_before_start), and for a table of
+///         refused_table: nothing is written then;
 ///         cancelled with the rows so far and the remarks in the file.
 /// Error   raises RunTimeFailure; an earlier `ephemeris.out` then stands.
 RunOutcome write_ephemeris_table(const EphemerisSettings& settings, Progress& progress);

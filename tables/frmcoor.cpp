@@ -8,7 +8,6 @@
 #include "app/messages.h"
 #include "app/platform/platform.h"
 #include "app/stored/record.h"
-#include "tables/ephemeristable.h"
 #include "ui_frmcoor.h"
 
 #include <QPointer>
@@ -66,6 +65,7 @@ constexpr Twin units[] = {
     {"", "Second", "ثانية"}, {"", "Minute", "دقيقة"}, {"", "Hour", "ساعة"}, {"", "Day", "يوم"}};
 
 constexpr int year_length = 6;
+constexpr int interval_length = 9; // no longer one than largest_interval
 constexpr const char* longest_year = "-88888";
 constexpr const char* longest_interval = "888888";
 
@@ -127,6 +127,7 @@ void frmcoor::set_sizes() {
         box->setMaxLength(year_length);
         shape_number_box(*box, longest_year);
     }
+    ui_->txti->setMaxLength(interval_length);
     shape_number_box(*ui_->txti, longest_interval);
 }
 
@@ -171,6 +172,10 @@ EphemerisSettings frmcoor::shown() const {
 
 void frmcoor::cmdcalc_click() {
     const EphemerisSettings settings = shown();
+    if (const std::optional<TableRefusal> refused = refused_table(settings)) {
+        refuse(*refused);
+        return;
+    }
     write_coor(settings);
     // The panel may be closed, and so deleted, while the run lets events happen.
     const QPointer<frmcoor> panel(this);
@@ -191,6 +196,12 @@ void frmcoor::cmdcalc_click() {
     if (panel != nullptr)
         close();
     platform().show_text_file("ephemeris.out");
+}
+
+void frmcoor::refuse(const TableRefusal& refused) {
+    warn(this, refused.told, language_);
+    QLineEdit* const inputs[] = {ui_->txty, ui_->txt2y, ui_->txti};
+    ask_again(*inputs[static_cast<int>(refused.input)]);
 }
 
 void frmcoor::cmdclose_click() {

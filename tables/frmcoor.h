@@ -2,6 +2,7 @@
 
 #include "app/language.h"
 #include "app/stored/coor.h"
+#include "tables/ephemeristable.h"
 
 #include <QDialog>
 #include <memory>
@@ -30,6 +31,7 @@ private:
     void set_sizes();
     void load(const EphemerisSettings& settings);
     EphemerisSettings shown() const;
+    void refuse(const TableRefusal& refused);
 
     std::unique_ptr<Ui::frmcoor> ui_;
     Language language_;

@@ -7,6 +7,7 @@
 #include "app/messages.h"
 #include "app/stored/record.h"
 #include "calendar/machineclock.h"
+#include "calendar/yearlimits.h"
 #include "telescope/crescentpicture.h"
 #include "telescope/readouts.h"
 #include "ui_frmtele.h"
@@ -159,7 +160,13 @@ void frmtele::cmdnow_click() {
 }
 
 void frmtele::cmdcalc_click() {
-    const std::optional<TelescopePointing> pointing = telescope_pointing(shown());
+    const TelescopeSettings settings = shown();
+    if (const std::optional<Refusal> refused = refused_year(settings.year, theory_years)) {
+        warn(this, *refused, language_);
+        ask_again(*ui_->txtyear);
+        return;
+    }
+    const std::optional<TelescopePointing> pointing = telescope_pointing(settings);
     if (!pointing) {
         warn(this, moon_below_horizon, language_);
         return;

@@ -85,6 +85,8 @@ void precess_to_j2000(double jd, SkyPlace& place) {
 
 std::optional<TelescopePointing> telescope_pointing(const TelescopeSettings& settings) {
     const TdtSpan universal_time(0);
+    const SubjectSpan subject(read_loc().name);
+    const SubjectSpan day(SubjectDay{settings.year, settings.month, settings.day});
     const double jd = instant_of(settings);
     const Observer observer = stored_observer();
     const SunPlace sun = sun_medium(observer, jd);

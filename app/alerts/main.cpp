@@ -64,8 +64,8 @@ int run(int count, char** words) {
         QObject::connect(&copy, &OnlyCopy::asked_to_show, &program, &AlertProgram::show_main_window);
         program.start();
         return QApplication::exec();
-    } catch (const std::exception& failure) {
-        end_with_failure(failure);
+    } catch (...) {
+        end_with_present_failure();
     }
 }
 

@@ -1,11 +1,14 @@
 #include "app/batch/clocktime.h"
 #include "app/batch/console.h"
+#include "app/batch/nearestname.h"
 #include "app/batch/tasks.h"
+#include "app/stored/failure.h"
 #include "app/stored/outputfile.h"
 #include "app/stored/programfolder.h"
 #include "app/stored/unfinishedfile.h"
 #include "app/version.h"
 #include "calendar/machineclock.h"
+#include "ephemeris/series.h"
 
 #include <CLI/CLI.hpp>
 
@@ -14,6 +17,7 @@
 #include <iostream>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -37,6 +41,30 @@ std::string read_now(const std::string& text, MachineTime& time) {
         return "wanted a time as YYYY-MM-DDTHH:MM, found \"" + text + "\"";
     time = *read;
     return {};
+}
+
+std::vector<std::string> names_of(const std::vector<Task>& tasks) {
+    std::vector<std::string> names;
+    for (const Task& task : tasks)
+        names.push_back(task.name);
+    return names;
+}
+
+/// The word that stands where a task is wanted and is none; nothing when a task was found.
+std::optional<std::string> unknown_task(const CLI::App& app, const std::vector<Task>& tasks) {
+    for (const Task& task : tasks)
+        if (app.got_subcommand(task.name))
+            return std::nullopt;
+    for (const std::string& word : app.remaining())
+        if (!word.starts_with('-'))
+            return word;
+    return std::nullopt;
+}
+
+/// Tells of series files that are not the delivered ones.
+void tell_series() {
+    for (const std::string& note : series_notes(true))
+        std::cerr << "halvane-report: " << note << "\n";
 }
 
 int run(int argc, char** argv) {
@@ -69,6 +97,11 @@ int run(int argc, char** argv) {
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
+        if (const std::optional<std::string> word = unknown_task(app, tasks)) {
+            std::cerr << "halvane-report: there is no task \"" << *word << "\"; the nearest is \""
+                      << nearest_name(*word, names_of(tasks)) << "\". See halvane-report --help.\n";
+            return status_usage;
+        }
         return app.exit(error) == 0 ? status_done : status_usage;
     }
     if (!folder.empty())
@@ -79,7 +112,9 @@ int run(int argc, char** argv) {
     for (const Task& task : tasks)
         if (app.got_subcommand(task.name)) {
             ConsoleProgress progress;
-            return task.run(progress);
+            const int status = task.run(progress);
+            tell_series();
+            return status;
         }
     return status_usage;
 }
@@ -93,7 +128,10 @@ int main(int argc, char** argv) {
         finish_standard_output();
         return status;
     } catch (const std::exception& failure) {
-        std::cerr << "halvane-report: " << failure.what() << "\n";
+        std::cerr << "halvane-report: " << words_of(parts_of(failure), true) << "\n";
+    } catch (...) {
+        std::cerr << "halvane-report: an unknown failure\n";
     }
+    tell_series();
     return status_failure;
 }

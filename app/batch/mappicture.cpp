@@ -23,11 +23,10 @@ struct ImageEnd {
 using Image = std::unique_ptr<gdImage, ImageEnd>;
 
 Image read_map() {
-    const std::string path = map_picture_path();
-    std::string bytes = read_file(path);
+    std::string bytes = whole_map_picture();
     Image map(gdImageCreateFromGifPtr(static_cast<int>(bytes.size()), bytes.data()));
     if (!map || gdImageSX(map.get()) != map_width || gdImageSY(map.get()) != map_height)
-        throw broken_map_picture(path);
+        throw broken_map_picture(map_picture_path());
     return map;
 }
 

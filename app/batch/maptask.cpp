@@ -4,6 +4,7 @@
 #include "app/stored/outputfile.h"
 #include "app/stored/unfinishedfile.h"
 #include "crescent/conjunction.h"
+#include "crescent/crescentform.h"
 #include "crescent/maptexts.h"
 #include "ephemeris/series.h"
 
@@ -86,7 +87,10 @@ int run_map(const MapOptions& options, Progress& progress) {
         return status_usage;
     }
     load_series();
-    const MapRun run = map_run(read_visib(), options);
+    const CrescentSettings settings = read_visib();
+    if (const auto refused = refused_conjunction(settings))
+        return report_refused(refused->told);
+    const MapRun run = map_run(settings, options);
     PointList list(progress);
     if (!draw_visibility_map(run, list)) {
         std::cerr << "Cancelled: no map has been written.\n";

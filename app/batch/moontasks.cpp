@@ -2,6 +2,7 @@
 
 #include "app/stored/phase.h"
 #include "app/stored/record.h"
+#include "crescent/crescentform.h"
 #include "crescent/crescentreport.h"
 #include "ephemeris/series.h"
 #include "phases/phasereport.h"
@@ -12,6 +13,18 @@
 #include <optional>
 
 namespace halvane {
+namespace {
+
+/// An empty text for a Delta T that can be used, as the command line library asks for.
+std::string read_delta_t(const std::string& text) {
+    PhaseYear run;
+    if (!CLI::detail::lexical_cast(text, run.delta_t))
+        return "wanted a number of seconds, found \"" + text + "\"";
+    const std::optional<Refusal> refused = refused_delta_t(run);
+    return refused ? refused->text.english : std::string();
+}
+
+} // namespace
 
 Task phases_task() {
     const auto delta_t = std::make_shared<std::optional<double>>();
@@ -20,7 +33,8 @@ Task phases_task() {
                 command
                     .add_option("--delta-t", *delta_t,
                                 "Delta T in seconds in place of the one proposed for the year")
-                    ->type_name("SECONDS");
+                    ->type_name("SECONDS")
+                    ->check(read_delta_t);
             },
             [delta_t](Progress& progress) {
                 load_termfull();
@@ -28,7 +42,11 @@ Task phases_task() {
                 load_elp();
                 const PhaseSettings settings = read_phase();
                 const std::string text = *delta_t ? plain_number(**delta_t) : proposed_delta_t(settings.year);
-                return report_written(write_phases(phase_year(settings, text), progress), "results.out");
+                const PhaseYear run = phase_year(settings, text);
+                for (const auto& refused : {refused_phase_year(run), refused_delta_t(run)})
+                    if (refused)
+                        return report_refused(*refused);
+                return report_written(write_phases(run, progress), "results.out");
             }};
 }
 
@@ -37,6 +55,9 @@ Task crescent_task() {
         "crescent", "Circumstances and visibility of the stored crescent, into visib.out", {}, [](Progress&) {
             load_series();
             const CrescentSettings settings = read_visib();
+            for (const auto& refused : {refused_conjunction(settings), refused_user_time(settings)})
+                if (refused)
+                    return report_refused(refused->told);
             write_crescent_report(settings, find_conjunction(settings));
             return report_written(RunOutcome::done, "visib.out");
         }};

@@ -1,8 +1,10 @@
 #include "app/batch/tasks.h"
 
+#include "app/stored/date.h"
 #include "app/stored/programfolder.h"
 #include "calendar/machineclock.h"
 #include "calendar/modjul.h"
+#include "calendar/yearlimits.h"
 #include "ephemeris/series.h"
 #include "prayer/cmdcom.h"
 #include "prayer/cmdmoon.h"
@@ -17,12 +19,16 @@ namespace halvane {
 namespace {
 
 int run_prayer(Progress& progress) {
+    if (const auto refused = refused_stored_period(read_date()))
+        return report_refused(*refused);
     load_term();
     load_mterm();
     return report_written(cmdcom(progress), "results.out", high_latitude_message.text.english);
 }
 
 int run_moon(Progress& progress) {
+    if (const auto refused = refused_stored_period(read_date()))
+        return report_refused(*refused);
     load_mterm();
     load_elp();
     return report_written(cmdmoon(progress), "mresults.out");
@@ -41,6 +47,8 @@ int run_today(Progress& /*progress*/) {
 }
 
 int run_qibla(Progress& progress, QiblahMark mark) {
+    if (const auto refused = refused_stored_period(read_date()))
+        return report_refused(*refused);
     load_term();
     load_mterm();
     return report_written(cmdqib(progress, stored_qiblah_direction(), mark), "results.out");
@@ -50,7 +58,10 @@ int run_ephemeris(Progress& progress) {
     load_termfull();
     load_mterm();
     load_elp();
-    return report_written(write_ephemeris_table(read_coor(), progress), "ephemeris.out",
+    const EphemerisSettings settings = read_coor();
+    if (const auto refused = refused_table(settings))
+        return report_refused(refused->told);
+    return report_written(write_ephemeris_table(settings, progress), "ephemeris.out",
                           end_before_start.text.english);
 }
 
@@ -59,6 +70,8 @@ int run_telescope(Progress& /*progress*/) {
     load_mterm();
     load_elp();
     const TelescopeSettings settings = read_tele();
+    if (const auto refused = refused_year(settings.year, theory_years))
+        return report_refused(*refused);
     const std::optional<TelescopePointing> pointing = telescope_pointing(settings);
     if (!pointing) {
         std::cerr << moon_below_horizon.text.english << "\n";
@@ -74,6 +87,11 @@ int run_telescope(Progress& /*progress*/) {
 }
 
 } // namespace
+
+int report_refused(const Refusal& refused) {
+    std::cerr << refused.text.english << "\n";
+    return status_failure;
+}
 
 int report_written(RunOutcome outcome, const char* report_name, const char* refusal) {
     if (outcome == RunOutcome::refused) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/report/progress.h"
+#include "app/stored/twintext.h"
 
 #include <functional>
 #include <string>
@@ -33,6 +34,9 @@ std::vector<Task> batch_tasks();
 Task phases_task();
 Task crescent_task();
 Task map_task();
+
+/// Prints what keeps a task from starting; gives its exit status.
+int report_refused(const Refusal& refused);
 
 /// Prints the path of a finished report and gives the run's exit status; `refusal` is what a refused run
 /// says.

@@ -1,5 +1,6 @@
 #include "app/stored/coor.h"
 
+#include "app/stored/date.h"
 #include "app/stored/storedfile.h"
 
 namespace halvane {
@@ -10,19 +11,19 @@ EphemerisSettings parse(RecordReader& reader) {
     record.object = reader.integer();
     record.local_ut1 = reader.boolean();
     record.geocentric = reader.boolean();
-    record.start_year = reader.number();
-    record.start_month = reader.number();
-    record.start_day = reader.number();
-    record.start_hour = reader.number();
-    record.start_minute = reader.number();
-    record.start_second = reader.number();
-    record.end_year = reader.number();
-    record.end_month = reader.number();
-    record.end_day = reader.number();
-    record.end_hour = reader.number();
-    record.end_minute = reader.number();
-    record.end_second = reader.number();
-    record.interval = reader.number();
+    record.start_year = reader.number_within(largest_stored_year);
+    record.start_month = reader.number_within(largest_stored_day);
+    record.start_day = reader.number_within(largest_stored_day);
+    record.start_hour = reader.number_within(largest_stored_day);
+    record.start_minute = reader.number_within(largest_stored_day);
+    record.start_second = reader.number_within(largest_stored_day);
+    record.end_year = reader.number_within(largest_stored_year);
+    record.end_month = reader.number_within(largest_stored_day);
+    record.end_day = reader.number_within(largest_stored_day);
+    record.end_hour = reader.number_within(largest_stored_day);
+    record.end_minute = reader.number_within(largest_stored_day);
+    record.end_second = reader.number_within(largest_stored_day);
+    record.interval = reader.number_within(largest_interval);
     record.unit = reader.integer();
     record.summer_time = reader.integer();
     return record;
@@ -33,19 +34,19 @@ std::string format(const EphemerisSettings& record) {
     writer.number(record.object)
         .boolean(record.local_ut1)
         .boolean(record.geocentric)
-        .number(record.start_year)
-        .number(record.start_month)
-        .number(record.start_day)
-        .number(record.start_hour)
-        .number(record.start_minute)
-        .number(record.start_second)
-        .number(record.end_year)
-        .number(record.end_month)
-        .number(record.end_day)
-        .number(record.end_hour)
-        .number(record.end_minute)
-        .number(record.end_second)
-        .number(record.interval)
+        .number_within(record.start_year, largest_stored_year)
+        .number_within(record.start_month, largest_stored_day)
+        .number_within(record.start_day, largest_stored_day)
+        .number_within(record.start_hour, largest_stored_day)
+        .number_within(record.start_minute, largest_stored_day)
+        .number_within(record.start_second, largest_stored_day)
+        .number_within(record.end_year, largest_stored_year)
+        .number_within(record.end_month, largest_stored_day)
+        .number_within(record.end_day, largest_stored_day)
+        .number_within(record.end_hour, largest_stored_day)
+        .number_within(record.end_minute, largest_stored_day)
+        .number_within(record.end_second, largest_stored_day)
+        .number_within(record.interval, largest_interval)
         .number(record.unit)
         .number(record.summer_time);
     return writer.line();

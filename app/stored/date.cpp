@@ -6,15 +6,11 @@
 namespace halvane {
 namespace {
 
-// Beyond these the day count would lose its days; a record that holds them is damaged.
-constexpr double largest_year = 999999;
-constexpr double largest_day = 9999;
-
 DateNumbers parse_date(RecordReader& reader) {
     DateNumbers date;
-    date.year = reader.number_within(largest_year);
-    date.month = reader.number_within(largest_day);
-    date.day = reader.number_within(largest_day);
+    date.year = reader.number_within(largest_stored_year);
+    date.month = reader.number_within(largest_stored_day);
+    date.day = reader.number_within(largest_stored_day);
     return date;
 }
 
@@ -32,9 +28,9 @@ CalculationDate parse(RecordReader& reader) {
 }
 
 void write_date_numbers(RecordWriter& writer, const DateNumbers& date) {
-    writer.number_within(date.year, largest_year)
-        .number_within(date.month, largest_day)
-        .number_within(date.day, largest_day);
+    writer.number_within(date.year, largest_stored_year)
+        .number_within(date.month, largest_stored_day)
+        .number_within(date.day, largest_stored_day);
 }
 
 std::string format(const CalculationDate& record) {

@@ -2,6 +2,10 @@
 
 namespace halvane {
 
+// Beyond these the day count would lose its days; a record that holds them is damaged.
+inline constexpr double largest_stored_year = 999999;
+inline constexpr double largest_stored_day = 9999; ///< also of a month, an hour, a minute and a second
+
 /// A calendar date as the user gave it; no field is checked against the calendar.
 struct DateNumbers {
     double year = 0;

@@ -1,5 +1,6 @@
 #include "app/stored/tele.h"
 
+#include "app/stored/date.h"
 #include "app/stored/storedfile.h"
 
 namespace halvane {
@@ -7,11 +8,11 @@ namespace {
 
 TelescopeSettings parse(RecordReader& reader) {
     TelescopeSettings record;
-    record.year = reader.number();
-    record.month = reader.number();
-    record.day = reader.number();
-    record.hour = reader.number();
-    record.minute = reader.number();
+    record.year = reader.number_within(largest_stored_year);
+    record.month = reader.number_within(largest_stored_day);
+    record.day = reader.number_within(largest_stored_day);
+    record.hour = reader.number_within(largest_stored_day);
+    record.minute = reader.number_within(largest_stored_day);
     record.airless = reader.boolean();
     record.refracted = reader.boolean();
     record.of_date = reader.boolean();
@@ -23,11 +24,11 @@ TelescopeSettings parse(RecordReader& reader) {
 
 std::string format(const TelescopeSettings& record) {
     RecordWriter writer;
-    writer.number(record.year)
-        .number(record.month)
-        .number(record.day)
-        .number(record.hour)
-        .number(record.minute)
+    writer.number_within(record.year, largest_stored_year)
+        .number_within(record.month, largest_stored_day)
+        .number_within(record.day, largest_stored_day)
+        .number_within(record.hour, largest_stored_day)
+        .number_within(record.minute, largest_stored_day)
         .boolean(record.airless)
         .boolean(record.refracted)
         .boolean(record.of_date)

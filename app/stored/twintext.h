@@ -29,4 +29,10 @@ struct TwinWords {
     const std::string& in(bool english_wanted) const { return english_wanted ? english : arabic; }
 };
 
+/// What the user is told of a value that has no answer, where it was typed: nothing runs, nothing is stored.
+struct Refusal {
+    TwinText title;
+    TwinWords text;
+};
+
 } // namespace halvane

@@ -83,16 +83,91 @@ TEST_F(BatchTest, NamesDamagedAndMissingFiles) {
         expect_failure(run_in_folder({task}), "Cannot open " + (folder / "pref.vsk").string());
     folder.write("pref.vsk", bytes_of(delivered("pref.vsk")));
     folder.write("term.vsk", "1,2\r\n");
-    expect_failure(run_in_folder({"prayer"}), "term.vsk, record 1, field 3");
+    const Outcome damaged = run_in_folder({"prayer"});
+    EXPECT_EQ(damaged.status, 1);
+    EXPECT_TRUE(holds(damaged.errors, "term.vsk, record 1, field 3")) << damaged.errors;
+    EXPECT_TRUE(holds(damaged.errors, note_of("term.vsk"))) << damaged.errors;
     EXPECT_FALSE(folder.has("results.out"));
 }
 
 TEST_F(BatchTest, NamesASettingWithoutAFiniteResult) {
     folder.write("loc.vsk", "\"Cold\",36,0,0,31,0,0,0,2,#TRUE#,#TRUE#,#FALSE#,#FALSE#,0,1010,-273\r\n");
     for (const char* task : {"prayer", "moon", "today"})
-        expect_failure(run_in_folder({task}), "no finite value");
+        expect_failure(
+            run_in_folder({"--now", "2026-02-18T12:00", task}),
+            "The calculation of a rise or set altitude on 18/02/2026 for Cold has no finite value");
     EXPECT_FALSE(folder.has("results.out"));
     EXPECT_FALSE(folder.has("mresults.out"));
+}
+
+TEST_F(BatchTest, TellsOfASeriesFileThatIsNotTheDeliveredOne) {
+    std::string series = bytes_of(delivered("term.vsk"));
+    series[series.find_last_of("12345678")] += 1;
+    folder.write("term.vsk", series);
+    const Outcome outcome = run_in_folder({"today"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.errors, note_of("term.vsk"));
+}
+
+TEST_F(BatchTest, ACutMapPictureIsAFailureThatNamesIt) {
+    const std::string map = bytes_of(delivered("map.gif"));
+    for (const std::size_t length : {map.size() / 2, map.size() - 1, std::size_t{0}}) {
+        folder.write("map.gif", map.substr(0, length));
+        expect_failure(run_in_folder({"map", "--output", (folder / "new.gif").string()}),
+                       (folder / "map.gif").string());
+        EXPECT_FALSE(folder.has("new.gif"));
+    }
+}
+
+TEST_F(BatchTest, AYearBeyondTheTheoriesIsToldBeforeTheRun) {
+    folder.write("date.vsk", "#TRUE#,200000,1,1,200000,1,1,2026,1,1,2026,1,1,200000,1,1,#FALSE#,#FALSE#\r\n");
+    folder.write("phase.vsk", "\"99999\",#TRUE#,#TRUE#\r\n");
+    folder.write("tele.vsk", "200000,3,11,18,30,#TRUE#,#FALSE#,#TRUE#,#FALSE#,0,0\r\n");
+    folder.write("coor.vsk", "1,#TRUE#,#TRUE#,2026,1,1,0,0,0,200000,1,1,0,0,0,1,3,0\r\n");
+    folder.write("visib.vsk", "\"1\",\"1\",\"300000\",#TRUE#,#TRUE#,#TRUE#,#FALSE#,#FALSE#,#FALSE#,#FALSE#,"
+                              "#TRUE#,#FALSE#,\"0\",\"0\",#TRUE#,#FALSE#,0,\"1447\"\r\n");
+    for (const char* task : {"prayer", "moon", "qibla-sun", "qibla-shadow", "phases", "telescope",
+                             "ephemeris", "crescent", "map"}) {
+        const Outcome outcome = run_in_folder({task});
+        EXPECT_EQ(outcome.status, 1) << task;
+        EXPECT_EQ(outcome.output, "") << task;
+        EXPECT_TRUE(outcome.errors.starts_with("There is no answer for the year ")) << task << outcome.errors;
+    }
+    for (const char* report : {"results.out", "mresults.out", "ephemeris.out", "visib.out"})
+        EXPECT_FALSE(folder.has(report)) << report;
+}
+
+TEST_F(BatchTest, AnEndlessEphemerisIsRefusedBeforeItStarts) {
+    folder.write("coor.vsk", "1,#TRUE#,#TRUE#,2026,1,1,0,0,0,2026,1,2,0,0,1e308,1,0,0\r\n");
+    expect_failure(run_in_folder({"ephemeris"}), "coor.vsk, record 1, field 15: wanted a number within 9999");
+    folder.write("coor.vsk", "1,#TRUE#,#TRUE#,2026,1,1,0,0,0,1e18,1,2,0,0,0,1,0,0\r\n");
+    expect_failure(run_in_folder({"ephemeris"}), "coor.vsk, record 1, field 10");
+    folder.write("coor.vsk", "1,#TRUE#,#TRUE#,1000,1,1,0,0,0,9000,1,2,0,0,0,1,0,0\r\n");
+    const Outcome outcome = run_in_folder({"ephemeris"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_TRUE(holds(outcome.errors, "at most 10000000 are written")) << outcome.errors;
+    EXPECT_FALSE(folder.has("ephemeris.out"));
+}
+
+TEST_F(BatchTest, ADeltaTBeyondItsLimitIsRefused) {
+    for (const char* delta_t : {"1e308", "-1e7", "nan", "inf"}) {
+        const Outcome outcome = run_in_folder({"phases", std::string("--delta-t=") + delta_t});
+        EXPECT_EQ(outcome.status, 2) << delta_t;
+        EXPECT_NE(outcome.errors, "") << delta_t;
+    }
+    EXPECT_FALSE(folder.has("results.out"));
+}
+
+TEST_F(BatchTest, AMistypedTaskIsNamedWithTheNearestOne) {
+    const std::pair<const char*, const char*> words[] = {
+        {"prayr", "prayer"}, {"qibla", "qibla-sun"}, {"ephemris", "ephemeris"}, {"Maps", "map"}};
+    for (const auto& [typed, nearest] : words) {
+        const Outcome outcome = run_in_folder({typed});
+        EXPECT_EQ(outcome.status, 2);
+        EXPECT_EQ(outcome.output, "");
+        EXPECT_EQ(outcome.errors, std::string("halvane-report: there is no task \"") + typed +
+                                      "\"; the nearest is \"" + nearest + "\". See halvane-report --help.\n");
+    }
 }
 
 TEST_F(BatchTest, NamesAReportThatCannotBeReplaced) {

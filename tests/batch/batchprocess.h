@@ -71,6 +71,10 @@ protected:
         EXPECT_TRUE(holds(outcome.errors, part)) << outcome.errors;
     }
 
+    std::string note_of(const std::string& name) const {
+        return "halvane-report: the series file " + (folder / name).string() + " is not the delivered one\n";
+    }
+
     TemporaryProgramFolder folder;
     TemporaryProgramFolder streams;
 };

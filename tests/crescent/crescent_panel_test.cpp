@@ -7,6 +7,7 @@
 #include "tests/panel/panelchecks.h"
 #include "tests/support/places.h"
 
+#include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTimer>
@@ -109,6 +110,39 @@ TEST_F(CrescentPanel, TheHijriMonthsAreListedInBothLanguages) {
     in_both_languages<frmcresv>([&](QWidget& form, Language language) {
         EXPECT_EQ(entries(form, "cbomh"), language == Language::english ? english : arabic);
     });
+}
+
+TEST_F(CrescentPanel, AYearBeyondTheTheoriesIsToldInItsBoxAndFindsNoConjunction) {
+    frmcresv form;
+    form.show();
+    for (const auto& [option, box] : {std::pair{"optgre", "txtyear"}, std::pair{"opthej", "txtyearh"}}) {
+        click(form, option);
+        messages.clear();
+        enter(form, box, QStringLiteral("300000"));
+        click(form, "cmdprev");
+        ASSERT_EQ(messages.size(), 1U) << box;
+        EXPECT_EQ(messages[0].title, QStringLiteral("Year Error"));
+        EXPECT_TRUE(messages[0].text.contains(QStringLiteral("300000")));
+        EXPECT_EQ(form.focusWidget(), &control(form, box));
+        EXPECT_EQ(control<QLineEdit>(form, box).selectedText(), QStringLiteral("300000"));
+        expect_reset(form, box);
+    }
+}
+
+TEST_F(CrescentPanel, AStoredTimeThatIsNoClockIsToldAndNothingIsWritten) {
+    CrescentSettings stored = march_2025();
+    stored.at_best_time = false;
+    stored.at_user_time = true;
+    stored.user_hour = std::string(300, '9');
+    write_visib(stored);
+    frmcresv form;
+    form.show();
+    click(form, "cmdprev");
+    click(form, "cmdcalc");
+    ASSERT_EQ(messages.size(), 1U);
+    EXPECT_EQ(messages[0].title, QStringLiteral("Time Error"));
+    EXPECT_EQ(form.focusWidget(), &control(form, "cboh"));
+    EXPECT_FALSE(exists("visib.out"));
 }
 
 TEST_F(CrescentPanel, EveryStoredFieldIsShown) {

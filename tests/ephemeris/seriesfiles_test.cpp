@@ -72,6 +72,44 @@ void expect_ordinals(const Rows& rows) {
 // The sums were taken apart from the published tables: VSOP87D (Bretagnon and Francou 1988),
 // tables 22.A, 47.A and 47.B of Meeus (1998), ELP 2000-85 (Chapront-Touze and Chapront 1991).
 
+TEST(DeliveredSeries, AreKnownByTheirChecksum) {
+    const TemporaryProgramFolder folder;
+    load_series();
+    EXPECT_TRUE(series_notes(true).empty());
+    for (const auto& [name, load] :
+         {std::pair{"term.vsk", load_term}, std::pair{"termfull.vsk", load_termfull},
+          std::pair{"mterm.vsk", load_mterm}, std::pair{"elp.vsk", load_elp}}) {
+        std::string text = folder.read(name);
+        const std::size_t digit = text.find_last_of("12345678");
+        ++text[digit];
+        folder.write(name, text);
+        load();
+        const std::string path = (folder / name).string();
+        EXPECT_EQ(series_notes(true),
+                  std::vector<std::string>{"the series file " + path + " is not the delivered one"});
+        EXPECT_NE(series_notes(false).at(0).find(path), std::string::npos);
+        folder.write(name, bytes_of(delivered(name)));
+        load();
+        EXPECT_TRUE(series_notes(true).empty()) << name;
+    }
+}
+
+TEST(DeliveredSeries, ACutOneIsAFailureThatNamesItAndIsNoted) {
+    const TemporaryProgramFolder folder;
+    const std::string text = folder.read("term.vsk");
+    folder.write("term.vsk", text.substr(0, text.size() / 2));
+    try {
+        load_term();
+        ADD_FAILURE() << "a cut series was taken";
+    } catch (const RunTimeFailure& failure) {
+        EXPECT_NE(std::string(failure.what()).find((folder / "term.vsk").string()), std::string::npos);
+    }
+    EXPECT_EQ(series_notes(true).size(), 1U);
+    folder.write("term.vsk", text);
+    load_term();
+    EXPECT_TRUE(series_notes(true).empty());
+}
+
 TEST(DeliveredSeries, HoldsTheCompleteSunAsPublished) {
     const Rows rows = rows_of(bytes_of(delivered("termfull.vsk")));
     ASSERT_EQ(rows.size(), 2425U);

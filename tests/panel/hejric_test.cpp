@@ -258,13 +258,36 @@ TEST_F(HejricTest, ADayPastItsMonthsEndRunsOn) {
     EXPECT_EQ(caption(form, "lblday"), "Saturday"); // 1 July 2023
 }
 
-TEST_F(HejricTest, TheLongestYearThatCanBeTypedIsConverted) {
+TEST_F(HejricTest, TheYearTakesATextOfAnyLengthAndTellsWhatIsTooLarge) {
     frmhej form;
     form.show();
-    convert(form, "99999999999999999999", "Thul Hejjah", "30");
-    EXPECT_EQ(year(form), "999999999999");
+    for (const char* option : {"opthtg", "optgth"}) {
+        click(form, option);
+        for (const QString& typed : {QString(40, u'9'), QString(400, u'9'), QStringLiteral("1000000")}) {
+            messages.clear();
+            enter(form, "txty", typed);
+            EXPECT_EQ(year(form), typed);
+            click(form, "cmdcon");
+            ASSERT_EQ(messages.size(), 1U) << typed.toStdString();
+            EXPECT_TRUE(messages[0].exclamation);
+            EXPECT_EQ(form.focusWidget(), &control(form, "txty"));
+            EXPECT_EQ(control<QLineEdit>(form, "txty").selectedText(), typed);
+        }
+        EXPECT_EQ(messages[0].title, QStringLiteral("Year Error"));
+        EXPECT_TRUE(messages[0].text.contains(QStringLiteral("year 1000000:")));
+        EXPECT_TRUE(messages[0].text.endsWith(QStringLiteral("to 999999.")));
+    }
+}
+
+TEST_F(HejricTest, TheLastYearsAreConverted) {
+    frmhej form;
+    form.show();
+    convert(form, "999999", "Thul Hejjah", "30");
+    EXPECT_EQ(caption(form, "lblyt"), QStringLiteral("970844"));
+    click(form, "optgth");
+    convert(form, "999999", "December", "31");
     EXPECT_FALSE(caption(form, "lblmt").isEmpty());
-    EXPECT_FALSE(caption(form, "lblday").isEmpty());
+    EXPECT_TRUE(messages.empty());
 }
 
 TEST_F(HejricTest, EnterConvertsAndEscapeCloses) {

@@ -125,6 +125,46 @@ TEST_F(MainPanelTest, BeforeTheLoadTheLabelsHoldTheirDesign) {
     EXPECT_EQ(text(form, "lblmtime"), QStringLiteral("Machine's Time: "));
 }
 
+TEST_F(MainPanelTest, AStoredYearBeyondTheTheoriesIsToldBeforeTheRun) {
+    set_period({200000, 1, 1}, {200000, 1, 2});
+    frmmain form;
+    form.load();
+    for (const char* button : {"cmdcom", "cmdmoon"}) {
+        messages.clear();
+        click(form, button);
+        ASSERT_EQ(messages.size(), 1U) << button;
+        EXPECT_EQ(messages[0].title, QStringLiteral("Year Error"));
+        EXPECT_TRUE(messages[0].text.startsWith(QStringLiteral("There is no answer for the year 200000: ")));
+        EXPECT_TRUE(messages[0].text.endsWith(QStringLiteral("It stands in the Date menu.")));
+    }
+    EXPECT_FALSE(exists("results.out"));
+    EXPECT_FALSE(exists("mresults.out"));
+}
+
+TEST_F(MainPanelTest, TheFootTellsOfASeriesFileThatIsNotTheDeliveredOne) {
+    frmmain form;
+    form.load();
+    EXPECT_TRUE(control(form, "lblseries").isHidden());
+    const std::string delivered = content("term.vsk");
+    std::string series = delivered;
+    const std::size_t digit = series.find_first_of("12345678", series.find(',') + 1);
+    ++series[digit];
+    std::filesystem::remove(path("term.vsk")); // it may be a link to the delivered one
+    put("term.vsk", series);
+    form.load();
+    EXPECT_FALSE(control(form, "lblseries").isHidden());
+    EXPECT_EQ(text(form, "lblseries"), QStringLiteral("Beware: the series file %1 is not the delivered one.")
+                                           .arg(QString::fromStdString(path("term.vsk"))));
+    set_language(Language::arabic);
+    form.load();
+    EXPECT_TRUE(text(form, "lblseries").contains(QStringLiteral("ليس الملف المسلم مع البرنامج")));
+    set_language(Language::english);
+    std::filesystem::remove(path("term.vsk"));
+    put("term.vsk", delivered);
+    form.load();
+    EXPECT_TRUE(control(form, "lblseries").isHidden());
+}
+
 TEST_F(MainPanelTest, TheFilesAreReadInTheOrderOfTheLoadStep) {
     const std::vector<std::string> order{"termfull.vsk", "loc.vsk",  "term.vsk", "mterm.vsk",
                                          "pref.vsk",     "date.vsk", "elp.vsk"};

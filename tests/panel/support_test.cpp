@@ -1,3 +1,4 @@
+#include "app/application.h"
 #include "app/frmstyle.h"
 #include "app/frmsupport.h"
 #include "app/messages.h"
@@ -23,8 +24,10 @@
 #include <algorithm>
 #include <cerrno>
 #include <cmath>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <new>
 #include <string>
 #include <sys/stat.h>
 
@@ -268,6 +271,54 @@ TEST_F(SupportTest, AFailureNamesWhatFailedAndWhatToDo) {
     EXPECT_TRUE(messages[1].informative_text.contains(QStringLiteral("أعد هذا الملف إلى مكانه")));
     EXPECT_EQ(messages[1].buttons, QStringList{QStringLiteral("موافق")});
     EXPECT_EQ(messages[1].direction, Qt::RightToLeft);
+}
+
+TEST_F(SupportTest, EveryKindOfFailureHasARemedyOfItsOwn) {
+    const RunTimeFailure failures[] = {file_failure(FileAction::open, "/f", ENOENT),
+                                       file_failure(FileAction::write, "/f", EACCES),
+                                       file_failure(FileAction::write, "/f", ENOSPC),
+                                       file_failure(FileAction::read, "/f", EISDIR),
+                                       damaged_file("/f", {"a", "a"}, {"b", "b"}),
+                                       RunTimeFailure({"w", "w"}, FailureKind::no_finite_value),
+                                       RunTimeFailure({"w", "w"}, FailureKind::no_memory),
+                                       RunTimeFailure(TwinWords{"w", "w"})};
+    for (const Language language : {Language::english, Language::arabic}) {
+        QStringList remedies;
+        for (const RunTimeFailure& failure : failures) {
+            messages.clear();
+            tell_failure(failure, language);
+            remedies << messages.at(0).informative_text.section(QStringLiteral("\n\n"), -1);
+        }
+        EXPECT_EQ(remedies.removeDuplicates(), 0);
+    }
+}
+
+TEST_F(SupportTest, WantOfMemoryIsToldInTheBoxAndEndsTheProgram) {
+    EXPECT_EXIT(
+        {
+            set_message_presenter([](QMessageBox& box) {
+                std::fprintf(stderr, "box: %s\n", qPrintable(box.informativeText()));
+                return true;
+            });
+            end_with_failure(std::bad_alloc());
+        },
+        ::testing::ExitedWithCode(1), "box: The system gives no more memory");
+}
+
+TEST_F(SupportTest, AnExceptionOfAnyTypeIsToldInTheBoxAndEndsTheProgram) {
+    EXPECT_EXIT(
+        {
+            set_message_presenter([](QMessageBox& box) {
+                std::fprintf(stderr, "box: %s\n", qPrintable(box.informativeText()));
+                return true;
+            });
+            try {
+                throw 42;
+            } catch (...) {
+                end_with_present_failure();
+            }
+        },
+        ::testing::ExitedWithCode(1), "box: An unexpected failure inside the program");
 }
 
 TEST_F(SupportTest, FocusSelectsTheWholeTextOfABox) {

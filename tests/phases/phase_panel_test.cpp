@@ -14,6 +14,7 @@
 #include "tests/golden/recordingprogress.h"
 #include "tests/panel/panelchecks.h"
 
+#include <QLineEdit>
 #include <QRadioButton>
 #include <QTimer>
 #include <optional>
@@ -328,6 +329,41 @@ TEST_F(PhasePanel, ATopocentricTableDiffersFromTheGeocentricOne) {
     click(form, "cmdcalc");
     EXPECT_NE(rows(), geocentric);
     EXPECT_EQ(rows().size(), geocentric.size());
+}
+
+TEST_F(PhasePanel, AYearWithoutAWholeTableIsToldInItsBoxBeforeTheRun) {
+    frmphase form;
+    form.show();
+    for (const QString& year :
+         {QStringLiteral("99999"), QStringLiteral("7001"), QStringLiteral("-4001"), QString(300, u'9')}) {
+        messages.clear();
+        enter(form, "txtyear", year);
+        EXPECT_EQ(text(form, "txtdelta"), QString()) << year.toStdString();
+        click(form, "cmdcalc");
+        ASSERT_EQ(messages.size(), 1U) << year.toStdString();
+        EXPECT_TRUE(messages[0].text.endsWith(QStringLiteral("please enter a year from -4000 to 7000.")));
+        EXPECT_EQ(form.focusWidget(), &control(form, "txtyear"));
+        EXPECT_EQ(control<QLineEdit>(form, "txtyear").selectedText(), year);
+    }
+    EXPECT_FALSE(exists("results.out"));
+    EXPECT_EQ(open_window("frmwait"), nullptr);
+}
+
+TEST_F(PhasePanel, ADeltaTBeyondItsLimitIsToldInItsBoxUnlessItIsNotUsed) {
+    set_language(Language::arabic);
+    frmphase form;
+    form.show();
+    enter(form, "txtdelta", QStringLiteral("1000001"));
+    click(form, "cmdcalc");
+    ASSERT_EQ(messages.size(), 1U);
+    EXPECT_EQ(messages[0].title, QStringLiteral("خطأ"));
+    EXPECT_TRUE(messages[0].text.contains(QStringLiteral("1000000")));
+    EXPECT_EQ(form.focusWidget(), &control(form, "txtdelta"));
+    EXPECT_FALSE(exists("results.out"));
+    click(form, "opttdt");
+    click(form, "cmdcalc");
+    EXPECT_EQ(messages.size(), 1U);
+    EXPECT_FALSE(rows().empty());
 }
 
 TEST_F(PhasePanel, AYearWithoutDigitsIsTheYearZero) {

@@ -96,6 +96,17 @@ TEST_P(QiblahMapCaption, IsThatOfTheLanguage) {
 
 INSTANTIATE_TEST_SUITE_P(Every, QiblahMapCaption, ::testing::ValuesIn(map_captions), caption_name);
 
+TEST_F(QiblahPanelTest, AStoredYearBeyondTheTheoriesIsToldBeforeTheRun) {
+    set_period({200000, 6, 1}, {200000, 6, 30});
+    frmqib form;
+    form.show();
+    click(form, "cmdqib");
+    ASSERT_EQ(messages.size(), 1U);
+    EXPECT_EQ(messages[0].title, QStringLiteral("Year Error"));
+    EXPECT_TRUE(messages[0].text.contains(QStringLiteral("200000")));
+    EXPECT_FALSE(exists("results.out"));
+}
+
 TEST_F(QiblahPanelTest, ADirectionWithoutDecimalsHasNone) {
     move_to("London", -0.125, 51.5);
     frmqib form;

@@ -218,23 +218,46 @@ TEST_F(EphemerisTable, TheOpenReferenceOfAnotherPanelDoesNotReachTheTable) {
     EXPECT_EQ(report(), alone);
 }
 
-TEST_F(EphemerisTable, AFarDateEnds) {
-    EphemerisSettings settings = span_of_days(1, 1, 1, hour);
-    settings.start_year = settings.end_year = 1e15;
-    settings.end_hour = 5;
-    // A day cannot be told from the next one there; the count of rows ends the table.
-    EXPECT_EQ(run(settings), RunOutcome::done);
-    EXPECT_LE(progress_.yields, 6);
+TEST_F(EphemerisTable, AYearBeyondTheTheoriesIsRefusedBeforeTheTableStarts) {
+    put_report("an earlier table");
+    for (const double year : {-4001.0, 10000.0, 1e15}) {
+        EphemerisSettings settings = span_of_days(1, 1, 1, hour);
+        settings.start_year = settings.end_year = year;
+        ASSERT_TRUE(refused_table(settings)) << year;
+        EXPECT_EQ(refused_table(settings)->input, TableInput::start_year);
+        EXPECT_EQ(run(settings), RunOutcome::refused);
+        settings.start_year = 2024;
+        EXPECT_EQ(refused_table(settings)->input, TableInput::end_year);
+        EXPECT_EQ(run(settings), RunOutcome::refused);
+    }
+    EXPECT_EQ(report(), "an earlier table");
+    EXPECT_EQ(progress_.yields, 0);
 }
 
-TEST_F(EphemerisTable, ADateWithoutAFiniteDayIsARunTimeFailure) {
+TEST_F(EphemerisTable, MoreThanTenMillionRowsAreRefusedBeforeTheTableStarts) {
+    // 10^7 seconds are 115 d 17 h 46 min 40 s; the row of the start comes to them.
+    EphemerisSettings settings = span_of_days(1, 116, 1, second);
+    settings.end_hour = 17;
+    settings.end_minute = 46;
+    settings.end_second = 39;
+    EXPECT_FALSE(refused_table(settings));
+    settings.end_second = 40;
+    ASSERT_TRUE(refused_table(settings));
+    EXPECT_EQ(refused_table(settings)->input, TableInput::interval);
+    EXPECT_NE(refused_table(settings)->told.text.english.find("10000001 rows"), std::string::npos);
+    EXPECT_NE(refused_table(settings)->told.text.arabic.find("10000001"), std::string::npos);
+    EXPECT_EQ(run(settings), RunOutcome::refused);
+    EXPECT_FALSE(is_written());
+}
+
+TEST_F(EphemerisTable, ADateWithoutAFiniteDayIsRefused) {
     put_report("an earlier table");
     for (const double year : {1e200, -1e200, 1.7e308}) {
         EphemerisSettings settings = span_of_days(1, 1, 1, day);
         settings.start_year = settings.end_year = year;
         for (const int object : {0, 1}) {
             settings.object = object;
-            EXPECT_THROW(run(settings), RunTimeFailure) << year;
+            EXPECT_EQ(run(settings), RunOutcome::refused) << year;
         }
     }
     EXPECT_EQ(report(), "an earlier table");

@@ -8,6 +8,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLineEdit>
 #include <QPointer>
 #include <QRadioButton>
 #include <QTimer>
@@ -184,6 +185,52 @@ TEST_F(CoorTest, AnEndBeforeTheStartIsToldAndNothingIsWritten) {
     EXPECT_TRUE(platform_double.shown_files.empty());
     EXPECT_EQ(open_window("frmwait"), nullptr);
     EXPECT_NE(content("coor.vsk").find(",2024,1,2,0,0,0,2024,1,1,23,59,0,"), std::string::npos);
+}
+
+TEST_F(CoorTest, AYearBeyondTheTheoriesIsToldInItsBoxAndNothingIsStored) {
+    const std::string stored = content("coor.vsk");
+    frmcoor form;
+    form.show();
+    for (const char* box : {"txt2y", "txty"}) {
+        enter(form, box, QStringLiteral("99999"));
+        messages.clear();
+        click(form, "cmdcalc");
+        ASSERT_EQ(messages.size(), 1U) << box;
+        expect_warning(messages[0], QStringLiteral("Year Error"),
+                       QStringLiteral("There is no answer for the year 99999: please enter a year from "
+                                      "-4000 to 9999."));
+        EXPECT_EQ(form.focusWidget(), &control(form, box));
+        EXPECT_EQ(control<QLineEdit>(form, box).selectedText(), QStringLiteral("99999"));
+    }
+    EXPECT_EQ(content("coor.vsk"), stored);
+    EXPECT_FALSE(exists("ephemeris.out"));
+}
+
+TEST_F(CoorTest, AnEndlessTableIsToldInItsBoxAndNothingIsStored) {
+    const std::string stored = content("coor.vsk");
+    set_language(Language::arabic);
+    frmcoor form;
+    form.show();
+    enter_start(form, "1000", "1", "1", "0");
+    enter_end(form, "9000", "1", "1", "0", "0");
+    enter(form, "txti", QStringLiteral("1"));
+    choose(form, "cboi", QStringLiteral("ثانية"));
+    click(form, "cmdcalc");
+    ASSERT_EQ(messages.size(), 1U);
+    EXPECT_EQ(messages[0].title, QStringLiteral("خطأ"));
+    EXPECT_TRUE(messages[0].text.contains(QStringLiteral("10000000")));
+    EXPECT_EQ(form.focusWidget(), &control(form, "txti"));
+    EXPECT_EQ(content("coor.vsk"), stored);
+    EXPECT_FALSE(exists("ephemeris.out"));
+}
+
+TEST_F(CoorTest, TheLongestIntervalThatCanBeTypedIsStoredAsItStands) {
+    frmcoor form;
+    form.show();
+    enter(form, "txti", QStringLiteral("99999999999999999999"));
+    EXPECT_EQ(text(form, "txti"), QStringLiteral("999999999"));
+    click(form, "cmdclose");
+    EXPECT_TRUE(content("coor.vsk").ends_with(",999999999,3,0\r\n")) << content("coor.vsk");
 }
 
 TEST_F(CoorTest, TheDateMessageIsArabicInArabic) {

@@ -9,6 +9,7 @@
 #include <QCheckBox>
 #include <QImage>
 #include <QLabel>
+#include <QLineEdit>
 #include <QRadioButton>
 #include <cmath>
 #include <filesystem>
@@ -52,6 +53,21 @@ TEST_F(TeleTest, EveryCaptionIsThatOfTheLanguage) {
         expect_captions(form, frmtele_twins(), language);
         EXPECT_EQ(control(form, "readtable").layoutDirection(), Qt::LeftToRight);
     });
+}
+
+TEST_F(TeleTest, AYearBeyondTheTheoriesIsToldInItsBoxAndTheReadOutsStay) {
+    frmtele form;
+    form.show();
+    click(form, "cmdcalc");
+    const QStringList before = shown_read_outs(form);
+    enter(form, "txtyear", QStringLiteral("99999"));
+    click(form, "cmdcalc");
+    ASSERT_EQ(messages.size(), 1U);
+    EXPECT_EQ(messages[0].title, QStringLiteral("Year Error"));
+    EXPECT_TRUE(messages[0].text.contains(QStringLiteral("99999")));
+    EXPECT_EQ(form.focusWidget(), &control(form, "txtyear"));
+    EXPECT_EQ(control<QLineEdit>(form, "txtyear").selectedText(), QStringLiteral("99999"));
+    EXPECT_EQ(shown_read_outs(form), before);
 }
 
 TEST_F(TeleTest, TheRefractionOptionsHaveTheirArabicCaptions) {

@@ -2,7 +2,9 @@
 
 #include "app/frmstyle.h"
 #include "app/messages.h"
+#include "app/textviewface.h"
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QKeyEvent>
@@ -78,6 +80,7 @@ std::span<const Twin> textview_twins() {
 
 TextView::TextView(std::shared_ptr<const KeptText> text, Kind kind, Language language, QWidget* parent)
     : QAbstractScrollArea(parent), text_(std::move(text)), kind_(kind), language_(language) {
+    install_textview_face();
     setFocusPolicy(Qt::StrongFocus);
     viewport()->setCursor(Qt::IBeamCursor);
     viewport()->setBackgroundRole(QPalette::Base);
@@ -215,11 +218,33 @@ TextPlace TextView::place_at(const QPointF& point) const {
     return {line, layout.lineAt(0).xToCursor(point.x() - left_edge() + horizontalScrollBar()->value())};
 }
 
+QRect TextView::rectangle_of(const TextPlace& place) const {
+    QTextLayout layout;
+    set_line(layout, place.line);
+    const double x = layout.lineAt(0).cursorToX(place.column) + left_edge() - horizontalScrollBar()->value();
+    const double y = static_cast<double>(place.line - top_line()) * row_height_;
+    return QRectF(x, y, style_.column, row_height_).toRect();
+}
+
 void TextView::select(const TextPlace& anchor, const TextPlace& cursor) {
+    const std::int64_t line_before = cursor_.line;
     anchor_ = anchor;
     cursor_ = cursor;
     bring_into_sight(cursor);
     viewport()->update();
+    tell_readers(line_before);
+}
+
+/// What a screen reader reads is the cursor's line.
+void TextView::tell_readers(std::int64_t line_before) {
+    if (!QAccessible::isActive())
+        return;
+    if (cursor_.line != line_before) {
+        QAccessibleTextUpdateEvent changed(this, 0, text_->line(line_before), text_->line(cursor_.line));
+        QAccessible::updateAccessibility(&changed);
+    }
+    QAccessibleTextCursorEvent moved(this, cursor_.column);
+    QAccessible::updateAccessibility(&moved);
 }
 
 void TextView::select_all() {
@@ -317,8 +342,7 @@ bool TextView::move_by_key(const QKeyEvent& event) {
 
 void TextView::keyPressEvent(QKeyEvent* event) {
     if (event->matches(QKeySequence::Copy)) {
-        if (has_selection())
-            copy();
+        copy();
     } else if (event->matches(QKeySequence::SelectAll)) {
         select_all();
     } else if (!move_by_key(*event)) {

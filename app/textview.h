@@ -39,6 +39,9 @@ public:
     /// The line that stands highest, and how many stand whole below each other.
     std::int64_t top_line() const;
     int whole_lines() const;
+    /// The place nearest to a point of the viewport, and the strip of the viewport before a place.
+    TextPlace place_at(const QPointF& point) const;
+    QRect rectangle_of(const TextPlace& place) const;
     /// Puts the cursor at the start of a line and that line highest.
     void show_from(std::int64_t line);
     /// What the clipboard takes: the selection, or all of the text. A long one is made when it is asked for.
@@ -77,13 +80,13 @@ private:
     void set_line(QTextLayout& layout, std::int64_t line) const;
     void paint_lines(QPainter& painter, const QRect& part);
     void paint_line(QPainter& painter, std::int64_t line, double top);
-    TextPlace place_at(const QPointF& point) const;
     void move_to(const TextPlace& place, bool keep_anchor);
     bool move_by_key(const QKeyEvent& event);
     TextPlace beside(bool to_left, bool by_word) const;
     TextPlace lines_away(std::int64_t count) const;
     void bring_into_sight(const TextPlace& place);
     void offer_selection() const;
+    void tell_readers(std::int64_t line_before);
 
     std::shared_ptr<const KeptText> text_;
     Kind kind_;

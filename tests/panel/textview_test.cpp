@@ -2,6 +2,7 @@
 #include "app/viewer.h"
 #include "tests/panel/panelharness.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QMimeData>
@@ -100,6 +101,28 @@ TEST_F(TextViewTest, TheMouseSelectsFromWhereItIsPressed) {
     EXPECT_EQ(view.selected_text(), QStringLiteral("row"));
     QTest::mouseClick(view.viewport(), Qt::LeftButton, Qt::ShiftModifier, to);
     EXPECT_EQ(view.cursor(), (TextPlace{2, 0}));
+}
+
+TEST_F(TextViewTest, AScreenReaderReadsTheLineOfTheCursor) {
+    TextView view(rows(50), TextView::Kind::table, Language::english);
+    view.show();
+    press(view, Qt::Key_Down);
+    press(view, Qt::Key_Right, Qt::ControlModifier);
+    press(view, Qt::Key_Right, Qt::ShiftModifier);
+    QAccessibleInterface* face = QAccessible::queryAccessibleInterface(&view);
+    ASSERT_NE(face, nullptr);
+    QAccessibleTextInterface* text = face->textInterface();
+    ASSERT_NE(text, nullptr);
+    EXPECT_EQ(text->text(0, text->characterCount()), QStringLiteral("row 1 of the table"));
+    EXPECT_EQ(text->cursorPosition(), 5);
+    ASSERT_EQ(text->selectionCount(), 1);
+    int start = -1;
+    int end = -1;
+    text->selection(0, &start, &end);
+    EXPECT_EQ(start, 4);
+    EXPECT_EQ(end, 5);
+    EXPECT_EQ(text->offsetAtPoint(text->characterRect(7).center() - QPoint(1, 0)), 7);
+    EXPECT_TRUE(face->state().readOnly);
 }
 
 TEST_F(TextViewTest, TheWheelScrollsAndWithControlZooms) {

@@ -71,6 +71,13 @@ QByteArray icon_source(const QString& name) {
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+QString without_leading_blanks(const QString& text) {
+    qsizetype first = 0;
+    while (first < text.size() && text[first] == u' ')
+        ++first;
+    return text.mid(first);
+}
+
 /// The system's style with two marks of its own: a chosen option takes the accent, and an access key within
 /// letters that join is underlined with the text laid out whole, where Qt draws the letter apart and breaks
 /// the joins on both sides of it.
@@ -91,8 +98,17 @@ public:
         if (baseStyle()->name() == QLatin1String("fusion"))
             draw_outline(*painter, marked, element == PE_IndicatorRadioButton);
     }
+    /// An icon beside the word of a button pushes Arabic words to the button's edge.
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* more) const override {
+        return hint == SH_DialogButtonBox_ButtonsHaveIcons
+                   ? 0
+                   : QProxyStyle::styleHint(hint, option, widget, more);
+    }
     void drawItemText(QPainter* painter, const QRect& place, int flags, const QPalette& palette, bool enabled,
-                      const QString& text, QPalette::ColorRole role) const override {
+                      const QString& words, QPalette::ColorRole role) const override {
+        // The blank before some notes would set their first line in when they take several.
+        const QString text = (flags & Qt::TextWordWrap) != 0 ? without_leading_blanks(words) : words;
         const qsizetype mark = text.indexOf(u'&');
         const bool joins = (flags & Qt::TextShowMnemonic) != 0 && mark >= 0 && mark + 1 < text.size() &&
                            text[mark + 1] != u'&' && text.isRightToLeft();

@@ -17,8 +17,10 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QProxyStyle>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStyleFactory>
 #include <QTextDocument>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -319,6 +321,75 @@ TEST_F(SupportTest, AnExceptionOfAnyTypeIsToldInTheBoxAndEndsTheProgram) {
             }
         },
         ::testing::ExitedWithCode(1), "box: An unexpected failure inside the program");
+}
+
+TEST_F(SupportTest, AWrappedNoteIsPaintedWithoutTheBlankBeforeIt) {
+    for (const auto& [direction, words] :
+         {std::pair(Qt::LeftToRight,
+                    QStringLiteral("Please choose the precision and the place from their menus")),
+          std::pair(Qt::RightToLeft,
+                    QStringLiteral("يرجى اختيار الدقة و التوقيت الصيفي من قائمة الخيارات"))}) {
+        const auto painted = [direction = direction](const QString& text) {
+            QLabel note(text);
+            note.setLayoutDirection(direction);
+            note.setWordWrap(true);
+            note.resize(200, 120);
+            return note.grab().toImage();
+        };
+        EXPECT_TRUE(painted(u' ' + words) == painted(words)) << words.toStdString();
+    }
+}
+
+/// How far the letters of a button stand from its middle, in pixels; inside its frame.
+int off_the_middle(QPushButton& button) {
+    constexpr int frame = 6;
+    constexpr int ink = 96;
+    const QImage picture = button.grab().toImage();
+    const int paper = qGray(picture.pixel(picture.width() / 2, frame));
+    int left = picture.width();
+    int right = 0;
+    for (int x = frame; x < picture.width() - frame; ++x)
+        for (int y = frame; y < picture.height() - frame; ++y)
+            if (std::abs(qGray(picture.pixel(x, y)) - paper) > ink) {
+                left = std::min(left, x);
+                right = std::max(right, x);
+            }
+    return (left + right + 1 - picture.width()) / 2;
+}
+
+/// A desktop that wants icons on the buttons of boxes.
+class IconStyle : public QProxyStyle {
+public:
+    IconStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* more) const override {
+        return hint == SH_DialogButtonBox_ButtonsHaveIcons
+                   ? 1
+                   : QProxyStyle::styleHint(hint, option, widget, more);
+    }
+};
+
+TEST_F(SupportTest, TheWordsOfABoxesButtonsStandInTheirMiddle) {
+    auto* const look = qobject_cast<QProxyStyle*>(QApplication::style());
+    ASSERT_NE(look, nullptr);
+    look->setBaseStyle(new IconStyle);
+    int seen = 0;
+    set_message_presenter([&](QMessageBox& box) {
+        box.show();
+        for (QAbstractButton* button : box.buttons()) {
+            EXPECT_LE(std::abs(off_the_middle(*qobject_cast<QPushButton*>(button))), 3)
+                << button->text().toStdString();
+            EXPECT_TRUE(button->icon().isNull()) << "an icon beside the words would push them aside";
+            ++seen;
+        }
+        return false;
+    });
+    for (const Language language : {Language::english, Language::arabic}) {
+        warn(nullptr, QStringLiteral("Title"), QStringLiteral("Text"), language);
+        ask(nullptr, QStringLiteral("Title"), QStringLiteral("Text"), language);
+    }
+    look->setBaseStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    EXPECT_EQ(seen, 6);
 }
 
 TEST_F(SupportTest, FocusSelectsTheWholeTextOfABox) {

@@ -4,6 +4,7 @@
 #include "app/frmlists.h"
 #include "app/frmstyle.h"
 #include "app/frmsupport.h"
+#include "app/numberbox.h"
 #include "app/platform/platform.h"
 #include "app/stored/alert.h"
 #include "app/stored/programfolder.h"
@@ -163,6 +164,8 @@ void frmalerts::save() const {
 }
 
 void frmalerts::cmdok_click() {
+    if (!numbers_are_meant(*this, stored_language()))
+        return;
     if (ui_->chkpep->isChecked() || ui_->chkpra->isChecked() || ui_->chkpopup->isChecked()) {
         pass_over_errors([] {
             Create_ShortCut(program_path(program), startup_folder, shortcut_name, program_folder(), 0, 0);

@@ -6,6 +6,7 @@
 #include "app/frmsupport.h"
 #include "app/frmwait.h"
 #include "app/messages.h"
+#include "app/numberbox.h"
 #include "app/platform/platform.h"
 #include "app/stored/record.h"
 #include "ui_frmcoor.h"
@@ -171,6 +172,8 @@ EphemerisSettings frmcoor::shown() const {
 }
 
 void frmcoor::cmdcalc_click() {
+    if (!numbers_are_meant(*this, language_))
+        return;
     const EphemerisSettings settings = shown();
     if (const std::optional<TableRefusal> refused = refused_table(settings)) {
         refuse(*refused);

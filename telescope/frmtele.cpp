@@ -5,6 +5,7 @@
 #include "app/frmstyle.h"
 #include "app/frmsupport.h"
 #include "app/messages.h"
+#include "app/numberbox.h"
 #include "app/stored/record.h"
 #include "calendar/machineclock.h"
 #include "calendar/yearlimits.h"
@@ -160,6 +161,8 @@ void frmtele::cmdnow_click() {
 }
 
 void frmtele::cmdcalc_click() {
+    if (!numbers_are_meant(*this, language_))
+        return;
     const TelescopeSettings settings = shown();
     if (const std::optional<Refusal> refused = refused_year(settings.year, theory_years)) {
         warn(this, *refused, language_);

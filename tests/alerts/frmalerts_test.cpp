@@ -134,6 +134,7 @@ TEST_F(AlertsTest, OkStoresTheEightFields) {
     click(form, "chkpra");
     click(form, "optasre");
     click(form, "optishe");
+    answer({true});
     click(form, "cmdok");
     EXPECT_EQ(stored(), "1,5.5,1,0,#TRUE#,#FALSE#,#TRUE#,#FALSE#\r\n");
     EXPECT_FALSE(form.isVisible());
@@ -144,8 +145,26 @@ TEST_F(AlertsTest, EmptyMinutesAreStoredAsZero) {
     form.show();
     click(form, "chkpep");
     enter(form, "txtpep", QString());
+    answer({true});
     click(form, "cmdok");
+    EXPECT_EQ(messages.size(), 1U);
+    EXPECT_EQ(text(form, "txtpep"), "0");
     EXPECT_EQ(read_alert().lead, 0);
+}
+
+TEST_F(AlertsTest, MinutesThatAreNotMeantAreNotStored) {
+    const std::string before = stored();
+    frmalerts form;
+    form.show();
+    click(form, "chkpep");
+    enter(form, "txtpep", QStringLiteral("five"));
+    answer({false});
+    click(form, "cmdok");
+    EXPECT_EQ(messages.size(), 1U);
+    EXPECT_TRUE(messages.at(0).text.contains(QStringLiteral("five")));
+    EXPECT_EQ(stored(), before);
+    EXPECT_TRUE(platform_double.shortcuts.empty());
+    EXPECT_TRUE(form.isVisible());
 }
 
 TEST_F(AlertsTest, OkMakesTheShortcutAndStartsTheProgram) {

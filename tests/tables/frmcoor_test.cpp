@@ -134,6 +134,20 @@ TEST_F(CoorTest, TheIntervalIsStoredAsTheMagnitudeOfItsWholePart) {
     }
 }
 
+TEST_F(CoorTest, AYearThatIsNoNumberIsAskedAboutBeforeTheTableStarts) {
+    const std::string before = content("coor.vsk");
+    frmcoor form;
+    form.show();
+    enter(form, "txty", QStringLiteral("year"));
+    answer({false});
+    click(form, "cmdcalc");
+    ASSERT_EQ(messages.size(), 1U);
+    EXPECT_TRUE(messages[0].text.startsWith(QStringLiteral("From, year: ")));
+    EXPECT_EQ(content("coor.vsk"), before);
+    EXPECT_FALSE(exists("ephemeris.out"));
+    EXPECT_EQ(form.focusWidget(), &control(form, "txty"));
+}
+
 TEST_F(CoorTest, EscapeLeavesTheStoredRecord) {
     expect_escape_stores_nothing<frmcoor>("coor.vsk",
                                           [](QWidget& form) { enter(form, "txti", QStringLiteral("55")); });

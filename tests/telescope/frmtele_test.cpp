@@ -110,6 +110,18 @@ TEST_F(TeleTest, TheLoadFillsTheControlsAndComputesNothing) {
     EXPECT_TRUE(messages.empty());
 }
 
+TEST_F(TeleTest, AYearThatIsNoNumberIsAskedAboutBeforeTheCalculation) {
+    frmtele form;
+    form.show();
+    enter(form, "txtyear", QStringLiteral("year"));
+    answer({false});
+    click(form, "cmdcalc");
+    ASSERT_EQ(messages.size(), 1U);
+    EXPECT_TRUE(messages[0].text.startsWith(QStringLiteral("Year: ")));
+    EXPECT_EQ(caption(form, "lblsunrav"), QStringLiteral("----"));
+    EXPECT_EQ(form.focusWidget(), &control(form, "txtyear"));
+}
+
 TEST_F(TeleTest, CloseStoresTheChoices) {
     frmtele form;
     form.show();

@@ -444,6 +444,7 @@ TEST_F(MainPanelTest, AfterMidnightTheTimesTellTheirDateAndOneButtonLoadsTodays)
     EXPECT_TRUE(shown(form, "lbltdate"));
     EXPECT_EQ(text(form, "lbltdate"), QStringLiteral("These are of Friday, 21 June 2024"));
     EXPECT_EQ(times(form), yesterdays);
+    EXPECT_TRUE(shown(form, "cmdtoday"));
     EXPECT_EQ(control<QPushButton>(form, "cmdtoday").shortcut(), QKeySequence(Qt::Key_F5));
     click(form, "cmdtoday");
     EXPECT_FALSE(shown(form, "lbltdate"));
@@ -509,7 +510,7 @@ TEST_F(MainPanelTest, ALongNameIsShortenedInItsMiddleAndLeavesThePanelItsWidth) 
         QCoreApplication::processEvents();
         return form.width();
     };
-    const std::string name = "Llan" + std::string(182, 'f') + "goch";
+    const std::string name = "Llan" + std::string(182, 'W') + "goch";
     EXPECT_EQ(width_with(name), width_with("Amman"));
     frmmain form;
     write_loc(place_at({35, 56}, {31, 57}, 2, name.c_str()));

@@ -94,6 +94,12 @@ bool show_box(QWidget* parent, const QString& title, const QString& text, Langua
     return present(box);
 }
 
+QString chosen_in(QFileDialog& dialog, const QString& proposed) {
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.selectFile(QFileInfo(proposed).fileName());
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
 } // namespace
 
 void warn(QWidget* parent, const QString& title, const QString& text, Language language) {
@@ -145,10 +151,17 @@ QString choose_save_file(QWidget* parent, const QString& title, const QString& p
     if (chooser())
         return chooser()(title, proposed);
     QFileDialog dialog(parent, title, QFileInfo(proposed).path(), filter);
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(suffix);
-    dialog.selectFile(QFileInfo(proposed).fileName());
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+    return chosen_in(dialog, proposed);
+}
+
+QString choose_picture_file(QWidget* parent, const QString& title, const QString& proposed,
+                            const QString& filter) {
+    if (chooser())
+        return chooser()(title, proposed);
+    QFileDialog dialog(parent, title, QFileInfo(proposed).path(), filter);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    return chosen_in(dialog, proposed);
 }
 
 void set_file_chooser(FileChooser wanted) {

@@ -34,7 +34,13 @@ QStringList series_warnings(Language language);
 QString choose_save_file(QWidget* parent, const QString& title, const QString& proposed,
                          const QString& filter, const QString& suffix = {});
 
-/// Answers choose_save_file in the user's place: title and proposed name in, chosen name out.
+/// Asks under which name to save a picture, as choose_save_file does; no question is put about a file that is
+/// there, since the caller may change the name's ending and then asks for the name that it writes.
+QString choose_picture_file(QWidget* parent, const QString& title, const QString& proposed,
+                            const QString& filter);
+
+/// Answers choose_save_file and choose_picture_file in the user's place: title and proposed name in, chosen
+/// name out.
 using FileChooser = std::function<QString(const QString& title, const QString& proposed)>;
 
 /// Puts another chooser in place of the file dialog; an empty one gives the dialog back.

@@ -4,16 +4,18 @@
 #include "app/frmstyle.h"
 #include "app/messages.h"
 #include "app/platform/platform.h"
-#include "app/stored/failure.h"
 #include "app/stored/programfolder.h"
 #include "calendar/numberformat.h"
 #include "crescent/mapimage.h"
 #include "crescent/maptexts.h"
+#include "crescent/picturename.h"
 #include "ui_frmmap.h"
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QFileInfo>
 #include <QPointer>
+#include <QTextDocument>
 #include <cmath>
 
 namespace halvane {
@@ -33,6 +35,11 @@ constexpr Twin twins[] = {
 
 constexpr Twin save_title{"", "Save the Map", "حفظ الخريطة"};
 constexpr Twin save_filter{"", "GIF pictures (*.gif)", "صور GIF (*.gif)"};
+constexpr Twin replace_question{"", "%1 is there already. Replace it?", "الملف %1 موجود. هل تريد استبداله؟"};
+constexpr Twin saved{"", "Saved: %1", "تم الحفظ: %1"};
+constexpr Twin not_saved{"", "Not saved: %1", "لم يتم الحفظ: %1"};
+constexpr Twin refused{"", "Not saved: %1 is a file of the program. Choose another name.",
+                       "لم يتم الحفظ: %1 من ملفات البرنامج. اختر اسما آخر."};
 constexpr Twin new_day{"", "Visibility Day: Waxing (New) Crescent", "يوم الرصد: هلال أول الشهر"};
 constexpr Twin old_day{"", "Visibility Day: Waning (Old) Crescent", "يوم الرصد: هلال آخر الشهر"};
 
@@ -50,13 +57,6 @@ QString mouse_text(const MapPlace& place, Language language) {
         return QStringLiteral("Mouse Position: Long: ") + longitude + QStringLiteral(", Lat: ") + latitude;
     return QStringLiteral("موقع الفأرة: ") + QStringLiteral(" خط طول: ") + isolated(longitude) +
            QStringLiteral(" خط العرض: ") + isolated(latitude);
-}
-
-/// The chosen name with its last four characters (".gif" or another picture's ending) replaced; empty when
-/// the name is shorter than that.
-QString picture_name(const QString& chosen) {
-    constexpr qsizetype ending = 4;
-    return chosen.size() < ending ? QString() : chosen.chopped(ending) + QStringLiteral(".gif");
 }
 
 } // namespace
@@ -110,6 +110,7 @@ void frmmap::set_sizes() {
     const int line = ui_->lblinf->fontMetrics().lineSpacing();
     ui_->lblinf->setMinimumHeight(information_lines * line);
     ui_->lblmouse->setMinimumHeight(line);
+    ui_->lblsave->setMinimumHeight(line);
 }
 
 void frmmap::connect_controls() {
@@ -183,25 +184,47 @@ void frmmap::cmdstop_click() {
     load();
 }
 
+// The panel may be closed and deleted while a dialog stands.
 void frmmap::cmdsave_click() {
+    const QPointer<frmmap> self(this);
     try {
-        save_picture();
-    } catch (const std::exception&) {
-        // A save that fails leaves everything as it was.
+        platform().keep_on_top(static_cast<QWidget*>(this), true);
+        const QString name = ask_for_name();
+        if (self && !name.isEmpty())
+            save_picture(name);
+    } catch (const std::exception& failure) {
+        if (self)
+            show_save(not_saved, {}, parts_of(failure));
     }
 }
 
-void frmmap::save_picture() {
-    platform().keep_on_top(static_cast<QWidget*>(this), true);
-    const QString proposed = QString::fromStdString(program_path(map_hijri_text(shown_run(), letter())));
+/// The name to save under, asked for until it is new or may be replaced; empty when the user gives up.
+QString frmmap::ask_for_name() {
     const QPointer<frmmap> self(this);
-    const QString chosen = choose_save_file(this, text_of(save_title, language_), proposed,
-                                            text_of(save_filter, language_), QStringLiteral("gif"));
-    if (!self)
+    QString name = QString::fromStdString(program_path(gif_name(map_hijri_text(shown_run(), letter()))));
+    for (;;) {
+        const QString chosen =
+            choose_picture_file(this, text_of(save_title, language_), name, text_of(save_filter, language_));
+        if (!self || chosen.isEmpty())
+            return {};
+        name = QString::fromStdString(gif_name(chosen.toStdString()));
+        if (!QFileInfo::exists(name) || is_program_file(name.toStdString()))
+            return name;
+        const bool replace =
+            ask(this, text_of(save_title, language_),
+                text_of(replace_question, language_).arg(isolated(QFileInfo(name).fileName())), language_);
+        if (!self)
+            return {};
+        if (replace)
+            return name;
+    }
+}
+
+void frmmap::save_picture(const QString& name) {
+    if (is_program_file(name.toStdString())) {
+        show_save(refused, name);
         return;
-    const QString name = picture_name(chosen);
-    if (name.isEmpty())
-        return;
+    }
     MapSheetContent content;
     content.map = ui_->pic->map();
     content.points = ui_->pic->points();
@@ -209,7 +232,23 @@ void frmmap::save_picture() {
         content.information = ui_->lblinf->text().split(u'\n');
     content.legend = ui_->lblleg->legend();
     content.language = language_;
-    GIF().SaveGIF(indexed_picture(map_sheet(content)), name.toStdString());
+    GIF gif;
+    if (gif.SaveGIF(indexed_picture(map_sheet(content)), name.toStdString()))
+        show_save(saved, name);
+    else
+        show_save(not_saved, {}, gif.failure().value().parts());
+}
+
+/// Tells in the line below the map how a save went; the tool tip has the whole of it.
+void frmmap::show_save(const Twin& how, const QString& name, const FailureParts& reason) {
+    constexpr int two_lines = 3 * map_width / 2;
+    const QString what = name.isEmpty()
+                             ? QString::fromStdString(words_of(reason, language_ == Language::english))
+                             : QFileInfo(name).fileName();
+    const QString words = text_of(how, language_).arg(isolated(what));
+    const QString whole = name.isEmpty() ? words : words + u'\n' + isolated(name);
+    ui_->lblsave->setToolTip(Qt::convertFromPlainText(whole));
+    ui_->lblsave->setText(ui_->lblsave->fontMetrics().elidedText(words, Qt::ElideMiddle, two_lines));
 }
 
 void frmmap::show_mouse(double x, double y) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/language.h"
+#include "app/stored/failure.h"
 #include "crescent/visibilitymap.h"
 
 #include <QDialog>
@@ -23,7 +24,7 @@ public:
 
     void cmddraw_click(); ///< draws until the world is done, Stop is pressed or the panel closed
     void cmdstop_click(); ///< stops a drawing and loads the panel anew; what is painted stays
-    void cmdsave_click(); ///< saves the picture as a GIF file; a failure is passed over
+    void cmdsave_click(); ///< saves the picture as a GIF file; a failure is told in `lblsave`
     void done(int result) override;
 
 protected:
@@ -41,7 +42,9 @@ private:
     void show_texts(const MapRun& run);
     void show_mouse(double x, double y);
     void clear_mouse();
-    void save_picture();
+    QString ask_for_name();
+    void save_picture(const QString& name);
+    void show_save(const Twin& how, const QString& name, const FailureParts& reason = {});
     char letter() const { return language_ == Language::english ? 'E' : 'A'; }
 
     std::unique_ptr<Ui::frmmap> ui_;

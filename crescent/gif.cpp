@@ -1,6 +1,5 @@
 #include "crescent/gif.h"
 
-#include "app/stored/failure.h"
 #include "app/stored/outputfile.h"
 
 #include <algorithm>
@@ -251,13 +250,14 @@ std::optional<std::uint8_t> entry_of(const ColourTable& table, const std::option
     return static_cast<std::uint8_t>(entry - table.begin());
 }
 
-bool replace_file(const std::filesystem::path& file_name, const Bytes& bytes) {
+/// Returns the failure when there is one.
+std::optional<RunTimeFailure> replace_file(const std::filesystem::path& file_name, const Bytes& bytes) {
     try {
         save_result(file_name.string(), {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
-    } catch (const RunTimeFailure&) {
-        return false;
+    } catch (const RunTimeFailure& failure) {
+        return failure;
     }
-    return true;
+    return std::nullopt;
 }
 
 class BusySpan {
@@ -303,9 +303,13 @@ bool GIF::SaveGIF(GifPicture picture, std::filesystem::path file_name, std::opti
         return false;
     }
     const BusySpan busy(busy_);
+    failure_.reset();
     const GifRowEvent row_done = row_done_;
     const std::vector<std::uint8_t> bytes = gif_bytes(picture, transparent, row_done);
-    return !bytes.empty() && replace_file(file_name, bytes);
+    if (bytes.empty())
+        return false;
+    failure_ = replace_file(file_name, bytes);
+    return !failure_;
 }
 // NOLINTEND(performance-unnecessary-value-param)
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/stored/failure.h"
+
 #include <cstdint>
 #include <filesystem>
 #include <functional>
@@ -60,8 +62,12 @@ public:
     bool SaveGIF(GifPicture picture, std::filesystem::path file_name,
                  std::optional<RgbColour> transparent = std::nullopt);
 
+    /// Why the file of the last save could not be written; nothing after a save that did not come so far.
+    const std::optional<RunTimeFailure>& failure() const { return failure_; }
+
 private:
     GifRowEvent row_done_;
+    std::optional<RunTimeFailure> failure_;
     bool busy_ = false;
 };
 

@@ -13,6 +13,7 @@
 #include "telescope/readouts.h"
 #include "ui_frmtele.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace halvane {
@@ -58,8 +59,21 @@ constexpr Twin twins[] = {
 constexpr Twin zenith{"", "Zenith", "سمت الرأس"};
 constexpr Twin missing{"", "The picture %1 is not in the folder of pictures.",
                        "الصورة %1 غير موجودة في مجلد الصور."};
+/// The bright limb's direction in the picture: as the eye sees it, and mirrored by each of the flips.
 constexpr Twin limb{"", "Bright limb: %1 from the zenith,\ncounted to the left",
                     "الحافة المضيئة: %1 من سمت الرأس،\nعدا إلى اليسار"};
+constexpr Twin limb_horizontal{"", "Bright limb: %1 from the zenith,\ncounted to the right",
+                               "الحافة المضيئة: %1 من سمت الرأس،\nعدا إلى اليمين"};
+constexpr Twin limb_vertical{"", "Bright limb: %1 from the zenith below,\ncounted to the left",
+                             "الحافة المضيئة: %1 من سمت الرأس\nفي الأسفل، عدا إلى اليسار"};
+constexpr Twin limb_both{"", "Bright limb: %1 from the zenith below,\ncounted to the right",
+                         "الحافة المضيئة: %1 من سمت الرأس\nفي الأسفل، عدا إلى اليمين"};
+
+const Twin& limb_words(bool horizontal, bool vertical) {
+    if (vertical)
+        return horizontal ? limb_both : limb_vertical;
+    return horizontal ? limb_horizontal : limb;
+}
 
 constexpr int year_length = 6;
 constexpr const char* longest_year = "-88888";
@@ -81,7 +95,7 @@ frmtele::frmtele(QWidget* owner)
     set_sizes();
     select_whole_text_on_focus(*this);
     load(read_tele());
-    show_limb(QStringLiteral("----"));
+    show_limb();
     connect_controls();
     fit_form(*this, Qt::Horizontal | Qt::Vertical);
 }
@@ -100,12 +114,25 @@ void frmtele::set_sizes() {
     ui_->txtyear->setMaxLength(year_length);
     shape_number_box(*ui_->txtyear, longest_year);
     keep_left_to_right(*ui_->readtable);
+    ui_->lbllimb->setMinimumWidth(limb_width());
     for (const ReadOut& readout : telescope_readouts({})) {
         QLabel& label = read_out(readout.label);
         scale_font(label, read_out_size);
         fit_width(label, QString::fromUtf8(longest_read_out));
         label.setTextInteractionFlags(Qt::TextSelectableByMouse);
     }
+}
+
+/// Room for the longest caption of the limb, so that a flip moves nothing.
+int frmtele::limb_width() const {
+    int width = 0;
+    for (const bool horizontal : {false, true})
+        for (const bool vertical : {false, true}) {
+            const QString words =
+                text_of(limb_words(horizontal, vertical), language_).arg(isolated(QStringLiteral("888°")));
+            width = std::max(width, ui_->lbllimb->fontMetrics().size(0, words).width());
+        }
+    return width;
 }
 
 void frmtele::connect_controls() {
@@ -183,6 +210,8 @@ void frmtele::cmdcalc_click() {
 void frmtele::flip_click() {
     if (zenith_angle_)
         show_picture();
+    else
+        show_limb();
 }
 
 void frmtele::show_picture() {
@@ -190,11 +219,15 @@ void frmtele::show_picture() {
     const bool vertical = ui_->chkflpv->isChecked();
     ui_->pctcresimg->show_picture(
         QString::fromStdString(crescent_picture(*zenith_angle_, horizontal, vertical)), vertical);
-    show_limb(QString::number(std::lround(*zenith_angle_) % 360) + QStringLiteral("°"));
+    show_limb();
 }
 
-void frmtele::show_limb(const QString& angle) {
-    ui_->lbllimb->setText(text_of(limb, language_).arg(isolated(angle)));
+void frmtele::show_limb() {
+    const QString angle = zenith_angle_
+                              ? QString::number(std::lround(*zenith_angle_) % 360) + QStringLiteral("°")
+                              : QStringLiteral("----");
+    const Twin& words = limb_words(ui_->chkflph->isChecked(), ui_->chkflpv->isChecked());
+    ui_->lbllimb->setText(text_of(words, language_).arg(isolated(angle)));
 }
 
 void frmtele::cmdclose_click() {

@@ -25,7 +25,7 @@ public:
 
     void cmdnow_click();   ///< takes the machine's clock and computes
     void cmdcalc_click();  ///< computes; a Moon below the horizon is told and changes nothing
-    void flip_click();     ///< changes the picture only
+    void flip_click();     ///< changes the picture and its caption only
     void cmdclose_click(); ///< stores the choices and closes
 
 private:
@@ -35,7 +35,8 @@ private:
     void load(const TelescopeSettings& settings);
     TelescopeSettings shown() const;
     void show_picture();
-    void show_limb(const QString& angle);
+    void show_limb();
+    int limb_width() const;
     QLabel& read_out(const char* name) const;
 
     std::unique_ptr<Ui::frmtele> ui_;

@@ -6,6 +6,7 @@
 #include "crescent/gif.h"
 #include "crescent/mapsheet.h"
 #include "crescent/maptexts.h"
+#include "crescent/picturename.h"
 
 #include <cmath>
 #include <cstdint>
@@ -118,6 +119,9 @@ private:
 } // namespace
 
 void save_map_picture(const MapRun& run, const std::vector<MapPoint>& points, const std::string& path) {
+    if (is_program_file(path))
+        throw RunTimeFailure(TwinWords{path + " is a file of the program; no picture replaces it.",
+                                       path + " من ملفات البرنامج، و لا تحل صورة محله."});
     Canvas canvas;
     for (const MapPoint& point : points)
         canvas.paint(point);

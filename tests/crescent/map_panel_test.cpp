@@ -9,6 +9,7 @@
 
 #include <QComboBox>
 #include <QElapsedTimer>
+#include <QFileInfo>
 #include <QImage>
 #include <QMouseEvent>
 #include <QPointer>
@@ -16,8 +17,10 @@
 #include <QRegularExpression>
 #include <QTimer>
 #include <algorithm>
+#include <cerrno>
 #include <cmath>
 #include <csignal>
+#include <cstring>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -575,11 +578,11 @@ TEST_F(MapPanel, TheLegendMarksTheClassUnderTheMouse) {
 TEST_F(MapPanel, ASaveProposesTheHijriMonthInTheProgramFolder) {
     frmmap english;
     save_as(english, "");
-    EXPECT_EQ(proposed_name, QString::fromStdString(path("Shawwal 1446")));
+    EXPECT_EQ(proposed_name, QString::fromStdString(path("Shawwal 1446.gif")));
     set_language(Language::arabic);
     frmmap arabic;
     save_as(arabic, "");
-    EXPECT_EQ(proposed_name, QString::fromStdString(path("شوال 1446")));
+    EXPECT_EQ(proposed_name, QString::fromStdString(path("شوال 1446.gif")));
     EXPECT_EQ(asked_title, QStringLiteral("حفظ الخريطة"));
 }
 
@@ -590,8 +593,10 @@ TEST_F(MapPanel, ASavedPictureHoldsMapPointsAndLegend) {
         form.show();
         click(form, "opt1");
         click(form, "cmddraw");
-        save_as(form, "map of may.gif");
-        const QImage saved(QString::fromStdString(path("map of may.gif")), "GIF");
+        save_as(form, language == Language::english ? "map of may.gif" : "map of may 2.gif");
+        const QImage saved(QString::fromStdString(
+                               path(language == Language::english ? "map of may.gif" : "map of may 2.gif")),
+                           "GIF");
         ASSERT_EQ(saved.size(), QSize(MapSheet::width, MapSheet::height));
         for (const MapPoint& point : points(form)) {
             if (point.visibility == VisibilityClass::not_possible || point.longitude < -176)
@@ -611,14 +616,97 @@ TEST_F(MapPanel, ASavedPictureHoldsMapPointsAndLegend) {
     }
 }
 
-TEST_F(MapPanel, TheNameIsTheChosenOneLessItsLastFourCharacters) {
+struct NameCase {
+    const char* chosen;
+    const char* saved;
+};
+
+constexpr NameCase saved_names[] = {
+    {"Shawwal 1446", "Shawwal 1446.gif"},
+    {"Shawwal 1446.gif", "Shawwal 1446.gif"},
+    {"picture.bmp", "picture.gif"},
+    {"picture.PNG", "picture.gif"},
+    {"picture.jpeg", "picture.gif"},
+    {"eclipse", "eclipse.gif"},
+    {"abc", "abc.gif"},
+    {"Yallop 18.02.2026", "Yallop 18.02.2026.gif"},
+    {"Yallop 18.02.2026.gif", "Yallop 18.02.2026.gif"},
+    {"شوال 1446.tif", "شوال 1446.gif"},
+};
+
+TEST_F(MapPanel, OnlyAPicturesEndingIsTakenOffTheName) {
     frmmap form;
-    save_as(form, "picture.bmp");
-    EXPECT_TRUE(exists("picture.gif"));
-    EXPECT_FALSE(exists("picture.bmp"));
-    save_as(form, "eclipse");
-    EXPECT_TRUE(exists("ecl.gif"));
-    EXPECT_FALSE(exists("ttemp.bmp"));
+    for (const NameCase& name : saved_names) {
+        save_as(form, name.chosen);
+        EXPECT_TRUE(exists(name.saved)) << name.chosen;
+        EXPECT_TRUE(std::string(name.chosen) == name.saved || !exists(name.chosen)) << name.chosen;
+        EXPECT_TRUE(caption(form, "lblsave").contains(QString::fromUtf8(name.saved))) << name.chosen;
+        remove(name.saved);
+    }
+    EXPECT_TRUE(messages.empty());
+}
+
+TEST_F(MapPanel, TheConfirmationAsksForTheNameThatIsWritten) {
+    for (const Language language : {Language::english, Language::arabic}) {
+        set_language(language);
+        frmmap form;
+        put("X.gif", "kept");
+        messages.clear();
+        int asked = 0;
+        set_file_chooser([&](const QString&, const QString& proposed) {
+            proposed_name = proposed;
+            return ++asked == 1 ? QString::fromStdString(path("X.bmp")) : QString();
+        });
+        answer({false});
+        click(form, "cmdsave");
+        ASSERT_EQ(messages.size(), 1U);
+        EXPECT_TRUE(messages[0].text.contains(QStringLiteral("X.gif"))) << messages[0].text.toStdString();
+        EXPECT_EQ(messages[0].buttons.size(), 2);
+        EXPECT_TRUE(content("X.gif") == "kept");
+        EXPECT_EQ(asked, 2) << "the dialog comes again after No";
+        EXPECT_EQ(proposed_name, QString::fromStdString(path("X.gif")));
+        answer({true});
+        save_as(form, "X.bmp");
+        EXPECT_EQ(messages.size(), 2U);
+        EXPECT_EQ(content("X.gif").substr(0, 3), "GIF");
+    }
+}
+
+TEST_F(MapPanel, FilesOfTheProgramAreRefusedWithWords) {
+    std::filesystem::create_directories(path("images/inner"));
+    std::filesystem::create_directory_symlink(path("images"), path("pictures"));
+    put("images/20.gif", "crescent");
+    put("qmap.gif", "directions");
+    std::filesystem::create_symlink(path("map.gif"), path("soft.gif"));
+    std::filesystem::create_hard_link(path("qmap.gif"), path("hard.gif"));
+    std::filesystem::create_symlink(path("date.vsk"), path("stored.gif"));
+    const std::string map = content("map.gif");
+    const std::string date = content("date.vsk");
+    for (const Language language : {Language::english, Language::arabic}) {
+        set_language(language);
+        frmmap form;
+        for (const char* name : {"map.gif", "map.png", "map", "./images/../map.gif", "qmap.bmp",
+                                 "images/20.gif", "images/new.gif", "images/inner/new.gif", "pictures/20.jpg",
+                                 "soft.gif", "hard.gif", "stored.gif"}) {
+            answer({true});
+            save_as(form, name);
+            const QString words = caption(form, "lblsave");
+            const QString file =
+                QFileInfo(QString::fromLatin1(name)).completeBaseName() + QStringLiteral(".gif");
+            EXPECT_TRUE(words.contains(file)) << name << ": " << words.toStdString();
+            EXPECT_TRUE(words.contains(language == Language::english ? QStringLiteral("of the program")
+                                                                     : QStringLiteral("البرنامج")))
+                << name << ": " << words.toStdString();
+        }
+        EXPECT_TRUE(messages.empty());
+        EXPECT_NO_THROW(form.cmddraw_click());
+    }
+    EXPECT_TRUE(content("map.gif") == map);
+    EXPECT_TRUE(content("qmap.gif") == "directions");
+    EXPECT_TRUE(content("images/20.gif") == "crescent");
+    EXPECT_TRUE(content("date.vsk") == date);
+    EXPECT_FALSE(exists("images/new.gif"));
+    EXPECT_FALSE(exists("images/inner/new.gif"));
 }
 
 TEST_F(MapPanel, GivingTheDialogUpSavesNothing) {
@@ -632,14 +720,23 @@ TEST_F(MapPanel, GivingTheDialogUpSavesNothing) {
     EXPECT_EQ(files(), before);
 }
 
-TEST_F(MapPanel, ASaveThatFailsIsPassedOver) {
+TEST_F(MapPanel, ASaveThatFailsShowsNoBoxAndSaysWhyInALineOfItsOwn) {
     frmmap form;
-    save_as(form, "no such folder/map.gif");
+    EXPECT_EQ(caption(form, "lblsave"), QString());
+    save_as(form, "no such folder/may.gif");
     EXPECT_FALSE(exists("no such folder"));
+    const QString words = caption(form, "lblsave");
+    EXPECT_TRUE(words.startsWith(QStringLiteral("Not saved"))) << words.toStdString();
+    const QString whole = words + control(form, "lblsave").toolTip();
+    EXPECT_TRUE(whole.contains(QStringLiteral("may.gif"))) << whole.toStdString();
+    EXPECT_TRUE(whole.contains(QString::fromUtf8(std::strerror(ENOENT)))) << whole.toStdString();
     set_file_chooser(
         [](const QString&, const QString&) -> QString { throw std::runtime_error("no dialog"); });
     click(form, "cmdsave");
+    EXPECT_TRUE(caption(form, "lblsave").contains(QStringLiteral("no dialog")));
     EXPECT_TRUE(messages.empty());
+    save_as(form, "may.gif");
+    EXPECT_TRUE(caption(form, "lblsave").startsWith(QStringLiteral("Saved")));
 }
 
 TEST_F(MapPanel, ASaveThatFailsLosesNoPicture) {
@@ -647,13 +744,15 @@ TEST_F(MapPanel, ASaveThatFailsLosesNoPicture) {
     save_as(form, "kept.gif");
     const std::string before = content("kept.gif");
     click(form, "cmddraw");
+    answer({true, true});
     {
         const FullDisk full(4096);
         save_as(form, "kept.gif");
     }
-    EXPECT_EQ(content("kept.gif"), before);
+    EXPECT_TRUE(content("kept.gif") == before);
+    EXPECT_TRUE(caption(form, "lblsave").startsWith(QStringLiteral("Not saved")));
     save_as(form, "kept.gif");
-    EXPECT_NE(content("kept.gif"), before);
+    EXPECT_FALSE(content("kept.gif") == before);
 }
 
 TEST_F(MapPanel, ASaveDuringADrawKeepsThePaintedPart) {

@@ -2,8 +2,10 @@
 #include "tests/crescent/crescentfixture.h"
 
 #include <array>
+#include <cerrno>
 #include <cmath>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <gif_lib.h>
 #include <gtest/gtest.h>
@@ -112,6 +114,26 @@ TEST_F(MapBatch, UnwritableOutputFailsAndSaysWhy) {
         EXPECT_EQ(run(std::string("map ") + option + " '/no such folder/map'"), 1) << option;
         EXPECT_NE(folder.content("err").find("/no such folder/map"), std::string::npos) << option;
     }
+}
+
+TEST_F(MapBatch, AFailedPictureGivesTheReason) {
+    EXPECT_EQ(run("map --output '/no such folder/may.gif'"), 1);
+    EXPECT_NE(folder.content("err").find(std::strerror(ENOENT)), std::string::npos) << folder.content("err");
+    std::filesystem::create_directory(folder.path("folder.gif"));
+    EXPECT_EQ(run("map --output '" + folder.path("folder.gif") + "'"), 1);
+    EXPECT_NE(folder.content("err").find(std::strerror(EISDIR)), std::string::npos) << folder.content("err");
+}
+
+TEST_F(MapBatch, FilesOfTheProgramAreNotReplaced) {
+    std::filesystem::create_symlink(folder.path("loc.vsk"), folder.path("link.gif"));
+    const std::string place = folder.content("loc.vsk");
+    for (const char* name : {"map.gif", "images/../qmap.gif", "images/20.gif", "link.gif"}) {
+        EXPECT_EQ(run("map --output '" + folder.path(name) + "'"), 1) << name;
+        EXPECT_NE(folder.content("err").find("a file of the program"), std::string::npos) << name;
+    }
+    EXPECT_FALSE(folder.holds("map.gif"));
+    EXPECT_TRUE(std::filesystem::is_symlink(folder.path("link.gif")));
+    EXPECT_EQ(folder.content("loc.vsk"), place);
 }
 
 TEST_F(MapBatch, YearsBeyondTheTheoriesEndInATableOrAClearFailure) {

@@ -11,9 +11,11 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
+#include <QRegularExpression>
 #include <cmath>
 #include <filesystem>
 #include <numbers>
+#include <set>
 
 namespace halvane {
 namespace {
@@ -285,6 +287,63 @@ TEST_F(TeleTest, TheDrawnLimbPointsWhereThePictureSays) {
             EXPECT_LT(off(QStringLiteral("v"), 180 - direction), 6) << direction;
             EXPECT_LT(off(QStringLiteral("hv"), 180 + direction), 6) << direction;
         }
+    }
+}
+
+/// Direction of the lit limb as the caption tells it: up 0, then to the left                  [deg]
+double told_direction(const QString& told) {
+    const QRegularExpressionMatch number = QRegularExpression(QStringLiteral("([0-9]+)°")).match(told);
+    const double angle = number.captured(1).toDouble();
+    const bool to_the_right =
+        told.contains(QStringLiteral("to the right")) || told.contains(QStringLiteral("إلى اليمين"));
+    const bool from_below = told.contains(QStringLiteral("below")) || told.contains(QStringLiteral("الأسفل"));
+    const double from_above = from_below ? 180 - angle : angle;
+    return to_the_right ? -from_above : from_above;
+}
+
+TEST_F(TeleTest, TheCaptionOfTheLimbFollowsTheFlips) {
+    in_both_languages<frmtele>([](QWidget& form, Language language) {
+        form.show();
+        click(form, "cmdcalc");
+        auto& view = control<CrescentView>(form, "pctcresimg");
+        std::set<QString> captions;
+        for (const char* flip : {"chkflph", "chkflpv", "chkflph", "chkflpv"}) {
+            click(form, flip);
+            const QString told = caption(form, "lbllimb");
+            EXPECT_TRUE(told.contains(QStringLiteral("190°"))) << told.toStdString();
+            EXPECT_LT(
+                std::fabs(std::remainder(drawn_direction(view.grab().toImage()) - told_direction(told), 360)),
+                11)
+                << told.toStdString();
+            captions.insert(told);
+            EXPECT_EQ(cut_texts(form), QStringList());
+        }
+        EXPECT_EQ(captions.size(), 4U);
+        EXPECT_EQ(caption(form, "lbllimb").contains(QStringLiteral("to the left")),
+                  language == Language::english);
+    });
+}
+
+TEST_F(TeleTest, TheCaptionOfTheLimbFollowsTheStoredFlipsBeforeAnyCalculation) {
+    put("tele.vsk", "2024,3,11,18,30,#TRUE#,#FALSE#,#TRUE#,#FALSE#,1,1\r\n");
+    frmtele form;
+    form.show();
+    EXPECT_TRUE(caption(form, "lbllimb").contains(QStringLiteral("to the right")));
+    EXPECT_TRUE(caption(form, "lbllimb").contains(QStringLiteral("----")));
+    click(form, "chkflph");
+    EXPECT_TRUE(caption(form, "lbllimb").contains(QStringLiteral("to the left")));
+    EXPECT_TRUE(caption(form, "lbllimb").contains(QStringLiteral("----")));
+}
+
+TEST_F(TeleTest, TheReadOutsCanBeSelectedAndCopied) {
+    frmtele form;
+    form.show();
+    click(form, "cmdcalc");
+    for (const char* name : read_outs) {
+        auto& label = control<QLabel>(form, name);
+        EXPECT_TRUE(label.textInteractionFlags().testFlag(Qt::TextSelectableByMouse)) << name;
+        QTest::mouseDClick(&label, Qt::LeftButton, {}, label.rect().center());
+        EXPECT_TRUE(label.hasSelectedText()) << name;
     }
 }
 

@@ -1,0 +1,67 @@
+#include "crescent/picturename.h"
+
+#include "app/stored/programfolder.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <string_view>
+#include <system_error>
+
+namespace halvane {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::array<std::string_view, 11> picture_endings = {
+    ".gif", ".bmp", ".png", ".jpg", ".jpeg", ".tif", ".tiff", ".webp", ".svg", ".ppm", ".xpm"};
+
+std::string ending_of(const std::string& name) {
+    std::string ending = fs::path(name).extension().string();
+    std::transform(ending.begin(), ending.end(), ending.begin(),
+                   [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
+    return ending;
+}
+
+bool is_same_file(const fs::path& one, const fs::path& other) {
+    std::error_code ignored;
+    return one == other || fs::equivalent(one, other, ignored);
+}
+
+/// The path without links as far as it exists.
+fs::path resolved(const fs::path& path) {
+    std::error_code failed;
+    const fs::path whole = fs::weakly_canonical(fs::absolute(path, failed), failed);
+    return failed ? path : whole;
+}
+
+bool lies_within(const fs::path& file, const fs::path& folder) {
+    for (fs::path parent = file.parent_path(); parent.has_relative_path(); parent = parent.parent_path())
+        if (is_same_file(parent, folder))
+            return true;
+    return false;
+}
+
+bool is_file_of(const fs::path& folder, const fs::path& file) {
+    const auto is_picture = [&](const char* name) { return is_same_file(file, resolved(folder / name)); };
+    return is_picture("map.gif") || is_picture("qmap.gif") ||
+           lies_within(file, resolved(folder / "images")) ||
+           (is_same_file(file.parent_path(), folder) && ending_of(file.string()) != ".gif");
+}
+
+} // namespace
+
+std::string gif_name(const std::string& chosen) {
+    const std::string ending = ending_of(chosen);
+    const bool is_picture =
+        std::find(picture_endings.begin(), picture_endings.end(), ending) != picture_endings.end();
+    return chosen.substr(0, chosen.size() - (is_picture ? ending.size() : 0)) + ".gif";
+}
+
+bool is_program_file(const fs::path& name) {
+    const fs::path file = resolved(name);
+    return is_file_of(resolved(program_folder()), file) || is_file_of(resolved(executable_folder()), file);
+}
+
+} // namespace halvane

@@ -251,6 +251,7 @@ void frmcresv::cmdmap_click() {
         map_ = new frmmap(this);
         map_->setAttribute(Qt::WA_DeleteOnClose);
     }
+    map_->choose_day(chosen(shown()).days);
     map_->show();
     map_->raise();
     map_->activateWindow();

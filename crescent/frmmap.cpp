@@ -35,6 +35,11 @@ constexpr Twin twins[] = {
 
 constexpr Twin save_title{"", "Save the Map", "حفظ الخريطة"};
 constexpr Twin save_filter{"", "GIF pictures (*.gif)", "صور GIF (*.gif)"};
+constexpr Twin drawing_words{"", "Drawing: %1 %", "جار الرسم: %1 %"};
+constexpr Twin stopped_words{"", "Stopped at %1 %.", "توقف الرسم عند %1 %."};
+constexpr Twin other_choice{"", "The drawing is of another day or criterion than chosen: draw again.",
+                            "هذا الرسم ليوم آخر أو لمعيار آخر غير المختار: ارسم من جديد."};
+constexpr Twin not_drawn{"", "Not drawn here", "لم يرسم هنا"};
 constexpr Twin replace_question{"", "%1 is there already. Replace it?", "الملف %1 موجود. هل تريد استبداله؟"};
 constexpr Twin saved{"", "Saved: %1", "تم الحفظ: %1"};
 constexpr Twin not_saved{"", "Not saved: %1", "لم يتم الحفظ: %1"};
@@ -75,12 +80,15 @@ public:
             panel_->ui_->pic->add_point(point);
     }
     bool go_on() override {
+        if (panel_)
+            panel_->show_progress(++blocks_ * 100 / MapGrid::blocks);
         QCoreApplication::processEvents();
         return panel_ && !panel_->stop_;
     }
 
 private:
     QPointer<frmmap> panel_;
+    int blocks_ = 0;
 };
 
 frmmap::frmmap(QWidget* owner)
@@ -109,7 +117,8 @@ void frmmap::set_sizes() {
     keep_left_to_right(*ui_->pic);
     const int line = ui_->lblinf->fontMetrics().lineSpacing();
     ui_->lblinf->setMinimumHeight(information_lines * line);
-    ui_->lblmouse->setMinimumHeight(line);
+    for (QLabel* read_out : {ui_->lblmouse, ui_->lblclass, ui_->lblstate})
+        read_out->setMinimumHeight(line);
     ui_->lblsave->setMinimumHeight(line);
 }
 
@@ -118,6 +127,9 @@ void frmmap::connect_controls() {
     connect(ui_->cmdstop, &QPushButton::clicked, this, &frmmap::cmdstop_click);
     connect(ui_->cmdsave, &QPushButton::clicked, this, &frmmap::cmdsave_click);
     connect(ui_->cmdclose, &QPushButton::clicked, this, &frmmap::accept);
+    for (QRadioButton* day : {ui_->opt0, ui_->opt1, ui_->opt2})
+        connect(day, &QRadioButton::toggled, this, &frmmap::show_state);
+    connect(ui_->cbocri, &QComboBox::currentIndexChanged, this, &frmmap::show_state);
     connect(ui_->pic, &MapView::mouse_over, this, &frmmap::show_mouse);
     connect(ui_->pic, &MapView::mouse_left, this, &frmmap::clear_mouse);
 }
@@ -153,19 +165,53 @@ MapRun frmmap::shown_run() const {
 }
 
 void frmmap::show_texts(const MapRun& run) {
-    ui_->lblleg->show_legend(map_legend(run.criterion), language_);
+    ui_->lblleg->show_legend(map_legend(run.criterion), bare_colour(ui_->pic->map()), language_);
     QStringList lines;
     for (const std::string& line : map_information(run, letter()))
         lines << QString::fromStdString(line);
     ui_->lblinf->setText(lines.join(u'\n'));
 }
 
+void frmmap::choose_day(int choice) {
+    QRadioButton* const days[] = {ui_->opt0, ui_->opt1, ui_->opt2};
+    if (choice != offered_day_)
+        days[choice]->setChecked(true);
+    offered_day_ = choice;
+}
+
+bool frmmap::is_drawing_of_choice() const {
+    const MapRun chosen = shown_run();
+    return drawn_ && drawn_->criterion == chosen.criterion && drawn_->kind == chosen.kind &&
+           drawn_->day == chosen.day;
+}
+
+void frmmap::show_progress(int percent) {
+    percent_ = percent;
+    show_state();
+}
+
+/// How far the drawing is, and whether it is of what is chosen.
+void frmmap::show_state() {
+    constexpr int whole = 100;
+    QStringList words;
+    if (drawing_)
+        words << text_of(drawing_words, language_).arg(percent_);
+    else if (drawn_ && percent_ < whole)
+        words << text_of(stopped_words, language_).arg(percent_);
+    if (drawn_ && !is_drawing_of_choice())
+        words << text_of(other_choice, language_);
+    ui_->lblstate->setText(words.join(u' '));
+}
+
 // The panel may be closed and deleted while a block lets events happen.
 void frmmap::cmddraw_click() {
     ui_->cmddraw->setEnabled(false);
     const MapRun run = shown_run();
-    show_texts(run);
     ui_->pic->show_map(read_map_image());
+    show_texts(run);
+    drawn_ = run;
+    drawing_ = true;
+    show_progress(0);
     platform().keep_on_top(static_cast<QWidget*>(this), true);
     stop_ = false;
     const QPointer<frmmap> self(this);
@@ -174,6 +220,9 @@ void frmmap::cmddraw_click() {
     if (!self)
         return;
     stop_ = false;
+    drawing_ = false;
+    ui_->pic->show_marks();
+    show_state();
     ui_->cmddraw->setEnabled(true);
     if (ui_->cmdstop->hasFocus())
         ui_->cmddraw->setFocus();
@@ -252,12 +301,25 @@ void frmmap::show_save(const Twin& how, const QString& name, const FailureParts&
 }
 
 void frmmap::show_mouse(double x, double y) {
+    const std::optional<VisibilityClass> found = ui_->pic->class_at(x, y);
     ui_->lblmouse->setText(mouse_text(map_place(x, y), language_));
-    ui_->lblleg->mark(ui_->pic->class_at(x, y));
+    const bool is_outside = !found && ui_->lblmouse->text().isEmpty();
+    ui_->lblclass->setText(is_outside ? QString() : class_words(found));
+    ui_->lblleg->mark(found);
+}
+
+/// The class under the mouse in words; empty before the first drawing.
+QString frmmap::class_words(std::optional<VisibilityClass> visibility) const {
+    for (const LegendLine& line : ui_->lblleg->legend())
+        if (line.visibility == visibility)
+            return QLatin1Char(class_mark(line.visibility)) + QStringLiteral("  ") +
+                   legend_words(line, language_);
+    return drawn_ ? text_of(not_drawn, language_) : QString();
 }
 
 void frmmap::clear_mouse() {
     ui_->lblmouse->clear();
+    ui_->lblclass->clear();
     ui_->lblleg->mark(std::nullopt);
 }
 

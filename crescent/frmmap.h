@@ -6,6 +6,7 @@
 
 #include <QDialog>
 #include <memory>
+#include <optional>
 
 namespace halvane {
 
@@ -27,6 +28,10 @@ public:
     void cmdsave_click(); ///< saves the picture as a GIF file; a failure is told in `lblsave`
     void done(int result) override;
 
+    /// Chooses the day that the map was opened for: 0, 1, 2 as map_day() counts. The same day once more
+    /// leaves the user's own choice.
+    void choose_day(int choice);
+
 protected:
     bool event(QEvent* event) override;
 
@@ -39,8 +44,12 @@ private:
     void load();
     void show_clean_map();
     MapRun shown_run() const;
+    bool is_drawing_of_choice() const;
+    void show_progress(int percent);
+    void show_state();
     void show_texts(const MapRun& run);
     void show_mouse(double x, double y);
+    QString class_words(std::optional<VisibilityClass> visibility) const;
     void clear_mouse();
     QString ask_for_name();
     void save_picture(const QString& name);
@@ -51,6 +60,10 @@ private:
     Language language_;
     CrescentKind kind_ = CrescentKind::new_crescent;
     MapConjunction conjunction_;
+    int offered_day_ = 0;
+    std::optional<MapRun> drawn_; ///< what the picture shows, once drawn
+    bool drawing_ = false;
+    int percent_ = 0; ///< of the drawing
     bool stop_ = false;
 };
 

@@ -1,5 +1,7 @@
 #include "crescent/legendlabel.h"
 
+#include "crescent/mapmarks.h"
+
 #include <QPainter>
 #include <QStyle>
 #include <algorithm>
@@ -20,12 +22,19 @@ QString legend_words(const LegendLine& line, Language language) {
     return QString::fromUtf8(language == Language::english ? line.english : line.arabic);
 }
 
+QColor legend_colour(const LegendLine& line, const QColor& bare) {
+    const ClassColour colour = class_colour(line.visibility);
+    return line.visibility == VisibilityClass::not_possible ? bare
+                                                            : QColor(colour.red, colour.green, colour.blue);
+}
+
 LegendLabel::LegendLabel(QWidget* parent) : QLabel(parent) {
     setTextFormat(Qt::PlainText);
 }
 
-void LegendLabel::show_legend(std::vector<LegendLine> legend, Language language) {
+void LegendLabel::show_legend(std::vector<LegendLine> legend, const QColor& bare, Language language) {
     legend_ = std::move(legend);
+    bare_ = bare;
     language_ = language;
     QStringList lines;
     for (const LegendLine& line : legend_)
@@ -46,6 +55,10 @@ int LegendLabel::line_height() const {
 
 int LegendLabel::swatch_side() const {
     return fontMetrics().ascent() * 4 / 5;
+}
+
+int LegendLabel::text_indent() const {
+    return mark_indent() + QFontMetrics(bold(font())).horizontalAdvance(u'8') + swatch_side();
 }
 
 QSize LegendLabel::sizeHint() const {
@@ -70,21 +83,21 @@ QRect LegendLabel::swatch(int line) const {
 
 void LegendLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
+    painter.setLayoutDirection(layoutDirection());
     const QColor ink = palette().color(QPalette::WindowText);
     for (int line = 0; line < static_cast<int>(legend_.size()); ++line) {
         const LegendLine& entry = legend_[static_cast<std::size_t>(line)];
-        const ClassColour colour = class_colour(entry.visibility);
         painter.setPen(ink);
         painter.setFont(marked_ == entry.visibility ? bold(font()) : font());
-        if (entry.visibility == VisibilityClass::not_possible)
-            painter.setBrush(Qt::NoBrush);
-        else
-            painter.setBrush(QColor(colour.red, colour.green, colour.blue));
+        painter.setBrush(legend_colour(entry, bare_));
         painter.drawRect(swatch(line).adjusted(0, 0, -1, -1));
-        const QRect words(text_indent(), line * line_height(), width() - text_indent(), line_height());
-        painter.drawText(QStyle::visualRect(layoutDirection(), rect(), words),
-                         static_cast<int>(Qt::AlignLeading | Qt::AlignVCenter),
-                         legend_words(entry, language_));
+        const auto write = [&](int left, const QString& text) {
+            const QRect place(left, line * line_height(), width() - left, line_height());
+            painter.drawText(QStyle::visualRect(layoutDirection(), rect(), place),
+                             static_cast<int>(Qt::AlignLeading | Qt::AlignVCenter), text);
+        };
+        write(mark_indent(), QString(QLatin1Char(class_mark(entry.visibility))));
+        write(text_indent(), legend_words(entry, language_));
     }
 }
 

@@ -3,20 +3,22 @@
 #include "app/language.h"
 #include "crescent/maptexts.h"
 
+#include <QColor>
 #include <QLabel>
 #include <optional>
 #include <vector>
 
 namespace halvane {
 
-/// The legend of a map: its text is the lines of the legend, and each line is drawn with its colour beside
-/// the words.
+/// The legend of a map: its text is the lines of the legend, and each line is drawn with its colour and its
+/// mark beside the words.
 class LegendLabel : public QLabel {
     Q_OBJECT
 public:
     explicit LegendLabel(QWidget* parent = nullptr);
 
-    void show_legend(std::vector<LegendLine> legend, Language language);
+    /// In     bare  the map's own colour, which class not_possible lets through
+    void show_legend(std::vector<LegendLine> legend, const QColor& bare, Language language);
     /// Sets the line of a class in bold, or none.
     void mark(std::optional<VisibilityClass> visibility);
     std::optional<VisibilityClass> marked() const { return marked_; }
@@ -34,14 +36,20 @@ protected:
 private:
     int line_height() const;
     int swatch_side() const;
-    int text_indent() const { return 2 * swatch_side(); }
+    int mark_indent() const { return 2 * swatch_side(); }
+    int text_indent() const;
 
     std::vector<LegendLine> legend_;
+    QColor bare_;
     std::optional<VisibilityClass> marked_;
     Language language_ = Language::english;
 };
 
 /// The words of a legend's line.
 QString legend_words(const LegendLine& line, Language language);
+
+/// The colour of a legend's line.
+/// In     bare  the map's own colour
+QColor legend_colour(const LegendLine& line, const QColor& bare);
 
 } // namespace halvane

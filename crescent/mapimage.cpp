@@ -10,19 +10,28 @@
 #include <QPainter>
 #include <QStyle>
 #include <algorithm>
+#include <cmath>
 #include <unordered_map>
 
 namespace halvane {
 
 namespace {
 
-const QColor paper(255, 255, 255);
-const QColor ink(34, 40, 49);
+const QColor paper = map_paper();
+const QColor ink = map_ink();
 
 void paint_points(QPainter& painter, const std::vector<MapPoint>& points) {
     painter.setClipRect(0, 0, map_width, map_height);
-    for (const MapPoint& point : points)
+    MapClasses classes;
+    for (const MapPoint& point : points) {
         draw_map_point(painter, point);
+        classes.add(point);
+    }
+    constexpr double pixel_centre = 0.5;
+    for (const MapMark& mark : map_marks(classes))
+        draw_map_mark(painter, mark.visibility,
+                      {std::round(mark.centre.x) + pixel_centre, std::round(mark.centre.y) + pixel_centre},
+                      1);
     painter.setClipping(false);
 }
 
@@ -46,16 +55,17 @@ void write_information(QPainter& painter, const MapSheetContent& content) {
 
 void write_legend(QPainter& painter, const MapSheetContent& content) {
     const QRect sheet(0, 0, MapSheet::width, MapSheet::height);
+    const QColor bare = bare_colour(content.map);
     int line = 0;
     for (const LegendLine& entry : content.legend) {
         const QRect place(MapSheet::legend_left, MapSheet::swatch_top(line), MapSheet::swatch,
                           MapSheet::swatch);
-        const ClassColour colour = class_colour(entry.visibility);
         painter.setPen(ink);
-        painter.setBrush(QColor(colour.red, colour.green, colour.blue));
+        painter.setBrush(legend_colour(entry, bare));
         painter.drawRect(QStyle::visualRect(painter.layoutDirection(), sheet, place).adjusted(0, 0, -1, -1));
-        const int words = MapSheet::legend_left + MapSheet::swatch + MapSheet::margin;
-        write_line(painter, line_place(words, line), legend_words(entry, content.language));
+        write_line(painter, line_place(MapSheet::mark_left, line),
+                   QString(QLatin1Char(class_mark(entry.visibility))));
+        write_line(painter, line_place(MapSheet::words_left, line), legend_words(entry, content.language));
         ++line;
     }
 }
@@ -134,6 +144,32 @@ private:
 };
 
 } // namespace
+
+QColor map_ink() {
+    return {34, 40, 49};
+}
+
+QColor map_paper() {
+    return {255, 255, 255};
+}
+
+std::vector<QColor> bare_colours(const QImage& map) {
+    if (map.isNull())
+        return {map_paper()};
+    std::vector<QColor> colours;
+    for (const ClassColour& bare : bare_map_colours([&map](int x, int y) {
+             const QRgb pixel = map.pixel(x, y);
+             return ClassColour{static_cast<unsigned char>(qRed(pixel)),
+                                static_cast<unsigned char>(qGreen(pixel)),
+                                static_cast<unsigned char>(qBlue(pixel))};
+         }))
+        colours.emplace_back(bare.red, bare.green, bare.blue);
+    return colours;
+}
+
+QColor bare_colour(const QImage& map) {
+    return bare_colours(map).front();
+}
 
 QImage read_map_image() {
     const QImage map = QImage::fromData(QByteArray::fromStdString(whole_map_picture()), "GIF");

@@ -5,8 +5,10 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <map>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
 namespace halvane {
 namespace {
@@ -76,6 +78,25 @@ private:
 };
 
 } // namespace
+
+std::vector<ClassColour> bare_map_colours(const std::function<ClassColour(int x, int y)>& colour_at) {
+    const auto byte = [](int value) { return static_cast<unsigned char>(value & 0xFF); };
+    const auto row_of = [](int latitude) { return static_cast<int>(map_pixel(0, latitude).y); };
+    std::map<int, int> counts;
+    for (int y = row_of(MapGrid::north); y < row_of(MapGrid::south); ++y)
+        for (int x = 0; x < map_width; ++x) {
+            const ClassColour colour = colour_at(x, y);
+            --counts[colour.red << 16 | colour.green << 8 | colour.blue];
+        }
+    std::vector<std::pair<int, int>> order;
+    for (const auto& [colour, count] : counts)
+        order.emplace_back(count, colour);
+    std::sort(order.begin(), order.end());
+    std::vector<ClassColour> colours;
+    for (const auto& [count, colour] : order)
+        colours.push_back({byte(colour >> 16), byte(colour >> 8), byte(colour)});
+    return colours;
+}
 
 std::string map_picture_path() {
     std::error_code ignored;

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "app/stored/failure.h"
-#include "crescent/visibilitymap.h"
+#include "crescent/maptexts.h"
 
+#include <functional>
 #include <string>
+#include <vector>
 
 namespace halvane {
 
@@ -22,7 +24,17 @@ struct MapSheet {
     static constexpr int legend_left = width / 2;
     static constexpr int line_top(int line) { return map_height + margin + line * line_height; }
     static constexpr int swatch_top(int line) { return line_top(line) + 4; }
+    static constexpr int mark_left = legend_left + swatch + margin / 2; ///< of a line's mark
+    static constexpr int words_left = mark_left + margin + margin / 2;  ///< of a line's words
 };
+
+/// Height of the figures that mark the classes on the map                            [pixels of the map]
+inline constexpr int map_mark_height = 14;
+
+/// The colours of the map itself in the area that drawings cover, the most frequent first: what class
+/// not_possible looks like. First comes the sea, then the land.
+/// In     colour_at  the picture's colour at a pixel
+std::vector<ClassColour> bare_map_colours(const std::function<ClassColour(int x, int y)>& colour_at);
 
 /// The world's picture: `map.gif` of the program folder, or of the executable's when that one has none.
 std::string map_picture_path();

@@ -1,11 +1,15 @@
 #include "crescent/mapview.h"
 
+#include "crescent/mapimage.h"
 #include "crescent/mapsheet.h"
 #include "crescent/maptexts.h"
 
+#include <QFontDatabase>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPainterPath>
 #include <algorithm>
+#include <cmath>
 
 namespace halvane {
 
@@ -23,6 +27,23 @@ void draw_map_point(QPainter& painter, const MapPoint& point) {
         painter.drawEllipse(QPoint(qRound(at.x), qRound(at.y)), map_point_radius, map_point_radius);
 }
 
+void draw_map_mark(QPainter& painter, VisibilityClass visibility, const QPointF& centre, double scale) {
+    constexpr double rim = 4;
+    QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+    font.setPixelSize(map_mark_height);
+    font.setBold(true);
+    QPainterPath figure;
+    figure.addText(0, 0, font, QString(QLatin1Char(class_mark(visibility))));
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(centre);
+    painter.scale(scale, scale);
+    painter.translate(-figure.boundingRect().center());
+    painter.strokePath(figure, QPen(map_paper(), rim, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.fillPath(figure, map_ink());
+    painter.restore();
+}
+
 MapView::MapView(QWidget* parent) : QWidget(parent) {
     QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setSizePolicy(policy);
@@ -34,33 +55,32 @@ void MapView::show_map(const QImage& map) {
     map_ = map;
     points_.clear();
     circles_.clear();
-    places_.clear();
+    classes_ = {};
+    marks_.clear();
     layer_ = {};
     update();
 }
 
 void MapView::add_point(const MapPoint& point) {
     points_.push_back(point);
-    const bool is_new = places_.emplace(std::pair(point.longitude, point.latitude), point.visibility).second;
-    if (!is_new || point.visibility == VisibilityClass::not_possible)
+    if (!classes_.add(point) || point.visibility == VisibilityClass::not_possible)
         return;
     circles_.push_back(point);
     const MapPixel at = map_pixel(point.longitude, point.latitude);
-    const QPointF centre = map_area().topLeft() + QPointF(at.x, at.y) * scale();
+    const QPointF centre = place_of(at);
     const double reach = (map_point_radius + 2) * scale();
     const QRectF around(centre - QPointF(reach, reach), centre + QPointF(reach, reach));
     update(around.toAlignedRect());
 }
 
-std::optional<VisibilityClass> MapView::class_at(double x, double y) const {
-    const MapPixel origin = map_pixel(0, 0);
-    const MapPixel step = map_pixel(2, 2);
-    const int longitude = 2 * qRound((x - origin.x) / (step.x - origin.x));
-    const int latitude = 2 * qRound((y - origin.y) / (step.y - origin.y));
-    const auto found = places_.find({longitude, latitude});
-    if (found == places_.end() || found->second == VisibilityClass::not_possible)
-        return std::nullopt;
-    return found->second;
+void MapView::show_marks() {
+    marks_ = map_marks(classes_);
+    update();
+}
+
+QPointF MapView::place_of(const MapPixel& at) const {
+    constexpr double pixel_centre = 0.5;
+    return map_area().topLeft() + QPointF(at.x + pixel_centre, at.y + pixel_centre) * scale();
 }
 
 QRectF MapView::map_area() const {
@@ -100,6 +120,8 @@ void MapView::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     painter.setClipRegion(event->region());
     painter.drawPixmap(0, 0, layer_);
+    for (const MapMark& mark : marks_)
+        draw_map_mark(painter, mark.visibility, place_of(mark.centre), std::max(scale(), 1.0));
 }
 
 void MapView::mouseMoveEvent(QMouseEvent* event) {

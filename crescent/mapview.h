@@ -1,14 +1,12 @@
 #pragma once
 
-#include "crescent/visibilitymap.h"
+#include "crescent/mapmarks.h"
 
 #include <QImage>
 #include <QPixmap>
 #include <QWidget>
 #include <cstddef>
-#include <map>
 #include <optional>
-#include <utility>
 #include <vector>
 
 namespace halvane {
@@ -16,6 +14,11 @@ namespace halvane {
 /// Draws a point of the map in picture units: a circle of radius 2 with a line 1 wide, at the nearest whole
 /// pixel when edges are not smoothed.
 void draw_map_point(QPainter& painter, const MapPoint& point);
+
+/// Draws the mark of a class: its number in ink with a rim of paper, so that it can be read over circles of
+/// any colour. In     centre  where the figure stands
+///        scale   of the figure; 1 is for the map at its own size
+void draw_map_mark(QPainter& painter, VisibilityClass visibility, const QPointF& centre, double scale);
 
 /// The world map of a panel at any size: the picture scaled with its aspect kept, and the points drawn over
 /// it in vectors. Never mirrored.
@@ -29,10 +32,14 @@ public:
     /// Paints one more point; it appears with the next pass of the event loop.
     void add_point(const MapPoint& point);
 
+    /// Marks the classes of what is painted.
+    void show_marks();
+
     const std::vector<MapPoint>& points() const { return points_; }
     const QImage& map() const { return map_; }
-    /// The class painted nearest to a pixel of the picture; none where the map shows through.
-    std::optional<VisibilityClass> class_at(double x, double y) const;
+    const std::vector<MapMark>& marks() const { return marks_; }
+    /// The class found nearest to a pixel of the picture; none where nothing has been drawn.
+    std::optional<VisibilityClass> class_at(double x, double y) const { return classes_.nearest(x, y); }
     /// The area of the widget that the map fills.
     QRectF map_area() const;
 
@@ -50,6 +57,8 @@ protected:
     void leaveEvent(QEvent* event) override;
 
 private:
+    /// Where the middle of a pixel of the picture lies on the widget.
+    QPointF place_of(const MapPixel& at) const;
     double scale() const { return map_area().width() / map_width; }
     void refresh_layer();
     void paint_new_points();
@@ -59,7 +68,8 @@ private:
     QPixmap layer_;                 ///< map and painted points at the screen's resolution
     std::vector<MapPoint> circles_; ///< the coloured points, each place once
     std::size_t painted_ = 0;       ///< so many circles are in the layer
-    std::map<std::pair<int, int>, VisibilityClass> places_;
+    MapClasses classes_;
+    std::vector<MapMark> marks_;
 };
 
 } // namespace halvane

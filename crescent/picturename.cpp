@@ -43,11 +43,20 @@ bool lies_within(const fs::path& file, const fs::path& folder) {
     return false;
 }
 
+/// A stored file, a series, a list or a program.
+bool is_data_or_program(const fs::path& file) {
+    const std::string ending = ending_of(file.string());
+    std::error_code ignored;
+    const fs::file_status status = fs::status(file, ignored);
+    const bool can_run = (status.permissions() & fs::perms::owner_exec) != fs::perms::none;
+    return fs::is_regular_file(status) && (ending == ".vsk" || ending == ".txt" || can_run);
+}
+
 bool is_file_of(const fs::path& folder, const fs::path& file) {
     const auto is_picture = [&](const char* name) { return is_same_file(file, resolved(folder / name)); };
     return is_picture("map.gif") || is_picture("qmap.gif") ||
            lies_within(file, resolved(folder / "images")) ||
-           (is_same_file(file.parent_path(), folder) && ending_of(file.string()) != ".gif");
+           (is_same_file(file.parent_path(), folder) && is_data_or_program(file));
 }
 
 } // namespace

@@ -142,9 +142,9 @@ VisibilityClass evaluate_point(const MapRun& run, double longitude, double latit
 
 namespace {
 
-constexpr int block_step = 10;
-constexpr int block_span = 8;
-constexpr int grid_step = 2;
+constexpr int block_step = MapGrid::block_step;
+constexpr int block_span = MapGrid::block_span;
+constexpr int grid_step = MapGrid::step;
 
 struct GridPlace {
     int longitude, latitude;
@@ -169,8 +169,8 @@ public:
         : run_(run), receiver_(receiver), conjunction_(run.conjunction.universal) {}
 
     bool draw() {
-        for (int longitude = -180; longitude <= 170; longitude += block_step)
-            for (int latitude = 60; latitude >= -60; latitude -= block_step) {
+        for (int longitude = MapGrid::west; longitude <= MapGrid::east; longitude += block_step)
+            for (int latitude = MapGrid::north; latitude >= MapGrid::south; latitude -= block_step) {
                 draw_block(longitude, latitude);
                 if (!receiver_.go_on())
                     return false;
@@ -220,6 +220,14 @@ private:
 };
 
 } // namespace
+
+int MapGrid::block_west_of(int longitude) {
+    return longitude - ((longitude - west) % block_step + block_step) % block_step;
+}
+
+int MapGrid::block_north_of(int latitude) {
+    return latitude + ((north - latitude) % block_step + block_step) % block_step;
+}
 
 bool draw_visibility_map(const MapRun& run, MapReceiver& receiver) {
     return MapDrawing(run, receiver).draw();

@@ -46,6 +46,22 @@ struct MapPoint {
     bool operator==(const MapPoint&) const = default;
 };
 
+/// The grid that a map is drawn on, in blocks                                                     [deg]
+struct MapGrid {
+    static constexpr int west = -180;
+    static constexpr int east = 178;
+    static constexpr int north = 60;
+    static constexpr int south = -68;
+    static constexpr int step = 2;        ///< from one place of the grid to the next
+    static constexpr int block_step = 10; ///< from one block to the next
+    static constexpr int block_span = 8;  ///< from the first to the last place of a block
+    static constexpr int blocks = 36 * 13;
+
+    /// The western and the northern side of the block that a place of the grid belongs to.
+    static int block_west_of(int longitude);
+    static int block_north_of(int latitude);
+};
+
 /// Takes the points of a map in drawing order.
 class MapReceiver {
 public:

@@ -4,10 +4,12 @@
 #include "app/stored/outputfile.h"
 #include "app/stored/textfile.h"
 #include "crescent/gif.h"
+#include "crescent/mapmarks.h"
 #include "crescent/mapsheet.h"
 #include "crescent/maptexts.h"
 #include "crescent/picturename.h"
 
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <memory>
@@ -47,6 +49,8 @@ public:
         gdImageFilledRectangle(image_.get(), 0, 0, gdImageSX(image_.get()) - 1, gdImageSY(image_.get()) - 1,
                                white);
         gdImageCopy(image_.get(), map.get(), 0, 0, 0, 0, map_width, map_height);
+        paper_ = white;
+        find_bare_colour();
     }
 
     void paint(const MapPoint& point) {
@@ -56,6 +60,17 @@ public:
         const MapPixel at = map_pixel(point.longitude, point.latitude);
         gdImageArc(image_.get(), static_cast<int>(std::lround(at.x)), static_cast<int>(std::lround(at.y)),
                    diameter, diameter, 0, 360, colour_of(point.visibility));
+    }
+
+    /// The number of the class in ink with a rim of paper.
+    void mark(const MapMark& mark) {
+        std::string figure(1, class_mark(mark.visibility));
+        const int x = static_cast<int>(std::lround(mark.centre.x));
+        const int y = static_cast<int>(std::lround(mark.centre.y));
+        for (int dy = -mark_rim; dy <= mark_rim; ++dy)
+            for (int dx = -mark_rim; dx <= mark_rim; ++dx)
+                draw_figure(figure, x + dx, y + dy, paper_);
+        draw_figure(figure, x, y, ink_);
     }
 
     void write_information(const std::vector<std::string>& lines) {
@@ -70,12 +85,11 @@ public:
         int line = 0;
         for (const LegendLine& entry : legend) {
             const int y = MapSheet::swatch_top(line);
-            const bool coloured = entry.visibility != VisibilityClass::not_possible;
-            if (coloured)
-                gdImageFilledRectangle(image_.get(), left, y, left + swatch, y + swatch,
-                                       colour_of(entry.visibility));
+            gdImageFilledRectangle(image_.get(), left, y, left + swatch, y + swatch,
+                                   colour_of(entry.visibility));
             gdImageRectangle(image_.get(), left, y, left + swatch, y + swatch, ink_);
-            write(left + swatch + MapSheet::margin, line++, entry.english);
+            write(MapSheet::mark_left, line, std::string(1, class_mark(entry.visibility)));
+            write(MapSheet::words_left, line++, entry.english);
         }
     }
 
@@ -94,8 +108,39 @@ public:
     }
 
 private:
+    static constexpr int mark_rim = 2;
+
+    void find_bare_colour() {
+        bare_ = bare_map_colours([this](int x, int y) {
+                    const int index = gdImageGetPixel(image_.get(), x, y);
+                    return ClassColour{static_cast<unsigned char>(gdImageRed(image_.get(), index)),
+                                       static_cast<unsigned char>(gdImageGreen(image_.get(), index)),
+                                       static_cast<unsigned char>(gdImageBlue(image_.get(), index))};
+                }).front();
+    }
+
+    /// Without soft edges, which the negative colour asks for: the rim would fill the palette with shades.
+    void draw_figure(std::string& figure, int x, int y, int colour) {
+        constexpr double points = map_mark_height * 0.75; // at 96 pixels to the inch
+        std::string font = "sans:bold";
+        std::array<int, 8> corners{};
+        gdFTUseFontConfig(1);
+        if (gdImageStringFT(nullptr, corners.data(), 0, font.data(), points, 0, 0, 0, figure.data()) !=
+            nullptr) {
+            const gdFont* plain = gdFontGetLarge();
+            gdImageChar(image_.get(), gdFontGetLarge(), x - plain->w / 2, y - plain->h / 2, figure[0],
+                        colour);
+            return;
+        }
+        const int left = (corners[0] + corners[2]) / 2;
+        const int base = (corners[1] + corners[7]) / 2;
+        gdImageStringFT(image_.get(), nullptr, -colour, font.data(), points, 0, x - left, y - base,
+                        figure.data());
+    }
+
     int colour_of(VisibilityClass visibility) const {
-        const ClassColour colour = class_colour(visibility);
+        const bool is_bare = visibility == VisibilityClass::not_possible;
+        const ClassColour colour = is_bare ? bare_ : class_colour(visibility);
         return gdImageColorClosest(image_.get(), colour.red, colour.green, colour.blue);
     }
 
@@ -114,6 +159,8 @@ private:
 
     Image image_;
     int ink_ = 0;
+    int paper_ = 0;
+    ClassColour bare_{};
 };
 
 } // namespace
@@ -123,8 +170,13 @@ void save_map_picture(const MapRun& run, const std::vector<MapPoint>& points, co
         throw RunTimeFailure(TwinWords{path + " is a file of the program; no picture replaces it.",
                                        path + " من ملفات البرنامج، و لا تحل صورة محله."});
     Canvas canvas;
-    for (const MapPoint& point : points)
+    MapClasses classes;
+    for (const MapPoint& point : points) {
         canvas.paint(point);
+        classes.add(point);
+    }
+    for (const MapMark& mark : map_marks(classes))
+        canvas.mark(mark);
     canvas.write_information(map_information(run, 'E'));
     canvas.write_legend(map_legend(run.criterion));
     const std::vector<std::uint8_t> bytes = gif_bytes(canvas.picture());

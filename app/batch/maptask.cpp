@@ -30,8 +30,7 @@ public:
     explicit PointList(Progress& progress) : progress_(progress) {}
     void point(const MapPoint& point) override { points_.push_back(point); }
     bool go_on() override {
-        constexpr double blocks = 36 * 13;
-        progress_.percent(++blocks_drawn_ / blocks * 100);
+        progress_.percent(++blocks_drawn_ / MapGrid::blocks * 100);
         return progress_.yield();
     }
     const std::vector<MapPoint>& points() const { return points_; }

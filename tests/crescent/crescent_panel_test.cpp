@@ -464,6 +464,23 @@ TEST_F(CrescentPanel, TheMapOpensWithoutWaitingAfterTheChoicesAreStored) {
     EXPECT_EQ(caption(*map, "opt1"), QStringLiteral("28 March 2025"));
 }
 
+TEST_F(CrescentPanel, TheMapOpensOnTheDayChosen) {
+    frmcresv form;
+    form.show();
+    click(form, "cmdprev");
+    click(form, "opttwo");
+    click(form, "cmdmap");
+    QWidget* map = open_window("frmmap");
+    ASSERT_NE(map, nullptr);
+    EXPECT_TRUE(checked<QRadioButton>(*map, "opt2"));
+    click(*map, "opt0");
+    click(form, "cmdmap");
+    EXPECT_TRUE(checked<QRadioButton>(*map, "opt0")) << "the map's own choice stays";
+    click(form, "optone");
+    click(form, "cmdmap");
+    EXPECT_TRUE(checked<QRadioButton>(*map, "opt1"));
+}
+
 TEST_F(CrescentPanel, AnOpenMapIsNotOpenedTwice) {
     frmcresv form;
     form.show();

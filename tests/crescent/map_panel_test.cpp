@@ -2,6 +2,7 @@
 #include "crescent/conjunction.h"
 #include "crescent/frmmap.h"
 #include "crescent/legendlabel.h"
+#include "crescent/mapimage.h"
 #include "crescent/mapsheet.h"
 #include "crescent/mapview.h"
 #include "ephemeris/series.h"
@@ -130,6 +131,14 @@ protected:
         click(form, "cmddraw");
     }
 
+    /// Whether a mark may hide a part of the circle at a pixel of the map.
+    static bool is_under_a_mark(QWidget& form, const MapPixel& at) {
+        const std::vector<MapMark>& marks = control<MapView>(form, "pic").marks();
+        return std::any_of(marks.begin(), marks.end(), [&](const MapMark& mark) {
+            return std::fabs(mark.centre.x - at.x) < 11 && std::fabs(mark.centre.y - at.y) < 13;
+        });
+    }
+
     /// Saves as `name` of the program folder; the dialog is asked once.
     void save_as(QWidget& form, const std::string& name) {
         set_file_chooser([this, name](const QString& title, const QString& proposed) {
@@ -253,13 +262,60 @@ TEST_F(MapPanel, EachLineOfTheLegendHasItsColourBesideIt) {
             const VisibilityClass visibility = lines[static_cast<std::size_t>(line)].visibility;
             const QPoint centre = legend.swatch(line).center();
             const QColor expected = visibility == VisibilityClass::not_possible
-                                        ? legend.palette().color(QPalette::Window)
+                                        ? bare_colour(control<MapView>(form, "pic").map())
                                         : colour_of(visibility);
             EXPECT_EQ(picture.pixelColor(centre).rgb(), expected.rgb()) << line;
             const bool at_the_start =
                 language == Language::english ? centre.x() < 20 : centre.x() > legend.width() - 20;
             EXPECT_TRUE(at_the_start) << line;
         }
+    }
+}
+
+TEST_F(MapPanel, TheSwatchOfNoColorIsTheMapsOwnColourAlsoOnADarkPanel) {
+    frmmap form;
+    QPalette dark;
+    dark.setColor(QPalette::Window, QColor(32, 35, 38));
+    dark.setColor(QPalette::WindowText, QColor(240, 240, 240));
+    form.setPalette(dark);
+    form.show();
+    click(form, "cmddraw");
+    auto& legend = control<LegendLabel>(form, "lblleg");
+    auto& pic = control<MapView>(form, "pic");
+    const QColor shown = legend.grab().toImage().pixelColor(legend.swatch(1).center());
+    // The sea of the map, of which the most is: 60 north to 68 south, counted here on the file itself.
+    const QImage map = QImage(QString::fromStdString(path("map.gif"))).convertToFormat(QImage::Format_RGB32);
+    int of_shown = 0;
+    const int area = (346 - 82) * map_width;
+    for (int y = 82; y < 346; ++y)
+        for (int x = 0; x < map_width; ++x)
+            of_shown += map.pixelColor(x, y) == shown ? 1 : 0;
+    EXPECT_GT(of_shown, area / 4) << shown.name().toStdString();
+    EXPECT_EQ(shown, bare_colour(pic.map()));
+}
+
+TEST_F(MapPanel, EachLineOfTheLegendHasItsMarkBesideItsColour) {
+    for (const Language language : {Language::english, Language::arabic}) {
+        set_language(language);
+        frmmap form;
+        form.show();
+        click(form, "cmddraw");
+        auto& legend = control<LegendLabel>(form, "lblleg");
+        const QImage picture = legend.grab().toImage();
+        std::set<std::vector<bool>> shapes;
+        for (int line = 0; line < static_cast<int>(legend.legend().size()); ++line) {
+            const QRect swatch = legend.swatch(line);
+            const int side = swatch.width();
+            const int left =
+                language == Language::english ? swatch.left() + 2 * side : swatch.right() - 3 * side;
+            std::vector<bool> shape;
+            for (int y = swatch.top() - 2; y < swatch.bottom() + 2; ++y)
+                for (int x = left; x < left + side + 1; ++x)
+                    shape.push_back(picture.pixelColor(x, y).lightness() < 128);
+            EXPECT_GT(std::count(shape.begin(), shape.end(), true), 4) << line;
+            shapes.insert(shape);
+        }
+        EXPECT_EQ(shapes.size(), legend.legend().size()) << "a mark of its own for each class";
     }
 }
 
@@ -318,6 +374,87 @@ TEST_F(MapPanel, ThePaintedPointsShowOverTheMap) {
     EXPECT_EQ(count_near(pic.grab().toImage(), red, on_screen), 0);
     click(form, "cmddraw");
     EXPECT_GT(count_near(pic.grab().toImage(), red, on_screen), 2000);
+}
+
+TEST_F(MapPanel, EveryClassIsMarkedOnceTheDrawingEnds) {
+    frmmap form;
+    form.show();
+    auto& pic = control<MapView>(form, "pic");
+    choose(form, "cbocri", QStringLiteral("Yallop"));
+    click(form, "opt1");
+    during_draw(form, 100, [&] { EXPECT_TRUE(pic.marks().empty()); });
+    std::set<VisibilityClass> drawn;
+    for (const MapPoint& point : points(form))
+        drawn.insert(point.visibility);
+    std::set<VisibilityClass> marked;
+    const QImage picture = pic.grab().toImage();
+    for (const MapMark& mark : pic.marks()) {
+        marked.insert(mark.visibility);
+        const double scale = pic.map_area().width() / map_width;
+        const QPointF centre = pic.map_area().topLeft() + QPointF(mark.centre.x, mark.centre.y) * scale;
+        const QRect around(qRound(centre.x()) - 7, qRound(centre.y()) - 8, 15, 17);
+        EXPECT_GT(count_near(picture.copy(around), map_ink(), 70), 8);
+        EXPECT_GT(count_near(picture.copy(around), map_paper()), 20);
+    }
+    EXPECT_EQ(marked, drawn);
+    click(form, "cmddraw");
+    during_draw(form, 50, [&] { click(form, "cmdstop"); });
+    EXPECT_FALSE(pic.marks().empty()) << "what is painted after a stop is marked too";
+}
+
+TEST_F(MapPanel, TheDrawingTellsItsPercentageAndAStopWhereItStopped) {
+    for (const Language language : {Language::english, Language::arabic}) {
+        set_language(language);
+        frmmap form;
+        form.show();
+        EXPECT_EQ(caption(form, "lblstate"), QString());
+        std::vector<int> percentages;
+        QTimer timer;
+        QObject::connect(&timer, &QTimer::timeout, &form, [&] {
+            const auto told =
+                QRegularExpression(QStringLiteral("([0-9]+) %")).match(caption(form, "lblstate"));
+            ASSERT_TRUE(told.hasMatch());
+            percentages.push_back(told.captured(1).toInt());
+        });
+        timer.start(0);
+        click(form, "cmddraw");
+        timer.stop();
+        EXPECT_TRUE(std::is_sorted(percentages.begin(), percentages.end()));
+        EXPECT_GT(std::set<int>(percentages.begin(), percentages.end()).size(), 50U);
+        EXPECT_EQ(caption(form, "lblstate"), QString()) << "a whole drawing needs no words";
+        during_draw(form, 234, [&] { click(form, "cmdstop"); }); // half of the 468 blocks
+        const QString stopped = caption(form, "lblstate");
+        const auto told = QRegularExpression(QStringLiteral("([0-9]+) %")).match(stopped);
+        EXPECT_NEAR(told.captured(1).toInt(), 50, 2) << stopped.toStdString();
+        click(form, "cmddraw");
+        EXPECT_EQ(caption(form, "lblstate"), QString());
+    }
+}
+
+TEST_F(MapPanel, AChoiceThatIsNotThatOfTheDrawingIsToldBesideIt) {
+    for (const Language language : {Language::english, Language::arabic}) {
+        set_language(language);
+        frmmap form;
+        form.show();
+        const QString words = language == Language::english ? QStringLiteral("of another day or criterion")
+                                                            : QStringLiteral("ليوم آخر أو لمعيار آخر");
+        const auto is_told = [&] { return caption(form, "lblstate").contains(words); };
+        click(form, "opt1");
+        EXPECT_FALSE(is_told()) << "nothing is drawn yet";
+        click(form, "cmddraw");
+        EXPECT_FALSE(is_told());
+        click(form, "opt2");
+        EXPECT_TRUE(is_told());
+        click(form, "opt1");
+        EXPECT_FALSE(is_told());
+        control<QComboBox>(form, "cbocri").setCurrentIndex(1);
+        EXPECT_TRUE(is_told());
+        EXPECT_EQ(cut_texts(form), QStringList());
+        click(form, "cmddraw");
+        EXPECT_FALSE(is_told());
+        click(form, "cmdstop"); // the criterion goes back to the first
+        EXPECT_TRUE(is_told());
+    }
 }
 
 TEST_F(MapPanel, APointIsACircleAtItsPlaceAtAnySize) {
@@ -559,8 +696,7 @@ TEST_F(MapPanel, TheLegendMarksTheClassUnderTheMouse) {
     for (const MapPoint& point : points(form)) {
         const MapPixel at = map_pixel(point.longitude, point.latitude);
         mouse_over(form, at.x + 1, at.y - 1);
-        const bool painted = point.visibility != VisibilityClass::not_possible;
-        ASSERT_EQ(legend.marked(), painted ? std::optional(point.visibility) : std::nullopt)
+        ASSERT_EQ(legend.marked(), std::optional(point.visibility))
             << point.longitude << " " << point.latitude;
         seen.insert(point.visibility);
     }
@@ -573,6 +709,63 @@ TEST_F(MapPanel, TheLegendMarksTheClassUnderTheMouse) {
     QEvent leave(QEvent::Leave);
     QCoreApplication::sendEvent(&control(form, "pic"), &leave);
     EXPECT_FALSE(legend.marked());
+}
+
+TEST_F(MapPanel, TheClassUnderTheMouseIsToldInWordsForEveryClass) {
+    for (const Language language : {Language::english, Language::arabic}) {
+        set_language(language);
+        frmmap form;
+        form.show();
+        mouse_over(form, 374, 206);
+        EXPECT_EQ(caption(form, "lblclass"), QString()) << "nothing is drawn yet";
+        control<QComboBox>(form, "cbocri").setCurrentIndex(1);
+        std::set<VisibilityClass> told;
+        for (const char* day : {"opt0", "opt1", "opt2"}) {
+            click(form, day);
+            click(form, "cmddraw");
+            for (const MapPoint& point : points(form)) {
+                const MapPixel at = map_pixel(point.longitude, point.latitude);
+                mouse_over(form, at.x + 1, at.y + 1);
+                const std::vector<LegendLine>& legend = control<LegendLabel>(form, "lblleg").legend();
+                const auto line =
+                    std::find_if(legend.begin(), legend.end(), [&](const LegendLine& candidate) {
+                        return candidate.visibility == point.visibility;
+                    });
+                ASSERT_NE(line, legend.end());
+                ASSERT_EQ(caption(form, "lblclass"), QString::number(static_cast<int>(point.visibility)) +
+                                                         QStringLiteral("  ") +
+                                                         legend_words(*line, language));
+                told.insert(point.visibility);
+            }
+        }
+        EXPECT_GE(told.size(), 6U);
+        const MapPixel north = map_pixel(0, 75);
+        mouse_over(form, north.x, north.y);
+        EXPECT_EQ(caption(form, "lblclass"), language == Language::english ? QStringLiteral("Not drawn here")
+                                                                           : QStringLiteral("لم يرسم هنا"));
+        mouse_over(form, 374, 19);
+        EXPECT_EQ(caption(form, "lblclass"), QString()) << "outside the world";
+    }
+}
+
+TEST_F(MapPanel, ABareBlockSaysThatItIsNotPossible) {
+    frmmap form;
+    form.show();
+    click(form, "cmddraw");
+    std::set<std::pair<int, int>> painted;
+    for (const MapPoint& point : points(form))
+        painted.emplace(point.longitude, point.latitude);
+    int bare = 0;
+    for (int longitude = -178; longitude <= 176; longitude += 2)
+        for (int latitude = -68; latitude <= 60; latitude += 2) {
+            if (painted.count({longitude, latitude}) != 0)
+                continue;
+            ++bare;
+            const MapPixel at = map_pixel(longitude, latitude);
+            mouse_over(form, at.x, at.y);
+            ASSERT_EQ(caption(form, "lblclass"), QStringLiteral("3  No Color: Not Possible"));
+        }
+    EXPECT_GT(bare, 100);
 }
 
 TEST_F(MapPanel, ASaveProposesTheHijriMonthInTheProgramFolder) {
@@ -599,9 +792,10 @@ TEST_F(MapPanel, ASavedPictureHoldsMapPointsAndLegend) {
                            "GIF");
         ASSERT_EQ(saved.size(), QSize(MapSheet::width, MapSheet::height));
         for (const MapPoint& point : points(form)) {
-            if (point.visibility == VisibilityClass::not_possible || point.longitude < -176)
-                continue;
             const MapPixel at = map_pixel(point.longitude, point.latitude);
+            if (point.visibility == VisibilityClass::not_possible || point.longitude < -176 ||
+                is_under_a_mark(form, at))
+                continue;
             const QRect around(qRound(at.x) - 3, qRound(at.y) - 3, 7, 7);
             ASSERT_GT(count_near(saved.copy(around), colour_of(point.visibility)), 3)
                 << point.longitude << " " << point.latitude;

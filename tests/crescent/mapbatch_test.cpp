@@ -1,4 +1,5 @@
-#include "crescent/visibilitymap.h"
+#include "crescent/mapmarks.h"
+#include "crescent/mapsheet.h"
 #include "tests/crescent/crescentfixture.h"
 
 #include <array>
@@ -9,6 +10,7 @@
 #include <filesystem>
 #include <gif_lib.h>
 #include <gtest/gtest.h>
+#include <set>
 #include <sstream>
 #include <sys/wait.h>
 
@@ -83,6 +85,50 @@ TEST_F(MapBatch, PictureDecodesAndShowsItsPoints) {
     };
     // The evening of 29 March 2025: red in the far east, where the conjunction is still to come.
     EXPECT_EQ(colour_at(map_pixel(170, 0)), (std::array<int, 3>{238, 0, 0}));
+    DGifCloseFile(gif, &error);
+}
+
+TEST_F(MapBatch, PictureMarksEveryClassOnTheMapAndInTheLegend) {
+    const MapRun run = map_near(29, 3, 2025, CrescentKind::new_crescent, 1, Criterion::yallop);
+    Points drawn;
+    draw_visibility_map(run, drawn);
+    MapClasses classes;
+    for (const MapPoint& point : drawn.points)
+        classes.add(point);
+    const std::string path = folder.path("marks.gif");
+    ASSERT_EQ(this->run("map --criterion yallop --day 1 --output '" + path + "'"), 0)
+        << folder.content("err");
+    int error = 0;
+    GifFileType* gif = DGifOpenFileName(path.c_str(), &error);
+    ASSERT_NE(gif, nullptr);
+    ASSERT_EQ(DGifSlurp(gif), GIF_OK);
+    /// Pixels of a colour within a rectangle.
+    const auto count = [gif](int left, int top, int width, int height, const std::array<int, 3>& wanted) {
+        int found = 0;
+        for (int y = top; y < top + height; ++y)
+            for (int x = left; x < left + width; ++x) {
+                const GifByteType index = gif->SavedImages[0].RasterBits[y * gif->SWidth + x];
+                const GifColorType colour = gif->SColorMap->Colors[index];
+                found += std::array<int, 3>{colour.Red, colour.Green, colour.Blue} == wanted ? 1 : 0;
+            }
+        return found;
+    };
+    const std::array<int, 3> ink{34, 40, 49};
+    const std::array<int, 3> paper{255, 255, 255};
+    std::set<VisibilityClass> marked;
+    for (const MapMark& mark : map_marks(classes)) {
+        const int left = static_cast<int>(std::lround(mark.centre.x)) - 8;
+        const int top = static_cast<int>(std::lround(mark.centre.y)) - 9;
+        EXPECT_GT(count(left, top, 17, 19, ink), 10) << class_mark(mark.visibility);
+        EXPECT_GT(count(left, top, 17, 19, paper), 30) << class_mark(mark.visibility);
+        marked.insert(mark.visibility);
+    }
+    EXPECT_EQ(marked.size(), 6U);
+    for (int line = 0; line < 7; ++line)
+        EXPECT_GT(count(MapSheet::mark_left, MapSheet::line_top(line),
+                        MapSheet::words_left - MapSheet::mark_left, MapSheet::line_height, ink),
+                  0)
+            << line;
     DGifCloseFile(gif, &error);
 }
 

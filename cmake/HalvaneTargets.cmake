@@ -33,6 +33,23 @@ if(HALVANE_SANITIZE)
                                                     -fno-omit-frame-pointer)
   target_link_options(halvane_settings INTERFACE -fsanitize=address,undefined)
 endif()
+# As Debian builds programs that read what others have written (dpkg-buildflags, hardening=+all); its compilers make
+# position-independent programs by themselves. A sanitizer has checks of its own in these places.
+if(NOT HALVANE_SANITIZE)
+  include(CheckCXXCompilerFlag)
+  check_cxx_compiler_flag(-fcf-protection HALVANE_HAS_CONTROL_FLOW_PROTECTION)
+  check_cxx_compiler_flag(-fstack-clash-protection HALVANE_HAS_STACK_CLASH_PROTECTION)
+  target_compile_options(
+    halvane_settings
+    INTERFACE -fstack-protector-strong
+              $<$<BOOL:${HALVANE_HAS_STACK_CLASH_PROTECTION}>:-fstack-clash-protection>
+              $<$<BOOL:${HALVANE_HAS_CONTROL_FLOW_PROTECTION}>:-fcf-protection>
+              -Wformat-security
+              # Without optimisation it only warns that it does nothing.
+              $<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE>
+              $<$<NOT:$<CONFIG:Debug>>:-D_FORTIFY_SOURCE=2>)
+  target_link_options(halvane_settings INTERFACE LINKER:-z,relro LINKER:-z,now)
+endif()
 if(HALVANE_FUZZ)
   target_compile_options(halvane_settings INTERFACE -fsanitize=fuzzer-no-link)
 endif()

@@ -1,5 +1,6 @@
 #include "app/application.h"
 
+#include "app/frmsupport.h"
 #include "app/language.h"
 #include "app/messages.h"
 #include "app/stored/failure.h"
@@ -46,6 +47,7 @@ Application::Application(int& count, char** words) : QApplication(count, words) 
     setApplicationVersion(QString::fromLatin1(version));
     setDesktopFileName(QStringLiteral("halvane"));
     setWindowIcon(QIcon(QStringLiteral(":/icons/halvane.svg")));
+    silence_late_clicks();
 }
 
 bool Application::notify(QObject* receiver, QEvent* event) {

@@ -2,6 +2,7 @@
 
 #include "ephemeris/modgeneral.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
 #include <QFocusEvent>
@@ -9,6 +10,7 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QSignalBlocker>
 #include <QThread>
 #include <utility>
 
@@ -55,6 +57,35 @@ public:
     }
 };
 
+/// Whether a modal dialog stands between the user and a window.
+bool is_blocked(const QWidget* window) {
+    const QWidget* modal = QApplication::activeModalWidget();
+    if (modal == nullptr)
+        return false;
+    while (window != nullptr && window != modal)
+        window = window->parentWidget();
+    return window == nullptr;
+}
+
+/// The end of a key's click comes as a timer's event. A button that the user cannot reach any more takes it
+/// in silence.
+class LateClickSilencer : public QObject {
+public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() != QEvent::Timer)
+            return false;
+        auto* button = qobject_cast<QAbstractButton*>(watched);
+        if (button == nullptr ||
+            (button->isVisible() && button->isEnabled() && !is_blocked(button->window())))
+            return false;
+        const QSignalBlocker silence(button);
+        watched->event(event);
+        return true;
+    }
+};
+
 void handle_pending_events() {
     constexpr unsigned long pause = 2; // [ms]
     QCoreApplication::processEvents();
@@ -74,6 +105,10 @@ QWidget* open_form(const char* name) {
 }
 
 } // namespace
+
+void silence_late_clicks() {
+    qApp->installEventFilter(new LateClickSilencer(qApp));
+}
 
 void select_whole_text_on_focus(QWidget& form) {
     for (QLineEdit* box : form.findChildren<QLineEdit*>())

@@ -11,6 +11,11 @@ namespace halvane {
 /// Every entry box within `form` selects its whole text when it gets the focus, by key, mouse or program.
 void select_whole_text_on_focus(QWidget& form);
 
+/// Lets no button be clicked that cannot be reached any more: a key's click ends a tenth of a second after
+/// the key, when another key may have closed the window, opened a dialog over it or disabled the button.
+/// Called once by every program with panels.
+void silence_late_clicks();
+
 /// One panel of the program and the button of the main panel that opens it.
 struct Panel {
     const char* form;                 ///< objectName of the form

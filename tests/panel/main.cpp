@@ -12,6 +12,7 @@ int main(int count, char** words) {
     halvane::use_halvane_look();
     halvane::use_halvane_keys();
     halvane::handle_events_while_waiting();
+    halvane::silence_late_clicks();
     QLocale::setDefault(QLocale::c());
     ::testing::InitGoogleTest(&count, words);
     return RUN_ALL_TESTS();

@@ -29,6 +29,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <functional>
 #include <new>
 #include <string>
 #include <sys/stat.h>
@@ -400,6 +401,66 @@ TEST_F(SupportTest, FocusSelectsTheWholeTextOfABox) {
     box.deselect();
     focus(form, "txtname");
     EXPECT_EQ(box.selectedText(), QStringLiteral("Amman"));
+}
+
+/// A form whose button counts its clicks.
+struct CountingForm {
+    CountingForm() {
+        QObject::connect(&button, &QPushButton::clicked, [this] { ++clicks; });
+        form.show();
+    }
+    /// The button is pressed by its key, and `meanwhile` happens before the click ends.
+    void press(const std::function<void()>& meanwhile = {}) {
+        button.animateClick();
+        ASSERT_TRUE(button.isDown());
+        if (meanwhile)
+            meanwhile();
+        ASSERT_TRUE(QTest::qWaitFor([this] { return !button.isDown(); }));
+    }
+
+    QDialog form;
+    QPushButton button{QStringLiteral("&Print"), &form};
+    int clicks = 0;
+};
+
+TEST_F(SupportTest, AKeysClickEndsWithItsWindow) {
+    CountingForm counting;
+    counting.press([&counting] { counting.form.close(); });
+    EXPECT_EQ(counting.clicks, 0);
+    counting.form.show();
+    counting.press();
+    EXPECT_EQ(counting.clicks, 1);
+}
+
+TEST_F(SupportTest, AKeysClickEndsWhenItsButtonIsDisabled) {
+    CountingForm counting;
+    counting.press([&counting] {
+        counting.button.setEnabled(false);
+        counting.button.setDown(true);
+    });
+    EXPECT_EQ(counting.clicks, 0);
+}
+
+TEST_F(SupportTest, AKeysClickEndsUnderADialog) {
+    CountingForm counting;
+    QDialog dialog(&counting.form);
+    dialog.setModal(true);
+    counting.press([&dialog] { dialog.show(); });
+    EXPECT_EQ(counting.clicks, 0);
+    dialog.close();
+    counting.press();
+    EXPECT_EQ(counting.clicks, 1);
+}
+
+TEST_F(SupportTest, AKeysClickReachesAWindowOfTheDialog) {
+    QDialog dialog;
+    dialog.setModal(true);
+    dialog.show();
+    CountingForm counting;
+    counting.form.setParent(&dialog, Qt::Dialog);
+    counting.form.show();
+    counting.press();
+    EXPECT_EQ(counting.clicks, 1);
 }
 
 TEST_F(SupportTest, AControlWithoutALabelIsToldAsNameless) {

@@ -89,7 +89,7 @@ def judge_whole(results):
 
 def builds(ground):
     rng = random.Random(ground.seed)
-    rounds = ground.times(300, 2)
+    rounds = ground.times(300)
     outcome = Outcome(f"all reports of {rounds} settings by the GCC, Clang and two sanitized builds")
     programs = {}
     for name in BUILDS:
@@ -129,7 +129,7 @@ def made_locales(ground):
 
 def locales(ground):
     rng = random.Random(ground.seed)
-    rounds = ground.times(300, 2)
+    rounds = ground.times(300)
     folder, made = made_locales(ground)
     outcome = Outcome(f"all reports of {rounds} settings in {len(LOCALES)} locales, by batch program and panels")
     soak = ground.build / "tools/campaign/halvane-soak"

@@ -11,6 +11,7 @@
 #include "app/stored/programfolder.h"
 #include "app/stored/tele.h"
 #include "app/stored/textfile.h"
+#include "app/stored/unfinishedfile.h"
 #include "app/stored/visib.h"
 #include "calendar/hijriconversion.h"
 #include "calendar/moddateconv.h"
@@ -344,6 +345,7 @@ int run(const Arguments& words) {
 } // namespace halvane
 
 int main(int count, char** words) {
+    halvane::begin_program();
     try {
         return halvane::run({words + 1, words + count});
     } catch (const std::exception& failure) {

@@ -1,5 +1,6 @@
 """Whatever is typed: fuzz targets, command lines, and keys on the panels for a long time."""
 
+import concurrent.futures
 import os
 import random
 import re
@@ -31,14 +32,13 @@ def longest(program):
     return (program.parent / "longest" / program.name).read_text().strip()
 
 
-def run_target(ground, program, runs, seconds):
+def run_target(ground, program, seconds):
     """One target with its delivered seeds; a crash keeps its input. Returns the runs done and what was found."""
     name = program.name.removesuffix("_fuzz")
-    work = ground.base / f"fuzz{ground.count}-{name}"
-    ground.count += 1
+    work = ground.base / f"fuzz-{name}"
     corpus = work / "corpus"
     shutil.copytree(program.parent / "corpus" / name, corpus)
-    words = [program, f"-runs={runs}", f"-max_total_time={seconds}", f"-seed={ground.seed}", f"-max_len={longest(program)}"]
+    words = [program, "-runs=1000000000", f"-max_total_time={seconds}", f"-seed={ground.seed}", f"-max_len={longest(program)}"]
     ended = ground.run([*words, f"-artifact_prefix={work}/", corpus], seconds=seconds + 60, cwd=work)
     kept = next((path for path in work.iterdir() if path.name.startswith(("crash", "timeout", "oom"))), None)
     found = re.search(r"Done (\d+) runs", ended.out + ended.err)
@@ -58,10 +58,10 @@ def fuzz(ground):
     told = []
     for title, programs in groups.items():
         done = 0
-        for program in programs:
-            runs, wrong = run_target(ground, program, 1_000_000_000, seconds)
-            done += runs
-            outcome.findings += wrong
+        with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+            for runs, wrong in pool.map(lambda program: run_target(ground, program, seconds), programs):
+                done += runs
+                outcome.findings += wrong
         told.append(f"{done:,} {title} of {len(programs)} targets")
     if not groups["mutations"]:
         outcome.find("no fuzz target is built")
@@ -223,8 +223,10 @@ def soak(ground):
     if not program.exists():
         outcome.done = "nothing: the panels are not built here"
         return outcome
-    with ground.folder() as folder:
-        ended = ground.run([program, folder, "keys", ground.seed, seconds], seconds=2 * seconds + 120)
-        outcome.findings, told = judge_soak(ended)
-    outcome.done = "; ".join(words for words in (told, soak_alerts(ground, seconds, outcome)) if words)
+    with concurrent.futures.ThreadPoolExecutor() as pool, ground.folder() as folder:
+        panels = pool.submit(ground.run, [program, folder, "keys", ground.seed, seconds], seconds=2 * seconds + 120)
+        alerts = soak_alerts(ground, seconds, outcome)
+        wrong, told = judge_soak(panels.result())
+    outcome.findings += wrong
+    outcome.done = "; ".join(words for words in (told, alerts) if words)
     return outcome

@@ -14,11 +14,13 @@
 #include "calendar/machineclock.h"
 
 #include <QElapsedTimer>
+#include <QKeySequence>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
 #include <cstdio>
 #include <cstdlib>
+#include <deque>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -130,6 +132,7 @@ private:
         if (clock_.elapsed() - last_seen_ < patience)
             return;
         std::fputs("the program runs on without a window\n", stderr);
+        tell_last_keys();
         std::_Exit(EXIT_FAILURE);
     }
 
@@ -148,12 +151,29 @@ private:
         return nullptr;
     }
 
+    /// The last keys and their windows, for a finding.
+    void remember(const QWidget& window, const Stroke& stroke) {
+        constexpr std::size_t most = 40;
+        last_.push_back(
+            window.objectName() + QLatin1Char(' ') + QLatin1String(window.metaObject()->className()) +
+            QLatin1String(": ") +
+            QKeySequence(QKeyCombination(stroke.modifiers, static_cast<Qt::Key>(stroke.key))).toString());
+        if (last_.size() > most)
+            last_.pop_front();
+    }
+
+    void tell_last_keys() const {
+        for (const QString& key : last_)
+            std::fprintf(stderr, "%s\n", qPrintable(key));
+    }
+
     void press(QWidget& window, const Stroke& stroke) {
         QWidget* focus = window.focusWidget();
         QWidget* target = focus != nullptr ? focus : &window;
         ++keys_;
         if (window.objectName() == QLatin1String("frmwait") && stroke.key == Qt::Key_Escape)
             ++cancels_;
+        remember(window, stroke);
         QTest::sendKeyEvent(QTest::Click, target, static_cast<Qt::Key>(stroke.key), stroke.text,
                             stroke.modifiers);
     }
@@ -189,6 +209,7 @@ private:
 
     std::mt19937_64 engine_;
     qint64 end_;
+    std::deque<QString> last_;
     QElapsedTimer clock_;
     qint64 last_seen_ = 0;
     long keys_ = 0;

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace halvane {
@@ -76,9 +77,11 @@ TEST(DeliveredSeries, AreKnownByTheirChecksum) {
     const TemporaryProgramFolder folder;
     load_series();
     EXPECT_TRUE(series_notes(true).empty());
-    for (const auto& [name, load] :
-         {std::pair{"term.vsk", load_term}, std::pair{"termfull.vsk", load_termfull},
-          std::pair{"mterm.vsk", load_mterm}, std::pair{"elp.vsk", load_elp}}) {
+    const std::vector<std::pair<const char*, void (*)()>> files{{"term.vsk", load_term},
+                                                                {"termfull.vsk", load_termfull},
+                                                                {"mterm.vsk", load_mterm},
+                                                                {"elp.vsk", load_elp}};
+    for (const auto& [name, load] : files) {
         std::string text = folder.read(name);
         const std::size_t digit = text.find_last_of("12345678");
         ++text[digit];

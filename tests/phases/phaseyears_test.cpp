@@ -1,8 +1,10 @@
 #include "phases/phasereport.h"
 
 #include "app/stored/failure.h"
+#include "app/stored/record.h"
 #include "calendar/moddeltat.h"
 #include "calendar/modjul.h"
+#include "calendar/yearlimits.h"
 #include "ephemeris/series.h"
 #include "tests/golden/goldenreport.h"
 #include "tests/golden/recordingprogress.h"
@@ -12,6 +14,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 #include <random>
+#include <string>
 #include <vector>
 
 namespace halvane {

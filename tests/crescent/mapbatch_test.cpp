@@ -182,6 +182,13 @@ TEST_F(MapBatch, FilesOfTheProgramAreNotReplaced) {
     EXPECT_EQ(folder.content("loc.vsk"), place);
 }
 
+TEST_F(MapBatch, AnEarlierPictureIsReplacedWhateverItsRights) {
+    const std::string path = folder.path("mine.gif");
+    ASSERT_EQ(run("map --output '" + path + "'"), 0) << folder.content("err");
+    std::filesystem::permissions(path, std::filesystem::perms::owner_all);
+    EXPECT_EQ(run("map --day 1 --output '" + path + "'"), 0) << folder.content("err");
+}
+
 TEST_F(MapBatch, YearsBeyondTheTheoriesEndInATableOrAClearFailure) {
     for (const char* year : {"-4000", "0", "year", "9999", "999999999"}) {
         CrescentSettings settings = crescent_near(29, 3, 2025);

@@ -214,7 +214,10 @@ bool is_fixed(const QString& family) {
 } // namespace
 
 QString fixed_family() {
-    const QString told = QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
+    return fixed_family(QFontDatabase::systemFont(QFontDatabase::FixedFont).family());
+}
+
+QString fixed_family(const QString& told) {
     if (is_fixed(told))
         return told;
     for (const char* name : {"DejaVu Sans Mono", "Noto Sans Mono", "Liberation Mono", "monospace"})

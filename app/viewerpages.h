@@ -35,6 +35,10 @@ int print_pages(QPagedPaintDevice& device, const PrintedText& printed, const Pag
 /// The family of the fixed-width fonts of the viewer.
 QString fixed_family();
 
+/// `told` where its type has one width; else the first family of the machine that has. A desktop without
+/// settings names a proportional family, or none.
+QString fixed_family(const QString& told);
+
 /// "Page n of m".
 std::span<const Twin> page_twins();
 

@@ -10,6 +10,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QFontDatabase>
 #include <QFontInfo>
 #include <QFontMetrics>
 #include <QGroupBox>
@@ -206,12 +207,14 @@ TEST_F(SupportTest, AnUnselectedOptionIsSeenOnLightAndDarkWindows) {
 }
 
 TEST_F(SupportTest, TheFixedFontHasOneWidthWithoutADesktopsSettings) {
-    // The test's platform has no settings of fonts: its own answer is a proportional family.
-    const QFontInfo font{QFont(fixed_family())};
-    EXPECT_TRUE(font.fixedPitch()) << font.family().toStdString();
-    const QFontMetrics metrics{QFont(fixed_family())};
-    EXPECT_EQ(metrics.horizontalAdvance(QStringLiteral("iiiiiiii")),
-              metrics.horizontalAdvance(QStringLiteral("WWWWWWWW")));
+    const QString proportional = QFontDatabase::systemFont(QFontDatabase::GeneralFont).family();
+    ASSERT_FALSE(QFontInfo(QFont(proportional)).fixedPitch());
+    for (const QString& told : {fixed_family(), fixed_family(proportional), fixed_family(QString())}) {
+        const QFontMetrics metrics{QFont(told)};
+        EXPECT_EQ(metrics.horizontalAdvance(QStringLiteral("iiiiiiii")),
+                  metrics.horizontalAdvance(QStringLiteral("WWWWWWWW")))
+            << told.toStdString();
+    }
 }
 
 TEST_F(SupportTest, AWarningHasTheExclamationIconAndOk) {

@@ -164,7 +164,7 @@ void frmalerts::save() const {
 }
 
 void frmalerts::cmdok_click() {
-    if (!numbers_are_meant(*this, stored_language()))
+    if (!numbers_are_meant(*this, isRightToLeft() ? Language::arabic : Language::english))
         return;
     if (ui_->chkpep->isChecked() || ui_->chkpra->isChecked() || ui_->chkpopup->isChecked()) {
         pass_over_errors([] {

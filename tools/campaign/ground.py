@@ -66,11 +66,12 @@ class Outcome:
 
 
 class Ground:
-    def __init__(self, source, build, scale, seed):
+    def __init__(self, source, build, scale, seed, makes_builds=False):
         self.source = pathlib.Path(source).resolve()
         self.build = pathlib.Path(build).resolve()
         self.scale = scale
         self.seed = seed
+        self.makes_builds = makes_builds
         memory = pathlib.Path("/dev/shm")
         base = memory if memory.is_dir() and os.access(memory, os.W_OK) else None
         self.base = pathlib.Path(tempfile.mkdtemp(prefix="halvane-campaign-", dir=base))

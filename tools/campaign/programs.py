@@ -66,7 +66,7 @@ def fuzz(ground):
     if not groups["mutations"]:
         outcome.find("no fuzz target is built")
     if not clang:
-        outcome.note(f"no Clang build here (made from scale {likeness.BUILDING_SCALE} on): no guided fuzzing")
+        outcome.note("no sanitized Clang build here (--builds make): no guided fuzzing")
     outcome.done = "; ".join(told)
     return outcome
 

@@ -126,6 +126,9 @@ FATAL = {
     "100 MB": make_huge,
     "no right": forbid,
 }
+# What is no damage to the reader: an empty list has no places, and without a picture of its own a folder takes the
+# program's.
+HARMLESS = {("loc.txt", "empty"), ("map.gif", "missing"), ("map.gif", "a link to itself")}
 RANDOM = {"binary": make_binary, "cut": cut, "changed bytes": change_bytes, "another number": enlarge_number}
 
 
@@ -195,7 +198,7 @@ def damages(ground):
     done = 0
     for name in READERS:
         for title, damage in FATAL.items():
-            outcome.findings += damage_once(ground, name, title, damage, True)
+            outcome.findings += damage_once(ground, name, title, damage, (name, title) not in HARMLESS)
             done += 1
         for _ in range(rounds):
             for title, make in RANDOM.items():

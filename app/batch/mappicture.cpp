@@ -122,7 +122,7 @@ private:
     /// Without soft edges, which the negative colour asks for: the rim would fill the palette with shades.
     void draw_figure(std::string& figure, int x, int y, int colour) {
         constexpr double points = map_mark_height * 0.75; // at 96 pixels to the inch
-        std::string font = "sans:bold";
+        std::string font = "sans:bold:lang=en";
         std::array<int, 8> corners{};
         gdFTUseFontConfig(1);
         if (gdImageStringFT(nullptr, corners.data(), 0, font.data(), points, 0, 0, 0, figure.data()) !=

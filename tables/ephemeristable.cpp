@@ -119,8 +119,10 @@ std::optional<TableRefusal> refused_table(const EphemerisSettings& settings) {
 RunOutcome write_ephemeris_table(const EphemerisSettings& settings, Progress& progress) {
     // A copy: the panels that a yield lets run may store another place.
     const Location location = read_loc(); // NOLINT(performance-unnecessary-copy-initialization)
+    if (refused_table(settings))
+        return RunOutcome::refused;
     const TableSpan span = table_span(settings, location.zone);
-    if (span.end < span.start || refused_table(settings))
+    if (span.end < span.start)
         return RunOutcome::refused;
     const SubjectSpan place(location.name);
     const TdtSpan time_reference(settings.local_ut1 ? 0 : 1);

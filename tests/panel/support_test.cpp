@@ -308,7 +308,7 @@ TEST_F(SupportTest, WantOfMemoryIsToldInTheBoxAndEndsTheProgram) {
             });
             end_with_failure(std::bad_alloc());
         },
-        ::testing::ExitedWithCode(1), "box: The system gives no more memory");
+        ::testing::ExitedWithCode(1), "box: .*The system gives no more memory");
 }
 
 TEST_F(SupportTest, AnExceptionOfAnyTypeIsToldInTheBoxAndEndsTheProgram) {
@@ -324,7 +324,7 @@ TEST_F(SupportTest, AnExceptionOfAnyTypeIsToldInTheBoxAndEndsTheProgram) {
                 end_with_present_failure();
             }
         },
-        ::testing::ExitedWithCode(1), "box: An unexpected failure inside the program");
+        ::testing::ExitedWithCode(1), "box: .*An unexpected failure inside the program");
 }
 
 TEST_F(SupportTest, AWrappedNoteIsPaintedWithoutTheBlankBeforeIt) {

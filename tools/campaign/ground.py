@@ -78,7 +78,6 @@ class Ground:
         os.chmod(self.base, 0o755)
         self.home = self.base / "home"
         self.home.mkdir()
-        self.count = 0
 
     def close(self):
         shutil.rmtree(self.base, ignore_errors=True)
@@ -106,9 +105,8 @@ class Ground:
     @contextlib.contextmanager
     def folder(self):
         """A program folder of its own with every delivered file; removed at the end."""
-        self.count += 1
-        path = self.base / f"folder{self.count}"
-        path.mkdir()
+        path = pathlib.Path(tempfile.mkdtemp(prefix="folder", dir=self.base))
+        path.chmod(0o755)
         for name in SERIES + RECORDS + LISTS + PICTURES:
             shutil.copy(self.data / name, path / name)
         try:

@@ -131,7 +131,7 @@ def read_everywhere(ground, path, readers, outcome):
     except NotAPicture as problem:
         outcome.find(f"{path.name}: {problem}")
         return None
-    target = ground.base / "pixels"
+    target = ground.base / f"pixels-{path.name}"
     for name, words in readers.items():
         target.unlink(missing_ok=True)
         ended = ground.run([word.replace("FILE", str(path)).replace("OUT", str(target)) for word in words])
@@ -139,6 +139,7 @@ def read_everywhere(ground, path, readers, outcome):
         if "OUT" in " ".join(words) and pixels is None:
             outcome.find(f"{path.name}: {name} gives no pixels: {ended.story()}")
         outcome.findings += judge_reading(f"{path.name} by {name}", own, pixels, ended)
+    target.unlink(missing_ok=True)
     return width, height, own
 
 

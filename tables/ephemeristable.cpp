@@ -117,6 +117,8 @@ std::optional<TableRefusal> refused_table(const EphemerisSettings& settings) {
 }
 
 RunOutcome write_ephemeris_table(const EphemerisSettings& settings, Progress& progress) {
+    if (refused_table(settings))
+        return RunOutcome::refused;
     // A copy: the panels that a yield lets run may store another place.
     const Location location = read_loc(); // NOLINT(performance-unnecessary-copy-initialization)
     if (refused_table(settings))

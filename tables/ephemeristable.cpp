@@ -121,8 +121,6 @@ RunOutcome write_ephemeris_table(const EphemerisSettings& settings, Progress& pr
         return RunOutcome::refused;
     // A copy: the panels that a yield lets run may store another place.
     const Location location = read_loc(); // NOLINT(performance-unnecessary-copy-initialization)
-    if (refused_table(settings))
-        return RunOutcome::refused;
     const TableSpan span = table_span(settings, location.zone);
     if (span.end < span.start)
         return RunOutcome::refused;

@@ -57,14 +57,25 @@ public:
     }
 };
 
-/// Whether a modal dialog stands between the user and a window.
+/// Whether `window` is `other`, or was opened by it, at however many removes.
+bool comes_from(const QWidget* window, const QWidget* other) {
+    while (window != nullptr && window != other)
+        window = window->parentWidget();
+    return window != nullptr;
+}
+
+/// Whether a modal dialog stands between the user and a window. A window-modal one keeps only those waiting
+/// that share an owner with it; a report, which has none, goes on.
 bool is_blocked(const QWidget* window) {
     const QWidget* modal = QApplication::activeModalWidget();
-    if (modal == nullptr)
+    if (modal == nullptr || comes_from(window, modal))
         return false;
-    while (window != nullptr && window != modal)
-        window = window->parentWidget();
-    return window == nullptr;
+    if (modal->windowModality() != Qt::WindowModal)
+        return true;
+    for (const QWidget* owner = modal->parentWidget(); owner != nullptr; owner = owner->parentWidget())
+        if (comes_from(window, owner))
+            return true;
+    return false;
 }
 
 /// The end of a key's click comes as a timer's event. A button that the user cannot reach any more takes it

@@ -66,7 +66,6 @@ constexpr Twin units[] = {
     {"", "Second", "ثانية"}, {"", "Minute", "دقيقة"}, {"", "Hour", "ساعة"}, {"", "Day", "يوم"}};
 
 constexpr int year_length = 6;
-constexpr int interval_length = 9; // no longer one than largest_interval
 constexpr const char* longest_year = "-88888";
 constexpr const char* longest_interval = "888888";
 
@@ -128,7 +127,6 @@ void frmcoor::set_sizes() {
         box->setMaxLength(year_length);
         shape_number_box(*box, longest_year);
     }
-    ui_->txti->setMaxLength(interval_length);
     shape_number_box(*ui_->txti, longest_interval);
 }
 

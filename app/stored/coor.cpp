@@ -23,7 +23,7 @@ EphemerisSettings parse(RecordReader& reader) {
     record.end_hour = reader.number_within(largest_stored_day);
     record.end_minute = reader.number_within(largest_stored_day);
     record.end_second = reader.number_within(largest_stored_day);
-    record.interval = reader.number_within(largest_interval);
+    record.interval = reader.number();
     record.unit = reader.integer();
     record.summer_time = reader.integer();
     return record;
@@ -46,7 +46,7 @@ std::string format(const EphemerisSettings& record) {
         .number_within(record.end_hour, largest_stored_day)
         .number_within(record.end_minute, largest_stored_day)
         .number_within(record.end_second, largest_stored_day)
-        .number_within(record.interval, largest_interval)
+        .number(record.interval)
         .number(record.unit)
         .number(record.summer_time);
     return writer.line();

@@ -2,8 +2,6 @@
 
 namespace halvane {
 
-inline constexpr double largest_interval = 999999999; ///< of the ephemeris table, in its unit
-
 /// `coor.vsk`: the choices of the ephemeris table, in the order of the file.
 struct EphemerisSettings {
     int object = 0;           ///< 0 Sun, 1 Moon

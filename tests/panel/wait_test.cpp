@@ -5,6 +5,8 @@
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QProgressBar>
+#include <QPushButton>
+#include <QTest>
 #include <QWindow>
 #include <memory>
 
@@ -152,6 +154,22 @@ TEST_F(WaitTest, CancelAnswersWhileASettingsPanelKeepsThePanelWaiting) {
     QTest::mouseClick(window->windowHandle(), Qt::LeftButton, Qt::NoModifier,
                       cancel.mapTo(window, cancel.rect().center()));
     EXPECT_FALSE(run.yield());
+    settings.close();
+}
+
+TEST_F(WaitTest, TheAccessKeyOfCancelAnswersToo) {
+    QWidget panel;
+    panel.show();
+    WaitProgress run(QStringLiteral("Prayer Times"), &panel);
+    QWidget* window = open_window("frmwait");
+    ASSERT_NE(window, nullptr);
+    QDialog settings(&panel);
+    settings.setWindowModality(Qt::WindowModal);
+    settings.show();
+    // What an access key does: the button goes down, and up again by a timer.
+    auto& cancel = dynamic_cast<QPushButton&>(control(*window, "bcancel"));
+    cancel.animateClick();
+    EXPECT_TRUE(QTest::qWaitFor([&run] { return !run.yield(); }));
     settings.close();
 }
 

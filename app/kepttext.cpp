@@ -1,6 +1,7 @@
 #include "app/kepttext.h"
 
 #include "app/stored/outputfile.h"
+#include "app/stored/textfile.h"
 #include "app/stored/windows1256.h"
 
 #include <algorithm>
@@ -17,12 +18,10 @@ namespace {
 
 constexpr std::int64_t lines_of_block = 64;
 constexpr std::size_t portion = 262144;              // bytes read at once
-constexpr std::int64_t held_in_memory = 4 * 1048576; // bytes
+constexpr std::size_t held_in_memory = 4 * mebibyte; // bytes
 constexpr std::string_view mark = "\xEF\xBB\xBF";    // of the byte order
 constexpr int looks = 3;                             // at a file that is being written
 
-constexpr TwinText regular_file{"a regular file", "ملف عادي"};
-constexpr TwinText other_file{"something else", "شيء آخر"};
 constexpr TwinText same_file{"the text that was opened", "النص الذي فتح"};
 constexpr TwinText changed_file{"another program's change in it", "تغيير أجراه برنامج آخر"};
 
@@ -51,9 +50,9 @@ private:
 };
 
 /// What tells one state of a file from another.
-std::string state_of(int file) {
+std::string state_of(const Descriptor& file) {
     struct stat status {};
-    if (::fstat(file, &status) != 0)
+    if (::fstat(file.number(), &status) != 0)
         return {};
     std::string state;
     const std::int64_t parts[] = {status.st_size, status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
@@ -76,27 +75,16 @@ std::size_t whole_characters(std::string_view bytes) {
     return bytes.size();
 }
 
-/// A file of its own beside `path`, or where temporary files go, that has no name.
-int nameless_file(const std::string& path) {
+/// A file of its own beside `path`, or where temporary files go, that has no name; none where there is no
+/// room.
+Descriptor nameless_file(const std::string& path) {
     const std::filesystem::path parent = std::filesystem::path(path).parent_path();
     const std::string folders[] = {parent.empty() ? "." : parent.string(),
                                    std::filesystem::temp_directory_path().string()};
     for (const std::string& folder : folders)
-        if (const int file = ::open(folder.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0600); file >= 0)
+        if (Descriptor file(::open(folder.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0600)); file.is_open())
             return file;
-    return -1;
-}
-
-bool write_whole(int file, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t count = ::write(file, bytes.data(), bytes.size());
-        if (count < 0 && errno == EINTR)
-            continue;
-        if (count <= 0)
-            return false;
-        bytes.remove_prefix(static_cast<std::size_t>(count));
-    }
-    return true;
+    return Descriptor();
 }
 
 } // namespace
@@ -176,55 +164,34 @@ std::shared_ptr<const KeptText> KeptText::of_words(const QString& words) {
 }
 
 std::shared_ptr<const KeptText> KeptText::of_file(const std::string& path) {
-    // A named pipe would wait for its writer.
-    const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-    if (file < 0)
-        throw file_failure(FileAction::open, path, errno);
     const std::shared_ptr<KeptText> text(new KeptText);
     text->name_ = path;
-    struct stat status {};
-    if (::fstat(file, &status) != 0 || !S_ISREG(status.st_mode)) {
-        ::close(file);
-        throw damaged_file(path, regular_file, other_file);
-    }
-    try {
-        text->take(file);
-    } catch (...) {
-        ::close(file);
-        throw;
-    }
-    if (text->file_ != file)
-        ::close(file);
+    text->take(open_regular_file(path));
     return text;
 }
 
 /// One pass over the file: keeps its bytes and finds its lines. A file that changes meanwhile is read again.
-void KeptText::take(int file) {
+void KeptText::take(Descriptor file) {
     for (int look = 0; look < looks; ++look) {
         state_ = state_of(file);
-        struct stat status {};
-        const bool is_long = ::fstat(file, &status) == 0 && status.st_size > held_in_memory;
-        const int copy = is_long ? nameless_file(name_) : -1;
-        is_copy_ = copy >= 0;
+        const bool is_long = file.size() > held_in_memory;
+        Descriptor copy = is_long ? nameless_file(name_) : Descriptor();
+        is_copy_ = copy.is_open();
         held_.clear();
         size_ = 0;
         std::string bytes(portion, '\0');
         std::optional<Reader> reader;
         for (;;) {
-            const ssize_t count = ::pread(file, bytes.data(), portion, size_);
+            const ssize_t count = ::pread(file.number(), bytes.data(), portion, size_);
             if (count < 0 && errno == EINTR)
                 continue;
-            if (count < 0) {
-                const int error = errno;
-                if (copy >= 0)
-                    ::close(copy);
-                throw file_failure(FileAction::read, name_, error);
-            }
+            if (count < 0)
+                throw file_failure(FileAction::read, name_, errno);
             std::string_view read(bytes.data(), static_cast<std::size_t>(count));
             if (!is_long)
                 held_ += read;
             else if (is_copy_)
-                is_copy_ = write_whole(copy, read);
+                is_copy_ = write_whole(copy.number(), read);
             size_ += count;
             if (!reader) {
                 start_ = read.starts_with(mark) ? static_cast<std::int64_t>(mark.size()) : 0;
@@ -234,7 +201,7 @@ void KeptText::take(int file) {
             if (count == 0)
                 break;
             reader->read(read);
-            if (!is_long && size_ > held_in_memory)
+            if (!is_long && size_ > static_cast<std::int64_t>(held_in_memory))
                 break; // it grows: the next look takes it as a long one
         }
         reader->end();
@@ -242,36 +209,27 @@ void KeptText::take(int file) {
         lines_ = reader->lines;
         utf8_ = reader->utf8;
         longest_ = utf8_ ? reader->longest_utf8 : reader->longest_single;
-        if (copy >= 0 && !is_copy_)
-            ::close(copy);
         if (state_of(file) == state_) {
-            file_ = is_copy_ ? copy : is_long ? file : -1;
+            file_ = is_copy_ ? std::move(copy) : is_long ? std::move(file) : Descriptor();
             return;
         }
-        if (is_copy_)
-            ::close(copy);
     }
     throw damaged_file(name_, same_file, changed_file);
 }
 
-KeptText::~KeptText() {
-    if (file_ >= 0)
-        ::close(file_);
-}
-
 void KeptText::require_unchanged() const {
-    if (file_ >= 0 && !is_copy_ && state_of(file_) != state_)
+    if (file_.is_open() && !is_copy_ && state_of(file_) != state_)
         throw damaged_file(name_, same_file, changed_file);
 }
 
 std::string KeptText::bytes_at(std::int64_t from, std::int64_t to) const {
-    if (file_ < 0)
+    if (!file_.is_open())
         return held_.substr(static_cast<std::size_t>(from), static_cast<std::size_t>(to - from));
     std::string bytes(static_cast<std::size_t>(to - from), '\0');
     std::size_t done = 0;
     while (done < bytes.size()) {
-        const ssize_t count =
-            ::pread(file_, bytes.data() + done, bytes.size() - done, from + static_cast<std::int64_t>(done));
+        const ssize_t count = ::pread(file_.number(), bytes.data() + done, bytes.size() - done,
+                                      from + static_cast<std::int64_t>(done));
         if (count < 0 && errno == EINTR)
             continue;
         if (count <= 0) {

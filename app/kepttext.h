@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/stored/descriptor.h"
 #include "app/stored/failure.h"
 
 #include <QString>
@@ -38,7 +39,6 @@ public:
 
     KeptText(const KeptText&) = delete;
     KeptText& operator=(const KeptText&) = delete;
-    ~KeptText();
 
     /// At least 1: what follows the last line end is a line too.
     std::int64_t lines() const { return lines_; }
@@ -76,7 +76,7 @@ private:
     class Reader;
 
     KeptText() = default;
-    void take(int file);
+    void take(Descriptor file);
     std::string bytes_at(std::int64_t from, std::int64_t to) const;
     void require_unchanged() const;
     const Block& block_of(std::int64_t line) const;
@@ -85,7 +85,7 @@ private:
 
     std::string name_;
     std::string held_;
-    int file_ = -1;
+    Descriptor file_; ///< the copy, or the file itself; none for a text in memory
     bool is_copy_ = false;
     std::string state_; ///< of the file when it was opened
     std::int64_t size_ = 0;

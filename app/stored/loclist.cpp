@@ -14,7 +14,6 @@
 #include <sys/file.h>
 #include <system_error>
 #include <thread>
-#include <unistd.h>
 
 namespace halvane {
 namespace {
@@ -79,29 +78,23 @@ std::string format(const Location& record) {
 class ListEdit {
 public:
     ListEdit() : list_(program_path(list_name)) {
-        folder_ = ::open(program_folder().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+        folder_ = Descriptor(::open(program_folder().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
         const auto given_up = std::chrono::steady_clock::now() + longest_wait;
-        while (folder_ < 0 || ::flock(folder_, LOCK_EX | LOCK_NB) != 0) {
-            const bool is_held = folder_ >= 0 && (errno == EWOULDBLOCK || errno == EINTR);
+        while (!folder_.is_open() || ::flock(folder_.number(), LOCK_EX | LOCK_NB) != 0) {
+            const bool is_held = folder_.is_open() && (errno == EWOULDBLOCK || errno == EINTR);
             if (!is_held || std::chrono::steady_clock::now() >= given_up)
                 give_up(is_held);
             std::this_thread::sleep_for(between_looks);
         }
     }
-    ListEdit(const ListEdit&) = delete;
-    ListEdit& operator=(const ListEdit&) = delete;
-    ~ListEdit() { ::close(folder_); }
 
     std::string content() const { return read_text_file(list_); }
     void replace(std::string_view content) const { save_text_file(list_, content); }
 
 private:
     [[noreturn]] void give_up(bool is_held) const {
-        const int error = errno;
-        if (folder_ >= 0)
-            ::close(folder_);
         if (!is_held)
-            throw file_failure(FileAction::write, list_, error);
+            throw file_failure(FileAction::write, list_, errno);
         throw RunTimeFailure(TwinWords{"Cannot write " + list_ + ": another program is changing it.",
                                        "لا تمكن كتابة " + list_ + ": برنامج آخر يعدلها الآن."},
                              FailureKind::system);
@@ -110,7 +103,7 @@ private:
     static constexpr auto longest_wait = std::chrono::seconds(10);
     static constexpr auto between_looks = std::chrono::milliseconds(2);
     std::string list_;
-    int folder_ = -1;
+    Descriptor folder_;
 };
 
 std::vector<Location> locations_of(const std::string& text, const std::string& path) {

@@ -101,8 +101,8 @@ RunTimeFailure write_failure(const std::string& path) {
 
 OutputFile::OutputFile(std::string path, FileRights rights) : path_(std::move(path)) {
     if (is_standard_output(path_)) {
-        in_place_ = ::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0);
-        if (in_place_ < 0)
+        in_place_ = Descriptor(::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0));
+        if (!in_place_.is_open())
             throw write_failure(path_);
         return;
     }
@@ -122,8 +122,8 @@ OutputFile::OutputFile(std::string path, FileRights rights) : path_(std::move(pa
         open_beside(rights, is_there && S_ISREG(present.st_mode), present.st_mode & all_rights);
         return;
     }
-    in_place_ = S_ISSOCK(led_to.st_mode) ? connect_to(place_) : open_in_place(place_);
-    if (in_place_ < 0)
+    in_place_ = Descriptor(S_ISSOCK(led_to.st_mode) ? connect_to(place_) : open_in_place(place_));
+    if (!in_place_.is_open())
         throw write_failure(path_);
 }
 
@@ -139,25 +139,14 @@ void OutputFile::open_beside(FileRights rights, bool replaces, unsigned rights_b
         errno = 0;
 }
 
-OutputFile::~OutputFile() {
-    if (in_place_ >= 0)
-        ::close(in_place_);
-}
-
 void OutputFile::write(std::string_view bytes) {
-    const int file = beside_ ? beside_->descriptor() : in_place_;
-    while (!bytes.empty()) {
-        const ssize_t count = ::write(file, bytes.data(), bytes.size());
-        if (count < 0 && errno == EINTR)
-            continue;
-        if (count < 0)
-            throw write_failure(path_);
-        bytes.remove_prefix(static_cast<std::size_t>(count));
-    }
+    const int file = beside_ ? beside_->descriptor() : in_place_.number();
+    if (!write_whole(file, bytes))
+        throw write_failure(path_);
 }
 
 void OutputFile::commit() {
-    const bool done = beside_ ? beside_->move_to(place_) : ::close(std::exchange(in_place_, -1)) == 0;
+    const bool done = beside_ ? beside_->move_to(place_) : in_place_.close();
     if (!done)
         throw write_failure(path_);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/stored/descriptor.h"
 #include "app/stored/failure.h"
 #include "app/stored/unfinishedfile.h"
 
@@ -28,7 +29,6 @@ public:
     OutputFile(std::string path, FileRights rights);
     OutputFile(const OutputFile&) = delete;
     OutputFile& operator=(const OutputFile&) = delete;
-    ~OutputFile();
 
     void write(std::string_view bytes);
     /// Puts what has been written in its place.
@@ -40,7 +40,7 @@ private:
     std::string path_;  ///< as it was given, for messages
     std::string place_; ///< where the links lead
     std::unique_ptr<UnfinishedFile> beside_;
-    int in_place_ = -1;
+    Descriptor in_place_;
 };
 
 /// Writes all of `bytes` to `path` in one step as OutputFile tells, with the rights of a result.

@@ -29,53 +29,37 @@ TwinWords at_most(std::size_t size) {
     return {"a file of at most " + megabytes + " MB", "ملف لا يزيد على " + megabytes + " ميغابايت"};
 }
 
-/// An open file that goes with its name.
-class OpenFile {
-public:
-    /// Opens a regular file and no other: the others are not even touched, for some wait and some act.
-    explicit OpenFile(const std::string& path) : path_(path) {
-        require_regular(::stat(path.c_str(), &status_) == 0);
-        descriptor_ = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
-        if (descriptor_ < 0)
-            throw file_failure(FileAction::open, path_, errno);
-        require_regular(::fstat(descriptor_, &status_) == 0);
-    }
-    OpenFile(const OpenFile&) = delete;
-    OpenFile& operator=(const OpenFile&) = delete;
-    ~OpenFile() {
-        if (descriptor_ >= 0)
-            ::close(descriptor_);
-    }
+/// In     known  whether the system has given the status
+void require_regular(bool known, const struct stat& status, const std::string& path) {
+    if (!known)
+        throw file_failure(FileAction::open, path, errno);
+    if (!S_ISREG(status.st_mode))
+        throw damaged_file(path, {"a file", "ملف"}, other_kind(status.st_mode));
+}
 
-    std::size_t size() const { return static_cast<std::size_t>(status_.st_size); }
-    /// Up to `count` further bytes; none at the end.
-    std::size_t read(char* bytes, std::size_t count) const {
-        for (;;) {
-            const ssize_t taken = ::read(descriptor_, bytes, count);
-            if (taken >= 0)
-                return static_cast<std::size_t>(taken);
-            if (errno != EINTR)
-                throw file_failure(FileAction::read, path_, errno);
-        }
+/// Up to `count` further bytes; none at the end.
+std::size_t read_some(const Descriptor& file, char* bytes, std::size_t count, const std::string& path) {
+    for (;;) {
+        const ssize_t taken = ::read(file.number(), bytes, count);
+        if (taken >= 0)
+            return static_cast<std::size_t>(taken);
+        if (errno != EINTR)
+            throw file_failure(FileAction::read, path, errno);
     }
-
-private:
-    void require_regular(bool known) const {
-        if (!known)
-            throw file_failure(FileAction::open, path_, errno);
-        if (!S_ISREG(status_.st_mode))
-            throw damaged_file(path_, {"a file", "ملف"}, other_kind(status_.st_mode));
-    }
-
-    const std::string& path_;
-    struct stat status_ {};
-    int descriptor_ = -1;
-};
+}
 
 } // namespace
 
+Descriptor open_regular_file(const std::string& path) {
+    struct stat status {};
+    require_regular(::stat(path.c_str(), &status) == 0, status, path);
+    Descriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    require_regular(file.is_open() && ::fstat(file.number(), &status) == 0, status, path);
+    return file;
+}
+
 std::string read_file(const std::string& path) {
-    const OpenFile file(path);
+    const Descriptor file = open_regular_file(path);
     const auto require_allowed = [&path](std::size_t size) {
         if (size > largest_stored_file)
             throw damaged_file(path, at_most(largest_stored_file), {"a larger one", "ملف أكبر"});
@@ -84,7 +68,7 @@ std::string read_file(const std::string& path) {
     std::string bytes;
     bytes.reserve(file.size() + 1);
     std::array<char, 65536> block{};
-    for (std::size_t count = 0; (count = file.read(block.data(), block.size())) > 0;) {
+    for (std::size_t count = 0; (count = read_some(file, block.data(), block.size(), path)) > 0;) {
         bytes.append(block.data(), count);
         require_allowed(bytes.size()); // it may grow, or not know its size
     }

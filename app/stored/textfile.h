@@ -1,17 +1,25 @@
 #pragma once
 
+#include "app/stored/descriptor.h"
+
 #include <cstddef>
 #include <string>
 #include <string_view>
 
 namespace halvane {
 
+/// Opens a regular file for reading, and no other: the others are not even touched, for some wait and some
+/// act.
+/// Error  raises RunTimeFailure naming the file when it cannot be opened or is of another kind (a pipe, a
+/// device, a folder).
+Descriptor open_regular_file(const std::string& path);
+
 inline constexpr std::size_t mebibyte = 1024 * 1024;
 /// No stored file, series file or picture of the program comes near it.
 inline constexpr std::size_t largest_stored_file = 16 * mebibyte; // [bytes]
+
 /// The bytes of a regular file of at most `largest_stored_file` bytes.
-/// Error  raises RunTimeFailure naming the file when it cannot be read, is of another kind (a pipe, a device,
-/// a folder) or is larger.
+/// Error  raises RunTimeFailure naming the file when it cannot be read, is of another kind or is larger.
 std::string read_file(const std::string& path);
 
 /// The same as UTF-8 text: a byte order mark is dropped, and a file whose bytes are not UTF-8 is taken as

@@ -29,12 +29,12 @@ std::string text_of(const SubjectDay& day) {
     return text;
 }
 
-struct Refusal {
+struct SystemError {
     int error;
     const char* arabic;
 };
 
-constexpr Refusal refusals[] = {
+constexpr SystemError system_errors[] = {
     {ENOENT, "لا يوجد ملف بهذا الاسم"},
     {EACCES, "لا إذن بذلك"},
     {EPERM, "لا إذن بذلك"},
@@ -54,9 +54,9 @@ constexpr Refusal refusals[] = {
 
 std::string text_of_error(int error, bool english) {
     if (!english)
-        for (const Refusal& refusal : refusals)
-            if (refusal.error == error)
-                return refusal.arabic;
+        for (const SystemError& known : system_errors)
+            if (known.error == error)
+                return known.arabic;
     return std::strerror(error);
 }
 

@@ -5,6 +5,7 @@
 #include <QHelpEvent>
 #include <QStyle>
 #include <QStylePainter>
+#include <QTextDocument>
 #include <QToolTip>
 #include <algorithm>
 
@@ -50,18 +51,18 @@ void NameLabel::paintEvent(QPaintEvent*) {
                          shown_text(), foregroundRole());
 }
 
-QString shortened(const QString& name) {
-    if (name.size() <= most_letters)
-        return name;
+QString shortened(const QString& text) {
+    if (text.size() <= most_letters)
+        return text;
     constexpr int half = most_letters / 2;
-    const auto cuts_pair = [&](qsizetype at) { return name[at].isLowSurrogate(); };
+    const auto cuts_pair = [&](qsizetype at) { return text[at].isLowSurrogate(); };
     const qsizetype front = cuts_pair(half) ? half - 1 : half;
-    const qsizetype back = cuts_pair(name.size() - half) ? half - 1 : half;
-    return name.left(front) + QChar(0x2026) + name.right(back);
+    const qsizetype back = cuts_pair(text.size() - half) ? half - 1 : half;
+    return text.left(front) + QChar(0x2026) + text.right(back);
 }
 
 QString plain_tip(const QString& text) {
-    return QStringLiteral("<p>") + text.toHtmlEscaped() + QStringLiteral("</p>");
+    return Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal);
 }
 
 } // namespace halvane

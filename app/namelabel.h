@@ -22,10 +22,11 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 };
 
-/// `name` for a sentence or a title: without its middle when it is longer than some forty letters.
-QString shortened(const QString& name);
+/// A name or another text of the user for a sentence or a title: without its middle when it is longer than
+/// some forty letters.
+QString shortened(const QString& text);
 
-/// `text` as a tool tip that shows its letters as they stand, in lines.
+/// `text` as a tool tip that shows its letters as they stand, in lines that wrap.
 QString plain_tip(const QString& text);
 
 } // namespace halvane

@@ -2,6 +2,7 @@
 
 #include "app/frmlists.h"
 #include "app/messages.h"
+#include "app/namelabel.h"
 #include "app/stored/record.h"
 #include "app/typednumber.h"
 #include "calendar/numberformat.h"
@@ -93,7 +94,7 @@ QString line_of(QLineEdit& box, Language language) {
     const QString value = isolated(value_taken(box.text()));
     if (box.text().isEmpty())
         return text_of(empty_line, language).arg(name, value);
-    return text_of(line, language).arg(name, isolated(box.text()), value);
+    return text_of(line, language).arg(name, isolated(shortened(box.text())), value);
 }
 
 } // namespace

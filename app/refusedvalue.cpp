@@ -2,6 +2,7 @@
 
 #include "app/frmlists.h"
 #include "app/messages.h"
+#include "app/namelabel.h"
 #include "app/numberbox.h"
 #include "app/stored/record.h"
 
@@ -17,12 +18,6 @@ constexpr Twin no_times{"", "The prayer times cannot be calculated with this val
                         "لا يمكن حساب مواقيت الصلاة بهذه القيمة. لم يحفظ شيء."};
 constexpr Twin beyond_limit{"", "The value must be between %2 and %1. Nothing has been stored.",
                             "يجب أن تكون القيمة بين %2 و %1. لم يحفظ شيء."};
-
-/// A value of hundreds of digits by its first and last ones.
-QString shortened(const QString& text) {
-    constexpr int end = 12; // characters
-    return text.size() <= 3 * end ? text : text.left(end) + u'\u2026' + text.right(end);
-}
 
 QString reason_text(RefusalReason reason, double limit, Language language) {
     if (reason == RefusalReason::no_times)

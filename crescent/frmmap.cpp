@@ -3,6 +3,7 @@
 #include "app/formpage.h"
 #include "app/frmstyle.h"
 #include "app/messages.h"
+#include "app/namelabel.h"
 #include "app/platform/platform.h"
 #include "app/stored/programfolder.h"
 #include "calendar/numberformat.h"
@@ -15,7 +16,6 @@
 #include <QEvent>
 #include <QFileInfo>
 #include <QPointer>
-#include <QTextDocument>
 #include <cmath>
 
 namespace halvane {
@@ -296,7 +296,7 @@ void frmmap::show_save(const Twin& how, const QString& name, const FailureParts&
                              : QFileInfo(name).fileName();
     const QString words = text_of(how, language_).arg(isolated(what));
     const QString whole = name.isEmpty() ? words : words + u'\n' + isolated(name);
-    ui_->lblsave->setToolTip(Qt::convertFromPlainText(whole));
+    ui_->lblsave->setToolTip(plain_tip(whole));
     ui_->lblsave->setText(ui_->lblsave->fontMetrics().elidedText(words, Qt::ElideMiddle, two_lines));
 }
 

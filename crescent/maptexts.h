@@ -29,7 +29,7 @@ std::vector<std::string> map_information(const MapRun& run, char letter);
 /// Whole day, month name and year of a day's 0 h.
 std::string map_date_text(double day, char letter);
 
-/// Colour of a class; class not_possible has none of its own, see bare_map_colour.
+/// Colour of a class; class not_possible has none of its own, see bare_map_colours.
 struct ClassColour {
     unsigned char red, green, blue;
 };

@@ -313,6 +313,18 @@ TEST_F(LocationTest, BoxesOfLettersAreStoredAsZero) {
     EXPECT_EQ(read_loc().elevation, 12);
 }
 
+TEST_F(LocationTest, AQuestionAboutALongTextShowsItsEndsOnly) {
+    frmlocation form;
+    form.show();
+    enter(form, "txtele", QStringLiteral("begin") + QString(500, u'x') + QStringLiteral("end"));
+    answer({false});
+    click(form, "cmdok");
+    ASSERT_EQ(messages.size(), 1U);
+    EXPECT_LT(messages[0].text.size(), 200);
+    EXPECT_TRUE(messages[0].text.contains(QStringLiteral("begin")));
+    EXPECT_TRUE(messages[0].text.contains(QStringLiteral("xend")));
+}
+
 TEST_F(LocationTest, ADoubleQuoteMarkInANameBecomesAnApostrophe) {
     frmlocation form;
     form.show();

@@ -11,8 +11,6 @@
 #include "calendar/zonetext.h"
 #include "ephemeris/series.h"
 
-#include <cmath>
-
 namespace halvane {
 
 namespace {
@@ -52,7 +50,7 @@ std::vector<PrayerMoment> moments_about(const MainPanelState& state, const Praye
     const double day = day_count_of(state.loaded_at);
     std::vector<PrayerMoment> moments = prayer_moments(today, day, state.preferences, state.location);
     for (const int ahead : days_around) {
-        // Today's times stand, whatever befalls those that only the remaining time asks for.
+        // Today's times stand, whether or not those that only the remaining time asks for can be had.
         run_part(true, [&] {
             const PrayerTimes times = today_prayer_times(state.todayjd + ahead);
             for (const PrayerMoment& moment :
@@ -65,10 +63,6 @@ std::vector<PrayerMoment> moments_about(const MainPanelState& state, const Praye
 }
 
 } // namespace
-
-bool same_day(const MachineTime& a, const MachineTime& b) {
-    return a.year == b.year && a.month == b.month && a.day == b.day;
-}
 
 std::string day_text(const MachineTime& date, bool english) {
     return modday(julian_day(date) + noon_after_midnight, english ? 0 : 1) + (english ? ", " : "، ") +
@@ -89,12 +83,10 @@ std::string clock_line(const std::string& short_time, bool english) {
 std::optional<std::string> place_clock_line(const MainPanelState& state, const MachineTime& local,
                                             const MachineTime& universal,
                                             std::string (*short_time)(const MachineTime&)) {
-    constexpr double one_minute = 60;
     const LocationClock clock = location_clock(state.preferences, state.location, universal);
-    // The two were read one after the other.
-    if (std::fabs(seconds_of(clock.time) - seconds_of(local)) < one_minute - 1)
+    if (agree(clock, local))
         return std::nullopt;
-    const std::string zone = "UTC" + zone_text(clock.hours_ahead);
+    const std::string zone = zone_text(clock.hours_ahead);
     std::string now = short_time(clock.time);
     if (!same_day(clock.time, local))
         now += (state.isenglish ? ", " : "، ") + day_text(clock.time, state.isenglish);

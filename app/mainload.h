@@ -59,9 +59,6 @@ std::optional<std::string> place_clock_line(const MainPanelState& state, const M
 std::optional<std::string> other_day_line(const MainPanelState& state, const MachineTime& local,
                                           const MachineTime& universal);
 
-/// Whether two clocks show the same date.
-bool same_day(const MachineTime& a, const MachineTime& b);
-
 /// "Machine's Time: 15:07", or the same in Arabic.
 std::string clock_line(const std::string& short_time, bool english);
 

@@ -61,4 +61,13 @@ LocationClock location_clock(const Preferences& preferences, const Location& loc
     return sound ? by_its_date : standard;
 }
 
+bool agree(const LocationClock& here, const MachineTime& other) {
+    constexpr double one_minute = 60;
+    return std::fabs(seconds_of(here.time) - seconds_of(other)) < one_minute - 1;
+}
+
+bool same_day(const MachineTime& a, const MachineTime& b) {
+    return a.year == b.year && a.month == b.month && a.day == b.day;
+}
+
 } // namespace halvane

@@ -32,4 +32,11 @@ struct LocationClock {
 LocationClock location_clock(const Preferences& preferences, const Location& location,
                              const MachineTime& universal);
 
+/// Whether a location's clock and another one show the same date and time: less than a minute apart, and a
+/// second less than that, since they are read one after the other.
+bool agree(const LocationClock& here, const MachineTime& other);
+
+/// Whether two clocks show the same date.
+bool same_day(const MachineTime& a, const MachineTime& b);
+
 } // namespace halvane

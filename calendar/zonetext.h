@@ -4,7 +4,7 @@
 
 namespace halvane {
 
-/// How far a clock is ahead of Universal Time: "+3", "-9:30", "+0"; to the minute.
+/// How far a clock is ahead of Universal Time: "UTC+3", "UTC-9:30", "UTC+0"; to the minute.
 /// In     hours  east positive                                                                  [h]
 std::string zone_text(double hours);
 

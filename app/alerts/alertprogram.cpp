@@ -10,7 +10,6 @@
 #include <QPushButton>
 #include <QTimer>
 #include <QVBoxLayout>
-#include <cmath>
 #include <cstdio>
 #include <utility>
 
@@ -140,12 +139,11 @@ void AlertProgram::handle(const Alert& alert) {
 
 /// The place, with its zone where the machine's clock shows another time.
 QString AlertProgram::place_words(const MachineTime& now) const {
-    constexpr double one_minute = 60;
     const LocationClock clock = location_clock(schedule_.preferences(), schedule_.location(), now);
     const QString name = QString::fromStdString(schedule_.location().name);
-    if (std::fabs(seconds_of(clock.time) - seconds_of(machine_time())) < one_minute - 1)
+    if (agree(clock, machine_time()))
         return name;
-    return name + QStringLiteral(" (UTC%1)").arg(QString::fromStdString(zone_text(clock.hours_ahead)));
+    return name + QStringLiteral(" (%1)").arg(QString::fromStdString(zone_text(clock.hours_ahead)));
 }
 
 void AlertProgram::show_status(const MachineTime& now) {

@@ -60,6 +60,15 @@ TEST(LocationClock, GoesAheadAndBackOnceInASpan) {
     EXPECT_EQ(clock_of(summer, 2, {2026, 10, 1, 22, 0, 0}), "2026-10-02 00:00:00");
 }
 
+TEST(LocationClock, AgreesWithAClockThatIsReadAMomentLater) {
+    const LocationClock here{{2026, 12, 31, 23, 59, 59}, 3};
+    EXPECT_TRUE(agree(here, {2026, 12, 31, 23, 59, 59}));
+    EXPECT_TRUE(agree(here, {2027, 1, 1, 0, 0, 0}));
+    EXPECT_FALSE(agree(here, {2026, 12, 31, 22, 59, 59}));
+    EXPECT_FALSE(agree(here, {2026, 12, 30, 23, 59, 59}));
+    EXPECT_FALSE(agree(here, {2027, 1, 1, 0, 0, 59}));
+}
+
 TEST(LocationClock, SecondsAndClocksAreInverse) {
     for (const MachineTime& time : {MachineTime{1970, 1, 1, 0, 0, 0}, MachineTime{1969, 12, 31, 23, 59, 59},
                                     MachineTime{2000, 2, 29, 12, 0, 1}, MachineTime{2100, 3, 1, 0, 0, 0},
@@ -101,12 +110,12 @@ TEST(MachineClock, AFixedTimeHasTheZoneThatIsGiven) {
 }
 
 TEST(ZoneText, IsHoursAndMinutes) {
-    EXPECT_EQ(zone_text(3), "+3");
-    EXPECT_EQ(zone_text(5.75), "+5:45");
-    EXPECT_EQ(zone_text(-9.5), "-9:30");
-    EXPECT_EQ(zone_text(0), "+0");
-    EXPECT_EQ(zone_text(-0.05), "-0:03");
-    EXPECT_EQ(zone_text(-0.001), "+0");
+    EXPECT_EQ(zone_text(3), "UTC+3");
+    EXPECT_EQ(zone_text(5.75), "UTC+5:45");
+    EXPECT_EQ(zone_text(-9.5), "UTC-9:30");
+    EXPECT_EQ(zone_text(0), "UTC+0");
+    EXPECT_EQ(zone_text(-0.05), "UTC-0:03");
+    EXPECT_EQ(zone_text(-0.001), "UTC+0");
 }
 
 } // namespace

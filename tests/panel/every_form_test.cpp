@@ -1,12 +1,8 @@
-#include "app/frmmain.h"
 #include "app/frmstyle.h"
-#include "app/frmsupport.h"
-#include "app/panels.h"
 #include "app/stored/programfolder.h"
 #include "app/viewer.h"
-#include "crescent/frmmap.h"
 #include "ephemeris/series.h"
-#include "qibla/frmqmap.h"
+#include "tests/panel/everyform.h"
 #include "tests/panel/panelchecks.h"
 
 #include <QApplication>
@@ -24,41 +20,24 @@
 #include <QStyle>
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 // What holds of every window of the program, whoever made it.
 
 namespace halvane {
 namespace {
 
-std::unique_ptr<QWidget> make_main_panel() {
-    auto form = std::make_unique<frmmain>(panels());
-    form->load();
-    return form;
-}
-
-std::unique_ptr<QWidget> make_viewer(const char* file) {
-    return std::make_unique<Viewer>(QString::fromStdString(program_path(file)), nullptr);
-}
-
 /// Every window by its name; a viewer by the file that it shows.
 std::vector<std::string> window_names() {
-    std::vector<std::string> names{"frmmain", "frmmap", "frmqmap", "results.out", "help.txt"};
-    for (const Panel& panel : panels())
-        names.emplace_back(panel.form);
+    std::vector<std::string> names = form_names();
+    names.insert(names.end(), {"results.out", "help.txt"});
     return names;
 }
 
 std::unique_ptr<QWidget> make_window(const std::string& name) {
-    if (name == "frmmain")
-        return make_main_panel();
-    if (name == "frmmap")
-        return std::make_unique<frmmap>(nullptr);
-    if (name == "frmqmap")
-        return std::make_unique<frmqmap>(nullptr);
-    for (const Panel& panel : panels())
-        if (name == panel.form)
-            return std::unique_ptr<QWidget>(panel.make(nullptr));
-    return make_viewer(name.c_str());
+    std::unique_ptr<QWidget> form = make_form(name);
+    return form ? std::move(form)
+                : std::make_unique<Viewer>(QString::fromStdString(program_path(name)), nullptr);
 }
 
 /// The controls of one kind that the user can get at now.

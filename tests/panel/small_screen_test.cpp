@@ -1,11 +1,7 @@
 #include "app/formpage.h"
-#include "app/frmmain.h"
 #include "app/frmstyle.h"
-#include "app/frmsupport.h"
-#include "app/panels.h"
-#include "crescent/frmmap.h"
 #include "ephemeris/series.h"
-#include "qibla/frmqmap.h"
+#include "tests/panel/everyform.h"
 #include "tests/panel/panelchecks.h"
 
 #include <QApplication>
@@ -24,32 +20,6 @@ namespace {
 constexpr int screen_width = 960;  // [device independent pixels]
 constexpr int screen_height = 540; // [device independent pixels]
 constexpr int window_frame = 36;   // of a desktop's title bar [device independent pixels]
-
-std::unique_ptr<QWidget> make_main_panel() {
-    auto form = std::make_unique<frmmain>(panels());
-    form->load();
-    return form;
-}
-
-std::unique_ptr<QWidget> make_form(const std::string& name) {
-    if (name == "frmmain")
-        return make_main_panel();
-    if (name == "frmmap")
-        return std::make_unique<frmmap>(nullptr);
-    if (name == "frmqmap")
-        return std::make_unique<frmqmap>(nullptr);
-    for (const Panel& panel : panels())
-        if (name == panel.form)
-            return std::unique_ptr<QWidget>(panel.make(nullptr));
-    return nullptr;
-}
-
-std::vector<std::string> form_names() {
-    std::vector<std::string> names{"frmmain", "frmmap", "frmqmap"};
-    for (const Panel& panel : panels())
-        names.emplace_back(panel.form);
-    return names;
-}
 
 using FormAndLanguage = std::tuple<std::string, Language>;
 

@@ -16,7 +16,7 @@ namespace {
 
 constexpr Twin ending{"", "Halvane cannot go on and ends now. Nothing more is written.",
                       "لا يستطيع البرنامج المتابعة و سينتهي الآن. لن يكتب شيء آخر."};
-constexpr Twin beware{"", "Beware: ", "تنبيه: "};
+constexpr Twin warning{"", "Warning: ", "تنبيه: "};
 
 /// One way out for each kind of failure.
 Twin remedy(FailureKind kind) {
@@ -126,7 +126,7 @@ QString words_of(const RunTimeFailure& failure, Language language) {
 QStringList series_warnings(Language language) {
     QStringList warnings;
     for (const std::string& note : series_notes(language == Language::english))
-        warnings += text_of(beware, language) + QString::fromStdString(note) + u'.';
+        warnings += text_of(warning, language) + QString::fromStdString(note) + u'.';
     return warnings;
 }
 

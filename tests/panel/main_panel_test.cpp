@@ -153,7 +153,7 @@ TEST_F(MainPanelTest, TheFootTellsOfASeriesFileThatIsNotTheDeliveredOne) {
     put("term.vsk", series);
     form.load();
     EXPECT_FALSE(control(form, "lblseries").isHidden());
-    EXPECT_EQ(text(form, "lblseries"), QStringLiteral("Beware: the series file %1 is not the delivered one.")
+    EXPECT_EQ(text(form, "lblseries"), QStringLiteral("Warning: the series file %1 is not the delivered one.")
                                            .arg(QString::fromStdString(path("term.vsk"))));
     set_language(Language::arabic);
     form.load();

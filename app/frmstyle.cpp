@@ -78,6 +78,24 @@ QString without_leading_blanks(const QString& text) {
     return text.mid(first);
 }
 
+/// `text` with the line ends that wrapping to `width` gives it, without the blanks there: Qt sets an Arabic
+/// line in by the blank at its end.
+QString wrapped(QString text, const QFont& font, int width) {
+    QTextLayout layout(text.replace(u'\n', QChar::LineSeparator), font);
+    QTextOption option;
+    option.setTextDirection(Qt::RightToLeft);
+    option.setWrapMode(QTextOption::WordWrap);
+    layout.setTextOption(option);
+    QStringList lines;
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(width);
+        lines += text.mid(line.textStart(), line.textLength()).trimmed();
+    }
+    layout.endLayout();
+    return lines.join(u'\n');
+}
+
 /// The system's style with two marks of its own: a chosen option takes the accent, and an access key within
 /// letters that join is underlined with the text laid out whole, where Qt draws the letter apart and breaks
 /// the joins on both sides of it.
@@ -107,8 +125,13 @@ public:
     }
     void drawItemText(QPainter* painter, const QRect& place, int flags, const QPalette& palette, bool enabled,
                       const QString& words, QPalette::ColorRole role) const override {
-        // The blank before some notes would set their first line in when they take several.
-        const QString text = (flags & Qt::TextWordWrap) != 0 ? without_leading_blanks(words) : words;
+        QString text = words;
+        if ((flags & Qt::TextWordWrap) != 0) {
+            // The blank before some notes would set their first line in when they take several.
+            text = without_leading_blanks(words);
+            if (text.isRightToLeft() && !text.contains(u'&'))
+                text = wrapped(text, painter->font(), place.width());
+        }
         const qsizetype mark = text.indexOf(u'&');
         const bool joins = (flags & Qt::TextShowMnemonic) != 0 && mark >= 0 && mark + 1 < text.size() &&
                            text[mark + 1] != u'&' && text.isRightToLeft();

@@ -344,6 +344,33 @@ TEST_F(SupportTest, AWrappedNoteIsPaintedWithoutTheBlankBeforeIt) {
     }
 }
 
+/// The rightmost inked column of the picture's rows from `top` to before `bottom`.
+int right_edge_of_ink(const QImage& picture, int top, int bottom) {
+    constexpr int ink = 120;
+    int edge = -1;
+    for (int y = top; y < bottom; ++y)
+        for (int x = edge + 1; x < picture.width(); ++x)
+            if (qGray(picture.pixel(x, y)) < ink)
+                edge = x;
+    return edge;
+}
+
+TEST_F(SupportTest, TheLinesOfAWrappedArabicNoteBeginAtOneEdge) {
+    // Both lines begin with an alef.
+    QLabel note(
+        QStringLiteral("التاريخ في هذه القائمة يستخدم لحساب مواقيت الصلاة و مواعيد القمر و مواقيت القبلة"));
+    note.setLayoutDirection(Qt::RightToLeft);
+    note.setAlignment(Qt::AlignTop | Qt::AlignLeading);
+    note.setWordWrap(true);
+    note.setFixedWidth(note.fontMetrics().horizontalAdvance(note.text()) * 6 / 10);
+    note.setFixedHeight(note.heightForWidth(note.width()));
+    const QImage picture = note.grab().toImage();
+    const int middle = picture.height() / 2;
+    const int first = right_edge_of_ink(picture, 0, middle);
+    EXPECT_GT(first, picture.width() / 2);
+    EXPECT_EQ(first, right_edge_of_ink(picture, middle, picture.height()));
+}
+
 /// How far the letters of a button stand from its middle, in pixels; inside its frame.
 int off_the_middle(QPushButton& button) {
     constexpr int frame = 6;

@@ -32,17 +32,22 @@ QString value_taken(const QString& text) {
 /// Settles and marks the box that it belongs to.
 class NumberKeeper : public QObject {
 public:
-    explicit NumberKeeper(QLineEdit& box) : QObject(&box), box_(box) {
+    explicit NumberKeeper(QLineEdit& box)
+        : QObject(&box), box_(box),
+          sign_(box.addAction(box.style()->standardIcon(QStyle::SP_MessageBoxWarning),
+                              QLineEdit::TrailingPosition)) {
+        sign_->setVisible(false);
         box.installEventFilter(this);
         connect(&box, &QLineEdit::editingFinished, this, [this] { settle(); });
         connect(&box, &QLineEdit::textChanged, this, [this](const QString& text) {
-            if (sign_ != nullptr && typed_number(text).is_number)
+            if (sign_->isVisible() && typed_number(text).is_number)
                 unmark();
         });
     }
 
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() == QEvent::FocusOut)
+        // A box that is deleted with the focus loses it when it is a box no more.
+        if (event->type() == QEvent::FocusOut && qobject_cast<QLineEdit*>(watched) != nullptr)
             settle();
         return QObject::eventFilter(watched, event);
     }
@@ -58,8 +63,7 @@ public:
     }
 
     void unmark() {
-        delete sign_;
-        sign_ = nullptr;
+        sign_->setVisible(false);
         box_.setToolTip(tip_);
         box_.setAccessibleDescription({});
     }
@@ -68,17 +72,16 @@ private:
     void mark() {
         const Language language = box_.window()->isRightToLeft() ? Language::arabic : Language::english;
         const QString words = text_of(no_number, language).arg(isolated(value_taken(box_.text())));
-        if (sign_ == nullptr) {
+        if (!sign_->isVisible())
             tip_ = box_.toolTip();
-            sign_ = box_.addAction(box_.style()->standardIcon(QStyle::SP_MessageBoxWarning),
-                                   QLineEdit::TrailingPosition);
-        }
+        sign_->setVisible(true);
         box_.setToolTip(words);
         box_.setAccessibleDescription(words);
     }
 
     QLineEdit& box_;
-    QAction* sign_ = nullptr;
+    QAction*
+        sign_; ///< made at once: a panel that is going takes no new parts, and its boxes lose the focus then
     QString tip_;
 };
 

@@ -3,6 +3,7 @@
 #include "app/frmsupport.h"
 #include "app/messages.h"
 #include "app/namelabel.h"
+#include "app/numberbox.h"
 #include "app/picturebox.h"
 #include "app/stored/failure.h"
 #include "app/viewerpages.h"
@@ -22,6 +23,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStyleFactory>
+#include <QTest>
 #include <QTextDocument>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -31,6 +33,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <new>
 #include <string>
 #include <sys/stat.h>
@@ -342,6 +345,19 @@ TEST_F(SupportTest, AWrappedNoteIsPaintedWithoutTheBlankBeforeIt) {
         };
         EXPECT_TRUE(painted(u' ' + words) == painted(words)) << words.toStdString();
     }
+}
+
+TEST_F(SupportTest, ABoxWithLettersMayGoWithItsPanelWhileItHasTheFocus) {
+    auto panel = std::make_unique<QWidget>();
+    auto* box = new QLineEdit(panel.get());
+    keep_number(*box);
+    panel->show();
+    panel->activateWindow();
+    box->setFocus();
+    ASSERT_TRUE(QTest::qWaitFor([box] { return box->hasFocus(); }));
+    box->setText(QStringLiteral("letters"));
+    panel.reset();
+    EXPECT_EQ(QApplication::focusWidget(), nullptr);
 }
 
 /// The rightmost inked column of the picture's rows from `top` to before `bottom`.

@@ -1,9 +1,11 @@
+#include <cstdio>
 #include <cstdlib>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
 #include <sstream>
 #include <string>
+#include <unistd.h>
 #include <vector>
 
 namespace halvane {
@@ -34,12 +36,13 @@ std::size_t characters_of(const std::string& line) {
 }
 
 TEST(Guide, IsMadeOfItsPartsAsTheyStand) {
-    const std::string made = ::testing::TempDir() + "help.txt";
+    const std::string made = ::testing::TempDir() + "help-" + std::to_string(::getpid()) + ".txt";
     const std::string command =
         "\"" HALVANE_ROOT "/tools/makehelp/makehelp\" \"" HALVANE_ROOT "/docs/help\" \"" + made + "\"";
     ASSERT_EQ(std::system(command.c_str()), 0);
     EXPECT_TRUE(bytes_of(made) == guide())
         << "make it again: tools/makehelp/makehelp docs/help data/help.txt";
+    std::remove(made.c_str());
 }
 
 TEST(Guide, EveryLineEndsWithCrLfAndFitsTheWindow) {

@@ -116,6 +116,15 @@ class Globe(unittest.TestCase):
         self.assertTrue(self.judged(moonset="nan"))
         self.assertTrue(self.judged(transit="00:00:00") or self.judged(transit="12:00:00"), "no transit")
 
+    def test_a_moon_of_one_minute_is_a_limit_in_the_far_north_alone(self):
+        moment = {"moonrise": "00:10:00", "transit": "00:10:00", "moonset": "00:10:00"}
+        row = self.row(**moment)
+        self.assertTrue(sky.judge_place_day(row, True)[0])
+        self.assertEqual(len(sky.judge_place_day(row.replace("0,30.0,", "0,67.0,", 1), True)[1]), 1)
+        self.assertTrue(sky.is_one_moment("00:10:00", "00:10:00", "00:10:00"))
+        self.assertFalse(sky.is_one_moment("00:10:00", "00:10:00", "00:20:00"))
+        self.assertFalse(sky.is_one_moment("----", "00:10:00", "00:10:00"))
+
     def test_disorder_is_found_and_the_limit_is_told(self):
         times = {"Fajer": 3, "Shuroq": 5, "Dhohur": 12, "Aser": 11.5, "Maghreb": 19, "Isha": 21}
         self.assertEqual(sky.judge_order(times, 30), (["Aser comes before Dhohur"], []))

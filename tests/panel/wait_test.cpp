@@ -9,6 +9,7 @@
 #include <QTest>
 #include <QWindow>
 #include <memory>
+#include <optional>
 
 namespace halvane {
 namespace {
@@ -141,50 +142,43 @@ TEST_F(WaitTest, TheWindowStandsInFrontOfItsOwnPanel) {
     EXPECT_EQ(window->windowHandle()->transientParent(), panel.windowHandle());
 }
 
-TEST_F(WaitTest, CancelAnswersWhileASettingsPanelKeepsThePanelWaiting) {
+/// A run whose panel waits for a settings panel.
+class WaitUnderSettingsTest : public WaitTest {
+protected:
+    WaitUnderSettingsTest() {
+        panel.show();
+        run.emplace(QStringLiteral("Prayer Times"), &panel);
+        window = open_window("frmwait");
+        settings.setWindowModality(Qt::WindowModal);
+        settings.show();
+    }
+    void SetUp() override { ASSERT_NE(window, nullptr); }
+    ~WaitUnderSettingsTest() override { settings.close(); }
+
     QWidget panel;
-    panel.show();
-    WaitProgress run(QStringLiteral("Prayer Times"), &panel);
-    QWidget* window = open_window("frmwait");
-    ASSERT_NE(window, nullptr);
-    QDialog settings(&panel);
-    settings.setWindowModality(Qt::WindowModal);
-    settings.show();
+    QDialog settings{&panel};
+    std::optional<WaitProgress> run;
+    QWidget* window = nullptr;
+};
+
+TEST_F(WaitUnderSettingsTest, CancelAnswers) {
     auto& cancel = control(*window, "bcancel");
     QTest::mouseClick(window->windowHandle(), Qt::LeftButton, Qt::NoModifier,
                       cancel.mapTo(window, cancel.rect().center()));
-    EXPECT_FALSE(run.yield());
-    settings.close();
+    EXPECT_FALSE(run->yield());
 }
 
-TEST_F(WaitTest, TheAccessKeyOfCancelAnswersToo) {
-    QWidget panel;
-    panel.show();
-    WaitProgress run(QStringLiteral("Prayer Times"), &panel);
-    QWidget* window = open_window("frmwait");
-    ASSERT_NE(window, nullptr);
-    QDialog settings(&panel);
-    settings.setWindowModality(Qt::WindowModal);
-    settings.show();
+TEST_F(WaitUnderSettingsTest, TheAccessKeyOfCancelAnswersToo) {
     // What an access key does: the button goes down, and up again by a timer.
     auto& cancel = dynamic_cast<QPushButton&>(control(*window, "bcancel"));
     cancel.animateClick();
-    EXPECT_TRUE(QTest::qWaitFor([&run] { return !run.yield(); }));
-    settings.close();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !run->yield(); }));
 }
 
-TEST_F(WaitTest, TheWindowStandsInFrontAgainOnceTheSettingsPanelIsGone) {
-    QWidget panel;
-    panel.show();
-    WaitProgress run(QStringLiteral("Prayer Times"), &panel);
-    QWidget* window = open_window("frmwait");
-    ASSERT_NE(window, nullptr);
-    QDialog settings(&panel);
-    settings.setWindowModality(Qt::WindowModal);
-    settings.show();
-    EXPECT_TRUE(run.yield());
+TEST_F(WaitUnderSettingsTest, TheWindowStandsInFrontAgainOnceTheyAreGone) {
+    EXPECT_TRUE(run->yield());
     settings.close();
-    EXPECT_TRUE(run.yield());
+    EXPECT_TRUE(run->yield());
     EXPECT_EQ(window->windowHandle()->transientParent(), panel.windowHandle());
 }
 

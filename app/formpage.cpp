@@ -22,10 +22,20 @@ QSize room_on_screen(const QWidget& widget) {
            QSize(2 * edge, title_lines * widget.fontMetrics().lineSpacing());
 }
 
+/// Takes the last row of `form`, its buttons, out of the layout. nullptr where the form has none of its own.
+QLayout* taken_button_row(QWidget& form) {
+    auto* const row = form.findChild<QLayout*>(QStringLiteral("buttonrow"));
+    if (row == nullptr || row->parent() != form.layout())
+        return nullptr;
+    form.layout()->removeItem(row);
+    return row;
+}
+
 } // namespace
 
 FormPage::FormPage(QWidget& form, Qt::Orientations grows) : QScrollArea(&form), grows_(grows) {
     setObjectName(QStringLiteral("page"));
+    QLayout* const buttons = taken_button_row(form);
     auto* content = new QWidget(this);
     content->setLayout(form.layout());
     setWidget(content);
@@ -35,13 +45,31 @@ FormPage::FormPage(QWidget& form, Qt::Orientations grows) : QScrollArea(&form), 
     setFocusPolicy(Qt::NoFocus);
     auto* whole = new QVBoxLayout(&form);
     whole->setContentsMargins(0, 0, 0, 0);
-    whole->addWidget(this);
+    whole->setSpacing(0);
+    if (buttons == nullptr)
+        whole->addWidget(this);
+    else
+        add_foot(form, *buttons, *whole);
     for (QComboBox* list : content->findChildren<QComboBox*>())
         list->installEventFilter(this);
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
         if (now != nullptr && isAncestorOf(now))
             ensureWidgetVisible(now);
     });
+}
+
+/// Puts the buttons below the page, where they stay while the page scrolls; in a larger window both stay
+/// together in the middle.
+void FormPage::add_foot(QWidget& form, QLayout& buttons, QVBoxLayout& whole) {
+    constexpr int before_the_rests = 1000; // the page takes all the room that it can use
+    const QMargins margins = widget()->layout()->contentsMargins();
+    foot_ = new QWidget(&form);
+    foot_->setLayout(&buttons);
+    buttons.setContentsMargins(margins.left(), 0, margins.right(), margins.bottom());
+    whole.addStretch(1);
+    whole.addWidget(this, before_the_rests);
+    whole.addWidget(foot_);
+    whole.addStretch(1);
 }
 
 QSize FormPage::sizeHint() const {
@@ -77,7 +105,11 @@ void FormPage::resizeEvent(QResizeEvent* event) {
 
 /// The room for `wanted`, with the bars that it takes where the screen is too small.
 QSize FormPage::within_screen(QSize wanted) const {
-    const QSize room = room_on_screen(*this);
+    QSize room = room_on_screen(*this);
+    if (foot_ != nullptr) {
+        wanted.setWidth(std::max(wanted.width(), foot_->sizeHint().width()));
+        room.rheight() -= foot_->sizeHint().height();
+    }
     const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
     if (wanted.height() > room.height())
         wanted.rwidth() += bar;
@@ -96,6 +128,10 @@ void FormPage::limit_content() {
         height = widget()->hasHeightForWidth() ? widget()->heightForWidth(given) : hint.height();
     }
     widget()->setMaximumSize(width, height);
+    if (foot_ != nullptr) {
+        setMaximumHeight(height);
+        foot_->setMaximumWidth(width);
+    }
 }
 
 QWidget& page_of(QWidget& form) {
@@ -105,8 +141,8 @@ QWidget& page_of(QWidget& form) {
 
 void fit_form(QWidget& form, Qt::Orientations grows) {
     form.ensurePolished();
-    const auto* const page = new FormPage(form, grows);
-    form.resize(page->sizeHint());
+    new FormPage(form, grows);
+    form.resize(form.layout()->sizeHint());
 }
 
 } // namespace halvane

@@ -2,10 +2,13 @@
 
 #include <QScrollArea>
 
+class QVBoxLayout;
+
 namespace halvane {
 
-/// The whole content of a form. It scrolls where the screen has no room for it, and shows what gets the
-/// focus; in a window that is larger than the content asks for, the content stays together in the middle.
+/// The content of a form but its last row, the buttons. It scrolls where the screen has no room for it, and
+/// shows what gets the focus; the buttons stay in sight below it. In a window that is larger than the
+/// content asks for, content and buttons stay together in the middle.
 class FormPage : public QScrollArea {
     Q_OBJECT
 public:
@@ -22,10 +25,12 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void add_foot(QWidget& form, QLayout& buttons, QVBoxLayout& whole);
     QSize within_screen(QSize wanted) const;
     void limit_content();
 
     Qt::Orientations grows_;
+    QWidget* foot_ = nullptr; ///< holds the buttons
 };
 
 /// The widget whose layout holds the controls of `form`: the content of its page, or the form without one.

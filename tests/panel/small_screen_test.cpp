@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <QLayout>
 #include <QLocale>
 #include <QPushButton>
 #include <QScreen>
@@ -49,6 +50,21 @@ TEST_P(SmallScreenTest, TheWindowHasRoomOnTheScreen) {
 
 TEST_P(SmallScreenTest, NoTextIsCut) {
     EXPECT_EQ(cut_texts(form()), QStringList());
+}
+
+TEST_P(SmallScreenTest, TheLastRowOfButtonsNeverScrolls) {
+    const std::string& name = std::get<0>(GetParam());
+    if (name == "frmmain" || name == "frmmap")
+        GTEST_SKIP() << "its buttons stand in the page";
+    const auto* const row = form().findChild<QLayout*>(QStringLiteral("buttonrow"));
+    ASSERT_NE(row, nullptr);
+    for (int item = 0; item < row->count(); ++item) {
+        const QWidget* const button = row->itemAt(item)->widget();
+        if (button == nullptr || !button->isVisibleTo(&form()))
+            continue;
+        EXPECT_EQ(button->visibleRegion().boundingRect(), button->rect())
+            << button->objectName().toStdString();
+    }
 }
 
 TEST_P(SmallScreenTest, TheFocusShowsItsControlWhole) {

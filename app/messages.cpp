@@ -8,6 +8,7 @@
 #include <QFileDialog>
 #include <QLabel>
 #include <QMessageBox>
+#include <QPointer>
 #include <utility>
 
 namespace halvane {
@@ -86,18 +87,25 @@ void set_arabic_buttons(QMessageBox& box) {
 
 bool show_box(QWidget* parent, const QString& title, const QString& text, Language language,
               QMessageBox::StandardButtons buttons) {
-    QMessageBox box(QMessageBox::Warning, title, text, buttons, parent);
+    // It goes with its owner, which may be closed while it waits.
+    const QPointer<QMessageBox> box = new QMessageBox(QMessageBox::Warning, title, text, buttons, parent);
     if (language == Language::arabic) {
-        box.setLayoutDirection(Qt::RightToLeft);
-        set_arabic_buttons(box);
+        box->setLayoutDirection(Qt::RightToLeft);
+        set_arabic_buttons(*box);
     }
-    return present(box);
+    const bool agreed = present(*box);
+    delete box;
+    return agreed;
 }
 
-QString chosen_in(QFileDialog& dialog, const QString& proposed) {
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.selectFile(QFileInfo(proposed).fileName());
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+/// Asks by `dialog`, which ends with the answer or with its owner.
+QString chosen_in(const QPointer<QFileDialog>& dialog, const QString& proposed) {
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->selectFile(QFileInfo(proposed).fileName());
+    const bool agreed = dialog->exec() == QDialog::Accepted;
+    const QString chosen = agreed && dialog != nullptr ? dialog->selectedFiles().value(0) : QString();
+    delete dialog;
+    return chosen;
 }
 
 } // namespace
@@ -150,8 +158,8 @@ QString choose_save_file(QWidget* parent, const QString& title, const QString& p
                          const QString& filter, const QString& suffix) {
     if (chooser())
         return chooser()(title, proposed);
-    QFileDialog dialog(parent, title, QFileInfo(proposed).path(), filter);
-    dialog.setDefaultSuffix(suffix);
+    auto* const dialog = new QFileDialog(parent, title, QFileInfo(proposed).path(), filter);
+    dialog->setDefaultSuffix(suffix);
     return chosen_in(dialog, proposed);
 }
 
@@ -159,8 +167,8 @@ QString choose_picture_file(QWidget* parent, const QString& title, const QString
                             const QString& filter) {
     if (chooser())
         return chooser()(title, proposed);
-    QFileDialog dialog(parent, title, QFileInfo(proposed).path(), filter);
-    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    auto* const dialog = new QFileDialog(parent, title, QFileInfo(proposed).path(), filter);
+    dialog->setOption(QFileDialog::DontConfirmOverwrite);
     return chosen_in(dialog, proposed);
 }
 

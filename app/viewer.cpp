@@ -388,8 +388,12 @@ void Viewer::print() {
     const QPointer<Viewer> self(this);
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(title());
-    QPrintDialog dialog(&printer, this);
-    if (dialog.exec() != QDialog::Accepted || self == nullptr)
+    auto* const dialog = new QPrintDialog(&printer, this);
+    const bool agreed = dialog->exec() == QDialog::Accepted;
+    if (self == nullptr)
+        return;
+    delete dialog;
+    if (!agreed)
         return;
     if (!printer.outputFileName().isEmpty()) {
         write_pdf(printer.outputFileName(), &printer);

@@ -19,12 +19,14 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPointer>
 #include <QProxyStyle>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStyleFactory>
 #include <QTest>
 #include <QTextDocument>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <cerrno>
@@ -261,6 +263,31 @@ TEST_F(SupportTest, NoTextOfABoxIsMarkup) {
     tell_failure(RunTimeFailure(TwinWords{"<h1>here</h1>", "<h1>هنا</h1>"}), Language::english);
     warn(nullptr, QStringLiteral("Title"), QStringLiteral("<h1>A&B</h1>"), Language::english);
     EXPECT_GE(labels, 3);
+}
+
+TEST_F(SupportTest, ADialogMayGoWithItsOwnerWhileItWaits) {
+    set_message_presenter({});
+    const std::function<void(QWidget*)> dialogs[] = {
+        [](QWidget* owner) { warn(owner, QString(), QStringLiteral("a warning"), Language::english); },
+        [](QWidget* owner) {
+            EXPECT_FALSE(ask(owner, QString(), QStringLiteral("a question?"), Language::english));
+        },
+        [](QWidget* owner) {
+            EXPECT_EQ(choose_save_file(owner, QString(), QStringLiteral("a.txt"), QString(), QString()),
+                      QString());
+        },
+        [](QWidget* owner) {
+            EXPECT_EQ(choose_picture_file(owner, QString(), QStringLiteral("a.gif"), QString()), QString());
+        },
+    };
+    for (const auto& dialog : dialogs) {
+        const QPointer<QWidget> owner = new QWidget;
+        owner->show();
+        QTimer::singleShot(0, [owner] { delete owner; });
+        dialog(owner);
+        EXPECT_EQ(owner, nullptr);
+        EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    }
 }
 
 TEST_F(SupportTest, AFailureNamesWhatFailedAndWhatToDo) {

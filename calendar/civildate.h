@@ -11,6 +11,17 @@ DateNumbers civil_date(double jd);
 /// The same as what a calculation is about.
 SubjectDay subject_day(double jd);
 
+/// Does `work`, a calculation for the date of `jd`: a failure without a finite value names it.
+template <class Work>
+auto about_day(double jd, Work&& work) {
+    try {
+        return work();
+    } catch (RunTimeFailure& failure) {
+        failure.tell_day(subject_day(jd));
+        throw;
+    }
+}
+
 /// Hours passed of the civil day that a Julian day lies in, from 0 to below 24.
 double hours_of_day(double jd);
 

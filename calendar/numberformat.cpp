@@ -47,11 +47,11 @@ void append_number(std::string& text, double value, std::string_view pattern) {
     const std::size_t decimals = point == std::string_view::npos ? 0 : pattern.size() - point - 1;
 
     char digits[512];
+    digits[0] = '\0';
     const char* first = digits;
     const char* end =
         put_digits(digits, digits + sizeof digits, std::fabs(value), static_cast<int>(decimals));
     auto whole = static_cast<std::size_t>(end - first) - (decimals == 0 ? 0 : decimals + 1);
-    // put_digits has filled it: NOLINTNEXTLINE(clang-analyzer-core.UndefinedBinaryOperatorResult)
     if (*first == '0') {
         ++first;
         --whole;

@@ -41,12 +41,7 @@ int summer_hours_on(const Preferences& preferences, const DateNumbers& date) {
     return in_summer_time(preferences, any_leap_year, date.month, date.day) ? 1 : 0;
 }
 
-} // namespace
-
-Conjunction find_conjunction(const CrescentSettings& settings) {
-    const DateNumbers date = approximate_date(settings);
-    const SubjectSpan place(read_loc().name);
-    const SubjectSpan day(SubjectDay{date.year, date.month, date.day});
+Conjunction conjunction_near(const DateNumbers& date, const CrescentSettings& settings) {
     const double estimate = phase_estimate(Phase::new_moon, nearest_lunation(date));
     conjunctionstart = refined_phase(Phase::new_moon, estimate, settings.geocentric);
     double delta_t = 0;
@@ -56,6 +51,16 @@ Conjunction find_conjunction(const CrescentSettings& settings) {
     conjunction.summer_hours = summer_hours_on(read_pref(), civil_date(universal));
     conjunction.local = universal + conjunction.summer_hours / 24.0 + read_loc().zone / 24;
     return conjunction;
+}
+
+} // namespace
+
+Conjunction find_conjunction(const CrescentSettings& settings) {
+    const DateNumbers date = approximate_date(settings);
+    return about_place(read_loc().name, [&] {
+        return about_day(SubjectDay{date.year, date.month, date.day},
+                         [&] { return conjunction_near(date, settings); });
+    });
 }
 
 std::array<DateNumbers, 5> candidate_dates(const Conjunction& conjunction) {

@@ -71,16 +71,8 @@ void write_tail(Report& report) {
     write_date_remarks(report);
 }
 
-} // namespace
-
-RunOutcome write_phases(const PhaseYear& run, Progress& progress) {
+RunOutcome write_rows(Report& report, const PhaseYear& run, Progress& progress) {
     constexpr int end_of_rows = 16;
-    if (refused_phase_year(run) || refused_delta_t(run))
-        return RunOutcome::refused;
-    const SubjectSpan place(run.location.name);
-    const SubjectSpan year(SubjectDay{run.year, 1, 1});
-    Report report(program_path("results.out"));
-    write_head(report, run);
     double k = first_lunation(run.year);
     int complete_rows = 0;
     RunOutcome outcome = RunOutcome::done;
@@ -99,6 +91,19 @@ RunOutcome write_phases(const PhaseYear& run, Progress& progress) {
                 report.end_line();
         }
     }
+    return outcome;
+}
+
+} // namespace
+
+RunOutcome write_phases(const PhaseYear& run, Progress& progress) {
+    if (refused_phase_year(run) || refused_delta_t(run))
+        return RunOutcome::refused;
+    Report report(program_path("results.out"));
+    write_head(report, run);
+    const RunOutcome outcome = about_place(run.location.name, [&] {
+        return about_day(SubjectDay{run.year, 1, 1}, [&] { return write_rows(report, run, progress); });
+    });
     write_tail(report);
     report.commit();
     return outcome;

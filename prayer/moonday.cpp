@@ -77,9 +77,10 @@ MoonRiseSet moon_rise_set(double jd, double clock_ahead) {
     return result;
 }
 
-MoonTimes moon_day(const Preferences& preferences, const Location& location, double jd, int summer_hours) {
-    const SubjectSpan place(location.name);
-    const SubjectSpan day(subject_day(jd));
+namespace {
+
+MoonTimes times_of_day(const Preferences& preferences, const Location& location, double jd,
+                       int summer_hours) {
     const double clock_ahead = location.zone + summer_hours;
     const int precision = precision_of(preferences);
     const MoonRiseSet events = moon_rise_set(jd, clock_ahead);
@@ -93,6 +94,14 @@ MoonTimes moon_day(const Preferences& preferences, const Location& location, dou
     if (times.rise == times.set && !is(events.rise, NoEvent::up))
         times.transit = times.rise;
     return times;
+}
+
+} // namespace
+
+MoonTimes moon_day(const Preferences& preferences, const Location& location, double jd, int summer_hours) {
+    return about_place(location.name, [&] {
+        return about_day(jd, [&] { return times_of_day(preferences, location, jd, summer_hours); });
+    });
 }
 
 } // namespace halvane

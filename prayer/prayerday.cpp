@@ -184,9 +184,9 @@ PrayerSettings read_prayer_settings(DayMode mode) {
 }
 
 PrayerDay prayer_day(const PrayerSettings& settings, double jd, int summer_hours) {
-    const SubjectSpan place(settings.location.name);
-    const SubjectSpan day(subject_day(jd));
-    return DayCalculation(settings, jd, summer_hours).run();
+    return about_place(settings.location.name, [&] {
+        return about_day(jd, [&] { return DayCalculation(settings, jd, summer_hours).run(); });
+    });
 }
 
 } // namespace halvane

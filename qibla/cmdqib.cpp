@@ -30,26 +30,8 @@ QiblahSearch search_of(const RunSettings& settings, double azimuth, double delta
     return search;
 }
 
-} // namespace
-
-float stored_qiblah_direction() {
-    const Location& location = read_loc();
-    const SubjectSpan place(location.name);
-    return qiblah_direction(longitude_of(location), latitude_of(location));
-}
-
-RunOutcome cmdqib(Progress& progress, float direction, QiblahMark mark) {
-    const TdtSpan universal_time(0);
-    Report report(program_path("results.out"));
-    const RunSettings settings;
-    const SubjectSpan place(settings.location.name);
-    const CalculationPeriod period = calculation_period(settings.date);
-    const RunDays days = days_of(period.start, period.end);
-    const QiblahSearch search =
-        search_of(settings, target_azimuth(direction, mark == QiblahMark::shadow), mean_delta_t(days));
-
-    write_qiblah_head(report, settings.preferences, settings.location, report_period(settings.date, days),
-                      direction, mark);
+RunOutcome write_rows(Report& report, const RunSettings& settings, const QiblahSearch& search,
+                      const RunDays& days, Progress& progress) {
     RunOutcome outcome = RunOutcome::done;
     int rows = 0;
     for (double jd = days.first; jd <= days.last && outcome == RunOutcome::done; jd += 1) {
@@ -60,7 +42,37 @@ RunOutcome cmdqib(Progress& progress, float direction, QiblahMark mark) {
         write_qiblah_row(report, summer_hours == 1, row_date(jd), qiblah_day(search, jd, summer_hours),
                          ++rows);
     }
+    return outcome;
+}
+
+RunOutcome write_qiblah(Report& report, const RunSettings& settings, float direction, QiblahMark mark,
+                        Progress& progress) {
+    const CalculationPeriod period = calculation_period(settings.date);
+    const RunDays days = days_of(period.start, period.end);
+    const QiblahSearch search =
+        search_of(settings, target_azimuth(direction, mark == QiblahMark::shadow), mean_delta_t(days));
+
+    write_qiblah_head(report, settings.preferences, settings.location, report_period(settings.date, days),
+                      direction, mark);
+    const RunOutcome outcome = write_rows(report, settings, search, days, progress);
     write_qiblah_closing(report);
+    return outcome;
+}
+
+} // namespace
+
+float stored_qiblah_direction() {
+    const Location& location = read_loc();
+    return about_place(location.name,
+                       [&] { return qiblah_direction(longitude_of(location), latitude_of(location)); });
+}
+
+RunOutcome cmdqib(Progress& progress, float direction, QiblahMark mark) {
+    const TdtSpan universal_time(0);
+    Report report(program_path("results.out"));
+    const RunSettings settings;
+    const RunOutcome outcome = about_place(
+        settings.location.name, [&] { return write_qiblah(report, settings, direction, mark, progress); });
     report.commit();
     return outcome;
 }

@@ -132,8 +132,9 @@ QiblahFind find_qiblah_moment(const QiblahSearch& search, double base, QiblahRoo
     return find;
 }
 
-QiblahDay qiblah_day(const QiblahSearch& search, double jd, int summer_hours) {
-    const SubjectSpan subject(subject_day(jd));
+namespace {
+
+QiblahDay times_of_day(const QiblahSearch& search, double jd, int summer_hours) {
     const double base = jd - (search.zone + summer_hours) / hours_per_day;
     const QiblahFind first = find_qiblah_moment(search, base, QiblahRoot::first);
     QiblahDay day;
@@ -143,6 +144,12 @@ QiblahDay qiblah_day(const QiblahSearch& search, double jd, int summer_hours) {
     if (out_of_order(day))
         std::swap(day.first, day.second);
     return day;
+}
+
+} // namespace
+
+QiblahDay qiblah_day(const QiblahSearch& search, double jd, int summer_hours) {
+    return about_day(jd, [&] { return times_of_day(search, jd, summer_hours); });
 }
 
 } // namespace halvane

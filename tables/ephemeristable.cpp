@@ -65,9 +65,10 @@ RunOutcome write_rows(Report& report, const EphemerisSettings& settings, const T
     double jd = span.start;
     for (double n = 0; n <= last_row && jd <= span.end + beyond_the_end; jd = span.start + ++n * span.step) {
         tell_progress(progress, span, n);
-        const SubjectSpan day(subject_day(jd + clock_ahead));
-        write_ephemeris_row(report, body, jd + clock_ahead,
-                            ephemeris_row(observer, body, settings.geocentric, jd));
+        about_day(jd + clock_ahead, [&] {
+            write_ephemeris_row(report, body, jd + clock_ahead,
+                                ephemeris_row(observer, body, settings.geocentric, jd));
+        });
         if (!progress.yield())
             return RunOutcome::cancelled;
         if (++in_group == rows_of_a_group) {
@@ -124,11 +125,11 @@ RunOutcome write_ephemeris_table(const EphemerisSettings& settings, Progress& pr
     const TableSpan span = table_span(settings, location.zone);
     if (span.end < span.start)
         return RunOutcome::refused;
-    const SubjectSpan place(location.name);
     const TdtSpan time_reference(settings.local_ut1 ? 0 : 1);
     Report report(program_path("ephemeris.out"));
     write_ephemeris_head(report, settings, location);
-    const RunOutcome outcome = write_rows(report, settings, span, location, progress);
+    const RunOutcome outcome =
+        about_place(location.name, [&] { return write_rows(report, settings, span, location, progress); });
     write_ephemeris_closing(report);
     report.commit();
     return outcome;

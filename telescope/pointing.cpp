@@ -81,12 +81,8 @@ void precess_to_j2000(double jd, SkyPlace& place) {
     place.declination = declination;
 }
 
-} // namespace
-
-std::optional<TelescopePointing> telescope_pointing(const TelescopeSettings& settings) {
+std::optional<TelescopePointing> pointing_of(const TelescopeSettings& settings) {
     const TdtSpan universal_time(0);
-    const SubjectSpan subject(read_loc().name);
-    const SubjectSpan day(SubjectDay{settings.year, settings.month, settings.day});
     const double jd = instant_of(settings);
     const Observer observer = stored_observer();
     const SunPlace sun = sun_medium(observer, jd);
@@ -111,6 +107,15 @@ std::optional<TelescopePointing> telescope_pointing(const TelescopeSettings& set
             precess_to_j2000(jd, *place);
     }
     return pointing;
+}
+
+} // namespace
+
+std::optional<TelescopePointing> telescope_pointing(const TelescopeSettings& settings) {
+    return about_place(read_loc().name, [&] {
+        return about_day(SubjectDay{settings.year, settings.month, settings.day},
+                         [&] { return pointing_of(settings); });
+    });
 }
 
 } // namespace halvane

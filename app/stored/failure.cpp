@@ -5,22 +5,12 @@
 #include <cstdio>
 #include <cstring>
 #include <new>
+#include <stdexcept>
 #include <string_view>
 #include <utility>
 
 namespace halvane {
 namespace {
-
-/// What a failure without a finite value is about.
-struct Subject {
-    std::optional<SubjectDay> day;
-    std::string place;
-};
-
-Subject& subject() {
-    static Subject current;
-    return current;
-}
 
 /// "21/06/2024".
 std::string text_of(const SubjectDay& day) {
@@ -113,17 +103,18 @@ std::string words_of_subject(const FailureParts& parts, bool english) {
 
 std::string words_of_no_value(const FailureParts& parts, bool english) {
     const std::string about = parts.quantity.in(english) + words_of_subject(parts, english);
+    if (parts.endless)
+        return english
+                   ? "The search for " + about + " does not end: the time is too far off for the theories."
+                   : "لا ينتهي البحث عن " + about + ": الوقت أبعد مما تصلح له النظريات.";
     return english ? "The calculation of " + about + " has no finite value with the stored settings."
                    : "ليس لحساب " + about + " قيمة محدودة بالإعدادات المخزونة.";
 }
 
-FailureParts without_value(const TwinText& quantity) {
+FailureParts without_value(TwinText quantity) {
     FailureParts parts;
     parts.kind = FailureKind::no_finite_value;
     parts.quantity = quantity;
-    if (subject().day)
-        parts.day = text_of(*subject().day);
-    parts.place = subject().place;
     return parts;
 }
 
@@ -146,8 +137,32 @@ std::string words_of(const FailureParts& parts, bool english) {
     return words_of_damage(parts, english);
 }
 
+RunTimeFailure::RunTimeFailure(const FailureParts& parts) {
+    tell(parts);
+}
+
 RunTimeFailure::RunTimeFailure(const TwinWords& words, FailureKind kind)
     : RunTimeFailure(with_words(words, kind)) {}
+
+void RunTimeFailure::tell(const FailureParts& parts) {
+    told_ = std::make_shared<const Told>(Told{parts, words_of(parts, true)});
+}
+
+void RunTimeFailure::tell_day(const SubjectDay& day) {
+    if (parts().kind != FailureKind::no_finite_value || !parts().day.empty())
+        return;
+    FailureParts known = parts();
+    known.day = text_of(day);
+    tell(known);
+}
+
+void RunTimeFailure::tell_place(const std::string& place) {
+    if (parts().kind != FailureKind::no_finite_value || !parts().place.empty())
+        return;
+    FailureParts known = parts();
+    known.place = place;
+    tell(known);
+}
 
 RunTimeFailure file_failure(FileAction action, const std::string& path, int error) {
     FailureParts parts;
@@ -155,7 +170,7 @@ RunTimeFailure file_failure(FileAction action, const std::string& path, int erro
     parts.file = path;
     parts.action = action;
     parts.error = error;
-    return RunTimeFailure(std::move(parts));
+    return RunTimeFailure(parts);
 }
 
 RunTimeFailure damaged_file(const std::string& path, const TwinWords& wanted, const TwinWords& found) {
@@ -164,7 +179,7 @@ RunTimeFailure damaged_file(const std::string& path, const TwinWords& wanted, co
     parts.file = path;
     parts.wanted = wanted;
     parts.found = found;
-    return RunTimeFailure(std::move(parts));
+    return RunTimeFailure(parts);
 }
 
 FailureParts parts_of(const std::exception& failure) {
@@ -181,34 +196,16 @@ FailureParts parts_of(const std::exception& failure) {
                       FailureKind::other);
 }
 
-SubjectSpan::SubjectSpan(const SubjectDay& day) : day_(subject().day), place_(subject().place) {
-    subject().day = day;
-}
-
-SubjectSpan::SubjectSpan(std::string place) : day_(subject().day), place_(std::move(subject().place)) {
-    subject().place = std::move(place);
-}
-
-SubjectSpan::~SubjectSpan() {
-    subject().day = day_;
-    subject().place = std::move(place_);
-}
-
-double require_finite(double value, const TwinText& quantity) {
-    if (!std::isfinite(value))
-        throw RunTimeFailure(without_value(quantity));
-    return value;
+void raise_no_value(TwinText quantity) {
+    throw RunTimeFailure(without_value(quantity));
 }
 
 double SearchGuard::check(double value) {
     constexpr int never_needed = 10000;
     if (++rounds_ > never_needed) {
         FailureParts parts = without_value(quantity_);
-        parts.words = {"The search for " + parts.quantity.english + words_of_subject(parts, true) +
-                           " does not end: the time is too far off for the theories.",
-                       "لا ينتهي البحث عن " + parts.quantity.arabic + words_of_subject(parts, false) +
-                           ": الوقت أبعد مما تصلح له النظريات."};
-        throw RunTimeFailure(std::move(parts));
+        parts.endless = true;
+        throw RunTimeFailure(parts);
     }
     return require_finite(value, quantity_);
 }

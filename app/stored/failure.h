@@ -2,9 +2,9 @@
 
 #include "app/stored/twintext.h"
 
+#include <cmath>
+#include <exception>
 #include <memory>
-#include <optional>
-#include <stdexcept>
 #include <string>
 
 namespace halvane {
@@ -27,17 +27,25 @@ enum class FileAction { open, read, write };
 /// What the words of a failure are made of; what does not apply stays empty or 0.
 struct FailureParts {
     FailureKind kind = FailureKind::other;
-    std::string file;    ///< path
-    int record = 0;      ///< from 1 on
-    int field = 0;       ///< of the record, from 1 on
-    TwinWords wanted;    ///< what the file should hold there
-    TwinWords found;     ///< what it holds there
-    FileAction action{}; ///< where the system refused
-    int error = 0;       ///< the system's number of the refusal (errno)
-    TwinWords quantity;  ///< what was to be calculated
-    std::string day;     ///< for which day, as reports print it; empty when no day was set
-    std::string place;   ///< for which place; empty when no place was set
-    TwinWords words;     ///< whole sentences, for what has none of the parts above
+    std::string file;     ///< path
+    int record = 0;       ///< from 1 on
+    int field = 0;        ///< of the record, from 1 on
+    TwinWords wanted;     ///< what the file should hold there
+    TwinWords found;      ///< what it holds there
+    FileAction action{};  ///< where the system refused
+    int error = 0;        ///< the system's number of the refusal (errno)
+    TwinWords quantity;   ///< what was to be calculated
+    bool endless = false; ///< its search came to no end
+    std::string day;      ///< for which day, as reports print it; empty when no day is known
+    std::string place;    ///< for which place; empty when no place is known
+    TwinWords words;      ///< whole sentences, for what has none of the parts above
+};
+
+/// A day of the calendar that a calculation is about.
+struct SubjectDay {
+    double year = 0;
+    double month = 0;
+    double day = 0;
 };
 
 /// The words that the parts make, in whole sentences.
@@ -46,18 +54,27 @@ std::string words_of(const FailureParts& parts, bool english);
 /// The one failure that ends a program: a stored or series file that is missing, short, not of its form or
 /// not writable, or a calculation without a finite value. Only where a panel's own rules pass it over is it
 /// caught before `main` or the program's event loop. `what()` is all of its words in English.
-class RunTimeFailure : public std::runtime_error {
+class RunTimeFailure : public std::exception {
 public:
-    explicit RunTimeFailure(FailureParts parts)
-        : std::runtime_error(words_of(parts, true)),
-          parts_(std::make_shared<const FailureParts>(std::move(parts))) {}
+    explicit RunTimeFailure(const FailureParts& parts);
     /// A failure of kind `other`, or of another kind without parts.
     explicit RunTimeFailure(const TwinWords& words, FailureKind kind = FailureKind::other);
 
-    const FailureParts& parts() const { return *parts_; }
+    const FailureParts& parts() const { return told_->parts; }
+    const char* what() const noexcept override { return told_->english.c_str(); }
+
+    /// Tells which day or place a calculation without a value was about, unless that is known already.
+    void tell_day(const SubjectDay& day);
+    void tell_place(const std::string& place);
 
 private:
-    std::shared_ptr<const FailureParts> parts_;
+    struct Told {
+        FailureParts parts;
+        std::string english;
+    };
+    void tell(const FailureParts& parts);
+
+    std::shared_ptr<const Told> told_;
 };
 
 /// The system refused `action` on the file `path`.
@@ -70,32 +87,37 @@ RunTimeFailure damaged_file(const std::string& path, const TwinWords& wanted, co
 /// The parts of any exception: those of a RunTimeFailure, else its kind and words.
 FailureParts parts_of(const std::exception& failure);
 
-/// A day of the calendar that a calculation is about.
-struct SubjectDay {
-    double year = 0;
-    double month = 0;
-    double day = 0;
-};
+/// Does `work`, a calculation for that day or place: a failure without a finite value names it.
+template <class Work>
+auto about_day(const SubjectDay& day, Work&& work) {
+    try {
+        return work();
+    } catch (RunTimeFailure& failure) {
+        failure.tell_day(day);
+        throw;
+    }
+}
+template <class Work>
+auto about_place(const std::string& place, Work&& work) {
+    try {
+        return work();
+    } catch (RunTimeFailure& failure) {
+        failure.tell_place(place);
+        throw;
+    }
+}
 
-/// For the span of a scope, tells the day or the place that the calculation under way is about; a failure
-/// without a finite value names them.
-class SubjectSpan {
-public:
-    explicit SubjectSpan(const SubjectDay& day);
-    explicit SubjectSpan(std::string place);
-    SubjectSpan(const SubjectSpan&) = delete;
-    SubjectSpan& operator=(const SubjectSpan&) = delete;
-    ~SubjectSpan();
-
-private:
-    std::optional<SubjectDay> day_;
-    std::string place_;
-};
+/// Raises the RunTimeFailure of a calculation without a finite value.
+[[noreturn]] void raise_no_value(TwinText quantity);
 
 /// Returns `value` when it is finite.
-/// Error  raises RunTimeFailure naming `quantity` with its day and place, so that neither "nan" nor "inf"
-/// reaches a report or a panel.
-double require_finite(double value, const TwinText& quantity);
+/// Error  raises RunTimeFailure naming `quantity`, so that neither "nan" nor "inf" reaches a report or a
+/// panel.
+inline double require_finite(double value, TwinText quantity) {
+    if (!std::isfinite(value)) [[unlikely]]
+        raise_no_value(quantity);
+    return value;
+}
 
 /// Watches a search that has no bound of its own: it converges in a few rounds for any time of the engine.
 class SearchGuard {

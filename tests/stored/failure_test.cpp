@@ -45,10 +45,12 @@ TEST(Failure, ADamagedFieldKeepsItsParts) {
 }
 
 TEST(Failure, AValueThatIsNotFiniteNamesItsDayAndPlace) {
-    const SubjectSpan place("Amman");
-    const SubjectSpan day(SubjectDay{2026, 2, 18.5});
     try {
-        require_finite(std::nan(""), {"the Moon's transit", "عبور القمر"});
+        about_place("Amman", [] {
+            return about_day(SubjectDay{2026, 2, 18.5}, [] {
+                return require_finite(std::nan(""), {"the Moon's transit", "عبور القمر"});
+            });
+        });
         FAIL() << "nothing was raised";
     } catch (const RunTimeFailure& failure) {
         EXPECT_EQ(failure.parts().kind, FailureKind::no_finite_value);
@@ -61,25 +63,36 @@ TEST(Failure, AValueThatIsNotFiniteNamesItsDayAndPlace) {
 }
 
 TEST(Failure, ASearchThatDoesNotEndNamesItsDayAndPlace) {
-    const SubjectSpan place("Amman");
-    const SubjectSpan day(SubjectDay{-4000, 1, 1});
-    SearchGuard guard({"a phase of the Moon", "طور من أطوار القمر"});
     expect_failure_that_tells(
-        [&guard] {
-            for (;;)
-                guard.check(1);
+        [] {
+            about_place("Amman", [] {
+                about_day(SubjectDay{-4000, 1, 1}, [] {
+                    SearchGuard guard({"a phase of the Moon", "طور من أطوار القمر"});
+                    for (;;)
+                        guard.check(1);
+                });
+            });
         },
         {"a phase of the Moon", "01/01/-4000", "Amman", "does not end"});
 }
 
-TEST(Failure, ASpanGivesBackWhatItFound) {
-    const SubjectSpan amman("Amman");
-    {
-        const SubjectSpan oslo("Oslo");
-        const SubjectSpan day(SubjectDay{2026, 1, 1});
-    }
-    const auto words = failure_words([] { require_finite(HUGE_VAL, {"an angle", "زاوية"}); });
-    EXPECT_EQ(words, "The calculation of an angle for Amman has no finite value with the stored settings.");
+TEST(Failure, TheInnermostPlaceIsTheOneThatIsTold) {
+    const auto angle_for_oslo = [] {
+        about_place("Oslo", [] { return require_finite(HUGE_VAL, {"an angle", "زاوية"}); });
+    };
+    const auto words = failure_words([&] { about_place("Amman", angle_for_oslo); });
+    EXPECT_EQ(words, "The calculation of an angle for Oslo has no finite value with the stored settings.");
+}
+
+TEST(Failure, AFileHasNeitherDayNorPlace) {
+    const auto words = failure_words([] {
+        about_place("Amman", [] {
+            about_day(SubjectDay{2026, 1, 1}, [] { throw file_failure(FileAction::open, "/f", ENOENT); });
+        });
+    });
+    ASSERT_TRUE(words);
+    EXPECT_EQ(words->find("Amman"), std::string::npos) << *words;
+    EXPECT_EQ(words->find("2026"), std::string::npos) << *words;
 }
 
 TEST(Failure, AnyExceptionHasAKindAndWords) {

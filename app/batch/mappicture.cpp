@@ -12,7 +12,9 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
+#include <map>
 #include <memory>
+#include <vector>
 
 #include <gd.h>
 #include <gdfontl.h>
@@ -31,6 +33,62 @@ Image read_map() {
     if (!map || gdImageSX(map.get()) != map_width || gdImageSY(map.get()) != map_height)
         throw broken_map_picture(map_picture_path());
     return map;
+}
+
+/// A pixel of a stencil, from the stencil's centre.
+struct Dot {
+    int x = 0;
+    int y = 0;
+};
+
+/// What stands on a map many times is drawn once and stamped.
+using Stencil = std::vector<Dot>;
+
+/// The pixels that `draw(image, x, y, ink)` puts at most `room` from the point x, y.
+template <class Draw>
+Stencil stencil_of(int room, Draw draw) {
+    const int side = 2 * room + 1;
+    const Image image(gdImageCreate(side, side));
+    const int ground = gdImageColorAllocate(image.get(), 255, 255, 255);
+    const int ink = gdImageColorAllocate(image.get(), 0, 0, 0);
+    draw(image.get(), room, room, ink);
+    Stencil stencil;
+    for (int y = 0; y < side; ++y)
+        for (int x = 0; x < side; ++x)
+            if (gdImageGetPixel(image.get(), x, y) != ground)
+                stencil.push_back({x - room, y - room});
+    return stencil;
+}
+
+Stencil circle_stencil() {
+    constexpr int diameter = 2 * map_point_radius;
+    return stencil_of(diameter, [](gdImage* image, int x, int y, int ink) {
+        gdImageArc(image, x, y, diameter, diameter, 0, 360, ink);
+    });
+}
+
+/// Draws `figure` about a point without soft edges, which the negative colour asks for: the rim would fill
+/// the palette with shades. In the font of the system, else in the library's own.
+void draw_figure(gdImage* image, char figure, int x, int y, int colour) {
+    constexpr double points = map_mark_height * 0.75; // at 96 pixels to the inch
+    std::string text(1, figure);
+    std::string font = "sans:bold:lang=en";
+    std::array<int, 8> corners{};
+    gdFTUseFontConfig(1);
+    if (gdImageStringFT(nullptr, corners.data(), 0, font.data(), points, 0, 0, 0, text.data()) != nullptr) {
+        const gdFont* plain = gdFontGetLarge();
+        gdImageChar(image, gdFontGetLarge(), x - plain->w / 2, y - plain->h / 2, figure, colour);
+        return;
+    }
+    const int left = (corners[0] + corners[2]) / 2;
+    const int base = (corners[1] + corners[7]) / 2;
+    gdImageStringFT(image, nullptr, -colour, font.data(), points, 0, x - left, y - base, text.data());
+}
+
+Stencil figure_stencil(char figure) {
+    return stencil_of(2 * map_mark_height, [figure](gdImage* image, int x, int y, int ink) {
+        draw_figure(image, figure, x, y, ink);
+    });
 }
 
 /// The map over a white band for the words.
@@ -54,23 +112,21 @@ public:
     }
 
     void paint(const MapPoint& point) {
-        constexpr int diameter = 2 * map_point_radius;
         if (point.visibility == VisibilityClass::not_possible)
             return;
         const MapPixel at = map_pixel(point.longitude, point.latitude);
-        gdImageArc(image_.get(), static_cast<int>(std::lround(at.x)), static_cast<int>(std::lround(at.y)),
-                   diameter, diameter, 0, 360, colour_of(point.visibility));
+        stamp(circle_, static_cast<int>(std::lround(at.x)), static_cast<int>(std::lround(at.y)),
+              colour_of(point.visibility));
     }
 
     /// The number of the class in ink with a rim of paper.
     void mark(const MapMark& mark) {
-        std::string figure(1, class_mark(mark.visibility));
-        const int x = static_cast<int>(std::lround(mark.centre.x));
-        const int y = static_cast<int>(std::lround(mark.centre.y));
+        const MapPixel centre{std::round(mark.centre.x), std::round(mark.centre.y)};
+        const Stencil& figure = figure_of(class_mark(mark.visibility));
         for (int dy = -mark_rim; dy <= mark_rim; ++dy)
             for (int dx = -mark_rim; dx <= mark_rim; ++dx)
-                draw_figure(figure, x + dx, y + dy, paper_);
-        draw_figure(figure, x, y, ink_);
+                stamp(figure, static_cast<int>(centre.x) + dx, static_cast<int>(centre.y) + dy, paper_);
+        stamp(figure, static_cast<int>(centre.x), static_cast<int>(centre.y), ink_);
     }
 
     void write_information(const std::vector<std::string>& lines) {
@@ -119,29 +175,26 @@ private:
                 }).front();
     }
 
-    /// Without soft edges, which the negative colour asks for: the rim would fill the palette with shades.
-    void draw_figure(std::string& figure, int x, int y, int colour) {
-        constexpr double points = map_mark_height * 0.75; // at 96 pixels to the inch
-        std::string font = "sans:bold:lang=en";
-        std::array<int, 8> corners{};
-        gdFTUseFontConfig(1);
-        if (gdImageStringFT(nullptr, corners.data(), 0, font.data(), points, 0, 0, 0, figure.data()) !=
-            nullptr) {
-            const gdFont* plain = gdFontGetLarge();
-            gdImageChar(image_.get(), gdFontGetLarge(), x - plain->w / 2, y - plain->h / 2, figure[0],
-                        colour);
-            return;
-        }
-        const int left = (corners[0] + corners[2]) / 2;
-        const int base = (corners[1] + corners[7]) / 2;
-        gdImageStringFT(image_.get(), nullptr, -colour, font.data(), points, 0, x - left, y - base,
-                        figure.data());
+    void stamp(const Stencil& stencil, int x, int y, int colour) {
+        for (const Dot& dot : stencil)
+            gdImageSetPixel(image_.get(), x + dot.x, y + dot.y, colour);
     }
 
-    int colour_of(VisibilityClass visibility) const {
-        const bool is_bare = visibility == VisibilityClass::not_possible;
-        const ClassColour colour = is_bare ? bare_ : class_colour(visibility);
-        return gdImageColorClosest(image_.get(), colour.red, colour.green, colour.blue);
+    const Stencil& figure_of(char figure) {
+        const auto [place, is_new] = figures_.try_emplace(figure);
+        if (is_new)
+            place->second = figure_stencil(figure);
+        return place->second;
+    }
+
+    int colour_of(VisibilityClass visibility) {
+        const auto [place, is_new] = colours_.try_emplace(visibility);
+        if (is_new) {
+            const bool is_bare = visibility == VisibilityClass::not_possible;
+            const ClassColour colour = is_bare ? bare_ : class_colour(visibility);
+            place->second = gdImageColorClosest(image_.get(), colour.red, colour.green, colour.blue);
+        }
+        return place->second;
     }
 
     /// In a font of the system where there is one, the same in every locale, else in the library's own.
@@ -161,6 +214,9 @@ private:
     int ink_ = 0;
     int paper_ = 0;
     ClassColour bare_{};
+    std::map<VisibilityClass, int> colours_; ///< in the palette
+    std::map<char, Stencil> figures_;
+    Stencil circle_ = circle_stencil();
 };
 
 } // namespace

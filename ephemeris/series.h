@@ -4,13 +4,29 @@
 
 #include <array>
 #include <cstddef>
+#include <new>
 #include <string>
 #include <vector>
 
 namespace halvane {
 
+/// Storage that begins at a cache line: no load of a vector then crosses two lines.
+template <class T>
+struct LineAllocator {
+    using value_type = T;
+    static constexpr std::align_val_t line{64}; // [bytes]
+
+    LineAllocator() = default;
+    template <class Other>
+    LineAllocator(const LineAllocator<Other>&) {} // NOLINT: allocators convert
+
+    T* allocate(std::size_t count) { return static_cast<T*>(::operator new(count * sizeof(T), line)); }
+    void deallocate(T* values, std::size_t) { ::operator delete(values, line); }
+    bool operator==(const LineAllocator&) const = default;
+};
+
 /// One column of a series; each group is padded with zeros (see seriessums.h).
-using Column = std::vector<double>;
+using Column = std::vector<double, LineAllocator<double>>;
 
 /// Terms A cos(B + C tau) of VSOP87 in groups by coordinate and power of tau.
 struct SunSeries {

@@ -1,10 +1,10 @@
 #include "bench/noprogress.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/series.h"
-#include "prayer/cmdcom.h"
-#include "prayer/cmdmoon.h"
 #include "prayer/moonday.h"
+#include "prayer/moonrun.h"
 #include "prayer/prayerday.h"
+#include "prayer/prayerrun.h"
 #include "tools/measuring/scratchfolder.h"
 
 #include <benchmark/benchmark.h>
@@ -40,10 +40,10 @@ void report_of_a_year(benchmark::State& state, RunOutcome (*report)(Progress&)) 
     for ([[maybe_unused]] auto step : state)
         report(progress);
 }
-BENCHMARK_CAPTURE(report_of_a_year, prayers, cmdcom)
+BENCHMARK_CAPTURE(report_of_a_year, prayers, write_prayer_report)
     ->Name("prayer report of a year")
     ->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(report_of_a_year, moon, cmdmoon)
+BENCHMARK_CAPTURE(report_of_a_year, moon, write_moon_report)
     ->Name("Moon report of a year")
     ->Unit(benchmark::kMillisecond);
 

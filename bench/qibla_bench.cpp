@@ -2,7 +2,7 @@
 #include "calendar/moddeltat.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/series.h"
-#include "qibla/cmdqib.h"
+#include "qibla/qiblahrun.h"
 #include "tools/measuring/scratchfolder.h"
 
 #include <benchmark/benchmark.h>
@@ -31,7 +31,7 @@ void qiblah_report_of_a_year(benchmark::State& state, QiblahMark mark) {
     store_year(2026);
     bench::NoProgress progress;
     for ([[maybe_unused]] auto step : state)
-        cmdqib(progress, stored_qiblah_direction(), mark);
+        write_qiblah_report(progress, stored_qiblah_direction(), mark);
 }
 BENCHMARK_CAPTURE(qiblah_report_of_a_year, sun, QiblahMark::sun)
     ->Name("Qiblah report of a year, the Sun")

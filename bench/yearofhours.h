@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/stored/coor.h"
+#include "stored/coor.h"
 
 namespace halvane::bench {
 

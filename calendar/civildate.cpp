@@ -13,11 +13,6 @@ DateNumbers civil_date(double jd) {
     return date;
 }
 
-SubjectDay subject_day(double jd) {
-    const DateNumbers date = civil_date(jd);
-    return {date.year, date.month, date.day};
-}
-
 double hours_of_day(double jd) {
     const double value = jd + 0.5;
     return (value - std::floor(value)) * 24;

@@ -1,15 +1,11 @@
 #pragma once
 
-#include "app/stored/date.h"
-#include "app/stored/failure.h"
+#include "base/failure.h"
 
 namespace halvane {
 
 /// Civil date of a Julian day, the day without its fraction.
 DateNumbers civil_date(double jd);
-
-/// The same as what a calculation is about.
-SubjectDay subject_day(double jd);
 
 /// Does `work`, a calculation for the date of `jd`: a failure without a finite value names it.
 template <class Work>
@@ -17,7 +13,7 @@ auto about_day(double jd, Work&& work) {
     try {
         return work();
     } catch (RunTimeFailure& failure) {
-        failure.tell_day(subject_day(jd));
+        failure.tell_day(civil_date(jd));
         throw;
     }
 }

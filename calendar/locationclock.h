@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/stored/loc.h"
-#include "app/stored/pref.h"
-#include "calendar/machineclock.h"
+#include "base/machineclock.h"
+#include "stored/loc.h"
+#include "stored/pref.h"
 
 namespace halvane {
 

@@ -1,7 +1,7 @@
 #include "calendar/modctim.h"
 
-#include "app/stored/failure.h"
-#include "calendar/numberformat.h"
+#include "base/failure.h"
+#include "base/numberformat.h"
 
 #include <cmath>
 

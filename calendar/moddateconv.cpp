@@ -1,6 +1,6 @@
 #include "calendar/moddateconv.h"
 
-#include "app/stored/twintext.h"
+#include "base/twintext.h"
 #include "calendar/modjul.h"
 
 #include <array>

@@ -1,6 +1,6 @@
 #include "calendar/modday.h"
 
-#include "app/stored/twintext.h"
+#include "base/twintext.h"
 
 #include <array>
 #include <cmath>

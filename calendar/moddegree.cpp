@@ -1,6 +1,6 @@
 #include "calendar/moddegree.h"
 
-#include "calendar/numberformat.h"
+#include "base/numberformat.h"
 
 #include <cmath>
 

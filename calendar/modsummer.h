@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/stored/pref.h"
+#include "stored/pref.h"
 
 namespace halvane {
 

@@ -1,6 +1,7 @@
 #include "calendar/yearlimits.h"
 
-#include "app/stored/record.h"
+#include "base/numberformat.h"
+#include "stored/record.h"
 
 namespace halvane {
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/stored/date.h"
-#include "app/stored/twintext.h"
+#include "base/twintext.h"
+#include "stored/date.h"
 
 #include <optional>
 

@@ -11,7 +11,7 @@ endif()
 set(HALVANE_PROGRAM_FOLDER ${CMAKE_BINARY_DIR}/halvane)
 
 add_library(halvane_settings INTERFACE)
-configure_file(${PROJECT_SOURCE_DIR}/app/version.h.in ${PROJECT_BINARY_DIR}/generated/app/version.h @ONLY)
+configure_file(${PROJECT_SOURCE_DIR}/base/version.h.in ${PROJECT_BINARY_DIR}/generated/base/version.h @ONLY)
 target_include_directories(halvane_settings INTERFACE ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR}/generated)
 target_compile_options(
   halvane_settings

@@ -1,16 +1,16 @@
 #include "crescent/circumstances.h"
 
-#include "app/stored/record.h"
+#include "base/numberformat.h"
 #include "calendar/civildate.h"
 #include "calendar/moddateconv.h"
 #include "calendar/moddeltat.h"
 #include "calendar/modjul.h"
-#include "calendar/numberformat.h"
 #include "calendar/switchguard.h"
 #include "crescent/criteria.h"
-#include "prayer/cmdcom.h"
-#include "prayer/cmdmoon.h"
 #include "prayer/crescentmode.h"
+#include "prayer/moonrun.h"
+#include "prayer/prayerrun.h"
+#include "stored/record.h"
 
 #include <cmath>
 

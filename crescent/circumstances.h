@@ -1,11 +1,11 @@
 #pragma once
 
-#include "app/stored/loc.h"
-#include "app/stored/pref.h"
-#include "app/stored/visib.h"
 #include "crescent/conjunction.h"
 #include "crescent/quantities.h"
 #include "events/taggedtime.h"
+#include "stored/loc.h"
+#include "stored/pref.h"
+#include "stored/visib.h"
 
 #include <optional>
 #include <string>

@@ -1,16 +1,16 @@
 #include "crescent/conjunction.h"
 
-#include "app/stored/failure.h"
-#include "app/stored/loc.h"
-#include "app/stored/pref.h"
+#include "base/failure.h"
+#include "base/numberformat.h"
 #include "calendar/civildate.h"
 #include "calendar/moddateconv.h"
 #include "calendar/moddeltat.h"
 #include "calendar/modjul.h"
 #include "calendar/modsummer.h"
-#include "calendar/numberformat.h"
 #include "ephemeris/modgeneral.h"
 #include "events/phase.h"
+#include "stored/loc.h"
+#include "stored/pref.h"
 
 namespace halvane {
 
@@ -57,10 +57,8 @@ Conjunction conjunction_near(const DateNumbers& date, const CrescentSettings& se
 
 Conjunction find_conjunction(const CrescentSettings& settings) {
     const DateNumbers date = approximate_date(settings);
-    return about_place(read_loc().name, [&] {
-        return about_day(SubjectDay{date.year, date.month, date.day},
-                         [&] { return conjunction_near(date, settings); });
-    });
+    return about_place(read_loc().name,
+                       [&] { return about_day(date, [&] { return conjunction_near(date, settings); }); });
 }
 
 std::array<DateNumbers, 5> candidate_dates(const Conjunction& conjunction) {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/stored/date.h"
-#include "app/stored/visib.h"
+#include "stored/date.h"
+#include "stored/visib.h"
 
 #include <array>
 

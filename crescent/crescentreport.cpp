@@ -1,14 +1,14 @@
 #include "crescent/crescentreport.h"
 
-#include "app/report/head.h"
-#include "app/stored/programfolder.h"
+#include "base/numberformat.h"
 #include "calendar/civildate.h"
 #include "calendar/modctim.h"
 #include "calendar/modday.h"
 #include "calendar/moddegree.h"
-#include "calendar/numberformat.h"
 #include "crescent/criteria.h"
 #include "crescent/notes.h"
+#include "report/head.h"
+#include "stored/programfolder.h"
 
 #include <initializer_list>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/report/report.h"
 #include "crescent/circumstances.h"
+#include "report/report.h"
 
 namespace halvane {
 

@@ -1,14 +1,14 @@
 #include "crescent/frmcresv.h"
 
-#include "app/formpage.h"
-#include "app/frmlists.h"
-#include "app/frmstyle.h"
-#include "app/frmsupport.h"
-#include "app/messages.h"
-#include "app/numberbox.h"
-#include "app/platform/platform.h"
 #include "crescent/circumstances.h"
 #include "crescent/frmmap.h"
+#include "panel/currentplatform.h"
+#include "panel/formpage.h"
+#include "panel/messages.h"
+#include "panel/numberbox.h"
+#include "panel/numberlists.h"
+#include "panel/panelstyle.h"
+#include "panel/panelsupport.h"
 #include "ui_frmcresv.h"
 
 namespace halvane {

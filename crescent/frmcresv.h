@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/language.h"
-#include "app/stored/visib.h"
-#include "crescent/crescentform.h"
+#include "crescent/crescentrules.h"
+#include "panel/language.h"
+#include "stored/visib.h"
 
 #include <QDialog>
 #include <QPointer>
@@ -50,7 +50,7 @@ private:
 
     std::unique_ptr<Ui::frmcresv> ui_;
     Language language_;
-    CrescentForm form_;
+    CrescentRules form_;
     QPointer<frmmap> map_;
 };
 

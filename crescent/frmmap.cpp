@@ -1,15 +1,15 @@
 #include "crescent/frmmap.h"
 
-#include "app/formpage.h"
-#include "app/frmstyle.h"
-#include "app/messages.h"
-#include "app/namelabel.h"
-#include "app/platform/platform.h"
-#include "app/stored/programfolder.h"
-#include "calendar/numberformat.h"
+#include "base/numberformat.h"
 #include "crescent/mapimage.h"
 #include "crescent/maptexts.h"
 #include "crescent/picturename.h"
+#include "panel/currentplatform.h"
+#include "panel/formpage.h"
+#include "panel/messages.h"
+#include "panel/namelabel.h"
+#include "panel/panelstyle.h"
+#include "stored/programfolder.h"
 #include "ui_frmmap.h"
 
 #include <QCoreApplication>

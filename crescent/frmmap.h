@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/language.h"
-#include "app/stored/failure.h"
+#include "base/failure.h"
 #include "crescent/visibilitymap.h"
+#include "panel/language.h"
 
 #include <QDialog>
 #include <memory>

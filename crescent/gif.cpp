@@ -1,6 +1,6 @@
 #include "crescent/gif.h"
 
-#include "app/stored/outputfile.h"
+#include "stored/outputfile.h"
 
 #include <algorithm>
 #include <array>

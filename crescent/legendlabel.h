@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/language.h"
 #include "crescent/maptexts.h"
+#include "panel/language.h"
 
 #include <QColor>
 #include <QLabel>

@@ -1,10 +1,10 @@
 #include "crescent/mapimage.h"
 
-#include "app/stored/failure.h"
-#include "app/stored/textfile.h"
+#include "base/failure.h"
 #include "crescent/legendlabel.h"
 #include "crescent/mapsheet.h"
 #include "crescent/mapview.h"
+#include "stored/textfile.h"
 
 #include <QFontDatabase>
 #include <QPainter>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/language.h"
 #include "crescent/gif.h"
 #include "crescent/maptexts.h"
+#include "panel/language.h"
 
 #include <QColor>
 #include <QImage>

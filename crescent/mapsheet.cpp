@@ -1,7 +1,7 @@
 #include "crescent/mapsheet.h"
 
-#include "app/stored/programfolder.h"
-#include "app/stored/textfile.h"
+#include "stored/programfolder.h"
+#include "stored/textfile.h"
 
 #include <algorithm>
 #include <filesystem>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/stored/failure.h"
+#include "base/failure.h"
 #include "crescent/maptexts.h"
 
 #include <functional>

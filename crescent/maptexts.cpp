@@ -1,9 +1,10 @@
 #include "crescent/maptexts.h"
 
-#include "app/stored/record.h"
+#include "base/numberformat.h"
 #include "calendar/civildate.h"
 #include "calendar/moddateconv.h"
 #include "calendar/modday.h"
+#include "stored/record.h"
 
 namespace halvane {
 namespace {

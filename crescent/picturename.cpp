@@ -1,6 +1,6 @@
 #include "crescent/picturename.h"
 
-#include "app/stored/programfolder.h"
+#include "stored/programfolder.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
 #include "crescent/visibilitymap.h"
 
-#include "app/stored/failure.h"
+#include "base/failure.h"
 #include "calendar/civildate.h"
 #include "calendar/moddeltat.h"
 #include "calendar/modjul.h"

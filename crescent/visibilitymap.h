@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/stored/date.h"
 #include "crescent/criteria.h"
 #include "ephemeris/observer.h"
+#include "stored/date.h"
 
 #include <array>
 

@@ -1,6 +1,6 @@
 #include "ephemeris/modgeneral.h"
 
-#include "app/stored/failure.h"
+#include "base/failure.h"
 
 #include <chrono>
 #include <cmath>

@@ -1,8 +1,8 @@
 #include "ephemeris/observer.h"
 
-#include "app/stored/loc.h"
 #include "ephemeris/coordinates.h"
 #include "ephemeris/modgeneral.h"
+#include "stored/loc.h"
 
 #include <cmath>
 

@@ -1,11 +1,11 @@
 #include "ephemeris/series.h"
 
-#include "app/stored/failure.h"
-#include "app/stored/programfolder.h"
-#include "app/stored/record.h"
-#include "app/stored/textfile.h"
+#include "base/failure.h"
 #include "ephemeris/crc32.h"
 #include "ephemeris/deliveredseries.h"
+#include "stored/programfolder.h"
+#include "stored/record.h"
+#include "stored/textfile.h"
 
 #include <algorithm>
 #include <iterator>

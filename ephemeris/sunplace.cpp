@@ -1,6 +1,6 @@
 #include "ephemeris/sunplace.h"
 
-#include "app/stored/failure.h"
+#include "base/failure.h"
 #include "ephemeris/coordinates.h"
 #include "ephemeris/earthorientation.h"
 #include "ephemeris/modgeneral.h"

@@ -1,8 +1,6 @@
 #include "events/modriseset.h"
 
-#include "app/stored/failure.h"
-#include "app/stored/loc.h"
-#include "app/stored/pref.h"
+#include "base/failure.h"
 #include "calendar/moddeltat.h"
 #include "ephemeris/coordinates.h"
 #include "ephemeris/modgeneral.h"
@@ -11,6 +9,8 @@
 #include "ephemeris/sun.h"
 #include "events/correction.h"
 #include "events/modquad.h"
+#include "stored/loc.h"
+#include "stored/pref.h"
 
 #include <array>
 #include <cmath>

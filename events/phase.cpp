@@ -1,6 +1,6 @@
 #include "events/phase.h"
 
-#include "app/stored/failure.h"
+#include "base/failure.h"
 #include "calendar/moddeltat.h"
 #include "ephemeris/modgeneral.h"
 #include "events/phaseterms.h"

@@ -1,4 +1,4 @@
-#include "app/batch/clocktime.h"
+#include "batch/clocktime.h"
 #include "fuzz/require.h"
 
 #include <cstddef>

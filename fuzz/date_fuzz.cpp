@@ -1,5 +1,5 @@
-#include "app/stored/date.h"
 #include "fuzz/readinput.h"
+#include "stored/date.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     halvane::fuzz::read_record("date.vsk", data, size, halvane::read_date, halvane::write_date);

@@ -1,5 +1,5 @@
-#include "app/stored/loclist.h"
 #include "fuzz/readinput.h"
+#include "stored/loclist.h"
 
 /// Whatever stands in the list: a location that is added is found there once, and the others stay.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

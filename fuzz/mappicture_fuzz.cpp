@@ -1,6 +1,6 @@
-#include "app/batch/mappicture.h"
-#include "app/stored/programfolder.h"
+#include "batch/mappicture.h"
 #include "fuzz/readinput.h"
+#include "stored/programfolder.h"
 
 /// Whatever stands in the map's picture: a map is saved over it, or the failure names the file.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

@@ -1,7 +1,7 @@
-#include "app/stored/failure.h"
-#include "app/stored/record.h"
-#include "calendar/numberformat.h"
+#include "base/failure.h"
+#include "base/numberformat.h"
 #include "fuzz/require.h"
+#include "stored/record.h"
 
 #include <cmath>
 #include <cstddef>

@@ -1,8 +1,8 @@
 #include "fuzz/readinput.h"
 
-#include "app/stored/failure.h"
-#include "app/stored/programfolder.h"
+#include "base/failure.h"
 #include "fuzz/require.h"
+#include "stored/programfolder.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -1,17 +1,17 @@
-#include "app/dateform.h"
-#include "app/preferencesform.h"
-#include "app/stored/alert.h"
-#include "app/stored/loc.h"
-#include "app/stored/loclist.h"
-#include "app/stored/phase.h"
-#include "app/stored/record.h"
-#include "app/stored/visib.h"
-#include "app/stored/windows1256.h"
+#include "base/numberformat.h"
 #include "calendar/hijriconversion.h"
-#include "calendar/numberformat.h"
 #include "calendar/yearlimits.h"
+#include "desktop/daterules.h"
+#include "desktop/preferencesrules.h"
 #include "fuzz/readinput.h"
 #include "fuzz/require.h"
+#include "stored/alert.h"
+#include "stored/loc.h"
+#include "stored/loclist.h"
+#include "stored/phase.h"
+#include "stored/record.h"
+#include "stored/visib.h"
+#include "stored/windows1256.h"
 
 #include <algorithm>
 #include <cmath>
@@ -55,7 +55,7 @@ void check_record(const Record& record, const Record& (*read)(), void (*write)(c
 }
 
 void check_preferences(Boxes boxes) {
-    PreferencesForm form{Preferences()};
+    PreferencesRules form{Preferences()};
     PreferencesPanel panel = form.opened();
     panel.authority = boxes.next();
     for (std::string* box :

@@ -1,5 +1,5 @@
-#include "app/stored/visib.h"
 #include "fuzz/readinput.h"
+#include "stored/visib.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     halvane::fuzz::read_record("visib.vsk", data, size, halvane::read_visib, halvane::write_visib);

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/language.h"
-#include "app/stored/phase.h"
 #include "calendar/moddeltat.h"
+#include "panel/language.h"
+#include "stored/phase.h"
 
 #include <QDialog>
 #include <memory>

@@ -1,9 +1,9 @@
 #include "phases/phasereport.h"
 
-#include "app/report/head.h"
-#include "app/stored/failure.h"
-#include "app/stored/programfolder.h"
-#include "calendar/numberformat.h"
+#include "base/failure.h"
+#include "base/numberformat.h"
+#include "report/head.h"
+#include "stored/programfolder.h"
 
 #include <array>
 
@@ -102,7 +102,7 @@ RunOutcome write_phases(const PhaseYear& run, Progress& progress) {
     Report report(program_path("results.out"));
     write_head(report, run);
     const RunOutcome outcome = about_place(run.location.name, [&] {
-        return about_day(SubjectDay{run.year, 1, 1}, [&] { return write_rows(report, run, progress); });
+        return about_day(DateNumbers{run.year, 1, 1}, [&] { return write_rows(report, run, progress); });
     });
     write_tail(report);
     report.commit();

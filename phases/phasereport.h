@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/report/progress.h"
+#include "base/progress.h"
 #include "phases/phaseyear.h"
 
 namespace halvane {

@@ -1,13 +1,13 @@
 #include "phases/phaseyear.h"
 
-#include "app/stored/record.h"
+#include "base/numberformat.h"
 #include "calendar/civildate.h"
 #include "calendar/modctim.h"
 #include "calendar/moddeltat.h"
 #include "calendar/modjul.h"
 #include "calendar/modsummer.h"
-#include "calendar/numberformat.h"
 #include "calendar/yearlimits.h"
+#include "stored/record.h"
 
 #include <cmath>
 

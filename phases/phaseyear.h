@@ -1,10 +1,10 @@
 #pragma once
 
-#include "app/stored/loc.h"
-#include "app/stored/phase.h"
-#include "app/stored/pref.h"
-#include "app/stored/twintext.h"
+#include "base/twintext.h"
 #include "events/phase.h"
+#include "stored/loc.h"
+#include "stored/phase.h"
+#include "stored/pref.h"
 
 #include <optional>
 #include <string>

@@ -2,7 +2,7 @@
 
 #include "calendar/locationclock.h"
 #include "calendar/modjul.h"
-#include "prayer/cmdcom.h"
+#include "prayer/prayerrun.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "app/stored/alert.h"
-#include "app/stored/failure.h"
-#include "app/stored/loc.h"
-#include "app/stored/pref.h"
-#include "calendar/machineclock.h"
+#include "base/failure.h"
+#include "base/machineclock.h"
 #include "prayer/prayermoments.h"
+#include "stored/alert.h"
+#include "stored/loc.h"
+#include "stored/pref.h"
 
 #include <map>
 #include <optional>

@@ -1,7 +1,7 @@
 #include "prayer/highlatitude.h"
 
-#include "app/stored/failure.h"
-#include "calendar/numberformat.h"
+#include "base/failure.h"
+#include "base/numberformat.h"
 
 #include <array>
 #include <charconv>

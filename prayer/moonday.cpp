@@ -1,6 +1,6 @@
 #include "prayer/moonday.h"
 
-#include "app/stored/failure.h"
+#include "base/failure.h"
 #include "calendar/civildate.h"
 #include "calendar/modctim.h"
 #include "ephemeris/coordinates.h"

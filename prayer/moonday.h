@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/stored/loc.h"
-#include "app/stored/pref.h"
 #include "events/taggedtime.h"
+#include "stored/loc.h"
+#include "stored/pref.h"
 
 #include <string>
 

@@ -1,7 +1,7 @@
 #include "prayer/moonreport.h"
 
-#include "app/report/head.h"
-#include "calendar/numberformat.h"
+#include "base/numberformat.h"
+#include "report/head.h"
 
 namespace halvane {
 namespace {

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/report/report.h"
 #include "prayer/moonday.h"
 #include "prayer/prayerreport.h"
+#include "report/report.h"
 
 namespace halvane {
 

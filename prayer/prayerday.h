@@ -1,9 +1,9 @@
 #pragma once
 
-#include "app/stored/loc.h"
-#include "app/stored/pref.h"
 #include "calendar/modsummer.h"
 #include "events/taggedtime.h"
+#include "stored/loc.h"
+#include "stored/pref.h"
 
 #include <string>
 

@@ -1,7 +1,7 @@
 #include "prayer/prayerreport.h"
 
-#include "app/report/head.h"
-#include "calendar/numberformat.h"
+#include "base/numberformat.h"
+#include "report/head.h"
 
 #include <array>
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "app/report/report.h"
-#include "app/report/reportrun.h"
 #include "prayer/highlatitude.h"
 #include "prayer/prayerday.h"
+#include "report/report.h"
+#include "report/reportrun.h"
 
 namespace halvane {
 

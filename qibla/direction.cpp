@@ -1,7 +1,7 @@
 #include "qibla/direction.h"
 
-#include "app/stored/failure.h"
-#include "calendar/numberformat.h"
+#include "base/failure.h"
+#include "base/numberformat.h"
 #include "ephemeris/modgeneral.h"
 
 #include <cmath>

@@ -1,17 +1,18 @@
 #include "qibla/frmqib.h"
 
-#include "app/formpage.h"
-#include "app/frmstyle.h"
-#include "app/frmsupport.h"
-#include "app/frmwait.h"
-#include "app/messages.h"
-#include "app/platform/platform.h"
-#include "app/stored/date.h"
-#include "app/stored/loc.h"
-#include "app/stored/record.h"
+#include "base/numberformat.h"
 #include "calendar/yearlimits.h"
-#include "qibla/cmdqib.h"
+#include "panel/currentplatform.h"
+#include "panel/formpage.h"
+#include "panel/frmwait.h"
+#include "panel/messages.h"
+#include "panel/panelstyle.h"
+#include "panel/panelsupport.h"
 #include "qibla/frmqmap.h"
+#include "qibla/qiblahrun.h"
+#include "stored/date.h"
+#include "stored/loc.h"
+#include "stored/record.h"
 #include "ui_frmqib.h"
 
 namespace halvane {
@@ -97,7 +98,7 @@ void frmqib::cmdqib_click() {
     RunOutcome outcome;
     {
         WaitProgress progress(ui_->lblqibtim->text(), this);
-        outcome = cmdqib(progress, direction, mark);
+        outcome = write_qiblah_report(progress, direction, mark);
     }
     if (outcome == RunOutcome::done)
         platform().show_text_file("results.out");

@@ -1,9 +1,9 @@
 #include "qibla/frmqmap.h"
 
-#include "app/formpage.h"
-#include "app/frmstyle.h"
-#include "app/picturebox.h"
-#include "app/platform/platform.h"
+#include "panel/currentplatform.h"
+#include "panel/formpage.h"
+#include "panel/panelstyle.h"
+#include "panel/picturebox.h"
 #include "ui_frmqmap.h"
 
 namespace halvane {

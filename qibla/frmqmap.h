@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/language.h"
+#include "panel/language.h"
 
 #include <QDialog>
 #include <memory>

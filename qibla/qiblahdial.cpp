@@ -1,6 +1,6 @@
 #include "qibla/qiblahdial.h"
 
-#include "app/frmstyle.h"
+#include "panel/panelstyle.h"
 
 #include <QEvent>
 #include <QLabel>

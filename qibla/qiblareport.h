@@ -1,10 +1,10 @@
 #pragma once
 
-#include "app/report/report.h"
-#include "app/report/reportrun.h"
-#include "app/stored/loc.h"
-#include "app/stored/pref.h"
 #include "qibla/qibladay.h"
+#include "report/report.h"
+#include "report/reportrun.h"
+#include "stored/loc.h"
+#include "stored/pref.h"
 
 #include <string>
 

@@ -1,10 +1,10 @@
 #include "tables/ephemerisreport.h"
 
-#include "app/report/head.h"
+#include "base/numberformat.h"
 #include "calendar/civildate.h"
 #include "calendar/modctim.h"
 #include "calendar/moddegree.h"
-#include "calendar/numberformat.h"
+#include "report/head.h"
 #include "tables/moonhouse.h"
 
 #include <string>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/report/report.h"
-#include "app/stored/coor.h"
-#include "app/stored/loc.h"
+#include "report/report.h"
+#include "stored/coor.h"
+#include "stored/loc.h"
 #include "tables/ephemerisrow.h"
 
 namespace halvane {

@@ -1,13 +1,14 @@
 #include "tables/ephemeristable.h"
 
-#include "app/stored/failure.h"
-#include "app/stored/loc.h"
-#include "app/stored/programfolder.h"
-#include "app/stored/record.h"
+#include "base/failure.h"
+#include "base/numberformat.h"
 #include "calendar/civildate.h"
 #include "calendar/moddeltat.h"
 #include "calendar/modjul.h"
 #include "calendar/yearlimits.h"
+#include "stored/loc.h"
+#include "stored/programfolder.h"
+#include "stored/record.h"
 #include "tables/ephemerisreport.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/report/progress.h"
-#include "app/stored/coor.h"
-#include "app/stored/twintext.h"
+#include "base/progress.h"
+#include "base/twintext.h"
+#include "stored/coor.h"
 
 #include <optional>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/language.h"
-#include "app/stored/coor.h"
+#include "panel/language.h"
+#include "stored/coor.h"
 #include "tables/ephemeristable.h"
 
 #include <QDialog>

@@ -1,6 +1,6 @@
 #include "telescope/crescentview.h"
 
-#include "app/picturebox.h"
+#include "panel/picturebox.h"
 
 #include <QPainter>
 #include <algorithm>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/language.h"
-#include "app/stored/tele.h"
+#include "panel/language.h"
+#include "stored/tele.h"
 
 #include <QDialog>
 #include <memory>

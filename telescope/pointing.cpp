@@ -1,7 +1,6 @@
 #include "telescope/pointing.h"
 
-#include "app/stored/failure.h"
-#include "app/stored/loc.h"
+#include "base/failure.h"
 #include "calendar/moddeltat.h"
 #include "calendar/modjul.h"
 #include "calendar/modsummer.h"
@@ -10,6 +9,7 @@
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/moon.h"
 #include "ephemeris/sun.h"
+#include "stored/loc.h"
 
 #include <cmath>
 
@@ -113,7 +113,7 @@ std::optional<TelescopePointing> pointing_of(const TelescopeSettings& settings) 
 
 std::optional<TelescopePointing> telescope_pointing(const TelescopeSettings& settings) {
     return about_place(read_loc().name, [&] {
-        return about_day(SubjectDay{settings.year, settings.month, settings.day},
+        return about_day(DateNumbers{settings.year, settings.month, settings.day},
                          [&] { return pointing_of(settings); });
     });
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/stored/tele.h"
+#include "stored/tele.h"
 
 #include <optional>
 

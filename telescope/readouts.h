@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/stored/twintext.h"
+#include "base/twintext.h"
 #include "telescope/pointing.h"
 
 #include <array>

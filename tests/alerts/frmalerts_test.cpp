@@ -1,7 +1,7 @@
 #include "prayer/frmalerts.h"
 
-#include "app/stored/alert.h"
-#include "app/stored/failure.h"
+#include "base/failure.h"
+#include "stored/alert.h"
 #include "tests/panel/panelchecks.h"
 
 #include <QLineEdit>

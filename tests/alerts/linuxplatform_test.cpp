@@ -1,6 +1,6 @@
-#include "app/platform/desktopentry.h"
-#include "app/platform/linuxplatform.h"
-#include "app/stored/textfile.h"
+#include "platform/desktopentry.h"
+#include "platform/linuxplatform.h"
+#include "stored/textfile.h"
 #include "tests/panel/panelharness.h"
 
 #include <QElapsedTimer>
@@ -52,7 +52,7 @@ protected:
         return false;
     }
 
-    LinuxPlatform platform_;
+    LinuxPlatform platform_{[](const std::string&) {}};
 
 private:
     QTemporaryDir home_;

@@ -1,11 +1,11 @@
 #include "prayer/alertschedule.h"
 
-#include "app/stored/failure.h"
+#include "base/failure.h"
 #include "calendar/clocktext.h"
 #include "calendar/modjul.h"
 #include "calendar/modsummer.h"
 #include "ephemeris/series.h"
-#include "prayer/cmdcom.h"
+#include "prayer/prayerrun.h"
 #include "tests/alerts/testclock.h"
 #include "tests/golden/goldenreport.h"
 #include "tests/support/places.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "calendar/machineclock.h"
+#include "base/machineclock.h"
 
 #include <chrono>
 

@@ -1,4 +1,4 @@
-#include "app/batch/clocktime.h"
+#include "batch/clocktime.h"
 
 #include <gtest/gtest.h>
 #include <string>

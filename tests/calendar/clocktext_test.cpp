@@ -1,4 +1,4 @@
-#include "app/stored/failure.h"
+#include "base/failure.h"
 #include "calendar/modctim.h"
 #include "calendar/moddegree.h"
 

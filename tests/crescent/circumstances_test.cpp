@@ -1,9 +1,6 @@
 #include "crescent/circumstances.h"
 
-#include "app/report/head.h"
-#include "app/stored/date.h"
-#include "app/stored/failure.h"
-#include "app/stored/pref.h"
+#include "base/failure.h"
 #include "calendar/civildate.h"
 #include "calendar/moddeltat.h"
 #include "calendar/modjul.h"
@@ -11,9 +8,12 @@
 #include "ephemeris/modgeneral.h"
 #include "events/phase.h"
 #include "phases/phaseyear.h"
-#include "prayer/cmdcom.h"
-#include "prayer/cmdmoon.h"
 #include "prayer/crescentmode.h"
+#include "prayer/moonrun.h"
+#include "prayer/prayerrun.h"
+#include "report/head.h"
+#include "stored/date.h"
+#include "stored/pref.h"
 #include "tests/crescent/crescentfixture.h"
 #include "tests/golden/recordingprogress.h"
 #include "tests/support/places.h"
@@ -355,8 +355,8 @@ TEST_F(Circumstance, EventsAreThoseOfThePrayerAndTheMoonReport) {
             period.start = period.end = date;
             write_date(period);
             RecordingProgress progress;
-            ASSERT_EQ(cmdcom(progress), RunOutcome::done);
-            ASSERT_EQ(cmdmoon(progress), RunOutcome::done);
+            ASSERT_EQ(write_prayer_report(progress), RunOutcome::done);
+            ASSERT_EQ(write_moon_report(progress), RunOutcome::done);
             const std::string crescent = report(settings);
             // The row of the day: date, then the columns of the seconds' layout.
             const auto row_of = [&date](const std::string& text) {

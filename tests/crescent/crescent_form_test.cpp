@@ -1,9 +1,9 @@
-#include "app/stored/pref.h"
-#include "app/stored/programfolder.h"
-#include "app/stored/textfile.h"
 #include "calendar/moddeltat.h"
-#include "crescent/crescentform.h"
+#include "crescent/crescentrules.h"
 #include "ephemeris/series.h"
+#include "stored/pref.h"
+#include "stored/programfolder.h"
+#include "stored/textfile.h"
 #include "tests/support/places.h"
 
 #include <array>
@@ -19,9 +19,9 @@ namespace fs = std::filesystem;
 using Texts = std::array<std::string, 3>;
 
 /// A program folder of Amman's with the delivered series.
-class CrescentFormTest : public ::testing::Test {
+class CrescentRulesTest : public ::testing::Test {
 protected:
-    CrescentFormTest()
+    CrescentRulesTest()
         : folder_(fs::temp_directory_path() / ("crescent_form-" + std::to_string(::getpid()))) {
         fs::create_directories(folder_);
         for (const char* name : {"termfull.vsk", "term.vsk", "mterm.vsk", "elp.vsk"})
@@ -32,7 +32,7 @@ protected:
         write_loc(place_at({35, 56}, {31, 57}, 2, "Amman"));
         load_series();
     }
-    ~CrescentFormTest() override { fs::remove_all(folder_); }
+    ~CrescentRulesTest() override { fs::remove_all(folder_); }
 
     /// Choices for 29 March 2025, the day of a conjunction at 10:58 UT (Astronomical Almanac).
     static CrescentSettings march_2025() {
@@ -49,7 +49,7 @@ private:
     fs::path folder_;
 };
 
-TEST(CrescentFormTexts, DaysAreNamedByTheKindOfCrescent) {
+TEST(CrescentRulesTexts, DaysAreNamedByTheKindOfCrescent) {
     EXPECT_STREQ(day_captions(true, 'E')[0], "The Day of Conjunction");
     EXPECT_STREQ(day_captions(true, 'E')[1], "One Day After Conjunction");
     EXPECT_STREQ(day_captions(true, 'E')[2], "Two Days After Conjunction");
@@ -63,7 +63,7 @@ TEST(CrescentFormTexts, DaysAreNamedByTheKindOfCrescent) {
     EXPECT_STREQ(day_captions(false, 'A')[2], "يومان قبل الاقتران");
 }
 
-TEST(CrescentFormTexts, EventsAreNamedByTheKindOfCrescent) {
+TEST(CrescentRulesTexts, EventsAreNamedByTheKindOfCrescent) {
     EXPECT_STREQ(event_captions(true, 'E')[0], "Sunset");
     EXPECT_STREQ(event_captions(true, 'E')[1], "Moonset");
     EXPECT_STREQ(event_captions(false, 'E')[0], "Sunrise");
@@ -74,37 +74,37 @@ TEST(CrescentFormTexts, EventsAreNamedByTheKindOfCrescent) {
     EXPECT_STREQ(event_captions(false, 'A')[1], "شروق القمر");
 }
 
-TEST(CrescentFormTexts, ADateIsPaddedAndHasItsEra) {
+TEST(CrescentRulesTexts, ADateIsPaddedAndHasItsEra) {
     EXPECT_EQ(day_caption({2025, 3, 9}), "09/03/2025  CE");
     EXPECT_EQ(day_caption({622, 12, 19}), "19/12/622  CE");
 }
 
-TEST_F(CrescentFormTest, NothingIsPreparedAtFirst) {
-    EXPECT_FALSE(CrescentForm().is_prepared());
+TEST_F(CrescentRulesTest, NothingIsPreparedAtFirst) {
+    EXPECT_FALSE(CrescentRules().is_prepared());
 }
 
-TEST_F(CrescentFormTest, ANewCrescentOffersTheDaysAfterTheConjunction) {
-    CrescentForm form;
+TEST_F(CrescentRulesTest, ANewCrescentOffersTheDaysAfterTheConjunction) {
+    CrescentRules form;
     form.prepare(march_2025());
     ASSERT_TRUE(form.is_prepared());
     EXPECT_EQ(form.dates(true), (Texts{"29/03/2025  CE", "30/03/2025  CE", "31/03/2025  CE"}));
     EXPECT_EQ(tdtinput, 0);
 }
 
-TEST_F(CrescentFormTest, AnOldCrescentOffersTheDaysBeforeTheConjunction) {
-    CrescentForm form;
+TEST_F(CrescentRulesTest, AnOldCrescentOffersTheDaysBeforeTheConjunction) {
+    CrescentRules form;
     form.prepare(march_2025());
     EXPECT_EQ(form.dates(false), (Texts{"29/03/2025  CE", "28/03/2025  CE", "27/03/2025  CE"}));
 }
 
 // The conjunctions around Ramadan 1446: 28 February 2025 0:45 UT and 29 March 2025 10:58 UT.
-TEST_F(CrescentFormTest, AHijriMonthStartsAtOneConjunctionAndEndsAtTheNext) {
+TEST_F(CrescentRulesTest, AHijriMonthStartsAtOneConjunctionAndEndsAtTheNext) {
     CrescentSettings ramadan = march_2025();
     ramadan.gregorian = false;
     ramadan.hijri = true;
     ramadan.hijri_month = 8;
     ramadan.hijri_year = "1446";
-    CrescentForm form;
+    CrescentRules form;
     form.prepare(ramadan);
     EXPECT_EQ(form.dates(true)[0], "28/02/2025  CE");
     ramadan.new_crescent = false;
@@ -112,35 +112,35 @@ TEST_F(CrescentFormTest, AHijriMonthStartsAtOneConjunctionAndEndsAtTheNext) {
     EXPECT_EQ(form.dates(false)[0], "29/03/2025  CE");
 }
 
-TEST_F(CrescentFormTest, TheDateIsThatOfTheLocalClock) {
+TEST_F(CrescentRulesTest, TheDateIsThatOfTheLocalClock) {
     Location kiritimati = read_loc();
     kiritimati.zone = 14;
     write_loc(kiritimati);
-    CrescentForm form;
+    CrescentRules form;
     form.prepare(march_2025());
     EXPECT_EQ(form.dates(true)[0], "30/03/2025  CE");
 }
 
-TEST_F(CrescentFormTest, AYearWithoutDigitsIsTheYearZero) {
+TEST_F(CrescentRulesTest, AYearWithoutDigitsIsTheYearZero) {
     CrescentSettings settings = march_2025();
     settings.year = "next";
-    CrescentForm form;
+    CrescentRules form;
     form.prepare(settings);
     EXPECT_TRUE(form.is_prepared());
     EXPECT_EQ(form.dates(true)[0].size(), std::string("dd/mm/0  CE").size());
     EXPECT_TRUE(form.dates(true)[0].ends_with("/0  CE")) << form.dates(true)[0];
 }
 
-TEST_F(CrescentFormTest, AResetDropsTheConjunction) {
-    CrescentForm form;
+TEST_F(CrescentRulesTest, AResetDropsTheConjunction) {
+    CrescentRules form;
     form.prepare(march_2025());
     form.reset();
     EXPECT_FALSE(form.is_prepared());
 }
 
-TEST_F(CrescentFormTest, ACalculationStoresTheChoicesAndWritesTheReport) {
+TEST_F(CrescentRulesTest, ACalculationStoresTheChoicesAndWritesTheReport) {
     CrescentSettings settings = march_2025();
-    CrescentForm form;
+    CrescentRules form;
     form.prepare(settings);
     settings.two_days = true;
     settings.one_day = false;

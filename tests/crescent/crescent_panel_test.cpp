@@ -1,9 +1,9 @@
-#include "app/frmsupport.h"
-#include "app/stored/loc.h"
-#include "app/stored/visib.h"
 #include "crescent/frmcresv.h"
 #include "crescent/frmmap.h"
 #include "ephemeris/series.h"
+#include "panel/panelsupport.h"
+#include "stored/loc.h"
+#include "stored/visib.h"
 #include "tests/panel/panelchecks.h"
 #include "tests/support/places.h"
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "app/stored/visib.h"
 #include "crescent/conjunction.h"
 #include "crescent/visibilitymap.h"
 #include "ephemeris/series.h"
+#include "stored/visib.h"
 #include "tests/golden/goldenreport.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,3 @@
-#include "app/messages.h"
 #include "crescent/conjunction.h"
 #include "crescent/frmmap.h"
 #include "crescent/legendlabel.h"
@@ -6,6 +5,7 @@
 #include "crescent/mapsheet.h"
 #include "crescent/mapview.h"
 #include "ephemeris/series.h"
+#include "panel/messages.h"
 #include "tests/panel/panelchecks.h"
 
 #include <QComboBox>

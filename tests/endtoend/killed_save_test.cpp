@@ -1,12 +1,12 @@
 // A process that is killed while it saves leaves every stored file whole: the old record or the new one.
 
-#include "app/stored/alert.h"
-#include "app/stored/date.h"
-#include "app/stored/loc.h"
-#include "app/stored/loclist.h"
-#include "app/stored/pref.h"
-#include "app/stored/programfolder.h"
-#include "app/stored/textfile.h"
+#include "stored/alert.h"
+#include "stored/date.h"
+#include "stored/loc.h"
+#include "stored/loclist.h"
+#include "stored/pref.h"
+#include "stored/programfolder.h"
+#include "stored/textfile.h"
 
 #include <array>
 #include <chrono>

@@ -17,7 +17,7 @@ mkdir "$package" "$folder/bin" "$folder/home" "$folder/elsewhere"
 cp "$source"/data/*.vsk "$source"/data/*.txt "$package"
 cp "$binaries/halvane-report" "$binaries/halvane" "$binaries/alert63.exe" "$package"
 for starter in halvane halvane-report userfolder; do
-    sed "s|/opt/halvane|$package|g" "$source/app/desktop/debian/$starter" >"$folder/bin/$starter"
+    sed "s|/opt/halvane|$package|g" "$source/packaging/debian/$starter" >"$folder/bin/$starter"
     chmod +x "$folder/bin/$starter"
 done
 mv "$folder/bin/userfolder" "$package"
@@ -84,7 +84,7 @@ command -v desktop-file-validate >/dev/null || { echo "desktop-file-validate is 
 for name in plain 'a b' 'a"b' '$HOME' 'a`b' '50%' 'a\b' 'a&b|c' "it's" 'منبه' '<h1>'; do
     odd=$folder/odd/$name
     mkdir -p "$odd"
-    cp "$source/app/desktop/add-to-menu" "$source/app/desktop/halvane.desktop.in" "$odd"
+    cp "$source/packaging/add-to-menu" "$source/packaging/halvane.desktop.in" "$odd"
     env -i PATH="$PATH" HOME="$folder/home" XDG_DATA_HOME=share "$odd/add-to-menu" >/dev/null || fail "add-to-menu in $name"
     entry=$folder/home/.local/share/applications/halvane.desktop
     desktop-file-validate "$entry" || fail "the entry of $name: $(cat "$entry")"
@@ -102,7 +102,7 @@ done
 [ -z "$(ls -A "$folder/elsewhere")" ] || fail "a relative XDG_DATA_HOME is taken by add-to-menu"
 
 echo "The package's own entry and its description"
-desktop-file-validate "$source/app/desktop/debian/halvane.desktop" || fail "halvane.desktop"
+desktop-file-validate "$source/packaging/debian/halvane.desktop" || fail "halvane.desktop"
 command -v appstreamcli >/dev/null || { echo "appstreamcli is not installed: skipped"; exit 77; }
-appstreamcli validate --no-net --no-color "$source/app/desktop/debian/halvane.metainfo.xml" || fail "the description"
+appstreamcli validate --no-net --no-color "$source/packaging/debian/halvane.metainfo.xml" || fail "the description"
 echo "passed"

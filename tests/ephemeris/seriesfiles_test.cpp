@@ -1,4 +1,4 @@
-#include "app/stored/failure.h"
+#include "base/failure.h"
 #include "ephemeris/series.h"
 #include "tests/support/programfolder.h"
 

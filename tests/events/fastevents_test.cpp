@@ -1,7 +1,5 @@
 #include "events/modlowriseset.h"
 
-#include "app/stored/loc.h"
-#include "app/stored/pref.h"
 #include "calendar/moddeltat.h"
 #include "calendar/modjul.h"
 #include "ephemeris/coordinates.h"
@@ -13,6 +11,8 @@
 #include "ephemeris/series.h"
 #include "ephemeris/sun.h"
 #include "events/modriseset.h"
+#include "stored/loc.h"
+#include "stored/pref.h"
 #include "tests/golden/goldenreport.h"
 #include "tests/support/places.h"
 

@@ -1,7 +1,6 @@
 #include "events/modriseset.h"
 
-#include "app/stored/failure.h"
-#include "app/stored/pref.h"
+#include "base/failure.h"
 #include "calendar/moddeltat.h"
 #include "calendar/modjul.h"
 #include "calendar/switchguard.h"
@@ -9,6 +8,7 @@
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/moon.h"
 #include "ephemeris/sun.h"
+#include "stored/pref.h"
 #include "tests/ephemeris/observed.h"
 
 #include <cmath>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/stored/programfolder.h"
-#include "app/stored/textfile.h"
+#include "stored/programfolder.h"
+#include "stored/textfile.h"
 #include "tests/support/bytes.h"
 
 #include <algorithm>

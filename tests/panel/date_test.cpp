@@ -1,7 +1,7 @@
-#include "app/frmdate.h"
-#include "app/stored/date.h"
-#include "app/stored/failure.h"
+#include "base/failure.h"
+#include "desktop/frmdate.h"
 #include "ephemeris/series.h"
+#include "stored/date.h"
 #include "tests/panel/panelchecks.h"
 
 #include <QComboBox>

@@ -1,7 +1,7 @@
-#include "app/frmstyle.h"
-#include "app/stored/programfolder.h"
-#include "app/viewer.h"
 #include "ephemeris/series.h"
+#include "panel/panelstyle.h"
+#include "panel/viewer.h"
+#include "stored/programfolder.h"
 #include "tests/panel/everyform.h"
 #include "tests/panel/panelchecks.h"
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "app/frmmain.h"
-#include "app/frmsupport.h"
-#include "app/panels.h"
 #include "crescent/frmmap.h"
+#include "desktop/frmmain.h"
+#include "desktop/panels.h"
+#include "panel/panelsupport.h"
 #include "qibla/frmqmap.h"
 
 #include <memory>

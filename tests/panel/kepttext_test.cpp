@@ -1,8 +1,8 @@
-#include "app/kepttext.h"
-#include "app/reporthead.h"
-#include "app/stored/failure.h"
-#include "app/stored/textfile.h"
-#include "app/textsearch.h"
+#include "base/failure.h"
+#include "panel/kepttext.h"
+#include "panel/reporthead.h"
+#include "panel/textsearch.h"
+#include "stored/textfile.h"
 #include "tests/panel/panelharness.h"
 
 #include <fstream>

@@ -1,8 +1,8 @@
-#include "app/frmlocation.h"
-#include "app/frmsupport.h"
-#include "app/stored/failure.h"
-#include "app/stored/loclist.h"
+#include "base/failure.h"
+#include "desktop/frmlocation.h"
 #include "ephemeris/series.h"
+#include "panel/panelsupport.h"
+#include "stored/loclist.h"
 #include "tests/panel/panelchecks.h"
 
 #include <QElapsedTimer>

@@ -1,7 +1,7 @@
-#include "app/messages.h"
-#include "app/stored/programfolder.h"
-#include "app/textview.h"
-#include "app/viewer.h"
+#include "panel/messages.h"
+#include "panel/textview.h"
+#include "panel/viewer.h"
+#include "stored/programfolder.h"
 
 #include <QApplication>
 #include <QLineEdit>

@@ -1,5 +1,5 @@
-#include "app/frmstyle.h"
-#include "app/frmsupport.h"
+#include "panel/panelstyle.h"
+#include "panel/panelsupport.h"
 
 #include <QApplication>
 #include <QLocale>

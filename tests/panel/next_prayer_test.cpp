@@ -1,4 +1,4 @@
-#include "app/nextprayer.h"
+#include "desktop/nextprayer.h"
 
 #include "calendar/locationclock.h"
 #include "calendar/platformdate.h"

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/language.h"
-#include "app/platform/platform.h"
-#include "app/stored/date.h"
+#include "panel/currentplatform.h"
+#include "panel/language.h"
+#include "stored/date.h"
 
 #include <QAbstractButton>
 #include <QObject>

@@ -1,8 +1,8 @@
-#include "app/frmpreferences.h"
-#include "app/frmsupport.h"
-#include "app/stored/failure.h"
-#include "app/stored/pref.h"
+#include "base/failure.h"
+#include "desktop/frmpreferences.h"
 #include "ephemeris/series.h"
+#include "panel/panelsupport.h"
+#include "stored/pref.h"
 #include "tests/panel/panelchecks.h"
 
 #include <QComboBox>

@@ -1,7 +1,7 @@
-#include "app/frmlocation.h"
-#include "app/frmmain.h"
-#include "app/frmpreferences.h"
-#include "app/panels.h"
+#include "desktop/frmlocation.h"
+#include "desktop/frmmain.h"
+#include "desktop/frmpreferences.h"
+#include "desktop/panels.h"
 #include "tests/panel/panelharness.h"
 
 #include <QApplication>

@@ -1,5 +1,5 @@
-#include "app/settingscheck.h"
-#include "calendar/machineclock.h"
+#include "base/machineclock.h"
+#include "desktop/settingscheck.h"
 #include "ephemeris/series.h"
 #include "tests/support/programfolder.h"
 

@@ -1,6 +1,6 @@
-#include "app/formpage.h"
-#include "app/frmstyle.h"
 #include "ephemeris/series.h"
+#include "panel/formpage.h"
+#include "panel/panelstyle.h"
 #include "tests/panel/everyform.h"
 #include "tests/panel/panelchecks.h"
 

@@ -1,5 +1,5 @@
-#include "app/textview.h"
-#include "app/viewer.h"
+#include "panel/textview.h"
+#include "panel/viewer.h"
 #include "tests/panel/panelharness.h"
 
 #include <QAccessible>

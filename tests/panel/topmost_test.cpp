@@ -1,4 +1,4 @@
-#include "app/platform/linuxplatform.h"
+#include "panel/currentplatform.h"
 #include "tests/panel/panelharness.h"
 
 #include <QApplication>
@@ -13,9 +13,9 @@ class TopMostTest : public PanelTest {
 protected:
     void SetUp() override {
         map_.show();
-        LinuxPlatform().keep_on_top(&map_, true);
+        own_platform().keep_on_top(&map_, true);
     }
-    void TearDown() override { LinuxPlatform().keep_on_top(&map_, false); }
+    void TearDown() override { own_platform().keep_on_top(&map_, false); }
     static bool is_on_top(const QWidget& window) {
         return window.windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint);
     }
@@ -28,7 +28,7 @@ TEST_F(TopMostTest, ABoxAndAReportThatOpenLaterStandAsHighAsTheMap) {
     box.show();
     EXPECT_TRUE(is_on_top(box));
     put("results.out", "a report\r\n");
-    LinuxPlatform().show_text_file("results.out");
+    own_platform().show_text_file("results.out");
     ASSERT_NE(open_window("viewer"), nullptr);
     EXPECT_TRUE(is_on_top(*open_window("viewer")));
 }
@@ -46,10 +46,10 @@ TEST_F(TopMostTest, WithTheMapGoneTheyAreWindowsAmongTheOthers) {
 }
 
 TEST_F(TopMostTest, WhatWasOpenBeforeStaysBelow) {
-    LinuxPlatform().keep_on_top(&map_, false);
+    own_platform().keep_on_top(&map_, false);
     QWidget report;
     report.show();
-    LinuxPlatform().keep_on_top(&map_, true);
+    own_platform().keep_on_top(&map_, true);
     EXPECT_FALSE(is_on_top(report));
     EXPECT_TRUE(is_on_top(map_));
     EXPECT_TRUE(map_.isVisible());
@@ -58,7 +58,7 @@ TEST_F(TopMostTest, WhatWasOpenBeforeStaysBelow) {
 TEST_F(TopMostTest, TwoMapsKeepTheReportUntilBothAreGone) {
     auto second = std::make_unique<QDialog>();
     second->show();
-    LinuxPlatform().keep_on_top(second.get(), true);
+    own_platform().keep_on_top(second.get(), true);
     QWidget report;
     report.show();
     map_.close();

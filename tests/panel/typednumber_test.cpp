@@ -1,4 +1,4 @@
-#include "app/typednumber.h"
+#include "panel/typednumber.h"
 #include "tests/panel/panelharness.h"
 
 namespace halvane {

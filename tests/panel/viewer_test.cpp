@@ -1,8 +1,8 @@
-#include "app/messages.h"
-#include "app/platform/linuxplatform.h"
-#include "app/stored/textfile.h"
-#include "app/textview.h"
-#include "app/viewer.h"
+#include "panel/currentplatform.h"
+#include "panel/messages.h"
+#include "panel/textview.h"
+#include "panel/viewer.h"
+#include "stored/textfile.h"
 #include "tests/panel/panelchecks.h"
 
 #include <QApplication>
@@ -87,7 +87,7 @@ TEST_F(ViewerTest, AMissingFileIsToldInTheWindowAndCannotBeSaved) {
 }
 
 TEST_F(ViewerTest, ThePlatformOpensItMaximised) {
-    LinuxPlatform().show_text_file("results.out");
+    own_platform().show_text_file("results.out");
     QWidget* viewer = open_window("viewer");
     ASSERT_NE(viewer, nullptr);
     EXPECT_TRUE(viewer->isMaximized());

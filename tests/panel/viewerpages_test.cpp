@@ -1,5 +1,5 @@
-#include "app/textline.h"
-#include "app/viewerpages.h"
+#include "panel/textline.h"
+#include "panel/viewerpages.h"
 #include "tests/panel/panelharness.h"
 
 #include <QBuffer>

@@ -1,4 +1,4 @@
-#include "app/frmwait.h"
+#include "panel/frmwait.h"
 #include "tests/panel/panelchecks.h"
 
 #include <QDialog>

@@ -1,15 +1,15 @@
-#include "app/frmwait.h"
-#include "app/stored/coor.h"
-#include "app/stored/date.h"
-#include "app/stored/loc.h"
-#include "app/stored/phase.h"
-#include "app/stored/pref.h"
 #include "calendar/moddeltat.h"
 #include "ephemeris/series.h"
+#include "panel/frmwait.h"
 #include "phases/frmphase.h"
-#include "prayer/cmdcom.h"
-#include "prayer/cmdmoon.h"
-#include "qibla/cmdqib.h"
+#include "prayer/moonrun.h"
+#include "prayer/prayerrun.h"
+#include "qibla/qiblahrun.h"
+#include "stored/coor.h"
+#include "stored/date.h"
+#include "stored/loc.h"
+#include "stored/phase.h"
+#include "stored/pref.h"
 #include "tables/ephemeristable.h"
 #include "tests/golden/recordingprogress.h"
 #include "tests/panel/panelchecks.h"
@@ -215,10 +215,10 @@ TEST_F(PhasePanel, AnOpenPanelDoesNotReachThePrayerReport) {
     Preferences seconds = read_pref();
     seconds.clock_precision = "0";
     write_pref(seconds);
-    cmdcom(progress);
+    write_prayer_report(progress);
     const std::string alone = content("results.out");
     frmphase form;
-    cmdcom(progress);
+    write_prayer_report(progress);
     EXPECT_EQ(content("results.out"), alone);
     EXPECT_EQ(tdtinput, 1);
 }
@@ -245,9 +245,10 @@ TEST_F(PhasePanel, APanelOpenedInMidRunReachesNoReport) {
         return settings;
     }();
     const std::pair<RunOutcome (*)(Progress&), const char*> runs[] = {
-        {cmdcom, "results.out"},
-        {cmdmoon, "mresults.out"},
-        {[](Progress& progress) { return cmdqib(progress, 160.7F, QiblahMark::sun); }, "results.out"},
+        {write_prayer_report, "results.out"},
+        {write_moon_report, "mresults.out"},
+        {[](Progress& progress) { return write_qiblah_report(progress, 160.7F, QiblahMark::sun); },
+         "results.out"},
         {[](Progress& progress) { return write_ephemeris_table(six_hourly_day, progress); },
          "ephemeris.out"}};
     for (const auto& [run, file] : runs) {

@@ -1,11 +1,12 @@
 #include "phases/phasereport.h"
 
-#include "app/stored/failure.h"
-#include "app/stored/record.h"
+#include "base/failure.h"
+#include "base/numberformat.h"
 #include "calendar/moddeltat.h"
 #include "calendar/modjul.h"
 #include "calendar/yearlimits.h"
 #include "ephemeris/series.h"
+#include "stored/record.h"
 #include "tests/golden/goldenreport.h"
 #include "tests/golden/recordingprogress.h"
 

@@ -1,8 +1,8 @@
 #include "calendar/switchguard.h"
-#include "prayer/cmdcom.h"
-#include "prayer/cmdmoon.h"
 #include "prayer/crescentmode.h"
 #include "prayer/moonday.h"
+#include "prayer/moonrun.h"
+#include "prayer/prayerrun.h"
 #include "tests/prayer/days.h"
 #include "tests/support/places.h"
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "app/stored/date.h"
 #include "calendar/modjul.h"
 #include "ephemeris/series.h"
 #include "prayer/prayerday.h"
+#include "stored/date.h"
 #include "tests/support/programfolder.h"
 
 #include <gtest/gtest.h>

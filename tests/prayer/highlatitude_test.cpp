@@ -1,7 +1,7 @@
-#include "app/report/head.h"
-#include "app/stored/failure.h"
-#include "prayer/cmdcom.h"
+#include "base/failure.h"
 #include "prayer/highlatitude.h"
+#include "prayer/prayerrun.h"
+#include "report/head.h"
 #include "tests/golden/goldenreport.h"
 #include "tests/golden/recordingprogress.h"
 #include "tests/prayer/days.h"
@@ -270,7 +270,7 @@ protected:
         write_loc(here);
         set_period(start, end);
         RecordingProgress progress;
-        return cmdcom(progress);
+        return write_prayer_report(progress);
     }
 };
 

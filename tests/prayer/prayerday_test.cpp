@@ -1,7 +1,7 @@
-#include "app/stored/failure.h"
+#include "base/failure.h"
 #include "calendar/modsummer.h"
 #include "events/modriseset.h"
-#include "prayer/cmdcom.h"
+#include "prayer/prayerrun.h"
 #include "tests/prayer/days.h"
 #include "tests/support/places.h"
 

@@ -1,12 +1,12 @@
-#include "qibla/cmdqib.h"
+#include "qibla/qiblahrun.h"
 
-#include "app/stored/date.h"
-#include "app/stored/failure.h"
-#include "app/stored/loc.h"
-#include "app/stored/pref.h"
-#include "calendar/machineclock.h"
+#include "base/failure.h"
+#include "base/machineclock.h"
 #include "calendar/moddeltat.h"
 #include "ephemeris/series.h"
+#include "stored/date.h"
+#include "stored/loc.h"
+#include "stored/pref.h"
 #include "tests/golden/goldenreport.h"
 #include "tests/golden/recordingprogress.h"
 
@@ -26,7 +26,7 @@ protected:
     ~CmdqibTest() override { use_machine_clock(); }
 
     RunOutcome run(Progress& progress, QiblahMark mark = QiblahMark::sun) const {
-        return cmdqib(progress, stored_qiblah_direction(), mark);
+        return write_qiblah_report(progress, stored_qiblah_direction(), mark);
     }
     std::string report() const { return folder_.content("results.out"); }
     std::vector<std::string> lines() const { return lines_of(report()); }
@@ -67,7 +67,7 @@ TEST_F(CmdqibTest, TheShadowsReportPrintsTheTrueDirection) {
 
 TEST_F(CmdqibTest, TheDirectionIsThatOfThePanelNotOfALocationSavedSince) {
     RecordingProgress progress;
-    EXPECT_EQ(cmdqib(progress, 100.5F, QiblahMark::sun), RunOutcome::done);
+    EXPECT_EQ(write_qiblah_report(progress, 100.5F, QiblahMark::sun), RunOutcome::done);
     EXPECT_EQ(lines()[5], "- Qiblah Direction is:   100.5 ° From True North");
 }
 

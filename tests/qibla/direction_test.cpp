@@ -1,7 +1,8 @@
 #include "qibla/direction.h"
 
-#include "app/stored/failure.h"
-#include "app/stored/record.h"
+#include "base/failure.h"
+#include "base/numberformat.h"
+#include "stored/record.h"
 #include "tests/qibla/independentsun.h"
 
 #include <array>

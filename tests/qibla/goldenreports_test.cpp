@@ -1,12 +1,12 @@
 #include "tests/golden/goldenreport.h"
 
-#include "app/stored/date.h"
-#include "app/stored/loc.h"
-#include "app/stored/pref.h"
 #include "calendar/modjul.h"
 #include "calendar/modsummer.h"
 #include "ephemeris/series.h"
-#include "qibla/cmdqib.h"
+#include "qibla/qiblahrun.h"
+#include "stored/date.h"
+#include "stored/loc.h"
+#include "stored/pref.h"
 #include "tests/golden/recordingprogress.h"
 #include "tests/qibla/independentsun.h"
 
@@ -30,7 +30,8 @@ TEST_P(QiblahGolden, ReportIsTheSameByteForByte) {
         load_term();
         load_mterm();
         RecordingProgress progress;
-        EXPECT_EQ(cmdqib(progress, stored_qiblah_direction(), mark_of(GetParam())), RunOutcome::done);
+        EXPECT_EQ(write_qiblah_report(progress, stored_qiblah_direction(), mark_of(GetParam())),
+                  RunOutcome::done);
     });
 }
 

@@ -1,13 +1,13 @@
 #include "qibla/qibladay.h"
 
-#include "app/stored/failure.h"
-#include "app/stored/programfolder.h"
+#include "base/failure.h"
 #include "calendar/moddeltat.h"
 #include "calendar/modjul.h"
 #include "ephemeris/coordinates.h"
 #include "ephemeris/series.h"
 #include "ephemeris/sun.h"
 #include "qibla/direction.h"
+#include "stored/programfolder.h"
 #include "tests/qibla/independentsun.h"
 
 #include <algorithm>

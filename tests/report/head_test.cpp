@@ -1,4 +1,4 @@
-#include "app/report/head.h"
+#include "report/head.h"
 
 #include <gtest/gtest.h>
 #include <string>

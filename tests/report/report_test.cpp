@@ -1,6 +1,6 @@
-#include "app/report/report.h"
+#include "report/report.h"
 
-#include "app/stored/failure.h"
+#include "base/failure.h"
 #include "tests/support/programfolder.h"
 
 #include <gtest/gtest.h>

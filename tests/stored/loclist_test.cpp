@@ -1,6 +1,6 @@
 #include "tests/stored/storedrecords.h"
 
-#include "app/stored/loclist.h"
+#include "stored/loclist.h"
 
 #include <cmath>
 #include <cstdlib>

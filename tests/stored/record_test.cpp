@@ -1,6 +1,7 @@
-#include "app/stored/record.h"
+#include "base/numberformat.h"
+#include "stored/record.h"
 
-#include "app/stored/failure.h"
+#include "base/failure.h"
 
 #include <cmath>
 #include <gtest/gtest.h>

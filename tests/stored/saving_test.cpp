@@ -1,4 +1,4 @@
-#include "app/stored/textfile.h"
+#include "stored/textfile.h"
 #include "tests/stored/storedrecords.h"
 
 #include <atomic>

@@ -1,14 +1,14 @@
 #pragma once
 
-#include "app/stored/alert.h"
-#include "app/stored/coor.h"
-#include "app/stored/date.h"
-#include "app/stored/failure.h"
-#include "app/stored/loc.h"
-#include "app/stored/phase.h"
-#include "app/stored/pref.h"
-#include "app/stored/tele.h"
-#include "app/stored/visib.h"
+#include "base/failure.h"
+#include "stored/alert.h"
+#include "stored/coor.h"
+#include "stored/date.h"
+#include "stored/loc.h"
+#include "stored/phase.h"
+#include "stored/pref.h"
+#include "stored/tele.h"
+#include "stored/visib.h"
 #include "tests/support/programfolder.h"
 
 #include <functional>

@@ -1,4 +1,4 @@
-#include "app/stored/windows1256.h"
+#include "stored/windows1256.h"
 
 #include <gtest/gtest.h>
 #include <string>

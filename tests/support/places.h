@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/stored/loc.h"
+#include "stored/loc.h"
 
 #include <cmath>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/stored/programfolder.h"
+#include "stored/programfolder.h"
 #include "tests/support/bytes.h"
 
 #include <cstdlib>

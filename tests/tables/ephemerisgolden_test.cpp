@@ -1,5 +1,5 @@
-#include "app/stored/coor.h"
 #include "ephemeris/series.h"
+#include "stored/coor.h"
 #include "tables/ephemeristable.h"
 #include "tests/golden/goldenreport.h"
 #include "tests/golden/recordingprogress.h"

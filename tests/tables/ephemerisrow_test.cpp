@@ -1,10 +1,10 @@
 #include "tables/ephemerisrow.h"
 
-#include "app/stored/programfolder.h"
 #include "calendar/moddeltat.h"
 #include "ephemeris/moon.h"
 #include "ephemeris/series.h"
 #include "ephemeris/sun.h"
+#include "stored/programfolder.h"
 
 #include <cmath>
 #include <gtest/gtest.h>

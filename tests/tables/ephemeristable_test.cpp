@@ -1,9 +1,9 @@
 #include "tables/ephemeristable.h"
 
-#include "app/stored/failure.h"
-#include "app/stored/pref.h"
+#include "base/failure.h"
 #include "calendar/moddeltat.h"
 #include "ephemeris/series.h"
+#include "stored/pref.h"
 #include "tests/golden/goldenreport.h"
 #include "tests/golden/recordingprogress.h"
 

@@ -1,9 +1,9 @@
 #include "tables/frmcoor.h"
 
-#include "app/frmsupport.h"
-#include "app/frmwait.h"
-#include "app/stored/textfile.h"
 #include "ephemeris/series.h"
+#include "panel/frmwait.h"
+#include "panel/panelsupport.h"
+#include "stored/textfile.h"
 #include "tests/panel/panelchecks.h"
 
 #include <QCheckBox>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/stored/textfile.h"
 #include "calendar/modjul.h"
+#include "stored/textfile.h"
 #include "tables/ephemerisrow.h"
 
 #include <cstdlib>

@@ -1,5 +1,5 @@
-#include "app/batch/tasks.h"
-#include "app/stored/coor.h"
+#include "batch/tasks.h"
+#include "stored/coor.h"
 #include "tests/golden/goldenreport.h"
 #include "tests/golden/recordingprogress.h"
 

@@ -1,6 +1,6 @@
 #include "telescope/crescentpicture.h"
 
-#include "app/stored/failure.h"
+#include "base/failure.h"
 
 #include <cmath>
 #include <filesystem>

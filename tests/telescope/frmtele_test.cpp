@@ -1,8 +1,8 @@
 #include "telescope/frmtele.h"
 
-#include "app/stored/loc.h"
-#include "calendar/machineclock.h"
+#include "base/machineclock.h"
 #include "ephemeris/series.h"
+#include "stored/loc.h"
 #include "telescope/crescentview.h"
 #include "tests/panel/panelchecks.h"
 

@@ -1,14 +1,14 @@
 #include "telescope/pointing.h"
 
-#include "app/stored/failure.h"
-#include "app/stored/loc.h"
-#include "app/stored/pref.h"
+#include "base/failure.h"
 #include "calendar/moddeltat.h"
 #include "calendar/modjul.h"
 #include "ephemeris/coordinates.h"
 #include "ephemeris/moon.h"
 #include "ephemeris/series.h"
 #include "ephemeris/sun.h"
+#include "stored/loc.h"
+#include "stored/pref.h"
 #include "tests/golden/goldenreport.h"
 
 #include <cmath>

@@ -1,6 +1,6 @@
-#include "app/stored/loc.h"
 #include "calendar/modjul.h"
 #include "ephemeris/series.h"
+#include "stored/loc.h"
 #include "telescope/pointing.h"
 #include "tests/golden/goldenreport.h"
 #include "tools/measuring/swissephemeris.h"

@@ -1,6 +1,6 @@
 #include "telescope/readouts.h"
 
-#include "app/stored/failure.h"
+#include "base/failure.h"
 
 #include <gtest/gtest.h>
 #include <limits>

@@ -1,5 +1,5 @@
-#include "app/batch/tasks.h"
-#include "app/stored/tele.h"
+#include "batch/tasks.h"
+#include "stored/tele.h"
 #include "tests/golden/goldenreport.h"
 #include "tests/golden/recordingprogress.h"
 

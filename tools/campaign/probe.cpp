@@ -1,18 +1,6 @@
 // halvane-probe FOLDER WORK ARGUMENT ...: what the campaign asks of the engine, as rows of numbers and texts
 // on standard output. FOLDER is a program folder of the campaign's own. The campaign judges the rows.
 
-#include "app/stored/alert.h"
-#include "app/stored/coor.h"
-#include "app/stored/date.h"
-#include "app/stored/loc.h"
-#include "app/stored/loclist.h"
-#include "app/stored/phase.h"
-#include "app/stored/pref.h"
-#include "app/stored/programfolder.h"
-#include "app/stored/tele.h"
-#include "app/stored/textfile.h"
-#include "app/stored/unfinishedfile.h"
-#include "app/stored/visib.h"
 #include "calendar/hijriconversion.h"
 #include "calendar/moddateconv.h"
 #include "calendar/modjul.h"
@@ -24,6 +12,18 @@
 #include "phases/phasereport.h"
 #include "prayer/moonday.h"
 #include "prayer/prayerday.h"
+#include "stored/alert.h"
+#include "stored/coor.h"
+#include "stored/date.h"
+#include "stored/loc.h"
+#include "stored/loclist.h"
+#include "stored/phase.h"
+#include "stored/pref.h"
+#include "stored/programfolder.h"
+#include "stored/tele.h"
+#include "stored/textfile.h"
+#include "stored/unfinishedfile.h"
+#include "stored/visib.h"
 #include "tools/measuring/random.h"
 
 #include <cmath>

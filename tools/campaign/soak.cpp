@@ -3,15 +3,15 @@
 // and late. halvane-soak FOLDER reports: the prayer and the Moon report by the main panel's buttons, into
 // prayer.out and mresults.out. FOLDER is a program folder of the campaign's own.
 
-#include "app/application.h"
-#include "app/frmmain.h"
-#include "app/frmstyle.h"
-#include "app/frmsupport.h"
-#include "app/messages.h"
-#include "app/panels.h"
-#include "app/platform/platform.h"
-#include "app/stored/programfolder.h"
-#include "calendar/machineclock.h"
+#include "base/machineclock.h"
+#include "desktop/frmmain.h"
+#include "desktop/panels.h"
+#include "panel/application.h"
+#include "panel/currentplatform.h"
+#include "panel/messages.h"
+#include "panel/panelstyle.h"
+#include "panel/panelsupport.h"
+#include "stored/programfolder.h"
 
 #include <QElapsedTimer>
 #include <QKeySequence>

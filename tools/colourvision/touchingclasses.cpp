@@ -2,12 +2,12 @@
 // them stands side by side on all maps of so many lunations from January 2020 on. FOLDER holds the delivered
 // data.
 
-#include "app/stored/programfolder.h"
 #include "crescent/conjunction.h"
 #include "crescent/mapimage.h"
 #include "crescent/mapmarks.h"
 #include "crescent/maptexts.h"
 #include "ephemeris/series.h"
+#include "stored/programfolder.h"
 
 #include <cstdio>
 #include <map>

@@ -1,7 +1,7 @@
 #include "tools/measuring/scratchfolder.h"
 
-#include "app/stored/date.h"
-#include "app/stored/programfolder.h"
+#include "stored/date.h"
+#include "stored/programfolder.h"
 
 #include <cstdlib>
 #include <filesystem>

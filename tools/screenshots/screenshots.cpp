@@ -1,26 +1,26 @@
 // screenshots FOLDER DATA: pictures of every panel in both languages, at the scale of QT_SCALE_FACTOR. The
 // panels stand on a temporary program folder made of the delivered files DATA and a fixed clock.
 
-#include "app/alerts/alertwindow.h"
-#include "app/frmmain.h"
-#include "app/frmstyle.h"
-#include "app/frmsupport.h"
-#include "app/frmwait.h"
-#include "app/messages.h"
-#include "app/panels.h"
-#include "app/stored/alert.h"
-#include "app/stored/date.h"
-#include "app/stored/failure.h"
-#include "app/stored/loc.h"
-#include "app/stored/pref.h"
-#include "app/stored/programfolder.h"
-#include "app/stored/tele.h"
-#include "app/viewer.h"
-#include "calendar/machineclock.h"
+#include "alerts/alertwindow.h"
+#include "base/failure.h"
+#include "base/machineclock.h"
 #include "crescent/frmcresv.h"
 #include "crescent/frmmap.h"
-#include "prayer/cmdcom.h"
+#include "desktop/frmmain.h"
+#include "desktop/panels.h"
+#include "panel/frmwait.h"
+#include "panel/messages.h"
+#include "panel/panelstyle.h"
+#include "panel/panelsupport.h"
+#include "panel/viewer.h"
+#include "prayer/prayerrun.h"
 #include "qibla/frmqmap.h"
+#include "stored/alert.h"
+#include "stored/date.h"
+#include "stored/loc.h"
+#include "stored/pref.h"
+#include "stored/programfolder.h"
+#include "stored/tele.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -149,7 +149,7 @@ void take_shared_windows(const Camera& camera, Language language) {
     camera.take(wait, QStringLiteral("frmwait"));
 
     SilentProgress progress;
-    cmdcom(progress);
+    write_prayer_report(progress);
     Viewer report(QString::fromStdString(program_path("results.out")));
     camera.take(report, QStringLiteral("viewer"));
     Viewer help(QString::fromStdString(program_path("help.txt")));

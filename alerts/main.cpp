@@ -1,0 +1,78 @@
+#include "alerts/alertprogram.h"
+#include "alerts/onlycopy.h"
+#include "ephemeris/series.h"
+#include "panel/application.h"
+#include "panel/commandline.h"
+#include "panel/panelstyle.h"
+#include "panel/panelsupport.h"
+#include "stored/programfolder.h"
+#include "stored/unfinishedfile.h"
+
+#include <QStandardPaths>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <system_error>
+
+namespace halvane {
+namespace {
+
+QString session_folder() {
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    return folder.isEmpty() ? QString::fromStdString(program_folder()) : folder;
+}
+
+/// A user's folder keeps its copy of the program when the package goes, and links that lead nowhere.
+bool package_is_gone() {
+    std::error_code ignored;
+    const std::string series = series_path("term.vsk");
+    return std::filesystem::is_symlink(series, ignored) && !std::filesystem::exists(series, ignored);
+}
+
+constexpr const char* help =
+    "The prayer alerts of Halvane: runs beside the session and alerts at prayer times, as the panel\n"
+    "\"Alerts\" of Halvane sets it. A second start shows the window of the one that runs.\n";
+
+int run(int count, char** words) {
+    if (const std::optional<int> status = answer_on_terminal(count, words, "alert63.exe", help))
+        return *status;
+    if (package_is_gone()) {
+        std::fputs("halvane: the package that this program belongs to is no longer there\n", stderr);
+        return EXIT_SUCCESS;
+    }
+    if (!has_display()) {
+        std::fputs("halvane: there is no display to show alerts on\n", stderr);
+        return EXIT_FAILURE;
+    }
+    Application application(count, words);
+    QApplication::setApplicationName(QStringLiteral("Halvane Alerts"));
+    QApplication::setQuitOnLastWindowClosed(false);
+    OnlyCopy copy(session_folder());
+    if (!copy.is_first()) {
+        if (!copy.ask_first_to_show())
+            std::fputs("halvane: the alerts run already\n", stderr);
+        return EXIT_SUCCESS;
+    }
+    use_halvane_look();
+    use_halvane_keys();
+    remove_old_leftovers(program_folder());
+    try {
+        load_term();
+        load_mterm();
+        SoundPlayer sounds;
+        AlertProgram program(sounds);
+        QObject::connect(&copy, &OnlyCopy::asked_to_show, &program, &AlertProgram::show_main_window);
+        program.start();
+        return QApplication::exec();
+    } catch (...) {
+        end_with_present_failure();
+    }
+}
+
+} // namespace
+} // namespace halvane
+
+int main(int count, char** words) {
+    halvane::begin_program();
+    return halvane::run(count, words);
+}

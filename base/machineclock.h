@@ -1,0 +1,31 @@
+#pragma once
+
+namespace halvane {
+
+/// The machine's local date and clock.
+struct MachineTime {
+    int year = 2000;
+    int month = 1;
+    int day = 1;
+    int hour = 0;
+    int minute = 0;
+    int second = 0;
+};
+
+/// The machine's local time now, or what set_machine_time has put in its place.
+MachineTime machine_time();
+
+/// The machine's instant now in Universal Time, whatever zone its clock shows.
+MachineTime universal_time();
+
+/// Puts a fixed time in place of the machine's clock (tests and reproducible reports).
+void set_machine_time(const MachineTime& time);
+
+/// How far the fixed time is ahead of Universal Time; 0 until it is set.
+/// In     hours  east positive                                                                  [h]
+void set_machine_zone(double hours);
+
+/// Gives the machine's own clock and zone back.
+void use_machine_clock();
+
+} // namespace halvane

@@ -1,0 +1,242 @@
+#include "batch/mappicture.h"
+
+#include "base/failure.h"
+#include "crescent/gif.h"
+#include "crescent/mapmarks.h"
+#include "crescent/mapsheet.h"
+#include "crescent/maptexts.h"
+#include "crescent/picturename.h"
+#include "stored/outputfile.h"
+#include "stored/textfile.h"
+
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <vector>
+
+#include <gd.h>
+#include <gdfontl.h>
+
+namespace halvane {
+namespace {
+
+struct ImageEnd {
+    void operator()(gdImage* image) const { gdImageDestroy(image); }
+};
+using Image = std::unique_ptr<gdImage, ImageEnd>;
+
+Image read_map() {
+    std::string bytes = whole_map_picture();
+    Image map(gdImageCreateFromGifPtr(static_cast<int>(bytes.size()), bytes.data()));
+    if (!map || gdImageSX(map.get()) != map_width || gdImageSY(map.get()) != map_height)
+        throw broken_map_picture(map_picture_path());
+    return map;
+}
+
+/// A pixel of a stencil, from the stencil's centre.
+struct Dot {
+    int x = 0;
+    int y = 0;
+};
+
+/// What stands on a map many times is drawn once and stamped.
+using Stencil = std::vector<Dot>;
+
+/// The pixels that `draw(image, x, y, ink)` puts at most `room` from the point x, y.
+template <class Draw>
+Stencil stencil_of(int room, Draw draw) {
+    const int side = 2 * room + 1;
+    const Image image(gdImageCreate(side, side));
+    const int ground = gdImageColorAllocate(image.get(), 255, 255, 255);
+    const int ink = gdImageColorAllocate(image.get(), 0, 0, 0);
+    draw(image.get(), room, room, ink);
+    Stencil stencil;
+    for (int y = 0; y < side; ++y)
+        for (int x = 0; x < side; ++x)
+            if (gdImageGetPixel(image.get(), x, y) != ground)
+                stencil.push_back({x - room, y - room});
+    return stencil;
+}
+
+Stencil circle_stencil() {
+    constexpr int diameter = 2 * map_point_radius;
+    return stencil_of(diameter, [](gdImage* image, int x, int y, int ink) {
+        gdImageArc(image, x, y, diameter, diameter, 0, 360, ink);
+    });
+}
+
+/// Draws `figure` about a point without soft edges, which the negative colour asks for: the rim would fill
+/// the palette with shades. In the font of the system, else in the library's own.
+void draw_figure(gdImage* image, char figure, int x, int y, int colour) {
+    constexpr double points = map_mark_height * 0.75; // at 96 pixels to the inch
+    std::string text(1, figure);
+    std::string font = "sans:bold:lang=en";
+    std::array<int, 8> corners{};
+    gdFTUseFontConfig(1);
+    if (gdImageStringFT(nullptr, corners.data(), 0, font.data(), points, 0, 0, 0, text.data()) != nullptr) {
+        const gdFont* plain = gdFontGetLarge();
+        gdImageChar(image, gdFontGetLarge(), x - plain->w / 2, y - plain->h / 2, figure, colour);
+        return;
+    }
+    const int left = (corners[0] + corners[2]) / 2;
+    const int base = (corners[1] + corners[7]) / 2;
+    gdImageStringFT(image, nullptr, -colour, font.data(), points, 0, x - left, y - base, text.data());
+}
+
+Stencil figure_stencil(char figure) {
+    return stencil_of(2 * map_mark_height, [figure](gdImage* image, int x, int y, int ink) {
+        draw_figure(image, figure, x, y, ink);
+    });
+}
+
+/// The map over a white band for the words.
+class Canvas {
+public:
+    Canvas() : image_(gdImageCreate(MapSheet::width, MapSheet::height)) {
+        const Image map = read_map();
+        const int white = gdImageColorAllocate(image_.get(), 255, 255, 255);
+        ink_ = gdImageColorAllocate(image_.get(), 34, 40, 49);
+        using enum VisibilityClass;
+        for (const VisibilityClass c :
+             {unknown, impossible, optical_aid, second_band, third_band, easily_visible}) {
+            const ClassColour colour = class_colour(c);
+            gdImageColorAllocate(image_.get(), colour.red, colour.green, colour.blue);
+        }
+        gdImageFilledRectangle(image_.get(), 0, 0, gdImageSX(image_.get()) - 1, gdImageSY(image_.get()) - 1,
+                               white);
+        gdImageCopy(image_.get(), map.get(), 0, 0, 0, 0, map_width, map_height);
+        paper_ = white;
+        find_bare_colour();
+    }
+
+    void paint(const MapPoint& point) {
+        if (point.visibility == VisibilityClass::not_possible)
+            return;
+        const MapPixel at = map_pixel(point.longitude, point.latitude);
+        stamp(circle_, static_cast<int>(std::lround(at.x)), static_cast<int>(std::lround(at.y)),
+              colour_of(point.visibility));
+    }
+
+    /// The number of the class in ink with a rim of paper.
+    void mark(const MapMark& mark) {
+        const MapPixel centre{std::round(mark.centre.x), std::round(mark.centre.y)};
+        const Stencil& figure = figure_of(class_mark(mark.visibility));
+        for (int dy = -mark_rim; dy <= mark_rim; ++dy)
+            for (int dx = -mark_rim; dx <= mark_rim; ++dx)
+                stamp(figure, static_cast<int>(centre.x) + dx, static_cast<int>(centre.y) + dy, paper_);
+        stamp(figure, static_cast<int>(centre.x), static_cast<int>(centre.y), ink_);
+    }
+
+    void write_information(const std::vector<std::string>& lines) {
+        int line = 0;
+        for (const std::string& text : lines)
+            write(MapSheet::margin, line++, text);
+    }
+
+    void write_legend(const std::vector<LegendLine>& legend) {
+        constexpr int left = MapSheet::legend_left;
+        constexpr int swatch = MapSheet::swatch;
+        int line = 0;
+        for (const LegendLine& entry : legend) {
+            const int y = MapSheet::swatch_top(line);
+            gdImageFilledRectangle(image_.get(), left, y, left + swatch, y + swatch,
+                                   colour_of(entry.visibility));
+            gdImageRectangle(image_.get(), left, y, left + swatch, y + swatch, ink_);
+            write(MapSheet::mark_left, line, std::string(1, class_mark(entry.visibility)));
+            write(MapSheet::words_left, line++, entry.english);
+        }
+    }
+
+    GifPicture picture() const {
+        GifPicture picture;
+        picture.width = gdImageSX(image_.get());
+        picture.height = gdImageSY(image_.get());
+        for (int i = 0; i < gdImageColorsTotal(image_.get()); ++i)
+            picture.palette.push_back({static_cast<std::uint8_t>(gdImageRed(image_.get(), i)),
+                                       static_cast<std::uint8_t>(gdImageGreen(image_.get(), i)),
+                                       static_cast<std::uint8_t>(gdImageBlue(image_.get(), i))});
+        for (int y = 0; y < picture.height; ++y)
+            for (int x = 0; x < picture.width; ++x)
+                picture.indices.push_back(static_cast<std::uint8_t>(gdImageGetPixel(image_.get(), x, y)));
+        return picture;
+    }
+
+private:
+    static constexpr int mark_rim = 2;
+
+    void find_bare_colour() {
+        bare_ = bare_map_colours([this](int x, int y) {
+                    const int index = gdImageGetPixel(image_.get(), x, y);
+                    return ClassColour{static_cast<unsigned char>(gdImageRed(image_.get(), index)),
+                                       static_cast<unsigned char>(gdImageGreen(image_.get(), index)),
+                                       static_cast<unsigned char>(gdImageBlue(image_.get(), index))};
+                }).front();
+    }
+
+    void stamp(const Stencil& stencil, int x, int y, int colour) {
+        for (const Dot& dot : stencil)
+            gdImageSetPixel(image_.get(), x + dot.x, y + dot.y, colour);
+    }
+
+    const Stencil& figure_of(char figure) {
+        const auto [place, is_new] = figures_.try_emplace(figure);
+        if (is_new)
+            place->second = figure_stencil(figure);
+        return place->second;
+    }
+
+    int colour_of(VisibilityClass visibility) {
+        const auto [place, is_new] = colours_.try_emplace(visibility);
+        if (is_new) {
+            const bool is_bare = visibility == VisibilityClass::not_possible;
+            const ClassColour colour = is_bare ? bare_ : class_colour(visibility);
+            place->second = gdImageColorClosest(image_.get(), colour.red, colour.green, colour.blue);
+        }
+        return place->second;
+    }
+
+    /// In a font of the system where there is one, the same in every locale, else in the library's own.
+    void write(int x, int line, const std::string& text) {
+        constexpr double points = 11;
+        constexpr int baseline = 15;
+        std::string words = text;
+        std::string font = "sans:lang=en";
+        gdFTUseFontConfig(1);
+        if (gdImageStringFT(image_.get(), nullptr, ink_, font.data(), points, 0, x,
+                            MapSheet::line_top(line) + baseline, words.data()) != nullptr)
+            gdImageString(image_.get(), gdFontGetLarge(), x, MapSheet::line_top(line),
+                          reinterpret_cast<unsigned char*>(words.data()), ink_);
+    }
+
+    Image image_;
+    int ink_ = 0;
+    int paper_ = 0;
+    ClassColour bare_{};
+    std::map<VisibilityClass, int> colours_; ///< in the palette
+    std::map<char, Stencil> figures_;
+    Stencil circle_ = circle_stencil();
+};
+
+} // namespace
+
+void save_map_picture(const MapRun& run, const std::vector<MapPoint>& points, const std::string& path) {
+    if (is_program_file(path))
+        throw RunTimeFailure(TwinWords{path + " is a file of the program; no picture replaces it.",
+                                       path + " من ملفات البرنامج، و لا تحل صورة محله."});
+    Canvas canvas;
+    MapClasses classes;
+    for (const MapPoint& point : points) {
+        canvas.paint(point);
+        classes.add(point);
+    }
+    for (const MapMark& mark : map_marks(classes))
+        canvas.mark(mark);
+    canvas.write_information(map_information(run, 'E'));
+    canvas.write_legend(map_legend(run.criterion));
+    const std::vector<std::uint8_t> bytes = gif_bytes(canvas.picture());
+    save_result(path, {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+}
+
+} // namespace halvane

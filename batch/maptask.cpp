@@ -1,0 +1,138 @@
+#include "batch/tasks.h"
+
+#include "batch/mappicture.h"
+#include "crescent/conjunction.h"
+#include "crescent/crescentrules.h"
+#include "crescent/maptexts.h"
+#include "ephemeris/series.h"
+#include "stored/outputfile.h"
+#include "stored/unfinishedfile.h"
+
+#include <CLI/CLI.hpp>
+
+#include <filesystem>
+#include <iostream>
+#include <memory>
+
+namespace halvane {
+namespace {
+
+struct MapOptions {
+    std::string criterion = "vesk";
+    int day = 0;
+    std::string picture;
+    std::string table;
+};
+
+/// Keeps the points of a map and tells how far it has come.
+class PointList : public MapReceiver {
+public:
+    explicit PointList(Progress& progress) : progress_(progress) {}
+    void point(const MapPoint& point) override { points_.push_back(point); }
+    bool go_on() override {
+        progress_.percent(++blocks_drawn_ / MapGrid::blocks * 100);
+        return progress_.yield();
+    }
+    const std::vector<MapPoint>& points() const { return points_; }
+
+private:
+    Progress& progress_;
+    double blocks_drawn_ = 0;
+    std::vector<MapPoint> points_;
+};
+
+std::string table_of(const MapRun& run, const std::vector<MapPoint>& points) {
+    std::string text;
+    for (const std::string& line : map_information(run, 'E'))
+        text += "# " + line + "\n";
+    text += "longitude,latitude,class\n";
+    for (const MapPoint& point : points)
+        text += std::to_string(point.longitude) + "," + std::to_string(point.latitude) + "," +
+                std::to_string(static_cast<int>(point.visibility)) + "\n";
+    return text;
+}
+
+Criterion criterion_of(const std::string& name) {
+    if (name == "yallop")
+        return Criterion::yallop;
+    return name == "saao" ? Criterion::saao : Criterion::vesk;
+}
+
+MapRun map_run(const CrescentSettings& settings, const MapOptions& options) {
+    find_conjunction(settings);
+    MapRun run;
+    run.criterion = criterion_of(options.criterion);
+    run.kind = settings.new_crescent ? CrescentKind::new_crescent : CrescentKind::old_crescent;
+    run.conjunction = map_conjunction();
+    run.day = map_day(run.conjunction, run.kind, options.day);
+    return run;
+}
+
+std::string folder_of(const std::string& path) {
+    return std::filesystem::path(path).parent_path().string();
+}
+
+/// Tells the name of a written file: on standard output, or beside it when that is a result itself.
+void tell_written(const std::string& path, bool output_is_result) {
+    if (!is_standard_output(path))
+        (output_is_result ? std::cerr : std::cout) << path << "\n";
+}
+
+int run_map(const MapOptions& options, Progress& progress) {
+    const bool table_is_output = is_standard_output(options.table);
+    const bool picture_is_output = is_standard_output(options.picture);
+    if (table_is_output && picture_is_output) {
+        std::cerr << "Standard output takes the table or the picture, not both.\n";
+        return status_usage;
+    }
+    load_series();
+    const CrescentSettings settings = read_visib();
+    if (const auto refused = refused_conjunction(settings))
+        return report_refused(refused->told);
+    const MapRun run = map_run(settings, options);
+    PointList list(progress);
+    if (!draw_visibility_map(run, list)) {
+        std::cerr << "Cancelled: no map has been written.\n";
+        return status_failure;
+    }
+    if (!options.table.empty()) {
+        remove_old_leftovers(folder_of(options.table));
+        save_result(options.table, table_of(run, list.points()));
+        tell_written(options.table, picture_is_output);
+    }
+    if (!options.picture.empty() || options.table.empty()) {
+        const std::string path =
+            options.picture.empty() ? map_hijri_text(run, 'E') + ".gif" : options.picture;
+        remove_old_leftovers(folder_of(path));
+        save_map_picture(run, list.points(), path);
+        tell_written(path, table_is_output);
+    }
+    return status_done;
+}
+
+} // namespace
+
+Task map_task() {
+    const auto options = std::make_shared<MapOptions>();
+    return {"map", "World map of the stored crescent's visibility",
+            [options](CLI::App& command) {
+                command.add_option("--criterion", options->criterion, "vesk, yallop or saao")
+                    ->type_name("NAME")
+                    ->check(CLI::IsMember({"vesk", "yallop", "saao"}).description(""));
+                command.add_option("--day", options->day, "0 the conjunction's date; 1, 2 days from it")
+                    ->type_name("DAY")
+                    ->check(CLI::Range(0, 2).description(""));
+                command
+                    .add_option("--output", options->picture,
+                                "Picture to write, - for standard output; the Hijri month's name when "
+                                "neither file is given")
+                    ->type_name("FILE.gif");
+                command
+                    .add_option("--csv", options->table,
+                                "Table of every painted point in drawing order, - for standard output")
+                    ->type_name("FILE");
+            },
+            [options](Progress& progress) { return run_map(*options, progress); }};
+}
+
+} // namespace halvane

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "base/progress.h"
+#include "base/twintext.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace CLI {
+class App;
+} // namespace CLI
+
+namespace halvane {
+
+/// A word of the command line and what it does. `run` writes what the task prints to standard output and
+/// returns the exit status.
+struct Task {
+    std::string name;
+    std::string description;
+    std::function<void(CLI::App&)> add_options; ///< may be empty
+    std::function<int(Progress&)> run;
+};
+
+/// Exit statuses of the batch program.
+inline constexpr int status_done = 0;
+inline constexpr int status_failure = 1;
+inline constexpr int status_usage = 2;
+
+/// Every task, in the order of the help.
+std::vector<Task> batch_tasks();
+
+/// The tasks of the rooms beside `prayer`.
+Task phases_task();
+Task crescent_task();
+Task map_task();
+
+/// Prints what keeps a task from starting; gives its exit status.
+int report_refused(const Refusal& refused);
+
+/// Prints the path of a finished report and gives the run's exit status; `refusal` is what a refused run
+/// says.
+int report_written(RunOutcome outcome, const char* report_name, const char* refusal = "");
+
+} // namespace halvane

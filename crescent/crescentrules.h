@@ -1,0 +1,61 @@
+#pragma once
+
+#include "base/twintext.h"
+#include "calendar/hijriconversion.h"
+#include "crescent/conjunction.h"
+#include "stored/visib.h"
+
+#include <array>
+#include <optional>
+#include <string>
+
+namespace halvane {
+
+/// Captions of the three days before a conjunction has been looked for.
+/// In     letter  language: 'A' Arabic, any other English; also of the texts below
+std::array<const char*, 3> day_captions(bool new_crescent, char letter);
+
+/// Captions of the Sun's and the Moon's event at which a crescent is looked for.
+std::array<const char*, 2> event_captions(bool new_crescent, char letter);
+
+/// The Hijri months as the panel's list names them, Muharram first. The sixth has an Arabic spelling of its
+/// own here.
+MonthNames hijri_month_list(char letter);
+
+/// "dd/mm/yyyy  CE".
+std::string day_caption(const DateNumbers& date);
+
+/// The inputs that may hold what has no answer.
+enum class CrescentInput { gregorian_year, hijri_year, user_time };
+
+struct CrescentRefusal {
+    CrescentInput input;
+    Refusal told;
+};
+
+/// What the user is told of a year beyond the theories, or of a time that is used and lies farther from the
+/// day than a stored time may; nothing for choices that can be calculated.
+std::optional<CrescentRefusal> refused_conjunction(const CrescentSettings& settings);
+std::optional<CrescentRefusal> refused_user_time(const CrescentSettings& settings);
+
+/// What the crescent visibility panel keeps between its buttons: the conjunction that its choices have led
+/// to. Any change of the choices drops it, so that no calculation sees one of other choices.
+class CrescentRules {
+public:
+    /// Finds the conjunction of the choices. Reads `pref.vsk` and `loc.vsk`.
+    void prepare(const CrescentSettings& settings) { conjunction_ = find_conjunction(settings); }
+    void reset() { conjunction_.reset(); }
+    bool is_prepared() const { return conjunction_.has_value(); }
+
+    /// The dates to choose from, in the order of the panel: the conjunction's, then one and two days after it
+    /// (new crescent) or before it (old). Only when prepared.
+    std::array<std::string, 3> dates(bool new_crescent) const;
+
+    /// Stores the choices and writes `visib.out`, the whole report or the short one. Only when prepared.
+    void calculate(const CrescentSettings& settings) const;
+
+private:
+    std::optional<Conjunction> conjunction_;
+};
+
+} // namespace halvane

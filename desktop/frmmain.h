@@ -1,0 +1,82 @@
+#pragma once
+
+#include "base/progress.h"
+#include "desktop/mainload.h"
+#include "desktop/nextprayer.h"
+#include "panel/language.h"
+#include "panel/panelsupport.h"
+
+#include <QWidget>
+#include <array>
+#include <memory>
+#include <span>
+
+class QLabel;
+class QPushButton;
+class QTimer;
+
+namespace halvane {
+
+namespace Ui {
+class frmmain;
+}
+
+/// The main panel: today's prayer times, the date and clock lines and a button for every tool.
+class frmmain : public QWidget, private MainPanelFace {
+    Q_OBJECT
+public:
+    /// `panels` are those whose buttons open something; the others do nothing.
+    explicit frmmain(std::span<const Panel> panels = {});
+    ~frmmain() override;
+
+    /// The load step.
+    /// Error  raises RunTimeFailure, see load_main_panel.
+    void load();
+
+    /// Unloads (every other panel closes, the labels return to their design), loads again and shows.
+    void reload();
+
+    void cmdcom_clicked();  ///< runs the prayer report
+    void cmdmoon_clicked(); ///< runs the Moon report
+    void cmdhel_clicked();  ///< shows `help.txt`
+    void cmdext_clicked();  ///< unloads every open form, which ends the program
+    void timertime_event(); ///< refreshes the clock lines, the date of the times, the next prayer's mark
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void show_language(bool english) override;
+    void show_today(const PrayerTimes& times) override;
+    void show_location(const std::string& name) override;
+    void show_date(const std::string& line) override;
+    void show_clock() override;
+
+    void unload();
+    void run_report(const QPushButton& button, RunOutcome (*report)(Progress&), const char* file);
+    void tell_high_latitude();
+    void connect_buttons(std::span<const Panel> panels);
+    void set_icons();
+    void set_sizes();
+    void equalise_columns();
+    void set_arabic_fonts();
+    void mark_next_prayer();
+    static void show_line(QLabel& label, const std::optional<std::string>& line);
+    void mark_column(std::size_t column, const QString& remaining, bool next);
+    void show_series();
+    Language language() const { return state_.isenglish ? Language::english : Language::arabic; }
+
+    std::unique_ptr<Ui::frmmain> ui_;
+    QTimer* timertime_;
+    MainPanelState state_;
+    bool sizing_ = false;
+    std::array<QLabel*, 6> titles_;
+    std::array<QLabel*, 6> times_;
+    std::array<QLabel*, 6> remaining_;
+};
+
+/// The texts of `frmmain`.
+std::span<const Twin> frmmain_twins();
+
+} // namespace halvane

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "desktop/preferencesrules.h"
+#include "panel/language.h"
+
+#include <QDialog>
+#include <memory>
+
+namespace halvane {
+
+namespace Ui {
+class frmpreferences;
+}
+
+/// The preferences panel, the only writer of `pref.vsk`. The constructor loads it; a missing or damaged
+/// record leaves blank what cannot be read.
+class frmpreferences : public QDialog {
+    Q_OBJECT
+public:
+    explicit frmpreferences(QWidget* owner = nullptr);
+    ~frmpreferences() override;
+
+    void cbotwi_click();
+    void cmddef_click();
+    /// Stores, rebuilds the main panel and closes; a negative angle or a value without times is refused.
+    void cmdok_click();
+
+private:
+    void fill_lists();
+    void set_sizes();
+    void show_panel(const PreferencesPanel& panel);
+    void show_angles(const AngleBoxes& angles);
+    PreferencesPanel shown() const;
+    void enable_summer_span(bool enabled);
+    bool is_usable();
+    Language language() const { return form_.english() ? Language::english : Language::arabic; }
+
+    std::unique_ptr<Ui::frmpreferences> ui_;
+    PreferencesRules form_;
+};
+
+} // namespace halvane

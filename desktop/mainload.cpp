@@ -1,0 +1,130 @@
+#include "desktop/mainload.h"
+
+#include "base/failure.h"
+#include "calendar/hijriconversion.h"
+#include "calendar/locationclock.h"
+#include "calendar/moddateconv.h"
+#include "calendar/modday.h"
+#include "calendar/modjul.h"
+#include "calendar/zonetext.h"
+#include "ephemeris/series.h"
+#include "stored/loc.h"
+#include "stored/pref.h"
+
+namespace halvane {
+
+namespace {
+
+constexpr double noon_after_midnight = 0.5; // [d]
+
+/// The main panel spells the months as the conversion panel does.
+std::string month_name(int month, bool english) {
+    return conversion_months(ConversionDirection::civil_to_hijri, english ? 'E' : 'A')
+        .at(static_cast<std::size_t>(month) - 1);
+}
+
+std::string whole(double value) {
+    return std::to_string(static_cast<long>(value));
+}
+
+/// Runs one part of the load step.
+template <class Part>
+void run_part(bool pass_over, Part part) {
+    try {
+        part();
+    } catch (const RunTimeFailure&) {
+        if (!pass_over)
+            throw;
+    }
+}
+
+double julian_day(const MachineTime& date) {
+    double jd = 0;
+    modjul(date.year, date.month, date.day, 0, jd);
+    return jd;
+}
+
+/// The moments of the days about today, which a clock far from the machine's asks for.
+std::vector<PrayerMoment> moments_about(const MainPanelState& state, const PrayerTimes& today) {
+    constexpr int days_around[] = {-1, 1, 2};
+    const double day = day_count_of(state.loaded_at);
+    std::vector<PrayerMoment> moments = prayer_moments(today, day, state.preferences, state.location);
+    for (const int ahead : days_around) {
+        // Today's times stand, whether or not those that only the remaining time asks for can be had.
+        run_part(true, [&] {
+            const PrayerTimes times = today_prayer_times(state.todayjd + ahead);
+            for (const PrayerMoment& moment :
+                 prayer_moments(times, day + ahead, state.preferences, state.location))
+                moments.push_back(moment);
+        });
+    }
+    sort_by_time(moments);
+    return moments;
+}
+
+} // namespace
+
+std::string day_text(const MachineTime& date, bool english) {
+    return modday(julian_day(date) + noon_after_midnight, english ? 0 : 1) + (english ? ", " : "، ") +
+           std::to_string(date.day) + " " + month_name(date.month, english) + " " + std::to_string(date.year);
+}
+
+std::string date_line(const MachineTime& today, double todayjd, bool english) {
+    const HijriDate hijri = hijri_of_day_number(todayjd + noon_after_midnight);
+    return (english ? "Machine's Date: " : "تاريخ الجهاز:  ") + day_text(today, english) + " ( " +
+           whole(hijri.day) + " " + hijri_month_name(hijri.month, english ? 'E' : 'A') + " " +
+           whole(hijri.year) + " )";
+}
+
+std::string clock_line(const std::string& short_time, bool english) {
+    return (english ? "Machine's Time: " : "وقت الجهاز: ") + short_time;
+}
+
+std::optional<std::string> place_clock_line(const MainPanelState& state, const MachineTime& local,
+                                            const MachineTime& universal,
+                                            std::string (*short_time)(const MachineTime&)) {
+    const LocationClock clock = location_clock(state.preferences, state.location, universal);
+    if (agree(clock, local))
+        return std::nullopt;
+    const std::string zone = zone_text(clock.hours_ahead);
+    std::string now = short_time(clock.time);
+    if (!same_day(clock.time, local))
+        now += (state.isenglish ? ", " : "، ") + day_text(clock.time, state.isenglish);
+    return state.isenglish ? "Prayer times follow the location's clock, " + zone + ": now " + now
+                           : "المواقيت بتوقيت الموقع، \u2068" + zone + "\u2069: الآن " + now;
+}
+
+std::optional<std::string> other_day_line(const MainPanelState& state, const MachineTime& local,
+                                          const MachineTime& universal) {
+    const LocationClock clock = location_clock(state.preferences, state.location, universal);
+    if (same_day(state.loaded_at, local) && same_day(state.loaded_at, clock.time))
+        return std::nullopt;
+    return (state.isenglish ? "These are of " : "هذه مواقيت ") + day_text(state.loaded_at, state.isenglish);
+}
+
+void load_main_panel(MainPanelFace& face, MainPanelState& state) {
+    load_termfull();
+    state.location = read_loc();
+    load_term();
+    load_mterm();
+    state.preferences = read_pref();
+    state.isenglish = state.preferences.english;
+    const bool pass_over = !state.isenglish;
+
+    face.show_language(state.isenglish);
+    state.loaded_at = machine_time();
+    modjul(state.loaded_at.year, state.loaded_at.month, state.loaded_at.day, 0, state.todayjd);
+    PrayerTimes times;
+    state.moments.clear();
+    run_part(pass_over, [&] {
+        times = today_prayer_times(state.todayjd);
+        state.moments = moments_about(state, times);
+    });
+    face.show_today(times);
+    face.show_location(state.location.name);
+    run_part(pass_over, [&] { face.show_date(date_line(state.loaded_at, state.todayjd, state.isenglish)); });
+    face.show_clock();
+    run_part(pass_over, [] { load_elp(); });
+}
+
+} // namespace halvane

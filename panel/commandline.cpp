@@ -1,0 +1,36 @@
+#include "panel/commandline.h"
+
+#include "base/version.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <string_view>
+
+namespace halvane {
+
+namespace {
+
+/// A full disk or a closed pipe is a failure.
+int status_of_output() {
+    return std::fflush(stdout) == 0 && std::ferror(stdout) == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+} // namespace
+
+std::optional<int> answer_on_terminal(int count, const char* const* words, const char* name,
+                                      const char* help) {
+    for (int i = 1; i < count; ++i) {
+        const std::string_view word = words[i];
+        if (word == "--version") {
+            std::printf("%s %s\n", name, version);
+            return status_of_output();
+        }
+        if (word == "--help" || word == "-h") {
+            std::printf("Usage: %s [--help] [--version]\n\n%s", name, help);
+            return status_of_output();
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace halvane

@@ -1,0 +1,39 @@
+#include "panel/currentplatform.h"
+
+#include "panel/viewer.h"
+#include "platform/linuxplatform.h"
+#include "stored/programfolder.h"
+
+namespace halvane {
+
+namespace {
+
+void show_in_viewer(const std::string& name) {
+    auto* viewer = new Viewer(QString::fromStdString(program_path(name)));
+    viewer->setAttribute(Qt::WA_DeleteOnClose);
+    viewer->showMaximized();
+    viewer->raise();
+    viewer->activateWindow();
+}
+
+Platform*& replacement() {
+    static Platform* current = nullptr;
+    return current;
+}
+
+} // namespace
+
+Platform& platform() {
+    return replacement() != nullptr ? *replacement() : own_platform();
+}
+
+Platform& own_platform() {
+    static LinuxPlatform own(show_in_viewer);
+    return own;
+}
+
+void set_platform(Platform* other) {
+    replacement() = other;
+}
+
+} // namespace halvane

@@ -1,0 +1,115 @@
+#include "panel/language.h"
+
+#include "stored/pref.h"
+#include "stored/programfolder.h"
+
+#include <QAbstractButton>
+#include <QCoreApplication>
+#include <QFontDatabase>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLibraryInfo>
+#include <QStyle>
+#include <QTranslator>
+#include <QVariant>
+#include <QWidget>
+
+namespace halvane {
+
+namespace {
+
+void set_caption(QWidget& control, const QString& text) {
+    if (auto* label = qobject_cast<QLabel*>(&control))
+        label->setText(text);
+    else if (auto* button = qobject_cast<QAbstractButton*>(&control))
+        button->setText(text);
+    else if (auto* frame = qobject_cast<QGroupBox*>(&control))
+        frame->setTitle(text);
+    else
+        control.setWindowTitle(text);
+}
+
+constexpr const char* designed_alignment = "designed_alignment";
+
+/// A label takes its side from the direction of its own text; here it takes it from the panel's.
+void align_label(QLabel& label) {
+    QVariant designed = label.property(designed_alignment);
+    if (!designed.isValid()) {
+        designed = static_cast<int>(label.alignment());
+        label.setProperty(designed_alignment, designed);
+    }
+    label.setAlignment(QStyle::visualAlignment(label.layoutDirection(), Qt::Alignment(designed.toInt())) |
+                       Qt::AlignAbsolute);
+}
+
+void apply_twin(QWidget& form, const Twin& twin, Language language) {
+    const QString text = text_of(twin, language);
+    const QStringList target = QString::fromLatin1(twin.control).split(u'@');
+    QWidget* control =
+        target[0].isEmpty() || target[0] == form.objectName() ? &form : form.findChild<QWidget*>(target[0]);
+    if (control == nullptr)
+        return;
+    if (target.size() == 1)
+        set_caption(*control, text);
+    else if (target[1] == QLatin1String("spoken"))
+        control->setAccessibleName(text);
+    else
+        control->setToolTip(text);
+}
+
+} // namespace
+
+Language stored_language() {
+    return read_pref().english ? Language::english : Language::arabic;
+}
+
+QString text_of(const Twin& twin, Language language) {
+    return text_of(TwinText{twin.english, twin.arabic}, language);
+}
+
+QString text_of(const TwinText& twin, Language language) {
+    return QString::fromUtf8(language == Language::english ? twin.english : twin.arabic);
+}
+
+void apply_language(QWidget& form, std::span<const Twin> twins, Language language) {
+    form.setLayoutDirection(language == Language::english ? Qt::LeftToRight : Qt::RightToLeft);
+    for (const Twin& twin : twins)
+        apply_twin(form, twin, language);
+    for (QLabel* label : form.findChildren<QLabel*>()) {
+        align_label(*label);
+        // What a label shows may be the user's own text, which is no markup.
+        if (label->textFormat() == Qt::AutoText)
+            label->setTextFormat(Qt::PlainText);
+    }
+}
+
+void keep_left_to_right(QWidget& control) {
+    control.setLayoutDirection(Qt::LeftToRight);
+}
+
+bool set_font_if_present(QWidget& control, const QString& family, double points) {
+    if (!QFontDatabase::hasFamily(family))
+        return false;
+    QFont font = control.font();
+    font.setFamily(family);
+    font.setPointSizeF(points);
+    control.setFont(font);
+    return true;
+}
+
+void use_standard_texts(Language language) {
+    static QTranslator arabic;
+    QCoreApplication::removeTranslator(&arabic);
+    if (language == Language::english)
+        return;
+    const QString name = QStringLiteral("qtbase_ar");
+    if (arabic.load(name, QString::fromStdString(program_path("translations"))) ||
+        arabic.load(name, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(&arabic);
+}
+
+QString isolated(const QString& text) {
+    return QChar(0x2068) + text + QChar(0x2069);
+}
+
+} // namespace halvane

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "base/twintext.h"
+
+#include <QString>
+#include <span>
+
+class QWidget;
+
+namespace halvane {
+
+enum class Language { english, arabic };
+
+/// The language of `pref.vsk`.
+/// Error  raises RunTimeFailure for a missing or damaged file.
+Language stored_language();
+
+/// One row of a form's table of texts. `control` is the objectName of the control; an empty name, or the
+/// form's own, stands for the window title. "name@spoken" is the name a screen reader says for a control that
+/// has no label of its own, "name@tip" its tool tip. Texts are UTF-8 with "&" before the access key.
+struct Twin {
+    const char* control;
+    const char* english;
+    const char* arabic;
+};
+
+/// The text of `twin` in `language`.
+QString text_of(const Twin& twin, Language language);
+QString text_of(const TwinText& twin, Language language);
+
+/// Puts the texts of `twins` in place and gives the form the direction of the language. Labels and inputs
+/// mirror with it; controls marked by keep_left_to_right do not.
+void apply_language(QWidget& form, std::span<const Twin> twins, Language language);
+
+/// The control keeps its direction in Arabic: maps, dials, number tables and plain figures.
+void keep_left_to_right(QWidget& control);
+
+/// Sets a font of the Arabic design where the machine has it; else the control keeps its own font.
+/// In     family, points  as the design names them
+/// Returns whether the font was set.
+bool set_font_if_present(QWidget& control, const QString& family, double points);
+
+/// Gives Qt's own texts (the menus of entry boxes, the file and print dialogs) the language; a missing
+/// translation is passed over.
+void use_standard_texts(Language language);
+
+/// `text` wrapped so that it keeps its inner order within text of the other direction.
+QString isolated(const QString& text);
+
+} // namespace halvane

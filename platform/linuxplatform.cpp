@@ -1,0 +1,91 @@
+#include "platform/linuxplatform.h"
+
+#include "platform/desktopentry.h"
+#include "platform/runningprograms.h"
+#include "platform/topmost.h"
+#include "stored/textfile.h"
+
+#include <QLocale>
+#include <QProcess>
+#include <QTime>
+#include <QWidget>
+#include <cstdlib>
+#include <filesystem>
+#include <pwd.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace halvane {
+
+namespace {
+
+std::filesystem::path home_folder() {
+    const char* home = std::getenv("HOME");
+    if (home != nullptr && std::filesystem::path(home).is_absolute())
+        return home;
+    const passwd* user = ::getpwuid(::getuid());
+    return user != nullptr && user->pw_dir != nullptr ? user->pw_dir : "/";
+}
+
+/// A path that is not absolute is to be ignored (XDG Base Directory Specification, 0.8).
+std::filesystem::path configuration_folder() {
+    const char* config = std::getenv("XDG_CONFIG_HOME");
+    if (config != nullptr && std::filesystem::path(config).is_absolute())
+        return config;
+    return home_folder() / ".config";
+}
+
+/// The one folder of shortcuts that this system knows.
+std::filesystem::path autostart_entry(const std::string& name) {
+    return configuration_folder() / "autostart" / (name + ".desktop");
+}
+
+/// The program that goes with the package: where the series beside `target` are links, that beside the files
+/// they lead to, since a user's own copy stays when the package is removed; else `target` itself.
+std::string delivered_program(const std::string& target) {
+    std::error_code error;
+    const std::filesystem::path own(target);
+    const std::filesystem::path series = std::filesystem::canonical(own.parent_path() / "term.vsk", error);
+    const std::filesystem::path delivered = series.parent_path() / own.filename();
+    return !error && std::filesystem::is_regular_file(delivered, error) ? delivered.string() : target;
+}
+
+} // namespace
+
+void LinuxPlatform::show_text_file(const std::string& name) {
+    show_text_(name);
+}
+
+std::string LinuxPlatform::short_time(int hour, int minute, int second) {
+    const QLocale locale = QLocale::system();
+    const QTime time(hour, minute, second);
+    // The format of the C locale shows seconds, which no user of a short format expects.
+    const QString text = locale.language() == QLocale::C ? time.toString(QStringLiteral("HH:mm"))
+                                                         : locale.toString(time, QLocale::ShortFormat);
+    return text.toStdString();
+}
+
+void LinuxPlatform::keep_on_top(void* panel, bool on_top) {
+    static TopMost kept;
+    kept.keep(*static_cast<QWidget*>(panel), on_top);
+}
+
+void LinuxPlatform::create_shortcut(const Shortcut& shortcut) {
+    const std::filesystem::path entry = autostart_entry(shortcut.name);
+    std::filesystem::create_directories(entry.parent_path());
+    save_text_file(entry.string(), desktop_entry(shortcut, delivered_program(shortcut.target)));
+}
+
+void LinuxPlatform::delete_shortcut(const std::string&, const std::string& name) {
+    std::filesystem::remove(autostart_entry(name));
+}
+
+bool LinuxPlatform::is_running(const std::string&, const std::string& executable) {
+    return user_runs(executable);
+}
+
+void LinuxPlatform::start_minimised(const std::string& path, const std::string& working_folder) {
+    QProcess::startDetached(QString::fromStdString(path), {}, QString::fromStdString(working_folder));
+}
+
+} // namespace halvane

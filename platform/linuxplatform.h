@@ -1,0 +1,26 @@
+#pragma once
+
+#include "platform/platform.h"
+
+namespace halvane {
+
+/// Linux with X11 or Wayland: programs start with the session by
+/// entries of the XDG autostart folder, a running program is known by its executable's name.
+class LinuxPlatform : public Platform {
+public:
+    /// In     show_text  how the program shows a text file of its folder by its bare name
+    explicit LinuxPlatform(void (*show_text)(const std::string& name)) : show_text_(show_text) {}
+
+    void show_text_file(const std::string& name) override;
+    std::string short_time(int hour, int minute, int second) override;
+    void keep_on_top(void* panel, bool on_top) override;
+    void create_shortcut(const Shortcut& shortcut) override;
+    void delete_shortcut(const std::string& folder, const std::string& name) override;
+    bool is_running(const std::string& window_title, const std::string& executable) override;
+    void start_minimised(const std::string& path, const std::string& working_folder) override;
+
+private:
+    void (*show_text_)(const std::string& name);
+};
+
+} // namespace halvane

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "base/progress.h"
+
+namespace halvane {
+
+/// The Moon report: writes `mresults.out` for the stored period and location.
+/// Reads `pref.vsk`, `date.vsk`, `loc.vsk`; runs with `tdtinput` 0.
+/// Returns cancelled with the rows so far and the remarks in the file.
+/// Error  raises RunTimeFailure; an earlier `mresults.out` then stands.
+RunOutcome write_moon_report(Progress& progress);
+
+/// The Moon's rise and set of the day `crescentjd` with `summeractive` summer hours: fills `moonriseout` and
+/// `moonsetout`.
+void cmdmoon_for_crescent();
+
+} // namespace halvane

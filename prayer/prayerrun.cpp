@@ -1,0 +1,112 @@
+#include "prayer/prayerrun.h"
+
+#include "base/machineclock.h"
+#include "calendar/moddeltat.h"
+#include "events/modriseset.h"
+#include "prayer/crescentmode.h"
+#include "prayer/highlatitude.h"
+#include "prayer/prayerreport.h"
+#include "report/reportrun.h"
+#include "stored/programfolder.h"
+
+#include <optional>
+#include <vector>
+
+namespace halvane {
+
+const TwinMessage high_latitude_message{
+    {"High-Latitude Error!", "خطأ"},
+    {"The Alternative Method Does Not Work Above Latitude 65. Please Disable The High-Latitude Alternative "
+     "Method Calculations From The Preferences Menu!",
+     "طريقة حساب المواقيت البديلة لا تصلح بعد خط عرض 65، يرجى عدم تفعيل خيار حساب المواقيت البديلة لمناطق "
+     "خطوط العرض العليا من قائمة الخيارات"}};
+
+namespace {
+
+/// The alternative method works on a whole calendar year.
+bool forces_year(const PrayerSettings& settings) {
+    return settings.high_latitude && settings.latitude > lowest_alternative_latitude &&
+           settings.latitude <= highest_alternative_latitude;
+}
+
+class PrayerReportRun {
+public:
+    PrayerReportRun(Progress& progress, const PrayerSettings& settings)
+        : progress_(progress), settings_(settings), forced_year_(forces_year(settings)),
+          report_(program_path("results.out")) {}
+
+    RunOutcome run(const CalculationDate& date) {
+        const CalculationPeriod period = calculation_period(date);
+        days_ = forced_year_ ? days_of({period.start.year, 1, 1}, {period.start.year, 12, 31})
+                             : days_of(period.start, period.end);
+        const SwitchGuard angles(forcedtwilight,
+                                 forced_year_ ? std::optional(alternative_twilight_angle) : std::nullopt);
+        const Preferences& preferences = settings_.preferences;
+        write_prayer_head(report_, settings_, report_period(date, days_),
+                          forcedtwilight.value_or(preferences.fajer_angle),
+                          forcedtwilight.value_or(preferences.isha_angle));
+        const RunOutcome outcome = write_days();
+        if (outcome != RunOutcome::refused)
+            write_prayer_closing(report_);
+        report_.commit();
+        return outcome;
+    }
+
+private:
+    RunOutcome write_days() {
+        for (double jd = days_.first; jd <= days_.last; jd += 1) {
+            tell_progress(progress_, days_, jd);
+            const PrayerDay day = prayer_day(settings_, jd, summer_hours_of(settings_.preferences, jd));
+            if (day.refused)
+                return RunOutcome::refused;
+            if (forced_year_)
+                stored_.push_back(alternative_day(day, row_date(jd)));
+            else
+                write_prayer_row(report_, settings_.precision, day.summer_hours == 1, row_date(jd), day.times,
+                                 ++rows_);
+            if (!progress_.yield())
+                return RunOutcome::cancelled;
+        }
+        for (const SmoothedDay& day : forced_year_ ? smoothed_year(stored_) : std::vector<SmoothedDay>())
+            write_smoothed_row(report_, day, ++rows_);
+        return RunOutcome::done;
+    }
+
+    Progress& progress_;
+    const PrayerSettings& settings_;
+    bool forced_year_;
+    Report report_;
+    RunDays days_;
+    std::vector<AlternativeDay> stored_;
+    int rows_ = 0;
+};
+
+} // namespace
+
+RunOutcome write_prayer_report(Progress& progress) {
+    const TdtSpan universal_time(0);
+    PrayerSettings settings = read_prayer_settings(DayMode::report);
+    const CalculationDate date = read_date();
+    if (forces_year(settings))
+        settings.precision = 1;
+    return PrayerReportRun(progress, settings).run(date);
+}
+
+PrayerTimes today_prayer_times(double todayjd) {
+    const TdtSpan universal_time(0);
+    // The main panel may be loaded again in the middle of a report with forced angles.
+    const SwitchGuard angles(forcedtwilight, std::nullopt);
+    const PrayerSettings settings = read_prayer_settings(DayMode::today);
+    read_date();
+    return prayer_day(settings, todayjd, summer_hours_of(settings.preferences, todayjd)).times;
+}
+
+void cmdcom_for_crescent() {
+    const PrayerSettings settings = read_prayer_settings(DayMode::crescent);
+    const PrayerDay day = prayer_day(settings, crescentjd, summeractive);
+    if (!day.keeps_sunrise)
+        sunriseout = day.sunrise;
+    sunsetout = day.sunset;
+}
+
+} // namespace halvane

@@ -1,0 +1,179 @@
+#include "stored/loclist.h"
+
+#include "base/failure.h"
+#include "stored/programfolder.h"
+#include "stored/record.h"
+#include "stored/storedfile.h"
+#include "stored/textfile.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/file.h>
+#include <system_error>
+#include <thread>
+
+namespace halvane {
+namespace {
+
+constexpr const char* list_name = "loc.txt";
+/// What a broken edit of an earlier version has left.
+constexpr std::string_view earlier_working_copy = "temp.txt";
+
+bool flag_of(RecordReader& reader) {
+    return reader.number() == 1;
+}
+
+Location parse(RecordReader& reader) {
+    Location record;
+    record.name = reader.text();
+    record.latitude_degrees = reader.number();
+    record.latitude_minutes = reader.number();
+    record.latitude_seconds = reader.number();
+    record.longitude_degrees = reader.number();
+    record.longitude_minutes = reader.number();
+    record.longitude_seconds = reader.number();
+    record.north = flag_of(reader);
+    record.east = flag_of(reader);
+    record.zone = reader.number();
+    record.elevation = reader.number();
+    record.city_offset = reader.number();
+    record.pressure = reader.number();
+    record.temperature = reader.number();
+    record.south = !record.north;
+    record.west = !record.east;
+    return record;
+}
+
+void fill(RecordReader& reader, std::vector<Location>& locations) {
+    while (!reader.at_end()) {
+        reader.start_record();
+        locations.push_back(parse(reader));
+    }
+}
+
+std::string format(const Location& record) {
+    RecordWriter writer;
+    writer.text(record.name)
+        .number(record.latitude_degrees)
+        .number(record.latitude_minutes)
+        .number(record.latitude_seconds)
+        .number(record.longitude_degrees)
+        .number(record.longitude_minutes)
+        .number(record.longitude_seconds)
+        .number(record.north ? 1 : 0)
+        .number(record.east ? 1 : 0)
+        .number(record.zone)
+        .number(record.elevation)
+        .number(record.city_offset)
+        .number(record.pressure)
+        .number(record.temperature);
+    return writer.line();
+}
+
+/// The one edit of the list in this moment, by whatever process. What is locked is the program folder: the
+/// list itself is replaced by every edit, and a file of its own would stay behind.
+class ListEdit {
+public:
+    ListEdit() : list_(program_path(list_name)) {
+        folder_ = Descriptor(::open(program_folder().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+        const auto given_up = std::chrono::steady_clock::now() + longest_wait;
+        while (!folder_.is_open() || ::flock(folder_.number(), LOCK_EX | LOCK_NB) != 0) {
+            const bool is_held = folder_.is_open() && (errno == EWOULDBLOCK || errno == EINTR);
+            if (!is_held || std::chrono::steady_clock::now() >= given_up)
+                give_up(is_held);
+            std::this_thread::sleep_for(between_looks);
+        }
+    }
+
+    std::string content() const { return read_text_file(list_); }
+    void replace(std::string_view content) const { save_text_file(list_, content); }
+
+private:
+    [[noreturn]] void give_up(bool is_held) const {
+        if (!is_held)
+            throw file_failure(FileAction::write, list_, errno);
+        throw RunTimeFailure(TwinWords{"Cannot write " + list_ + ": another program is changing it.",
+                                       "لا تمكن كتابة " + list_ + ": برنامج آخر يعدلها الآن."},
+                             FailureKind::system);
+    }
+
+    static constexpr auto longest_wait = std::chrono::seconds(10);
+    static constexpr auto between_looks = std::chrono::milliseconds(2);
+    std::string list_;
+    Descriptor folder_;
+};
+
+std::vector<Location> locations_of(const std::string& text, const std::string& path) {
+    RecordReader reader(text, path);
+    std::vector<Location> locations;
+    fill(reader, locations);
+    return locations;
+}
+
+/// Writes the list again without the records of that name and with `added` behind the others.
+void rewrite_list(std::string_view name, const std::string& added) {
+    const ListEdit edit;
+    const std::string left_out = listed_name(name);
+    std::string lines;
+    for (const Location& location : locations_of(edit.content(), program_path(list_name)))
+        if (location.name != left_out)
+            lines += format(location);
+    edit.replace(lines + added);
+    std::error_code ignored;
+    std::filesystem::remove(program_path(earlier_working_copy), ignored);
+}
+
+} // namespace
+
+std::vector<Location> read_location_list() {
+    const std::string path = program_path(list_name);
+    return locations_of(read_text_file(path), path);
+}
+
+std::vector<Location> readable_location_list() {
+    return read_while_sound(list_name, std::vector<Location>(), fill);
+}
+
+std::optional<Location> find_location(std::string_view name) {
+    const std::string path = program_path(list_name);
+    const std::string text = read_text_file(path);
+    RecordReader reader(text, path);
+    while (!reader.at_end()) {
+        reader.start_record();
+        if (Location location = parse(reader); location.name == name)
+            return location;
+    }
+    return std::nullopt;
+}
+
+std::string listed_name(std::string_view name) {
+    std::string listed(name);
+    std::replace(listed.begin(), listed.end(), '"', '\'');
+    return listed;
+}
+
+bool add_location(const Location& location) {
+    const std::string name = listed_name(location.name);
+    const ListEdit edit;
+    std::string content = edit.content();
+    const std::vector<Location> present = locations_of(content, program_path(list_name));
+    if (std::any_of(present.begin(), present.end(), [&name](const Location& l) { return l.name == name; }))
+        return false;
+    if (!content.empty() && content.back() != '\n')
+        content += content.back() == '\r' ? "\n" : "\r\n";
+    edit.replace(content + format(location));
+    return true;
+}
+
+void modify_location(const Location& location) {
+    rewrite_list(location.name, format(location));
+}
+
+void delete_location(std::string_view name) {
+    rewrite_list(name, {});
+}
+
+} // namespace halvane

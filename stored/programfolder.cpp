@@ -1,0 +1,61 @@
+#include "stored/programfolder.h"
+
+#include <array>
+#include <filesystem>
+#include <system_error>
+
+namespace halvane {
+namespace {
+
+std::string& folder() {
+    static std::string value = executable_folder();
+    return value;
+}
+
+unsigned generation = 0;
+
+std::string joined(const std::string& base, std::string_view name) {
+    return (std::filesystem::path(base) / name).string();
+}
+
+bool holds_series(const std::string& base) {
+    static constexpr std::array<std::string_view, 4> names{"termfull.vsk", "term.vsk", "mterm.vsk",
+                                                           "elp.vsk"};
+    for (const std::string_view name : names) {
+        std::error_code ignored;
+        if (std::filesystem::exists(joined(base, name), ignored))
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+const std::string& program_folder() {
+    return folder();
+}
+
+void set_program_folder(const std::string& value) {
+    folder() = value;
+    ++generation;
+}
+
+unsigned program_folder_generation() {
+    return generation;
+}
+
+std::string executable_folder() {
+    std::error_code error;
+    const std::filesystem::path executable = std::filesystem::read_symlink("/proc/self/exe", error);
+    return error ? std::string(".") : executable.parent_path().string();
+}
+
+std::string program_path(std::string_view name) {
+    return joined(program_folder(), name);
+}
+
+std::string series_path(std::string_view name) {
+    return joined(holds_series(program_folder()) ? program_folder() : executable_folder(), name);
+}
+
+} // namespace halvane

@@ -127,6 +127,7 @@ class Ground:
             "LC_ALL": "C.UTF-8",
             "QT_QPA_PLATFORM": "offscreen",
             "QT_LOGGING_RULES": "*=false",
+            "LSAN_OPTIONS": f"suppressions={self.source / 'tests/leaks.supp'}:print_suppressions=0",
             **more,
         }
 

@@ -3,6 +3,7 @@
 #include "alerts/alertwindow.h"
 #include "alerts/soundplayer.h"
 #include "prayer/alertschedule.h"
+#include "routines/series.h"
 
 #include <QMenu>
 #include <QObject>
@@ -54,7 +55,7 @@ private:
     void handle(const Alert& alert);
 
     AlertSounds& sounds_;
-    AlertSchedule schedule_;
+    AlertSchedule schedule_{loaded_theory()};
     AlertWindow alert_window_;
     QWidget main_window_;
     QLabel* lblcoming_;

@@ -1,10 +1,10 @@
 #include "alerts/alertprogram.h"
 #include "alerts/onlycopy.h"
-#include "ephemeris/series.h"
 #include "panel/application.h"
 #include "panel/commandline.h"
 #include "panel/panelstyle.h"
 #include "panel/panelsupport.h"
+#include "routines/series.h"
 #include "stored/programfolder.h"
 #include "stored/unfinishedfile.h"
 

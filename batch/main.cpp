@@ -5,7 +5,7 @@
 #include "batch/console.h"
 #include "batch/nearestname.h"
 #include "batch/tasks.h"
-#include "ephemeris/series.h"
+#include "routines/series.h"
 #include "stored/outputfile.h"
 #include "stored/programfolder.h"
 #include "stored/unfinishedfile.h"

@@ -4,7 +4,7 @@
 #include "crescent/conjunction.h"
 #include "crescent/crescentrules.h"
 #include "crescent/maptexts.h"
-#include "ephemeris/series.h"
+#include "routines/series.h"
 #include "stored/outputfile.h"
 #include "stored/unfinishedfile.h"
 
@@ -59,11 +59,12 @@ Criterion criterion_of(const std::string& name) {
 }
 
 MapRun map_run(const CrescentSettings& settings, const MapOptions& options) {
-    find_conjunction(settings);
+    Ephemeris ephemeris(loaded_theory());
+    find_conjunction(ephemeris, settings);
     MapRun run;
     run.criterion = criterion_of(options.criterion);
     run.kind = settings.new_crescent ? CrescentKind::new_crescent : CrescentKind::old_crescent;
-    run.conjunction = map_conjunction();
+    run.conjunction = map_conjunction(ephemeris);
     run.day = map_day(run.conjunction, run.kind, options.day);
     return run;
 }
@@ -91,7 +92,7 @@ int run_map(const MapOptions& options, Progress& progress) {
         return report_refused(refused->told);
     const MapRun run = map_run(settings, options);
     PointList list(progress);
-    if (!draw_visibility_map(run, list)) {
+    if (!draw_visibility_map(loaded_theory(), run, list)) {
         std::cerr << "Cancelled: no map has been written.\n";
         return status_failure;
     }

@@ -1,12 +1,12 @@
 #include "batch/tasks.h"
 
 #include "base/numberformat.h"
+#include "base/record.h"
 #include "crescent/crescentreport.h"
 #include "crescent/crescentrules.h"
-#include "ephemeris/series.h"
 #include "phases/phasereport.h"
+#include "routines/series.h"
 #include "stored/phase.h"
-#include "stored/record.h"
 
 #include <CLI/CLI.hpp>
 
@@ -47,7 +47,7 @@ Task phases_task() {
                 for (const auto& refused : {refused_phase_year(run), refused_delta_t(run)})
                     if (refused)
                         return report_refused(*refused);
-                return report_written(write_phases(run, progress), "results.out");
+                return report_written(write_phase_report(loaded_theory(), run, progress), "results.out");
             }};
 }
 
@@ -59,7 +59,8 @@ Task crescent_task() {
             for (const auto& refused : {refused_conjunction(settings), refused_user_time(settings)})
                 if (refused)
                     return report_refused(refused->told);
-            write_crescent_report(settings, find_conjunction(settings));
+            Ephemeris ephemeris(loaded_theory());
+            write_crescent_report(loaded_theory(), settings, find_conjunction(ephemeris, settings));
             return report_written(RunOutcome::done, "visib.out");
         }};
 }

@@ -3,10 +3,10 @@
 #include "base/machineclock.h"
 #include "calendar/modjul.h"
 #include "calendar/yearlimits.h"
-#include "ephemeris/series.h"
 #include "prayer/moonrun.h"
 #include "prayer/prayerrun.h"
 #include "qibla/qiblahrun.h"
+#include "routines/series.h"
 #include "stored/date.h"
 #include "stored/programfolder.h"
 #include "tables/ephemeristable.h"
@@ -23,7 +23,8 @@ int run_prayer(Progress& progress) {
         return report_refused(*refused);
     load_term();
     load_mterm();
-    return report_written(write_prayer_report(progress), "results.out", high_latitude_message.text.english);
+    return report_written(write_prayer_report(loaded_theory(), progress), "results.out",
+                          high_latitude_message.text.english);
 }
 
 int run_moon(Progress& progress) {
@@ -31,7 +32,7 @@ int run_moon(Progress& progress) {
         return report_refused(*refused);
     load_mterm();
     load_elp();
-    return report_written(write_moon_report(progress), "mresults.out");
+    return report_written(write_moon_report(loaded_theory(), progress), "mresults.out");
 }
 
 int run_today(Progress& /*progress*/) {
@@ -40,7 +41,7 @@ int run_today(Progress& /*progress*/) {
     const MachineTime now = machine_time();
     double todayjd = 0;
     modjul(now.year, now.month, now.day, 0, todayjd);
-    const PrayerTimes times = today_prayer_times(todayjd);
+    const PrayerTimes times = today_prayer_times(loaded_theory(), todayjd);
     std::cout << "Fajer " << times.fajer << "\nShuroq " << times.shuroq << "\nDhohur " << times.dhohur
               << "\nAser " << times.aser << "\nMaghreb " << times.maghreb << "\nIsha " << times.isha << "\n";
     return status_done;
@@ -51,7 +52,8 @@ int run_qibla(Progress& progress, QiblahMark mark) {
         return report_refused(*refused);
     load_term();
     load_mterm();
-    return report_written(write_qiblah_report(progress, stored_qiblah_direction(), mark), "results.out");
+    return report_written(write_qiblah_report(loaded_theory(), progress, stored_qiblah_direction(), mark),
+                          "results.out");
 }
 
 int run_ephemeris(Progress& progress) {
@@ -61,7 +63,7 @@ int run_ephemeris(Progress& progress) {
     const EphemerisSettings settings = read_coor();
     if (const auto refused = refused_table(settings))
         return report_refused(refused->told);
-    return report_written(write_ephemeris_table(settings, progress), "ephemeris.out",
+    return report_written(write_ephemeris_report(loaded_theory(), settings, progress), "ephemeris.out",
                           end_before_start.text.english);
 }
 
@@ -72,7 +74,7 @@ int run_telescope(Progress& /*progress*/) {
     const TelescopeSettings settings = read_tele();
     if (const auto refused = refused_year(settings.year, theory_years))
         return report_refused(*refused);
-    const std::optional<TelescopePointing> pointing = telescope_pointing(settings);
+    const std::optional<TelescopePointing> pointing = telescope_pointing(loaded_theory(), settings);
     if (!pointing) {
         std::cerr << moon_below_horizon.text.english << "\n";
         return status_failure;

@@ -3,6 +3,8 @@
 #include "crescent/visibilitymap.h"
 #include "ephemeris/series.h"
 #include "phases/phasereport.h"
+#include "routines/namedengine.h"
+#include "routines/series.h"
 #include "tools/measuring/scratchfolder.h"
 
 #include <benchmark/benchmark.h>
@@ -17,7 +19,7 @@ void phases_of_a_year(benchmark::State& state, bool geocentric) {
     bench::NoProgress progress;
     const PhaseYear year = phase_year({"2026", geocentric, true}, proposed_delta_t("2026"));
     for ([[maybe_unused]] auto step : state)
-        write_phases(year, progress);
+        write_phase_report(loaded_theory(), year, progress);
 }
 BENCHMARK_CAPTURE(phases_of_a_year, geocentric, true)
     ->Name("phase report of a year, geocentric")
@@ -31,7 +33,7 @@ void crescent_report(benchmark::State& state) {
     load_series();
     const CrescentSettings& settings = read_visib();
     for ([[maybe_unused]] auto step : state)
-        write_crescent_report(settings, find_conjunction(settings));
+        write_crescent_report(loaded_theory(), settings, find_conjunction(named_ephemeris(), settings));
 }
 BENCHMARK(crescent_report)->Name("crescent report")->Unit(benchmark::kMicrosecond);
 
@@ -45,14 +47,14 @@ public:
 void visibility_map(benchmark::State& state, Criterion criterion) {
     const ScratchFolder folder;
     load_series();
-    find_conjunction(read_visib());
+    find_conjunction(named_ephemeris(), read_visib());
     MapRun run;
     run.criterion = criterion;
-    run.conjunction = map_conjunction();
+    run.conjunction = map_conjunction(named_ephemeris());
     run.day = map_day(run.conjunction, run.kind, 1);
     for ([[maybe_unused]] auto step : state) {
         CountedPoints points;
-        draw_visibility_map(run, points);
+        draw_visibility_map(loaded_theory(), run, points);
         benchmark::DoNotOptimize(points.count);
     }
 }

@@ -1,7 +1,9 @@
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/series.h"
-#include "events/modlowriseset.h"
-#include "events/modriseset.h"
+#include "events/lowriseset.h"
+#include "events/riseset.h"
+#include "routines/riseset.h"
+#include "routines/series.h"
 #include "tools/measuring/scratchfolder.h"
 
 #include <benchmark/benchmark.h>

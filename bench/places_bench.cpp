@@ -1,9 +1,13 @@
 #include "ephemeris/coordinates.h"
-#include "ephemeris/earthorientation.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/moon.h"
 #include "ephemeris/series.h"
 #include "ephemeris/sun.h"
+#include "routines/coordinates.h"
+#include "routines/earthorientation.h"
+#include "routines/moon.h"
+#include "routines/series.h"
+#include "routines/sun.h"
 #include "tools/measuring/scratchfolder.h"
 
 #include <benchmark/benchmark.h>

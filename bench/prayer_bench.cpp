@@ -5,6 +5,8 @@
 #include "prayer/moonrun.h"
 #include "prayer/prayerday.h"
 #include "prayer/prayerrun.h"
+#include "routines/namedengine.h"
+#include "routines/series.h"
 #include "tools/measuring/scratchfolder.h"
 
 #include <benchmark/benchmark.h>
@@ -19,7 +21,7 @@ void day_of_prayers(benchmark::State& state) {
     const PrayerSettings settings = read_prayer_settings(DayMode::report);
     double jd = epoch_j2000 - 0.5;
     for ([[maybe_unused]] auto step : state)
-        benchmark::DoNotOptimize(prayer_day(settings, jd += 1, 0));
+        benchmark::DoNotOptimize(prayer_day(named_ephemeris(), settings, jd += 1, 0));
 }
 BENCHMARK(day_of_prayers)->Unit(benchmark::kMicrosecond);
 
@@ -28,17 +30,17 @@ void day_of_the_moon(benchmark::State& state) {
     load_series();
     double jd = epoch_j2000 - 0.5;
     for ([[maybe_unused]] auto step : state)
-        benchmark::DoNotOptimize(moon_day(read_pref(), read_loc(), jd += 1, 0));
+        benchmark::DoNotOptimize(moon_day(named_ephemeris(), read_pref(), read_loc(), jd += 1, 0));
 }
 BENCHMARK(day_of_the_moon)->Unit(benchmark::kMicrosecond);
 
-void report_of_a_year(benchmark::State& state, RunOutcome (*report)(Progress&)) {
+void report_of_a_year(benchmark::State& state, RunOutcome (*report)(const TheoryPointer&, Progress&)) {
     const ScratchFolder folder;
     load_series();
     store_year(2026);
     bench::NoProgress progress;
     for ([[maybe_unused]] auto step : state)
-        report(progress);
+        report(loaded_theory(), progress);
 }
 BENCHMARK_CAPTURE(report_of_a_year, prayers, write_prayer_report)
     ->Name("prayer report of a year")

@@ -3,6 +3,8 @@
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/series.h"
 #include "qibla/qiblahrun.h"
+#include "routines/namedengine.h"
+#include "routines/series.h"
 #include "tools/measuring/scratchfolder.h"
 
 #include <benchmark/benchmark.h>
@@ -21,7 +23,7 @@ void day_of_the_qiblah(benchmark::State& state) {
     moddeltat(epoch_j2000, search.delta_t);
     double jd = epoch_j2000 - 0.5;
     for ([[maybe_unused]] auto step : state)
-        benchmark::DoNotOptimize(qiblah_day(search, jd += 1, 0));
+        benchmark::DoNotOptimize(qiblah_day(named_ephemeris(), search, jd += 1, 0));
 }
 BENCHMARK(day_of_the_qiblah)->Unit(benchmark::kMicrosecond);
 
@@ -31,7 +33,7 @@ void qiblah_report_of_a_year(benchmark::State& state, QiblahMark mark) {
     store_year(2026);
     bench::NoProgress progress;
     for ([[maybe_unused]] auto step : state)
-        write_qiblah_report(progress, stored_qiblah_direction(), mark);
+        write_qiblah_report(loaded_theory(), progress, stored_qiblah_direction(), mark);
 }
 BENCHMARK_CAPTURE(qiblah_report_of_a_year, sun, QiblahMark::sun)
     ->Name("Qiblah report of a year, the Sun")

@@ -1,10 +1,10 @@
+#include "base/switchguard.h"
 #include "bench/noprogress.h"
 #include "bench/programrun.h"
 #include "bench/swisswork.h"
 #include "bench/timing.h"
 #include "bench/yearofhours.h"
 #include "calendar/moddeltat.h"
-#include "calendar/switchguard.h"
 #include "crescent/circumstances.h"
 #include "crescent/conjunction.h"
 #include "crescent/visibilitymap.h"
@@ -20,6 +20,8 @@
 #include "prayer/moonrun.h"
 #include "prayer/prayerday.h"
 #include "prayer/prayerrun.h"
+#include "routines/series.h"
+#include "settings/enginesettings.h"
 #include "stored/loc.h"
 #include "stored/pref.h"
 #include "tables/ephemeristable.h"
@@ -38,29 +40,24 @@ namespace {
 
 using namespace halvane;
 using namespace halvane::bench;
-using swiss::Body;
 
 /// Keeps results alive, so that no work is optimised away.
 volatile double sink = 0;
 
-double altitude_of(double jd, double right_ascension, double declination) {
+/// What the library's place is set against: ecliptic and equatorial place, geocentric and topocentric, with
+/// altitude and azimuth.
+double engine_place(Ephemeris& ephemeris, const Observer& observer, swiss::Body body, double jd) {
+    const Instant instant = Instant::of_dynamical(jd);
     double altitude = 0;
     double azimuth = 0;
-    modaltazm(jd, right_ascension, declination, altitude, azimuth);
+    if (body == swiss::Body::sun) {
+        const SunPlace sun = sun_high(ephemeris, instant, observer);
+        altazm_of(ephemeris, instant, observer, sun.right_ascension, sun.declination, altitude, azimuth);
+    } else {
+        const MoonPlace moon = moon_medium(ephemeris, instant, observer);
+        altazm_of(ephemeris, instant, observer, moon.right_ascension, moon.declination, altitude, azimuth);
+    }
     return altitude + azimuth;
-}
-
-double engine_place(Body body, double jd) {
-    double ignored = 0;
-    double right_ascension = 0;
-    double declination = 0;
-    if (body == Body::sun)
-        modcorsh(pi, jd, right_ascension, declination, ignored, ignored, ignored, ignored, ignored, ignored,
-                 ignored, ignored);
-    else
-        modcormm(pi, jd, right_ascension, declination, ignored, ignored, ignored, ignored, ignored, ignored,
-                 ignored, ignored, ignored, ignored);
-    return altitude_of(jd, right_ascension, declination);
 }
 
 /// Instants all over two centuries, in no order.
@@ -98,7 +95,7 @@ std::vector<double> days_of_a_year() {
 /// `ephemeris.out` with the Moon of every hour of 2026, from its stored choices to the file.
 void moon_table_of_a_year() {
     NoProgress progress;
-    write_ephemeris_table(year_of_hours(1), progress);
+    write_ephemeris_report(loaded_theory(), year_of_hours(1), progress);
 }
 
 constexpr Phase phases[]{Phase::new_moon, Phase::first_quarter, Phase::full_moon, Phase::last_quarter};
@@ -115,15 +112,15 @@ Work for_each_phase(Search search) {
     };
 }
 
-MapRun map_of(int day, int month, int year) {
+MapRun map_of(Ephemeris& ephemeris, int day, int month, int year) {
     CrescentSettings settings;
     settings.day = std::to_string(day);
     settings.month = std::to_string(month);
     settings.year = std::to_string(year);
-    find_conjunction(settings);
+    find_conjunction(ephemeris, settings);
     MapRun run;
     run.criterion = Criterion::yallop;
-    run.conjunction = map_conjunction();
+    run.conjunction = map_conjunction(ephemeris);
     run.day = map_day(run.conjunction, run.kind, 1);
     return run;
 }
@@ -138,7 +135,7 @@ public:
 
 void draw_in_memory(const MapRun& run) {
     MapInMemory map;
-    draw_visibility_map(run, map);
+    draw_visibility_map(loaded_theory(), run, map);
     sink = static_cast<double>(map.points.size());
 }
 
@@ -200,50 +197,56 @@ bool print_ratios() {
     const Location location = read_loc();
     const SwissWork swiss(longitude_of(location), latitude_of(location), location.elevation);
 
+    Ephemeris ephemeris(loaded_theory());
+    const Observer observer = observer_of(location);
     RatioTable table;
     const std::vector<double> scattered = scattered_instants();
     const std::vector<double> hours = hours_of_a_year();
     const std::vector<double> days = days_of_a_year();
     const auto places = [&](const char* work, const Limits& limits, const std::vector<double>& instants,
-                            Body body) {
-        const TdtSpan dynamical_time(1);
-        table.row(work, limits, for_each(instants, [body](double jd) { return engine_place(body, jd); }),
-                  for_each(instants, [body, &swiss](double jd) { return swiss.place(body, jd); }),
-                  static_cast<double>(instants.size()));
+                            swiss::Body body) {
+        table.row(
+            work, limits,
+            for_each(instants, [&, body](double jd) { return engine_place(ephemeris, observer, body, jd); }),
+            for_each(instants, [body, &swiss](double jd) { return swiss.place(body, jd); }),
+            static_cast<double>(instants.size()));
     };
-    places("Sun by `modcorsh` with `modaltazm`, scattered instants", {0.8, 0.33}, scattered, Body::sun);
-    places("Moon by `modcormm` with `modaltazm`, scattered instants", {0.6, 0.2}, scattered, Body::moon);
-    places("Sun, every hour of a year", {0.8, 0.45}, hours, Body::sun);
-    places("Moon, every hour of a year", {0.6, 0.27}, hours, Body::moon);
+    places("Sun, scattered instants", {0.8, 0.15}, scattered, swiss::Body::sun);
+    places("Moon, scattered instants", {0.6, 0.12}, scattered, swiss::Body::moon);
+    places("Sun, every hour of a year", {0.8, 0.30}, hours, swiss::Body::sun);
+    places("Moon, every hour of a year", {0.6, 0.21}, hours, swiss::Body::moon);
 
     table.row("table of the Moon, every hour of a year", {1.0, 0.35}, moon_table_of_a_year,
-              for_each(hours, [&swiss](double jd) { return swiss.place(Body::moon, jd); }), 8760);
+              for_each(hours, [&swiss](double jd) { return swiss.place(swiss::Body::moon, jd); }), 8760);
 
     const PrayerSettings settings = read_prayer_settings(DayMode::report);
-    table.row("prayer day, each of a year", {0.11, 0.04},
+    table.row("prayer day, each of a year", {0.11, 0.02},
               for_each(days,
-                       [&settings](double jd) {
-                           return static_cast<double>(prayer_day(settings, jd, 0).times.fajer.size());
+                       [&](double jd) {
+                           return static_cast<double>(
+                               prayer_day(ephemeris, settings, jd, 0).times.fajer.size());
                        }),
               for_each(days, [&](double jd) { return swiss.sun_day(jd - location.zone / 24), jd; }), 365);
     table.row("Moon day, each of a year", {0.9, 0.29},
               for_each(days,
                        [&](double jd) {
-                           return static_cast<double>(moon_day(preferences, location, jd, 0).rise.size());
+                           return static_cast<double>(
+                               moon_day(ephemeris, preferences, location, jd, 0).rise.size());
                        }),
               for_each(days, [&](double jd) { return swiss.moon_day(jd - location.zone / 24), jd; }), 365);
 
-    table.row("the 49 phases of a year", {3, 0.6}, for_each_phase([](Phase phase, double estimate, double) {
-                  return refined_phase(phase, estimate, true);
+    table.row("the 49 phases of a year", {3, 0.6},
+              for_each_phase([&ephemeris](Phase phase, double estimate, double) {
+                  return refined_phase(ephemeris, phase, estimate);
               }),
               for_each_phase(
                   [&swiss](Phase, double estimate, double angle) { return swiss.phase(estimate, angle); }),
               1);
     for (const auto& [name, day, month, year] : {MapDate{"map of 30 March 2025, Yallop", 29, 3, 2025},
                                                  {"map of 18 February 2026, Yallop", 17, 2, 2026}}) {
-        const MapRun run = map_of(day, month, year);
+        const MapRun run = map_of(ephemeris, day, month, year);
         table.row(
-            name, {1.3, 0.5}, [&run] { draw_in_memory(run); }, [&run] { moons_of_the_grid(run.day); }, 1);
+            name, {1.3, 0.45}, [&run] { draw_in_memory(run); }, [&run] { moons_of_the_grid(run.day); }, 1);
     }
     return table.is_kept();
 }
@@ -258,17 +261,20 @@ bool print_crescent() {
     settings.day = "17";
     settings.month = "2";
     const double day = 2461088.5;
-    const Observer observer = stored_observer();
+    Ephemeris ephemeris(loaded_theory());
+    const Observer observer = observer_of(read_loc());
     const Times times = shortest_times(
-        [&settings] { sink = crescent_circumstances(settings, find_conjunction(settings))->lag; },
-        [&observer, day] {
+        [&] {
+            sink = crescent_circumstances(ephemeris, settings, find_conjunction(ephemeris, settings))->lag;
+        },
+        [&] {
             const SwitchGuard mode(crescentmode, 1);
             const SwitchGuard jd(crescentjd, day);
-            cmdcom_for_crescent();
-            cmdmoon_for_crescent();
+            cmdcom_for_crescent(ephemeris);
+            cmdmoon_for_crescent(ephemeris);
             for (int i = 0; i < places; ++i) {
-                sink = sun_high(observer, day + i / 100.0).longitude;
-                sink = moon_medium(observer, day + i / 100.0).longitude;
+                sink = sun_high(ephemeris, Instant::of_ut1(day + i / 100.0), observer).longitude;
+                sink = moon_medium(ephemeris, Instant::of_ut1(day + i / 100.0), observer).longitude;
             }
         },
         25);

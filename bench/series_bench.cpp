@@ -1,4 +1,5 @@
 #include "ephemeris/series.h"
+#include "routines/series.h"
 #include "tools/measuring/scratchfolder.h"
 
 #include <benchmark/benchmark.h>

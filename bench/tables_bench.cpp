@@ -1,6 +1,7 @@
 #include "bench/noprogress.h"
 #include "bench/yearofhours.h"
 #include "ephemeris/series.h"
+#include "routines/series.h"
 #include "tables/ephemeristable.h"
 #include "telescope/pointing.h"
 #include "tools/measuring/scratchfolder.h"
@@ -17,7 +18,7 @@ void table_of_a_year(benchmark::State& state, int object) {
     const EphemerisSettings settings = bench::year_of_hours(object);
     bench::NoProgress progress;
     for ([[maybe_unused]] auto step : state)
-        write_ephemeris_table(settings, progress);
+        write_ephemeris_report(loaded_theory(), settings, progress);
 }
 BENCHMARK_CAPTURE(table_of_a_year, sun, 0)
     ->Name("table of a year's hours, Sun")
@@ -36,7 +37,7 @@ void pointing_of_the_telescope(benchmark::State& state) {
     settings.hour = 18;
     for ([[maybe_unused]] auto step : state) {
         settings.minute = settings.minute < 30 ? settings.minute + 1e-3 : 0;
-        benchmark::DoNotOptimize(telescope_pointing(settings));
+        benchmark::DoNotOptimize(telescope_pointing(loaded_theory(), settings));
     }
 }
 BENCHMARK(pointing_of_the_telescope)->Unit(benchmark::kMicrosecond);

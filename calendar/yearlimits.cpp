@@ -1,7 +1,7 @@
 #include "calendar/yearlimits.h"
 
 #include "base/numberformat.h"
-#include "stored/record.h"
+#include "base/record.h"
 
 namespace halvane {
 namespace {

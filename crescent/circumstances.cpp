@@ -1,16 +1,16 @@
 #include "crescent/circumstances.h"
 
 #include "base/numberformat.h"
+#include "base/record.h"
+#include "base/switchguard.h"
 #include "calendar/civildate.h"
 #include "calendar/moddateconv.h"
-#include "calendar/moddeltat.h"
 #include "calendar/modjul.h"
-#include "calendar/switchguard.h"
 #include "crescent/criteria.h"
 #include "prayer/crescentmode.h"
 #include "prayer/moonrun.h"
 #include "prayer/prayerrun.h"
-#include "stored/record.h"
+#include "settings/enginesettings.h"
 
 #include <cmath>
 
@@ -49,12 +49,12 @@ double best_time(bool new_crescent, double sun_event, double lag) {
 namespace {
 
 /// Fills the events of the day in `sunriseout` and its companions.
-void calculate_day(double day, int summer_hours) {
+void calculate_day(Ephemeris& ephemeris, double day, int summer_hours) {
     const SwitchGuard mode(crescentmode, 1);
     const SwitchGuard jd(crescentjd, day);
     const SwitchGuard summer(summeractive, summer_hours);
-    cmdcom_for_crescent();
-    cmdmoon_for_crescent();
+    cmdcom_for_crescent(ephemeris);
+    cmdmoon_for_crescent(ephemeris);
 }
 
 double chosen_hours(const CrescentChoice& choice, double sun_event, double moon_event, double best) {
@@ -71,10 +71,11 @@ double chosen_hours(const CrescentChoice& choice, double sun_event, double moon_
     return sun_event;
 }
 
-CriterionValues criterion_at(double universal) {
-    const Observer observer = stored_observer();
-    const CrescentQuantities q = topocentric_quantities(observer, universal, moon_medium(observer, universal),
-                                                        sun_high(observer, universal));
+CriterionValues criterion_at(Ephemeris& ephemeris, const Observer& observer, double universal) {
+    const Instant instant = Instant::of_ut1(universal);
+    const MoonPlace moon = moon_medium(ephemeris, instant, observer);
+    const CrescentQuantities q =
+        topocentric_quantities(ephemeris, instant, observer, moon, sun_high(ephemeris, instant, observer));
     CriterionValues values;
     values.arcv = q.relative_altitude();
     values.width = q.width * 60;
@@ -82,26 +83,23 @@ CriterionValues criterion_at(double universal) {
     return values;
 }
 
-void fill_quantities(Circumstances& c) {
-    const Observer observer = stored_observer();
-    c.sun = sun_high(observer, c.universal);
-    c.moon = moon_medium(observer, c.universal);
+void fill_quantities(Ephemeris& ephemeris, const Observer& observer, Circumstances& c) {
+    const Instant instant = Instant::of_ut1(c.universal);
+    c.sun = sun_high(ephemeris, instant, observer);
+    c.moon = moon_medium(ephemeris, instant, observer);
     c.quantities =
         c.choice.geocentric
-            ? crescent_quantities(observer, c.universal, {c.moon.right_ascension, c.moon.declination},
+            ? crescent_quantities(ephemeris, instant, observer, {c.moon.right_ascension, c.moon.declination},
                                   {c.sun.right_ascension, c.sun.declination}, c.moon.semidiameter,
                                   c.sun.radius, c.moon.distance)
-            : topocentric_quantities(observer, c.universal, c.moon, c.sun);
-    double delta_t = 0;
-    moddeltat(c.universal, delta_t);
-    c.delta_t = delta_t * 86400;
+            : topocentric_quantities(ephemeris, instant, observer, c.moon, c.sun);
+    c.delta_t = instant.delta_t() * 86400;
 }
 
 } // namespace
 
-std::optional<Circumstances> crescent_circumstances(const CrescentSettings& settings,
+std::optional<Circumstances> crescent_circumstances(Ephemeris& ephemeris, const CrescentSettings& settings,
                                                     const Conjunction& conjunction) {
-    const TdtSpan universal_time(0);
     Circumstances c;
     c.choice = chosen(settings);
     c.preferences = read_pref();
@@ -113,7 +111,7 @@ std::optional<Circumstances> crescent_circumstances(const CrescentSettings& sett
     const DateNumbers date = civil_date(conjunction.local);
     modjul(date.year, date.month, date.day, 0, c.day);
     c.day += is_new ? c.choice.days : -c.choice.days;
-    calculate_day(c.day, c.summer_hours);
+    calculate_day(ephemeris, c.day, c.summer_hours);
     const double* sun_event = hours_of(is_new ? sunsetout : sunriseout);
     const double* moon_event = hours_of(is_new ? moonsetout : moonriseout);
     if (sun_event == nullptr || moon_event == nullptr)
@@ -131,8 +129,9 @@ std::optional<Circumstances> crescent_circumstances(const CrescentSettings& sett
     c.moon_age = c.calculation - c.conjunction;
     const double clock_ahead = (c.location.zone + c.summer_hours) / 24;
     c.universal = c.calculation - clock_ahead;
-    fill_quantities(c);
-    c.criterion = criterion_at(c.day + best / 24 - clock_ahead);
+    const Observer observer = observer_of(c.location);
+    fill_quantities(ephemeris, observer, c);
+    c.criterion = criterion_at(ephemeris, observer, c.day + best / 24 - clock_ahead);
     c.hijri_month = hijri_caption(c.day, is_new);
     return c;
 }

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "calendar/taggedtime.h"
 #include "crescent/conjunction.h"
 #include "crescent/quantities.h"
-#include "events/taggedtime.h"
 #include "stored/loc.h"
 #include "stored/pref.h"
 #include "stored/visib.h"
@@ -58,9 +58,9 @@ struct Circumstances {
 };
 
 /// The circumstances of the stored choices around a conjunction; nothing when the Sun or the Moon has no
-/// event on that day. Reads `pref.vsk` and `loc.vsk`; runs with `tdtinput` 0; borrows the day calculators of
+/// event on that day. Reads `pref.vsk` and `loc.vsk`; borrows the day calculators of
 /// the prayer and the Moon report in `crescentmode`.
-std::optional<Circumstances> crescent_circumstances(const CrescentSettings& settings,
+std::optional<Circumstances> crescent_circumstances(Ephemeris& ephemeris, const CrescentSettings& settings,
                                                     const Conjunction& conjunction);
 
 /// Name, year and " AH" of the Hijri month whose crescent is looked for on a day, in English.

@@ -9,6 +9,7 @@
 #include "calendar/modsummer.h"
 #include "ephemeris/modgeneral.h"
 #include "events/phase.h"
+#include "settings/enginesettings.h"
 #include "stored/loc.h"
 #include "stored/pref.h"
 
@@ -41,24 +42,29 @@ int summer_hours_on(const Preferences& preferences, const DateNumbers& date) {
     return in_summer_time(preferences, any_leap_year, date.month, date.day) ? 1 : 0;
 }
 
-Conjunction conjunction_near(const DateNumbers& date, const CrescentSettings& settings) {
+Conjunction conjunction_near(Ephemeris& ephemeris, const DateNumbers& date, const CrescentSettings& settings,
+                             const Location& location) {
     const double estimate = phase_estimate(Phase::new_moon, nearest_lunation(date));
-    conjunctionstart = refined_phase(Phase::new_moon, estimate, settings.geocentric);
+    const Observer observer = observer_of(location);
+    conjunctionstart =
+        refined_phase(ephemeris, Phase::new_moon, estimate, settings.geocentric ? nullptr : &observer);
     double delta_t = 0;
     moddeltat(conjunctionstart, delta_t);
     const double universal = conjunctionstart - delta_t;
     Conjunction conjunction;
     conjunction.summer_hours = summer_hours_on(read_pref(), civil_date(universal));
-    conjunction.local = universal + conjunction.summer_hours / 24.0 + read_loc().zone / 24;
+    conjunction.local = universal + conjunction.summer_hours / 24.0 + location.zone / 24;
     return conjunction;
 }
 
 } // namespace
 
-Conjunction find_conjunction(const CrescentSettings& settings) {
+Conjunction find_conjunction(Ephemeris& ephemeris, const CrescentSettings& settings) {
     const DateNumbers date = approximate_date(settings);
-    return about_place(read_loc().name,
-                       [&] { return about_day(date, [&] { return conjunction_near(date, settings); }); });
+    const Location location = read_loc();
+    return about_place(location.name, [&] {
+        return about_day(date, [&] { return conjunction_near(ephemeris, date, settings, location); });
+    });
 }
 
 std::array<DateNumbers, 5> candidate_dates(const Conjunction& conjunction) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ephemeris/ephemeris.h"
 #include "stored/date.h"
 #include "stored/visib.h"
 
@@ -25,7 +26,7 @@ double nearest_lunation(const DateNumbers& date);
 
 /// Finds the conjunction of the stored choices: geocentric, or topocentric for the observer of `loc.vsk`.
 /// Reads `pref.vsk` and `loc.vsk`; writes `conjunctionstart`.
-Conjunction find_conjunction(const CrescentSettings& settings);
+Conjunction find_conjunction(Ephemeris& ephemeris, const CrescentSettings& settings);
 
 /// The dates to choose from: the conjunction's, one and two days after it, one and two days before it.
 std::array<DateNumbers, 5> candidate_dates(const Conjunction& conjunction);

@@ -223,8 +223,11 @@ void write_no_crescent(Report& report) {
     report.line("technique, because there is no Sunset/Sunrise and/or Moonset/Moonrise event(s).");
 }
 
-bool write_crescent_report(const CrescentSettings& settings, const Conjunction& conjunction) {
-    const std::optional<Circumstances> circumstances = crescent_circumstances(settings, conjunction);
+bool write_crescent_report(const TheoryPointer& theory, const CrescentSettings& settings,
+                           const Conjunction& conjunction) {
+    Ephemeris ephemeris(theory);
+    const std::optional<Circumstances> circumstances =
+        crescent_circumstances(ephemeris, settings, conjunction);
     Report report(program_path("visib.out"));
     if (circumstances)
         write_crescent(report, *circumstances);

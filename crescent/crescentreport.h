@@ -14,6 +14,7 @@ void write_no_crescent(Report& report);
 /// The crescent report of the stored choices: writes `visib.out`.
 /// Returns false when it is the short one.
 /// Error  raises RunTimeFailure; an earlier `visib.out` then stands.
-bool write_crescent_report(const CrescentSettings& settings, const Conjunction& conjunction);
+bool write_crescent_report(const TheoryPointer& theory, const CrescentSettings& settings,
+                           const Conjunction& conjunction);
 
 } // namespace halvane

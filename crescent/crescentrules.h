@@ -43,7 +43,10 @@ std::optional<CrescentRefusal> refused_user_time(const CrescentSettings& setting
 class CrescentRules {
 public:
     /// Finds the conjunction of the choices. Reads `pref.vsk` and `loc.vsk`.
-    void prepare(const CrescentSettings& settings) { conjunction_ = find_conjunction(settings); }
+    void prepare(const TheoryPointer& theory, const CrescentSettings& settings) {
+        Ephemeris ephemeris(theory);
+        conjunction_ = find_conjunction(ephemeris, settings);
+    }
     void reset() { conjunction_.reset(); }
     bool is_prepared() const { return conjunction_.has_value(); }
 
@@ -52,7 +55,7 @@ public:
     std::array<std::string, 3> dates(bool new_crescent) const;
 
     /// Stores the choices and writes `visib.out`, the whole report or the short one. Only when prepared.
-    void calculate(const CrescentSettings& settings) const;
+    void calculate(const TheoryPointer& theory, const CrescentSettings& settings) const;
 
 private:
     std::optional<Conjunction> conjunction_;

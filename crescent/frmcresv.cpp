@@ -9,6 +9,7 @@
 #include "panel/numberlists.h"
 #include "panel/panelstyle.h"
 #include "panel/panelsupport.h"
+#include "routines/series.h"
 #include "ui_frmcresv.h"
 
 namespace halvane {
@@ -220,7 +221,7 @@ void frmcresv::cmdprev_click() {
     close_map();
     if (refuse(refused_conjunction(shown())))
         return;
-    form_.prepare(shown());
+    form_.prepare(loaded_theory(), shown());
     show_days();
 }
 
@@ -240,7 +241,7 @@ bool frmcresv::refuse(const std::optional<CrescentRefusal>& refused) {
 void frmcresv::cmdcalc_click() {
     if (refuse(refused_user_time(shown())))
         return;
-    form_.calculate(shown());
+    form_.calculate(loaded_theory(), shown());
     platform().show_text_file("visib.out");
 }
 

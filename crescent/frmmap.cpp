@@ -9,6 +9,7 @@
 #include "panel/messages.h"
 #include "panel/namelabel.h"
 #include "panel/panelstyle.h"
+#include "routines/series.h"
 #include "stored/programfolder.h"
 #include "ui_frmmap.h"
 
@@ -136,7 +137,8 @@ void frmmap::connect_controls() {
 
 void frmmap::load() {
     kind_ = crescentkind;
-    conjunction_ = map_conjunction();
+    Ephemeris ephemeris(loaded_theory());
+    conjunction_ = map_conjunction(ephemeris);
     const bool is_new = kind_ == CrescentKind::new_crescent;
     ui_->fravis->setTitle(text_of(is_new ? new_day : old_day, language_));
     QRadioButton* const days[] = {ui_->opt0, ui_->opt1, ui_->opt2};
@@ -216,7 +218,7 @@ void frmmap::cmddraw_click() {
     stop_ = false;
     const QPointer<frmmap> self(this);
     BlockPainter painter(this);
-    draw_visibility_map(run, painter);
+    draw_visibility_map(loaded_theory(), run, painter);
     if (!self)
         return;
     stop_ = false;

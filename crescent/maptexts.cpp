@@ -1,10 +1,10 @@
 #include "crescent/maptexts.h"
 
 #include "base/numberformat.h"
+#include "base/record.h"
 #include "calendar/civildate.h"
 #include "calendar/moddateconv.h"
 #include "calendar/modday.h"
-#include "stored/record.h"
 
 namespace halvane {
 namespace {

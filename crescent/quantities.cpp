@@ -7,14 +7,16 @@
 
 namespace halvane {
 
-CrescentQuantities crescent_quantities(const Observer& observer, double jd, const EquatorialPlace& moon,
-                                       const EquatorialPlace& sun, double semidiameter, double radius,
-                                       double distance) {
+CrescentQuantities crescent_quantities(Ephemeris& ephemeris, const Instant& instant, const Observer& observer,
+                                       const EquatorialPlace& moon, const EquatorialPlace& sun,
+                                       double semidiameter, double radius, double distance) {
     using std::cos;
     using std::sin;
     CrescentQuantities q;
-    altazm_of(observer, jd, moon.right_ascension, moon.declination, q.moon_altitude, q.moon_azimuth);
-    altazm_of(observer, jd, sun.right_ascension, sun.declination, q.sun_altitude, q.sun_azimuth);
+    altazm_of(ephemeris, instant, observer, moon.right_ascension, moon.declination, q.moon_altitude,
+              q.moon_azimuth);
+    altazm_of(ephemeris, instant, observer, sun.right_ascension, sun.declination, q.sun_altitude,
+              q.sun_azimuth);
 
     const double moon_declination = moon.declination * radians_per_degree;
     const double sun_declination = sun.declination * radians_per_degree;
@@ -34,9 +36,11 @@ CrescentQuantities crescent_quantities(const Observer& observer, double jd, cons
     return q;
 }
 
-CrescentQuantities topocentric_quantities(const Observer& observer, double jd, const MoonPlace& moon,
+CrescentQuantities topocentric_quantities(Ephemeris& ephemeris, const Instant& instant,
+                                          const Observer& observer, const MoonPlace& moon,
                                           const SunPlace& sun) {
-    return crescent_quantities(observer, jd, {moon.topocentric_right_ascension, moon.topocentric_declination},
+    return crescent_quantities(ephemeris, instant, observer,
+                               {moon.topocentric_right_ascension, moon.topocentric_declination},
                                {sun.topocentric_right_ascension, sun.topocentric_declination},
                                moon.topocentric_semidiameter, sun.radius, moon.distance);
 }

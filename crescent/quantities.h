@@ -1,7 +1,7 @@
 #pragma once
 
+#include "ephemeris/ephemeris.h"
 #include "ephemeris/moon.h"
-#include "ephemeris/observer.h"
 #include "ephemeris/sun.h"
 
 namespace halvane {
@@ -28,17 +28,17 @@ struct EquatorialPlace {
     double declination;
 };
 
-/// In     jd            UT1, or TDT with `tdtinput` 1                                          [d]
-///        moon, sun     geocentric or topocentric, both alike
+/// In     moon, sun     geocentric or topocentric, both alike
 ///        semidiameter  of the Moon [deg]; radius of the Sun's orbit [AU]; distance of the Moon [km]
 /// Source Meeus, Astronomical Algorithms, chapter "Illuminated Fraction of the Moon's Disk"; magnitude after
 ///        Allen, Astrophysical Quantities.
-CrescentQuantities crescent_quantities(const Observer& observer, double jd, const EquatorialPlace& moon,
-                                       const EquatorialPlace& sun, double semidiameter, double radius,
-                                       double distance);
+CrescentQuantities crescent_quantities(Ephemeris& ephemeris, const Instant& instant, const Observer& observer,
+                                       const EquatorialPlace& moon, const EquatorialPlace& sun,
+                                       double semidiameter, double radius, double distance);
 
 /// The quantities of two topocentric places.
-CrescentQuantities topocentric_quantities(const Observer& observer, double jd, const MoonPlace& moon,
+CrescentQuantities topocentric_quantities(Ephemeris& ephemeris, const Instant& instant,
+                                          const Observer& observer, const MoonPlace& moon,
                                           const SunPlace& sun);
 
 } // namespace halvane

@@ -8,9 +8,8 @@
 #include "crescent/conjunction.h"
 #include "crescent/quantities.h"
 #include "ephemeris/fastplace.h"
-#include "ephemeris/interpolation.h"
 #include "ephemeris/modgeneral.h"
-#include "events/modlowriseset.h"
+#include "events/lowriseset.h"
 #include "events/phase.h"
 
 #include <algorithm>
@@ -20,9 +19,9 @@ namespace halvane {
 
 CrescentKind crescentkind = CrescentKind::new_crescent;
 
-MapConjunction map_conjunction() {
+MapConjunction map_conjunction(Ephemeris& ephemeris) {
     MapConjunction conjunction;
-    const double dynamical = refined_phase(Phase::new_moon, conjunctionstart, true);
+    const double dynamical = refined_phase(ephemeris, Phase::new_moon, conjunctionstart);
     moddeltat(dynamical, conjunction.delta_t);
     conjunction.universal = dynamical - conjunction.delta_t;
     const DateNumbers date = civil_date(conjunction.universal);
@@ -45,17 +44,19 @@ MapPlace map_place(double x, double y) {
     return {(x - 374) * 0.48387097, -(y - 206) * 0.48231511};
 }
 
-PointConjunction point_conjunction(const Observer& observer, double start, double delta_t) {
+PointConjunction point_conjunction(Ephemeris& ephemeris, const Observer& observer, double start,
+                                   double delta_t) {
     // Where the turning Earth takes half of the Moon's motion away, each step is half the one before; what is
     // left of such a series is added in one step.
     constexpr int patience = 8;
-    const TdtSpan dynamical_time(1);
     SearchGuard guard({"a conjunction", "وقت الاقتران"});
     double t = start;
     double step_before = 0;
     for (int round = 1;; ++round) {
-        const double d = elongation_from_phase(Phase::new_moon, moon_fast_longitude(observer, t),
-                                               sun_fast_longitude(observer, t));
+        const Instant instant = Instant::of_dynamical(t);
+        const double d =
+            elongation_from_phase(Phase::new_moon, moon_fast_longitude(ephemeris, instant, observer),
+                                  sun_fast_longitude(ephemeris, instant, observer));
         const double next = guard.check(t - d * days_per_degree);
         const double step = next - t;
         if (std::fabs(step) <= phase_tolerance)
@@ -74,10 +75,11 @@ struct PointEvents {
     double moon = 0;
 };
 
-PointEvents point_events(const MapRun& run, const Observer& observer) {
+PointEvents point_events(Ephemeris& ephemeris, const MapRun& run, const Observer& observer) {
     const LowEvent event = run.kind == CrescentKind::new_crescent ? LowEvent::set : LowEvent::rise;
-    const TaggedTime sun_event = low_event(run.day, observer, "Sun", event);
-    const TaggedTime moon_event = low_event(run.day, observer, "Moon", event);
+    const Instant date = Instant::of_ut1(run.day);
+    const TaggedTime sun_event = low_event(ephemeris, Body::sun, date, observer, event);
+    const TaggedTime moon_event = low_event(ephemeris, Body::moon, date, observer, event);
     const double* sun = hours_of(sun_event);
     const double* moon = hours_of(moon_event);
     if (sun == nullptr || moon == nullptr)
@@ -92,10 +94,12 @@ double observation_hours(const MapRun& run, const PointEvents& events, double la
     return run.criterion == Criterion::saao ? events.sun : best_time(is_new, events.sun, lag);
 }
 
-CrescentQuantities fast_quantities(const Observer& observer, double universal, double& semidiameter) {
-    const MoonPlace moon = moon_fast(observer, universal);
+CrescentQuantities fast_quantities(Ephemeris& ephemeris, const Observer& observer, double universal,
+                                   double& semidiameter) {
+    const Instant instant = Instant::of_ut1(universal);
+    const MoonPlace moon = moon_fast(ephemeris, instant, observer);
     semidiameter = moon.topocentric_semidiameter;
-    return topocentric_quantities(observer, universal, moon, sun_fast(observer, universal));
+    return topocentric_quantities(ephemeris, instant, observer, moon, sun_fast(ephemeris, instant, observer));
 }
 
 VisibilityClass class_by_criterion(Criterion criterion, const CrescentQuantities& q, double semidiameter) {
@@ -115,12 +119,12 @@ VisibilityClass class_by_criterion(Criterion criterion, const CrescentQuantities
 
 } // namespace
 
-VisibilityClass evaluate_point(const MapRun& run, double longitude, double latitude, double& conjunction) {
+VisibilityClass evaluate_point(Ephemeris& ephemeris, const MapRun& run, double longitude, double latitude,
+                               double& conjunction) {
     const Observer observer = observer_at(longitude, latitude, 0);
     const double zone = zone_of_longitude(longitude);
-    conjunction = point_conjunction(observer, conjunction, run.conjunction.delta_t).universal;
-    const TdtSpan universal_time(0);
-    const PointEvents events = point_events(run, observer);
+    conjunction = point_conjunction(ephemeris, observer, conjunction, run.conjunction.delta_t).universal;
+    const PointEvents events = point_events(ephemeris, run, observer);
     if (events.missing)
         return VisibilityClass::unknown;
 
@@ -132,11 +136,12 @@ VisibilityClass evaluate_point(const MapRun& run, double longitude, double latit
     constexpr double standing_high = 3;
     double semidiameter = 0;
     if (lag < 0 &&
-        fast_quantities(observer, universal_of(events.sun), semidiameter).relative_altitude() > standing_high)
+        fast_quantities(ephemeris, observer, universal_of(events.sun), semidiameter).relative_altitude() >
+            standing_high)
         return VisibilityClass::unknown;
     if (age <= 0 || lag <= 0)
         return VisibilityClass::impossible;
-    const CrescentQuantities q = fast_quantities(observer, universal, semidiameter);
+    const CrescentQuantities q = fast_quantities(ephemeris, observer, universal, semidiameter);
     return class_by_criterion(run.criterion, q, semidiameter);
 }
 
@@ -165,8 +170,9 @@ Samples sample_places(CrescentKind kind, int longitude, int latitude) {
 
 class MapDrawing {
 public:
-    MapDrawing(const MapRun& run, MapReceiver& receiver)
-        : run_(run), receiver_(receiver), conjunction_(run.conjunction.universal) {}
+    MapDrawing(const TheoryPointer& theory, const MapRun& run, MapReceiver& receiver)
+        : ephemeris_(theory, SeriesUse::interpolated), run_(run), receiver_(receiver),
+          conjunction_(run.conjunction.universal) {}
 
     bool draw() {
         for (int longitude = MapGrid::west; longitude <= MapGrid::east; longitude += block_step)
@@ -181,13 +187,12 @@ public:
 private:
     VisibilityClass evaluate(const GridPlace& place) {
         const VisibilityClass visibility =
-            evaluate_point(run_, place.longitude, place.latitude, conjunction_);
+            evaluate_point(ephemeris_, run_, place.longitude, place.latitude, conjunction_);
         receiver_.point({place.longitude, place.latitude, visibility, true});
         return visibility;
     }
 
     void draw_block(int longitude, int latitude) {
-        const InterpolationSpan interpolation;
         const Samples samples = sample_places(run_.kind, longitude, latitude);
         const VisibilityClass first = evaluate(samples[0]);
         bool uniform = true;
@@ -214,6 +219,7 @@ private:
                     evaluate({x, y});
     }
 
+    Ephemeris ephemeris_;
     const MapRun& run_;
     MapReceiver& receiver_;
     double conjunction_;
@@ -229,8 +235,8 @@ int MapGrid::block_north_of(int latitude) {
     return latitude + ((north - latitude) % block_step + block_step) % block_step;
 }
 
-bool draw_visibility_map(const MapRun& run, MapReceiver& receiver) {
-    return MapDrawing(run, receiver).draw();
+bool draw_visibility_map(const TheoryPointer& theory, const MapRun& run, MapReceiver& receiver) {
+    return MapDrawing(theory, run, receiver).draw();
 }
 
 } // namespace halvane

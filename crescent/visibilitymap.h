@@ -1,7 +1,7 @@
 #pragma once
 
 #include "crescent/criteria.h"
-#include "ephemeris/observer.h"
+#include "ephemeris/ephemeris.h"
 #include "stored/date.h"
 
 #include <array>
@@ -23,7 +23,7 @@ struct MapConjunction {
 
 /// Repeats the conjunction search from `conjunctionstart`, always geocentric. Reads `loc.vsk`; needs the
 /// series files loaded.
-MapConjunction map_conjunction();
+MapConjunction map_conjunction(Ephemeris& ephemeris);
 
 /// 0 h of the day `choice` (0, 1, 2): that many days after the conjunction's date for a new crescent, before
 /// it for an old one                                                                               [d]
@@ -78,16 +78,18 @@ struct PointConjunction {
 };
 /// In     start    where the search begins, taken as dynamical time                             [d]
 ///        delta_t  taken off the result                                                         [d]
-PointConjunction point_conjunction(const Observer& observer, double start, double delta_t);
+PointConjunction point_conjunction(Ephemeris& ephemeris, const Observer& observer, double start,
+                                   double delta_t);
 
 /// The class of one point. The conjunction is refined for the point, topocentric, from `conjunction` and left
 /// there for the next [d]. Reads no file. A value exactly in the gap of Yallop's bands is not painted.
-VisibilityClass evaluate_point(const MapRun& run, double longitude, double latitude, double& conjunction);
+VisibilityClass evaluate_point(Ephemeris& ephemeris, const MapRun& run, double longitude, double latitude,
+                               double& conjunction);
 
 /// Evaluates and fills the world in blocks of 10 degrees, longitude by longitude, latitude from 60 north
 /// down: five points of each first; where they agree the block is filled, elsewhere every second degree is
 /// evaluated. Returns false when the receiver has stopped it.
-bool draw_visibility_map(const MapRun& run, MapReceiver& receiver);
+bool draw_visibility_map(const TheoryPointer& theory, const MapRun& run, MapReceiver& receiver);
 
 /// Position of a point on the map's picture of 748 by 412 pixels.
 struct MapPixel {

@@ -1,8 +1,8 @@
 #include "desktop/daterules.h"
 
 #include "base/numberformat.h"
+#include "base/record.h"
 #include "calendar/platformdate.h"
-#include "stored/record.h"
 
 namespace halvane {
 

@@ -2,6 +2,7 @@
 
 #include "base/failure.h"
 #include "base/numberformat.h"
+#include "base/record.h"
 #include "desktop/refusedvalue.h"
 #include "panel/formpage.h"
 #include "panel/messages.h"
@@ -10,7 +11,6 @@
 #include "panel/panelstyle.h"
 #include "panel/panelsupport.h"
 #include "stored/loclist.h"
-#include "stored/record.h"
 #include "ui_frmlocation.h"
 
 #include <QCollator>

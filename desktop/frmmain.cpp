@@ -10,6 +10,7 @@
 #include "panel/panelstyle.h"
 #include "prayer/moonrun.h"
 #include "prayer/prayerrun.h"
+#include "routines/series.h"
 #include "stored/date.h"
 #include "stored/pref.h"
 #include "ui_frmmain.h"
@@ -181,7 +182,8 @@ void frmmain::connect_buttons(std::span<const Panel> panels) {
             connect(button, &QPushButton::clicked, this, [this, panel] { open_panel(panel, this); });
 }
 
-void frmmain::run_report(const QPushButton& button, RunOutcome (*report)(Progress&), const char* file) {
+void frmmain::run_report(const QPushButton& button, RunOutcome (*report)(const TheoryPointer&, Progress&),
+                         const char* file) {
     if (const std::optional<Refusal> refused = refused_stored_period(read_date())) {
         warn(this, *refused, language());
         return;
@@ -189,7 +191,7 @@ void frmmain::run_report(const QPushButton& button, RunOutcome (*report)(Progres
     RunOutcome outcome;
     {
         WaitProgress progress(button.text().remove(u'&').trimmed(), this);
-        outcome = report(progress);
+        outcome = report(loaded_theory(), progress);
     }
     if (outcome == RunOutcome::done)
         platform().show_text_file(file);

@@ -54,7 +54,8 @@ private:
     void show_clock() override;
 
     void unload();
-    void run_report(const QPushButton& button, RunOutcome (*report)(Progress&), const char* file);
+    void run_report(const QPushButton& button, RunOutcome (*report)(const TheoryPointer&, Progress&),
+                    const char* file);
     void tell_high_latitude();
     void connect_buttons(std::span<const Panel> panels);
     void set_icons();

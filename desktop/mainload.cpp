@@ -7,7 +7,7 @@
 #include "calendar/modday.h"
 #include "calendar/modjul.h"
 #include "calendar/zonetext.h"
-#include "ephemeris/series.h"
+#include "routines/series.h"
 #include "stored/loc.h"
 #include "stored/pref.h"
 
@@ -52,7 +52,7 @@ std::vector<PrayerMoment> moments_about(const MainPanelState& state, const Praye
     for (const int ahead : days_around) {
         // Today's times stand, whether or not those that only the remaining time asks for can be had.
         run_part(true, [&] {
-            const PrayerTimes times = today_prayer_times(state.todayjd + ahead);
+            const PrayerTimes times = today_prayer_times(loaded_theory(), state.todayjd + ahead);
             for (const PrayerMoment& moment :
                  prayer_moments(times, day + ahead, state.preferences, state.location))
                 moments.push_back(moment);
@@ -117,7 +117,7 @@ void load_main_panel(MainPanelFace& face, MainPanelState& state) {
     PrayerTimes times;
     state.moments.clear();
     run_part(pass_over, [&] {
-        times = today_prayer_times(state.todayjd);
+        times = today_prayer_times(loaded_theory(), state.todayjd);
         state.moments = moments_about(state, times);
     });
     face.show_today(times);

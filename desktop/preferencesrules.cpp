@@ -1,7 +1,7 @@
 #include "desktop/preferencesrules.h"
 
 #include "base/numberformat.h"
-#include "stored/record.h"
+#include "base/record.h"
 
 #include <array>
 

@@ -1,11 +1,11 @@
 #include "desktop/refusedvalue.h"
 
 #include "base/numberformat.h"
+#include "base/record.h"
 #include "panel/messages.h"
 #include "panel/namelabel.h"
 #include "panel/numberbox.h"
 #include "panel/numberlists.h"
-#include "stored/record.h"
 
 #include <QLineEdit>
 

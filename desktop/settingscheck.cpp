@@ -4,6 +4,7 @@
 #include "base/machineclock.h"
 #include "calendar/modjul.h"
 #include "prayer/prayerrun.h"
+#include "routines/series.h"
 #include "stored/supposed.h"
 
 #include <cmath>
@@ -38,7 +39,7 @@ double day_number(double year, double month, double day) {
 
 bool has_times(double jd) {
     try {
-        today_prayer_times(jd);
+        today_prayer_times(loaded_theory(), jd);
         return true;
     } catch (const RunTimeFailure&) {
         return false;

@@ -5,92 +5,73 @@
 
 namespace halvane {
 
-/// Geocentric place of an observer.
+/// Radius to an observer from the Earth's centre, in equatorial radii.
+struct GeocentricRadius {
+    double sine = 0;   ///< rho sin phi'
+    double cosine = 0; ///< rho cos phi'
+};
+
 /// In     latitude [deg], height [m]
-/// Out    rho_sine, rho_cosine  rho sin phi', rho cos phi', in equatorial radii
 /// Source Meeus, Astronomical Algorithms, chapter "The Earth's Globe" (IAU 1976 ellipsoid).
-void modearthglobe(double latitude, double height, double& rho_sine, double& rho_cosine);
-
-/// Topocentric ecliptic place of the Sun or the Moon for the observer of `loc.vsk`.
-/// In     pi_value                 the caller's pi
-///        jd                       UT1, or TDT with `tdtinput` 1                         [d]
-///        obliquity, nutation      true obliquity, nutation in longitude                 [deg]
-///        longitude, latitude      geocentric, apparent                                  [deg]
-///        distance                 body 'S': [AU]; any other, the Moon: [km]
-/// Out    topocentric_longitude (0 to 360), topocentric_latitude                         [deg]
-///        semidiameter, topocentric_semidiameter, parallax (horizontal)                  [deg]
-/// Reads `loc.vsk` and the switch `tdtinput`.
-/// Source Meeus, Astronomical Algorithms, chapter "Correction for Parallax".
-void modecltopo(double pi_value, double jd, double obliquity, double nutation, double longitude,
-                double latitude, double distance, double& topocentric_longitude, double& topocentric_latitude,
-                double& semidiameter, double& topocentric_semidiameter, double& parallax, char body);
-
-/// The same for an observer at sea level given in arguments; reads no file.
-void modecltopolow(double observer_longitude, double observer_latitude, double pi_value, double jd,
-                   double obliquity, double nutation, double longitude, double latitude, double distance,
-                   double& topocentric_longitude, double& topocentric_latitude, double& semidiameter,
-                   double& topocentric_semidiameter, double& parallax, char body);
+GeocentricRadius geocentric_radius(double latitude, double height);
 
 /// Ecliptic to equatorial.
-/// In     pi_value, jd (not used), obliquity, longitude, latitude                       [deg]
+/// In     frame or obliquity, longitude, latitude                                       [deg]
 /// Out    right_ascension (0 to 360), declination                                       [deg]
-void modeclequa(double pi_value, double jd, double obliquity, double longitude, double latitude,
-                double& right_ascension, double& declination);
+void equatorial_of(const SkyFrame& frame, double longitude, double latitude, double& right_ascension,
+                   double& declination);
+void equatorial_of(double obliquity, double longitude, double latitude, double& right_ascension,
+                   double& declination);
 
-/// Equatorial to horizontal for the observer of `loc.vsk`, airless.
-/// In     jd                            UT1, or TDT with `tdtinput` 1                   [d]
-///        right_ascension, declination                                                  [deg]
+/// Equatorial to horizontal, airless.
+/// In     right_ascension, declination                                                  [deg]
 /// Out    altitude; azimuth, 0 north, 90 east                                           [deg]
-/// Reads `loc.vsk` and the switch `tdtinput`.
-void modaltazm(double jd, double right_ascension, double declination, double& altitude, double& azimuth);
-
-/// The same for a given observer; reads no file.
-void altazm_of(const Observer& observer, double jd, double right_ascension, double declination,
-               double& altitude, double& azimuth);
+void altazm_of(Ephemeris& ephemeris, const Instant& instant, const Observer& observer, double right_ascension,
+               double declination, double& altitude, double& azimuth);
 
 /// The altitude of altazm_of alone.
-double altitude_of(const Observer& observer, double jd, double right_ascension, double declination);
+double altitude_of(Ephemeris& ephemeris, const Instant& instant, const Observer& observer,
+                   double right_ascension, double declination);
 
-/// Horizontal to equatorial for the observer of `loc.vsk`; the reverse of modaltazm.
-void modaltazmequa(double jd, double altitude, double azimuth, double& right_ascension, double& declination);
+/// Horizontal to equatorial; the reverse of altazm_of.
+void equatorial_of_altazm(Ephemeris& ephemeris, const Instant& instant, const Observer& observer,
+                          double altitude, double azimuth, double& right_ascension, double& declination);
 
-/// Altitude raised by refraction in standard air.
+/// Altitude raised by refraction in standard air                                        [deg]
 /// In     altitude   airless, above about -4.4                                          [deg]
-/// Out    corrected                                                                     [deg]
 /// Source Bennett, Journal of Navigation 35, 255 (1982).
-void modrefraction(double altitude, double& corrected);
+double refracted(double altitude);
 
 /// Precession of a place of the date to J2000.
-/// In     jd                             date of the place                              [d]
+/// In     instant                        date of the place
 ///        right_ascension, declination                                                  [deg]
 /// Out    right_ascension_2000 (0 to 360), declination_2000                             [deg]
 /// Source Meeus, Astronomical Algorithms, chapter "Precession" (IAU 1976).
-void modequinox2000(double jd, double right_ascension, double declination, double& right_ascension_2000,
-                    double& declination_2000);
+void precess_to_j2000(const Instant& instant, double right_ascension, double declination,
+                      double& right_ascension_2000, double& declination_2000);
 
 /// Local hour angle of an equatorial place from a sidereal time at Greenwich, 0 to below 360  [deg]
 double local_hour_angle(double sidereal_time, double longitude, double right_ascension);
 
-/// What modecltopo gives, by name                                                        [deg]
+/// A place as it is seen from the Earth's surface                                        [deg]
 struct TopocentricPlace {
-    double longitude = 0;
-    double latitude = 0;
+    double longitude = 0; ///< ecliptic, 0 to 360
+    double latitude = 0;  ///< ecliptic
     double semidiameter = 0;
     double topocentric_semidiameter = 0;
-    double parallax = 0;
+    double parallax = 0; ///< horizontal
 };
 
-/// modecltopo for a given observer in a given frame; reads no file.
+/// Topocentric ecliptic place of the Sun or the Moon.
+/// In     longitude, latitude  geocentric, apparent                                      [deg]
+///        distance             body 'S': [AU]; any other, the Moon: [km]
+/// Source Meeus, Astronomical Algorithms, chapter "Correction for Parallax".
 TopocentricPlace topocentric_place(const Observer& observer, const SkyFrame& frame, double longitude,
                                    double latitude, double distance, char body);
 
 /// The longitude of topocentric_place alone                                              [deg]
 double topocentric_longitude(const Observer& observer, const SkyFrame& frame, double longitude,
                              double latitude, double distance, char body);
-
-/// modeclequa in a given frame.
-void equatorial_of(const SkyFrame& frame, double longitude, double latitude, double& right_ascension,
-                   double& declination);
 
 /// Horizontal parallax of the Moon                                                      [km -> deg]
 double moon_parallax(double distance);

@@ -1,23 +1,22 @@
 #pragma once
 
-#include "ephemeris/observer.h"
+#include "ephemeris/ephemeris.h"
 
 namespace halvane {
 
-/// Parts of modcorsvl and modcormvl for searches that need no more.
-
-/// Geocentric place.
-struct FastPlace {
-    double right_ascension = 0; ///< 0 to 360                                                  [deg]
-    double declination = 0;     ///<                                                           [deg]
-    double distance = 0;        ///< Sun [AU], Moon [km]
-};
-
-FastPlace sun_fast_place(double jd);
-FastPlace moon_fast_place(double jd);
+/// Parts of the fast places for searches that need no more.
+FastPlace sun_fast_place(Ephemeris& ephemeris, const Instant& instant);
+FastPlace moon_fast_place(Ephemeris& ephemeris, const Instant& instant);
+FastPlace fast_place(Ephemeris& ephemeris, Body body, const Instant& instant);
 
 /// Topocentric ecliptic longitude, 0 to 360                                                   [deg]
-double sun_fast_longitude(const Observer& observer, double jd);
-double moon_fast_longitude(const Observer& observer, double jd);
+double sun_fast_longitude(Ephemeris& ephemeris, const Instant& instant, const Observer& observer);
+double moon_fast_longitude(Ephemeris& ephemeris, const Instant& instant, const Observer& observer);
+
+/// What the interpolated functions stand for, `days` of dynamical time from 2000: the fast Sun's longitude
+/// [deg], radius vector [AU], obliquity [deg] and nutation in longitude [deg]; the Moon's longitude, latitude
+/// [deg] and distance [km] by the periodic terms, without nutation.
+InterpolatedSeries::Values fast_sun_values(const Theory& theory, double days);
+InterpolatedSeries::Values periodic_moon_values(const Theory& theory, double days);
 
 } // namespace halvane

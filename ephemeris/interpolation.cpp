@@ -1,13 +1,10 @@
 #include "ephemeris/interpolation.h"
 
 #include "ephemeris/modgeneral.h"
-#include "ephemeris/series.h"
 
 #include <cmath>
 
 namespace halvane {
-
-bool interpolating = false;
 
 namespace {
 
@@ -19,6 +16,11 @@ std::array<double, N> chebyshev_nodes() {
     for (std::size_t i = 0; i < N; ++i)
         nodes[i] = std::cos(pi * (static_cast<double>(i) + 0.5) / static_cast<double>(N));
     return nodes;
+}
+
+const std::array<double, 7>& nodes_of_a_piece() {
+    static const std::array<double, 7> node = chebyshev_nodes<7>();
+    return node;
 }
 
 /// Newton's divided differences, in place.
@@ -33,27 +35,25 @@ void divide_differences(const std::array<double, N>& node, std::array<Interpolat
 } // namespace
 
 void InterpolatedSeries::compute(Piece& piece) const {
-    static const std::array<double, nodes> node = chebyshev_nodes<nodes>();
+    const std::array<double, nodes>& node = nodes_of_a_piece();
     for (std::size_t i = 0; i < nodes; ++i) {
         Values& value = piece.coefficients[i];
-        value = function_((piece.index + (node[i] + 1) / 2) * piece_length);
+        value = function_(*theory_, (piece.index + (node[i] + 1) / 2) * piece_length);
         value[0] = piece.coefficients[0][0] + rev180(value[0] - piece.coefficients[0][0]);
     }
     divide_differences(node, piece.coefficients);
 }
 
 InterpolatedSeries::Values InterpolatedSeries::at(double days) {
-    static const std::array<double, nodes> node = chebyshev_nodes<nodes>();
+    const std::array<double, nodes>& node = nodes_of_a_piece();
     constexpr double longest_span = 1e9;
     if (!(std::fabs(days) < longest_span))
-        return function_(days);
+        return function_(*theory_, days);
     const double position = days / piece_length;
     const double index = std::floor(position);
     Piece& piece = pieces_[static_cast<std::size_t>(static_cast<long long>(index) & (kept_pieces - 1))];
-    if (piece.index != index || piece.generation != series_generation()) {
+    if (piece.index != index) {
         piece.index = index;
-        piece.generation = series_generation();
-        const SwitchGuard<bool> by_the_series(interpolating, false);
         compute(piece);
     }
     const double x = 2 * (position - index) - 1;

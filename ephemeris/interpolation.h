@@ -1,23 +1,11 @@
 #pragma once
 
-#include "calendar/switchguard.h"
-
 #include <array>
+#include <cstddef>
 
 namespace halvane {
 
-/// Whether the low-precision Sun of the fast routines, the periodic terms of the Moon and both orientations
-/// of the Earth come from interpolated series. Default false. Single thread.
-extern bool interpolating;
-
-/// Turns that on while it lives. Worth it for thousands of places within days of each other.
-class InterpolationSpan {
-public:
-    InterpolationSpan() : guard_(interpolating, true) {}
-
-private:
-    SwitchGuard<bool> guard_;
-};
+class Theory;
 
 /// Up to four smooth functions of time, from polynomials through their values at Chebyshev nodes. The pieces
 /// are half a day long and computed when first asked for; the last 16 are kept.
@@ -27,21 +15,22 @@ class InterpolatedSeries {
 public:
     using Values = std::array<double, 4>;
     /// `days` of dynamical time from 2000. The first value may be an angle that jumps by 360.
-    using Function = Values (*)(double days);
-    explicit InterpolatedSeries(Function function) : function_(function) {}
+    using Function = Values (*)(const Theory& theory, double days);
+    /// `theory` must outlive the series.
+    InterpolatedSeries(const Theory& theory, Function function) : theory_(&theory), function_(function) {}
 
     Values at(double days);
 
 private:
-    static constexpr int nodes = 7;
-    static constexpr int kept_pieces = 16;
+    static constexpr std::size_t nodes = 7;
+    static constexpr std::size_t kept_pieces = 16;
     struct Piece {
         double index = 0.5; ///< whole for a piece that has been computed
-        unsigned generation = 0;
         std::array<Values, nodes> coefficients{};
     };
     void compute(Piece& piece) const;
 
+    const Theory* theory_;
     Function function_;
     std::array<Piece, kept_pieces> pieces_{};
 };

@@ -2,14 +2,10 @@
 
 #include "base/failure.h"
 
-#include <chrono>
 #include <cmath>
-#include <thread>
 
 namespace halvane {
 namespace {
-
-void (*pending_events)() = nullptr;
 
 double fraction_of_turn(double x) {
     const double turns = x / 360;
@@ -74,21 +70,6 @@ double turn_into_360(double x) {
     while (x >= 360)
         x -= 360;
     return x;
-}
-
-void waitseconds(double seconds) {
-    using Clock = std::chrono::steady_clock;
-    constexpr auto slice = std::chrono::milliseconds(5);
-    const auto target = Clock::now() + std::chrono::duration<double>(seconds);
-    while (Clock::now() < target) {
-        if (pending_events != nullptr)
-            pending_events();
-        std::this_thread::sleep_for(slice);
-    }
-}
-
-void set_pending_events_handler(void (*handler)()) {
-    pending_events = handler;
 }
 
 } // namespace halvane

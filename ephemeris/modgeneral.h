@@ -40,10 +40,4 @@ double round_half_even(double x);
 /// Error  raises RunTimeFailure for a value that is not finite.
 double turn_into_360(double x);
 
-/// Waits so many seconds while the interface handles its pending events.
-void waitseconds(double seconds);
-
-/// What waitseconds does in the meantime; a program with panels puts one pass of its event loop in place.
-void set_pending_events_handler(void (*handler)());
-
 } // namespace halvane

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "ephemeris/instant.h"
 #include "ephemeris/observer.h"
 
 namespace halvane {
+
+class Ephemeris;
 
 /// Apparent place of the Moon.
 struct MoonPlace {
@@ -20,41 +23,21 @@ struct MoonPlace {
     double distance = 0;                    ///< centre to centre                              [km]
 };
 
-/// Apparent place of the Moon for the observer of `loc.vsk` by the ELP-2000/85 tables.
-/// In     pi_value  the caller's pi
-///        jd        UT1, or TDT with `tdtinput` 1                                             [d]
-/// Out    the members of MoonPlace in order
-/// Reads `loc.vsk`, the switch `tdtinput` and the arrays of `elp.vsk` and `mterm.vsk`.
+/// Apparent geocentric place of the Moon by the ELP-2000/85 tables; the topocentric members, the parallax and
+/// the semidiameter stay 0. Needs `elp.vsk` and `mterm.vsk`.
 /// Accuracy  see docs/accuracy.md.
 /// Source Chapront-Touze and Chapront, Lunar Tables and Programs from 4000 B.C. to A.D. 8000 (1991).
-void modcormm(double pi_value, double jd, double& right_ascension, double& declination,
-              double& topocentric_right_ascension, double& topocentric_declination, double& longitude,
-              double& latitude, double& topocentric_longitude, double& topocentric_latitude, double& parallax,
-              double& semidiameter, double& topocentric_semidiameter, double& distance);
+MoonPlace geocentric_moon_medium(Ephemeris& ephemeris, const Instant& instant);
 
-/// The same by the periodic terms of Meeus (`mterm.vsk`), without the distance.
+/// The same by the periodic terms of Meeus (`mterm.vsk`).
 /// Source Meeus, Astronomical Algorithms, chapter "Position of the Moon".
-void modcorml(double pi_value, double jd, double& right_ascension, double& declination,
-              double& topocentric_right_ascension, double& topocentric_declination, double& longitude,
-              double& latitude, double& topocentric_longitude, double& topocentric_latitude, double& parallax,
-              double& semidiameter, double& topocentric_semidiameter);
+MoonPlace geocentric_moon_low(Ephemeris& ephemeris, const Instant& instant);
 
-/// The terms of Meeus with a four-term nutation for an observer at sea level given in arguments
-/// [deg, east and north positive]; honours `tdtinput`, reads no file.
-void modcormvl(double observer_longitude, double observer_latitude, double jd, double& right_ascension,
-               double& declination, double& topocentric_right_ascension, double& topocentric_declination,
-               double& longitude, double& latitude, double& topocentric_longitude,
-               double& topocentric_latitude, double& parallax, double& semidiameter,
-               double& topocentric_semidiameter, double& distance);
+/// The same places with all members for an observer.
+MoonPlace moon_medium(Ephemeris& ephemeris, const Instant& instant, const Observer& observer);
+MoonPlace moon_low(Ephemeris& ephemeris, const Instant& instant, const Observer& observer);
 
-/// The places of modcormm and modcorml without the observer: the topocentric members, the parallax and the
-/// semidiameter stay 0.
-MoonPlace geocentric_moon_medium(double jd);
-MoonPlace geocentric_moon_low(double jd);
-
-/// The three routines for a given observer, by name.
-MoonPlace moon_medium(const Observer& observer, double jd);
-MoonPlace moon_low(const Observer& observer, double jd);
-MoonPlace moon_fast(const Observer& observer, double jd);
+/// The terms of Meeus with a four-term nutation.
+MoonPlace moon_fast(Ephemeris& ephemeris, const Instant& instant, const Observer& observer);
 
 } // namespace halvane

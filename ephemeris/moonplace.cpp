@@ -1,9 +1,9 @@
 #include "ephemeris/moonplace.h"
 
 #include "ephemeris/coordinates.h"
-#include "ephemeris/interpolation.h"
+#include "ephemeris/ephemeris.h"
+#include "ephemeris/fastplace.h"
 #include "ephemeris/modgeneral.h"
-#include "ephemeris/series.h"
 #include "ephemeris/seriessums.h"
 
 #include <array>
@@ -52,8 +52,7 @@ constexpr std::array<TermGroup, 3> groups{{{TermFunction::sine, 0, 0, rows, long
                                            {TermFunction::sine, rows, rows, rows, latitude_sum},
                                            {TermFunction::cosine, 2 * rows, 0, rows, distance_sum}}};
 
-std::array<double, groups.size()> periodic_sums(const Arguments& a) {
-    const PeriodicTerms& table = mterm().moon;
+std::array<double, groups.size()> periodic_sums(const PeriodicTerms& table, const Arguments& a) {
     // Each multiple of M, once or twice, brings a factor E.
     const double squared = a.eccentricity * a.eccentricity;
     std::array<double, 2 * rows> factor; // NOLINT: filled whole by the next loop
@@ -73,13 +72,15 @@ std::array<double, groups.size()> periodic_sums(const Arguments& a) {
     return sums;
 }
 
-EclipticMoon computed_moon(double days) {
+} // namespace
+
+InterpolatedSeries::Values periodic_moon_values(const Theory& theory, double days) {
     using std::sin;
     const Arguments a = arguments_at(10 * (days / 365250));
     const double l = a.mean_longitude;
     const double m_prime = a.fundamental[2];
     const double f = a.fundamental[3];
-    const auto sums = periodic_sums(a);
+    const auto sums = periodic_sums(theory.mterm().moon, a);
     const double added_longitude = 3958 * sin(a.a1) + 1962 * sin(l - f) + 318 * sin(a.a2);
     const double added_latitude = -2235 * sin(l) + 382 * sin(a.a3) + 175 * sin(a.a1 - f) +
                                   175 * sin(a.a1 + f) + 127 * sin(l - m_prime) - 115 * sin(l + m_prime);
@@ -87,17 +88,12 @@ EclipticMoon computed_moon(double days) {
             (sums[latitude_sum] + added_latitude) / 1000000, 385000.56 + sums[distance_sum] / 1000};
 }
 
-InterpolatedSeries interpolated_moon([](double days) {
-    const EclipticMoon moon = computed_moon(days);
-    return InterpolatedSeries::Values{moon.longitude, moon.latitude, moon.distance};
-});
-
-} // namespace
-
-EclipticMoon periodic_moon(double days) {
-    if (!interpolating)
-        return computed_moon(days);
-    const auto [longitude, latitude, distance, none] = interpolated_moon.at(days);
+EclipticMoon periodic_moon(Ephemeris& ephemeris, double days) {
+    if (ephemeris.interpolated() == nullptr) {
+        const auto [longitude, latitude, distance, none] = periodic_moon_values(ephemeris.theory(), days);
+        return {longitude, latitude, distance};
+    }
+    const auto [longitude, latitude, distance, none] = ephemeris.interpolated()->moon.at(days);
     return {rev360(longitude), latitude, distance};
 }
 

@@ -2,7 +2,6 @@
 
 #include "ephemeris/coordinates.h"
 #include "ephemeris/modgeneral.h"
-#include "stored/loc.h"
 
 #include <cmath>
 
@@ -15,18 +14,9 @@ Observer observer_at(double longitude, double latitude, double height) {
     observer.height = height;
     observer.sine_latitude = std::sin(latitude * radians_per_degree);
     observer.cosine_latitude = std::cos(latitude * radians_per_degree);
-    modearthglobe(latitude, height, observer.rho_sine, observer.rho_cosine);
-    return observer;
-}
-
-const Observer& stored_observer() {
-    static Observer observer;
-    static unsigned version = 0;
-    const Location& location = read_loc();
-    if (version != loc_version()) {
-        observer = observer_at(longitude_of(location), latitude_of(location), location.elevation);
-        version = loc_version();
-    }
+    const GeocentricRadius radius = geocentric_radius(latitude, height);
+    observer.rho_sine = radius.sine;
+    observer.rho_cosine = radius.cosine;
     return observer;
 }
 

@@ -11,12 +11,11 @@ struct Observer {
     double cosine_latitude = 1;
     double rho_sine = 0;   ///< rho sin phi' of the geocentric place
     double rho_cosine = 1; ///< rho cos phi'
+
+    bool operator==(const Observer&) const = default;
 };
 
 /// The observer at a place.
 Observer observer_at(double longitude, double latitude, double height);
-
-/// The observer of `loc.vsk`. The reference holds until the next call.
-const Observer& stored_observer();
 
 } // namespace halvane

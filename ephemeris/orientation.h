@@ -1,6 +1,10 @@
 #pragma once
 
+#include "ephemeris/instant.h"
+
 namespace halvane {
+
+class Ephemeris;
 
 /// The turning Earth at one instant, as the transformations need it.
 struct SkyFrame {
@@ -10,10 +14,9 @@ struct SkyFrame {
 };
 
 /// The frame of an instant whose true obliquity and nutation in longitude are known           [deg]
-/// Reads the switch `tdtinput`.
-SkyFrame sky_frame(double jd, double true_obliquity, double nutation_longitude);
+SkyFrame sky_frame(const Instant& instant, double true_obliquity, double nutation_longitude);
 
-/// What modobliquity gives, with all that follows from it.
+/// Nutation and obliquity of the date, with all that follows from them.
 struct Orientation {
     double nutation_longitude = 0; ///< [deg]
     double nutation_obliquity = 0; ///< [deg]
@@ -22,8 +25,24 @@ struct Orientation {
     SkyFrame frame;
 };
 
-/// The orientation at `jd`, UT1 or TDT with `tdtinput` 1. The last instant's is kept: many routines ask for
-/// one instant after the other. The reference holds until the next call.
-const Orientation& orientation_of(double jd);
+/// Nutation by its four largest terms, and the obliquity with it                            [deg]
+struct LowOrientation {
+    double nutation_longitude = 0;
+    double nutation_obliquity = 0;
+    double true_obliquity = 0;
+};
+
+/// Apparent sidereal time at Greenwich, 0 to 360                                             [deg]
+/// Source Meeus, Astronomical Algorithms, chapter "Sidereal Time at Greenwich".
+double sidereal_time(Ephemeris& ephemeris, const Instant& instant);
+
+/// The same with the four-term nutation. The fast formulae take every day number for UT1.
+double low_sidereal_time(Ephemeris& ephemeris, const Instant& instant);
+
+/// Local apparent sidereal time, 0 to 360; computes no series                                [deg]
+/// In     longitude  observer's, east positive                                              [deg]
+///        obliquity  true                                                                   [rad]
+///        nutation   in longitude                                                           [deg]
+double local_sidereal_time(const Instant& instant, double longitude, double obliquity, double nutation);
 
 } // namespace halvane

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ephemeris/interpolation.h"
 #include "ephemeris/modgeneral.h"
 
 namespace halvane {
@@ -26,6 +27,11 @@ struct LowNutation {
 /// In     omega           longitude of the Moon's ascending node                      [rad]
 ///        sun, moon       mean longitudes                                             [rad]
 LowNutation low_nutation(double omega, double sun, double moon);
+
+/// Nutation in longitude, nutation in obliquity, true obliquity, by the whole theory and by four terms;
+/// `days` of dynamical time from 2000                                                                  [deg]
+InterpolatedSeries::Values orientation_values(const Theory& theory, double days);
+InterpolatedSeries::Values low_orientation_values(const Theory& theory, double days);
 
 /// Mean sidereal time at Greenwich, not reduced, `days` of UT1 from 2000                         [deg]
 double mean_sidereal_time(double days);

@@ -80,29 +80,4 @@ struct PeriodicTables {
     PeriodicTerms moon;
 };
 
-/// Fill the process-wide arrays from the four files. Rows past the fixed count are not read.
-/// Error  raise RunTimeFailure for a missing, short or damaged file; the arrays then stay as they were.
-void load_termfull();
-void load_term();
-void load_mterm();
-void load_elp();
-
-/// What is told of the series files that have been looked at and are not the delivered ones, a sentence for
-/// each path: "the series file ... is not the delivered one". A file counts as delivered by its size and
-/// its CRC-32.
-std::vector<std::string> series_notes(bool english);
-
-/// The four files in the order of the main panel's start.
-void load_series();
-
-/// The process-wide arrays.
-/// Error  raise RunTimeFailure when the array's file has not been loaded.
-const SunSeries& termfull();
-const SunSeries& term();
-const PeriodicTables& mterm();
-const MoonSeries& elp();
-
-/// Counts the loads, so that a kept result can tell that it is stale.
-unsigned series_generation();
-
 } // namespace halvane

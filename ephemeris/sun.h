@@ -1,8 +1,11 @@
 #pragma once
 
+#include "ephemeris/instant.h"
 #include "ephemeris/observer.h"
 
 namespace halvane {
+
+class Ephemeris;
 
 /// Apparent place of the Sun.
 struct SunPlace {
@@ -18,48 +21,26 @@ struct SunPlace {
     double equation_of_time = 0;            ///< apparent minus mean, within 24                [min]
 };
 
-/// Apparent place of the Sun for the observer of `loc.vsk` by the complete VSOP87 series.
-/// In     pi_value  the caller's pi
-///        jd        UT1, or TDT with `tdtinput` 1                                             [d]
-/// Out    the members of SunPlace in order
-/// Reads `loc.vsk`, the switch `tdtinput` and the arrays of `termfull.vsk` and `mterm.vsk`.
+/// Apparent geocentric place of the Sun by the complete VSOP87 series; the topocentric members stay 0.
+/// Needs `termfull.vsk` and `mterm.vsk`.
 /// Accuracy  see docs/accuracy.md.
 /// Source Bretagnon and Francou, Astronomy and Astrophysics 202, 309 (1988); reduction after Meeus,
 ///        Astronomical Algorithms, chapter "Solar Coordinates".
-void modcorsh(double pi_value, double jd, double& right_ascension, double& declination,
-              double& topocentric_right_ascension, double& topocentric_declination, double& longitude,
-              double& latitude, double& topocentric_longitude, double& topocentric_latitude, double& radius,
-              double& equation_of_time);
+SunPlace geocentric_sun_high(Ephemeris& ephemeris, const Instant& instant);
 
 /// The same by the 248 largest terms (`term.vsk`), with the mean aberration.
-void modcorsm(double pi_value, double jd, double& right_ascension, double& declination,
-              double& topocentric_right_ascension, double& topocentric_declination, double& longitude,
-              double& latitude, double& topocentric_longitude, double& topocentric_latitude, double& radius,
-              double& equation_of_time);
+SunPlace geocentric_sun_medium(Ephemeris& ephemeris, const Instant& instant);
 
 /// The same by the low-precision formulae of Meeus; the latitude is 0.
-void modcorsl(double pi_value, double jd, double& right_ascension, double& declination,
-              double& topocentric_right_ascension, double& topocentric_declination, double& longitude,
-              double& latitude, double& topocentric_longitude, double& topocentric_latitude, double& radius,
-              double& equation_of_time);
+SunPlace geocentric_sun_low(Ephemeris& ephemeris, const Instant& instant);
 
-/// The low-precision formulae with a four-term nutation for an observer at sea level given in arguments
-/// [deg, east and north positive]. `jd` is UT1 whatever `tdtinput` holds, but for the observer's sidereal
-/// time; reads no file and needs no array.
-void modcorsvl(double observer_longitude, double observer_latitude, double jd, double& right_ascension,
-               double& declination, double& topocentric_right_ascension, double& topocentric_declination,
-               double& longitude, double& latitude, double& topocentric_longitude,
-               double& topocentric_latitude, double& radius);
+/// The same places with the topocentric members for an observer.
+SunPlace sun_high(Ephemeris& ephemeris, const Instant& instant, const Observer& observer);
+SunPlace sun_medium(Ephemeris& ephemeris, const Instant& instant, const Observer& observer);
+SunPlace sun_low(Ephemeris& ephemeris, const Instant& instant, const Observer& observer);
 
-/// The places of modcorsh, modcorsm and modcorsl without the observer: the topocentric members stay 0.
-SunPlace geocentric_sun_high(double jd);
-SunPlace geocentric_sun_medium(double jd);
-SunPlace geocentric_sun_low(double jd);
-
-/// The four routines for a given observer, by name.
-SunPlace sun_high(const Observer& observer, double jd);
-SunPlace sun_medium(const Observer& observer, double jd);
-SunPlace sun_low(const Observer& observer, double jd);
-SunPlace sun_fast(const Observer& observer, double jd);
+/// The low-precision formulae with a four-term nutation; the equation of time stays 0. They need no series,
+/// and take the day number of any instant for UT1 but for the observer's sidereal time.
+SunPlace sun_fast(Ephemeris& ephemeris, const Instant& instant, const Observer& observer);
 
 } // namespace halvane

@@ -2,7 +2,6 @@
 
 #include "base/failure.h"
 #include "ephemeris/coordinates.h"
-#include "ephemeris/earthorientation.h"
 #include "ephemeris/modgeneral.h"
 
 #include <cmath>

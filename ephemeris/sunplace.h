@@ -21,6 +21,11 @@ struct EarthPlace {
 /// and the nutation; with the equation of time.
 SunPlace apparent_sun(const Orientation& orientation, const EarthPlace& earth, double aberration);
 
+/// Daily variation of the Sun's longitude in a fixed frame, for the aberration; `tau` Julian millennia of
+/// dynamical time from 2000                                                                     [deg/d]
+/// Source Meeus, Astronomical Algorithms, chapter "Solar Coordinates".
+double daily_variation(double tau);
+
 /// Fills the topocentric places from the geocentric ecliptic one.
 void add_topocentric(const Observer& observer, const SkyFrame& frame, SunPlace& sun);
 

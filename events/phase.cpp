@@ -1,7 +1,6 @@
 #include "events/phase.h"
 
 #include "base/failure.h"
-#include "calendar/moddeltat.h"
 #include "ephemeris/modgeneral.h"
 #include "events/phaseterms.h"
 
@@ -103,23 +102,22 @@ double elongation_from_phase(Phase phase, double moon_longitude, double sun_long
 
 namespace {
 
-double elongation_at(Phase phase, double t, bool geocentric) {
-    if (geocentric)
-        return elongation_from_phase(phase, geocentric_moon_medium(t).longitude,
-                                     geocentric_sun_high(t).longitude);
-    const Observer& observer = stored_observer();
-    return elongation_from_phase(phase, moon_medium(observer, t).topocentric_longitude,
-                                 sun_high(observer, t).topocentric_longitude);
+double elongation_at(Ephemeris& ephemeris, Phase phase, const Instant& instant, const Observer* observer) {
+    if (observer == nullptr)
+        return elongation_from_phase(phase, geocentric_moon_medium(ephemeris, instant).longitude,
+                                     geocentric_sun_high(ephemeris, instant).longitude);
+    return elongation_from_phase(phase, moon_medium(ephemeris, instant, *observer).topocentric_longitude,
+                                 sun_high(ephemeris, instant, *observer).topocentric_longitude);
 }
 
 } // namespace
 
-double refined_phase(Phase phase, double estimate, bool geocentric) {
-    const TdtSpan dynamical_time(1);
+double refined_phase(Ephemeris& ephemeris, Phase phase, double estimate, const Observer* observer) {
     SearchGuard guard({"a phase of the Moon", "طور من أطوار القمر"});
     double t = estimate;
     for (;;) {
-        const double next = guard.check(t - elongation_at(phase, t, geocentric) * days_per_degree);
+        const double elongation = elongation_at(ephemeris, phase, Instant::of_dynamical(t), observer);
+        const double next = guard.check(t - elongation * days_per_degree);
         const double step = std::fabs(next - t);
         t = next;
         if (step <= phase_tolerance)

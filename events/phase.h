@@ -25,12 +25,11 @@ double phase_estimate(Phase phase, double k);
 double elongation_from_phase(Phase phase, double moon_longitude, double sun_longitude);
 
 /// The moment at which the elongation of the full theories is that of the phase.
-/// In     phase       which
-///        estimate    Julian day of dynamical time within a fortnight of it                          [d]
-///        geocentric  false: topocentric longitudes for the observer of `loc.vsk`
-/// Returns the Julian day of dynamical time. Runs with `tdtinput` 1.
+/// In     estimate  Julian day of dynamical time within a fortnight of it                            [d]
+///        observer  of topocentric longitudes; nullptr: geocentric ones
+/// Returns the Julian day of dynamical time.
 /// Error  raises RunTimeFailure when the search does not end.
 /// Accuracy  docs/accuracy.md.
-double refined_phase(Phase phase, double estimate, bool geocentric);
+double refined_phase(Ephemeris& ephemeris, Phase phase, double estimate, const Observer* observer = nullptr);
 
 } // namespace halvane

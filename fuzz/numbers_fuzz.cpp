@@ -1,7 +1,7 @@
 #include "base/failure.h"
 #include "base/numberformat.h"
+#include "base/record.h"
 #include "fuzz/require.h"
-#include "stored/record.h"
 
 #include <cmath>
 #include <cstddef>

@@ -1,5 +1,6 @@
 #include "ephemeris/series.h"
 #include "fuzz/readinput.h"
+#include "routines/series.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     halvane::fuzz::read_input("termfull.vsk", data, size, halvane::load_termfull);

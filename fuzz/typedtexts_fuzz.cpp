@@ -1,4 +1,5 @@
 #include "base/numberformat.h"
+#include "base/record.h"
 #include "calendar/hijriconversion.h"
 #include "calendar/yearlimits.h"
 #include "desktop/daterules.h"
@@ -9,7 +10,6 @@
 #include "stored/loc.h"
 #include "stored/loclist.h"
 #include "stored/phase.h"
-#include "stored/record.h"
 #include "stored/visib.h"
 #include "stored/windows1256.h"
 

@@ -1,6 +1,7 @@
 #include "hijri/frmhej.h"
 
 #include "base/numberformat.h"
+#include "base/record.h"
 #include "calendar/yearlimits.h"
 #include "panel/formpage.h"
 #include "panel/messages.h"
@@ -8,7 +9,6 @@
 #include "panel/numberlists.h"
 #include "panel/panelstyle.h"
 #include "panel/panelsupport.h"
-#include "stored/record.h"
 #include "ui_frmhej.h"
 
 namespace halvane {

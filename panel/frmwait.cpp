@@ -1,7 +1,7 @@
 #include "panel/frmwait.h"
 
-#include "ephemeris/modgeneral.h"
 #include "panel/panelstyle.h"
+#include "routines/waitseconds.h"
 #include "ui_frmwait.h"
 
 #include <QCoreApplication>

@@ -2,7 +2,7 @@
 
 #include "base/failure.h"
 #include "base/version.h"
-#include "ephemeris/series.h"
+#include "routines/series.h"
 
 #include <QAbstractButton>
 #include <QFileDialog>

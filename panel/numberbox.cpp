@@ -1,11 +1,11 @@
 #include "panel/numberbox.h"
 
 #include "base/numberformat.h"
+#include "base/record.h"
 #include "panel/messages.h"
 #include "panel/namelabel.h"
 #include "panel/numberlists.h"
 #include "panel/typednumber.h"
-#include "stored/record.h"
 
 #include <QAccessible>
 #include <QAction>

@@ -1,6 +1,6 @@
 #include "panel/panelsupport.h"
 
-#include "ephemeris/modgeneral.h"
+#include "routines/waitseconds.h"
 
 #include <QAbstractButton>
 #include <QApplication>

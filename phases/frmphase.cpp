@@ -8,6 +8,7 @@
 #include "panel/panelstyle.h"
 #include "panel/panelsupport.h"
 #include "phases/phasereport.h"
+#include "routines/series.h"
 #include "ui_frmphase.h"
 
 namespace halvane {
@@ -128,7 +129,7 @@ void frmphase::cmdcalc_click() {
     RunOutcome outcome;
     {
         WaitProgress progress(windowTitle(), this);
-        outcome = write_phases(run, progress);
+        outcome = write_phase_report(loaded_theory(), run, progress);
     }
     if (outcome == RunOutcome::done)
         platform().show_text_file("results.out");

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "calendar/moddeltat.h"
 #include "panel/language.h"
+#include "routines/tdtinput.h"
 #include "stored/phase.h"
 
 #include <QDialog>

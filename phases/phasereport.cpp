@@ -51,8 +51,8 @@ void write_head(Report& report, const PhaseYear& run) {
 }
 
 /// Writes a cell unless its phase lies outside the year; true when it has been written.
-bool write_cell(Report& report, const PhaseYear& run, const Cell& cell, double k) {
-    const LocalPhase phase = local_phase(run, cell.phase, k + cell.quarter);
+bool write_cell(Ephemeris& ephemeris, Report& report, const PhaseYear& run, const Cell& cell, double k) {
+    const LocalPhase phase = local_phase(ephemeris, run, cell.phase, k + cell.quarter);
     const std::string text = phase_text(run, phase);
     if (text == "----")
         return false;
@@ -71,7 +71,7 @@ void write_tail(Report& report) {
     write_date_remarks(report);
 }
 
-RunOutcome write_rows(Report& report, const PhaseYear& run, Progress& progress) {
+RunOutcome write_rows(Ephemeris& ephemeris, Report& report, const PhaseYear& run, Progress& progress) {
     constexpr int end_of_rows = 16;
     double k = first_lunation(run.year);
     int complete_rows = 0;
@@ -82,7 +82,7 @@ RunOutcome write_rows(Report& report, const PhaseYear& run, Progress& progress) 
         if (!progress.yield())
             outcome = RunOutcome::cancelled;
         for (const Cell& cell : cells) {
-            const bool written = write_cell(report, run, cell, k);
+            const bool written = write_cell(ephemeris, report, run, cell, k);
             if (!written || cell.phase != Phase::last_quarter)
                 continue;
             report.end_line();
@@ -96,13 +96,15 @@ RunOutcome write_rows(Report& report, const PhaseYear& run, Progress& progress) 
 
 } // namespace
 
-RunOutcome write_phases(const PhaseYear& run, Progress& progress) {
+RunOutcome write_phase_report(const TheoryPointer& theory, const PhaseYear& run, Progress& progress) {
     if (refused_phase_year(run) || refused_delta_t(run))
         return RunOutcome::refused;
+    Ephemeris ephemeris(theory);
     Report report(program_path("results.out"));
     write_head(report, run);
     const RunOutcome outcome = about_place(run.location.name, [&] {
-        return about_day(DateNumbers{run.year, 1, 1}, [&] { return write_rows(report, run, progress); });
+        return about_day(DateNumbers{run.year, 1, 1},
+                         [&] { return write_rows(ephemeris, report, run, progress); });
     });
     write_tail(report);
     report.commit();

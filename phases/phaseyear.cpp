@@ -1,13 +1,14 @@
 #include "phases/phaseyear.h"
 
 #include "base/numberformat.h"
+#include "base/record.h"
 #include "calendar/civildate.h"
 #include "calendar/modctim.h"
 #include "calendar/moddeltat.h"
 #include "calendar/modjul.h"
 #include "calendar/modsummer.h"
 #include "calendar/yearlimits.h"
-#include "stored/record.h"
+#include "settings/enginesettings.h"
 
 #include <cmath>
 
@@ -43,8 +44,11 @@ std::string proposed_delta_t(const std::string& year_text) {
     return format_number(delta_t * 86400, "##########00.00");
 }
 
-LocalPhase local_phase(const PhaseYear& run, Phase phase, double k) {
-    LocalPhase local{refined_phase(phase, phase_estimate(phase, k), run.geocentric), false};
+LocalPhase local_phase(Ephemeris& ephemeris, const PhaseYear& run, Phase phase, double k) {
+    const Observer observer = observer_of(run.location);
+    LocalPhase local{
+        refined_phase(ephemeris, phase, phase_estimate(phase, k), run.geocentric ? nullptr : &observer),
+        false};
     if (run.local_ut1)
         local.jd -= run.delta_t / 86400;
     local.summer = summer_hours_of(run.preferences, local.jd) == 1;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/twintext.h"
+#include "ephemeris/ephemeris.h"
 #include "events/phase.h"
 #include "stored/loc.h"
 #include "stored/phase.h"
@@ -44,7 +45,7 @@ struct LocalPhase {
 
 /// The phase of lunation `k` (a whole number plus the phase's quarter).
 /// Error  raises RunTimeFailure when the search does not end.
-LocalPhase local_phase(const PhaseYear& run, Phase phase, double k);
+LocalPhase local_phase(Ephemeris& ephemeris, const PhaseYear& run, Phase phase, double k);
 
 /// Lunation of the table's first row: one before the year.
 double first_lunation(double year);

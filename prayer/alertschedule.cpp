@@ -11,15 +11,15 @@ namespace halvane {
 namespace {
 
 /// Yesterday's, today's and tomorrow's: a beep or a late alert may belong to a neighbouring day.
-std::vector<PrayerMoment> moments_about(double today, const Preferences& preferences,
-                                        const Location& location) {
+std::vector<PrayerMoment> moments_about(const TheoryPointer& theory, double today,
+                                        const Preferences& preferences, const Location& location) {
     const MachineTime date = clock_at(today * seconds_per_day);
     double jd = 0;
     modjul(date.year, date.month, date.day, 0, jd);
     std::vector<PrayerMoment> moments;
     for (const int days_ahead : {-1, 0, 1}) {
-        const std::vector<PrayerMoment> day =
-            prayer_moments(today_prayer_times(jd + days_ahead), today + days_ahead, preferences, location);
+        const std::vector<PrayerMoment> day = prayer_moments(today_prayer_times(theory, jd + days_ahead),
+                                                             today + days_ahead, preferences, location);
         moments.insert(moments.end(), day.begin(), day.end());
     }
     sort_by_time(moments);
@@ -51,7 +51,7 @@ void AlertSchedule::take_settings(const MachineTime& now) {
     const Location location = read_loc();
     const double today = day_count_of(location_clock(preferences, location, now).time);
     if (preferences_ != preferences || location_ != location || today_ != today) {
-        moments_ = moments_about(today, preferences, location);
+        moments_ = moments_about(theory_, today, preferences, location);
         preferences_ = preferences;
         location_ = location;
         today_ = today;

@@ -11,6 +11,7 @@
 #include <optional>
 #include <string>
 #include <tuple>
+#include <utility>
 #include <vector>
 
 namespace halvane {
@@ -45,12 +46,15 @@ struct ComingPrayer {
 /// is a corrected date: what lies after it is due again.
 class AlertSchedule {
 public:
+    /// In     theory  with `term.vsk` and `mterm.vsk`
+    explicit AlertSchedule(TheoryPointer theory) : theory_(std::move(theory)) {}
+
     /// What has come due since the last call; nothing at the first one but what is due at this second.
     /// In     now  Universal Time
     /// Reads `alert.vsk`, `pref.vsk`, `loc.vsk` every ten seconds of the clock and `date.vsk` when the times
-    /// are computed anew, which a new date or changed settings ask for; needs `term.vsk` and `mterm.vsk`
-    /// loaded. While the files cannot be read, what was read last stays in force (see trouble).
-    /// Error  raises RunTimeFailure for a damaged file before all have been read soundly once.
+    /// are computed anew, which a new date or changed settings ask for. While the files cannot be read, what
+    /// was read last stays in force (see trouble). Error  raises RunTimeFailure for a damaged file before all
+    /// have been read soundly once.
     std::vector<Alert> due(const MachineTime& now);
 
     /// The next prayer, today's or tomorrow's; nothing when neither day has one. Reads as `due` does.
@@ -71,6 +75,7 @@ private:
     void forget(double present);
     bool announce(const PrayerMoment& moment, Alert::Kind kind, double seconds);
 
+    TheoryPointer theory_;
     std::optional<double> last_;  ///< time of the last call of `due` [s since the platform's day 0]
     double since_ = 0;            ///< what is due now lies after it [s]
     double present_ = 0;          ///< [s]

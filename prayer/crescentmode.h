@@ -1,6 +1,6 @@
 #pragma once
 
-#include "events/taggedtime.h"
+#include "calendar/taggedtime.h"
 
 namespace halvane {
 

@@ -1,6 +1,7 @@
 #include "prayer/frmalerts.h"
 
 #include "base/numberformat.h"
+#include "base/record.h"
 #include "panel/currentplatform.h"
 #include "panel/formpage.h"
 #include "panel/numberbox.h"
@@ -9,7 +10,6 @@
 #include "panel/panelsupport.h"
 #include "stored/alert.h"
 #include "stored/programfolder.h"
-#include "stored/record.h"
 #include "ui_frmalerts.h"
 
 #include <exception>

@@ -4,10 +4,10 @@
 #include "calendar/civildate.h"
 #include "calendar/modctim.h"
 #include "ephemeris/coordinates.h"
-#include "ephemeris/earthorientation.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/moon.h"
-#include "events/modriseset.h"
+#include "events/riseset.h"
+#include "settings/enginesettings.h"
 
 #include <cmath>
 
@@ -36,19 +36,18 @@ double hour_angle_of(double sidereal_time, double longitude, double right_ascens
 }
 
 /// Time of the meridian passage, folded into the day                                            [h]
-double transit_hours(const Observer& observer, double jd, double clock_ahead) {
+double transit_hours(Ephemeris& ephemeris, const Observer& observer, double jd, double clock_ahead) {
     constexpr double tolerance = 0.0002777777; // one second
-    const double midnight = jd - clock_ahead / hours_per_day;
-    double sidereal_time = 0;
-    modsiderial(midnight, sidereal_time);
-    const double first = geocentric_moon_low(midnight).right_ascension - observer.longitude - sidereal_time;
+    const Instant midnight = Instant::of_ut1(jd - clock_ahead / hours_per_day);
+    const double first = geocentric_moon_low(ephemeris, midnight).right_ascension - observer.longitude -
+                         sidereal_time(ephemeris, midnight);
     double t = into_day(first / 360 * hours_per_day);
     SearchGuard guard({"the Moon's transit", "عبور القمر"});
     for (;;) {
-        const double instant = jd - (clock_ahead - t) / hours_per_day;
-        modsiderial(instant, sidereal_time);
-        const double right_ascension = geocentric_moon_medium(instant).right_ascension;
-        const double hour_angle = hour_angle_of(sidereal_time, observer.longitude, right_ascension);
+        const Instant instant = Instant::of_ut1(jd - (clock_ahead - t) / hours_per_day);
+        const double right_ascension = geocentric_moon_medium(ephemeris, instant).right_ascension;
+        const double hour_angle =
+            hour_angle_of(sidereal_time(ephemeris, instant), observer.longitude, right_ascension);
         const double next = guard.check(t - hour_angle / 360 * hours_per_day);
         if (std::fabs(t - next) <= tolerance)
             return into_day(next);
@@ -56,39 +55,43 @@ double transit_hours(const Observer& observer, double jd, double clock_ahead) {
     }
 }
 
-bool is_passage(const Observer& observer, double instant) {
+/// In     horizon  altitude of rise and set [deg]
+bool is_passage(Ephemeris& ephemeris, const Observer& observer, const Instant& instant, double horizon) {
     constexpr double meridian_tolerance = 7;
-    const MoonPlace moon = geocentric_moon_low(instant);
+    const MoonPlace moon = geocentric_moon_low(ephemeris, instant);
     double altitude = 0;
     double azimuth = 0;
-    altazm_of(observer, instant, moon.right_ascension, moon.declination, altitude, azimuth);
+    altazm_of(ephemeris, instant, observer, moon.right_ascension, moon.declination, altitude, azimuth);
     const auto near = [azimuth](double meridian) {
         return std::fabs(azimuth - meridian) <= meridian_tolerance;
     };
-    return altitude > moonhorizonalt && (near(180) || near(0) || near(360));
+    return altitude > horizon && (near(180) || near(0) || near(360));
 }
 
 } // namespace
 
-MoonRiseSet moon_rise_set(double jd, double clock_ahead) {
-    MoonRiseSet result;
-    modriseset("Moon", jd - clock_ahead / hours_per_day, result.rise, result.set);
-    result.all_day = is(result.rise, NoEvent::up) || is(result.rise, NoEvent::down);
-    return result;
+MoonRiseSet moon_rise_set(Ephemeris& ephemeris, const Preferences& preferences, const Location& location,
+                          double jd, double clock_ahead) {
+    const RiseSet found =
+        find_rise_set(ephemeris, Target::moon, Instant::of_ut1(jd - clock_ahead / hours_per_day),
+                      observer_of(location), horizon_of(preferences, location));
+    return {found.rise, found.set, is(found.rise, NoEvent::up) || is(found.rise, NoEvent::down),
+            found.horizon_altitude};
 }
 
 namespace {
 
-MoonTimes times_of_day(const Preferences& preferences, const Location& location, double jd,
-                       int summer_hours) {
+MoonTimes times_of_day(Ephemeris& ephemeris, const Preferences& preferences, const Location& location,
+                       double jd, int summer_hours) {
     const double clock_ahead = location.zone + summer_hours;
     const int precision = precision_of(preferences);
-    const MoonRiseSet events = moon_rise_set(jd, clock_ahead);
+    const MoonRiseSet events = moon_rise_set(ephemeris, preferences, location, jd, clock_ahead);
     MoonTimes times{text_of(events.rise, precision), "", text_of(events.set, precision)};
 
-    const Observer observer = stored_observer();
-    const double transit = transit_hours(observer, jd, clock_ahead);
-    times.transit = is_passage(observer, jd - (clock_ahead - transit) / hours_per_day)
+    const Observer observer = observer_of(location);
+    const double transit = transit_hours(ephemeris, observer, jd, clock_ahead);
+    const Instant passage = Instant::of_ut1(jd - (clock_ahead - transit) / hours_per_day);
+    times.transit = is_passage(ephemeris, observer, passage, events.horizon_altitude)
                         ? modctim(precision, transit)
                         : text_of(NoEvent::none);
     if (times.rise == times.set && !is(events.rise, NoEvent::up))
@@ -98,9 +101,11 @@ MoonTimes times_of_day(const Preferences& preferences, const Location& location,
 
 } // namespace
 
-MoonTimes moon_day(const Preferences& preferences, const Location& location, double jd, int summer_hours) {
+MoonTimes moon_day(Ephemeris& ephemeris, const Preferences& preferences, const Location& location, double jd,
+                   int summer_hours) {
     return about_place(location.name, [&] {
-        return about_day(jd, [&] { return times_of_day(preferences, location, jd, summer_hours); });
+        return about_day(jd,
+                         [&] { return times_of_day(ephemeris, preferences, location, jd, summer_hours); });
     });
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "events/taggedtime.h"
+#include "calendar/taggedtime.h"
+#include "ephemeris/ephemeris.h"
 #include "stored/loc.h"
 #include "stored/pref.h"
 
@@ -12,13 +13,14 @@ namespace halvane {
 struct MoonRiseSet {
     TaggedTime rise = NoEvent::none;
     TaggedTime set = NoEvent::none;
-    bool all_day = false; ///< both are "Up" or both are "Down"
+    bool all_day = false;        ///< both are "Up" or both are "Down"
+    double horizon_altitude = 0; ///< at rise and set with the dip of the horizon               [deg]
 };
 
 /// In     jd           0 h of the civil date                                                    [d]
 ///        clock_ahead  zone and summer hours                                                    [h]
-/// Reads `pref.vsk` and `loc.vsk`; writes `moonhorizonalt`.
-MoonRiseSet moon_rise_set(double jd, double clock_ahead);
+MoonRiseSet moon_rise_set(Ephemeris& ephemeris, const Preferences& preferences, const Location& location,
+                          double jd, double clock_ahead);
 
 /// The Moon's day as texts: clock times, "----", "Up" or "Down".
 struct MoonTimes {
@@ -32,6 +34,7 @@ struct MoonTimes {
 ///        summer_hours  0 or 1
 /// A transit is the passage found from the day's start, folded into the day; below the horizon, or further
 /// than 7 deg from the meridian at the folded moment, it is "----".
-MoonTimes moon_day(const Preferences& preferences, const Location& location, double jd, int summer_hours);
+MoonTimes moon_day(Ephemeris& ephemeris, const Preferences& preferences, const Location& location, double jd,
+                   int summer_hours);
 
 } // namespace halvane

@@ -1,7 +1,6 @@
 #include "prayer/moonrun.h"
 
 #include "base/machineclock.h"
-#include "calendar/moddeltat.h"
 #include "prayer/crescentmode.h"
 #include "prayer/moonreport.h"
 #include "report/head.h"
@@ -19,8 +18,8 @@ void keep_for_crescent(const MoonRiseSet& events) {
 
 } // namespace
 
-RunOutcome write_moon_report(Progress& progress) {
-    const TdtSpan universal_time(0);
+RunOutcome write_moon_report(const TheoryPointer& theory, Progress& progress) {
+    Ephemeris ephemeris(theory);
     const Preferences preferences = read_pref();
     const CalculationDate date = read_date();
     const Location location = read_loc();
@@ -34,7 +33,7 @@ RunOutcome write_moon_report(Progress& progress) {
     for (double jd = days.first; jd <= days.last && outcome == RunOutcome::done; jd += 1) {
         tell_progress(progress, days, jd);
         const int summer_hours = summer_hours_of(preferences, jd);
-        const MoonTimes times = moon_day(preferences, location, jd, summer_hours);
+        const MoonTimes times = moon_day(ephemeris, preferences, location, jd, summer_hours);
         write_moon_row(report, precision_of(preferences), summer_hours == 1, row_date(jd), times, ++rows);
         if (!progress.yield())
             outcome = RunOutcome::cancelled;
@@ -44,8 +43,11 @@ RunOutcome write_moon_report(Progress& progress) {
     return outcome;
 }
 
-void cmdmoon_for_crescent() {
-    keep_for_crescent(moon_rise_set(crescentjd, read_loc().zone + summeractive));
+void cmdmoon_for_crescent(Ephemeris& ephemeris) {
+    const Preferences preferences = read_pref();
+    const Location location = read_loc();
+    keep_for_crescent(
+        moon_rise_set(ephemeris, preferences, location, crescentjd, location.zone + summeractive));
 }
 
 } // namespace halvane

@@ -1,17 +1,18 @@
 #pragma once
 
 #include "base/progress.h"
+#include "ephemeris/ephemeris.h"
 
 namespace halvane {
 
 /// The Moon report: writes `mresults.out` for the stored period and location.
-/// Reads `pref.vsk`, `date.vsk`, `loc.vsk`; runs with `tdtinput` 0.
+/// Reads `pref.vsk`, `date.vsk`, `loc.vsk`.
 /// Returns cancelled with the rows so far and the remarks in the file.
 /// Error  raises RunTimeFailure; an earlier `mresults.out` then stands.
-RunOutcome write_moon_report(Progress& progress);
+RunOutcome write_moon_report(const TheoryPointer& theory, Progress& progress);
 
 /// The Moon's rise and set of the day `crescentjd` with `summeractive` summer hours: fills `moonriseout` and
 /// `moonsetout`.
-void cmdmoon_for_crescent();
+void cmdmoon_for_crescent(Ephemeris& ephemeris);
 
 } // namespace halvane

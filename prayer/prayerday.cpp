@@ -6,8 +6,8 @@
 #include "ephemeris/coordinates.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/sun.h"
-#include "events/modriseset.h"
 #include "prayer/highlatitude.h"
+#include "settings/enginesettings.h"
 
 #include <cmath>
 
@@ -35,9 +35,10 @@ TaggedTime moved(const TaggedTime& event, double hours) {
 /// One day's calculation; the steps share its settings and what the steps before have found.
 class DayCalculation {
 public:
-    DayCalculation(const PrayerSettings& settings, double jd, int summer_hours)
-        : settings_(settings), jd_(jd), clock_ahead_(settings.location.zone + summer_hours),
-          jd0_(jd - clock_ahead_ / 24) {
+    DayCalculation(Ephemeris& ephemeris, const PrayerSettings& settings, double jd, int summer_hours)
+        : ephemeris_(ephemeris), settings_(settings), jd_(jd),
+          clock_ahead_(settings.location.zone + summer_hours),
+          start_(Instant::of_ut1(jd - clock_ahead_ / 24)) {
         day_.summer_hours = summer_hours;
     }
 
@@ -54,12 +55,15 @@ public:
     }
 
 private:
+    RiseSet search(Target target) const {
+        return find_rise_set(ephemeris_, target, start_, settings_.observer, settings_.horizon);
+    }
+
     std::string text(const TaggedTime& time) const { return text_of(time, settings_.precision); }
 
     void find_sun() {
-        TaggedTime rise;
-        TaggedTime set;
-        modriseset("Sun", jd0_, rise, set);
+        const auto [rise, set, horizon_altitude] = search(Target::sun);
+        sunset_altitude_ = horizon_altitude;
         if (is(rise, NoEvent::up) || is(rise, NoEvent::down)) {
             day_.keeps_sunrise = true;
             day_.sunrise = rise;
@@ -73,16 +77,11 @@ private:
         day_.times.maghreb = text(day_.sunset);
     }
 
-    double angle(double stored) const { return forcedtwilight.value_or(stored); }
-
     void search_twilights(TaggedTime& fajer, TaggedTime& isha) const {
-        TaggedTime ignored;
-        if (angle(settings_.preferences.fajer_angle) == angle(settings_.preferences.isha_angle)) {
-            modriseset("Fajer", jd0_, fajer, isha);
-            return;
-        }
-        modriseset("Fajer", jd0_, fajer, ignored);
-        modriseset("Isha", jd0_, ignored, isha);
+        const RiseSet morning = search(Target::fajer);
+        fajer = morning.rise;
+        const bool alike = settings_.horizon.fajer_angle == settings_.horizon.isha_angle;
+        isha = alike ? morning.set : search(Target::isha).set;
     }
 
     void find_twilights() {
@@ -117,9 +116,7 @@ private:
     }
 
     void find_aser() {
-        TaggedTime ignored;
-        TaggedTime shadow;
-        modriseset("Asr", jd0_, ignored, shadow);
+        const TaggedTime shadow = search(Target::aser).set;
         const double* hours = hours_of(shadow);
         if (is(day_.sunset, NoEvent::down))
             day_.times.aser = text_of(NoEvent::down);
@@ -135,32 +132,36 @@ private:
 
     void find_dhohur() {
         constexpr double tolerance = 6.94444e-05; // a quarter of a second
-        double t = transit(geocentric_sun_low(jd_ + 0.5 - clock_ahead_ / 24).equation_of_time);
-        double instant = 0;
+        double t = transit(
+            geocentric_sun_low(ephemeris_, Instant::of_ut1(jd_ + 0.5 - clock_ahead_ / 24)).equation_of_time);
+        Instant instant = start_;
         SunPlace sun;
         SearchGuard guard({"the Sun's transit", "عبور الشمس"});
         for (;;) {
-            instant = jd_ - (clock_ahead_ - t) / 24;
-            sun = geocentric_sun_medium(instant);
+            instant = Instant::of_ut1(jd_ - (clock_ahead_ - t) / 24);
+            sun = geocentric_sun_medium(ephemeris_, instant);
             const double next = guard.check(transit(sun.equation_of_time));
             const double change = std::fabs(t - next);
             t = next;
             if (change <= tolerance)
                 break;
         }
-        const double altitude = altitude_of(stored_observer(), instant, sun.right_ascension, sun.declination);
+        const double altitude =
+            altitude_of(ephemeris_, instant, settings_.observer, sun.right_ascension, sun.declination);
         std::string& dhohur = day_.times.dhohur;
         dhohur = modctim(settings_.precision, t + settings_.preferences.add_dhohur / 60);
-        if (altitude <= sunhorizonalt)
+        if (altitude <= sunset_altitude_)
             dhohur = text_of(NoEvent::none);
         if (day_.times.shuroq == day_.times.maghreb && !is(day_.sunrise, NoEvent::up))
             dhohur = day_.times.shuroq;
     }
 
+    Ephemeris& ephemeris_;
     const PrayerSettings& settings_;
     double jd_;
-    double clock_ahead_; ///< zone and summer hours [h]
-    double jd0_;
+    double clock_ahead_;         ///< zone and summer hours [h]
+    Instant start_;              ///< local midnight
+    double sunset_altitude_ = 0; ///< of the horizon with its dip [deg]
     PrayerDay day_;
 };
 
@@ -170,6 +171,8 @@ PrayerSettings read_prayer_settings(DayMode mode) {
     PrayerSettings settings;
     settings.preferences = read_pref();
     settings.location = read_loc();
+    settings.observer = observer_of(settings.location);
+    settings.horizon = horizon_of(settings.preferences, settings.location);
     settings.longitude = longitude_of(settings.location);
     settings.latitude = latitude_of(settings.location);
     if (mode != DayMode::crescent)
@@ -183,9 +186,9 @@ PrayerSettings read_prayer_settings(DayMode mode) {
     return settings;
 }
 
-PrayerDay prayer_day(const PrayerSettings& settings, double jd, int summer_hours) {
+PrayerDay prayer_day(Ephemeris& ephemeris, const PrayerSettings& settings, double jd, int summer_hours) {
     return about_place(settings.location.name, [&] {
-        return about_day(jd, [&] { return DayCalculation(settings, jd, summer_hours).run(); });
+        return about_day(jd, [&] { return DayCalculation(ephemeris, settings, jd, summer_hours).run(); });
     });
 }
 

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "calendar/modsummer.h"
-#include "events/taggedtime.h"
+#include "calendar/taggedtime.h"
+#include "events/riseset.h"
 #include "stored/loc.h"
 #include "stored/pref.h"
 
@@ -20,6 +21,8 @@ enum class DayMode {
 struct PrayerSettings {
     Preferences preferences;
     Location location;
+    Observer observer;
+    Horizon horizon;            ///< with the twilight angles in force
     double longitude = 0;       ///< east positive                                              [deg]
     double latitude = 0;        ///< north positive                                             [deg]
     double city = 0;            ///< how much earlier Fajer and Shuroq come for the city        [h]
@@ -57,9 +60,7 @@ struct PrayerDay {
 /// In     settings  of the run
 ///        jd        0 h of the civil date                                                      [d]
 ///        summer_hours  0 or 1 (summer_hours_of)
-/// Reads `pref.vsk` and `loc.vsk` through the searches; `forcedtwilight` takes the place of both angles.
-/// Writes `sunhorizonalt`.
 /// Error  raises RunTimeFailure when the alternative method meets a day without Shuroq or Maghreb.
-PrayerDay prayer_day(const PrayerSettings& settings, double jd, int summer_hours);
+PrayerDay prayer_day(Ephemeris& ephemeris, const PrayerSettings& settings, double jd, int summer_hours);
 
 } // namespace halvane

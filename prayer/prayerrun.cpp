@@ -1,15 +1,12 @@
 #include "prayer/prayerrun.h"
 
 #include "base/machineclock.h"
-#include "calendar/moddeltat.h"
-#include "events/modriseset.h"
 #include "prayer/crescentmode.h"
 #include "prayer/highlatitude.h"
 #include "prayer/prayerreport.h"
 #include "report/reportrun.h"
 #include "stored/programfolder.h"
 
-#include <optional>
 #include <vector>
 
 namespace halvane {
@@ -31,20 +28,16 @@ bool forces_year(const PrayerSettings& settings) {
 
 class PrayerReportRun {
 public:
-    PrayerReportRun(Progress& progress, const PrayerSettings& settings)
-        : progress_(progress), settings_(settings), forced_year_(forces_year(settings)),
-          report_(program_path("results.out")) {}
+    PrayerReportRun(Ephemeris& ephemeris, Progress& progress, const PrayerSettings& settings)
+        : ephemeris_(ephemeris), progress_(progress), settings_(settings),
+          forced_year_(forces_year(settings)), report_(program_path("results.out")) {}
 
     RunOutcome run(const CalculationDate& date) {
         const CalculationPeriod period = calculation_period(date);
         days_ = forced_year_ ? days_of({period.start.year, 1, 1}, {period.start.year, 12, 31})
                              : days_of(period.start, period.end);
-        const SwitchGuard angles(forcedtwilight,
-                                 forced_year_ ? std::optional(alternative_twilight_angle) : std::nullopt);
-        const Preferences& preferences = settings_.preferences;
-        write_prayer_head(report_, settings_, report_period(date, days_),
-                          forcedtwilight.value_or(preferences.fajer_angle),
-                          forcedtwilight.value_or(preferences.isha_angle));
+        write_prayer_head(report_, settings_, report_period(date, days_), settings_.horizon.fajer_angle,
+                          settings_.horizon.isha_angle);
         const RunOutcome outcome = write_days();
         if (outcome != RunOutcome::refused)
             write_prayer_closing(report_);
@@ -56,7 +49,8 @@ private:
     RunOutcome write_days() {
         for (double jd = days_.first; jd <= days_.last; jd += 1) {
             tell_progress(progress_, days_, jd);
-            const PrayerDay day = prayer_day(settings_, jd, summer_hours_of(settings_.preferences, jd));
+            const PrayerDay day =
+                prayer_day(ephemeris_, settings_, jd, summer_hours_of(settings_.preferences, jd));
             if (day.refused)
                 return RunOutcome::refused;
             if (forced_year_)
@@ -72,6 +66,7 @@ private:
         return RunOutcome::done;
     }
 
+    Ephemeris& ephemeris_;
     Progress& progress_;
     const PrayerSettings& settings_;
     bool forced_year_;
@@ -83,27 +78,27 @@ private:
 
 } // namespace
 
-RunOutcome write_prayer_report(Progress& progress) {
-    const TdtSpan universal_time(0);
+RunOutcome write_prayer_report(const TheoryPointer& theory, Progress& progress) {
     PrayerSettings settings = read_prayer_settings(DayMode::report);
     const CalculationDate date = read_date();
-    if (forces_year(settings))
+    if (forces_year(settings)) {
         settings.precision = 1;
-    return PrayerReportRun(progress, settings).run(date);
+        settings.horizon.fajer_angle = settings.horizon.isha_angle = alternative_twilight_angle;
+    }
+    Ephemeris ephemeris(theory);
+    return PrayerReportRun(ephemeris, progress, settings).run(date);
 }
 
-PrayerTimes today_prayer_times(double todayjd) {
-    const TdtSpan universal_time(0);
-    // The main panel may be loaded again in the middle of a report with forced angles.
-    const SwitchGuard angles(forcedtwilight, std::nullopt);
+PrayerTimes today_prayer_times(const TheoryPointer& theory, double todayjd) {
     const PrayerSettings settings = read_prayer_settings(DayMode::today);
     read_date();
-    return prayer_day(settings, todayjd, summer_hours_of(settings.preferences, todayjd)).times;
+    Ephemeris ephemeris(theory);
+    return prayer_day(ephemeris, settings, todayjd, summer_hours_of(settings.preferences, todayjd)).times;
 }
 
-void cmdcom_for_crescent() {
+void cmdcom_for_crescent(Ephemeris& ephemeris) {
     const PrayerSettings settings = read_prayer_settings(DayMode::crescent);
-    const PrayerDay day = prayer_day(settings, crescentjd, summeractive);
+    const PrayerDay day = prayer_day(ephemeris, settings, crescentjd, summeractive);
     if (!day.keeps_sunrise)
         sunriseout = day.sunrise;
     sunsetout = day.sunset;

@@ -7,20 +7,20 @@
 namespace halvane {
 
 /// The prayer report: writes `results.out` for the stored period and location.
-/// Reads `pref.vsk`, `date.vsk`, `loc.vsk`; runs with `tdtinput` 0.
+/// Reads `pref.vsk`, `date.vsk`, `loc.vsk`.
 /// Returns cancelled with the rows so far and the remarks in the file; refused beyond latitude 65 when the
 /// alternative method would be needed, with the rows so far and no remarks (see high_latitude_message).
 /// Error  raises RunTimeFailure; an earlier `results.out` then stands.
-RunOutcome write_prayer_report(Progress& progress);
+RunOutcome write_prayer_report(const TheoryPointer& theory, Progress& progress);
 
 /// The six times of one day for the main panel. Reads `pref.vsk`, `date.vsk`, `loc.vsk`; no alternative
 /// method.
 /// In     todayjd  0 h of the machine's date                                                    [d]
-PrayerTimes today_prayer_times(double todayjd);
+PrayerTimes today_prayer_times(const TheoryPointer& theory, double todayjd);
 
 /// The Sun's rise and set of the day `crescentjd` with `summeractive` summer hours: fills `sunriseout` and
 /// `sunsetout`.
-void cmdcom_for_crescent();
+void cmdcom_for_crescent(Ephemeris& ephemeris);
 
 /// What the user is told when the report is refused.
 extern const TwinMessage high_latitude_message;

@@ -1,6 +1,7 @@
 #include "qibla/frmqib.h"
 
 #include "base/numberformat.h"
+#include "base/record.h"
 #include "calendar/yearlimits.h"
 #include "panel/currentplatform.h"
 #include "panel/formpage.h"
@@ -10,9 +11,9 @@
 #include "panel/panelsupport.h"
 #include "qibla/frmqmap.h"
 #include "qibla/qiblahrun.h"
+#include "routines/series.h"
 #include "stored/date.h"
 #include "stored/loc.h"
-#include "stored/record.h"
 #include "ui_frmqib.h"
 
 namespace halvane {
@@ -98,7 +99,7 @@ void frmqib::cmdqib_click() {
     RunOutcome outcome;
     {
         WaitProgress progress(ui_->lblqibtim->text(), this);
-        outcome = write_qiblah_report(progress, direction, mark);
+        outcome = write_qiblah_report(loaded_theory(), progress, direction, mark);
     }
     if (outcome == RunOutcome::done)
         platform().show_text_file("results.out");

@@ -3,13 +3,12 @@
 #include "base/failure.h"
 #include "calendar/civildate.h"
 #include "calendar/modctim.h"
+#include "calendar/taggedtime.h"
 #include "ephemeris/coordinates.h"
-#include "ephemeris/earthorientation.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/sun.h"
-#include "events/modhourangle.h"
-#include "events/modriseset.h"
-#include "events/taggedtime.h"
+#include "events/hourangle.h"
+#include "events/riseset.h"
 
 #include <cmath>
 #include <utility>
@@ -27,28 +26,10 @@ double into_day(double hours) {
     return hours > hours_per_day ? hours - hours_per_day : hours;
 }
 
-/// The hour angles at which a Sun of some declination stands at the azimuth.
-struct Roots {
-    double hour_angle[2] = {0, 0};
-    int flag[2] = {-1, -1};
-
-    bool valid(QiblahRoot root) const { return flag[static_cast<int>(root)] == 0; }
-    double operator[](QiblahRoot root) const { return hour_angle[static_cast<int>(root)]; }
-};
-
-Roots roots_of(const QiblahSearch& search, double declination) {
-    Roots roots;
-    modhourangle(search.observer.latitude, declination, search.azimuth, roots.hour_angle[0], roots.flag[0],
-                 roots.hour_angle[1], roots.flag[1]);
-    return roots;
-}
-
-bool is_below_horizon(const QiblahSearch& search, double jd) {
-    const SunPlace sun = sun_medium(search.observer, jd);
-    double altitude = 0;
-    double azimuth = 0;
-    altazm_of(search.observer, jd, sun.right_ascension, sun.declination, altitude, azimuth);
-    return altitude < search.altitude_limit;
+bool is_below_horizon(Ephemeris& ephemeris, const QiblahSearch& search, const Instant& instant) {
+    const SunPlace sun = geocentric_sun_medium(ephemeris, instant);
+    return altitude_of(ephemeris, instant, search.observer, sun.right_ascension, sun.declination) <
+           search.altitude_limit;
 }
 
 QiblahTime time_of(const QiblahSearch& search, const std::optional<QiblahMoment>& moment) {
@@ -111,36 +92,42 @@ std::optional<double> settled_hours(const SearchRound& round) {
     }
 }
 
-QiblahFind find_qiblah_moment(const QiblahSearch& search, double base, QiblahRoot root) {
+QiblahFind find_qiblah_moment(Ephemeris& ephemeris, const QiblahSearch& search, double base,
+                              QiblahRoot root) {
     const double sun_later = root == QiblahRoot::second ? search.delta_t : 0;
     QiblahFind find;
     const std::optional<double> settled = settled_hours([&](double t) -> std::optional<double> {
-        const SunPlace sun = sun_medium(search.observer, base + sun_later + t / hours_per_day);
-        double sidereal_time = 0;
-        modsiderial(base + t / hours_per_day, sidereal_time);
-        const double hour_angle = rangeh(sidereal_time + search.observer.longitude - sun.right_ascension);
-        const Roots roots = roots_of(search, sun.declination);
-        find.second_root = roots.valid(QiblahRoot::second);
-        if (!roots.valid(root))
+        const SunPlace sun =
+            geocentric_sun_medium(ephemeris, Instant::of_ut1(base + sun_later + t / hours_per_day));
+        const double sidereal = sidereal_time(ephemeris, Instant::of_ut1(base + t / hours_per_day));
+        const double hour_angle = rangeh(sidereal + search.observer.longitude - sun.right_ascension);
+        const std::optional<AzimuthRoots> roots =
+            hour_angles_at(search.observer.latitude, sun.declination, search.azimuth);
+        find.second_root = roots && roots->second.valid;
+        const AzimuthRoot wanted =
+            roots ? (root == QiblahRoot::first ? roots->first : roots->second) : AzimuthRoot{};
+        if (!wanted.valid)
             return std::nullopt;
-        return rangeh(rangeh(roots[root]) - hour_angle) / degrees_per_hour + t;
+        return rangeh(rangeh(wanted.hour_angle) - hour_angle) / degrees_per_hour + t;
     });
     if (settled) {
         const double hours = into_day(*settled);
-        find.moment = {hours, is_below_horizon(search, base + search.delta_t + hours / hours_per_day)};
+        find.moment = {hours,
+                       is_below_horizon(ephemeris, search,
+                                        Instant::of_ut1(base + search.delta_t + hours / hours_per_day))};
     }
     return find;
 }
 
 namespace {
 
-QiblahDay times_of_day(const QiblahSearch& search, double jd, int summer_hours) {
+QiblahDay times_of_day(Ephemeris& ephemeris, const QiblahSearch& search, double jd, int summer_hours) {
     const double base = jd - (search.zone + summer_hours) / hours_per_day;
-    const QiblahFind first = find_qiblah_moment(search, base, QiblahRoot::first);
+    const QiblahFind first = find_qiblah_moment(ephemeris, search, base, QiblahRoot::first);
     QiblahDay day;
     day.first = time_of(search, first.moment);
     if (first.second_root)
-        day.second = time_of(search, find_qiblah_moment(search, base, QiblahRoot::second).moment);
+        day.second = time_of(search, find_qiblah_moment(ephemeris, search, base, QiblahRoot::second).moment);
     if (out_of_order(day))
         std::swap(day.first, day.second);
     return day;
@@ -148,8 +135,8 @@ QiblahDay times_of_day(const QiblahSearch& search, double jd, int summer_hours) 
 
 } // namespace
 
-QiblahDay qiblah_day(const QiblahSearch& search, double jd, int summer_hours) {
-    return about_day(jd, [&] { return times_of_day(search, jd, summer_hours); });
+QiblahDay qiblah_day(Ephemeris& ephemeris, const QiblahSearch& search, double jd, int summer_hours) {
+    return about_day(jd, [&] { return times_of_day(ephemeris, search, jd, summer_hours); });
 }
 
 } // namespace halvane

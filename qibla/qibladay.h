@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ephemeris/observer.h"
+#include "ephemeris/ephemeris.h"
 
 #include <functional>
 #include <optional>
@@ -58,11 +58,11 @@ std::optional<double> settled_hours(const SearchRound& round);
 
 /// Searches one root in a day by settled_hours; a time outside the clock's day is moved by one day.
 /// In     base  Universal Time of the clock's midnight                                          [d]
-/// Reads no file; needs `term.vsk` and `mterm.vsk` loaded and `tdtinput` 0. The second root's rounds take the
+/// Needs `term.vsk` and `mterm.vsk`. The second root's rounds take the
 /// Sun later by Delta T, the first one's do not.
 /// Accuracy  azimuth of the Sun within 0.05 deg of the target unless the Sun passes close to the zenith
 ///           (tests/qibla).
-QiblahFind find_qiblah_moment(const QiblahSearch& search, double base, QiblahRoot root);
+QiblahFind find_qiblah_moment(Ephemeris& ephemeris, const QiblahSearch& search, double base, QiblahRoot root);
 
 /// A time as the report prints it.
 struct QiblahTime {
@@ -78,6 +78,6 @@ struct QiblahDay {
 /// The two times of a civil day, the earlier clock text first, "----" last.
 /// In     jd            0 h of the civil date                                                   [d]
 ///        summer_hours  0 or 1
-QiblahDay qiblah_day(const QiblahSearch& search, double jd, int summer_hours);
+QiblahDay qiblah_day(Ephemeris& ephemeris, const QiblahSearch& search, double jd, int summer_hours);
 
 } // namespace halvane

@@ -6,6 +6,7 @@
 #include "calendar/modsummer.h"
 #include "qibla/direction.h"
 #include "report/reportrun.h"
+#include "settings/enginesettings.h"
 #include "stored/programfolder.h"
 
 namespace halvane {
@@ -21,7 +22,7 @@ struct RunSettings {
 QiblahSearch search_of(const RunSettings& settings, double azimuth, double delta_t) {
     const Location& location = settings.location;
     QiblahSearch search;
-    search.observer = stored_observer();
+    search.observer = observer_of(location);
     search.zone = location.zone;
     search.azimuth = azimuth;
     search.delta_t = delta_t;
@@ -31,8 +32,8 @@ QiblahSearch search_of(const RunSettings& settings, double azimuth, double delta
     return search;
 }
 
-RunOutcome write_rows(Report& report, const RunSettings& settings, const QiblahSearch& search,
-                      const RunDays& days, Progress& progress) {
+RunOutcome write_rows(Ephemeris& ephemeris, Report& report, const RunSettings& settings,
+                      const QiblahSearch& search, const RunDays& days, Progress& progress) {
     RunOutcome outcome = RunOutcome::done;
     int rows = 0;
     for (double jd = days.first; jd <= days.last && outcome == RunOutcome::done; jd += 1) {
@@ -40,14 +41,14 @@ RunOutcome write_rows(Report& report, const RunSettings& settings, const QiblahS
         if (!progress.yield())
             outcome = RunOutcome::cancelled;
         const int summer_hours = summer_hours_of(settings.preferences, jd);
-        write_qiblah_row(report, summer_hours == 1, row_date(jd), qiblah_day(search, jd, summer_hours),
-                         ++rows);
+        write_qiblah_row(report, summer_hours == 1, row_date(jd),
+                         qiblah_day(ephemeris, search, jd, summer_hours), ++rows);
     }
     return outcome;
 }
 
-RunOutcome write_qiblah(Report& report, const RunSettings& settings, float direction, QiblahMark mark,
-                        Progress& progress) {
+RunOutcome write_qiblah(Ephemeris& ephemeris, Report& report, const RunSettings& settings, float direction,
+                        QiblahMark mark, Progress& progress) {
     const CalculationPeriod period = calculation_period(settings.date);
     const RunDays days = days_of(period.start, period.end);
     const QiblahSearch search =
@@ -55,7 +56,7 @@ RunOutcome write_qiblah(Report& report, const RunSettings& settings, float direc
 
     write_qiblah_head(report, settings.preferences, settings.location, report_period(settings.date, days),
                       direction, mark);
-    const RunOutcome outcome = write_rows(report, settings, search, days, progress);
+    const RunOutcome outcome = write_rows(ephemeris, report, settings, search, days, progress);
     write_qiblah_closing(report);
     return outcome;
 }
@@ -68,12 +69,14 @@ float stored_qiblah_direction() {
                        [&] { return qiblah_direction(longitude_of(location), latitude_of(location)); });
 }
 
-RunOutcome write_qiblah_report(Progress& progress, float direction, QiblahMark mark) {
-    const TdtSpan universal_time(0);
+RunOutcome write_qiblah_report(const TheoryPointer& theory, Progress& progress, float direction,
+                               QiblahMark mark) {
+    Ephemeris ephemeris(theory);
     Report report(program_path("results.out"));
     const RunSettings settings;
-    const RunOutcome outcome = about_place(
-        settings.location.name, [&] { return write_qiblah(report, settings, direction, mark, progress); });
+    const RunOutcome outcome = about_place(settings.location.name, [&] {
+        return write_qiblah(ephemeris, report, settings, direction, mark, progress);
+    });
     report.commit();
     return outcome;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/progress.h"
+#include "ephemeris/ephemeris.h"
 #include "qibla/qiblareport.h"
 
 namespace halvane {
@@ -11,9 +12,10 @@ float stored_qiblah_direction();
 /// The Qiblah report: for each day of the stored period, when the Sun or its shadow stands in the direction
 /// of the Qiblah, into `results.out`.
 /// In     direction  of the Qiblah, as the panel shows it                                       [deg]
-/// Reads `pref.vsk`, `date.vsk`, `loc.vsk`; runs with `tdtinput` 0; needs `term.vsk` and `mterm.vsk` loaded.
+/// Reads `pref.vsk`, `date.vsk`, `loc.vsk`; needs `term.vsk` and `mterm.vsk`.
 /// Returns cancelled with the rows so far and the remarks in the file.
 /// Error  raises RunTimeFailure; an earlier `results.out` then stands.
-RunOutcome write_qiblah_report(Progress& progress, float direction, QiblahMark mark);
+RunOutcome write_qiblah_report(const TheoryPointer& theory, Progress& progress, float direction,
+                               QiblahMark mark);
 
 } // namespace halvane

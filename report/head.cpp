@@ -1,7 +1,7 @@
 #include "report/head.h"
 
 #include "base/numberformat.h"
-#include "stored/record.h"
+#include "base/record.h"
 
 namespace halvane {
 namespace {

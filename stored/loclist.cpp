@@ -1,8 +1,8 @@
 #include "stored/loclist.h"
 
 #include "base/failure.h"
+#include "base/record.h"
 #include "stored/programfolder.h"
-#include "stored/record.h"
 #include "stored/storedfile.h"
 #include "stored/textfile.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "base/failure.h"
+#include "base/record.h"
 #include "stored/programfolder.h"
-#include "stored/record.h"
 #include "stored/textfile.h"
 
 #include <ctime>

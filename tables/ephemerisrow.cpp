@@ -1,6 +1,5 @@
 #include "tables/ephemerisrow.h"
 
-#include "calendar/moddeltat.h"
 #include "ephemeris/coordinates.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/moon.h"
@@ -24,8 +23,9 @@ EphemerisRow directions(const Place& place, bool geocentric) {
     return row;
 }
 
-EphemerisRow sun_row(const Observer& observer, bool geocentric, double jd) {
-    const SunPlace sun = sun_high(observer, jd);
+EphemerisRow sun_row(Ephemeris& ephemeris, const Instant& instant, const Observer& observer,
+                     bool geocentric) {
+    const SunPlace sun = sun_high(ephemeris, instant, observer);
     EphemerisRow row = directions(sun, geocentric);
     row.distance = sun.radius * astronomical_unit_km;
     row.semidiameter = sun_semidiameter_at_1_au / sun.radius;
@@ -34,8 +34,9 @@ EphemerisRow sun_row(const Observer& observer, bool geocentric, double jd) {
     return row;
 }
 
-EphemerisRow moon_row(const Observer& observer, bool geocentric, double jd) {
-    const MoonPlace moon = moon_medium(observer, jd);
+EphemerisRow moon_row(Ephemeris& ephemeris, const Instant& instant, const Observer& observer,
+                      bool geocentric) {
+    const MoonPlace moon = moon_medium(ephemeris, instant, observer);
     EphemerisRow row = directions(moon, geocentric);
     row.distance = moon.distance;
     row.semidiameter = geocentric ? moon.semidiameter : moon.topocentric_semidiameter;
@@ -45,13 +46,12 @@ EphemerisRow moon_row(const Observer& observer, bool geocentric, double jd) {
 
 } // namespace
 
-EphemerisRow ephemeris_row(const Observer& observer, TableBody body, bool geocentric, double jd) {
-    EphemerisRow row =
-        body == TableBody::sun ? sun_row(observer, geocentric, jd) : moon_row(observer, geocentric, jd);
-    altazm_of(observer, jd, row.right_ascension, row.declination, row.altitude, row.azimuth);
-    double delta_t = 0;
-    moddeltat(jd, delta_t);
-    row.delta_t = delta_t * 86400;
+EphemerisRow ephemeris_row(Ephemeris& ephemeris, const Instant& instant, const Observer& observer,
+                           TableBody body, bool geocentric) {
+    EphemerisRow row = body == TableBody::sun ? sun_row(ephemeris, instant, observer, geocentric)
+                                              : moon_row(ephemeris, instant, observer, geocentric);
+    altazm_of(ephemeris, instant, observer, row.right_ascension, row.declination, row.altitude, row.azimuth);
+    row.delta_t = instant.delta_t() * 86400;
     return row;
 }
 

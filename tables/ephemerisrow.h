@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ephemeris/observer.h"
+#include "ephemeris/ephemeris.h"
 
 namespace halvane {
 
@@ -22,11 +22,11 @@ struct EphemerisRow {
 };
 
 /// The Sun (complete VSOP87) or the Moon (ELP-2000/85) at one instant.
-/// In     jd          UT1, or TDT with `tdtinput` 1                                          [d]
-///        geocentric  false: places and the Moon's semi-diameter are the observer's; the Sun's semi-diameter,
+/// In     geocentric  false: places and the Moon's semi-diameter are the observer's; the Sun's semi-diameter,
 ///                    the distance and the parallax stay geocentric
-/// Reads the switch `tdtinput` and the arrays of `mterm.vsk` and of `termfull.vsk` or `elp.vsk`; no file.
+/// Needs `mterm.vsk` and `termfull.vsk` or `elp.vsk`.
 /// Accuracy  see docs/accuracy.md.
-EphemerisRow ephemeris_row(const Observer& observer, TableBody body, bool geocentric, double jd);
+EphemerisRow ephemeris_row(Ephemeris& ephemeris, const Instant& instant, const Observer& observer,
+                           TableBody body, bool geocentric);
 
 } // namespace halvane

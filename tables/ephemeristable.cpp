@@ -2,13 +2,13 @@
 
 #include "base/failure.h"
 #include "base/numberformat.h"
+#include "base/record.h"
 #include "calendar/civildate.h"
-#include "calendar/moddeltat.h"
 #include "calendar/modjul.h"
 #include "calendar/yearlimits.h"
+#include "settings/enginesettings.h"
 #include "stored/loc.h"
 #include "stored/programfolder.h"
-#include "stored/record.h"
 #include "tables/ephemerisreport.h"
 
 #include <algorithm>
@@ -55,10 +55,11 @@ void tell_progress(Progress& progress, const TableSpan& span, double row) {
     progress.percent(std::min(percent, 100.0));
 }
 
-RunOutcome write_rows(Report& report, const EphemerisSettings& settings, const TableSpan& span,
-                      const Location& location, Progress& progress) {
+RunOutcome write_rows(Ephemeris& ephemeris, Report& report, const EphemerisSettings& settings,
+                      const TableSpan& span, const Location& location, Progress& progress) {
     const TableBody body = body_of(settings);
-    const Observer observer = observer_at(longitude_of(location), latitude_of(location), location.elevation);
+    const Observer observer = observer_of(location);
+    const TimeScale scale = settings.local_ut1 ? TimeScale::ut1 : TimeScale::dynamical;
     const double clock_ahead = (location.zone + summer_hours(settings)) / 24;
     // Where a far start cannot be told from the next row, the count ends the table.
     const double last_row = (span.end - span.start) / span.step + 0.5;
@@ -68,7 +69,7 @@ RunOutcome write_rows(Report& report, const EphemerisSettings& settings, const T
         tell_progress(progress, span, n);
         about_day(jd + clock_ahead, [&] {
             write_ephemeris_row(report, body, jd + clock_ahead,
-                                ephemeris_row(observer, body, settings.geocentric, jd));
+                                ephemeris_row(ephemeris, {jd, scale}, observer, body, settings.geocentric));
         });
         if (!progress.yield())
             return RunOutcome::cancelled;
@@ -118,7 +119,8 @@ std::optional<TableRefusal> refused_table(const EphemerisSettings& settings) {
                               "، يرجى اختيار فاصل زمني أطول أو مدة أقصر."}}};
 }
 
-RunOutcome write_ephemeris_table(const EphemerisSettings& settings, Progress& progress) {
+RunOutcome write_ephemeris_report(const TheoryPointer& theory, const EphemerisSettings& settings,
+                                  Progress& progress) {
     if (refused_table(settings))
         return RunOutcome::refused;
     // A copy: the panels that a yield lets run may store another place.
@@ -126,11 +128,11 @@ RunOutcome write_ephemeris_table(const EphemerisSettings& settings, Progress& pr
     const TableSpan span = table_span(settings, location.zone);
     if (span.end < span.start)
         return RunOutcome::refused;
-    const TdtSpan time_reference(settings.local_ut1 ? 0 : 1);
+    Ephemeris ephemeris(theory);
     Report report(program_path("ephemeris.out"));
     write_ephemeris_head(report, settings, location);
-    const RunOutcome outcome =
-        about_place(location.name, [&] { return write_rows(report, settings, span, location, progress); });
+    const RunOutcome outcome = about_place(
+        location.name, [&] { return write_rows(ephemeris, report, settings, span, location, progress); });
     write_ephemeris_closing(report);
     report.commit();
     return outcome;

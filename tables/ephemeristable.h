@@ -2,6 +2,7 @@
 
 #include "base/progress.h"
 #include "base/twintext.h"
+#include "ephemeris/ephemeris.h"
 #include "stored/coor.h"
 
 #include <optional>
@@ -39,13 +40,13 @@ std::optional<TableRefusal> refused_table(const EphemerisSettings& settings);
 
 /// Writes `ephemeris.out`: a row at start + n step for every n until the end (and 1e-8 d beyond, so that an
 /// interval that divides the span keeps its last row).
-/// Reads `loc.vsk`; needs the arrays of `mterm.vsk` and of `termfull.vsk` (Sun) or `elp.vsk` (Moon). Runs
-/// with `tdtinput` by the settings.
+/// Reads `loc.vsk`; needs the arrays of `mterm.vsk` and of `termfull.vsk` (Sun) or `elp.vsk` (Moon).
 /// Returns refused when the end comes before the start (see end_before_start), and for a table of
 ///         refused_table: nothing is written then;
 ///         cancelled with the rows so far and the remarks in the file.
 /// Error   raises RunTimeFailure; an earlier `ephemeris.out` then stands.
-RunOutcome write_ephemeris_table(const EphemerisSettings& settings, Progress& progress);
+RunOutcome write_ephemeris_report(const TheoryPointer& theory, const EphemerisSettings& settings,
+                                  Progress& progress);
 
 /// What the user is told when the table is refused.
 extern const TwinMessage end_before_start;

@@ -1,6 +1,7 @@
 #include "tables/frmcoor.h"
 
 #include "base/numberformat.h"
+#include "base/record.h"
 #include "panel/currentplatform.h"
 #include "panel/formpage.h"
 #include "panel/frmwait.h"
@@ -9,7 +10,7 @@
 #include "panel/numberlists.h"
 #include "panel/panelstyle.h"
 #include "panel/panelsupport.h"
-#include "stored/record.h"
+#include "routines/series.h"
 #include "ui_frmcoor.h"
 
 #include <QPointer>
@@ -185,7 +186,7 @@ void frmcoor::cmdcalc_click() {
     RunOutcome outcome = RunOutcome::cancelled;
     {
         WaitProgress progress(windowTitle(), this);
-        outcome = write_ephemeris_table(settings, progress);
+        outcome = write_ephemeris_report(loaded_theory(), settings, progress);
     }
     if (panel != nullptr)
         ui_->cmdcalc->setEnabled(true);

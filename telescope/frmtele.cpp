@@ -2,6 +2,7 @@
 
 #include "base/machineclock.h"
 #include "base/numberformat.h"
+#include "base/record.h"
 #include "calendar/yearlimits.h"
 #include "panel/formpage.h"
 #include "panel/messages.h"
@@ -9,7 +10,7 @@
 #include "panel/numberlists.h"
 #include "panel/panelstyle.h"
 #include "panel/panelsupport.h"
-#include "stored/record.h"
+#include "routines/series.h"
 #include "telescope/crescentpicture.h"
 #include "telescope/readouts.h"
 #include "ui_frmtele.h"
@@ -197,7 +198,7 @@ void frmtele::cmdcalc_click() {
         ask_again(*ui_->txtyear);
         return;
     }
-    const std::optional<TelescopePointing> pointing = telescope_pointing(settings);
+    const std::optional<TelescopePointing> pointing = telescope_pointing(loaded_theory(), settings);
     if (!pointing) {
         warn(this, moon_below_horizon, language_);
         return;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ephemeris/ephemeris.h"
 #include "stored/tele.h"
 
 #include <optional>
@@ -29,11 +30,11 @@ inline constexpr double lowest_moon_altitude = -1;
 /// The Sun, the Moon and the crescent at the local date and clock of `settings`, with refraction and in the
 /// coordinates of J2000 where these ask for it. Refraction moves the right ascension and the declination too.
 /// The flips are not read. No value when the Moon stands below lowest_moon_altitude.
-/// Reads `loc.vsk` and `pref.vsk` (summer time); needs the arrays of `term.vsk`, `mterm.vsk` and `elp.vsk`;
-/// runs with `tdtinput` 0.
+/// Reads `loc.vsk` and `pref.vsk` (summer time); needs `term.vsk`, `mterm.vsk` and `elp.vsk`.
 /// Source bright limb: Meeus, Astronomical Algorithms, chapters "Illuminated Fraction of the Moon's Disk" and
 ///        "The Parallactic Angle".
 /// Error  raises RunTimeFailure when a place has no finite value.
-std::optional<TelescopePointing> telescope_pointing(const TelescopeSettings& settings);
+std::optional<TelescopePointing> telescope_pointing(const TheoryPointer& theory,
+                                                    const TelescopeSettings& settings);
 
 } // namespace halvane

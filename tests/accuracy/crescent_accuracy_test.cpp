@@ -1,8 +1,10 @@
 #include "crescent/circumstances.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/series.h"
-#include "events/modlowriseset.h"
+#include "events/lowriseset.h"
 #include "events/phase.h"
+#include "routines/namedengine.h"
+#include "routines/series.h"
 #include "tests/golden/goldenreport.h"
 #include "tools/measuring/swissephemeris.h"
 
@@ -81,8 +83,8 @@ TEST_F(CrescentAccuracy, PhasesOfTwoCenturies) {
     const double last = std::ceil((2101.0 - 2000) * 12.3685);
     for (double k = first; k < last; ++k)
         for (int quarter = 0; quarter < 4; ++quarter) {
-            const double tt =
-                refined_phase(phases[quarter], phase_estimate(phases[quarter], k + quarter / 4.0), true);
+            const double tt = refined_phase(named_ephemeris(), phases[quarter],
+                                            phase_estimate(phases[quarter], k + quarter / 4.0));
             errors.add(seconds_off(tt, 90 * quarter, geocentric_elongation));
         }
     errors.expect_kept(9900);
@@ -154,8 +156,8 @@ TEST_F(CrescentAccuracy, CircumstancesOf200EveningsAndMornings) {
     for (int evenings = 0; evenings < 200;) {
         const Evening evening = random_evening(engine);
         write_loc(evening.place);
-        const Conjunction found = find_conjunction(evening.settings);
-        const auto c = crescent_circumstances(evening.settings, found);
+        const Conjunction found = find_conjunction(named_ephemeris(), evening.settings);
+        const auto c = crescent_circumstances(named_ephemeris(), evening.settings, found);
         if (!c)
             continue;
         ++evenings;

@@ -1,6 +1,7 @@
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/series.h"
 #include "ephemeris/seriessums.h"
+#include "routines/series.h"
 #include "tools/measuring/random.h"
 #include "tools/measuring/scratchfolder.h"
 
@@ -109,7 +110,7 @@ private:
 
 TEST_F(LoadedSeriesSums, SunsSeriesAgreeWithAPlainLoop) {
     constexpr auto groups = consecutive_groups(termfull_groups, TermFunction::cosine);
-    const SunSeries& series = termfull();
+    const SunSeries& series = loaded_theory()->termfull();
     Random random(7);
     for_every_set([&](const SeriesSums& set) {
         for (int instant = 0; instant < 50; ++instant) {
@@ -128,7 +129,7 @@ TEST_F(LoadedSeriesSums, SunsSeriesAgreeWithAPlainLoop) {
 }
 
 TEST_F(LoadedSeriesSums, MoonsMainTermsAgreeWithAPlainLoop) {
-    const MoonMainTerms& main = elp().main;
+    const MoonMainTerms& main = loaded_theory()->elp().main;
     const std::array<TermGroup, 2> groups{
         {{TermFunction::sine, 0, 0, 224, 0}, {TermFunction::cosine, 416, 416, 160, 1}}};
     Random random(11);
@@ -152,7 +153,7 @@ TEST_F(LoadedSeriesSums, MoonsMainTermsAgreeWithAPlainLoop) {
 }
 
 TEST_F(LoadedSeriesSums, PeriodicTermsAgreeWithAPlainLoop) {
-    const PeriodicTerms& table = mterm().nutation;
+    const PeriodicTerms& table = loaded_theory()->mterm().nutation;
     const std::array<TermGroup, 2> groups{
         {{TermFunction::sine, 0, 0, nutation_rows, 0}, {TermFunction::cosine, 0, 0, nutation_rows, 1}}};
     Random random(13);

@@ -1,4 +1,5 @@
 #include "alerts/alertprogram.h"
+#include "routines/series.h"
 
 #include "alerts/onlycopy.h"
 #include "base/failure.h"

@@ -1,4 +1,5 @@
 #include "prayer/alertschedule.h"
+#include "routines/series.h"
 
 #include "base/failure.h"
 #include "calendar/clocktext.h"
@@ -34,11 +35,15 @@ const char* name_of(Prayer prayer) {
     return names[static_cast<int>(prayer)];
 }
 
+TheoryPointer theory_of_the_sun() {
+    load_term();
+    load_mterm();
+    return loaded_theory();
+}
+
 class ScheduleTest : public ::testing::Test {
 protected:
     ScheduleTest() : folder_(HALVANE_DATA) {
-        load_term();
-        load_mterm();
         write_loc(place_at({35, 54}, {31, 57}, 2));
         settings_.window_and_athan = 1;
         store();
@@ -82,7 +87,7 @@ protected:
             double jd = 0;
             modjul(date.year, date.month, date.day, 0, jd);
             const auto summer = std::chrono::hours(summer_hours_of(read_pref(), jd));
-            const PrayerTimes times = today_prayer_times(jd);
+            const PrayerTimes times = today_prayer_times(loaded_theory(), jd);
             const std::string* texts[] = {&times.fajer, &times.dhohur, &times.aser, &times.maghreb,
                                           &times.isha};
             for (int prayer = 0; prayer < 5; ++prayer)
@@ -115,7 +120,7 @@ protected:
 
     TestProgramFolder folder_;
     AlertSettings settings_;
-    AlertSchedule schedule_;
+    AlertSchedule schedule_{theory_of_the_sun()};
 };
 
 TEST_F(ScheduleTest, TenDaysGiveEveryPrayerOnceAtItsSecond) {
@@ -318,7 +323,7 @@ TEST_F(ScheduleTest, AlertsFollowTheInstantWhateverTheMachinesZone) {
     for (const char* machine : {"UTC0", "EST5EDT", "AMM-3", "NPT-5:45"}) {
         ::setenv("TZ", machine, 1);
         ::tzset();
-        AlertSchedule schedule;
+        AlertSchedule schedule{loaded_theory()};
         EXPECT_TRUE(schedule.due({2024, 6, 20, 9, 37, 59}).empty()) << machine;
         EXPECT_EQ(schedule.due({2024, 6, 20, 9, 38, 0}).size(), 1U) << machine;
     }

@@ -1,4 +1,5 @@
 #include "calendar/moddeltat.h"
+#include "routines/tdtinput.h"
 
 #include <gtest/gtest.h>
 

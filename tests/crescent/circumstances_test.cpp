@@ -1,4 +1,7 @@
 #include "crescent/circumstances.h"
+#include "routines/namedengine.h"
+#include "routines/series.h"
+#include "routines/tdtinput.h"
 
 #include "base/failure.h"
 #include "calendar/civildate.h"
@@ -49,12 +52,13 @@ protected:
         write_loc(place_at(45, 25, 3));
     }
     Circumstances at(const CrescentSettings& settings) {
-        const auto found = crescent_circumstances(settings, find_conjunction(settings));
+        const auto found = crescent_circumstances(named_ephemeris(), settings,
+                                                  find_conjunction(named_ephemeris(), settings));
         EXPECT_TRUE(found.has_value());
         return found.value_or(Circumstances{});
     }
     std::string report(const CrescentSettings& settings) {
-        write_crescent_report(settings, find_conjunction(settings));
+        write_crescent_report(loaded_theory(), settings, find_conjunction(named_ephemeris(), settings));
         return folder.content("visib.out");
     }
     Preferences preferences;
@@ -141,9 +145,9 @@ TEST_F(Circumstance, OldCrescentOfRamadanComesBeforeTheConjunctionThatEndsIt) {
     settings.hijri_month = 8;
     settings.hijri_year = "1446";
     settings.geocentric = true;
-    const double start = find_conjunction(settings).local;
+    const double start = find_conjunction(named_ephemeris(), settings).local;
     settings.new_crescent = false;
-    const double end = find_conjunction(settings).local;
+    const double end = find_conjunction(named_ephemeris(), settings).local;
     // The New Moons of 28 February and 29 March 2025.
     EXPECT_EQ(civil_date(start).month, 2);
     EXPECT_EQ(civil_date(start).day, 28);
@@ -160,11 +164,13 @@ TEST_F(Circumstance, SearchStartsSoNearThatTheOppositePhaseCannotComeUp) {
             settings.geocentric = geocentric;
             const double start =
                 phase_estimate(Phase::new_moon, nearest_lunation(approximate_date(settings)));
-            find_conjunction(settings);
+            find_conjunction(named_ephemeris(), settings);
             ASSERT_LT(std::fabs(conjunctionstart - start), geocentric ? 0.002 : 0.12) << "day " << offset;
             const TdtSpan dynamical_time(1);
-            const SunPlace sun = sun_high(stored_observer(), conjunctionstart);
-            const MoonPlace moon = moon_medium(stored_observer(), conjunctionstart);
+            const SunPlace sun =
+                sun_high(named_ephemeris(), named_instant(conjunctionstart), stored_observer());
+            const MoonPlace moon =
+                moon_medium(named_ephemeris(), named_instant(conjunctionstart), stored_observer());
             const double elongation = geocentric ? moon.longitude - sun.longitude
                                                  : moon.topocentric_longitude - sun.topocentric_longitude;
             ASSERT_LT(std::fabs(elongation), 1e-4) << "day " << offset;
@@ -208,7 +214,9 @@ TEST_F(Circumstance, NegativeLagLeavesBestTimeForTheOtherTimes) {
         c.day + (c.sun_event + 4.0 / 9 * c.lag) / 24 - (c.location.zone + c.summer_hours) / 24;
     const Observer observer = stored_observer();
     const CrescentQuantities q =
-        topocentric_quantities(observer, best, moon_medium(observer, best), sun_high(observer, best));
+        topocentric_quantities(named_ephemeris(), named_instant(best), observer,
+                               moon_medium(named_ephemeris(), named_instant(best), observer),
+                               sun_high(named_ephemeris(), named_instant(best), observer));
     EXPECT_NEAR(c.criterion.arcv, q.relative_altitude(), 1e-9);
     const CrescentQuantities at_sunset = c.quantities;
     EXPECT_GT(std::fabs(c.criterion.arcv - at_sunset.relative_altitude()), 1e-3);
@@ -247,15 +255,15 @@ TEST_F(Circumstance, SummerSpanOverTheNewYearHoldsBothItsEnds) {
     preferences.summer_to_day = 20;
     write_pref(preferences);
     // New Moons of 2023: 20 April 4:13, 19 May, 14 October 17:55, 12 December UT1.
-    EXPECT_EQ(find_conjunction(crescent_near(20, 4, 2023)).summer_hours, 1);
-    EXPECT_EQ(find_conjunction(crescent_near(19, 5, 2023)).summer_hours, 0);
-    EXPECT_EQ(find_conjunction(crescent_near(14, 10, 2023)).summer_hours, 1);
-    EXPECT_EQ(find_conjunction(crescent_near(12, 12, 2023)).summer_hours, 1);
+    EXPECT_EQ(find_conjunction(named_ephemeris(), crescent_near(20, 4, 2023)).summer_hours, 1);
+    EXPECT_EQ(find_conjunction(named_ephemeris(), crescent_near(19, 5, 2023)).summer_hours, 0);
+    EXPECT_EQ(find_conjunction(named_ephemeris(), crescent_near(14, 10, 2023)).summer_hours, 1);
+    EXPECT_EQ(find_conjunction(named_ephemeris(), crescent_near(12, 12, 2023)).summer_hours, 1);
     preferences.summer_from_day = 15;
     preferences.summer_to_day = 19;
     write_pref(preferences);
-    EXPECT_EQ(find_conjunction(crescent_near(20, 4, 2023)).summer_hours, 0);
-    EXPECT_EQ(find_conjunction(crescent_near(14, 10, 2023)).summer_hours, 0);
+    EXPECT_EQ(find_conjunction(named_ephemeris(), crescent_near(20, 4, 2023)).summer_hours, 0);
+    EXPECT_EQ(find_conjunction(named_ephemeris(), crescent_near(14, 10, 2023)).summer_hours, 0);
 }
 
 TEST_F(Circumstance, SummerHourIsThatOfTheConjunctionsUniversalDate) {
@@ -266,20 +274,21 @@ TEST_F(Circumstance, SummerHourIsThatOfTheConjunctionsUniversalDate) {
     write_pref(preferences);
     write_loc(place_at(45, 25, 15.5));
     const CrescentSettings settings = crescent_near(10, 3, 2024);
-    EXPECT_EQ(find_conjunction(settings).summer_hours, 0);
-    EXPECT_EQ(civil_date(find_conjunction(settings).local).day, 11);
+    EXPECT_EQ(find_conjunction(named_ephemeris(), settings).summer_hours, 0);
+    EXPECT_EQ(civil_date(find_conjunction(named_ephemeris(), settings).local).day, 11);
     preferences.summer_from_day = 10;
     write_pref(preferences);
-    const double without = find_conjunction(settings).local - 1.0 / 24;
+    const double without = find_conjunction(named_ephemeris(), settings).local - 1.0 / 24;
     preferences.summer_time = "0";
     write_pref(preferences);
-    EXPECT_NEAR(find_conjunction(settings).local, without, 1e-9);
+    EXPECT_NEAR(find_conjunction(named_ephemeris(), settings).local, without, 1e-9);
 }
 
 TEST_F(Circumstance, PolarPlaceWithoutMoonsetGetsTheShortReport) {
     write_loc(place_at(19, 69.65, 1));
     const CrescentSettings settings = timed(crescent_near(20, 12, 2025), 2, 1);
-    EXPECT_FALSE(write_crescent_report(settings, find_conjunction(settings)));
+    EXPECT_FALSE(
+        write_crescent_report(loaded_theory(), settings, find_conjunction(named_ephemeris(), settings)));
     const std::string text = folder.content("visib.out");
     EXPECT_EQ(text.find("* Settings"), std::string::npos);
     EXPECT_TRUE(text.ends_with("Moonset/Moonrise event(s).\r\n"));
@@ -288,10 +297,10 @@ TEST_F(Circumstance, PolarPlaceWithoutMoonsetGetsTheShortReport) {
 TEST_F(Circumstance, TopocentricRunPrintsTheLocationsOwnConjunction) {
     CrescentSettings settings = timed(crescent_near(29, 3, 2025), 0, 1);
     settings.geocentric = true;
-    const double geocentric = find_conjunction(settings).local;
+    const double geocentric = find_conjunction(named_ephemeris(), settings).local;
     const std::string geocentric_text = report(settings);
     settings.geocentric = false;
-    const double topocentric = find_conjunction(settings).local;
+    const double topocentric = find_conjunction(named_ephemeris(), settings).local;
     EXPECT_GT(std::fabs(topocentric - geocentric), 10.0 / 1440);
     EXPECT_LT(std::fabs(topocentric - geocentric), 2.5 / 24);
     const std::string text = report(settings);
@@ -332,14 +341,15 @@ TEST_F(Circumstance, ConjunctionsAreTheNewMoonsOfThePhaseTable) {
     table.location = read_loc();
     double worst = 0;
     for (int k = -200; k < 300; ++k) {
-        const LocalPhase phase = local_phase(table, Phase::new_moon, k);
+        const LocalPhase phase = local_phase(named_ephemeris(), table, Phase::new_moon, k);
         const DateNumbers date = civil_date(phase.jd);
         CrescentSettings settings = crescent_near(static_cast<int>(date.day), static_cast<int>(date.month),
                                                   static_cast<int>(date.year));
         settings.geocentric = true;
         double delta_t = 0;
         moddeltat(phase.jd, delta_t);
-        worst = std::max(worst, std::fabs(find_conjunction(settings).local + delta_t - phase.jd));
+        worst = std::max(worst,
+                         std::fabs(find_conjunction(named_ephemeris(), settings).local + delta_t - phase.jd));
     }
     EXPECT_LT(worst / second, 1);
 }
@@ -355,8 +365,8 @@ TEST_F(Circumstance, EventsAreThoseOfThePrayerAndTheMoonReport) {
             period.start = period.end = date;
             write_date(period);
             RecordingProgress progress;
-            ASSERT_EQ(write_prayer_report(progress), RunOutcome::done);
-            ASSERT_EQ(write_moon_report(progress), RunOutcome::done);
+            ASSERT_EQ(write_prayer_report(loaded_theory(), progress), RunOutcome::done);
+            ASSERT_EQ(write_moon_report(loaded_theory(), progress), RunOutcome::done);
             const std::string crescent = report(settings);
             // The row of the day: date, then the columns of the seconds' layout.
             const auto row_of = [&date](const std::string& text) {
@@ -375,7 +385,7 @@ TEST_F(Circumstance, EventsAreThoseOfThePrayerAndTheMoonReport) {
 
 TEST_F(Circumstance, RunsLeaveTheSwitchesAsTheyWere) {
     const CrescentSettings settings = crescent_near(29, 3, 2025);
-    write_crescent_report(settings, find_conjunction(settings));
+    write_crescent_report(loaded_theory(), settings, find_conjunction(named_ephemeris(), settings));
     EXPECT_EQ(tdtinput, 0);
     EXPECT_EQ(crescentmode, 0);
 }
@@ -426,7 +436,8 @@ TEST_F(CrescentQuantity, PhaseAngleIsTheTrianglesOfSunMoonAndEarth) {
     const Observer observer = observer_at(0, 0, 0);
     for (const double elongation : {0.5, 10.0, 60.0, 120.0, 179.0}) {
         const CrescentQuantities q =
-            crescent_quantities(observer, 2460000.5, {0, 0}, {elongation, 0}, 0.25, 1.01, 380000);
+            crescent_quantities(named_ephemeris(), named_instant(2460000.5), observer, {0, 0},
+                                {elongation, 0}, 0.25, 1.01, 380000);
         constexpr double degree = std::numbers::pi / 180;
         const double sun = 1.01 * astronomical_unit_km;
         const double side =
@@ -440,8 +451,8 @@ TEST_F(CrescentQuantity, PhaseAngleIsTheTrianglesOfSunMoonAndEarth) {
 }
 
 TEST_F(CrescentQuantity, PhaseAngleOfTenDegreesElongationIsNear170) {
-    const CrescentQuantities q =
-        crescent_quantities(observer_at(0, 0, 0), 2460000.5, {0, 0}, {10, 0}, 0.26, 1, 384400);
+    const CrescentQuantities q = crescent_quantities(named_ephemeris(), named_instant(2460000.5),
+                                                     observer_at(0, 0, 0), {0, 0}, {10, 0}, 0.26, 1, 384400);
     EXPECT_NEAR(q.phase_angle, 170, 0.1);
     // -12.73 + 0.026 i + 4e-9 i^4 for i = 169.974.
     EXPECT_NEAR(q.magnitude, -12.73 + 0.026 * 169.9743 + 4e-9 * std::pow(169.9743, 4), 1e-3);

@@ -1,6 +1,8 @@
 #include "calendar/moddeltat.h"
 #include "crescent/crescentrules.h"
 #include "ephemeris/series.h"
+#include "routines/series.h"
+#include "routines/tdtinput.h"
 #include "stored/pref.h"
 #include "stored/programfolder.h"
 #include "stored/textfile.h"
@@ -85,7 +87,7 @@ TEST_F(CrescentRulesTest, NothingIsPreparedAtFirst) {
 
 TEST_F(CrescentRulesTest, ANewCrescentOffersTheDaysAfterTheConjunction) {
     CrescentRules form;
-    form.prepare(march_2025());
+    form.prepare(loaded_theory(), march_2025());
     ASSERT_TRUE(form.is_prepared());
     EXPECT_EQ(form.dates(true), (Texts{"29/03/2025  CE", "30/03/2025  CE", "31/03/2025  CE"}));
     EXPECT_EQ(tdtinput, 0);
@@ -93,7 +95,7 @@ TEST_F(CrescentRulesTest, ANewCrescentOffersTheDaysAfterTheConjunction) {
 
 TEST_F(CrescentRulesTest, AnOldCrescentOffersTheDaysBeforeTheConjunction) {
     CrescentRules form;
-    form.prepare(march_2025());
+    form.prepare(loaded_theory(), march_2025());
     EXPECT_EQ(form.dates(false), (Texts{"29/03/2025  CE", "28/03/2025  CE", "27/03/2025  CE"}));
 }
 
@@ -105,10 +107,10 @@ TEST_F(CrescentRulesTest, AHijriMonthStartsAtOneConjunctionAndEndsAtTheNext) {
     ramadan.hijri_month = 8;
     ramadan.hijri_year = "1446";
     CrescentRules form;
-    form.prepare(ramadan);
+    form.prepare(loaded_theory(), ramadan);
     EXPECT_EQ(form.dates(true)[0], "28/02/2025  CE");
     ramadan.new_crescent = false;
-    form.prepare(ramadan);
+    form.prepare(loaded_theory(), ramadan);
     EXPECT_EQ(form.dates(false)[0], "29/03/2025  CE");
 }
 
@@ -117,7 +119,7 @@ TEST_F(CrescentRulesTest, TheDateIsThatOfTheLocalClock) {
     kiritimati.zone = 14;
     write_loc(kiritimati);
     CrescentRules form;
-    form.prepare(march_2025());
+    form.prepare(loaded_theory(), march_2025());
     EXPECT_EQ(form.dates(true)[0], "30/03/2025  CE");
 }
 
@@ -125,7 +127,7 @@ TEST_F(CrescentRulesTest, AYearWithoutDigitsIsTheYearZero) {
     CrescentSettings settings = march_2025();
     settings.year = "next";
     CrescentRules form;
-    form.prepare(settings);
+    form.prepare(loaded_theory(), settings);
     EXPECT_TRUE(form.is_prepared());
     EXPECT_EQ(form.dates(true)[0].size(), std::string("dd/mm/0  CE").size());
     EXPECT_TRUE(form.dates(true)[0].ends_with("/0  CE")) << form.dates(true)[0];
@@ -133,7 +135,7 @@ TEST_F(CrescentRulesTest, AYearWithoutDigitsIsTheYearZero) {
 
 TEST_F(CrescentRulesTest, AResetDropsTheConjunction) {
     CrescentRules form;
-    form.prepare(march_2025());
+    form.prepare(loaded_theory(), march_2025());
     form.reset();
     EXPECT_FALSE(form.is_prepared());
 }
@@ -141,10 +143,10 @@ TEST_F(CrescentRulesTest, AResetDropsTheConjunction) {
 TEST_F(CrescentRulesTest, ACalculationStoresTheChoicesAndWritesTheReport) {
     CrescentSettings settings = march_2025();
     CrescentRules form;
-    form.prepare(settings);
+    form.prepare(loaded_theory(), settings);
     settings.two_days = true;
     settings.one_day = false;
-    form.calculate(settings);
+    form.calculate(loaded_theory(), settings);
     EXPECT_EQ(read_visib(), settings);
     EXPECT_NE(report().find("- Crescent Visibility on: Monday  31/03/2025 CE\r\n"), std::string::npos);
     EXPECT_EQ(tdtinput, 0);

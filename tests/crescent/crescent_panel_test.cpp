@@ -2,6 +2,7 @@
 #include "crescent/frmmap.h"
 #include "ephemeris/series.h"
 #include "panel/panelsupport.h"
+#include "routines/series.h"
 #include "stored/loc.h"
 #include "stored/visib.h"
 #include "tests/panel/panelchecks.h"

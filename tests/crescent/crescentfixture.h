@@ -3,6 +3,8 @@
 #include "crescent/conjunction.h"
 #include "crescent/visibilitymap.h"
 #include "ephemeris/series.h"
+#include "routines/namedengine.h"
+#include "routines/series.h"
 #include "stored/visib.h"
 #include "tests/golden/goldenreport.h"
 
@@ -23,11 +25,11 @@ inline CrescentSettings crescent_near(int day, int month, int year, bool new_cre
 
 /// The map of a conjunction near a date.
 inline MapRun map_near(int day, int month, int year, CrescentKind kind, int choice, Criterion criterion) {
-    find_conjunction(crescent_near(day, month, year));
+    find_conjunction(named_ephemeris(), crescent_near(day, month, year));
     MapRun run;
     run.criterion = criterion;
     run.kind = kind;
-    run.conjunction = map_conjunction();
+    run.conjunction = map_conjunction(named_ephemeris());
     run.day = map_day(run.conjunction, kind, choice);
     return run;
 }

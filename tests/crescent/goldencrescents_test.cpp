@@ -1,4 +1,6 @@
 #include "crescent/crescentreport.h"
+#include "routines/namedengine.h"
+#include "routines/series.h"
 #include "tests/crescent/crescentfixture.h"
 
 #include <gtest/gtest.h>
@@ -12,7 +14,7 @@ TEST_P(CrescentGolden, ReportIsTheSameByteForByte) {
     expect_golden_report("crescent/" + GetParam(), "visib.out", [] {
         load_series();
         const CrescentSettings settings = read_visib();
-        write_crescent_report(settings, find_conjunction(settings));
+        write_crescent_report(loaded_theory(), settings, find_conjunction(named_ephemeris(), settings));
     });
 }
 

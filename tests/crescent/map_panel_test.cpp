@@ -6,6 +6,8 @@
 #include "crescent/mapview.h"
 #include "ephemeris/series.h"
 #include "panel/messages.h"
+#include "routines/namedengine.h"
+#include "routines/series.h"
 #include "tests/panel/panelchecks.h"
 
 #include <QComboBox>
@@ -100,10 +102,10 @@ protected:
         MapRun run;
         run.criterion = criterion;
         run.kind = kind;
-        run.conjunction = map_conjunction();
+        run.conjunction = map_conjunction(named_ephemeris());
         run.day = map_day(run.conjunction, kind, day);
         PointList list;
-        draw_visibility_map(run, list);
+        draw_visibility_map(loaded_theory(), run, list);
         return list.points;
     }
 

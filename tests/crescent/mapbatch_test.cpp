@@ -1,5 +1,6 @@
 #include "crescent/mapmarks.h"
 #include "crescent/mapsheet.h"
+#include "routines/series.h"
 #include "tests/crescent/crescentfixture.h"
 
 #include <array>
@@ -56,7 +57,8 @@ TEST_F(MapBatch, TableHoldsHeadLinesAndEveryPointInDrawingOrder) {
     EXPECT_EQ(std::vector<std::string>(table.begin(), table.begin() + 6), head);
 
     Points drawn;
-    draw_visibility_map(map_near(29, 3, 2025, CrescentKind::new_crescent, 2, Criterion::yallop), drawn);
+    draw_visibility_map(loaded_theory(),
+                        map_near(29, 3, 2025, CrescentKind::new_crescent, 2, Criterion::yallop), drawn);
     ASSERT_EQ(table.size() - head.size(), drawn.points.size());
     for (std::size_t i = 0; i < drawn.points.size(); ++i) {
         const MapPoint& point = drawn.points[i];
@@ -91,7 +93,7 @@ TEST_F(MapBatch, PictureDecodesAndShowsItsPoints) {
 TEST_F(MapBatch, PictureMarksEveryClassOnTheMapAndInTheLegend) {
     const MapRun run = map_near(29, 3, 2025, CrescentKind::new_crescent, 1, Criterion::yallop);
     Points drawn;
-    draw_visibility_map(run, drawn);
+    draw_visibility_map(loaded_theory(), run, drawn);
     MapClasses classes;
     for (const MapPoint& point : drawn.points)
         classes.add(point);

@@ -1,4 +1,5 @@
 #include "crescent/mapmarks.h"
+#include "routines/series.h"
 #include "tests/crescent/crescentfixture.h"
 
 #include <cmath>
@@ -39,9 +40,9 @@ TEST_F(MapMarks, ABareBlockIsKnownAndWhatIsNotDrawnIsNot) {
     const MapRun run = map_near(29, 3, 2025, CrescentKind::new_crescent, 0, Criterion::yallop);
     Drawing half;
     half.stop_after = MapGrid::blocks / 2;
-    draw_visibility_map(run, half);
+    draw_visibility_map(loaded_theory(), run, half);
     Drawing whole;
-    draw_visibility_map(run, whole);
+    draw_visibility_map(loaded_theory(), run, whole);
     EXPECT_EQ(whole.blocks, MapGrid::blocks);
     int bare = 0;
     for (int longitude = MapGrid::west; longitude <= MapGrid::east; longitude += MapGrid::step)
@@ -67,7 +68,8 @@ TEST_F(MapMarks, EveryClassOfAMapIsMarkedWithinItsZone) {
             for (const int month : {3, 6, 12})
                 for (int day = 0; day <= 2; ++day) {
                     Drawing drawing;
-                    draw_visibility_map(map_near(25, month, 2025, kind, day, criterion), drawing);
+                    draw_visibility_map(loaded_theory(), map_near(25, month, 2025, kind, day, criterion),
+                                        drawing);
                     const std::vector<MapMark> marks = map_marks(drawing.classes);
                     std::set<VisibilityClass> marked;
                     for (const MapMark& mark : marks) {
@@ -89,7 +91,8 @@ TEST_F(MapMarks, EveryClassOfAMapIsMarkedWithinItsZone) {
 
 TEST_F(MapMarks, TheBareMapIsMarkedWhereItIsFoundNotPossible) {
     Drawing drawing;
-    draw_visibility_map(map_near(29, 3, 2025, CrescentKind::new_crescent, 0, Criterion::yallop), drawing);
+    draw_visibility_map(loaded_theory(),
+                        map_near(29, 3, 2025, CrescentKind::new_crescent, 0, Criterion::yallop), drawing);
     int bare = 0;
     for (const MapMark& mark : map_marks(drawing.classes))
         bare += mark.visibility == not_possible ? 1 : 0;

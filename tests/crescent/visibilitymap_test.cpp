@@ -1,4 +1,7 @@
 #include "crescent/visibilitymap.h"
+#include "routines/namedengine.h"
+#include "routines/series.h"
+#include "routines/tdtinput.h"
 
 #include "calendar/moddeltat.h"
 #include "calendar/modjul.h"
@@ -6,7 +9,7 @@
 #include "crescent/maptexts.h"
 #include "ephemeris/moon.h"
 #include "ephemeris/sun.h"
-#include "events/modlowriseset.h"
+#include "events/lowriseset.h"
 #include "tests/crescent/crescentfixture.h"
 #include "tests/support/places.h"
 
@@ -50,7 +53,7 @@ private:
 
 Blocks drawn(const MapRun& run) {
     Blocks blocks;
-    EXPECT_TRUE(draw_visibility_map(run, blocks));
+    EXPECT_TRUE(draw_visibility_map(loaded_theory(), run, blocks));
     return blocks;
 }
 
@@ -160,7 +163,8 @@ TEST_F(VisibilityMap, ConjunctionOfEveryPointIsFoundWithinTenRounds) {
             if (!point.evaluated)
                 continue;
             const Observer observer = observer_at(point.longitude, point.latitude, 0);
-            const PointConjunction found = point_conjunction(observer, start, run.conjunction.delta_t);
+            const PointConjunction found =
+                point_conjunction(named_ephemeris(), observer, start, run.conjunction.delta_t);
             most = std::max(most, found.rounds);
             start = found.universal;
             if (++counted % 50 != 0)
@@ -168,8 +172,9 @@ TEST_F(VisibilityMap, ConjunctionOfEveryPointIsFoundWithinTenRounds) {
             const TdtSpan dynamical_time(1);
             const double t = found.universal + run.conjunction.delta_t;
             const auto elongation = [&observer](double jd) {
-                const double d = moon_fast(observer, jd).topocentric_longitude -
-                                 sun_fast(observer, jd).topocentric_longitude;
+                const double d =
+                    moon_fast(named_ephemeris(), named_instant(jd), observer).topocentric_longitude -
+                    sun_fast(named_ephemeris(), named_instant(jd), observer).topocentric_longitude;
                 return d > 180 ? d - 360 : d < -180 ? d + 360 : d;
             };
             constexpr double minute = 1.0 / 1440;
@@ -191,7 +196,9 @@ TEST_F(VisibilityMap, EveryPointIsItsSingleEvaluationWithTheConjunctionCarriedAl
             for (const MapPoint& point : drawn(run).points()) {
                 if (!point.evaluated)
                     continue;
-                ASSERT_EQ(evaluate_point(run, point.longitude, point.latitude, conjunction), point.visibility)
+                ASSERT_EQ(
+                    evaluate_point(named_ephemeris(), run, point.longitude, point.latitude, conjunction),
+                    point.visibility)
                     << point.longitude << ", " << point.latitude;
                 ++compared;
             }
@@ -225,7 +232,8 @@ TEST_F(VisibilityMap, BorderBetweenTheFivePointsIsLost) {
         const MapRun run = map_near(15, month, 2025, CrescentKind::new_crescent, 1, Criterion::yallop);
         double conjunction = run.conjunction.universal;
         for (const MapPoint& point : drawn(run).points()) {
-            const VisibilityClass own = evaluate_point(run, point.longitude, point.latitude, conjunction);
+            const VisibilityClass own =
+                evaluate_point(named_ephemeris(), run, point.longitude, point.latitude, conjunction);
             if (!point.evaluated && own != point.visibility)
                 ++lost;
         }
@@ -245,7 +253,7 @@ TEST_F(VisibilityMap, StopActsAfterTheBlockAndKeepsWhatIsPainted) {
     const std::vector<MapPoint> whole = drawn(run).points();
     for (const int stop : {1, 2, 100, blocks_of_a_map}) {
         Blocks blocks(stop);
-        EXPECT_FALSE(draw_visibility_map(run, blocks));
+        EXPECT_FALSE(draw_visibility_map(loaded_theory(), run, blocks));
         EXPECT_EQ(blocks.blocks.size(), static_cast<std::size_t>(stop));
         const std::vector<MapPoint> part = blocks.points();
         EXPECT_TRUE(std::equal(part.begin(), part.end(), whole.begin(), same));
@@ -256,15 +264,19 @@ TEST_F(VisibilityMap, PolarPointWithoutMoonsetIsUnknownAndNotImpossible) {
     // Midsummer beyond the circle: the Sun does not set. Midwinter: it does not rise.
     MapRun run = map_near(25, 6, 2025, CrescentKind::new_crescent, 1, Criterion::vesk);
     double conjunction = run.conjunction.universal;
-    EXPECT_EQ(evaluate_point(run, 20, 80, conjunction), unknown);
+    EXPECT_EQ(evaluate_point(named_ephemeris(), run, 20, 80, conjunction), unknown);
     run = map_near(20, 12, 2025, CrescentKind::new_crescent, 1, Criterion::vesk);
     conjunction = run.conjunction.universal;
-    EXPECT_EQ(evaluate_point(run, 20, 80, conjunction), unknown);
+    EXPECT_EQ(evaluate_point(named_ephemeris(), run, 20, 80, conjunction), unknown);
     // Off Antarctica the Sun still sets that day, while the Moon, three degrees further south, does not.
     const Observer observer = observer_at(20, -65, 0);
-    EXPECT_NE(hours_of(low_event(run.day, observer, "Sun", LowEvent::set)), nullptr);
-    EXPECT_EQ(hours_of(low_event(run.day, observer, "Moon", LowEvent::set)), nullptr);
-    EXPECT_EQ(evaluate_point(run, 20, -65, conjunction), unknown);
+    EXPECT_NE(
+        hours_of(low_event(named_ephemeris(), Body::sun, named_instant(run.day), observer, LowEvent::set)),
+        nullptr);
+    EXPECT_EQ(
+        hours_of(low_event(named_ephemeris(), Body::moon, named_instant(run.day), observer, LowEvent::set)),
+        nullptr);
+    EXPECT_EQ(evaluate_point(named_ephemeris(), run, 20, -65, conjunction), unknown);
 }
 
 TEST_F(VisibilityMap, PointWithALagOfZeroIsRed) {
@@ -273,8 +285,10 @@ TEST_F(VisibilityMap, PointWithALagOfZeroIsRed) {
     constexpr double longitude = -60;
     const auto lag = [&run](double latitude) {
         const Observer observer = observer_at(longitude, latitude, 0);
-        return *hours_of(low_event(run.day, observer, "Moon", LowEvent::set)) -
-               *hours_of(low_event(run.day, observer, "Sun", LowEvent::set));
+        return *hours_of(low_event(named_ephemeris(), Body::moon, named_instant(run.day), observer,
+                                   LowEvent::set)) -
+               *hours_of(
+                   low_event(named_ephemeris(), Body::sun, named_instant(run.day), observer, LowEvent::set));
     };
     double positive = 40;
     double negative = -60;
@@ -287,15 +301,15 @@ TEST_F(VisibilityMap, PointWithALagOfZeroIsRed) {
     double conjunction = run.conjunction.universal;
     EXPECT_LE(lag(negative), 0);
     EXPECT_GT(lag(negative), -1e-6);
-    EXPECT_EQ(evaluate_point(run, longitude, negative, conjunction), impossible);
-    EXPECT_EQ(evaluate_point(run, longitude, positive, conjunction), not_possible);
+    EXPECT_EQ(evaluate_point(named_ephemeris(), run, longitude, negative, conjunction), impossible);
+    EXPECT_EQ(evaluate_point(named_ephemeris(), run, longitude, positive, conjunction), not_possible);
 }
 
 TEST_F(VisibilityMap, PointBeforeItsConjunctionIsRed) {
     // Far east the Sun sets before the conjunction of 29 March 2025, 10:58 UT1, and the Moon after the Sun.
     const MapRun run = map_near(29, 3, 2025, CrescentKind::new_crescent, 0, Criterion::vesk);
     double conjunction = run.conjunction.universal;
-    EXPECT_EQ(evaluate_point(run, 170, 50, conjunction), impossible);
+    EXPECT_EQ(evaluate_point(named_ephemeris(), run, 170, 50, conjunction), impossible);
     EXPECT_GT(conjunction, run.day + (18.0 - 11) / 24);
 }
 
@@ -307,13 +321,15 @@ TEST_F(VisibilityMap, MoonThatSetsPastMidnightIsUnknownAndNotImpossible) {
         const MapRun run = map_near(15, month, 2025, CrescentKind::new_crescent, 2, Criterion::vesk);
         for (int longitude = -180; longitude < 180; longitude += 2) {
             const Observer observer = observer_at(longitude, 60, 0);
-            const TaggedTime sun = low_event(run.day, observer, "Sun", LowEvent::set);
-            const TaggedTime moon = low_event(run.day, observer, "Moon", LowEvent::set);
+            const TaggedTime sun =
+                low_event(named_ephemeris(), Body::sun, named_instant(run.day), observer, LowEvent::set);
+            const TaggedTime moon =
+                low_event(named_ephemeris(), Body::moon, named_instant(run.day), observer, LowEvent::set);
             if (hours_of(sun) == nullptr || hours_of(moon) == nullptr || *hours_of(moon) > 6)
                 continue;
             ASSERT_GT(*hours_of(sun), 12);
             double conjunction = run.conjunction.universal;
-            EXPECT_EQ(evaluate_point(run, longitude, 60, conjunction), unknown);
+            EXPECT_EQ(evaluate_point(named_ephemeris(), run, longitude, 60, conjunction), unknown);
             ++high;
         }
     }
@@ -328,10 +344,10 @@ TEST_F(VisibilityMap, ClassesAgreeWithTheCrescentReportAwayFromTheBands) {
         for (int latitude = -45; latitude <= 45; latitude += 15) {
             write_loc(place_at(longitude, latitude, zone_of_longitude(longitude)));
             CrescentSettings settings = crescent_near(29, 3, 2025);
-            Conjunction conjunction = find_conjunction(settings);
+            Conjunction conjunction = find_conjunction(named_ephemeris(), settings);
             // The report's day counts from the local date of the conjunction, the map's from that of UT1.
             conjunction.local = run.conjunction.days[0] + 0.5;
-            const auto circumstances = crescent_circumstances(settings, conjunction);
+            const auto circumstances = crescent_circumstances(named_ephemeris(), settings, conjunction);
             ASSERT_TRUE(circumstances);
             const double value = circumstances->criterion.value;
             const bool near_an_edge =
@@ -339,7 +355,7 @@ TEST_F(VisibilityMap, ClassesAgreeWithTheCrescentReportAwayFromTheBands) {
             if (near_an_edge || circumstances->lag < 0.1)
                 continue;
             double start = run.conjunction.universal;
-            EXPECT_EQ(evaluate_point(run, longitude, latitude, start), vesk_class(value))
+            EXPECT_EQ(evaluate_point(named_ephemeris(), run, longitude, latitude, start), vesk_class(value))
                 << longitude << ", " << latitude;
             ++compared;
         }
@@ -369,8 +385,8 @@ TEST_F(VisibilityMap, HundredMapsNeedNoMoreMemoryThanOne) {
 }
 
 TEST_F(VisibilityMap, DaysAreCountedAwayFromTheConjunction) {
-    find_conjunction(crescent_near(29, 3, 2025));
-    const MapConjunction conjunction = map_conjunction();
+    find_conjunction(named_ephemeris(), crescent_near(29, 3, 2025));
+    const MapConjunction conjunction = map_conjunction(named_ephemeris());
     double day = 0;
     modjul(2025, 3, 29, 0, day);
     for (int choice = 0; choice < 3; ++choice) {
@@ -382,11 +398,11 @@ TEST_F(VisibilityMap, DaysAreCountedAwayFromTheConjunction) {
 TEST_F(VisibilityMap, StartsFromTheGeocentricConjunctionWhateverWasSearched) {
     CrescentSettings settings = crescent_near(29, 3, 2025);
     settings.geocentric = true;
-    find_conjunction(settings);
-    const double geocentric = map_conjunction().universal;
+    find_conjunction(named_ephemeris(), settings);
+    const double geocentric = map_conjunction(named_ephemeris()).universal;
     settings.geocentric = false;
-    find_conjunction(settings);
-    EXPECT_NEAR(map_conjunction().universal, geocentric, 0.5 / 86400);
+    find_conjunction(named_ephemeris(), settings);
+    EXPECT_NEAR(map_conjunction(named_ephemeris()).universal, geocentric, 0.5 / 86400);
 }
 
 TEST(MapProjection, PutsTheGridOnThePicture) {

@@ -1,8 +1,10 @@
 #include "ephemeris/coordinates.h"
 #include "ephemeris/orientation.h"
+#include "routines/coordinates.h"
+#include "routines/namedengine.h"
 
-#include "ephemeris/earthorientation.h"
 #include "ephemeris/modgeneral.h"
+#include "routines/earthorientation.h"
 #include "tests/ephemeris/observed.h"
 
 #include <array>
@@ -146,7 +148,8 @@ TEST_F(Coordinates, ObserverFollowsTheStoredLocation) {
     modaltazm(2460000.5, 100, 10, there.first, there.second);
     EXPECT_GT(std::fabs(here.first - there.first), 1);
     Pair given;
-    altazm_of(observer_at(36, 31, 0), 2460000.5, 100, 10, given.first, given.second);
+    altazm_of(named_ephemeris(), named_instant(2460000.5), observer_at(36, 31, 0), 100, 10, given.first,
+              given.second);
     EXPECT_EQ(given.first, here.first);
     EXPECT_EQ(given.second, here.second);
 }
@@ -213,7 +216,8 @@ TEST_F(Coordinates, TopocentricPlaceIsTheDifferenceOfTwoVectors) {
         const double b = near_ecliptic(random);
         const double r = distance(random);
         const double e = 23.44 * radians_per_degree;
-        const TopocentricPlace place = topocentric_place(observer, sky_frame(jd, 23.44, 0.003), l, b, r, 'M');
+        const TopocentricPlace place =
+            topocentric_place(observer, sky_frame(Instant::of_ut1(jd), 23.44, 0.003), l, b, r, 'M');
         double theta = 0;
         modlasttdt(jd, observer.longitude, e, 0.003, theta);
         theta *= radians_per_degree;

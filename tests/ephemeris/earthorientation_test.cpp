@@ -1,4 +1,6 @@
-#include "ephemeris/earthorientation.h"
+#include "routines/earthorientation.h"
+#include "routines/series.h"
+#include "routines/tdtinput.h"
 
 #include "calendar/moddeltat.h"
 #include "ephemeris/modgeneral.h"
@@ -224,8 +226,8 @@ TEST_F(EarthOrientation, DailyVariationIsTheMotionOfTheSeries) {
         double rate = 0;
         std::size_t first = 0;
         for (int power = 0; power < 6; ++power) {
-            rate += rate_of_group(termfull(), first, termfull_groups[static_cast<std::size_t>(power)], tau,
-                                  power);
+            rate += rate_of_group(loaded_theory()->termfull(), first,
+                                  termfull_groups[static_cast<std::size_t>(power)], tau, power);
             first += termfull_groups[static_cast<std::size_t>(power)];
         }
         double variation = 0;

@@ -1,4 +1,5 @@
 #include "ephemeris/modgeneral.h"
+#include "routines/waitseconds.h"
 
 #include "base/failure.h"
 

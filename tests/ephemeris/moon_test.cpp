@@ -1,9 +1,13 @@
 #include "ephemeris/moon.h"
+#include "routines/moon.h"
+#include "routines/namedengine.h"
+#include "routines/series.h"
+#include "routines/tdtinput.h"
 
 #include "calendar/moddeltat.h"
 #include "ephemeris/coordinates.h"
-#include "ephemeris/earthorientation.h"
 #include "ephemeris/modgeneral.h"
+#include "routines/earthorientation.h"
 #include "tests/ephemeris/observed.h"
 
 #include <array>
@@ -127,7 +131,7 @@ TEST_F(MoonTest, ArgumentsAtTheEpochAreTheirConstantParts) {
     double longitude = 218.31665;
     double latitude = 0;
     double distance = 385000.57;
-    const MoonSeries& s = elp();
+    const MoonSeries& s = loaded_theory()->elp();
     const auto sum = [](const Column& amplitude, const Column& a0, std::size_t first, std::size_t count,
                         auto wave) {
         double total = 0;
@@ -177,11 +181,14 @@ TEST_F(MoonTest, OutputsStandInTheOrderOfTheInterface) {
             m.longitude,       m.latitude,     m.topocentric_longitude,       m.topocentric_latitude,
             m.parallax,        m.semidiameter, m.topocentric_semidiameter,    m.distance};
     };
-    EXPECT_EQ(fields(medium(jd)), fields(moon_medium(observer_at(36, 31, 800), jd)));
-    EXPECT_EQ(fields(fast(36, 31, jd)), fields(moon_fast(observer_at(36, 31, 0), jd)));
+    EXPECT_EQ(fields(medium(jd)),
+              fields(moon_medium(named_ephemeris(), named_instant(jd), observer_at(36, 31, 800))));
+    EXPECT_EQ(fields(fast(36, 31, jd)),
+              fields(moon_fast(named_ephemeris(), named_instant(jd), observer_at(36, 31, 0))));
     MoonPlace plain = low(jd);
-    plain.distance = moon_low(observer_at(36, 31, 800), jd).distance;
-    EXPECT_EQ(fields(plain), fields(moon_low(observer_at(36, 31, 800), jd)));
+    plain.distance = moon_low(named_ephemeris(), named_instant(jd), observer_at(36, 31, 800)).distance;
+    EXPECT_EQ(fields(plain),
+              fields(moon_low(named_ephemeris(), named_instant(jd), observer_at(36, 31, 800))));
     EXPECT_GT(plain.parallax, 0.89);
     EXPECT_LT(plain.semidiameter, 0.29);
 }

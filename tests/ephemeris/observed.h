@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ephemeris/series.h"
+#include "routines/series.h"
 #include "tests/support/places.h"
 #include "tests/support/programfolder.h"
 

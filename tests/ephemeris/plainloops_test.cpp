@@ -2,12 +2,15 @@
 // instructions against the plain one.
 
 #include "calendar/moddeltat.h"
-#include "ephemeris/earthorientation.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/moon.h"
 #include "ephemeris/orientationterms.h"
 #include "ephemeris/seriessums.h"
 #include "ephemeris/sun.h"
+#include "routines/earthorientation.h"
+#include "routines/namedengine.h"
+#include "routines/series.h"
+#include "routines/tdtinput.h"
 #include "tests/ephemeris/observed.h"
 
 #include <algorithm>
@@ -67,13 +70,16 @@ TEST_F(PlainLoop, OfTheCompleteSunIsTheRoutine) {
     constexpr double ones[]{1, 1, 1, 1, 1, 1};
     for (const double jd : some_instants(60, 41)) {
         const double tau = (jd - epoch_j2000) / 365250;
-        const double l = plain_coordinate(termfull(), termfull_groups.data(), 0, 6, ones, tau);
-        const double b = plain_coordinate(termfull(), termfull_groups.data(), 6, 5, ones, tau);
-        const double r = plain_coordinate(termfull(), termfull_groups.data(), 11, 6, ones, tau);
+        const double l =
+            plain_coordinate(loaded_theory()->termfull(), termfull_groups.data(), 0, 6, ones, tau);
+        const double b =
+            plain_coordinate(loaded_theory()->termfull(), termfull_groups.data(), 6, 5, ones, tau);
+        const double r =
+            plain_coordinate(loaded_theory()->termfull(), termfull_groups.data(), 11, 6, ones, tau);
         double variation = 0;
         moddabb(tau, variation);
         const Apparent expected = plain_apparent(jd, l, b, r, -0.005775518 * r * variation, tau);
-        const SunPlace sun = sun_high(observer_at(0, 0, 0), jd);
+        const SunPlace sun = sun_high(named_ephemeris(), named_instant(jd), observer_at(0, 0, 0));
         EXPECT_LT(separation(sun.longitude, expected.longitude), 2 * whole_turn);
         EXPECT_NEAR(sun.latitude, expected.latitude, 1e-12);
         EXPECT_NEAR(sun.radius, expected.radius, 1e-12);
@@ -87,11 +93,15 @@ TEST_F(PlainLoop, OfTheShortSunIsTheRoutine) {
     constexpr double radius_divisors[]{1, 10, 10, 1000, 1000};
     for (const double jd : some_instants(60, 42)) {
         const double tau = (jd - epoch_j2000) / 365250;
-        const double l = plain_coordinate(term(), term_groups.data(), 0, 6, longitude_divisors, tau) / 1e8;
-        const double b = plain_coordinate(term(), term_groups.data(), 6, 2, latitude_divisors, tau) / 1e8;
-        const double r = plain_coordinate(term(), term_groups.data(), 8, 5, radius_divisors, tau) / 1e8;
+        const double l =
+            plain_coordinate(loaded_theory()->term(), term_groups.data(), 0, 6, longitude_divisors, tau) /
+            1e8;
+        const double b =
+            plain_coordinate(loaded_theory()->term(), term_groups.data(), 6, 2, latitude_divisors, tau) / 1e8;
+        const double r =
+            plain_coordinate(loaded_theory()->term(), term_groups.data(), 8, 5, radius_divisors, tau) / 1e8;
         const Apparent expected = plain_apparent(jd, l, b, r, -0.0056916111 / r, tau);
-        const SunPlace sun = sun_medium(observer_at(0, 0, 0), jd);
+        const SunPlace sun = sun_medium(named_ephemeris(), named_instant(jd), observer_at(0, 0, 0));
         EXPECT_LT(separation(sun.longitude, expected.longitude), 2 * whole_turn);
         EXPECT_NEAR(sun.latitude, expected.latitude, 1e-12);
         EXPECT_NEAR(sun.radius, expected.radius, 1e-12);
@@ -104,7 +114,7 @@ double reduced(double degrees) {
 
 TEST_F(PlainLoop, OfTheNutationIsTheRoutine) {
     const TdtSpan dynamical_time(1);
-    const PeriodicTerms& n = mterm().nutation;
+    const PeriodicTerms& n = loaded_theory()->mterm().nutation;
     for (const double jd : some_instants(100, 43)) {
         const double t = (jd - epoch_j2000) / 36525;
         const double d = reduced(297.85036 + 445267.11148 * t - 0.0019142 * t * t + t * t * t / 189474);
@@ -151,7 +161,7 @@ TEST_F(PlainLoop, OfTheMoonsPeriodicTermsIsTheRoutine) {
         const double a2 = reduced(53.09 + 479264.29 * t);
         const double a3 = reduced(313.45 + 481266.484 * t);
         const double e = 1 - 0.002516 * t - 0.0000074 * t2;
-        const PeriodicTerms& table = mterm().moon;
+        const PeriodicTerms& table = loaded_theory()->mterm().moon;
         const auto argument = [&](std::size_t i) {
             return table.d[i] * d + table.m[i] * m + table.m_prime[i] * p + table.f[i] * f;
         };
@@ -171,7 +181,7 @@ TEST_F(PlainLoop, OfTheMoonsPeriodicTermsIsTheRoutine) {
         double ignored = 0;
         double obliquity = 0;
         modobliquity(jd, nutation, ignored, obliquity);
-        const MoonPlace moon = moon_low(observer_at(0, 0, 0), jd);
+        const MoonPlace moon = moon_low(named_ephemeris(), named_instant(jd), observer_at(0, 0, 0));
         EXPECT_LT(separation(moon.longitude, l * degrees_per_radian + longitude / 1e6 + nutation),
                   whole_turn);
         EXPECT_NEAR(moon.latitude, latitude / 1e6, 5.3 * 1e-11);
@@ -185,8 +195,8 @@ struct Blocks {
 
 template <class Wave>
 Blocks plain_blocks(std::size_t coordinate, double t, Wave wave) {
-    const MoonMainTerms& main = elp().main;
-    const MoonSecondaryTerms& secondary = elp().secondary;
+    const MoonMainTerms& main = loaded_theory()->elp().main;
+    const MoonSecondaryTerms& secondary = loaded_theory()->elp().secondary;
     Blocks sums{};
     const double t2 = t * t;
     const std::size_t first = first_row_of_block(coordinate, 0);
@@ -228,7 +238,7 @@ TEST_F(PlainLoop, OfTheLunarTablesIsTheRoutine) {
                                 0.00001754 * std::sin((183.3 + 483202 * t) * radians_per_degree);
         const double distance = 385000.57 + r.main + r.factor_1 + t * r.factor_t +
                                 1e-4 * t * t * r.factor_t2 + 0.0708 * std::cos(anomaly);
-        const MoonPlace moon = moon_medium(observer_at(0, 0, 0), jd);
+        const MoonPlace moon = moon_medium(named_ephemeris(), named_instant(jd), observer_at(0, 0, 0));
         // Far from 2000 the mean longitude itself has fewer digits.
         const double digits = std::fabs(481267.88 * t) * 2.3e-16 * 4;
         EXPECT_LT(separation(moon.longitude, longitude), whole_turn + digits);
@@ -259,7 +269,7 @@ double total_amplitude(const Column& amplitude, std::size_t rows) {
 
 TEST_P(InstructionSet, AddsThePlainWavesOfTheSunsSeries) {
     for (const double tau : {-3.7, -0.1, 0.0, 0.026, 0.1, 4.0}) {
-        const SunSeries& s = termfull();
+        const SunSeries& s = loaded_theory()->termfull();
         const std::size_t rows = termfull_groups[0];
         const auto groups = both_functions(rows);
         Sums found{};
@@ -279,7 +289,7 @@ TEST_P(InstructionSet, AddsThePlainWavesOfTheSunsSeries) {
 
 TEST_P(InstructionSet, AddsThePlainWavesOfTheMoonsSeries) {
     for (const double t : {-30.0, -1.0, 0.0, 0.26, 1.0}) {
-        const MoonMainTerms& m = elp().main;
+        const MoonMainTerms& m = loaded_theory()->elp().main;
         const std::size_t rows = elp_blocks[0][0];
         const auto groups = both_functions(rows);
         Sums found{};
@@ -303,7 +313,7 @@ TEST_P(InstructionSet, AddsThePlainWavesOfTheMoonsSeries) {
 }
 
 TEST_P(InstructionSet, AddsThePlainTermsOfTheNutation) {
-    const PeriodicTerms& n = mterm().nutation;
+    const PeriodicTerms& n = loaded_theory()->mterm().nutation;
     const double fundamental[]{1.1, 2.2, 3.3, 4.4, 5.5};
     const auto groups = both_functions(nutation_rows);
     Sums found{};

@@ -1,4 +1,7 @@
 #include "ephemeris/sun.h"
+#include "routines/namedengine.h"
+#include "routines/sun.h"
+#include "routines/tdtinput.h"
 
 #include "calendar/moddeltat.h"
 #include "ephemeris/coordinates.h"
@@ -154,9 +157,9 @@ TEST_F(SunTest, OutputsStandInTheOrderOfTheInterface) {
     const struct {
         Routine routine;
         SunPlace place;
-    } pairs[]{{modcorsh, sun_high(observer, jd)},
-              {modcorsm, sun_medium(observer, jd)},
-              {modcorsl, sun_low(observer, jd)}};
+    } pairs[]{{modcorsh, sun_high(named_ephemeris(), named_instant(jd), observer)},
+              {modcorsm, sun_medium(named_ephemeris(), named_instant(jd), observer)},
+              {modcorsl, sun_low(named_ephemeris(), named_instant(jd), observer)}};
     for (const auto& pair : pairs) {
         std::array<double, 10> o{};
         pair.routine(pi, jd, o[0], o[1], o[2], o[3], o[4], o[5], o[6], o[7], o[8], o[9]);

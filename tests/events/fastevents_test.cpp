@@ -1,16 +1,20 @@
-#include "events/modlowriseset.h"
+#include "events/lowriseset.h"
+#include "routines/namedengine.h"
+#include "routines/riseset.h"
+#include "routines/series.h"
+#include "routines/tdtinput.h"
 
 #include "calendar/moddeltat.h"
 #include "calendar/modjul.h"
 #include "ephemeris/coordinates.h"
-#include "ephemeris/earthorientation.h"
 #include "ephemeris/fastplace.h"
 #include "ephemeris/interpolation.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/moon.h"
 #include "ephemeris/series.h"
 #include "ephemeris/sun.h"
-#include "events/modriseset.h"
+#include "events/riseset.h"
+#include "routines/earthorientation.h"
 #include "stored/loc.h"
 #include "stored/pref.h"
 #include "tests/golden/goldenreport.h"
@@ -91,7 +95,7 @@ TEST_F(FastEvents, MoonStandsAnEighthOfADegreeHighAtItsEvents) {
             if (hours_of(event) == nullptr)
                 continue;
             const double jd = day + (*hours_of(event) - 2) / 24;
-            const FastPlace place = moon_fast_place(jd);
+            const FastPlace place = moon_fast_place(named_ephemeris(), named_instant(jd));
             double altitude = 0;
             double azimuth = 0;
             modlowaltazm(jd, place.right_ascension, place.declination, 30, 20, altitude, azimuth);
@@ -106,7 +110,7 @@ TEST_F(FastEvents, StandardAltitudeOfTheSunIsFiftyMinutesBelow) {
     const Events sun = events(day, 30, 40, "Sun");
     for (const TaggedTime& event : {sun.rise, sun.set}) {
         const double jd = day + (*hours_of(event) - 2) / 24;
-        const FastPlace place = sun_fast_place(jd);
+        const FastPlace place = sun_fast_place(named_ephemeris(), named_instant(jd));
         double altitude = 0;
         double azimuth = 0;
         modlowaltazm(jd, place.right_ascension, place.declination, 30, 40, altitude, azimuth);
@@ -139,11 +143,13 @@ TEST_F(FastEvents, OneEventAloneIsThatOfBoth) {
         const double day = day_of(2020, 1, 1) + 17 * i;
         const double longitude = -180 + (i * 101) % 360;
         const double latitude = -68 + (i * 37) % 129;
-        for (const char* body : {"Sun", "Moon"}) {
-            const Events both = events(day, longitude, latitude, body);
+        for (const auto& [which, name] : {std::pair(Body::sun, "Sun"), std::pair(Body::moon, "Moon")}) {
+            const Events both = events(day, longitude, latitude, name);
             const Observer observer = observer_at(longitude, latitude, 0);
-            EXPECT_EQ(low_event(day, observer, body, LowEvent::rise), both.rise);
-            EXPECT_EQ(low_event(day, observer, body, LowEvent::set), both.set);
+            EXPECT_EQ(low_event(named_ephemeris(), which, named_instant(day), observer, LowEvent::rise),
+                      both.rise);
+            EXPECT_EQ(low_event(named_ephemeris(), which, named_instant(day), observer, LowEvent::set),
+                      both.set);
         }
     }
 }
@@ -204,7 +210,11 @@ TEST(FastEventsAccuracy, StaysWithin40SecondsOfTheCompleteSearch) {
 
 // --- Interpolated places ----------------------------------------------------------------------------------
 
-class Interpolation : public FastEvents {};
+class Interpolation : public FastEvents {
+protected:
+    Ephemeris by_the_series{loaded_theory()};
+    Ephemeris interpolated{loaded_theory(), SeriesUse::interpolated};
+};
 
 TEST_F(Interpolation, GivesTheSeriesOwnPlaces) {
     const Observer observer = observer_at(-70, -40, 0);
@@ -215,16 +225,13 @@ TEST_F(Interpolation, GivesTheSeriesOwnPlaces) {
     for (int i = 0; i < 4000; ++i) {
         const int pair = i / 2;
         const double jd = 2415020.5 + 36.524631 * pair + 0.317 * (i % 2);
-        const auto places = [&observer, jd] {
-            double complete = 0;
-            double low = 0;
-            modsiderial(jd, complete);
-            modsideriallow(jd, low);
-            return std::tuple(moon_fast(observer, jd), sun_fast(observer, jd), complete, low);
+        const Instant instant = Instant::of_ut1(jd);
+        const auto places = [&observer, &instant](Ephemeris& ephemeris) {
+            return std::tuple(moon_fast(ephemeris, instant, observer), sun_fast(ephemeris, instant, observer),
+                              sidereal_time(ephemeris, instant), low_sidereal_time(ephemeris, instant));
         };
-        const auto [moon, sun, sidereal, low_sidereal] = places();
-        const InterpolationSpan interpolation;
-        const auto [near_moon, near_sun, near_sidereal, near_low_sidereal] = places();
+        const auto [moon, sun, sidereal, low_sidereal] = places(by_the_series);
+        const auto [near_moon, near_sun, near_sidereal, near_low_sidereal] = places(interpolated);
         const auto apart = [](double a, double b) { return std::fabs(rev180(a - b)); };
         worst_moon = std::max({worst_moon, apart(moon.longitude, near_moon.longitude),
                                apart(moon.latitude, near_moon.latitude),
@@ -243,31 +250,22 @@ TEST_F(Interpolation, GivesTheSeriesOwnPlaces) {
     RecordProperty("worst_moon_degrees", std::to_string(worst_moon * 1e12) + "e-12");
 }
 
-TEST_F(Interpolation, HonoursTheTimeReference) {
+TEST_F(Interpolation, HonoursTheTimeScale) {
     const Observer observer = observer_at(10, 50, 0);
-    const double jd = 2460000.25;
-    const TdtSpan dynamical_time(1);
-    const double longitude = moon_fast(observer, jd).topocentric_longitude;
-    const InterpolationSpan interpolation;
-    EXPECT_NEAR(moon_fast(observer, jd).topocentric_longitude, longitude, 3e-10);
-    const TdtSpan universal_time(0);
-    EXPECT_GT(std::fabs(moon_fast(observer, jd).topocentric_longitude - longitude), 1e-4);
-}
-
-TEST_F(Interpolation, EndsWithItsSpan) {
-    EXPECT_FALSE(interpolating);
-    {
-        const InterpolationSpan interpolation;
-        EXPECT_TRUE(interpolating);
-    }
-    EXPECT_FALSE(interpolating);
+    const auto longitude = [&observer](Ephemeris& ephemeris, const Instant& instant) {
+        return moon_fast(ephemeris, instant, observer).topocentric_longitude;
+    };
+    const Instant dynamical = Instant::of_dynamical(2460000.25);
+    EXPECT_NEAR(longitude(interpolated, dynamical), longitude(by_the_series, dynamical), 3e-10);
+    const Instant universal = Instant::of_ut1(2460000.25);
+    EXPECT_GT(std::fabs(longitude(interpolated, universal) - longitude(by_the_series, dynamical)), 1e-4);
 }
 
 TEST_F(Interpolation, IsLeftAsideForInstantsBeyondAnyEpoch) {
     const Observer observer = observer_at(10, 50, 0);
-    const double far = moon_fast(observer, 1e12).distance;
-    const InterpolationSpan interpolation;
-    EXPECT_EQ(moon_fast(observer, 1e12).distance, far);
+    const Instant far = Instant::of_ut1(1e12);
+    EXPECT_EQ(moon_fast(interpolated, far, observer).distance,
+              moon_fast(by_the_series, far, observer).distance);
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "events/modhourangle.h"
+#include "routines/riseset.h"
 
 #include "ephemeris/modgeneral.h"
 

@@ -1,10 +1,14 @@
-#include "events/modlowriseset.h"
+#include "events/lowriseset.h"
+#include "routines/namedengine.h"
+#include "routines/riseset.h"
+#include "routines/series.h"
+#include "routines/tdtinput.h"
 
 #include "calendar/moddeltat.h"
 #include "ephemeris/interpolation.h"
 #include "ephemeris/moon.h"
 #include "ephemeris/series.h"
-#include "events/modriseset.h"
+#include "events/riseset.h"
 #include "tests/ephemeris/observed.h"
 
 #include <cmath>
@@ -64,26 +68,27 @@ TEST_F(FastRiseSet, AgreesWithTheSearchWithin40Seconds) {
 }
 
 TEST_F(FastRiseSet, DoesNotDependOnTheSearchesBefore) {
-    std::vector<std::function<double()>> searches;
-    for (const char* body : {"Sun", "Moon"})
-        for (const double jd : {2461089.5, 2461090.5})
-            for (const bool interpolated : {false, true})
-                for (const int scale : {0, 1})
-                    searches.emplace_back([=] {
-                        const TdtSpan time_scale(scale);
-                        const SwitchGuard interpolation(interpolating, interpolated);
-                        return *hours_of(fast(jd, 36, 32, body).set);
+    const Observer observer = observer_at(36, 32, 0);
+    for (const SeriesUse use : {SeriesUse::each_instant, SeriesUse::interpolated}) {
+        std::vector<std::function<double(Ephemeris&)>> searches;
+        for (const Body body : {Body::sun, Body::moon})
+            for (const double jd : {2461089.5, 2461090.5})
+                for (const TimeScale scale : {TimeScale::ut1, TimeScale::dynamical})
+                    searches.emplace_back([=, &observer](Ephemeris& ephemeris) {
+                        return *hours_of(low_rise_set(ephemeris, body, {jd, scale}, observer).set);
                     });
-    std::vector<double> alone;
-    for (const auto& search : searches) {
-        load_series(); // drops every kept result
-        alone.push_back(search());
-    }
-    for (std::size_t one = 0; one < searches.size(); ++one)
-        for (std::size_t other = 0; other < searches.size(); ++other) {
-            EXPECT_EQ(searches[one](), alone[one]);
-            EXPECT_EQ(searches[other](), alone[other]) << other << " after " << one;
+        std::vector<double> alone;
+        for (const auto& search : searches) {
+            Ephemeris fresh(loaded_theory(), use);
+            alone.push_back(search(fresh));
         }
+        Ephemeris shared(loaded_theory(), use);
+        for (std::size_t one = 0; one < searches.size(); ++one)
+            for (std::size_t other = 0; other < searches.size(); ++other) {
+                EXPECT_EQ(searches[one](shared), alone[one]);
+                EXPECT_EQ(searches[other](shared), alone[other]) << other << " after " << one;
+            }
+    }
 }
 
 TEST_F(FastRiseSet, KnowsNoEventsWhereTheBodyStaysUpOrDown) {
@@ -132,7 +137,8 @@ TEST_F(FastRiseSet, MoonsStandardAltitudeIsNearAnEighthOfADegree) {
         const double day = std::floor(jd) + 0.5;
         const Events moon = fast(day, 0, 35, "Moon");
         if (const double* rise = hours_of(moon.rise)) {
-            const MoonPlace place = moon_fast(observer_at(0, 35, 0), day + *rise / 24);
+            const MoonPlace place =
+                moon_fast(named_ephemeris(), named_instant(day + *rise / 24), observer_at(0, 35, 0));
             double altitude = 0;
             double azimuth = 0;
             modlowaltazm(day + *rise / 24, place.right_ascension, place.declination, 0, 35, altitude,

@@ -1,4 +1,4 @@
-#include "events/modquad.h"
+#include "routines/riseset.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,9 +1,12 @@
-#include "events/modriseset.h"
+#include "events/riseset.h"
+#include "routines/namedengine.h"
+#include "routines/riseset.h"
+#include "routines/tdtinput.h"
 
 #include "base/failure.h"
+#include "base/switchguard.h"
 #include "calendar/moddeltat.h"
 #include "calendar/modjul.h"
-#include "calendar/switchguard.h"
 #include "ephemeris/coordinates.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/moon.h"
@@ -34,11 +37,13 @@ protected:
         double azimuth = 0;
         const Observer observer = stored_observer();
         if (std::string(body) == "Moon") {
-            const MoonPlace moon = moon_medium(observer, jd);
-            altazm_of(observer, jd, moon.right_ascension, moon.declination, altitude, azimuth);
+            const MoonPlace moon = moon_medium(named_ephemeris(), named_instant(jd), observer);
+            altazm_of(named_ephemeris(), named_instant(jd), observer, moon.right_ascension, moon.declination,
+                      altitude, azimuth);
         } else {
-            const SunPlace sun = sun_medium(observer, jd);
-            altazm_of(observer, jd, sun.right_ascension, sun.declination, altitude, azimuth);
+            const SunPlace sun = sun_medium(named_ephemeris(), named_instant(jd), observer);
+            altazm_of(named_ephemeris(), named_instant(jd), observer, sun.right_ascension, sun.declination,
+                      altitude, azimuth);
         }
         return altitude;
     }
@@ -63,7 +68,10 @@ TEST_F(RiseSet, StandsAtItsThresholdAtTheFoundTime) {
             const Events found = events(body, jd0);
             const double h0 =
                 std::string(body) == "Sun"
-                    ? -(0.5692857 + 0.2665639 / sun_medium(stored_observer(), jd0 + 0.5).radius - 0.0024)
+                    ? -(0.5692857 +
+                        0.2665639 / sun_medium(named_ephemeris(), named_instant(jd0 + 0.5), stored_observer())
+                                        .radius -
+                        0.0024)
                     : -18;
             for (const TaggedTime& event : {found.rise, found.set})
                 if (const double* hours = hours_of(event)) {
@@ -93,7 +101,7 @@ TEST_F(RiseSet, OfTheMoonStandsAtRefractionAndSemidiameterLessParallax) {
         for (const TaggedTime& event : {found.rise, found.set})
             if (const double* hours = hours_of(event)) {
                 const double at = jd0 + *hours / 24;
-                const MoonPlace moon = moon_low(stored_observer(), at);
+                const MoonPlace moon = moon_low(named_ephemeris(), named_instant(at), stored_observer());
                 // The threshold follows the parallax in steps of two hours, up to the scan's end: 0.02 deg in
                 // a day.
                 EXPECT_NEAR(altitude_at("Moon", at),
@@ -109,7 +117,7 @@ TEST_F(RiseSet, KeepsTheMoonsHorizonOfTheDaysFirstHour) {
     for (const double jd : some_instants(10, 53)) {
         const double jd0 = std::floor(jd) + 0.5 - 2.0 / 24;
         events("Moon", jd0);
-        const MoonPlace moon = moon_low(stored_observer(), jd0 + 1.0 / 24);
+        const MoonPlace moon = moon_low(named_ephemeris(), named_instant(jd0 + 1.0 / 24), stored_observer());
         EXPECT_NEAR(moonhorizonalt, -(0.5692857 + moon.topocentric_semidiameter - moon.parallax), 1e-12);
     }
 }
@@ -251,8 +259,9 @@ TEST_F(RiseSet, ShadowAltitudeMatchesTheLengthOfAShadow) {
             const auto apparent = [](double h) {
                 return h + 1.02 / std::tan((h + 10.3 / (h + 5.11)) * radians_per_degree) / 60;
             };
-            const double noon =
-                apparent(90 - std::fabs(31 - sun_medium(stored_observer(), jd0 + 0.5).declination));
+            const double noon = apparent(
+                90 - std::fabs(31 - sun_medium(named_ephemeris(), named_instant(jd0 + 0.5), stored_observer())
+                                        .declination));
             const double aser = apparent(altitude_at("Asr", jd0 + *hours / 24));
             EXPECT_NEAR(1 / std::tan(aser * radians_per_degree) - 1 / std::tan(noon * radians_per_degree),
                         hanafi ? 2 : 1, 4e-4);
@@ -324,8 +333,11 @@ TEST_F(RiseSet, AtThePolesTheDeclinationDecides) {
             const double jd0 = jd_of(2026, 3, 1) + day;
             for (const char* body : {"Sun", "Moon"}) {
                 const bool sun = std::string(body) == "Sun";
-                const double declination = sun ? sun_medium(stored_observer(), jd0 + 0.5).declination
-                                               : moon_medium(stored_observer(), jd0 + 0.5).declination;
+                const double declination =
+                    sun ? sun_medium(named_ephemeris(), named_instant(jd0 + 0.5), stored_observer())
+                              .declination
+                        : moon_medium(named_ephemeris(), named_instant(jd0 + 0.5), stored_observer())
+                              .declination;
                 // Nearer to the equator the body crosses the horizon in the day.
                 if (std::fabs(declination) < (sun ? 2 : 5))
                     continue;

@@ -1,6 +1,7 @@
 #include "base/failure.h"
 #include "desktop/frmdate.h"
 #include "ephemeris/series.h"
+#include "routines/series.h"
 #include "stored/date.h"
 #include "tests/panel/panelchecks.h"
 

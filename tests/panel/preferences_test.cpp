@@ -2,6 +2,7 @@
 #include "desktop/frmpreferences.h"
 #include "ephemeris/series.h"
 #include "panel/panelsupport.h"
+#include "routines/series.h"
 #include "stored/pref.h"
 #include "tests/panel/panelchecks.h"
 

@@ -1,6 +1,7 @@
 #include "base/machineclock.h"
 #include "desktop/settingscheck.h"
 #include "ephemeris/series.h"
+#include "routines/series.h"
 #include "tests/support/programfolder.h"
 
 #include <gtest/gtest.h>

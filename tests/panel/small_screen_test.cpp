@@ -1,6 +1,7 @@
 #include "ephemeris/series.h"
 #include "panel/formpage.h"
 #include "panel/panelstyle.h"
+#include "routines/series.h"
 #include "tests/panel/everyform.h"
 #include "tests/panel/panelchecks.h"
 

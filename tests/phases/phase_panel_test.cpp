@@ -5,6 +5,8 @@
 #include "prayer/moonrun.h"
 #include "prayer/prayerrun.h"
 #include "qibla/qiblahrun.h"
+#include "routines/series.h"
+#include "routines/tdtinput.h"
 #include "stored/coor.h"
 #include "stored/date.h"
 #include "stored/loc.h"
@@ -215,10 +217,10 @@ TEST_F(PhasePanel, AnOpenPanelDoesNotReachThePrayerReport) {
     Preferences seconds = read_pref();
     seconds.clock_precision = "0";
     write_pref(seconds);
-    write_prayer_report(progress);
+    write_prayer_report(loaded_theory(), progress);
     const std::string alone = content("results.out");
     frmphase form;
-    write_prayer_report(progress);
+    write_prayer_report(loaded_theory(), progress);
     EXPECT_EQ(content("results.out"), alone);
     EXPECT_EQ(tdtinput, 1);
 }
@@ -244,16 +246,20 @@ TEST_F(PhasePanel, APanelOpenedInMidRunReachesNoReport) {
         settings.unit = 2;
         return settings;
     }();
-    const std::pair<RunOutcome (*)(Progress&), const char*> runs[] = {
+    const std::pair<RunOutcome (*)(const TheoryPointer&, Progress&), const char*> runs[] = {
         {write_prayer_report, "results.out"},
         {write_moon_report, "mresults.out"},
-        {[](Progress& progress) { return write_qiblah_report(progress, 160.7F, QiblahMark::sun); },
+        {[](const TheoryPointer& theory, Progress& progress) {
+             return write_qiblah_report(theory, progress, 160.7F, QiblahMark::sun);
+         },
          "results.out"},
-        {[](Progress& progress) { return write_ephemeris_table(six_hourly_day, progress); },
+        {[](const TheoryPointer& theory, Progress& progress) {
+             return write_ephemeris_report(theory, six_hourly_day, progress);
+         },
          "ephemeris.out"}};
     for (const auto& [run, file] : runs) {
         RecordingProgress silent;
-        run(silent);
+        run(loaded_theory(), silent);
         const std::string alone = content(file);
         std::optional<frmphase> form;
         RecordingProgress opening;
@@ -261,7 +267,7 @@ TEST_F(PhasePanel, APanelOpenedInMidRunReachesNoReport) {
             if (yield == 2)
                 form.emplace();
         };
-        run(opening);
+        run(loaded_theory(), opening);
         EXPECT_EQ(content(file), alone) << file;
         EXPECT_EQ(tdtinput, 1) << file;
     }

@@ -1,12 +1,15 @@
 #include "phases/phasereport.h"
+#include "routines/namedengine.h"
+#include "routines/series.h"
+#include "routines/tdtinput.h"
 
 #include "base/failure.h"
 #include "base/numberformat.h"
+#include "base/record.h"
 #include "calendar/moddeltat.h"
 #include "calendar/modjul.h"
 #include "calendar/yearlimits.h"
 #include "ephemeris/series.h"
-#include "stored/record.h"
 #include "tests/golden/goldenreport.h"
 #include "tests/golden/recordingprogress.h"
 
@@ -48,9 +51,10 @@ protected:
                        const std::string& delta_t = {}) {
         RecordingProgress progress;
         const PhaseSettings settings{year, geocentric, local_ut1};
-        EXPECT_EQ(
-            write_phases(phase_year(settings, delta_t.empty() ? proposed_delta_t(year) : delta_t), progress),
-            RunOutcome::done);
+        EXPECT_EQ(write_phase_report(loaded_theory(),
+                                     phase_year(settings, delta_t.empty() ? proposed_delta_t(year) : delta_t),
+                                     progress),
+                  RunOutcome::done);
         return folder.content("results.out");
     }
     /// The table's rows: what stands between its head and its tail.
@@ -155,9 +159,10 @@ TEST_F(PhaseTest, OverrideShiftsEveryInstantByItsDifference) {
     seconds.clock_precision = "0";
     write_pref(seconds);
     PhaseYear run = phase_year({"2026", true, true}, "60");
-    const double with_60 = local_phase(run, Phase::full_moon, 330.5).jd;
+    const double with_60 = local_phase(named_ephemeris(), run, Phase::full_moon, 330.5).jd;
     run.delta_t = 90.5;
-    EXPECT_NEAR((with_60 - local_phase(run, Phase::full_moon, 330.5).jd) * 86400, 30.5, 1e-4);
+    EXPECT_NEAR((with_60 - local_phase(named_ephemeris(), run, Phase::full_moon, 330.5).jd) * 86400, 30.5,
+                1e-4);
     EXPECT_NE(report("2026", true, true, "12 s").find("Delta T: 12.00 Second(s)"), std::string::npos);
     EXPECT_NE(report("2026", true, true, "x").find("Delta T: 00.00 Second(s)"), std::string::npos);
 }
@@ -169,8 +174,9 @@ TEST_F(PhaseTest, TopocentricTimesDifferByTheParallax) {
     for (int i = 0; i < 200; ++i) {
         const double k = 300 + 0.25 * i;
         const Phase phase = in_order[static_cast<std::size_t>(i % 4)];
-        const double apart =
-            std::fabs(local_phase(geocentric, phase, k).jd - local_phase(topocentric, phase, k).jd) * 24;
+        const double apart = std::fabs(local_phase(named_ephemeris(), geocentric, phase, k).jd -
+                                       local_phase(named_ephemeris(), topocentric, phase, k).jd) *
+                             24;
         ASSERT_LT(apart, 4);
         largest = std::max(largest, apart);
     }
@@ -208,7 +214,8 @@ TEST_F(PhaseTest, SummerMarkStandsWhereItsDateIsInTheSpan) {
     const PhaseYear run = phase_year({"2026", true, true}, proposed_delta_t("2026"));
     int marked = 0;
     for (int i = 0; i < 52; ++i) {
-        const LocalPhase phase = local_phase(run, in_order[static_cast<std::size_t>(i % 4)], 320 + 0.25 * i);
+        const LocalPhase phase =
+            local_phase(named_ephemeris(), run, in_order[static_cast<std::size_t>(i % 4)], 320 + 0.25 * i);
         double year = 0;
         double month = 0;
         double day = 0;
@@ -245,7 +252,8 @@ TEST_F(PhaseTest, TheFirstAndTheLastYearHaveWholeTables) {
         double k = first_lunation(year);
         for (int i = 0; i < 60; ++i) {
             const double quarter = 0.25 * (i % 4);
-            const LocalPhase phase = local_phase(run, in_order[static_cast<std::size_t>(i % 4)], k + quarter);
+            const LocalPhase phase =
+                local_phase(named_ephemeris(), run, in_order[static_cast<std::size_t>(i % 4)], k + quarter);
             if (phase_text(run, phase) != "----") {
                 EXPECT_LT(phase.jd - before, 9) << year << " " << i;
                 before = phase.jd;
@@ -261,13 +269,13 @@ TEST_F(PhaseTest, WhatHasNoAnswerIsRefusedAndNothingIsWritten) {
     for (const char* year : {"-4001", "7001", "99999", "999999999", "-999999999"}) {
         const PhaseYear run = phase_year({year, true, true}, "65");
         EXPECT_TRUE(refused_phase_year(run)) << year;
-        EXPECT_EQ(write_phases(run, progress), RunOutcome::refused) << year;
+        EXPECT_EQ(write_phase_report(loaded_theory(), run, progress), RunOutcome::refused) << year;
     }
     const std::string endless(308, '9');
     for (const char* delta_t : {"1000001", "-1000001", endless.c_str()}) {
         const PhaseYear run = phase_year({"2026", true, true}, delta_t);
         EXPECT_TRUE(refused_delta_t(run)) << delta_t;
-        EXPECT_EQ(write_phases(run, progress), RunOutcome::refused) << delta_t;
+        EXPECT_EQ(write_phase_report(loaded_theory(), run, progress), RunOutcome::refused) << delta_t;
         EXPECT_FALSE(refused_delta_t(phase_year({"2026", true, false}, delta_t))) << "it is not used there";
     }
     EXPECT_EQ(progress.yields, 0);
@@ -276,7 +284,8 @@ TEST_F(PhaseTest, WhatHasNoAnswerIsRefusedAndNothingIsWritten) {
 
 TEST_F(PhaseTest, CancelledRunKeepsItsRowsAndRemarks) {
     RecordingProgress progress(5);
-    EXPECT_EQ(write_phases(phase_year({"2026", true, true}, proposed_delta_t("2026")), progress),
+    EXPECT_EQ(write_phase_report(loaded_theory(), phase_year({"2026", true, true}, proposed_delta_t("2026")),
+                                 progress),
               RunOutcome::cancelled);
     const std::string text = folder.content("results.out");
     EXPECT_TRUE(text.ends_with("refers to Summer Time.\r\n"));
@@ -290,7 +299,7 @@ TEST_F(PhaseTest, CancelledRunKeepsItsRowsAndRemarks) {
 
 TEST_F(PhaseTest, ProgressCountsSixteenthsUpToFifteen) {
     RecordingProgress progress;
-    write_phases(phase_year({"2026", true, true}, proposed_delta_t("2026")), progress);
+    write_phase_report(loaded_theory(), phase_year({"2026", true, true}, proposed_delta_t("2026")), progress);
     ASSERT_EQ(progress.percents.size(), 15U);
     EXPECT_EQ(progress.percents.front(), 6.25);
     EXPECT_EQ(progress.percents.back(), 93.75);
@@ -319,7 +328,7 @@ TEST_P(PhasesGolden, ReportIsTheSameByteForByte) {
         load_series();
         const PhaseSettings settings = read_phase();
         RecordingProgress progress;
-        write_phases(phase_year(settings, proposed_delta_t(settings.year)), progress);
+        write_phase_report(loaded_theory(), phase_year(settings, proposed_delta_t(settings.year)), progress);
     });
 }
 

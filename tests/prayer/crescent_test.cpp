@@ -1,8 +1,9 @@
-#include "calendar/switchguard.h"
+#include "base/switchguard.h"
 #include "prayer/crescentmode.h"
 #include "prayer/moonday.h"
 #include "prayer/moonrun.h"
 #include "prayer/prayerrun.h"
+#include "routines/namedengine.h"
 #include "tests/prayer/days.h"
 #include "tests/support/places.h"
 
@@ -18,8 +19,8 @@ protected:
         const SwitchGuard mode(crescentmode, 1);
         const SwitchGuard day(crescentjd, jd);
         const SwitchGuard hours(summeractive, summer);
-        cmdcom_for_crescent();
-        cmdmoon_for_crescent();
+        cmdcom_for_crescent(named_ephemeris());
+        cmdmoon_for_crescent(named_ephemeris());
     }
     SwitchGuard<TaggedTime> results_[4]{{sunriseout, NoEvent::none},
                                         {sunsetout, NoEvent::none},
@@ -31,10 +32,11 @@ TEST_F(CrescentMode, LeavesTheEventsOfItsDay) {
     write_loc(place_at(36, 31, 2));
     write_pref({});
     run(jd_of(2026, 5, 1), 0);
-    const PrayerDay day = prayer_day(read_prayer_settings(DayMode::report), jd_of(2026, 5, 1), 0);
+    const PrayerDay day =
+        prayer_day(named_ephemeris(), read_prayer_settings(DayMode::report), jd_of(2026, 5, 1), 0);
     EXPECT_EQ(sunriseout, day.sunrise);
     EXPECT_EQ(sunsetout, day.sunset);
-    const MoonRiseSet moon = moon_rise_set(jd_of(2026, 5, 1), 2);
+    const MoonRiseSet moon = moon_rise_set(named_ephemeris(), read_pref(), read_loc(), jd_of(2026, 5, 1), 2);
     EXPECT_EQ(moonriseout, moon.rise);
     EXPECT_EQ(moonsetout, moon.set);
     ASSERT_NE(hours_of(sunriseout), nullptr);

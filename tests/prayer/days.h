@@ -3,6 +3,8 @@
 #include "calendar/modjul.h"
 #include "ephemeris/series.h"
 #include "prayer/prayerday.h"
+#include "routines/namedengine.h"
+#include "routines/series.h"
 #include "stored/date.h"
 #include "tests/support/programfolder.h"
 
@@ -26,7 +28,7 @@ protected:
                      double day, DayMode mode = DayMode::report) const {
         write_pref(preferences);
         write_loc(location);
-        return prayer_day(read_prayer_settings(mode), jd_of(year, month, day), 0);
+        return prayer_day(named_ephemeris(), read_prayer_settings(mode), jd_of(year, month, day), 0);
     }
 
     /// The days of the reports.

@@ -4,6 +4,7 @@
 #include "ephemeris/series.h"
 #include "prayer/moonrun.h"
 #include "prayer/prayerrun.h"
+#include "routines/series.h"
 #include "tests/golden/goldenreport.h"
 #include "tests/golden/recordingprogress.h"
 
@@ -20,7 +21,7 @@ TEST_P(GoldenPrayerReport, IsWrittenByteForByte) {
     expect_golden_report("prayer/" + GetParam(), "results.out", [] {
         load_series();
         RecordingProgress progress;
-        const RunOutcome outcome = write_prayer_report(progress);
+        const RunOutcome outcome = write_prayer_report(loaded_theory(), progress);
         EXPECT_EQ(outcome, GetParam() == "high-latitude-refused" ? RunOutcome::refused : RunOutcome::done);
     });
 }
@@ -34,7 +35,7 @@ TEST_P(GoldenMoonReport, IsWrittenByteForByte) {
     expect_golden_report("moon/" + GetParam(), "mresults.out", [] {
         load_series();
         RecordingProgress progress;
-        EXPECT_EQ(write_moon_report(progress), RunOutcome::done);
+        EXPECT_EQ(write_moon_report(loaded_theory(), progress), RunOutcome::done);
     });
 }
 
@@ -61,7 +62,7 @@ TEST(CancelledReport, HoldsTheRowsSoFarTheRuleAndTheRemarks) {
     const TestFolderWithSeries folder(golden_folder("prayer/amman-seconds"));
     load_series();
     RecordingProgress progress(7);
-    EXPECT_EQ(write_prayer_report(progress), RunOutcome::cancelled);
+    EXPECT_EQ(write_prayer_report(loaded_theory(), progress), RunOutcome::cancelled);
     const auto whole =
         lines_of(read_text_file((golden_folder("prayer/amman-seconds") / "results.out").string()));
     EXPECT_EQ(lines_of(folder.content("results.out")), with_rows_only_up_to(whole, 7));
@@ -73,7 +74,7 @@ TEST(CancelledReport, OfTheMoonHoldsTheRowsSoFarTheRuleAndTheRemarks) {
     const TestFolderWithSeries folder(golden_folder("moon/" + name));
     load_series();
     RecordingProgress progress(3);
-    EXPECT_EQ(write_moon_report(progress), RunOutcome::cancelled);
+    EXPECT_EQ(write_moon_report(loaded_theory(), progress), RunOutcome::cancelled);
     const auto whole = lines_of(read_text_file((golden_folder("moon/" + name) / "mresults.out").string()));
     EXPECT_EQ(lines_of(folder.content("mresults.out")), with_rows_only_up_to(whole, 3));
 }
@@ -82,7 +83,7 @@ TEST(CancelledReport, OfTheAlternativeMethodHasNoRowsYet) {
     const TestFolderWithSeries folder(golden_folder("prayer/high-latitude-52"));
     load_series();
     RecordingProgress progress(100);
-    EXPECT_EQ(write_prayer_report(progress), RunOutcome::cancelled);
+    EXPECT_EQ(write_prayer_report(loaded_theory(), progress), RunOutcome::cancelled);
     const auto whole =
         lines_of(read_text_file((golden_folder("prayer/high-latitude-52") / "results.out").string()));
     EXPECT_EQ(lines_of(folder.content("results.out")), with_rows_only_up_to(whole, 0));
@@ -92,7 +93,7 @@ TEST(ReportProgress, RunsFromZeroToAHundred) {
     const TestFolderWithSeries folder(golden_folder("prayer/city-offset-seconds"));
     load_series();
     RecordingProgress progress;
-    write_prayer_report(progress);
+    write_prayer_report(loaded_theory(), progress);
     ASSERT_EQ(progress.percents.size(), 20U);
     EXPECT_EQ(progress.percents.front(), 0);
     EXPECT_NEAR(progress.percents[1], 100.0 / 19, 1e-9);
@@ -103,7 +104,7 @@ TEST(ReportProgress, OfOneDayIsAHundredAtOnce) {
     const TestFolderWithSeries folder(golden_folder("moon/one-day"));
     load_series();
     RecordingProgress progress;
-    write_moon_report(progress);
+    write_moon_report(loaded_theory(), progress);
     EXPECT_EQ(progress.percents, std::vector<double>{100});
 }
 

@@ -2,6 +2,7 @@
 #include "prayer/highlatitude.h"
 #include "prayer/prayerrun.h"
 #include "report/head.h"
+#include "routines/series.h"
 #include "tests/golden/goldenreport.h"
 #include "tests/golden/recordingprogress.h"
 #include "tests/prayer/days.h"
@@ -270,7 +271,7 @@ protected:
         write_loc(here);
         set_period(start, end);
         RecordingProgress progress;
-        return write_prayer_report(progress);
+        return write_prayer_report(loaded_theory(), progress);
     }
 };
 

@@ -1,5 +1,6 @@
-#include "events/modriseset.h"
+#include "events/riseset.h"
 #include "prayer/moonday.h"
+#include "routines/namedengine.h"
 #include "tests/prayer/days.h"
 #include "tests/support/places.h"
 
@@ -13,7 +14,7 @@ protected:
     MoonTimes moon_of(const Location& location, double year, double month, double day) const {
         write_loc(location);
         write_pref({});
-        return moon_day(read_pref(), read_loc(), jd_of(year, month, day), 0);
+        return moon_day(named_ephemeris(), read_pref(), read_loc(), jd_of(year, month, day), 0);
     }
 };
 
@@ -73,11 +74,15 @@ TEST_F(MoonDayTest, FoldsATransitThatFallsInNoHourOfTheDay) {
 
 TEST_F(MoonDayTest, DipMovesTheMoonsHorizonForGood) {
     Location mountain = place_at(36, 32, 2);
+    const auto horizon_of_day = [](const Location& location) {
+        return moon_rise_set(named_ephemeris(), read_pref(), location, jd_of(2026, 4, 10), location.zone)
+            .horizon_altitude;
+    };
     const MoonTimes low = moon_of(mountain, 2026, 4, 10);
-    const double horizon = moonhorizonalt;
+    const double horizon = horizon_of_day(mountain);
     mountain.elevation = 900;
     const MoonTimes high = moon_of(mountain, 2026, 4, 10);
-    EXPECT_NEAR(moonhorizonalt, horizon - (0.02917 + 0.0061667) * 30, 2e-5);
+    EXPECT_NEAR(horizon_of_day(mountain), horizon - (0.02917 + 0.0061667) * 30, 2e-5);
     EXPECT_EQ(high.rise, low.rise) << "the setting is off";
 }
 

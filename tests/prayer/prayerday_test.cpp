@@ -1,7 +1,9 @@
 #include "base/failure.h"
 #include "calendar/modsummer.h"
-#include "events/modriseset.h"
+#include "events/riseset.h"
 #include "prayer/prayerrun.h"
+#include "routines/namedengine.h"
+#include "routines/series.h"
 #include "tests/prayer/days.h"
 #include "tests/support/places.h"
 
@@ -79,10 +81,16 @@ TEST_F(PrayerDayTest, HeightOffStillTestsTheTransitAgainstTheDip) {
     mountain.elevation = 2500;
     Preferences preferences = seconds();
     const PrayerTimes off = day_of(preferences, mountain, 2026, 5, 1).times;
-    const double horizon_off = sunhorizonalt;
+    const auto horizon_in_force = [&mountain] {
+        const PrayerSettings settings = read_prayer_settings(DayMode::report);
+        const Instant midnight = Instant::of_ut1(jd_of(2026, 5, 1) - mountain.zone / 24);
+        return find_rise_set(named_ephemeris(), Target::sun, midnight, settings.observer, settings.horizon)
+            .horizon_altitude;
+    };
+    const double horizon_off = horizon_in_force();
     preferences.elevation_setting = "1";
     const PrayerTimes on = day_of(preferences, mountain, 2026, 5, 1).times;
-    EXPECT_EQ(sunhorizonalt, horizon_off);
+    EXPECT_EQ(horizon_in_force(), horizon_off);
     EXPECT_NEAR(horizon_off, -(0.02917 + 0.0061667) * 50 - 0.5692857 - 0.2665639 / 1.0077 + 0.0024, 1e-4);
     EXPECT_EQ(on.dhohur, off.dhohur);
     // The dip of 1.767 deg takes 1.767 x 4 min / (cos 31 deg x cos 15 deg x sin H) or so.
@@ -168,7 +176,7 @@ TEST_F(PrayerDayTest, ShadowIsTwiceAsLongByTheHanafiRule) {
 TEST_F(PrayerDayTest, PanelShowsWordsInPlaceOfTimesThatAreNot) {
     write_loc(place_at(19, 70, 1));
     write_pref({});
-    const PrayerTimes times = today_prayer_times(jd_of(2026, 6, 21));
+    const PrayerTimes times = today_prayer_times(loaded_theory(), jd_of(2026, 6, 21));
     EXPECT_EQ(times.fajer, "Bright");
     EXPECT_EQ(times.shuroq, "Up");
 }
@@ -178,14 +186,14 @@ TEST_F(PrayerDayTest, PanelNeverUsesTheAlternativeMethod) {
     preferences.high_latitude = 1;
     write_pref(preferences);
     write_loc(place_at(15, 52, 1));
-    EXPECT_EQ(today_prayer_times(jd_of(2026, 6, 21)).fajer, "Bright");
+    EXPECT_EQ(today_prayer_times(loaded_theory(), jd_of(2026, 6, 21)).fajer, "Bright");
     write_loc(place_at(15, 67, 1));
-    EXPECT_EQ(today_prayer_times(jd_of(2026, 6, 1)).fajer, "Bright");
+    EXPECT_EQ(today_prayer_times(loaded_theory(), jd_of(2026, 6, 1)).fajer, "Bright");
 }
 
 TEST_F(PrayerDayTest, PanelNeedsTheStoredDateAllTheSame) {
     folder.erase("date.vsk");
-    EXPECT_THROW(today_prayer_times(jd_of(2026, 6, 21)), RunTimeFailure);
+    EXPECT_THROW(today_prayer_times(loaded_theory(), jd_of(2026, 6, 21)), RunTimeFailure);
 }
 
 TEST_F(PrayerDayTest, AlternativeMethodFailsOnADayWithoutSunrise) {
@@ -228,7 +236,8 @@ TEST_F(PrayerDayTest, TimesStandInTheOrderOfTheDay) {
                                     (here.east ? "#TRUE#" : "#FALSE#") + "," +
                                     (here.north ? "#TRUE#" : "#FALSE#") + ",#FALSE#,#FALSE#,0,1010,10\r\n");
         const PrayerTimes t =
-            prayer_day(read_prayer_settings(DayMode::report), 2415020.5 + day(random), 0).times;
+            prayer_day(named_ephemeris(), read_prayer_settings(DayMode::report), 2415020.5 + day(random), 0)
+                .times;
         std::vector<std::string> clocks;
         for (const std::string& text : {t.fajer, t.shuroq, t.dhohur, t.aser, t.maghreb, t.isha})
             if (text.size() == 5)
@@ -247,7 +256,8 @@ TEST_F(PrayerDayTest, TimesStandInTheOrderOfTheDay) {
 TEST_F(PrayerDayTest, SummerHourMovesTheClockAndNothingElse) {
     const Location here = place_at(36, 31, 2);
     const PrayerTimes winter = day_of(seconds(), here, 2026, 5, 1).times;
-    const PrayerTimes summer = prayer_day(read_prayer_settings(DayMode::report), jd_of(2026, 5, 1), 1).times;
+    const PrayerTimes summer =
+        prayer_day(named_ephemeris(), read_prayer_settings(DayMode::report), jd_of(2026, 5, 1), 1).times;
     EXPECT_NEAR(seconds_of(summer.shuroq) - seconds_of(winter.shuroq), 3600, 1);
     EXPECT_NEAR(seconds_of(summer.dhohur) - seconds_of(winter.dhohur), 3600, 1);
     EXPECT_NEAR(seconds_of(summer.aser) - seconds_of(winter.aser), 3600, 2);
@@ -268,8 +278,9 @@ TEST_F(PrayerDayTest, EndsWithinTheDayAtThePoles) {
             folder.write("loc.vsk", "\"Pole\",0,0,0,90,0,0,2800,0,#TRUE#," +
                                         std::string(latitude > 0 ? "#TRUE#" : "#FALSE#") +
                                         ",#FALSE#,#FALSE#,0,1010,10\r\n");
-            const PrayerTimes times =
-                prayer_day(read_prayer_settings(DayMode::report), jd_of(2026, 1, 1) + day, 0).times;
+            const PrayerTimes times = prayer_day(named_ephemeris(), read_prayer_settings(DayMode::report),
+                                                 jd_of(2026, 1, 1) + day, 0)
+                                          .times;
             EXPECT_FALSE(times.shuroq.empty());
         }
 }

@@ -1,4 +1,6 @@
 #include "qibla/qiblahrun.h"
+#include "routines/series.h"
+#include "routines/tdtinput.h"
 
 #include "base/failure.h"
 #include "base/machineclock.h"
@@ -26,7 +28,7 @@ protected:
     ~CmdqibTest() override { use_machine_clock(); }
 
     RunOutcome run(Progress& progress, QiblahMark mark = QiblahMark::sun) const {
-        return write_qiblah_report(progress, stored_qiblah_direction(), mark);
+        return write_qiblah_report(loaded_theory(), progress, stored_qiblah_direction(), mark);
     }
     std::string report() const { return folder_.content("results.out"); }
     std::vector<std::string> lines() const { return lines_of(report()); }
@@ -67,7 +69,7 @@ TEST_F(CmdqibTest, TheShadowsReportPrintsTheTrueDirection) {
 
 TEST_F(CmdqibTest, TheDirectionIsThatOfThePanelNotOfALocationSavedSince) {
     RecordingProgress progress;
-    EXPECT_EQ(write_qiblah_report(progress, 100.5F, QiblahMark::sun), RunOutcome::done);
+    EXPECT_EQ(write_qiblah_report(loaded_theory(), progress, 100.5F, QiblahMark::sun), RunOutcome::done);
     EXPECT_EQ(lines()[5], "- Qiblah Direction is:   100.5 ° From True North");
 }
 

@@ -2,7 +2,7 @@
 
 #include "base/failure.h"
 #include "base/numberformat.h"
-#include "stored/record.h"
+#include "base/record.h"
 #include "tests/qibla/independentsun.h"
 
 #include <array>

@@ -1,3 +1,4 @@
+#include "routines/series.h"
 #include "tests/golden/goldenreport.h"
 
 #include "calendar/modjul.h"
@@ -30,8 +31,9 @@ TEST_P(QiblahGolden, ReportIsTheSameByteForByte) {
         load_term();
         load_mterm();
         RecordingProgress progress;
-        EXPECT_EQ(write_qiblah_report(progress, stored_qiblah_direction(), mark_of(GetParam())),
-                  RunOutcome::done);
+        EXPECT_EQ(
+            write_qiblah_report(loaded_theory(), progress, stored_qiblah_direction(), mark_of(GetParam())),
+            RunOutcome::done);
     });
 }
 

@@ -1,4 +1,6 @@
 #include "qibla/frmqib.h"
+#include "routines/series.h"
+#include "routines/tdtinput.h"
 
 #include "base/failure.h"
 #include "calendar/moddeltat.h"

@@ -1,4 +1,6 @@
 #include "qibla/qibladay.h"
+#include "routines/namedengine.h"
+#include "routines/series.h"
 
 #include "base/failure.h"
 #include "calendar/moddeltat.h"
@@ -47,10 +49,10 @@ protected:
     }
 
     static Horizontal own_sun(const Observer& observer, double jd) {
-        const SunPlace sun = sun_medium(observer, jd);
+        const SunPlace sun = sun_medium(named_ephemeris(), named_instant(jd), observer);
         Horizontal horizontal;
-        altazm_of(observer, jd, sun.right_ascension, sun.declination, horizontal.altitude,
-                  horizontal.azimuth);
+        altazm_of(named_ephemeris(), named_instant(jd), observer, sun.right_ascension, sun.declination,
+                  horizontal.altitude, horizontal.azimuth);
         return horizontal;
     }
 };
@@ -81,7 +83,7 @@ protected:
             const QiblahSearch search = search_at(lon, lat, zone, i % 2 == 1, jd);
             const double base = jd - zone / 24;
             for (const QiblahRoot root : {QiblahRoot::first, QiblahRoot::second})
-                if (const auto moment = find_qiblah_moment(search, base, root).moment;
+                if (const auto moment = find_qiblah_moment(named_ephemeris(), search, base, root).moment;
                     moment && !may_be_moved(moment->hours))
                     all.push_back({search, base + moment->hours / 24, moment->below_horizon});
         }
@@ -137,17 +139,18 @@ TEST_F(SeededQiblahTimes, HaveTheSunAtTheDirectionByTheHorizontalPlace) {
 
 TEST_F(QiblahDayTest, APlaceWhoseAzimuthTheSunNeverReachesHasTwoAbsentTimes) {
     const double jd = midnight_of(2024, 6, 20);
-    const QiblahDay day = qiblah_day(search_at(98.675, 3.585139, 7, false, jd), jd, 0);
+    const QiblahDay day = qiblah_day(named_ephemeris(), search_at(98.675, 3.585139, 7, false, jd), jd, 0);
     EXPECT_EQ(day.first.text, "----");
     EXPECT_EQ(day.second.text, "----");
 }
 
 TEST_F(QiblahDayTest, AnAbsentTimeHasNoNote) {
     const double jd = midnight_of(2024, 6, 20);
-    const QiblahDay never = qiblah_day(search_at(98.675, 3.585139, 7, false, jd), jd, 0);
+    const QiblahDay never = qiblah_day(named_ephemeris(), search_at(98.675, 3.585139, 7, false, jd), jd, 0);
     EXPECT_EQ(never.first.note, "");
     EXPECT_EQ(never.second.note, "");
-    const QiblahDay once = qiblah_day(search_at(-0.125, 51.5, 0, true, jd - 150), jd - 150, 0);
+    const QiblahDay once =
+        qiblah_day(named_ephemeris(), search_at(-0.125, 51.5, 0, true, jd - 150), jd - 150, 0);
     ASSERT_EQ(once.first.note, "Below Horizon");
     EXPECT_EQ(once.second.text, "----");
     EXPECT_EQ(once.second.note, "");
@@ -157,10 +160,10 @@ TEST_F(QiblahDayTest, OnlyTheSecondRootShowsInTheFirstColumn) {
     const double jd = midnight_of(2025, 3, 28);
     const QiblahSearch search = search_at(151.2, -33.866667, 10, false, jd);
     const double base = jd - 10.0 / 24;
-    ASSERT_FALSE(find_qiblah_moment(search, base, QiblahRoot::first).moment);
-    const auto second = find_qiblah_moment(search, base, QiblahRoot::second).moment;
+    ASSERT_FALSE(find_qiblah_moment(named_ephemeris(), search, base, QiblahRoot::first).moment);
+    const auto second = find_qiblah_moment(named_ephemeris(), search, base, QiblahRoot::second).moment;
     ASSERT_TRUE(second);
-    const QiblahDay day = qiblah_day(search, jd, 0);
+    const QiblahDay day = qiblah_day(named_ephemeris(), search, jd, 0);
     EXPECT_EQ(day.first.text.substr(0, 6), "17:25:");
     EXPECT_EQ(std::floor(second->hours * 60), 17 * 60 + 25);
     EXPECT_EQ(day.second.text, "----");
@@ -172,13 +175,13 @@ TEST_F(QiblahDayTest, TwoTimesOfADayStandInTheOrderOfTheirClocks) {
         const double jd = midnight_of(2024, 1, 1) + offset;
         for (const bool shadow : {false, true}) {
             const QiblahSearch search = search_at(130.841667, -12.4625, 9.5, shadow, jd);
-            const QiblahDay day = qiblah_day(search, jd, 0);
+            const QiblahDay day = qiblah_day(named_ephemeris(), search, jd, 0);
             if (day.second.text == "----")
                 continue;
             EXPECT_LT(day.first.text, day.second.text);
             const double base = jd - 9.5 / 24;
-            swapped += find_qiblah_moment(search, base, QiblahRoot::first).moment->hours >
-                       find_qiblah_moment(search, base, QiblahRoot::second).moment->hours;
+            swapped += find_qiblah_moment(named_ephemeris(), search, base, QiblahRoot::first).moment->hours >
+                       find_qiblah_moment(named_ephemeris(), search, base, QiblahRoot::second).moment->hours;
         }
     }
     EXPECT_GT(swapped, 10);
@@ -187,8 +190,8 @@ TEST_F(QiblahDayTest, TwoTimesOfADayStandInTheOrderOfTheirClocks) {
 TEST_F(QiblahDayTest, SummerHoursMoveTheClockByOneHour) {
     const double jd = midnight_of(2024, 7, 1);
     const QiblahSearch search = search_at(35.9333, 31.95, 2, false, jd);
-    EXPECT_EQ(qiblah_day(search, jd, 0).first.text.substr(0, 3), "11:");
-    EXPECT_EQ(qiblah_day(search, jd, 1).first.text.substr(0, 3), "12:");
+    EXPECT_EQ(qiblah_day(named_ephemeris(), search, jd, 0).first.text.substr(0, 3), "11:");
+    EXPECT_EQ(qiblah_day(named_ephemeris(), search, jd, 1).first.text.substr(0, 3), "12:");
 }
 
 TEST_F(QiblahDayTest, ATimeBeforeTheClocksMidnightIsMovedByOneDay) {
@@ -197,7 +200,8 @@ TEST_F(QiblahDayTest, ATimeBeforeTheClocksMidnightIsMovedByOneDay) {
     QiblahSearch search = search_at(35.9333, 31.95, 0, false, jd);
     for (int step = 0; step < 2400; ++step) {
         search.zone = -12 + step * 0.01;
-        const auto moment = find_qiblah_moment(search, jd - search.zone / 24, QiblahRoot::first).moment;
+        const auto moment =
+            find_qiblah_moment(named_ephemeris(), search, jd - search.zone / 24, QiblahRoot::first).moment;
         ASSERT_TRUE(moment);
         EXPECT_GE(moment->hours, 0);
         EXPECT_LE(moment->hours, 24);
@@ -208,20 +212,21 @@ TEST_F(QiblahDayTest, ThePrecisionIsThatOfTheClock) {
     const double jd = midnight_of(2024, 1, 1);
     QiblahSearch search = search_at(-0.125, 51.5, 0, true, jd);
     search.precision = 1;
-    EXPECT_EQ(qiblah_day(search, jd, 0).first.text, "21:29");
+    EXPECT_EQ(qiblah_day(named_ephemeris(), search, jd, 0).first.text, "21:29");
 }
 
 TEST_F(QiblahDayTest, AnAltitudeBelowTheLimitIsNotedAndOneAtItIsNot) {
     const double jd = midnight_of(2024, 4, 10);
     QiblahSearch search = search_at(35.9333, 31.95, 2, false, jd);
-    const auto moment = find_qiblah_moment(search, jd - 2.0 / 24, QiblahRoot::first).moment;
+    const auto moment =
+        find_qiblah_moment(named_ephemeris(), search, jd - 2.0 / 24, QiblahRoot::first).moment;
     ASSERT_TRUE(moment);
     const double altitude =
         own_sun(search.observer, jd - 2.0 / 24 + search.delta_t + moment->hours / 24).altitude;
     search.altitude_limit = altitude - 1e-9;
-    EXPECT_EQ(qiblah_day(search, jd, 0).first.note, "");
+    EXPECT_EQ(qiblah_day(named_ephemeris(), search, jd, 0).first.note, "");
     search.altitude_limit = altitude + 1e-9;
-    EXPECT_EQ(qiblah_day(search, jd, 0).first.note, "Below Horizon");
+    EXPECT_EQ(qiblah_day(named_ephemeris(), search, jd, 0).first.note, "Below Horizon");
 }
 
 TEST(SettledHours, EndAfterFiftyOneRoundsWithTheLastValueThatDidNotSettle) {

@@ -1,5 +1,7 @@
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/series.h"
+#include "routines/namedengine.h"
+#include "routines/series.h"
 #include "tables/ephemerisrow.h"
 #include "tests/golden/goldenreport.h"
 #include "tests/tables/goldentable.h"
@@ -109,8 +111,9 @@ protected:
         for (int i = 0; i < 200; ++i) {
             constexpr double year_1900 = 2415020.5;
             const double ut = year_1900 + 73048 * (static_cast<double>(generator()) / 4294967296.0);
-            expect_near(ephemeris_row(observer, body, geocentric, ut), swiss_row(site, body, geocentric, ut),
-                        bounds_of(body, geocentric), 0, "Julian day " + std::to_string(ut));
+            expect_near(ephemeris_row(named_ephemeris(), named_instant(ut), observer, body, geocentric),
+                        swiss_row(site, body, geocentric, ut), bounds_of(body, geocentric), 0,
+                        "Julian day " + std::to_string(ut));
         }
     }
 };

@@ -1,4 +1,5 @@
 #include "ephemeris/series.h"
+#include "routines/series.h"
 #include "stored/coor.h"
 #include "tables/ephemeristable.h"
 #include "tests/golden/goldenreport.h"
@@ -13,7 +14,7 @@ protected:
         expect_golden_report("tables/" + name, "ephemeris.out", [cancelled_row] {
             load_series();
             RecordingProgress progress(cancelled_row);
-            const RunOutcome outcome = write_ephemeris_table(read_coor(), progress);
+            const RunOutcome outcome = write_ephemeris_report(loaded_theory(), read_coor(), progress);
             EXPECT_EQ(outcome,
                       cancelled_row == RecordingProgress::never ? RunOutcome::done : RunOutcome::cancelled);
         });

@@ -1,3 +1,6 @@
+#include "routines/namedengine.h"
+#include "routines/series.h"
+#include "routines/tdtinput.h"
 #include "tables/ephemerisrow.h"
 
 #include "calendar/moddeltat.h"
@@ -26,7 +29,8 @@ protected:
 TEST_F(EphemerisRowTest, MeeusExampleOfTheSun) {
     // Meeus, Astronomical Algorithms, example 25.b: 1992 October 13, 0 h TD.
     const TdtSpan dynamical_time(1);
-    const EphemerisRow row = ephemeris_row(amman_, TableBody::sun, true, 2448908.5);
+    const EphemerisRow row =
+        ephemeris_row(named_ephemeris(), named_instant(2448908.5), amman_, TableBody::sun, true);
     EXPECT_NEAR(row.right_ascension / 15, 13 + 13.0 / 60 + 30.749 / 3600, 0.01 / 3600);
     EXPECT_NEAR(row.declination, -(7 + 47.0 / 60 + 1.74 / 3600), 0.1 / 3600);
     EXPECT_NEAR(row.longitude, 199 + 54.0 / 60 + 21.56 / 3600, 0.1 / 3600);
@@ -37,7 +41,8 @@ TEST_F(EphemerisRowTest, MeeusExampleOfTheSun) {
 TEST_F(EphemerisRowTest, MeeusExampleOfTheMoon) {
     // Meeus, example 47.a: 1992 April 12, 0 h TD; his shortened series is good to 10" and 4".
     const TdtSpan dynamical_time(1);
-    const EphemerisRow row = ephemeris_row(amman_, TableBody::moon, true, 2448724.5);
+    const EphemerisRow row =
+        ephemeris_row(named_ephemeris(), named_instant(2448724.5), amman_, TableBody::moon, true);
     EXPECT_NEAR(row.longitude, 133.167265, 10.0 / 3600);
     EXPECT_NEAR(row.latitude, -3.229126, 4.0 / 3600);
     EXPECT_NEAR(row.distance, 368409.7, 30);
@@ -48,9 +53,11 @@ TEST_F(EphemerisRowTest, MeeusExampleOfTheMoon) {
 
 TEST_F(EphemerisRowTest, DynamicalTimeIsUniversalTimeAndDeltaT) {
     for (const TableBody body : {TableBody::sun, TableBody::moon}) {
-        const EphemerisRow universal = ephemeris_row(amman_, body, false, jd);
+        const EphemerisRow universal =
+            ephemeris_row(named_ephemeris(), named_instant(jd), amman_, body, false);
         const TdtSpan dynamical_time(1);
-        const EphemerisRow dynamical = ephemeris_row(amman_, body, false, jd + universal.delta_t / 86400);
+        const EphemerisRow dynamical = ephemeris_row(
+            named_ephemeris(), named_instant(jd + universal.delta_t / 86400), amman_, body, false);
         EXPECT_NEAR(dynamical.right_ascension, universal.right_ascension, 1e-7);
         EXPECT_NEAR(dynamical.declination, universal.declination, 1e-7);
         EXPECT_NEAR(dynamical.altitude, universal.altitude, 1e-6);
@@ -60,8 +67,10 @@ TEST_F(EphemerisRowTest, DynamicalTimeIsUniversalTimeAndDeltaT) {
 }
 
 TEST_F(EphemerisRowTest, TheObserversPlaceIsShiftedByTheParallax) {
-    const EphemerisRow centre = ephemeris_row(amman_, TableBody::moon, true, jd);
-    const EphemerisRow place = ephemeris_row(amman_, TableBody::moon, false, jd);
+    const EphemerisRow centre =
+        ephemeris_row(named_ephemeris(), named_instant(jd), amman_, TableBody::moon, true);
+    const EphemerisRow place =
+        ephemeris_row(named_ephemeris(), named_instant(jd), amman_, TableBody::moon, false);
     // Parallax lowers the Moon by about sin(HP) cos(altitude); the azimuth hardly changes.
     const double expected =
         std::sin(centre.parallax * M_PI / 180) * std::cos(place.altitude * M_PI / 180) * 180 / M_PI;
@@ -72,16 +81,20 @@ TEST_F(EphemerisRowTest, TheObserversPlaceIsShiftedByTheParallax) {
 }
 
 TEST_F(EphemerisRowTest, TheMoonsDiscIsTheObserversAndTheSunsIsTheEarths) {
-    const MoonPlace moon = moon_medium(amman_, jd);
-    EXPECT_EQ(ephemeris_row(amman_, TableBody::moon, true, jd).semidiameter, moon.semidiameter);
-    EXPECT_EQ(ephemeris_row(amman_, TableBody::moon, false, jd).semidiameter, moon.topocentric_semidiameter);
-    EXPECT_EQ(ephemeris_row(amman_, TableBody::sun, false, jd).semidiameter,
-              ephemeris_row(amman_, TableBody::sun, true, jd).semidiameter);
+    const MoonPlace moon = moon_medium(named_ephemeris(), named_instant(jd), amman_);
+    EXPECT_EQ(ephemeris_row(named_ephemeris(), named_instant(jd), amman_, TableBody::moon, true).semidiameter,
+              moon.semidiameter);
+    EXPECT_EQ(
+        ephemeris_row(named_ephemeris(), named_instant(jd), amman_, TableBody::moon, false).semidiameter,
+        moon.topocentric_semidiameter);
+    EXPECT_EQ(ephemeris_row(named_ephemeris(), named_instant(jd), amman_, TableBody::sun, false).semidiameter,
+              ephemeris_row(named_ephemeris(), named_instant(jd), amman_, TableBody::sun, true).semidiameter);
 }
 
 TEST_F(EphemerisRowTest, TheSunsDiscAndParallaxFollowItsDistance) {
-    const EphemerisRow row = ephemeris_row(amman_, TableBody::sun, true, jd);
-    const double radius = sun_high(amman_, jd).radius;
+    const EphemerisRow row =
+        ephemeris_row(named_ephemeris(), named_instant(jd), amman_, TableBody::sun, true);
+    const double radius = sun_high(named_ephemeris(), named_instant(jd), amman_).radius;
     EXPECT_NEAR(row.semidiameter * 3600, 959.63 / radius, 0.001);
     EXPECT_NEAR(row.parallax * 3600, 8.794 / radius, 0.0001);
     EXPECT_NEAR(row.distance, radius * 149597870.66, 0.001);
@@ -90,7 +103,8 @@ TEST_F(EphemerisRowTest, TheSunsDiscAndParallaxFollowItsDistance) {
 TEST_F(EphemerisRowTest, DeltaTIsInSeconds) {
     double delta_t = 0;
     moddeltat(jd, delta_t);
-    EXPECT_NEAR(ephemeris_row(amman_, TableBody::sun, true, jd).delta_t, delta_t * 86400, 1e-9);
+    EXPECT_NEAR(ephemeris_row(named_ephemeris(), named_instant(jd), amman_, TableBody::sun, true).delta_t,
+                delta_t * 86400, 1e-9);
 }
 
 } // namespace

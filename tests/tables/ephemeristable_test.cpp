@@ -1,3 +1,5 @@
+#include "routines/series.h"
+#include "routines/tdtinput.h"
 #include "tables/ephemeristable.h"
 
 #include "base/failure.h"
@@ -34,7 +36,7 @@ protected:
 
     RunOutcome run(const EphemerisSettings& settings, int cancelled_row = RecordingProgress::never) {
         progress_ = RecordingProgress(cancelled_row);
-        return write_ephemeris_table(settings, progress_);
+        return write_ephemeris_report(loaded_theory(), settings, progress_);
     }
     bool is_written() const { return folder_.holds("ephemeris.out"); }
     std::string report() const { return folder_.content("ephemeris.out"); }

@@ -1,3 +1,4 @@
+#include "routines/series.h"
 #include "tables/frmcoor.h"
 
 #include "ephemeris/series.h"

@@ -1,3 +1,4 @@
+#include "routines/series.h"
 #include "telescope/frmtele.h"
 
 #include "base/machineclock.h"

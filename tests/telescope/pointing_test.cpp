@@ -1,3 +1,7 @@
+#include "routines/coordinates.h"
+#include "routines/namedengine.h"
+#include "routines/series.h"
+#include "routines/tdtinput.h"
 #include "telescope/pointing.h"
 
 #include "base/failure.h"
@@ -64,7 +68,7 @@ protected:
     /// Airless altitude of the Moon's centre.
     static double moon_altitude(const TelescopeSettings& settings) {
         const double jd = instant_of(settings);
-        const MoonPlace moon = moon_medium(stored_observer(), jd);
+        const MoonPlace moon = moon_medium(named_ephemeris(), named_instant(jd), stored_observer());
         double altitude = 0;
         double azimuth = 0;
         modaltazm(jd, moon.topocentric_right_ascension, moon.topocentric_declination, altitude, azimuth);
@@ -83,29 +87,29 @@ protected:
 
 TEST_F(Telescope, AnswersWithTheMoonHalfADegreeBelowTheHorizon) {
     const TelescopeSettings settings = when_setting_through(-0.5);
-    const auto pointing = telescope_pointing(settings);
+    const auto pointing = telescope_pointing(loaded_theory(), settings);
     ASSERT_TRUE(pointing);
     EXPECT_NEAR(pointing->moon.altitude, -0.5, 0.03);
 }
 
 TEST_F(Telescope, RefusesWithTheMoonOneAndAHalfDegreesBelowTheHorizon) {
-    EXPECT_FALSE(telescope_pointing(when_setting_through(-1.5)));
+    EXPECT_FALSE(telescope_pointing(loaded_theory(), when_setting_through(-1.5)));
 }
 
 TEST_F(Telescope, TheLimitIsOneDegreeWhateverTheRefraction) {
     TelescopeSettings settings = when_setting_through(-0.97);
     settings.airless = false;
-    EXPECT_TRUE(telescope_pointing(settings));
+    EXPECT_TRUE(telescope_pointing(loaded_theory(), settings));
     settings = when_setting_through(-1.03);
     settings.airless = false;
-    EXPECT_FALSE(telescope_pointing(settings));
+    EXPECT_FALSE(telescope_pointing(loaded_theory(), settings));
 }
 
 TEST_F(Telescope, RefractionChangesTheRightAscensionOnlyThroughTheAltitude) {
     TelescopeSettings settings = evening();
-    const TelescopePointing airless = *telescope_pointing(settings);
+    const TelescopePointing airless = *telescope_pointing(loaded_theory(), settings);
     settings.airless = false;
-    const TelescopePointing refracted = *telescope_pointing(settings);
+    const TelescopePointing refracted = *telescope_pointing(loaded_theory(), settings);
     const double jd = instant_of(settings);
     for (const auto& [before, after] :
          {std::pair(airless.moon, refracted.moon), std::pair(airless.crescent, refracted.crescent)}) {
@@ -125,19 +129,19 @@ TEST_F(Telescope, RefractionChangesTheRightAscensionOnlyThroughTheAltitude) {
 
 TEST_F(Telescope, RefractionAtSixDegreesIsAboutEightMinutesOfArc) {
     TelescopeSettings settings = evening();
-    const TelescopePointing airless = *telescope_pointing(settings);
+    const TelescopePointing airless = *telescope_pointing(loaded_theory(), settings);
     settings.airless = false;
-    const TelescopePointing refracted = *telescope_pointing(settings);
+    const TelescopePointing refracted = *telescope_pointing(loaded_theory(), settings);
     // Standard refraction for a true altitude of 6.27 deg, Meeus, chapter "Atmospheric Refraction": 8.0'.
     EXPECT_NEAR((refracted.moon.altitude - airless.moon.altitude) * 60, 8.0, 0.2);
 }
 
 TEST_F(Telescope, TheFlipsChangeNoNumber) {
     TelescopeSettings settings = evening();
-    const TelescopePointing plain = *telescope_pointing(settings);
+    const TelescopePointing plain = *telescope_pointing(loaded_theory(), settings);
     settings.flip_horizontal = 1;
     settings.flip_vertical = 1;
-    const TelescopePointing flipped = *telescope_pointing(settings);
+    const TelescopePointing flipped = *telescope_pointing(loaded_theory(), settings);
     EXPECT_EQ(flipped.zenith_angle, plain.zenith_angle);
     EXPECT_EQ(flipped.crescent.altitude, plain.crescent.altitude);
     EXPECT_EQ(flipped.crescent.right_ascension, plain.crescent.right_ascension);
@@ -145,10 +149,10 @@ TEST_F(Telescope, TheFlipsChangeNoNumber) {
 
 TEST_F(Telescope, J2000IsReachedByThePrecession) {
     TelescopeSettings settings = evening();
-    const TelescopePointing of_date = *telescope_pointing(settings);
+    const TelescopePointing of_date = *telescope_pointing(loaded_theory(), settings);
     settings.of_date = false;
     settings.j2000 = true;
-    const TelescopePointing j2000 = *telescope_pointing(settings);
+    const TelescopePointing j2000 = *telescope_pointing(loaded_theory(), settings);
     for (const auto& [now, then] : {std::pair(of_date.sun, j2000.sun), std::pair(of_date.moon, j2000.moon),
                                     std::pair(of_date.crescent, j2000.crescent)}) {
         // General precession over 24.19 years: 46.1" a year in right ascension at the equator, 20.04" cos a
@@ -166,9 +170,9 @@ TEST_F(Telescope, J2000IsReachedByThePrecession) {
 TEST_F(Telescope, WithoutRefractionThePlacesAreTheObserversOwn) {
     const TelescopeSettings settings = evening();
     const double jd = instant_of(settings);
-    const TelescopePointing pointing = *telescope_pointing(settings);
-    const SunPlace sun = sun_medium(stored_observer(), jd);
-    const MoonPlace moon = moon_medium(stored_observer(), jd);
+    const TelescopePointing pointing = *telescope_pointing(loaded_theory(), settings);
+    const SunPlace sun = sun_medium(named_ephemeris(), named_instant(jd), stored_observer());
+    const MoonPlace moon = moon_medium(named_ephemeris(), named_instant(jd), stored_observer());
     EXPECT_NEAR(pointing.sun.right_ascension, sun.topocentric_right_ascension, 1e-9);
     EXPECT_NEAR(pointing.sun.declination, sun.topocentric_declination, 1e-9);
     EXPECT_NEAR(pointing.moon.right_ascension, moon.topocentric_right_ascension, 1e-9);
@@ -176,27 +180,27 @@ TEST_F(Telescope, WithoutRefractionThePlacesAreTheObserversOwn) {
 }
 
 TEST_F(Telescope, SummerTimeOfThePreferencesMovesTheInstantByAnHour) {
-    const TelescopePointing winter = *telescope_pointing(evening());
+    const TelescopePointing winter = *telescope_pointing(loaded_theory(), evening());
     Preferences preferences;
     preferences.summer_time = "1";
     preferences.summer_from_month = 3;
     preferences.summer_from_day = 11;
     write_pref(preferences);
-    const TelescopePointing summer = *telescope_pointing(at(2024, 3, 11, 19, 30));
+    const TelescopePointing summer = *telescope_pointing(loaded_theory(), at(2024, 3, 11, 19, 30));
     EXPECT_NEAR(summer.moon.altitude, winter.moon.altitude, 1e-6);
     EXPECT_NEAR(summer.sun.azimuth, winter.sun.azimuth, 1e-6);
 }
 
 TEST_F(Telescope, TheOpenReferenceOfAnotherPanelDoesNotReachTheNumbers) {
-    const TelescopePointing alone = *telescope_pointing(evening());
+    const TelescopePointing alone = *telescope_pointing(loaded_theory(), evening());
     const TdtSpan other(1);
-    EXPECT_EQ(telescope_pointing(evening())->moon.altitude, alone.moon.altitude);
+    EXPECT_EQ(telescope_pointing(loaded_theory(), evening())->moon.altitude, alone.moon.altitude);
     EXPECT_EQ(tdtinput, 1);
 }
 
 TEST_F(Telescope, TheCrescentOfTheMarchEveningLooksDownToTheSetSun) {
     // The Sun is 17 deg below the Moon and 3 deg to the right of it (greater azimuth).
-    const TelescopePointing pointing = *telescope_pointing(evening());
+    const TelescopePointing pointing = *telescope_pointing(loaded_theory(), evening());
     EXPECT_LT(pointing.crescent.altitude, pointing.moon.altitude);
     EXPECT_GT(pointing.crescent.azimuth, pointing.moon.azimuth);
     EXPECT_NEAR(pointing.zenith_angle, 191, 2);
@@ -227,10 +231,11 @@ TEST_F(Telescope, TheCrescentLiesOnTheDiscTowardsTheSunForTwoHundredInstants) {
     int seen = 0;
     for (int day = 0; seen < 200 && day < 800; ++day) {
         const TelescopeSettings settings = at(2023, 1, 1 + day, 17 + day % 5, 13 * (day % 4));
-        const auto pointing = telescope_pointing(settings);
+        const auto pointing = telescope_pointing(loaded_theory(), settings);
         if (!pointing || pointing->moon.altitude > 75)
             continue;
-        const MoonPlace moon = moon_medium(stored_observer(), instant_of(settings));
+        const MoonPlace moon =
+            moon_medium(named_ephemeris(), named_instant(instant_of(settings)), stored_observer());
         const Orientation seen_so = orientation_of(*pointing);
         const double turned = moon.topocentric_semidiameter * std::sin(moon.parallax * degree) /
                               std::sin(seen_so.elongation * degree);
@@ -246,8 +251,8 @@ TEST_F(Telescope, TheCrescentLiesOnTheDiscTowardsTheSunForTwoHundredInstants) {
 }
 
 TEST_F(Telescope, ADateWithoutAFiniteDayIsARunTimeFailure) {
-    EXPECT_THROW(telescope_pointing(at(1.7e308, 1, 1, 0, 0)), RunTimeFailure);
-    EXPECT_THROW(telescope_pointing(at(1e200, 1, 1, 0, 0)), RunTimeFailure);
+    EXPECT_THROW(telescope_pointing(loaded_theory(), at(1.7e308, 1, 1, 0, 0)), RunTimeFailure);
+    EXPECT_THROW(telescope_pointing(loaded_theory(), at(1e200, 1, 1, 0, 0)), RunTimeFailure);
 }
 
 } // namespace

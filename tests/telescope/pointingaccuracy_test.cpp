@@ -1,5 +1,6 @@
 #include "calendar/modjul.h"
 #include "ephemeris/series.h"
+#include "routines/series.h"
 #include "stored/loc.h"
 #include "telescope/pointing.h"
 #include "tests/golden/goldenreport.h"
@@ -90,7 +91,7 @@ protected:
             double ut = 0;
             modjul(settings.year, settings.month, settings.day,
                    settings.hour + settings.minute / 60 - read_loc().zone, ut);
-            const auto pointing = telescope_pointing(settings);
+            const auto pointing = telescope_pointing(loaded_theory(), settings);
             if (!pointing || !accepted(ut))
                 continue;
             ++seen;

@@ -12,6 +12,8 @@
 #include "phases/phasereport.h"
 #include "prayer/moonday.h"
 #include "prayer/prayerday.h"
+#include "routines/namedengine.h"
+#include "routines/series.h"
 #include "stored/alert.h"
 #include "stored/coor.h"
 #include "stored/date.h"
@@ -103,8 +105,8 @@ void globe(const Arguments& arguments) {
             write_loc(random_place(random));
         const double day = std::floor(random.between(first, last)) + 0.5;
         const PrayerSettings settings = read_prayer_settings(DayMode::report);
-        const PrayerTimes times = prayer_day(settings, day, 0).times;
-        const MoonTimes moon = moon_day(settings.preferences, settings.location, day, 0);
+        const PrayerTimes times = prayer_day(named_ephemeris(), settings, day, 0).times;
+        const MoonTimes moon = moon_day(named_ephemeris(), settings.preferences, settings.location, day, 0);
         std::printf("%.17g,%.17g,%g,%.1f,%s,%s,%s,%s,%s,%s,%s,%s,%s\n", settings.longitude, settings.latitude,
                     settings.location.zone, day, times.fajer.c_str(), times.shuroq.c_str(),
                     times.dhohur.c_str(), times.aser.c_str(), times.maghreb.c_str(), times.isha.c_str(),
@@ -120,7 +122,7 @@ void lunations(const Arguments& arguments) {
         for (int quarter = 0; quarter < quarters; ++quarter) {
             const Phase phase = static_cast<Phase>(quarter);
             const double k = lunation + quarter / static_cast<double>(quarters);
-            std::printf("%.2f,%.9f\n", k, refined_phase(phase, phase_estimate(phase, k), true));
+            std::printf("%.2f,%.9f\n", k, refined_phase(named_ephemeris(), phase, phase_estimate(phase, k)));
         }
 }
 
@@ -142,7 +144,7 @@ void phase_tables(const Arguments& arguments) {
     NoProgress progress;
     for (int year = whole(arguments.at(0)); year <= whole(arguments.at(1)); ++year) {
         settings.year = std::to_string(year);
-        write_phases(phase_year(settings, "0"), progress);
+        write_phase_report(loaded_theory(), phase_year(settings, "0"), progress);
         std::istringstream lines(read_text_file(program_path("results.out")));
         for (std::string line; std::getline(lines, line);)
             std::printf("%d,%s\n", year, line.c_str());
@@ -168,7 +170,7 @@ private:
 
 int class_alone(const MapRun& run, double longitude, double latitude) {
     double conjunction = run.conjunction.universal;
-    return static_cast<int>(evaluate_point(run, longitude, latitude, conjunction));
+    return static_cast<int>(evaluate_point(named_ephemeris(), run, longitude, latitude, conjunction));
 }
 
 /// Maps of random months against points evaluated alone: seed, maps, points of each. A row holds the map, the
@@ -184,14 +186,14 @@ void map_points(const Arguments& arguments) {
         settings.day = "15";
         settings.new_crescent = random.between(0, 1) < 0.5;
         settings.geocentric = true;
-        find_conjunction(settings);
+        find_conjunction(named_ephemeris(), settings);
         MapRun run;
         run.criterion = static_cast<Criterion>(static_cast<int>(random.between(0, 3)));
         run.kind = settings.new_crescent ? CrescentKind::new_crescent : CrescentKind::old_crescent;
-        run.conjunction = map_conjunction();
+        run.conjunction = map_conjunction(named_ephemeris());
         run.day = map_day(run.conjunction, run.kind, static_cast<int>(random.between(0, 3)));
         EvaluatedPoints points;
-        if (!draw_visibility_map(run, points) || points.points().empty())
+        if (!draw_visibility_map(loaded_theory(), run, points) || points.points().empty())
             throw std::runtime_error("no map");
         for (int i = 0; i < whole(arguments.at(2)); ++i) {
             const auto last = static_cast<double>(points.points().size());

@@ -7,6 +7,8 @@
 #include "crescent/mapmarks.h"
 #include "crescent/maptexts.h"
 #include "ephemeris/series.h"
+#include "routines/namedengine.h"
+#include "routines/series.h"
 #include "stored/programfolder.h"
 
 #include <cstdio>
@@ -38,7 +40,7 @@ void count_contact(const MapClasses& classes, int longitude, int latitude, int e
 
 void count_contacts(const MapRun& run, Contacts& contacts) {
     ClassReceiver receiver;
-    draw_visibility_map(run, receiver);
+    draw_visibility_map(loaded_theory(), run, receiver);
     for (int longitude = MapGrid::west; longitude <= MapGrid::east; longitude += MapGrid::step)
         for (int latitude = MapGrid::south; latitude <= MapGrid::north; latitude += MapGrid::step) {
             count_contact(receiver.classes, longitude, latitude, MapGrid::step, 0, contacts);
@@ -53,7 +55,7 @@ Contacts contacts_of_years(int lunations) {
     for (int lunation = 0; lunation < lunations; ++lunation) {
         conjunctionstart = january_2020 + month * lunation;
         MapRun run;
-        run.conjunction = map_conjunction();
+        run.conjunction = map_conjunction(named_ephemeris());
         for (const CrescentKind kind : {CrescentKind::new_crescent, CrescentKind::old_crescent})
             for (const Criterion criterion : {Criterion::vesk, Criterion::yallop, Criterion::saao})
                 for (int day = 0; day <= 2; ++day) {

@@ -1,7 +1,10 @@
 #include "calendar/moddeltat.h"
-#include "events/modriseset.h"
+#include "events/riseset.h"
 #include "prayer/moonday.h"
 #include "prayer/prayerday.h"
+#include "routines/namedengine.h"
+#include "routines/riseset.h"
+#include "routines/tdtinput.h"
 #include "stored/loc.h"
 #include "stored/pref.h"
 #include "tools/measureaccuracy/measurement.h"
@@ -190,7 +193,8 @@ private:
         const double threshold = sun_threshold(day);
         sunrise_.add(day, rise, above(day, Body::sun, threshold));
         sunset_.add(day, set, below(day, Body::sun, threshold));
-        const PrayerDay prayers = prayer_day(read_prayer_settings(DayMode::report), day.jd, 0);
+        const PrayerDay prayers =
+            prayer_day(named_ephemeris(), read_prayer_settings(DayMode::report), day.jd, 0);
         noon_.add(day, time_of(prayers.times.dhohur),
                   [&day](double hours) { return west_of_meridian(day, Body::sun, hours); });
     }
@@ -220,7 +224,7 @@ private:
         };
         moonrise_.add(day, rise, height);
         moonset_.add(day, set, [&height](double hours) { return -height(hours); });
-        const MoonTimes moon = moon_day(day.preferences, day.location, day.jd, 0);
+        const MoonTimes moon = moon_day(named_ephemeris(), day.preferences, day.location, day.jd, 0);
         const Condition west = [&day](double hours) { return west_of_meridian(day, Body::moon, hours); };
         // A transit below the horizon, or of the next day, is folded or left out by the report.
         if (const TaggedTime transit = time_of(moon.transit); hours_of(transit) != nullptr)

@@ -1,4 +1,5 @@
 #include "tools/measureaccuracy/measurement.h"
+#include "routines/series.h"
 
 #include "ephemeris/series.h"
 #include "tools/measuring/scratchfolder.h"

@@ -1,9 +1,14 @@
 #include "calendar/moddeltat.h"
 #include "ephemeris/coordinates.h"
-#include "ephemeris/earthorientation.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/moon.h"
 #include "ephemeris/sun.h"
+#include "routines/coordinates.h"
+#include "routines/earthorientation.h"
+#include "routines/moon.h"
+#include "routines/namedengine.h"
+#include "routines/sun.h"
+#include "routines/tdtinput.h"
 #include "stored/loc.h"
 #include "tools/measureaccuracy/measurement.h"
 #include "tools/measuring/random.h"
@@ -145,7 +150,8 @@ public:
             routine.places.add(where, geocentric_of(found), wanted);
             routine.equation_of_time.add((found.equation_of_time - wanted_equation) * 60, where);
         }
-        SunPlace fast = sun_fast(stored_observer(), swiss::universal_time(tt));
+        SunPlace fast =
+            sun_fast(named_ephemeris(), named_instant(swiss::universal_time(tt)), stored_observer());
         fast_.add(where, geocentric_of(fast), wanted);
         topocentric_.add(where, topocentric_of(sun_by(modcorsh, tt)),
                          swiss::topocentric(Body::sun, tt, site_longitude, site_latitude, site_height));
@@ -187,7 +193,8 @@ public:
         topocentric_.add(where, topocentric_of(found),
                          swiss::topocentric(Body::moon, tt, site_longitude, site_latitude, site_height));
         low_.add(where, geocentric_of(moon_by_modcorml(tt)), wanted);
-        fast_.add(where, geocentric_of(moon_fast(stored_observer(), tt)), wanted);
+        fast_.add(where, geocentric_of(moon_fast(named_ephemeris(), named_instant(tt), stored_observer())),
+                  wanted);
     }
 
     void hand_over(std::vector<Measurement>& all) const {

@@ -15,6 +15,7 @@
 #include "panel/viewer.h"
 #include "prayer/prayerrun.h"
 #include "qibla/frmqmap.h"
+#include "routines/series.h"
 #include "stored/alert.h"
 #include "stored/date.h"
 #include "stored/loc.h"
@@ -149,7 +150,7 @@ void take_shared_windows(const Camera& camera, Language language) {
     camera.take(wait, QStringLiteral("frmwait"));
 
     SilentProgress progress;
-    write_prayer_report(progress);
+    write_prayer_report(loaded_theory(), progress);
     Viewer report(QString::fromStdString(program_path("results.out")));
     camera.take(report, QStringLiteral("viewer"));
     Viewer help(QString::fromStdString(program_path("help.txt")));

@@ -1,6 +1,6 @@
 // Writes a header with the size and the CRC-32 of the files given: sumseries HEADER FILE...
 
-#include "ephemeris/crc32.h"
+#include "routines/crc32.h"
 
 #include <cstdlib>
 #include <filesystem>

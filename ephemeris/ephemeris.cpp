@@ -1,0 +1,70 @@
+#include "ephemeris/ephemeris.h"
+
+#include "ephemeris/coordinates.h"
+#include "ephemeris/fastplace.h"
+#include "ephemeris/modgeneral.h"
+#include "ephemeris/orientationterms.h"
+#include "ephemeris/sun.h"
+
+#include <cmath>
+#include <limits>
+#include <utility>
+
+namespace halvane {
+
+Ephemeris::Interpolated::Interpolated(const Theory& theory)
+    : sun(theory, fast_sun_values), moon(theory, periodic_moon_values),
+      orientation(theory, orientation_values), low_orientation(theory, low_orientation_values) {}
+
+Ephemeris::Ephemeris(TheoryPointer theory, SeriesUse use) : theory_(std::move(theory)) {
+    if (use == SeriesUse::interpolated)
+        interpolated_ = std::make_unique<Interpolated>(*theory_);
+}
+
+const Orientation& Ephemeris::orientation(const Instant& instant) {
+    if (orientation_of_ == instant)
+        return orientation_;
+    orientation_of_.reset();
+    const double days = instant.dynamical() - epoch_j2000;
+    const auto [nutation_longitude, nutation_obliquity, true_obliquity, none] =
+        interpolated_ ? interpolated_->orientation.at(days) : orientation_values(*theory_, days);
+    orientation_ = {nutation_longitude, nutation_obliquity, true_obliquity, days,
+                    sky_frame(instant, true_obliquity, nutation_longitude)};
+    orientation_of_ = instant;
+    return orientation_;
+}
+
+LowOrientation Ephemeris::low_orientation(double days) {
+    const auto [nutation_longitude, nutation_obliquity, true_obliquity, none] =
+        interpolated_ ? interpolated_->low_orientation.at(days) : low_orientation_values(*theory_, days);
+    return {nutation_longitude, nutation_obliquity, true_obliquity};
+}
+
+double Ephemeris::sine_of_low_sun(const Observer& observer, const Instant& start, int hour) {
+    if (low_sun_start_ != start || !(low_sun_observer_ == observer)) {
+        low_sun_sines_.fill(std::numeric_limits<double>::quiet_NaN());
+        low_sun_start_ = start;
+        low_sun_observer_ = observer;
+    }
+    double& sine = low_sun_sines_[static_cast<std::size_t>(hour)];
+    if (std::isnan(sine)) {
+        const Instant instant = start.after_hours(hour);
+        const SunPlace sun = geocentric_sun_low(*this, instant);
+        sine = std::sin(altitude_of(*this, instant, observer, sun.right_ascension, sun.declination) *
+                        radians_per_degree);
+    }
+    return sine;
+}
+
+const FastNoon& Ephemeris::fast_noon(Body body, const Instant& midnight) {
+    const std::size_t which = body == Body::moon ? 1 : 0;
+    if (noon_of_[which] != midnight) {
+        noon_of_[which].reset();
+        noons_[which].place = fast_place(*this, body, midnight.after(0.5));
+        noons_[which].sidereal_time = low_sidereal_time(*this, midnight);
+        noon_of_[which] = midnight;
+    }
+    return noons_[which];
+}
+
+} // namespace halvane

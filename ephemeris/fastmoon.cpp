@@ -1,0 +1,55 @@
+#include "ephemeris/coordinates.h"
+#include "ephemeris/ephemeris.h"
+#include "ephemeris/fastplace.h"
+#include "ephemeris/modgeneral.h"
+#include "ephemeris/moonplace.h"
+
+namespace halvane {
+
+namespace {
+
+/// The fast geocentric ecliptic place with the orientation that it stands in.
+struct FastMoon {
+    EclipticMoon place;
+    double obliquity = 0; ///< [deg]
+    double nutation = 0;  ///< in longitude [deg]
+};
+
+FastMoon fast_moon(Ephemeris& ephemeris, const Instant& instant) {
+    const double days = instant.dynamical() - epoch_j2000;
+    const LowOrientation orientation = ephemeris.low_orientation(days);
+    FastMoon moon{periodic_moon(ephemeris, days), orientation.true_obliquity, orientation.nutation_longitude};
+    moon.place.longitude += moon.nutation;
+    return moon;
+}
+
+} // namespace
+
+MoonPlace moon_fast(Ephemeris& ephemeris, const Instant& instant, const Observer& observer) {
+    const FastMoon moon = fast_moon(ephemeris, instant);
+    const SkyFrame frame = sky_frame(instant, moon.obliquity, moon.nutation);
+    MoonPlace place = geocentric_moon(frame, moon.place);
+    add_topocentric(observer, frame, place);
+    return place;
+}
+
+FastPlace moon_fast_place(Ephemeris& ephemeris, const Instant& instant) {
+    const FastMoon moon = fast_moon(ephemeris, instant);
+    FastPlace place;
+    equatorial_of(moon.obliquity, moon.place.longitude, moon.place.latitude, place.right_ascension,
+                  place.declination);
+    place.distance = moon.place.distance;
+    return place;
+}
+
+double moon_fast_longitude(Ephemeris& ephemeris, const Instant& instant, const Observer& observer) {
+    const FastMoon moon = fast_moon(ephemeris, instant);
+    return topocentric_longitude(observer, sky_frame(instant, moon.obliquity, moon.nutation),
+                                 moon.place.longitude, moon.place.latitude, moon.place.distance, 'M');
+}
+
+FastPlace fast_place(Ephemeris& ephemeris, Body body, const Instant& instant) {
+    return body == Body::moon ? moon_fast_place(ephemeris, instant) : sun_fast_place(ephemeris, instant);
+}
+
+} // namespace halvane

@@ -167,10 +167,10 @@ private:
 
 } // namespace
 
-PrayerSettings read_prayer_settings(DayMode mode) {
+PrayerSettings prayer_settings(const Preferences& preferences, const Location& location, DayMode mode) {
     PrayerSettings settings;
-    settings.preferences = read_pref();
-    settings.location = read_loc();
+    settings.preferences = preferences;
+    settings.location = location;
     settings.observer = observer_of(settings.location);
     settings.horizon = horizon_of(settings.preferences, settings.location);
     settings.longitude = longitude_of(settings.location);
@@ -184,6 +184,10 @@ PrayerSettings read_prayer_settings(DayMode mode) {
     settings.high_latitude = mode == DayMode::report && settings.preferences.high_latitude == 1;
     settings.mode = mode;
     return settings;
+}
+
+PrayerSettings read_prayer_settings(DayMode mode) {
+    return prayer_settings(read_pref(), read_loc(), mode);
 }
 
 PrayerDay prayer_day(Ephemeris& ephemeris, const PrayerSettings& settings, double jd, int summer_hours) {

@@ -17,7 +17,7 @@ enum class DayMode {
     crescent, ///< the Sun's rise and set only; no city offset, no added minutes
 };
 
-/// The settings of a run, as read at its start.
+/// The settings of a run.
 struct PrayerSettings {
     Preferences preferences;
     Location location;
@@ -33,7 +33,11 @@ struct PrayerSettings {
     DayMode mode = DayMode::report;
 };
 
-/// Reads `pref.vsk` and `loc.vsk` for a run.
+/// The settings of a run for a place.
+/// Error  raises RunTimeFailure for added minutes that are not finite.
+PrayerSettings prayer_settings(const Preferences& preferences, const Location& location, DayMode mode);
+
+/// The same by `pref.vsk` and `loc.vsk`.
 PrayerSettings read_prayer_settings(DayMode mode);
 
 /// The six times of a day, clock texts or "----", "Up", "Down", "Bright", "Dark".

@@ -98,9 +98,7 @@ public:
         const Image map = read_map();
         const int white = gdImageColorAllocate(image_.get(), 255, 255, 255);
         ink_ = gdImageColorAllocate(image_.get(), 34, 40, 49);
-        using enum VisibilityClass;
-        for (const VisibilityClass c :
-             {unknown, impossible, optical_aid, second_band, third_band, easily_visible}) {
+        for (const VisibilityClass c : painted_classes) {
             const ClassColour colour = class_colour(c);
             gdImageColorAllocate(image_.get(), colour.red, colour.green, colour.blue);
         }

@@ -13,12 +13,14 @@
 #include <filesystem>
 #include <iostream>
 #include <memory>
+#include <string>
+#include <vector>
 
 namespace halvane {
 namespace {
 
 struct MapOptions {
-    std::string criterion = "vesk";
+    std::string criterion = criteria().front().key;
     int day = 0;
     std::string picture;
     std::string table;
@@ -52,17 +54,26 @@ std::string table_of(const MapRun& run, const std::vector<MapPoint>& points) {
     return text;
 }
 
-Criterion criterion_of(const std::string& name) {
-    if (name == "yallop")
-        return Criterion::yallop;
-    return name == "saao" ? Criterion::saao : Criterion::vesk;
+std::vector<std::string> criterion_keys() {
+    std::vector<std::string> keys;
+    for (const CriterionRow& criterion : criteria())
+        keys.emplace_back(criterion.key);
+    return keys;
+}
+
+/// The names as words of a choice: "a, b or c".
+std::string choice_of(const std::vector<std::string>& names) {
+    std::string words = names.front();
+    for (std::size_t i = 1; i < names.size(); ++i)
+        words += (i + 1 < names.size() ? ", " : " or ") + names[i];
+    return words;
 }
 
 MapRun map_run(const CrescentSettings& settings, const MapOptions& options) {
     Ephemeris ephemeris(loaded_theory());
     find_conjunction(ephemeris, settings);
     MapRun run;
-    run.criterion = criterion_of(options.criterion);
+    run.criterion = criterion_of(options.criterion).value();
     run.kind = settings.new_crescent ? CrescentKind::new_crescent : CrescentKind::old_crescent;
     run.conjunction = map_conjunction(ephemeris);
     run.day = map_day(run.conjunction, run.kind, options.day);
@@ -117,9 +128,10 @@ Task map_task() {
     const auto options = std::make_shared<MapOptions>();
     return {"map", "World map of the stored crescent's visibility",
             [options](CLI::App& command) {
-                command.add_option("--criterion", options->criterion, "vesk, yallop or saao")
+                const std::vector<std::string> keys = criterion_keys();
+                command.add_option("--criterion", options->criterion, choice_of(keys))
                     ->type_name("NAME")
-                    ->check(CLI::IsMember({"vesk", "yallop", "saao"}).description(""));
+                    ->check(CLI::IsMember(keys).description(""));
                 command.add_option("--day", options->day, "0 the conjunction's date; 1, 2 days from it")
                     ->type_name("DAY")
                     ->check(CLI::Range(0, 2).description(""));

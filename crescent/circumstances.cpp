@@ -78,8 +78,8 @@ CriterionValues criterion_at(Ephemeris& ephemeris, const Observer& observer, dou
         topocentric_quantities(ephemeris, instant, observer, moon, sun_high(ephemeris, instant, observer));
     CriterionValues values;
     values.arcv = q.relative_altitude();
-    values.width = q.width * 60;
-    values.value = vesk_value(values.arcv, values.width);
+    values.width = q.width_minutes();
+    values.value = row_of(report_criterion).report.value(q);
     return values;
 }
 

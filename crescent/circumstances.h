@@ -28,7 +28,7 @@ struct CrescentChoice {
 /// Of the stored fields of a kind the last true one stands; with none true the first.
 CrescentChoice chosen(const CrescentSettings& settings);
 
-/// The values that the criterion was put to at Best Time.
+/// The values that the report's criterion was put to at Best Time.
 struct CriterionValues {
     double arcv = 0;  ///< [deg]
     double width = 0; ///< [arc minutes]

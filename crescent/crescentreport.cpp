@@ -156,8 +156,6 @@ private:
 
     void write_quantities() {
         const CrescentQuantities& q = c_.quantities;
-        const double semidiameter =
-            c_.choice.geocentric ? c_.moon.semidiameter : c_.moon.topocentric_semidiameter;
         write_group(
             report_,
             {pair("Moon Altitude:", angle(q.moon_altitude), 21, "Moon Azimuth:", angle(q.moon_azimuth), 60),
@@ -168,7 +166,7 @@ private:
                                    "Phase Angle:", angle(q.phase_angle), 59)});
         write_group(
             report_,
-            {pair("Crescent Width:", angle(q.width), 22, "Moon Semi-Diameter:", angle(semidiameter), 67),
+            {pair("Crescent Width:", angle(q.width), 22, "Moon Semi-Diameter:", angle(q.semidiameter), 67),
              {prefix_ + "Illumination:", format_number(q.illuminated_fraction * 100, "###00.00") + " %", 22,
               "G. Horizontal Parallax:", angle(c_.moon.parallax), 67}});
         write_line(report_,
@@ -178,13 +176,16 @@ private:
 
     void write_verdict() {
         const CriterionValues& values = c_.criterion;
-        report_.text("-").spc(1).line("According to Vesk Criteria, using the following values at Best Time:");
+        const CriterionRow& criterion = row_of(report_criterion);
+        report_.text("-").spc(1).text("According to ").text(criterion.name.english);
+        report_.line(" Criteria, using the following values at Best Time:");
         report_.text("  * Moon-Sun Topocentric Relative Altitude =").tab(45).text(angle(values.arcv));
         report_.text(" (").text(format_number(values.arcv, "00.0")).line("°)");
         report_.text("  * Topocentric Crescent width =").tab(34).text(angle(values.width / 60));
         report_.text(" (").text(format_number(values.width, "##0.00")).line("')");
         report_.text("  * q =").tab(9).line(format_number(values.value, "#0.00")).end_line();
-        report_.text("  * The Crescent Visibility is:").tab(33).line(vesk_sentence(values.value)).end_line();
+        report_.text("  * The Crescent Visibility is:").tab(33);
+        report_.line(criterion.report.sentence(values.value)).end_line();
     }
 
     void write_notes() {

@@ -2,7 +2,9 @@
 
 #include "ephemeris/modgeneral.h"
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace halvane {
 namespace {
@@ -69,6 +71,138 @@ VisibilityClass saao_class(double limb, double daz) {
     if (limb - (line + 8.1912) >= 0)
         return VisibilityClass::easily_visible;
     return limb - (line + 6.2912) >= 0 ? VisibilityClass::optical_aid : VisibilityClass::not_possible;
+}
+
+namespace {
+
+double vesk_value_of(const CrescentQuantities& q) {
+    return vesk_value(q.relative_altitude(), q.width_minutes());
+}
+
+VisibilityClass vesk_measure(const CrescentQuantities& q) {
+    return vesk_class(vesk_value_of(q));
+}
+
+VisibilityClass yallop_measure(const CrescentQuantities& q) {
+    return yallop_class(yallop_value(q.relative_altitude(), q.width_minutes()))
+        .value_or(VisibilityClass::not_possible);
+}
+
+VisibilityClass saao_measure(const CrescentQuantities& q) {
+    return saao_class(apparent_lower_limb(q.moon_altitude, q.semidiameter), std::fabs(q.relative_azimuth()));
+}
+
+using enum VisibilityClass;
+
+constexpr LegendLine blue{optical_aid, "Blue: Need Optical Aid", "كحلي: يحتاج مرقب/تلسكوب"};
+constexpr LegendLine green{easily_visible, "Green: Easily Visible by Naked Eye",
+                           "أخضر: يرى بسهولة بالعين المجردة"};
+
+constexpr CriterionRow table[] = {
+    {.key = "vesk",
+     .name = {"Vesk", "Vesk"},
+     .moment = ObservationMoment::best_time,
+     .measure = vesk_measure,
+     .bands = {{blue,
+                {second_band, "Magenta: Could be Seen by Naked Eye", "زهري: قد يرى بالعين المجردة"},
+                green}},
+     .report = {vesk_value_of, vesk_sentence}},
+    {.key = "yallop",
+     .name = {"Yallop", "يالوب"},
+     .moment = ObservationMoment::best_time,
+     .measure = yallop_measure,
+     .bands = {{blue,
+                {second_band, "Magenta: May Need Optical Aid", "زهري: قد يحتاج مرقب/تلسكوب"},
+                {third_band, "Yellow: Naked Eye at Perfect Conditions",
+                 "أصفر: يرى بالعين المجردة في ظروف مثالية"},
+                green}}},
+    {.key = "saao",
+     .name = {"SAAO", "جنوب أفريقيا"},
+     .moment = ObservationMoment::sun_event,
+     .measure = saao_measure,
+     .bands = {{{optical_aid, "Blue: Crescent Visibility is Improbable", "كحلي: رؤية الهلال غير محتملة"},
+                {easily_visible, "Green: Crescent Visibility is Possible", "أخضر: رؤية الهلال ممكنة"}}}},
+};
+
+constexpr bool is_text(const char* text) {
+    return text != nullptr && *text != '\0';
+}
+
+/// Whether every row of the table passes `check`.
+template <class Check>
+constexpr bool every_row(Check check) {
+    return std::all_of(std::begin(table), std::end(table), check);
+}
+
+constexpr bool has_key_of_its_own(const CriterionRow& row) {
+    return is_text(row.key) &&
+           std::count_if(std::begin(table), std::end(table), [&row](const CriterionRow& other) {
+               return std::string_view(row.key) == other.key;
+           }) == 1;
+}
+
+/// Each line in both languages, one at least, and nothing behind the first empty one.
+constexpr bool has_whole_lines(const CriterionRow& row) {
+    const std::size_t count = row.lines().size();
+    for (std::size_t i = 0; i < row.bands.size(); ++i)
+        if (is_text(row.bands[i].english) != (i < count) || is_text(row.bands[i].arabic) != (i < count))
+            return false;
+    return count > 0;
+}
+
+/// From the lowest band up, each class once, all above not_possible.
+constexpr bool has_classes_in_order(const CriterionRow& row) {
+    VisibilityClass below = not_possible;
+    for (const LegendLine& line : row.lines()) {
+        if (line.visibility <= below)
+            return false;
+        below = line.visibility;
+    }
+    return true;
+}
+
+constexpr bool has_verdict(const CriterionRow& row) {
+    return row.report.value != nullptr && row.report.sentence != nullptr;
+}
+
+constexpr const CriterionRow& entry(Criterion criterion) {
+    return table[static_cast<std::size_t>(criterion)];
+}
+
+constexpr bool is_named(Criterion criterion, std::string_view key) {
+    return entry(criterion).key == key;
+}
+
+static_assert(every_row(has_key_of_its_own), "a criterion has no key of its own");
+static_assert(every_row([](const CriterionRow& row) {
+                  return is_text(row.name.english) && is_text(row.name.arabic);
+              }),
+              "a criterion lacks its name in a language");
+static_assert(every_row([](const CriterionRow& row) { return row.measure != nullptr; }),
+              "a criterion has no measure");
+static_assert(every_row(has_whole_lines), "a criterion lacks a line of its legend in a language");
+static_assert(every_row(has_classes_in_order), "a criterion's classes are not in order");
+static_assert(is_named(Criterion::vesk, "vesk") && is_named(Criterion::yallop, "yallop") &&
+                  is_named(Criterion::saao, "saao"),
+              "a name of a criterion stands for another row");
+static_assert(has_verdict(entry(report_criterion)), "the report's criterion has no value or no verdict");
+
+} // namespace
+
+std::span<const CriterionRow> criteria() {
+    return table;
+}
+
+const CriterionRow& row_of(Criterion criterion) {
+    return entry(criterion);
+}
+
+std::optional<Criterion> criterion_of(std::string_view key) {
+    const auto* const found = std::find_if(std::begin(table), std::end(table),
+                                           [key](const CriterionRow& row) { return row.key == key; });
+    if (found == std::end(table))
+        return std::nullopt;
+    return Criterion{static_cast<int>(found - std::begin(table))};
 }
 
 } // namespace halvane

@@ -1,25 +1,78 @@
 #pragma once
 
+#include "base/twintext.h"
+#include "crescent/quantities.h"
+#include "crescent/visibilityclass.h"
+
+#include <array>
+#include <cstddef>
 #include <optional>
+#include <span>
+#include <string_view>
 
 namespace halvane {
 
-/// The criteria of crescent visibility as plain functions of published quantities. All of them are
-/// topocentric and airless: ARCV, altitude of the Moon less that of the Sun [deg]; W, width of the crescent
-/// [arc minutes]; DAZ, difference of the azimuths without its sign [deg].
+/// A criterion of crescent visibility: its place in the table of criteria. Rows that are spoken of by name
+/// have one here; any other is found by its key.
+enum class Criterion : int { vesk, yallop, saao };
 
-/// What a point of the map shows.
-enum class VisibilityClass {
-    unknown = 1,      ///< an event is missing or out of order
-    impossible = 2,   ///< the Moon sets first, or the conjunction is still to come
-    not_possible = 3, ///< below every line: nothing is painted
-    optical_aid = 4,
-    second_band = 5,
-    third_band = 6, ///< Yallop only
-    easily_visible = 7,
+/// The criterion that the crescent's report puts the circumstances to.
+inline constexpr Criterion report_criterion = Criterion::vesk;
+
+/// The moment that a criterion judges an evening or a morning by.
+enum class ObservationMoment {
+    best_time, ///< four ninths of the lag from the Sun's event
+    sun_event, ///< sunset or sunrise
 };
 
-enum class Criterion { vesk, yallop, saao };
+/// A line of the colour legend.
+struct LegendLine {
+    VisibilityClass visibility;
+    const char* english;
+    const char* arabic;
+
+    const char* in(char letter) const { return letter == 'A' ? arabic : english; }
+};
+
+/// What the crescent's report tells of its criterion.
+struct ReportVerdict {
+    double (*value)(const CrescentQuantities& q) = nullptr; ///< printed as "q"
+    const char* (*sentence)(double value) = nullptr;        ///< the verdict, in English
+};
+
+/// A criterion. The panel, the map with its legend, the report and the batch program list the table of these
+/// rows and know nothing else of a criterion.
+struct CriterionRow {
+    static constexpr std::size_t most_bands = 4;
+
+    const char* key; ///< its name for the batch program
+    TwinText name;
+    ObservationMoment moment;
+    /// The class of topocentric, airless quantities: not_possible or a class of `bands`.
+    VisibilityClass (*measure)(const CrescentQuantities& q);
+    std::array<LegendLine, most_bands> bands; ///< the lowest first; empty ones end the list
+    ReportVerdict report = {};                ///< wanted of the report's criterion only
+
+    /// The bands without the empty ones at the end.
+    constexpr std::span<const LegendLine> lines() const {
+        std::size_t count = 0;
+        while (count < bands.size() && bands[count].english != nullptr)
+            ++count;
+        return {bands.data(), count};
+    }
+};
+
+/// The table, in the order of the lists.
+std::span<const CriterionRow> criteria();
+
+const CriterionRow& row_of(Criterion criterion);
+
+/// The criterion of a key; nothing for any other text.
+std::optional<Criterion> criterion_of(std::string_view key);
+
+/// The criteria as plain functions of published quantities. All of them are topocentric and airless: ARCV,
+/// altitude of the Moon less that of the Sun [deg]; W, width of the crescent [arc minutes]; DAZ, difference
+/// of the azimuths without its sign [deg].
 
 /// Height above the line of "Vesk Criteria": V, printed as "q".
 double vesk_value(double arcv, double width);

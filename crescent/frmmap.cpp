@@ -49,8 +49,6 @@ constexpr Twin refused{"", "Not saved: %1 is a file of the program. Choose anoth
 constexpr Twin new_day{"", "Visibility Day: Waxing (New) Crescent", "يوم الرصد: هلال أول الشهر"};
 constexpr Twin old_day{"", "Visibility Day: Waning (Old) Crescent", "يوم الرصد: هلال آخر الشهر"};
 
-constexpr Criterion criteria[] = {Criterion::vesk, Criterion::yallop, Criterion::saao};
-
 /// The read-out of a place; empty outside the world.
 QString mouse_text(const MapPlace& place, Language language) {
     constexpr double pole = 90;
@@ -108,8 +106,8 @@ frmmap::frmmap(QWidget* owner)
 frmmap::~frmmap() = default;
 
 void frmmap::fill_lists() {
-    for (const Criterion criterion : criteria)
-        ui_->cbocri->addItem(QString::fromUtf8(criterion_name(criterion, letter())));
+    for (const CriterionRow& criterion : criteria())
+        ui_->cbocri->addItem(text_of(criterion.name, language_));
 }
 
 void frmmap::set_sizes() {
@@ -159,7 +157,7 @@ void frmmap::show_clean_map() {
 
 MapRun frmmap::shown_run() const {
     MapRun run;
-    run.criterion = criteria[ui_->cbocri->currentIndex()];
+    run.criterion = Criterion{ui_->cbocri->currentIndex()}; // the list is the table
     run.kind = kind_;
     run.conjunction = conjunction_;
     run.day = map_day(conjunction_, kind_, ui_->opt2->isChecked() ? 2 : ui_->opt1->isChecked() ? 1 : 0);

@@ -65,7 +65,7 @@ QSize LegendLabel::sizeHint() const {
     const QFontMetrics widest(bold(font()));
     int width = 0;
     std::size_t lines = 0;
-    for (const Criterion criterion : {Criterion::vesk, Criterion::yallop, Criterion::saao}) {
+    for (const CriterionRow& criterion : criteria()) {
         const std::vector<LegendLine> legend = map_legend(criterion);
         lines = std::max(lines, legend.size());
         for (const Language language : {Language::english, Language::arabic})

@@ -74,9 +74,7 @@ void write_legend(QPainter& painter, const MapSheetContent& content) {
 class Palette {
 public:
     explicit Palette(const QImage& image) {
-        using enum VisibilityClass;
-        for (const VisibilityClass c :
-             {unknown, impossible, optical_aid, second_band, third_band, easily_visible}) {
+        for (const VisibilityClass c : painted_classes) {
             const ClassColour colour = class_colour(c);
             add(qRgb(colour.red, colour.green, colour.blue));
         }

@@ -33,10 +33,6 @@ std::optional<VisibilityClass> MapClasses::nearest(double x, double y) const {
     return at(steps(x - origin.x, step.x - origin.x), steps(y - origin.y, step.y - origin.y));
 }
 
-char class_mark(VisibilityClass visibility) {
-    return static_cast<char>('0' + static_cast<int>(visibility));
-}
-
 namespace {
 
 constexpr int columns = (MapGrid::east - MapGrid::west) / MapGrid::step + 1;

@@ -26,9 +26,6 @@ private:
     std::map<std::pair<int, int>, VisibilityClass> places_;
 };
 
-/// The mark of a class, beside its colour: the class's number, as in the table of points.
-char class_mark(VisibilityClass visibility);
-
 /// A mark within a zone of its class.
 struct MapMark {
     MapPixel centre;

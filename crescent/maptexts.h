@@ -12,13 +12,11 @@ namespace halvane {
 /// Name of a criterion in its list.
 const char* criterion_name(Criterion criterion, char letter);
 
-/// A line of the colour legend.
-struct LegendLine {
-    VisibilityClass visibility;
-    const char* english;
-    const char* arabic;
-};
-std::vector<LegendLine> map_legend(Criterion criterion);
+/// The colour legend of a map by a criterion: the lines of every map, and between them those of the bands.
+std::vector<LegendLine> map_legend(const CriterionRow& criterion);
+inline std::vector<LegendLine> map_legend(Criterion criterion) {
+    return map_legend(row_of(criterion));
+}
 
 /// The Hijri month and year of a map; also the name that its picture is saved under.
 std::string map_hijri_text(const MapRun& run, char letter);
@@ -28,11 +26,5 @@ std::vector<std::string> map_information(const MapRun& run, char letter);
 
 /// Whole day, month name and year of a day's 0 h.
 std::string map_date_text(double day, char letter);
-
-/// Colour of a class; class not_possible has none of its own, see bare_map_colours.
-struct ClassColour {
-    unsigned char red, green, blue;
-};
-ClassColour class_colour(VisibilityClass visibility);
 
 } // namespace halvane

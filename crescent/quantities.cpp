@@ -31,6 +31,7 @@ CrescentQuantities crescent_quantities(Ephemeris& ephemeris, const Instant& inst
     q.elongation = elongation * degrees_per_radian;
     q.phase_angle = phase_angle * degrees_per_radian;
     q.illuminated_fraction = (1 + cos(phase_angle)) / 2;
+    q.semidiameter = semidiameter;
     q.width = 2 * q.illuminated_fraction * semidiameter;
     q.magnitude = -12.73 + 0.026 * std::fabs(q.phase_angle) + 4e-09 * std::pow(q.phase_angle, 4);
     return q;

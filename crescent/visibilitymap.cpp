@@ -91,30 +91,19 @@ double observation_hours(const MapRun& run, const PointEvents& events, double la
     const bool is_new = run.kind == CrescentKind::new_crescent;
     if (lag <= 0)
         return is_new ? events.sun : events.moon;
-    return run.criterion == Criterion::saao ? events.sun : best_time(is_new, events.sun, lag);
-}
-
-CrescentQuantities fast_quantities(Ephemeris& ephemeris, const Observer& observer, double universal,
-                                   double& semidiameter) {
-    const Instant instant = Instant::of_ut1(universal);
-    const MoonPlace moon = moon_fast(ephemeris, instant, observer);
-    semidiameter = moon.topocentric_semidiameter;
-    return topocentric_quantities(ephemeris, instant, observer, moon, sun_fast(ephemeris, instant, observer));
-}
-
-VisibilityClass class_by_criterion(Criterion criterion, const CrescentQuantities& q, double semidiameter) {
-    const double arcv = q.relative_altitude();
-    const double width = q.width * 60;
-    switch (criterion) {
-    case Criterion::yallop:
-        return yallop_class(yallop_value(arcv, width)).value_or(VisibilityClass::not_possible);
-    case Criterion::saao:
-        return saao_class(apparent_lower_limb(q.moon_altitude, semidiameter),
-                          std::fabs(q.relative_azimuth()));
-    case Criterion::vesk:
+    switch (row_of(run.criterion).moment) {
+    case ObservationMoment::sun_event:
+        return events.sun;
+    case ObservationMoment::best_time:
         break;
     }
-    return vesk_class(vesk_value(arcv, width));
+    return best_time(is_new, events.sun, lag);
+}
+
+CrescentQuantities fast_quantities(Ephemeris& ephemeris, const Observer& observer, double universal) {
+    const Instant instant = Instant::of_ut1(universal);
+    const MoonPlace moon = moon_fast(ephemeris, instant, observer);
+    return topocentric_quantities(ephemeris, instant, observer, moon, sun_fast(ephemeris, instant, observer));
 }
 
 } // namespace
@@ -134,15 +123,12 @@ VisibilityClass evaluate_point(Ephemeris& ephemeris, const MapRun& run, double l
     const double universal = universal_of(observation_hours(run, events, lag));
     const double age = is_new ? universal - conjunction : conjunction - universal;
     constexpr double standing_high = 3;
-    double semidiameter = 0;
     if (lag < 0 &&
-        fast_quantities(ephemeris, observer, universal_of(events.sun), semidiameter).relative_altitude() >
-            standing_high)
+        fast_quantities(ephemeris, observer, universal_of(events.sun)).relative_altitude() > standing_high)
         return VisibilityClass::unknown;
     if (age <= 0 || lag <= 0)
         return VisibilityClass::impossible;
-    const CrescentQuantities q = fast_quantities(ephemeris, observer, universal, semidiameter);
-    return class_by_criterion(run.criterion, q, semidiameter);
+    return row_of(run.criterion).measure(fast_quantities(ephemeris, observer, universal));
 }
 
 namespace {

@@ -69,6 +69,17 @@ TEST_F(MapBatch, TableHoldsHeadLinesAndEveryPointInDrawingOrder) {
     EXPECT_EQ(folder.content("out"), path + "\n");
 }
 
+TEST_F(MapBatch, EveryCriterionOfTheTableIsOfferedAndDrawn) {
+    ASSERT_EQ(run("map --help"), 0);
+    const std::string help = folder.content("out");
+    for (const CriterionRow& criterion : criteria()) {
+        EXPECT_NE(help.find(criterion.key), std::string::npos) << criterion.key;
+        const std::string words = std::string("map --criterion ") + criterion.key;
+        ASSERT_EQ(run(words + " --csv '" + folder.path("map.csv") + "'"), 0) << folder.content("err");
+        EXPECT_EQ(lines("map.csv")[1], std::string("# ") + criterion.name.english + " Criterion");
+    }
+}
+
 TEST_F(MapBatch, PictureDecodesAndShowsItsPoints) {
     const std::string path = folder.path("map picture.gif");
     ASSERT_EQ(run("map --criterion vesk --output '" + path + "'"), 0) << folder.content("err");

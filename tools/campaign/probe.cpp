@@ -188,7 +188,8 @@ void map_points(const Arguments& arguments) {
         settings.geocentric = true;
         find_conjunction(named_ephemeris(), settings);
         MapRun run;
-        run.criterion = static_cast<Criterion>(static_cast<int>(random.between(0, 3)));
+        const auto count = static_cast<double>(criteria().size());
+        run.criterion = Criterion{static_cast<int>(random.between(0, count))};
         run.kind = settings.new_crescent ? CrescentKind::new_crescent : CrescentKind::old_crescent;
         run.conjunction = map_conjunction(named_ephemeris());
         run.day = map_day(run.conjunction, run.kind, static_cast<int>(random.between(0, 3)));

@@ -57,10 +57,10 @@ Contacts contacts_of_years(int lunations) {
         MapRun run;
         run.conjunction = map_conjunction(named_ephemeris());
         for (const CrescentKind kind : {CrescentKind::new_crescent, CrescentKind::old_crescent})
-            for (const Criterion criterion : {Criterion::vesk, Criterion::yallop, Criterion::saao})
+            for (int criterion = 0; criterion < static_cast<int>(criteria().size()); ++criterion)
                 for (int day = 0; day <= 2; ++day) {
                     run.kind = kind;
-                    run.criterion = criterion;
+                    run.criterion = Criterion{criterion};
                     run.day = map_day(run.conjunction, kind, day);
                     count_contacts(run, contacts);
                 }
@@ -73,13 +73,11 @@ void print_colour(VisibilityClass visibility, const ClassColour& colour) {
 }
 
 void print_colours() {
-    using enum VisibilityClass;
-    for (const VisibilityClass c :
-         {unknown, impossible, optical_aid, second_band, third_band, easily_visible})
+    for (const VisibilityClass c : painted_classes)
         print_colour(c, class_colour(c));
     const std::vector<QColor> bare = bare_colours(read_map_image());
     for (const QColor& colour : {bare.at(0), bare.at(1)})
-        print_colour(not_possible,
+        print_colour(VisibilityClass::not_possible,
                      {static_cast<unsigned char>(colour.red()), static_cast<unsigned char>(colour.green()),
                       static_cast<unsigned char>(colour.blue())});
 }

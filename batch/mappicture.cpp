@@ -2,10 +2,10 @@
 
 #include "base/failure.h"
 #include "crescent/gif.h"
-#include "crescent/mapmarks.h"
 #include "crescent/mapsheet.h"
 #include "crescent/maptexts.h"
 #include "crescent/picturename.h"
+#include "crescent/sheetpainter.h"
 #include "stored/outputfile.h"
 #include "stored/textfile.h"
 
@@ -14,6 +14,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include <gd.h>
@@ -91,60 +92,71 @@ Stencil figure_stencil(char figure) {
     });
 }
 
-/// The map over a white band for the words.
-class Canvas {
+/// The map over a band of paper for the words.
+class Canvas : public MapSurface {
 public:
     Canvas() : image_(gdImageCreate(MapSheet::width, MapSheet::height)) {
         const Image map = read_map();
-        const int white = gdImageColorAllocate(image_.get(), 255, 255, 255);
-        ink_ = gdImageColorAllocate(image_.get(), 34, 40, 49);
-        for (const VisibilityClass c : painted_classes) {
-            const ClassColour colour = class_colour(c);
-            gdImageColorAllocate(image_.get(), colour.red, colour.green, colour.blue);
-        }
+        const int paper = allocate(MapSheet::paper);
+        allocate(MapSheet::ink);
+        for (const VisibilityClass c : painted_classes)
+            allocate(class_colour(c));
         gdImageFilledRectangle(image_.get(), 0, 0, gdImageSX(image_.get()) - 1, gdImageSY(image_.get()) - 1,
-                               white);
+                               paper);
         gdImageCopy(image_.get(), map.get(), 0, 0, 0, 0, map_width, map_height);
-        paper_ = white;
-        find_bare_colour();
     }
 
-    void paint(const MapPoint& point) {
-        if (point.visibility == VisibilityClass::not_possible)
-            return;
-        const MapPixel at = map_pixel(point.longitude, point.latitude);
-        stamp(circle_, static_cast<int>(std::lround(at.x)), static_cast<int>(std::lround(at.y)),
-              colour_of(point.visibility));
+    /// The colour of the map as long as nothing is drawn over it.
+    ClassColour bare_colour() const {
+        return bare_map_colours([this](int x, int y) {
+                   const int index = gdImageGetPixel(image_.get(), x, y);
+                   return ClassColour{static_cast<unsigned char>(gdImageRed(image_.get(), index)),
+                                      static_cast<unsigned char>(gdImageGreen(image_.get(), index)),
+                                      static_cast<unsigned char>(gdImageBlue(image_.get(), index))};
+               })
+            .front();
     }
 
-    /// The number of the class in ink with a rim of paper.
-    void mark(const MapMark& mark) {
-        const MapPixel centre{std::round(mark.centre.x), std::round(mark.centre.y)};
-        const Stencil& figure = figure_of(class_mark(mark.visibility));
-        for (int dy = -mark_rim; dy <= mark_rim; ++dy)
-            for (int dx = -mark_rim; dx <= mark_rim; ++dx)
-                stamp(figure, static_cast<int>(centre.x) + dx, static_cast<int>(centre.y) + dy, paper_);
-        stamp(figure, static_cast<int>(centre.x), static_cast<int>(centre.y), ink_);
+    void circle(const MapPixel& centre, const ClassColour& colour) override {
+        stamp(circle_, static_cast<int>(std::lround(centre.x)), static_cast<int>(std::lround(centre.y)),
+              index_of(colour));
     }
 
-    void write_information(const std::vector<std::string>& lines) {
-        int line = 0;
-        for (const std::string& text : lines)
-            write(MapSheet::margin, line++, text);
+    void mark(const MapPixel& centre, char figure, const ClassColour& colour,
+              const ClassColour& rim) override {
+        constexpr int width = 2;
+        const int x = static_cast<int>(centre.x);
+        const int y = static_cast<int>(centre.y);
+        const Stencil& stencil = figure_of(figure);
+        for (int dy = -width; dy <= width; ++dy)
+            for (int dx = -width; dx <= width; ++dx)
+                stamp(stencil, x + dx, y + dy, index_of(rim));
+        stamp(stencil, x, y, index_of(colour));
     }
 
-    void write_legend(const std::vector<LegendLine>& legend) {
-        constexpr int left = MapSheet::legend_left;
-        constexpr int swatch = MapSheet::swatch;
-        int line = 0;
-        for (const LegendLine& entry : legend) {
-            const int y = MapSheet::swatch_top(line);
-            gdImageFilledRectangle(image_.get(), left, y, left + swatch, y + swatch,
-                                   colour_of(entry.visibility));
-            gdImageRectangle(image_.get(), left, y, left + swatch, y + swatch, ink_);
-            write(MapSheet::mark_left, line, std::string(1, class_mark(entry.visibility)));
-            write(MapSheet::words_left, line++, entry.english);
-        }
+    // The lines of a rectangle run through its corners, so that a square is a pixel wider than its side.
+    void fill(const Square& square, const ClassColour& colour) override {
+        gdImageFilledRectangle(image_.get(), square.left, square.top, square.left + square.side,
+                               square.top + square.side, index_of(colour));
+    }
+    void outline(const Square& square, const ClassColour& colour) override {
+        gdImageRectangle(image_.get(), square.left, square.top, square.left + square.side,
+                         square.top + square.side, index_of(colour));
+    }
+
+    /// In a font of the system where there is one, the same in every locale, else in the library's own.
+    void write(int left, int line, const std::string& text, const ClassColour& colour) override {
+        constexpr double points = 11;
+        constexpr int baseline = 15;
+        const int top = MapSheet::line_top(line);
+        const int ink = index_of(colour);
+        std::string words = text;
+        std::string font = "sans:lang=en";
+        gdFTUseFontConfig(1);
+        if (gdImageStringFT(image_.get(), nullptr, ink, font.data(), points, 0, left, top + baseline,
+                            words.data()) != nullptr)
+            gdImageString(image_.get(), gdFontGetLarge(), left, top,
+                          reinterpret_cast<unsigned char*>(words.data()), ink);
     }
 
     GifPicture picture() const {
@@ -162,15 +174,8 @@ public:
     }
 
 private:
-    static constexpr int mark_rim = 2;
-
-    void find_bare_colour() {
-        bare_ = bare_map_colours([this](int x, int y) {
-                    const int index = gdImageGetPixel(image_.get(), x, y);
-                    return ClassColour{static_cast<unsigned char>(gdImageRed(image_.get(), index)),
-                                       static_cast<unsigned char>(gdImageGreen(image_.get(), index)),
-                                       static_cast<unsigned char>(gdImageBlue(image_.get(), index))};
-                }).front();
+    int allocate(const ClassColour& colour) {
+        return gdImageColorAllocate(image_.get(), colour.red, colour.green, colour.blue);
     }
 
     void stamp(const Stencil& stencil, int x, int y, int colour) {
@@ -185,34 +190,18 @@ private:
         return place->second;
     }
 
-    int colour_of(VisibilityClass visibility) {
-        const auto [place, is_new] = colours_.try_emplace(visibility);
-        if (is_new) {
-            const bool is_bare = visibility == VisibilityClass::not_possible;
-            const ClassColour colour = is_bare ? bare_ : class_colour(visibility);
-            place->second = gdImageColorClosest(image_.get(), colour.red, colour.green, colour.blue);
-        }
-        return place->second;
-    }
-
-    /// In a font of the system where there is one, the same in every locale, else in the library's own.
-    void write(int x, int line, const std::string& text) {
-        constexpr double points = 11;
-        constexpr int baseline = 15;
-        std::string words = text;
-        std::string font = "sans:lang=en";
-        gdFTUseFontConfig(1);
-        if (gdImageStringFT(image_.get(), nullptr, ink_, font.data(), points, 0, x,
-                            MapSheet::line_top(line) + baseline, words.data()) != nullptr)
-            gdImageString(image_.get(), gdFontGetLarge(), x, MapSheet::line_top(line),
-                          reinterpret_cast<unsigned char*>(words.data()), ink_);
+    /// In the palette; looked for there once.
+    int index_of(const ClassColour& colour) {
+        for (const auto& [known, index] : indices_)
+            if (known == colour)
+                return index;
+        const int index = gdImageColorClosest(image_.get(), colour.red, colour.green, colour.blue);
+        indices_.emplace_back(colour, index);
+        return index;
     }
 
     Image image_;
-    int ink_ = 0;
-    int paper_ = 0;
-    ClassColour bare_{};
-    std::map<VisibilityClass, int> colours_; ///< in the palette
+    std::vector<std::pair<ClassColour, int>> indices_;
     std::map<char, Stencil> figures_;
     Stencil circle_ = circle_stencil();
 };
@@ -224,15 +213,12 @@ void save_map_picture(const MapRun& run, const std::vector<MapPoint>& points, co
         throw RunTimeFailure(TwinWords{path + " is a file of the program; no picture replaces it.",
                                        path + " من ملفات البرنامج، و لا تحل صورة محله."});
     Canvas canvas;
-    MapClasses classes;
-    for (const MapPoint& point : points) {
-        canvas.paint(point);
-        classes.add(point);
-    }
-    for (const MapMark& mark : map_marks(classes))
-        canvas.mark(mark);
-    canvas.write_information(map_information(run, 'E'));
-    canvas.write_legend(map_legend(run.criterion));
+    MapSheetContent content;
+    content.points = points;
+    content.information = map_information(run, 'E');
+    content.legend = map_legend(run.criterion);
+    content.bare = canvas.bare_colour();
+    paint_sheet(canvas, content);
     const std::vector<std::uint8_t> bytes = gif_bytes(canvas.picture());
     save_result(path, {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
 }

@@ -275,14 +275,15 @@ void frmmap::save_picture(const QString& name) {
         return;
     }
     MapSheetContent content;
-    content.map = ui_->pic->map();
     content.points = ui_->pic->points();
     if (!ui_->lblinf->text().isEmpty())
-        content.information = ui_->lblinf->text().split(u'\n');
+        for (const QString& line : ui_->lblinf->text().split(u'\n'))
+            content.information.push_back(line.toStdString());
     content.legend = ui_->lblleg->legend();
-    content.language = language_;
+    content.bare = plain(bare_colour(ui_->pic->map()));
+    content.letter = letter();
     GIF gif;
-    if (gif.SaveGIF(indexed_picture(map_sheet(content)), name.toStdString()))
+    if (gif.SaveGIF(indexed_picture(map_sheet(ui_->pic->map(), content)), name.toStdString()))
         show_save(saved, name);
     else
         show_save(not_saved, {}, gif.failure().value().parts());

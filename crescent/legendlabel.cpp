@@ -1,6 +1,6 @@
 #include "crescent/legendlabel.h"
 
-#include "crescent/mapmarks.h"
+#include "crescent/mapimage.h"
 
 #include <QPainter>
 #include <QStyle>
@@ -20,12 +20,6 @@ QFont bold(QFont font) {
 
 QString legend_words(const LegendLine& line, Language language) {
     return QString::fromUtf8(language == Language::english ? line.english : line.arabic);
-}
-
-QColor legend_colour(const LegendLine& line, const QColor& bare) {
-    const ClassColour colour = class_colour(line.visibility);
-    return line.visibility == VisibilityClass::not_possible ? bare
-                                                            : QColor(colour.red, colour.green, colour.blue);
 }
 
 LegendLabel::LegendLabel(QWidget* parent) : QLabel(parent) {
@@ -89,7 +83,7 @@ void LegendLabel::paintEvent(QPaintEvent*) {
         const LegendLine& entry = legend_[static_cast<std::size_t>(line)];
         painter.setPen(ink);
         painter.setFont(marked_ == entry.visibility ? bold(font()) : font());
-        painter.setBrush(legend_colour(entry, bare_));
+        painter.setBrush(shown(legend_colour(entry.visibility, plain(bare_))));
         painter.drawRect(swatch(line).adjusted(0, 0, -1, -1));
         const auto write = [&](int left, const QString& text) {
             const QRect place(left, line * line_height(), width() - left, line_height());

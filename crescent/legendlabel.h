@@ -48,8 +48,4 @@ private:
 /// The words of a legend's line.
 QString legend_words(const LegendLine& line, Language language);
 
-/// The colour of a legend's line.
-/// In     bare  the map's own colour
-QColor legend_colour(const LegendLine& line, const QColor& bare);
-
 } // namespace halvane

@@ -1,8 +1,6 @@
 #include "crescent/mapimage.h"
 
 #include "base/failure.h"
-#include "crescent/legendlabel.h"
-#include "crescent/mapsheet.h"
 #include "crescent/mapview.h"
 #include "stored/textfile.h"
 
@@ -10,74 +8,80 @@
 #include <QPainter>
 #include <QStyle>
 #include <algorithm>
-#include <cmath>
 #include <unordered_map>
 
 namespace halvane {
 
 namespace {
 
-const QColor paper = map_paper();
-const QColor ink = map_ink();
-
-void paint_points(QPainter& painter, const std::vector<MapPoint>& points) {
-    painter.setClipRect(0, 0, map_width, map_height);
-    MapClasses classes;
-    for (const MapPoint& point : points) {
-        draw_map_point(painter, point);
-        classes.add(point);
+/// The sheet of a map as an image.
+class SheetImage : public MapSurface {
+public:
+    SheetImage(const QImage& map, Qt::LayoutDirection direction)
+        : image_(MapSheet::width, MapSheet::height, QImage::Format_RGB32) {
+        constexpr int font_height = 15; // pixels
+        image_.fill(map_paper());
+        painter_.begin(&image_);
+        painter_.drawImage(0, 0, map);
+        painter_.setLayoutDirection(direction);
+        QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+        font.setPixelSize(font_height);
+        font.setStyleStrategy(QFont::NoSubpixelAntialias);
+        painter_.setFont(font);
     }
-    constexpr double pixel_centre = 0.5;
-    for (const MapMark& mark : map_marks(classes))
-        draw_map_mark(painter, mark.visibility,
-                      {std::round(mark.centre.x) + pixel_centre, std::round(mark.centre.y) + pixel_centre},
-                      1);
-    painter.setClipping(false);
-}
 
-/// Writes the words of the band below the map; `place` is as in English.
-void write_line(QPainter& painter, QRect place, const QString& words) {
-    const QRect sheet(0, 0, MapSheet::width, MapSheet::height);
-    painter.setPen(ink);
-    painter.drawText(QStyle::visualRect(painter.layoutDirection(), sheet, place),
-                     static_cast<int>(Qt::AlignLeading | Qt::AlignVCenter), words.trimmed());
-}
-
-QRect line_place(int left, int line) {
-    return {left, MapSheet::line_top(line),
-            MapSheet::legend_left - left % MapSheet::legend_left - MapSheet::margin, MapSheet::line_height};
-}
-
-void write_information(QPainter& painter, const MapSheetContent& content) {
-    for (int line = 0; line < content.information.size(); ++line)
-        write_line(painter, line_place(MapSheet::margin, line), content.information[line]);
-}
-
-void write_legend(QPainter& painter, const MapSheetContent& content) {
-    const QRect sheet(0, 0, MapSheet::width, MapSheet::height);
-    const QColor bare = bare_colour(content.map);
-    int line = 0;
-    for (const LegendLine& entry : content.legend) {
-        const QRect place(MapSheet::legend_left, MapSheet::swatch_top(line), MapSheet::swatch,
-                          MapSheet::swatch);
-        painter.setPen(ink);
-        painter.setBrush(legend_colour(entry, bare));
-        painter.drawRect(QStyle::visualRect(painter.layoutDirection(), sheet, place).adjusted(0, 0, -1, -1));
-        write_line(painter, line_place(MapSheet::mark_left, line),
-                   QString(QLatin1Char(class_mark(entry.visibility))));
-        write_line(painter, line_place(MapSheet::words_left, line), legend_words(entry, content.language));
-        ++line;
+    void circle(const MapPixel& centre, const ClassColour& colour) override {
+        draw_map_circle(painter_, centre, colour);
     }
-}
+
+    void mark(const MapPixel& centre, char figure, const ClassColour& colour,
+              const ClassColour& rim) override {
+        constexpr double pixel_centre = 0.5;
+        draw_map_mark(painter_, figure, {{centre.x + pixel_centre, centre.y + pixel_centre}, 1, colour, rim});
+    }
+
+    void fill(const Square& square, const ClassColour& colour) override {
+        painter_.fillRect(place_of(square), shown(colour));
+    }
+
+    void outline(const Square& square, const ClassColour& colour) override {
+        painter_.setPen(shown(colour));
+        painter_.drawRect(place_of(square).adjusted(0, 0, -1, -1));
+    }
+
+    /// In the half of the band that `left` lies in.
+    void write(int left, int line, const std::string& words, const ClassColour& colour) override {
+        const int right = left < MapSheet::legend_left ? MapSheet::legend_left : MapSheet::width;
+        const QRect place(left, MapSheet::line_top(line), right - left - MapSheet::margin,
+                          MapSheet::line_height);
+        painter_.setPen(shown(colour));
+        painter_.drawText(mirrored(place), static_cast<int>(Qt::AlignLeading | Qt::AlignVCenter),
+                          QString::fromStdString(words).trimmed());
+    }
+
+    QImage finished() {
+        painter_.end();
+        return image_;
+    }
+
+private:
+    QRect mirrored(const QRect& place) const {
+        return QStyle::visualRect(painter_.layoutDirection(), image_.rect(), place);
+    }
+    QRect place_of(const Square& square) const {
+        return mirrored({square.left, square.top, square.side, square.side});
+    }
+
+    QImage image_;
+    QPainter painter_;
+};
 
 /// Colours of a picture, at most 256 of them.
 class Palette {
 public:
     explicit Palette(const QImage& image) {
-        for (const VisibilityClass c : painted_classes) {
-            const ClassColour colour = class_colour(c);
-            add(qRgb(colour.red, colour.green, colour.blue));
-        }
+        for (const VisibilityClass c : painted_classes)
+            add(shown(class_colour(c)).rgb());
         add_ramp();
         add_most_frequent(image);
     }
@@ -110,6 +114,8 @@ private:
     /// The shades between the words' ink and their paper.
     void add_ramp() {
         constexpr int steps = 8;
+        const QColor ink = map_ink();
+        const QColor paper = map_paper();
         const auto between = [](int from, int to, int step) { return from + (to - from) * step / steps; };
         for (int step = 0; step <= steps; ++step)
             add(qRgb(between(ink.red(), paper.red(), step), between(ink.green(), paper.green(), step),
@@ -143,25 +149,23 @@ private:
 
 } // namespace
 
-QColor map_ink() {
-    return {34, 40, 49};
+QColor shown(const ClassColour& colour) {
+    return {colour.red, colour.green, colour.blue};
 }
 
-QColor map_paper() {
-    return {255, 255, 255};
+ClassColour plain(const QColor& colour) {
+    const QRgb rgb = colour.rgb();
+    return {static_cast<unsigned char>(qRed(rgb)), static_cast<unsigned char>(qGreen(rgb)),
+            static_cast<unsigned char>(qBlue(rgb))};
 }
 
 std::vector<QColor> bare_colours(const QImage& map) {
     if (map.isNull())
         return {map_paper()};
     std::vector<QColor> colours;
-    for (const ClassColour& bare : bare_map_colours([&map](int x, int y) {
-             const QRgb pixel = map.pixel(x, y);
-             return ClassColour{static_cast<unsigned char>(qRed(pixel)),
-                                static_cast<unsigned char>(qGreen(pixel)),
-                                static_cast<unsigned char>(qBlue(pixel))};
-         }))
-        colours.emplace_back(bare.red, bare.green, bare.blue);
+    for (const ClassColour& bare :
+         bare_map_colours([&map](int x, int y) { return plain(QColor(map.pixel(x, y))); }))
+        colours.push_back(shown(bare));
     return colours;
 }
 
@@ -176,21 +180,10 @@ QImage read_map_image() {
     return map.convertToFormat(QImage::Format_RGB32);
 }
 
-QImage map_sheet(const MapSheetContent& content) {
-    constexpr int font_height = 15; // pixels
-    QImage sheet(MapSheet::width, MapSheet::height, QImage::Format_RGB32);
-    sheet.fill(paper);
-    QPainter painter(&sheet);
-    painter.drawImage(0, 0, content.map);
-    paint_points(painter, content.points);
-    painter.setLayoutDirection(content.language == Language::arabic ? Qt::RightToLeft : Qt::LeftToRight);
-    QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
-    font.setPixelSize(font_height);
-    font.setStyleStrategy(QFont::NoSubpixelAntialias);
-    painter.setFont(font);
-    write_information(painter, content);
-    write_legend(painter, content);
-    return sheet;
+QImage map_sheet(const QImage& map, const MapSheetContent& content) {
+    SheetImage sheet(map, content.letter == 'A' ? Qt::RightToLeft : Qt::LeftToRight);
+    paint_sheet(sheet, content);
+    return sheet.finished();
 }
 
 GifPicture indexed_picture(const QImage& image) {

@@ -1,12 +1,11 @@
 #pragma once
 
 #include "crescent/gif.h"
-#include "crescent/maptexts.h"
-#include "panel/language.h"
+#include "crescent/mapsheet.h"
+#include "crescent/sheetpainter.h"
 
 #include <QColor>
 #include <QImage>
-#include <QStringList>
 #include <vector>
 
 namespace halvane {
@@ -21,22 +20,21 @@ std::vector<QColor> bare_colours(const QImage& map);
 /// The first of them, for the legend.
 QColor bare_colour(const QImage& map);
 
-/// The colours of words and marks, and of what lies under them.
-QColor map_ink();
-QColor map_paper();
+/// A colour of the map as the toolkit has it, and back.
+QColor shown(const ClassColour& colour);
+ClassColour plain(const QColor& colour);
 
-/// What a saved map shows.
-struct MapSheetContent {
-    QImage map;
-    std::vector<MapPoint> points;
-    QStringList information;
-    std::vector<LegendLine> legend;
-    Language language = Language::english;
-};
+/// The colours of words and marks, and of what lies under them.
+inline QColor map_ink() {
+    return shown(MapSheet::ink);
+}
+inline QColor map_paper() {
+    return shown(MapSheet::paper);
+}
 
 /// A map with its marks, and with its information and legend below it, as it is saved; mirrored below the map
 /// in Arabic.
-QImage map_sheet(const MapSheetContent& content);
+QImage map_sheet(const QImage& map, const MapSheetContent& content);
 
 /// The picture in at most 256 colours: those of the classes and of the words first, then the most frequent
 /// others; every further colour takes the nearest of these.

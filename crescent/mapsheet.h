@@ -26,6 +26,8 @@ struct MapSheet {
     static constexpr int swatch_top(int line) { return line_top(line) + 4; }
     static constexpr int mark_left = legend_left + swatch + margin / 2; ///< of a line's mark
     static constexpr int words_left = mark_left + margin + margin / 2;  ///< of a line's words
+    static constexpr ClassColour ink{34, 40, 49};                       ///< of words and marks
+    static constexpr ClassColour paper{255, 255, 255};                  ///< under them
 };
 
 /// Height of the figures that mark the classes on the map                            [pixels of the map]

@@ -1,8 +1,6 @@
 #include "crescent/mapview.h"
 
 #include "crescent/mapimage.h"
-#include "crescent/mapsheet.h"
-#include "crescent/maptexts.h"
 
 #include <QFontDatabase>
 #include <QMouseEvent>
@@ -13,34 +11,30 @@
 
 namespace halvane {
 
-void draw_map_point(QPainter& painter, const MapPoint& point) {
+void draw_map_circle(QPainter& painter, const MapPixel& centre, const ClassColour& colour) {
     constexpr double pixel_centre = 0.5;
-    if (point.visibility == VisibilityClass::not_possible)
-        return;
-    const ClassColour colour = class_colour(point.visibility);
-    painter.setPen(QPen(QColor(colour.red, colour.green, colour.blue), 1));
-    const MapPixel at = map_pixel(point.longitude, point.latitude);
+    painter.setPen(QPen(shown(colour), 1));
     if (painter.testRenderHint(QPainter::Antialiasing))
-        painter.drawEllipse(QPointF(at.x + pixel_centre, at.y + pixel_centre), map_point_radius,
+        painter.drawEllipse(QPointF(centre.x + pixel_centre, centre.y + pixel_centre), map_point_radius,
                             map_point_radius);
     else
-        painter.drawEllipse(QPoint(qRound(at.x), qRound(at.y)), map_point_radius, map_point_radius);
+        painter.drawEllipse(QPoint(qRound(centre.x), qRound(centre.y)), map_point_radius, map_point_radius);
 }
 
-void draw_map_mark(QPainter& painter, VisibilityClass visibility, const QPointF& centre, double scale) {
+void draw_map_mark(QPainter& painter, char figure, const MarkLook& look) {
     constexpr double rim = 4;
     QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
     font.setPixelSize(map_mark_height);
     font.setBold(true);
-    QPainterPath figure;
-    figure.addText(0, 0, font, QString(QLatin1Char(class_mark(visibility))));
+    QPainterPath path;
+    path.addText(0, 0, font, QString(QLatin1Char(figure)));
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(centre);
-    painter.scale(scale, scale);
-    painter.translate(-figure.boundingRect().center());
-    painter.strokePath(figure, QPen(map_paper(), rim, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.fillPath(figure, map_ink());
+    painter.translate(look.centre);
+    painter.scale(look.scale, look.scale);
+    painter.translate(-path.boundingRect().center());
+    painter.strokePath(path, QPen(shown(look.rim), rim, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.fillPath(path, shown(look.colour));
     painter.restore();
 }
 
@@ -111,7 +105,8 @@ void MapView::paint_new_points() {
     painter.translate(map_area().topLeft());
     painter.scale(scale(), scale());
     for (; painted_ < circles_.size(); ++painted_)
-        draw_map_point(painter, circles_[painted_]);
+        draw_map_circle(painter, map_pixel(circles_[painted_].longitude, circles_[painted_].latitude),
+                        class_colour(circles_[painted_].visibility));
 }
 
 void MapView::paintEvent(QPaintEvent* event) {
@@ -121,7 +116,7 @@ void MapView::paintEvent(QPaintEvent* event) {
     painter.setClipRegion(event->region());
     painter.drawPixmap(0, 0, layer_);
     for (const MapMark& mark : marks_)
-        draw_map_mark(painter, mark.visibility, place_of(mark.centre), std::max(scale(), 1.0));
+        draw_map_mark(painter, class_mark(mark.visibility), {place_of(mark.centre), std::max(scale(), 1.0)});
 }
 
 void MapView::mouseMoveEvent(QMouseEvent* event) {

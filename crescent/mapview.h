@@ -1,6 +1,7 @@
 #pragma once
 
 #include "crescent/mapmarks.h"
+#include "crescent/mapsheet.h"
 
 #include <QImage>
 #include <QPixmap>
@@ -11,14 +12,20 @@
 
 namespace halvane {
 
-/// Draws a point of the map in picture units: a circle of radius 2 with a line 1 wide, at the nearest whole
-/// pixel when edges are not smoothed.
-void draw_map_point(QPainter& painter, const MapPoint& point);
+/// Draws the circle of a point in picture units: of radius 2 with a line 1 wide, at the nearest whole pixel
+/// when edges are not smoothed.
+void draw_map_circle(QPainter& painter, const MapPixel& centre, const ClassColour& colour);
 
-/// Draws the mark of a class: its number in ink with a rim of paper, so that it can be read over circles of
-/// any colour. In     centre  where the figure stands
-///        scale   of the figure; 1 is for the map at its own size
-void draw_map_mark(QPainter& painter, VisibilityClass visibility, const QPointF& centre, double scale);
+/// The colours of a mark, and where and how large it stands.
+struct MarkLook {
+    QPointF centre;
+    double scale = 1; ///< 1 is for the map at its own size
+    ClassColour colour = MapSheet::ink;
+    ClassColour rim = MapSheet::paper;
+};
+
+/// Draws the mark of a class: its figure with a rim, so that it can be read over circles of any colour.
+void draw_map_mark(QPainter& painter, char figure, const MarkLook& look);
 
 /// The world map of a panel at any size: the picture scaled with its aspect kept, and the points drawn over
 /// it in vectors. Never mirrored.

@@ -137,7 +137,7 @@ constexpr bool every_row(Check check) {
 constexpr bool has_key_of_its_own(const CriterionRow& row) {
     return is_text(row.key) &&
            std::count_if(std::begin(table), std::end(table), [&row](const CriterionRow& other) {
-               return std::string_view(row.key) == other.key;
+               return is_text(other.key) && std::string_view(row.key) == other.key;
            }) == 1;
 }
 
@@ -178,6 +178,8 @@ static_assert(every_row([](const CriterionRow& row) {
                   return is_text(row.name.english) && is_text(row.name.arabic);
               }),
               "a criterion lacks its name in a language");
+static_assert(every_row([](const CriterionRow& row) { return row.moment != ObservationMoment{}; }),
+              "a criterion has no moment of observation");
 static_assert(every_row([](const CriterionRow& row) { return row.measure != nullptr; }),
               "a criterion has no measure");
 static_assert(every_row(has_whole_lines), "a criterion lacks a line of its legend in a language");

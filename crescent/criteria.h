@@ -21,8 +21,8 @@ inline constexpr Criterion report_criterion = Criterion::vesk;
 
 /// The moment that a criterion judges an evening or a morning by.
 enum class ObservationMoment {
-    best_time, ///< four ninths of the lag from the Sun's event
-    sun_event, ///< sunset or sunrise
+    best_time = 1, ///< four ninths of the lag from the Sun's event
+    sun_event = 2, ///< sunset or sunrise
 };
 
 /// A line of the colour legend.

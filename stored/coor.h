@@ -1,29 +1,55 @@
 #pragma once
 
+#include "stored/date.h"
+#include "stored/fields.h"
+
 namespace halvane {
 
 /// `coor.vsk`: the choices of the ephemeris table, in the order of the file.
 struct EphemerisSettings {
-    int object = 0;           ///< 0 Sun, 1 Moon
-    bool local_ut1 = true;    ///< false: local dynamical time
-    bool geocentric = true;   ///< false: topocentric
-    double start_year = 2026; ///< local clock of the first row: year
-    double start_month = 1;   ///< local clock of the first row: month
-    double start_day = 1;     ///< local clock of the first row: day
-    double start_hour = 0;    ///< local clock of the first row: hour
-    double start_minute = 0;  ///< local clock of the first row: minute
-    double start_second = 0;  ///< local clock of the first row: second
-    double end_year = 2026;   ///< local clock of the last row: year
-    double end_month = 1;     ///< local clock of the last row: month
-    double end_day = 1;       ///< local clock of the last row: day
-    double end_hour = 0;      ///< local clock of the last row: hour
-    double end_minute = 0;    ///< local clock of the last row: minute
-    double end_second = 0;    ///< local clock of the last row: second
-    double interval = 1;      ///< magnitude of the whole part of the interval count
-    int unit = 3;             ///< unit of the interval: 0 second, 1 minute, 2 hour, 3 day
-    int summer_time = 0;      ///< 1: summer time applies to this run
+    int object = 0;
+    bool local_ut1 = true;
+    bool geocentric = true;
+    double start_year = 2026;
+    double start_month = 1;
+    double start_day = 1;
+    double start_hour = 0;
+    double start_minute = 0;
+    double start_second = 0;
+    double end_year = 2026;
+    double end_month = 1;
+    double end_day = 1;
+    double end_hour = 0;
+    double end_minute = 0;
+    double end_second = 0;
+    double interval = 1;
+    int unit = 3;
+    int summer_time = 0;
 
     bool operator==(const EphemerisSettings&) const = default;
+};
+
+/// What they are, in the order of the file.
+inline constexpr FieldList coor_fields{
+    Field(&EphemerisSettings::object, kind::WholeNumber{}, "0 Sun, 1 Moon"),
+    Field(&EphemerisSettings::local_ut1, kind::Boolean{}, "true: local UT1, false: local dynamical time"),
+    Field(&EphemerisSettings::geocentric, kind::Boolean{}, "true: geocentric, false: topocentric"),
+    Field(&EphemerisSettings::start_year, stored_year, "local clock of the first row: year"),
+    Field(&EphemerisSettings::start_month, stored_day, "local clock of the first row: month"),
+    Field(&EphemerisSettings::start_day, stored_day, "local clock of the first row: day"),
+    Field(&EphemerisSettings::start_hour, stored_day, "local clock of the first row: hour"),
+    Field(&EphemerisSettings::start_minute, stored_day, "local clock of the first row: minute"),
+    Field(&EphemerisSettings::start_second, stored_day, "local clock of the first row: second"),
+    Field(&EphemerisSettings::end_year, stored_year, "local clock of the last row: year"),
+    Field(&EphemerisSettings::end_month, stored_day, "local clock of the last row: month"),
+    Field(&EphemerisSettings::end_day, stored_day, "local clock of the last row: day"),
+    Field(&EphemerisSettings::end_hour, stored_day, "local clock of the last row: hour"),
+    Field(&EphemerisSettings::end_minute, stored_day, "local clock of the last row: minute"),
+    Field(&EphemerisSettings::end_second, stored_day, "local clock of the last row: second"),
+    Field(&EphemerisSettings::interval, kind::Number{}, "magnitude of the whole part of the interval count"),
+    Field(&EphemerisSettings::unit, kind::WholeNumber{},
+          "unit of the interval: 0 second, 1 minute, 2 hour, 3 day"),
+    Field(&EphemerisSettings::summer_time, kind::WholeNumber{}, "1: summer time applies to this run"),
 };
 
 /// The stored choices. Reads `coor.vsk`. The reference holds until the next read or write.

@@ -6,65 +6,7 @@
 namespace halvane {
 namespace {
 
-// Far beyond any place and any clock; what follows such a number would lose its minutes, or itself.
-constexpr double largest_angle_part = 1e6;
-constexpr double largest_zone = 1e6;
-
-void fill(RecordReader& reader, Location& record) {
-    record.name = reader.text();
-    record.longitude_degrees = reader.number_within(largest_angle_part);
-    record.longitude_minutes = reader.number_within(largest_angle_part);
-    record.longitude_seconds = reader.number_within(largest_angle_part);
-    record.latitude_degrees = reader.number_within(largest_angle_part);
-    record.latitude_minutes = reader.number_within(largest_angle_part);
-    record.latitude_seconds = reader.number_within(largest_angle_part);
-    record.elevation = reader.number();
-    record.zone = reader.number_within(largest_zone);
-    record.east = reader.boolean();
-    record.north = reader.boolean();
-    record.west = reader.boolean();
-    record.south = reader.boolean();
-    record.city_offset = reader.number();
-    record.pressure = reader.number();
-    record.temperature = reader.number();
-}
-
-Location parse(RecordReader& reader) {
-    Location record;
-    fill(reader, record);
-    return record;
-}
-
-Location blank() {
-    Location record;
-    record.pressure = record.temperature = 0;
-    return record;
-}
-
-std::string format(const Location& record) {
-    RecordWriter writer;
-    writer.text(record.name)
-        .number_within(record.longitude_degrees, largest_angle_part)
-        .number_within(record.longitude_minutes, largest_angle_part)
-        .number_within(record.longitude_seconds, largest_angle_part)
-        .number_within(record.latitude_degrees, largest_angle_part)
-        .number_within(record.latitude_minutes, largest_angle_part)
-        .number_within(record.latitude_seconds, largest_angle_part)
-        .number(record.elevation)
-        .number_within(record.zone, largest_zone)
-        .boolean(record.east)
-        .boolean(record.north)
-        .boolean(record.west)
-        .boolean(record.south)
-        .number(record.city_offset)
-        .number(record.pressure)
-        .number(record.temperature);
-    return writer.line();
-}
-
-constexpr const char* file_name = "loc.vsk";
-
-StoredFile<Location> file(file_name, parse, format);
+StoredFile file("loc.vsk", loc_fields);
 
 double signed_angle(double degrees, double minutes, double seconds, bool positive) {
     const double angle = degrees + minutes / 60 + seconds / 3600;
@@ -96,7 +38,9 @@ const Location& read_loc() {
 }
 
 Location readable_loc() {
-    return read_while_sound(file_name, blank(), fill);
+    Location blank = loc_fields.blank();
+    blank.east = blank.north = true;
+    return file.readable(blank);
 }
 
 void write_loc(const Location& location) {

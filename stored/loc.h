@@ -1,5 +1,7 @@
 #pragma once
 
+#include "stored/fields.h"
+
 #include <string>
 
 namespace halvane {
@@ -14,17 +16,42 @@ struct Location {
     double latitude_degrees = 0;
     double latitude_minutes = 0;
     double latitude_seconds = 0;
-    double elevation = 0;    ///< above sea level [m]
-    double zone = 0;         ///< from Universal Time, east positive [h]
-    bool east = true;        ///< alone decides the sign of the longitude
-    bool north = true;       ///< alone decides the sign of the latitude
-    bool west = false;       ///< complement of `east`, not used
-    bool south = false;      ///< complement of `north`, not used
-    double city_offset = 0;  ///< how far east the observer is taken to stand for Fajer and Shuroq [km]
-    double pressure = 1010;  ///< [mb]
-    double temperature = 10; ///< [deg C]
+    double elevation = 0;
+    double zone = 0;
+    bool east = true;
+    bool north = true;
+    bool west = false;
+    bool south = false;
+    double city_offset = 0;
+    double pressure = 1010;
+    double temperature = 10;
 
     bool operator==(const Location&) const = default;
+};
+
+// Far beyond any place and any clock; what follows such a number would lose its minutes, or itself.
+inline constexpr kind::NumberWithin angle_part{1e6};
+inline constexpr kind::NumberWithin zone_hours{1e6};
+
+/// What they are, in the order of the file.
+inline constexpr FieldList loc_fields{
+    Field(&Location::name, kind::Text{}, "name of the place"),
+    Field(&Location::longitude_degrees, angle_part, "longitude, unsigned [deg]"),
+    Field(&Location::longitude_minutes, angle_part, "its minutes [arcmin]"),
+    Field(&Location::longitude_seconds, angle_part, "its seconds [arcsec]"),
+    Field(&Location::latitude_degrees, angle_part, "latitude, unsigned [deg]"),
+    Field(&Location::latitude_minutes, angle_part, "its minutes [arcmin]"),
+    Field(&Location::latitude_seconds, angle_part, "its seconds [arcsec]"),
+    Field(&Location::elevation, kind::Number{}, "elevation above sea level [m]"),
+    Field(&Location::zone, zone_hours, "time zone from Universal Time, east positive [h]"),
+    Field(&Location::east, kind::Boolean{}, "east; alone decides the sign of the longitude"),
+    Field(&Location::north, kind::Boolean{}, "north; alone decides the sign of the latitude"),
+    Field(&Location::west, kind::Boolean{}, "west, the complement of east; not used"),
+    Field(&Location::south, kind::Boolean{}, "south, the complement of north; not used"),
+    Field(&Location::city_offset, kind::Number{},
+          "how far east the observer is taken to stand for Fajer and Shuroq [km]"),
+    Field(&Location::pressure, kind::Number{}, "air pressure [mb]"),
+    Field(&Location::temperature, kind::Number{}, "air temperature [deg C]"),
 };
 
 /// Longitude [deg, east positive], from the parts and the flag.

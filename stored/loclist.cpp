@@ -22,26 +22,9 @@ constexpr const char* list_name = "loc.txt";
 /// What a broken edit of an earlier version has left.
 constexpr std::string_view earlier_working_copy = "temp.txt";
 
-bool flag_of(RecordReader& reader) {
-    return reader.number() == 1;
-}
-
 Location parse(RecordReader& reader) {
     Location record;
-    record.name = reader.text();
-    record.latitude_degrees = reader.number();
-    record.latitude_minutes = reader.number();
-    record.latitude_seconds = reader.number();
-    record.longitude_degrees = reader.number();
-    record.longitude_minutes = reader.number();
-    record.longitude_seconds = reader.number();
-    record.north = flag_of(reader);
-    record.east = flag_of(reader);
-    record.zone = reader.number();
-    record.elevation = reader.number();
-    record.city_offset = reader.number();
-    record.pressure = reader.number();
-    record.temperature = reader.number();
+    listed_fields.read(reader, record);
     record.south = !record.north;
     record.west = !record.east;
     return record;
@@ -52,25 +35,6 @@ void fill(RecordReader& reader, std::vector<Location>& locations) {
         reader.start_record();
         locations.push_back(parse(reader));
     }
-}
-
-std::string format(const Location& record) {
-    RecordWriter writer;
-    writer.text(record.name)
-        .number(record.latitude_degrees)
-        .number(record.latitude_minutes)
-        .number(record.latitude_seconds)
-        .number(record.longitude_degrees)
-        .number(record.longitude_minutes)
-        .number(record.longitude_seconds)
-        .number(record.north ? 1 : 0)
-        .number(record.east ? 1 : 0)
-        .number(record.zone)
-        .number(record.elevation)
-        .number(record.city_offset)
-        .number(record.pressure)
-        .number(record.temperature);
-    return writer.line();
 }
 
 /// The one edit of the list in this moment, by whatever process. What is locked is the program folder: the
@@ -120,7 +84,7 @@ void rewrite_list(std::string_view name, const std::string& added) {
     std::string lines;
     for (const Location& location : locations_of(edit.content(), program_path(list_name)))
         if (location.name != left_out)
-            lines += format(location);
+            lines += listed_fields.line(location);
     edit.replace(lines + added);
     std::error_code ignored;
     std::filesystem::remove(program_path(earlier_working_copy), ignored);
@@ -164,12 +128,12 @@ bool add_location(const Location& location) {
         return false;
     if (!content.empty() && content.back() != '\n')
         content += content.back() == '\r' ? "\n" : "\r\n";
-    edit.replace(content + format(location));
+    edit.replace(content + listed_fields.line(location));
     return true;
 }
 
 void modify_location(const Location& location) {
-    rewrite_list(location.name, format(location));
+    rewrite_list(location.name, listed_fields.line(location));
 }
 
 void delete_location(std::string_view name) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "stored/fields.h"
 #include "stored/loc.h"
 
 #include <optional>
@@ -8,6 +9,30 @@
 #include <vector>
 
 namespace halvane {
+
+/// A field of `loc.vsk` that `loc.txt` has too, in the form of that file.
+template <class Value, class Kind>
+constexpr auto listed_field(Value Location::*member, Kind what) {
+    return Field(member, what, loc_fields.meaning_of(member));
+}
+
+/// What `loc.txt` holds of a location, in the order of the file.
+inline constexpr FieldList listed_fields{
+    listed_field(&Location::name, kind::Text{}),
+    listed_field(&Location::latitude_degrees, kind::Number{}),
+    listed_field(&Location::latitude_minutes, kind::Number{}),
+    listed_field(&Location::latitude_seconds, kind::Number{}),
+    listed_field(&Location::longitude_degrees, kind::Number{}),
+    listed_field(&Location::longitude_minutes, kind::Number{}),
+    listed_field(&Location::longitude_seconds, kind::Number{}),
+    listed_field(&Location::north, kind::Flag{}),
+    listed_field(&Location::east, kind::Flag{}),
+    listed_field(&Location::zone, kind::Number{}),
+    listed_field(&Location::elevation, kind::Number{}),
+    listed_field(&Location::city_offset, kind::Number{}),
+    listed_field(&Location::pressure, kind::Number{}),
+    listed_field(&Location::temperature, kind::Number{}),
+};
 
 /// The saved locations of `loc.txt` in the file's order; the complement flags are set from the stored ones.
 /// Reads `loc.txt`.

@@ -5,21 +5,7 @@
 namespace halvane {
 namespace {
 
-PhaseSettings parse(RecordReader& reader) {
-    PhaseSettings record;
-    record.year = reader.text();
-    record.geocentric = reader.boolean();
-    record.local_ut1 = reader.boolean();
-    return record;
-}
-
-std::string format(const PhaseSettings& record) {
-    RecordWriter writer;
-    writer.text(record.year).boolean(record.geocentric).boolean(record.local_ut1);
-    return writer.line();
-}
-
-StoredFile<PhaseSettings> file("phase.vsk", parse, format);
+StoredFile file("phase.vsk", phase_fields);
 
 } // namespace
 

@@ -1,16 +1,25 @@
 #pragma once
 
+#include "stored/fields.h"
+
 #include <string>
 
 namespace halvane {
 
 /// `phase.vsk`: what the Moon phases panel last showed, in the order of the file.
 struct PhaseSettings {
-    std::string year = "2004"; ///< text of the year box
-    bool geocentric = true;    ///< false: topocentric
-    bool local_ut1 = true;     ///< false: local dynamical time
+    std::string year = "2004";
+    bool geocentric = true;
+    bool local_ut1 = true;
 
     bool operator==(const PhaseSettings&) const = default;
+};
+
+/// What they are, in the order of the file.
+inline constexpr FieldList phase_fields{
+    Field(&PhaseSettings::year, kind::Text{}, "text of the year box"),
+    Field(&PhaseSettings::geocentric, kind::Boolean{}, "true: geocentric, false: topocentric"),
+    Field(&PhaseSettings::local_ut1, kind::Boolean{}, "true: local UT1, false: local dynamical time"),
 };
 
 /// The stored choices. Reads `phase.vsk`. The reference holds until the next read or write.

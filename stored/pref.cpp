@@ -6,72 +6,7 @@
 namespace halvane {
 namespace {
 
-void fill(RecordReader& reader, Preferences& record) {
-    constexpr double largest_calendar_number = 9999;
-    record.fajer_angle = reader.number();
-    record.isha_angle = reader.number();
-    record.summer_from_month = reader.number_within(largest_calendar_number);
-    record.summer_from_day = reader.number_within(largest_calendar_number);
-    record.summer_to_month = reader.number_within(largest_calendar_number);
-    record.summer_to_day = reader.number_within(largest_calendar_number);
-    record.subtract_fajer = reader.number();
-    record.add_dhohur = reader.number();
-    record.add_maghreb = reader.number();
-    record.summer_time = reader.text();
-    record.elevation_fajer = reader.text();
-    record.asr_rule = reader.text();
-    record.clock_precision = reader.text();
-    record.english = reader.boolean();
-    record.elevation_setting = reader.text();
-    record.authority = reader.text();
-    record.add_asr = reader.number();
-    record.high_latitude = reader.number();
-}
-
-Preferences parse(RecordReader& reader) {
-    Preferences record;
-    fill(reader, record);
-    return record;
-}
-
-Preferences blank() {
-    Preferences record;
-    record.fajer_angle = record.isha_angle = 0;
-    record.summer_from_month = record.summer_from_day = 0;
-    record.summer_to_month = record.summer_to_day = 0;
-    for (std::string* text : {&record.summer_time, &record.elevation_fajer, &record.asr_rule,
-                              &record.clock_precision, &record.elevation_setting, &record.authority})
-        text->clear();
-    record.english = false;
-    return record;
-}
-
-std::string format(const Preferences& record) {
-    RecordWriter writer;
-    writer.number(record.fajer_angle)
-        .number(record.isha_angle)
-        .number(record.summer_from_month)
-        .number(record.summer_from_day)
-        .number(record.summer_to_month)
-        .number(record.summer_to_day)
-        .number(record.subtract_fajer)
-        .number(record.add_dhohur)
-        .number(record.add_maghreb)
-        .text(record.summer_time)
-        .text(record.elevation_fajer)
-        .text(record.asr_rule)
-        .text(record.clock_precision)
-        .boolean(record.english)
-        .text(record.elevation_setting)
-        .text(record.authority)
-        .number(record.add_asr)
-        .number(record.high_latitude);
-    return writer.line();
-}
-
-constexpr const char* file_name = "pref.vsk";
-
-StoredFile<Preferences> file(file_name, parse, format);
+StoredFile file("pref.vsk", pref_fields);
 
 } // namespace
 
@@ -90,7 +25,7 @@ const Preferences& read_pref() {
 }
 
 Preferences readable_pref() {
-    return read_while_sound(file_name, blank(), fill);
+    return file.readable(pref_fields.blank());
 }
 
 void write_pref(const Preferences& preferences) {

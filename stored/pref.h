@@ -1,31 +1,56 @@
 #pragma once
 
+#include "stored/date.h"
+#include "stored/fields.h"
+
 #include <string>
 
 namespace halvane {
 
 /// `pref.vsk`: the user's calculation and display choices, in the order of the file.
 struct Preferences {
-    double fajer_angle = 18;             ///< depression of the Sun at Fajer [deg]
-    double isha_angle = 18;              ///< depression of the Sun at Isha [deg]
-    double summer_from_month = 4;        ///< month in which summer time starts
-    double summer_from_day = 1;          ///< day of that month
-    double summer_to_month = 10;         ///< month in which summer time ends
-    double summer_to_day = 1;            ///< day of that month
-    double subtract_fajer = 0;           ///< safety margin [min]
-    double add_dhohur = 0;               ///< safety margin [min]
-    double add_maghreb = 0;              ///< safety margin [min]
-    std::string summer_time = "0";       ///< "1" summer time in the span above, "0" none
-    std::string elevation_fajer = "0";   ///< kept in the record, read by nothing
-    std::string asr_rule = "1";          ///< "1" standard shadow, else Hanafi
-    std::string clock_precision = "1";   ///< "1" minutes, "0" seconds
-    bool english = true;                 ///< false: Arabic
-    std::string elevation_setting = "0"; ///< "1" height above sea level affects rise and set
-    std::string authority = "1";         ///< row of the twilight authorities, "1" to "6"
-    double add_asr = 0;                  ///< safety margin [min]
-    double high_latitude = 0;            ///< 1: alternative Fajer and Isha at high latitudes
+    double fajer_angle = 18;
+    double isha_angle = 18;
+    double summer_from_month = 4;
+    double summer_from_day = 1;
+    double summer_to_month = 10;
+    double summer_to_day = 1;
+    double subtract_fajer = 0;
+    double add_dhohur = 0;
+    double add_maghreb = 0;
+    std::string summer_time = "0";
+    std::string elevation_fajer = "0";
+    std::string asr_rule = "1";
+    std::string clock_precision = "1";
+    bool english = true;
+    std::string elevation_setting = "0";
+    std::string authority = "1";
+    double add_asr = 0;
+    double high_latitude = 0;
 
     bool operator==(const Preferences&) const = default;
+};
+
+/// What they are, in the order of the file.
+inline constexpr FieldList pref_fields{
+    Field(&Preferences::fajer_angle, kind::Number{}, "depression of the Sun at Fajer [deg]"),
+    Field(&Preferences::isha_angle, kind::Number{}, "depression of the Sun at Isha [deg]"),
+    Field(&Preferences::summer_from_month, stored_day, "month in which summer time starts"),
+    Field(&Preferences::summer_from_day, stored_day, "day of that month"),
+    Field(&Preferences::summer_to_month, stored_day, "month in which summer time ends"),
+    Field(&Preferences::summer_to_day, stored_day, "day of that month"),
+    Field(&Preferences::subtract_fajer, kind::Number{}, "safety margin before Fajer [min]"),
+    Field(&Preferences::add_dhohur, kind::Number{}, "safety margin after Dhohur [min]"),
+    Field(&Preferences::add_maghreb, kind::Number{}, "safety margin after Maghreb [min]"),
+    Field(&Preferences::summer_time, kind::Text{}, "'1' summer time in the span above, '0' none"),
+    Field(&Preferences::elevation_fajer, kind::Text{}, "kept in the record, read by nothing"),
+    Field(&Preferences::asr_rule, kind::Text{}, "'1' standard shadow, else Hanafi"),
+    Field(&Preferences::clock_precision, kind::Text{}, "'1' minutes, '0' seconds"),
+    Field(&Preferences::english, kind::Boolean{}, "true: English, false: Arabic"),
+    Field(&Preferences::elevation_setting, kind::Text{}, "'1' height above sea level affects rise and set"),
+    Field(&Preferences::authority, kind::Text{}, "row of the twilight authorities, '1' to '6'"),
+    Field(&Preferences::add_asr, kind::Number{}, "safety margin after Asr [min]"),
+    Field(&Preferences::high_latitude, kind::Number{}, "1: alternative Fajer and Isha at high latitudes"),
 };
 
 /// The precision that modctim and the angle formats take: 0 seconds, 1 minutes, 2 for any other stored text.

@@ -11,6 +11,7 @@
 #include <string>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace halvane {
 
@@ -92,16 +93,30 @@ private:
     timespec path_tick_{}; ///< of the last look at the path
 };
 
+/// Reads the file `name` into `record` up to its first damage: what has been read by then stands, the rest
+/// stays as it was given. A missing file leaves the whole record so.
+/// In     fill  reads the fields in the order of the file
+template <class Record, class Fill>
+Record read_while_sound(const char* name, Record record, const Fill& fill) {
+    try {
+        const std::string path = program_path(name);
+        const std::string text = read_text_file(path);
+        RecordReader reader(text, path);
+        fill(reader, record);
+    } catch (const RunTimeFailure&) {
+        return record;
+    }
+    return record;
+}
+
 /// A stored file of one record. `read` gives the results of reading the file at every call at the price of
 /// one look at the file's identity; the record is parsed again only when that has changed.
-template <class Record>
+template <class Fields>
 class StoredFile {
 public:
-    using Parse = Record (*)(RecordReader&);
-    using Format = std::string (*)(const Record&);
+    using Record = typename Fields::Record;
 
-    constexpr StoredFile(const char* name, Parse parse, Format format)
-        : name_(name), parse_(parse), format_(format) {}
+    constexpr StoredFile(const char* name, const Fields& fields) : name_(name), fields_(fields) {}
 
     /// The stored record; the reference holds until the next call of `read` or `write`.
     const Record& read() {
@@ -116,7 +131,7 @@ public:
             const FileIdentity now = FileIdentity::of(path_);
             const std::string text = read_text_file(path_);
             RecordReader reader(text, path_);
-            record_ = parse_(reader);
+            record_ = parse(reader);
             identity_ = now;
             settled_ = now.settled_at(before);
             ++version_;
@@ -127,16 +142,16 @@ public:
     /// Rewrites the file whole, in one step.
     void write(const Record& record) {
         refresh_path();
-        const std::string line = format_(record);
+        const std::string line = fields_.line(record);
         record_.reset();
         save_text_file(path_, line);
     }
 
     /// `record` as `read` would give it after it had been written.
     Record reread(const Record& record) const {
-        const std::string line = format_(record);
+        const std::string line = fields_.line(record);
         RecordReader reader(line, path_);
-        return parse_(reader);
+        return parse(reader);
     }
 
     /// From now on `read` answers as if `record` had been written; the file is neither looked at nor touched.
@@ -147,6 +162,13 @@ public:
     void stop_supposing() {
         supposed_.reset();
         record_.reset();
+    }
+
+    /// The record as far as the file is sound: the fields from its first damage on, or without the file all,
+    /// are those of `record`. Raises nothing.
+    Record readable(Record record) const {
+        return read_while_sound(name_, std::move(record),
+                                [this](RecordReader& reader, Record& found) { fields_.read(reader, found); });
     }
 
     /// Changes whenever `read` answers from another record than before.
@@ -162,9 +184,14 @@ private:
         record_.reset();
     }
 
+    Record parse(RecordReader& reader) const {
+        Record record;
+        fields_.read(reader, record);
+        return record;
+    }
+
     const char* name_;
-    Parse parse_;
-    Format format_;
+    const Fields& fields_;
     std::string path_;
     unsigned generation_ = 0;
     unsigned version_ = 0;
@@ -174,21 +201,5 @@ private:
     FileIdentity identity_;
     bool settled_ = false;
 };
-
-/// Reads the file `name` into `record` up to its first damage: what has been read by then stands, the rest
-/// stays as it was given. A missing file leaves the whole record so.
-/// In     fill  reads the fields in the order of the file
-template <class Record>
-Record read_while_sound(const char* name, Record record, void (*fill)(RecordReader&, Record&)) {
-    try {
-        const std::string path = program_path(name);
-        const std::string text = read_text_file(path);
-        RecordReader reader(text, path);
-        fill(reader, record);
-    } catch (const RunTimeFailure&) {
-        return record;
-    }
-    return record;
-}
 
 } // namespace halvane

@@ -1,22 +1,40 @@
 #pragma once
 
+#include "stored/date.h"
+#include "stored/fields.h"
+
 namespace halvane {
 
 /// `tele.vsk`: the choices of the telescope panel, in the order of the file.
 struct TelescopeSettings {
-    double year = 2026;      ///< local date
-    double month = 1;        ///< local date
-    double day = 1;          ///< local date
-    double hour = 0;         ///< local clock [h]
-    double minute = 0;       ///< local clock [min]
-    bool airless = true;     ///< no refraction
-    bool refracted = false;  ///< with refraction
-    bool of_date = true;     ///< coordinates of date
-    bool j2000 = false;      ///< coordinates of J2000
-    int flip_vertical = 0;   ///< 1: vertical flip
-    int flip_horizontal = 0; ///< 1: horizontal flip
+    double year = 2026;
+    double month = 1;
+    double day = 1;
+    double hour = 0;
+    double minute = 0;
+    bool airless = true;
+    bool refracted = false;
+    bool of_date = true;
+    bool j2000 = false;
+    int flip_vertical = 0;
+    int flip_horizontal = 0;
 
     bool operator==(const TelescopeSettings&) const = default;
+};
+
+/// What they are, in the order of the file.
+inline constexpr FieldList tele_fields{
+    Field(&TelescopeSettings::year, stored_year, "local date: year"),
+    Field(&TelescopeSettings::month, stored_day, "local date: month"),
+    Field(&TelescopeSettings::day, stored_day, "local date: day"),
+    Field(&TelescopeSettings::hour, stored_day, "local clock [h]"),
+    Field(&TelescopeSettings::minute, stored_day, "local clock [min]"),
+    Field(&TelescopeSettings::airless, kind::Boolean{}, "no refraction"),
+    Field(&TelescopeSettings::refracted, kind::Boolean{}, "with refraction"),
+    Field(&TelescopeSettings::of_date, kind::Boolean{}, "coordinates of date"),
+    Field(&TelescopeSettings::j2000, kind::Boolean{}, "coordinates of J2000"),
+    Field(&TelescopeSettings::flip_vertical, kind::WholeNumber{}, "1: vertical flip"),
+    Field(&TelescopeSettings::flip_horizontal, kind::WholeNumber{}, "1: horizontal flip"),
 };
 
 /// The stored choices. Reads `tele.vsk`. The reference holds until the next read or write.

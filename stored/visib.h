@@ -1,31 +1,56 @@
 #pragma once
 
+#include "stored/fields.h"
+
 #include <string>
 
 namespace halvane {
 
 /// `visib.vsk`: the choices of the crescent visibility panel, in the order of the file.
 struct CrescentSettings {
-    std::string day = "1";           ///< Gregorian day of the approximate date
-    std::string month = "1";         ///< Gregorian month
-    std::string year = "2026";       ///< Gregorian year
-    bool new_crescent = true;        ///< false: old crescent
-    bool geocentric = false;         ///< false: topocentric
-    bool day_of_conjunction = false; ///< calculate for the day of the conjunction
-    bool one_day = true;             ///< one day after (new) or before (old) it
-    bool two_days = false;           ///< two days after or before it
-    bool at_sun = false;             ///< at sunset (new) or sunrise (old)
-    bool at_moon = false;            ///< at moonset (new) or moonrise (old)
-    bool at_best_time = true;        ///< at Best Time
-    bool at_user_time = false;       ///< at the time of the next two fields
-    std::string user_hour = "18";    ///< local clock [h]
-    std::string user_minute = "0";   ///< local clock [min]
-    bool gregorian = true;           ///< the date is entered in the Gregorian calendar; decides
-    bool hijri = false;              ///< the date is entered in the Hijri calendar
-    int hijri_month = 0;             ///< index of the Hijri month, 0 for Muharram
-    std::string hijri_year = "1448"; ///< Hijri year
+    std::string day = "1";
+    std::string month = "1";
+    std::string year = "2026";
+    bool new_crescent = true;
+    bool geocentric = false;
+    bool day_of_conjunction = false;
+    bool one_day = true;
+    bool two_days = false;
+    bool at_sun = false;
+    bool at_moon = false;
+    bool at_best_time = true;
+    bool at_user_time = false;
+    std::string user_hour = "18";
+    std::string user_minute = "0";
+    bool gregorian = true;
+    bool hijri = false;
+    int hijri_month = 0;
+    std::string hijri_year = "1448";
 
     bool operator==(const CrescentSettings&) const = default;
+};
+
+/// What they are, in the order of the file.
+inline constexpr FieldList visib_fields{
+    Field(&CrescentSettings::day, kind::Text{}, "Gregorian day of the approximate date"),
+    Field(&CrescentSettings::month, kind::Text{}, "its month"),
+    Field(&CrescentSettings::year, kind::Text{}, "its year"),
+    Field(&CrescentSettings::new_crescent, kind::Boolean{}, "true: new crescent, false: old crescent"),
+    Field(&CrescentSettings::geocentric, kind::Boolean{}, "true: geocentric, false: topocentric"),
+    Field(&CrescentSettings::day_of_conjunction, kind::Boolean{}, "calculate for the day of the conjunction"),
+    Field(&CrescentSettings::one_day, kind::Boolean{}, "one day after (new) or before (old) it"),
+    Field(&CrescentSettings::two_days, kind::Boolean{}, "two days after or before it"),
+    Field(&CrescentSettings::at_sun, kind::Boolean{}, "at sunset (new) or sunrise (old)"),
+    Field(&CrescentSettings::at_moon, kind::Boolean{}, "at moonset (new) or moonrise (old)"),
+    Field(&CrescentSettings::at_best_time, kind::Boolean{}, "at Best Time"),
+    Field(&CrescentSettings::at_user_time, kind::Boolean{}, "at the time of the next two fields"),
+    Field(&CrescentSettings::user_hour, kind::Text{}, "local clock [h]"),
+    Field(&CrescentSettings::user_minute, kind::Text{}, "local clock [min]"),
+    Field(&CrescentSettings::gregorian, kind::Boolean{},
+          "the date is entered in the Gregorian calendar; decides"),
+    Field(&CrescentSettings::hijri, kind::Boolean{}, "the date is entered in the Hijri calendar"),
+    Field(&CrescentSettings::hijri_month, kind::WholeNumber{}, "index of the Hijri month, 0 for Muharram"),
+    Field(&CrescentSettings::hijri_year, kind::Text{}, "Hijri year"),
 };
 
 /// The stored choices. Reads `visib.vsk`. The reference holds until the next read or write.

@@ -5,7 +5,7 @@
 #include "phases/phasereport.h"
 #include "routines/namedengine.h"
 #include "routines/series.h"
-#include "tools/measuring/scratchfolder.h"
+#include "tests/support/programfolder.h"
 
 #include <benchmark/benchmark.h>
 
@@ -14,7 +14,7 @@ namespace {
 using namespace halvane;
 
 void phases_of_a_year(benchmark::State& state, bool geocentric) {
-    const ScratchFolder folder;
+    const TemporaryProgramFolder folder;
     load_series();
     bench::NoProgress progress;
     const PhaseYear year = phase_year({"2026", geocentric, true}, proposed_delta_t("2026"));
@@ -29,7 +29,7 @@ BENCHMARK_CAPTURE(phases_of_a_year, topocentric, false)
     ->Unit(benchmark::kMillisecond);
 
 void crescent_report(benchmark::State& state) {
-    const ScratchFolder folder;
+    const TemporaryProgramFolder folder;
     load_series();
     const CrescentSettings& settings = read_visib();
     for ([[maybe_unused]] auto step : state)
@@ -45,7 +45,7 @@ public:
 };
 
 void visibility_map(benchmark::State& state, Criterion criterion) {
-    const ScratchFolder folder;
+    const TemporaryProgramFolder folder;
     load_series();
     find_conjunction(named_ephemeris(), read_visib());
     MapRun run;

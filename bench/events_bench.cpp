@@ -4,7 +4,7 @@
 #include "events/riseset.h"
 #include "routines/riseset.h"
 #include "routines/series.h"
-#include "tools/measuring/scratchfolder.h"
+#include "tests/support/programfolder.h"
 
 #include <benchmark/benchmark.h>
 
@@ -13,7 +13,7 @@ namespace {
 using namespace halvane;
 
 void rise_and_set(benchmark::State& state, const char* body) {
-    const ScratchFolder folder;
+    const TemporaryProgramFolder folder;
     load_series();
     double jd0 = epoch_j2000 - 0.5 - 3.0 / 24;
     for ([[maybe_unused]] auto step : state) {
@@ -29,7 +29,7 @@ BENCHMARK_CAPTURE(rise_and_set, fajer, "Fajer")->Name("modriseset Fajer");
 BENCHMARK_CAPTURE(rise_and_set, asr, "Asr")->Name("modriseset Asr");
 
 void fast_rise_and_set(benchmark::State& state, const char* body) {
-    const ScratchFolder folder;
+    const TemporaryProgramFolder folder;
     load_mterm();
     double jd = epoch_j2000 - 0.5;
     for ([[maybe_unused]] auto step : state) {

@@ -8,7 +8,7 @@
 #include "routines/moon.h"
 #include "routines/series.h"
 #include "routines/sun.h"
-#include "tools/measuring/scratchfolder.h"
+#include "tests/support/programfolder.h"
 
 #include <benchmark/benchmark.h>
 
@@ -25,7 +25,7 @@ double next_hour() {
 /// Times calls of `routine(jd)` with the delivered settings and series in place.
 template <class Routine>
 void run(benchmark::State& state, Routine routine) {
-    const ScratchFolder folder;
+    const TemporaryProgramFolder folder;
     load_series();
     for ([[maybe_unused]] auto step : state)
         benchmark::DoNotOptimize(routine(next_hour()));

@@ -1,4 +1,5 @@
 #include "bench/noprogress.h"
+#include "bench/storedyear.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/series.h"
 #include "prayer/moonday.h"
@@ -7,7 +8,7 @@
 #include "prayer/prayerrun.h"
 #include "routines/namedengine.h"
 #include "routines/series.h"
-#include "tools/measuring/scratchfolder.h"
+#include "tests/support/programfolder.h"
 
 #include <benchmark/benchmark.h>
 
@@ -16,7 +17,7 @@ namespace {
 using namespace halvane;
 
 void day_of_prayers(benchmark::State& state) {
-    const ScratchFolder folder;
+    const TemporaryProgramFolder folder;
     load_series();
     const PrayerSettings settings = read_prayer_settings(DayMode::report);
     double jd = epoch_j2000 - 0.5;
@@ -26,7 +27,7 @@ void day_of_prayers(benchmark::State& state) {
 BENCHMARK(day_of_prayers)->Unit(benchmark::kMicrosecond);
 
 void day_of_the_moon(benchmark::State& state) {
-    const ScratchFolder folder;
+    const TemporaryProgramFolder folder;
     load_series();
     double jd = epoch_j2000 - 0.5;
     for ([[maybe_unused]] auto step : state)
@@ -35,9 +36,9 @@ void day_of_the_moon(benchmark::State& state) {
 BENCHMARK(day_of_the_moon)->Unit(benchmark::kMicrosecond);
 
 void report_of_a_year(benchmark::State& state, RunOutcome (*report)(const TheoryPointer&, Progress&)) {
-    const ScratchFolder folder;
+    const TemporaryProgramFolder folder;
     load_series();
-    store_year(2026);
+    bench::store_year(2026);
     bench::NoProgress progress;
     for ([[maybe_unused]] auto step : state)
         report(loaded_theory(), progress);

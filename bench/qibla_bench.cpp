@@ -1,11 +1,12 @@
 #include "bench/noprogress.h"
+#include "bench/storedyear.h"
 #include "calendar/moddeltat.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/series.h"
 #include "qibla/qiblahrun.h"
 #include "routines/namedengine.h"
 #include "routines/series.h"
-#include "tools/measuring/scratchfolder.h"
+#include "tests/support/programfolder.h"
 
 #include <benchmark/benchmark.h>
 
@@ -14,7 +15,7 @@ namespace {
 using namespace halvane;
 
 void day_of_the_qiblah(benchmark::State& state) {
-    const ScratchFolder folder;
+    const TemporaryProgramFolder folder;
     load_series();
     QiblahSearch search;
     search.observer = stored_observer();
@@ -28,9 +29,9 @@ void day_of_the_qiblah(benchmark::State& state) {
 BENCHMARK(day_of_the_qiblah)->Unit(benchmark::kMicrosecond);
 
 void qiblah_report_of_a_year(benchmark::State& state, QiblahMark mark) {
-    const ScratchFolder folder;
+    const TemporaryProgramFolder folder;
     load_series();
-    store_year(2026);
+    bench::store_year(2026);
     bench::NoProgress progress;
     for ([[maybe_unused]] auto step : state)
         write_qiblah_report(loaded_theory(), progress, stored_qiblah_direction(), mark);

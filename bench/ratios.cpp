@@ -1,6 +1,7 @@
 #include "base/switchguard.h"
 #include "bench/noprogress.h"
 #include "bench/programrun.h"
+#include "bench/storedyear.h"
 #include "bench/swisswork.h"
 #include "bench/timing.h"
 #include "bench/yearofhours.h"
@@ -25,8 +26,8 @@
 #include "stored/loc.h"
 #include "stored/pref.h"
 #include "tables/ephemeristable.h"
+#include "tests/support/programfolder.h"
 #include "tools/measuring/random.h"
-#include "tools/measuring/scratchfolder.h"
 
 #include <algorithm>
 #include <cmath>
@@ -189,7 +190,7 @@ Work for_each(const std::vector<double>& instants, Place place) {
 }
 
 bool print_ratios() {
-    const ScratchFolder folder;
+    const TemporaryProgramFolder folder;
     load_series();
     Preferences preferences = read_pref();
     preferences.clock_precision = "0";
@@ -255,7 +256,7 @@ bool print_ratios() {
 /// calculations. The report's file, which is forced onto the disk, is not in it.
 bool print_crescent() {
     constexpr int places = 60;
-    const ScratchFolder folder;
+    const TemporaryProgramFolder folder;
     load_series();
     CrescentSettings settings;
     settings.day = "17";
@@ -300,15 +301,15 @@ bool print_programs() {
     constexpr double most_megabytes = 40;
     constexpr double longest_loading = 10;
     constexpr int runs = 15;
-    const ScratchFolder folder;
+    const TemporaryProgramFolder folder;
     store_year(2026);
     std::printf("\n| Work | Measured | Must |\n|---|---:|---:|\n");
     bool kept = true;
     for (const Report& report : reports) {
         ProgramRun best{HUGE_VAL, 0};
         for (int run = 0; run < runs; ++run) {
-            const ProgramRun now =
-                run_program({HALVANE_REPORT, "--folder", folder.path(), report.task}, folder.path());
+            const ProgramRun now = run_program(
+                {HALVANE_REPORT, "--folder", folder.path().string(), report.task}, folder.path().string());
             best = {std::min(best.seconds, now.seconds), std::max(best.megabytes, now.megabytes)};
         }
         const double time = best.seconds * milliseconds;

@@ -1,6 +1,6 @@
 #include "ephemeris/series.h"
 #include "routines/series.h"
-#include "tools/measuring/scratchfolder.h"
+#include "tests/support/programfolder.h"
 
 #include <benchmark/benchmark.h>
 
@@ -9,7 +9,7 @@ namespace {
 using namespace halvane;
 
 void loading_of_the_series(benchmark::State& state) {
-    const ScratchFolder folder;
+    const TemporaryProgramFolder folder;
     for ([[maybe_unused]] auto step : state)
         load_series();
 }

@@ -4,7 +4,7 @@
 #include "routines/series.h"
 #include "tables/ephemeristable.h"
 #include "telescope/pointing.h"
-#include "tools/measuring/scratchfolder.h"
+#include "tests/support/programfolder.h"
 
 #include <benchmark/benchmark.h>
 
@@ -13,7 +13,7 @@ namespace {
 using namespace halvane;
 
 void table_of_a_year(benchmark::State& state, int object) {
-    const ScratchFolder folder;
+    const TemporaryProgramFolder folder;
     load_series();
     const EphemerisSettings settings = bench::year_of_hours(object);
     bench::NoProgress progress;
@@ -28,7 +28,7 @@ BENCHMARK_CAPTURE(table_of_a_year, moon, 1)
     ->Unit(benchmark::kMillisecond);
 
 void pointing_of_the_telescope(benchmark::State& state) {
-    const ScratchFolder folder;
+    const TemporaryProgramFolder folder;
     load_series();
     TelescopeSettings settings;
     settings.year = 2024;

@@ -3,32 +3,25 @@
 #include "base/failure.h"
 #include "fuzz/require.h"
 #include "stored/programfolder.h"
+#include "tests/support/programfolder.h"
 
 #include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <string>
-
-#include <unistd.h>
 
 namespace halvane::fuzz {
 namespace {
 
 /// In memory where the system has such a place: a save flushes to disk.
-std::string make_folder() {
+std::filesystem::path fast_base() {
     namespace fs = std::filesystem;
-    const fs::path base = fs::is_directory("/dev/shm") ? fs::path("/dev/shm") : fs::temp_directory_path();
-    const fs::path folder = base / ("halvane_fuzz." + std::to_string(::getpid()));
-    fs::create_directory(folder);
-    return folder.string();
+    return fs::is_directory("/dev/shm") ? fs::path("/dev/shm") : fs::temp_directory_path();
 }
 
 /// The folder of this process, which becomes the program folder: every reader drops the copy it keeps.
-const std::string& use_folder() {
-    static const std::string folder = make_folder();
-    static const int removal = std::atexit([] { std::filesystem::remove_all(folder); });
-    require(removal == 0);
-    set_program_folder(folder);
+const TemporaryFolder& use_folder() {
+    static const TemporaryFolder folder(fast_base());
+    set_program_folder(folder.path().string());
     return folder;
 }
 
@@ -48,7 +41,7 @@ std::string words_of_failure(const std::function<void()>& work) {
 
 void read_input(const char* name, const std::uint8_t* data, std::size_t size,
                 const std::function<void()>& read) {
-    std::FILE* file = std::fopen((use_folder() + "/" + name).c_str(), "wb");
+    std::FILE* file = std::fopen((use_folder() / name).c_str(), "wb");
     require(file != nullptr && (size == 0 || std::fwrite(data, 1, size, file) == size));
     require(std::fclose(file) == 0);
     use_folder();

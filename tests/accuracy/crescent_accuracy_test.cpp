@@ -61,7 +61,7 @@ protected:
             GTEST_SKIP() << why;
         load_series();
     }
-    TestProgramFolder folder{HALVANE_DATA};
+    TemporaryProgramFolder folder;
 };
 
 /// How far the Swiss Ephemeris' own instant is from `tt`, by its elongation there and its speed       [s]

@@ -2,8 +2,8 @@
 #include "ephemeris/series.h"
 #include "ephemeris/seriessums.h"
 #include "routines/series.h"
+#include "tests/support/programfolder.h"
 #include "tools/measuring/random.h"
-#include "tools/measuring/scratchfolder.h"
 
 #include <cmath>
 #include <vector>
@@ -105,7 +105,7 @@ protected:
     void SetUp() override { load_series(); }
 
 private:
-    ScratchFolder folder_;
+    TemporaryProgramFolder folder_;
 };
 
 TEST_F(LoadedSeriesSums, SunsSeriesAgreeWithAPlainLoop) {

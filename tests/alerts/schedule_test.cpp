@@ -43,7 +43,7 @@ TheoryPointer theory_of_the_sun() {
 
 class ScheduleTest : public ::testing::Test {
 protected:
-    ScheduleTest() : folder_(HALVANE_DATA) {
+    ScheduleTest() {
         write_loc(place_at({35, 54}, {31, 57}, 2));
         settings_.window_and_athan = 1;
         store();
@@ -118,7 +118,7 @@ protected:
         }
     }
 
-    TestProgramFolder folder_;
+    TemporaryProgramFolder folder_;
     AlertSettings settings_;
     AlertSchedule schedule_{theory_of_the_sun()};
 };
@@ -461,23 +461,23 @@ TEST_F(ScheduleTest, DaysWithoutTimesHaveNoAlerts) {
 }
 
 TEST_F(ScheduleTest, AMissingFileIsAFailure) {
-    std::filesystem::remove(folder_.path("alert.vsk"));
+    folder_.erase("alert.vsk");
     EXPECT_THROW(schedule_.due(universal(TestClock::at(2024, 6, 20))), RunTimeFailure);
 }
 
 TEST_F(ScheduleTest, FilesThatGoAwayForAWhileLeaveTheLastSoundSettings) {
     const Time dhohur = time_of(Prayer::dhohur, TestClock::at(2024, 6, 20));
     EXPECT_TRUE(run(dhohur - 1min, dhohur - 40s).empty());
-    const std::string sound = folder_.content("pref.vsk");
-    std::filesystem::remove(folder_.path("pref.vsk"));
+    const std::string sound = folder_.read("pref.vsk");
+    folder_.erase("pref.vsk");
     const std::vector<Seen> seen = run(dhohur - 40s, dhohur + 1min);
     ASSERT_EQ(seen.size(), 1U);
     EXPECT_EQ(seen[0].at, dhohur);
     ASSERT_TRUE(schedule_.trouble());
-    EXPECT_EQ(schedule_.trouble()->file, folder_.path("pref.vsk"));
+    EXPECT_EQ(schedule_.trouble()->file, (folder_ / "pref.vsk").string());
     EXPECT_EQ(schedule_.trouble()->kind, FailureKind::missing_file);
     EXPECT_EQ(schedule_.coming(universal(dhohur + 1min))->prayer, Prayer::aser);
-    folder_.put("pref.vsk", sound);
+    folder_.write("pref.vsk", sound);
     run(dhohur + 1min, dhohur + 1min + 11s);
     EXPECT_FALSE(schedule_.trouble());
 }
@@ -486,7 +486,7 @@ TEST_F(ScheduleTest, FilesThatAreAwayOverMidnightStillAlertForTheNewDay) {
     const Time day = TestClock::at(2024, 6, 20);
     run(day + 23h, day + 23h + 10s);
     const std::multimap<Time, Prayer> expected = prayers(day + 24h, day + 48h);
-    std::filesystem::remove(folder_.path("loc.vsk"));
+    folder_.erase("loc.vsk");
     std::vector<Seen> seen;
     for (Time time = day + 23h + 10s; time < day + 48h; time += 1s)
         for (Alert& alert : schedule_.due(TestClock::shown(time - 2h)))
@@ -495,11 +495,11 @@ TEST_F(ScheduleTest, FilesThatAreAwayOverMidnightStillAlertForTheNewDay) {
 }
 
 TEST_F(ScheduleTest, ADamagedPlaceIsAFailureThatIsRaisedUntilItIsMended) {
-    const std::string sound = folder_.content("loc.vsk");
-    folder_.put("loc.vsk", "\"Amman\",35\r\n");
+    const std::string sound = folder_.read("loc.vsk");
+    folder_.write("loc.vsk", "\"Amman\",35\r\n");
     EXPECT_THROW(schedule_.due(universal(TestClock::at(2024, 6, 20))), RunTimeFailure);
     EXPECT_THROW(schedule_.due(universal(TestClock::at(2024, 6, 20))), RunTimeFailure);
-    folder_.put("loc.vsk", sound);
+    folder_.write("loc.vsk", sound);
     EXPECT_NO_THROW(schedule_.due(universal(TestClock::at(2024, 6, 20))));
 }
 

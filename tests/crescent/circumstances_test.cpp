@@ -59,7 +59,7 @@ protected:
     }
     std::string report(const CrescentSettings& settings) {
         write_crescent_report(loaded_theory(), settings, find_conjunction(named_ephemeris(), settings));
-        return folder.content("visib.out");
+        return folder.read("visib.out");
     }
     Preferences preferences;
 };
@@ -289,7 +289,7 @@ TEST_F(Circumstance, PolarPlaceWithoutMoonsetGetsTheShortReport) {
     const CrescentSettings settings = timed(crescent_near(20, 12, 2025), 2, 1);
     EXPECT_FALSE(
         write_crescent_report(loaded_theory(), settings, find_conjunction(named_ephemeris(), settings)));
-    const std::string text = folder.content("visib.out");
+    const std::string text = folder.read("visib.out");
     EXPECT_EQ(text.find("* Settings"), std::string::npos);
     EXPECT_TRUE(text.ends_with("Moonset/Moonrise event(s).\r\n"));
 }
@@ -373,8 +373,8 @@ TEST_F(Circumstance, EventsAreThoseOfThePrayerAndTheMoonReport) {
                 const std::size_t start = text.rfind("\r\n" + date_text(date) + " ") + 2;
                 return text.substr(start, text.find("\r\n", start) - start);
             };
-            const std::string prayers = row_of(folder.content("results.out"));
-            const std::string moon = row_of(folder.content("mresults.out"));
+            const std::string prayers = row_of(folder.read("results.out"));
+            const std::string moon = row_of(folder.read("mresults.out"));
             const auto event = [&crescent](const char* label) {
                 return value_behind(crescent, label).substr(0, 8);
             };
@@ -410,7 +410,7 @@ TEST_F(Circumstance, FarYearsEndInAReportOrAClearFailure) {
 
 TEST_F(Circumstance, LettersInTheStoredTextsTakeTheNumberBeforeThem) {
     const auto written = [this](const char* record) {
-        std::ofstream(folder.path("visib.vsk"), std::ios::binary) << record;
+        std::ofstream((folder / "visib.vsk").string(), std::ios::binary) << record;
         return report(read_visib());
     };
     const std::string plain =

@@ -4,15 +4,14 @@
 #include "routines/series.h"
 #include "routines/tdtinput.h"
 #include "stored/pref.h"
-#include "stored/programfolder.h"
 #include "stored/textfile.h"
 #include "tests/support/places.h"
+#include "tests/support/programfolder.h"
 
 #include <array>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <string>
-#include <unistd.h>
 
 namespace halvane {
 namespace {
@@ -23,18 +22,11 @@ using Texts = std::array<std::string, 3>;
 /// A program folder of Amman's with the delivered series.
 class CrescentRulesTest : public ::testing::Test {
 protected:
-    CrescentRulesTest()
-        : folder_(fs::temp_directory_path() / ("crescent_form-" + std::to_string(::getpid()))) {
-        fs::create_directories(folder_);
-        for (const char* name : {"termfull.vsk", "term.vsk", "mterm.vsk", "elp.vsk"})
-            if (!fs::exists(folder_ / name))
-                fs::create_symlink(fs::path(HALVANE_DATA) / name, folder_ / name);
-        set_program_folder(folder_.string());
+    CrescentRulesTest() {
         write_pref(Preferences{});
         write_loc(place_at({35, 56}, {31, 57}, 2, "Amman"));
         load_series();
     }
-    ~CrescentRulesTest() override { fs::remove_all(folder_); }
 
     /// Choices for 29 March 2025, the day of a conjunction at 10:58 UT (Astronomical Almanac).
     static CrescentSettings march_2025() {
@@ -48,7 +40,7 @@ protected:
     std::string report() const { return read_text_file((folder_ / "visib.out").string()); }
 
 private:
-    fs::path folder_;
+    TemporaryProgramFolder folder_;
 };
 
 TEST(CrescentRulesTexts, DaysAreNamedByTheKindOfCrescent) {

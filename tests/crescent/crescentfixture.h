@@ -38,7 +38,7 @@ inline MapRun map_near(int day, int month, int year, CrescentKind kind, int choi
 class CrescentTest : public ::testing::Test {
 protected:
     CrescentTest() { load_series(); }
-    TestProgramFolder folder{HALVANE_DATA};
+    TemporaryProgramFolder folder;
 };
 
 } // namespace halvane

@@ -1,5 +1,6 @@
 #include "crescent/gif.h"
 #include "tests/crescent/gif_pictures.h"
+#include "tests/support/programfolder.h"
 
 #include <array>
 #include <cstdlib>
@@ -184,12 +185,6 @@ Bytes counting_indices(std::size_t count) {
 /// A folder of its own for one test, gone with it.
 class GifFile : public ::testing::Test {
 protected:
-    GifFile() {
-        std::string name = (std::filesystem::temp_directory_path() / "halvane-gif-XXXXXX").string();
-        folder_ = ::mkdtemp(name.data());
-    }
-    ~GifFile() override { std::filesystem::remove_all(folder_); }
-
     static Bytes read(const std::filesystem::path& file_name) {
         std::ifstream file(file_name, std::ios::binary);
         return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
@@ -198,10 +193,10 @@ protected:
         std::ofstream(file_name, std::ios::binary) << content;
     }
     [[nodiscard]] long file_count() const {
-        return std::distance(std::filesystem::directory_iterator(folder_), {});
+        return std::distance(std::filesystem::directory_iterator(folder_.path()), {});
     }
 
-    std::filesystem::path folder_;
+    TemporaryFolder folder_;
 };
 
 // -------------------------------------------------------------------------------------------------------

@@ -25,14 +25,15 @@ protected:
 
     /// Exit status; what it prints goes to the files `out` and `err` of the folder.
     int run(const std::string& arguments) const {
-        const std::string command = "'" HALVANE_REPORT "' --folder '" + folder.path("") + "' " + arguments +
-                                    " > '" + folder.path("out") + "' 2> '" + folder.path("err") + "'";
+        const std::string command = "'" HALVANE_REPORT "' --folder '" + (folder / "").string() + "' " +
+                                    arguments + " > '" + (folder / "out").string() + "' 2> '" +
+                                    (folder / "err").string() + "'";
         const int status = std::system(command.c_str());
         return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     }
     std::vector<std::string> lines(const std::string& name) const {
         std::vector<std::string> found;
-        std::istringstream stream(folder.content(name));
+        std::istringstream stream(folder.read(name));
         for (std::string line; std::getline(stream, line);)
             found.push_back(line);
         return found;
@@ -47,8 +48,8 @@ public:
 };
 
 TEST_F(MapBatch, TableHoldsHeadLinesAndEveryPointInDrawingOrder) {
-    const std::string path = folder.path("map.csv");
-    ASSERT_EQ(run("map --criterion yallop --day 2 --csv '" + path + "'"), 0) << folder.content("err");
+    const std::string path = (folder / "map.csv").string();
+    ASSERT_EQ(run("map --criterion yallop --day 2 --csv '" + path + "'"), 0) << folder.read("err");
     const std::vector<std::string> table = lines("map.csv");
     const std::vector<std::string> head{
         "# New Crescent Visibility", "# Yallop Criterion",      "# Shawwal 1446", "# Monday",
@@ -66,23 +67,23 @@ TEST_F(MapBatch, TableHoldsHeadLinesAndEveryPointInDrawingOrder) {
                                               std::to_string(point.latitude) + "," +
                                               std::to_string(static_cast<int>(point.visibility)));
     }
-    EXPECT_EQ(folder.content("out"), path + "\n");
+    EXPECT_EQ(folder.read("out"), path + "\n");
 }
 
 TEST_F(MapBatch, EveryCriterionOfTheTableIsOfferedAndDrawn) {
     ASSERT_EQ(run("map --help"), 0);
-    const std::string help = folder.content("out");
+    const std::string help = folder.read("out");
     for (const CriterionRow& criterion : criteria()) {
         EXPECT_NE(help.find(criterion.key), std::string::npos) << criterion.key;
         const std::string words = std::string("map --criterion ") + criterion.key;
-        ASSERT_EQ(run(words + " --csv '" + folder.path("map.csv") + "'"), 0) << folder.content("err");
+        ASSERT_EQ(run(words + " --csv '" + (folder / "map.csv").string() + "'"), 0) << folder.read("err");
         EXPECT_EQ(lines("map.csv")[1], std::string("# ") + criterion.name.english + " Criterion");
     }
 }
 
 TEST_F(MapBatch, PictureDecodesAndShowsItsPoints) {
-    const std::string path = folder.path("map picture.gif");
-    ASSERT_EQ(run("map --criterion vesk --output '" + path + "'"), 0) << folder.content("err");
+    const std::string path = (folder / "map picture.gif").string();
+    ASSERT_EQ(run("map --criterion vesk --output '" + path + "'"), 0) << folder.read("err");
     int error = 0;
     GifFileType* gif = DGifOpenFileName(path.c_str(), &error);
     ASSERT_NE(gif, nullptr);
@@ -108,9 +109,8 @@ TEST_F(MapBatch, PictureMarksEveryClassOnTheMapAndInTheLegend) {
     MapClasses classes;
     for (const MapPoint& point : drawn.points)
         classes.add(point);
-    const std::string path = folder.path("marks.gif");
-    ASSERT_EQ(this->run("map --criterion yallop --day 1 --output '" + path + "'"), 0)
-        << folder.content("err");
+    const std::string path = (folder / "marks.gif").string();
+    ASSERT_EQ(this->run("map --criterion yallop --day 1 --output '" + path + "'"), 0) << folder.read("err");
     int error = 0;
     GifFileType* gif = DGifOpenFileName(path.c_str(), &error);
     ASSERT_NE(gif, nullptr);
@@ -147,15 +147,15 @@ TEST_F(MapBatch, PictureMarksEveryClassOnTheMapAndInTheLegend) {
 
 TEST_F(MapBatch, WithoutAFileThePictureIsNamedAfterTheHijriMonth) {
     const std::filesystem::path before = std::filesystem::current_path();
-    std::filesystem::current_path(folder.path(""));
+    std::filesystem::current_path(folder.path());
     EXPECT_EQ(run("map"), 0);
     std::filesystem::current_path(before);
-    EXPECT_TRUE(folder.holds("Shawwal 1446.gif"));
+    EXPECT_TRUE(folder.has("Shawwal 1446.gif"));
 }
 
 TEST_F(MapBatch, KindComesFromTheStoredChoices) {
     write_visib(crescent_near(29, 3, 2025, false));
-    ASSERT_EQ(run("map --day 1 --csv '" + folder.path("map.csv") + "'"), 0);
+    ASSERT_EQ(run("map --day 1 --csv '" + (folder / "map.csv").string() + "'"), 0);
     EXPECT_EQ(lines("map.csv")[0], "# Old Crescent Visibility");
     EXPECT_EQ(lines("map.csv")[4], "# 28 March 2025");
 }
@@ -164,42 +164,42 @@ TEST_F(MapBatch, BadOptionsAreRefusedAsUsage) {
     for (const char* arguments : {"map --criterion danjon", "map --day 3", "map --day -1", "map --day one",
                                   "map --colour", "map --csv"}) {
         EXPECT_EQ(run(arguments), 2) << arguments;
-        EXPECT_FALSE(folder.content("err").empty()) << arguments;
+        EXPECT_FALSE(folder.read("err").empty()) << arguments;
     }
 }
 
 TEST_F(MapBatch, UnwritableOutputFailsAndSaysWhy) {
     for (const char* option : {"--csv", "--output"}) {
         EXPECT_EQ(run(std::string("map ") + option + " '/no such folder/map'"), 1) << option;
-        EXPECT_NE(folder.content("err").find("/no such folder/map"), std::string::npos) << option;
+        EXPECT_NE(folder.read("err").find("/no such folder/map"), std::string::npos) << option;
     }
 }
 
 TEST_F(MapBatch, AFailedPictureGivesTheReason) {
     EXPECT_EQ(run("map --output '/no such folder/may.gif'"), 1);
-    EXPECT_NE(folder.content("err").find(std::strerror(ENOENT)), std::string::npos) << folder.content("err");
-    std::filesystem::create_directory(folder.path("folder.gif"));
-    EXPECT_EQ(run("map --output '" + folder.path("folder.gif") + "'"), 1);
-    EXPECT_NE(folder.content("err").find(std::strerror(EISDIR)), std::string::npos) << folder.content("err");
+    EXPECT_NE(folder.read("err").find(std::strerror(ENOENT)), std::string::npos) << folder.read("err");
+    std::filesystem::create_directory(folder / "folder.gif");
+    EXPECT_EQ(run("map --output '" + (folder / "folder.gif").string() + "'"), 1);
+    EXPECT_NE(folder.read("err").find(std::strerror(EISDIR)), std::string::npos) << folder.read("err");
 }
 
 TEST_F(MapBatch, FilesOfTheProgramAreNotReplaced) {
-    std::filesystem::create_symlink(folder.path("loc.vsk"), folder.path("link.gif"));
-    const std::string place = folder.content("loc.vsk");
+    std::filesystem::create_symlink(folder / "loc.vsk", folder / "link.gif");
+    const std::string place = folder.read("loc.vsk");
     for (const char* name : {"map.gif", "images/../qmap.gif", "images/20.gif", "link.gif"}) {
-        EXPECT_EQ(run("map --output '" + folder.path(name) + "'"), 1) << name;
-        EXPECT_NE(folder.content("err").find("a file of the program"), std::string::npos) << name;
+        EXPECT_EQ(run("map --output '" + (folder / name).string() + "'"), 1) << name;
+        EXPECT_NE(folder.read("err").find("a file of the program"), std::string::npos) << name;
     }
-    EXPECT_FALSE(folder.holds("map.gif"));
-    EXPECT_TRUE(std::filesystem::is_symlink(folder.path("link.gif")));
-    EXPECT_EQ(folder.content("loc.vsk"), place);
+    EXPECT_FALSE(folder.has("map.gif"));
+    EXPECT_TRUE(std::filesystem::is_symlink(folder / "link.gif"));
+    EXPECT_EQ(folder.read("loc.vsk"), place);
 }
 
 TEST_F(MapBatch, AnEarlierPictureIsReplacedWhateverItsRights) {
-    const std::string path = folder.path("mine.gif");
-    ASSERT_EQ(run("map --output '" + path + "'"), 0) << folder.content("err");
+    const std::string path = (folder / "mine.gif").string();
+    ASSERT_EQ(run("map --output '" + path + "'"), 0) << folder.read("err");
     std::filesystem::permissions(path, std::filesystem::perms::owner_all);
-    EXPECT_EQ(run("map --day 1 --output '" + path + "'"), 0) << folder.content("err");
+    EXPECT_EQ(run("map --day 1 --output '" + path + "'"), 0) << folder.read("err");
 }
 
 TEST_F(MapBatch, YearsBeyondTheTheoriesEndInATableOrAClearFailure) {
@@ -207,12 +207,12 @@ TEST_F(MapBatch, YearsBeyondTheTheoriesEndInATableOrAClearFailure) {
         CrescentSettings settings = crescent_near(29, 3, 2025);
         settings.year = year;
         write_visib(settings);
-        const int status = run("map --csv '" + folder.path("map.csv") + "'");
+        const int status = run("map --csv '" + (folder / "map.csv").string() + "'");
         if (status == 0) {
-            EXPECT_EQ(folder.content("map.csv").find("nan"), std::string::npos) << year;
+            EXPECT_EQ(folder.read("map.csv").find("nan"), std::string::npos) << year;
         } else {
             EXPECT_EQ(status, 1) << year;
-            EXPECT_FALSE(folder.content("err").empty()) << year;
+            EXPECT_FALSE(folder.read("err").empty()) << year;
         }
     }
 }

@@ -177,7 +177,7 @@ TEST_F(FastEvents, AltitudeAndAzimuthAreThoseOfTheSphere) {
 
 /// The complete search of the stored observer against the fast one, on 200 days from 60 south to 60 north.
 TEST(FastEventsAccuracy, StaysWithin40SecondsOfTheCompleteSearch) {
-    const TestProgramFolder folder(HALVANE_DATA);
+    const TemporaryProgramFolder folder;
     load_series();
     write_pref({});
     double worst = 0;

@@ -1,11 +1,8 @@
 #pragma once
 
-#include "stored/programfolder.h"
-#include "stored/textfile.h"
-#include "tests/support/bytes.h"
+#include "tests/support/programfolder.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 #include <functional>
 #include <gtest/gtest.h>
@@ -13,54 +10,6 @@
 #include <vector>
 
 namespace halvane {
-
-/// A temporary program folder with the stored files of `source`; it goes, and the program folder that stood
-/// before comes back, with the object.
-class TestProgramFolder {
-public:
-    explicit TestProgramFolder(const std::filesystem::path& source) : before_(program_folder()) {
-        std::string pattern = (std::filesystem::temp_directory_path() / "halvane-XXXXXX").string();
-        folder_ = ::mkdtemp(pattern.data());
-        for (const auto& entry : std::filesystem::directory_iterator(source))
-            if (entry.path().extension() == ".vsk")
-                std::filesystem::copy_file(entry.path(), folder_ / entry.path().filename());
-        set_program_folder(folder_.string());
-    }
-    TestProgramFolder(const TestProgramFolder&) = delete;
-    TestProgramFolder& operator=(const TestProgramFolder&) = delete;
-    ~TestProgramFolder() {
-        set_program_folder(before_);
-        std::filesystem::remove_all(folder_);
-    }
-
-    std::string path(const std::string& name) const { return (folder_ / name).string(); }
-    bool holds(const std::string& name) const { return std::filesystem::exists(folder_ / name); }
-    std::string content(const std::string& name) const { return bytes_of(path(name)); }
-    void put(const std::string& name, const std::string& content) const {
-        save_text_file(path(name), content);
-    }
-    /// The names of all files, in order.
-    std::vector<std::string> files() const {
-        std::vector<std::string> names;
-        for (const auto& entry : std::filesystem::directory_iterator(folder_))
-            names.push_back(entry.path().filename().string());
-        std::sort(names.begin(), names.end());
-        return names;
-    }
-
-private:
-    std::filesystem::path folder_;
-    std::string before_;
-};
-
-/// The same with the delivered series files in it.
-class TestFolderWithSeries : public TestProgramFolder {
-public:
-    explicit TestFolderWithSeries(const std::filesystem::path& source) : TestProgramFolder(source) {
-        for (const char* name : {"term.vsk", "mterm.vsk", "termfull.vsk", "elp.vsk"})
-            std::filesystem::create_symlink(std::filesystem::path(HALVANE_DATA) / name, path(name));
-    }
-};
 
 /// The folder of a stored golden report: tests/golden/`name`.
 inline std::filesystem::path golden_folder(const std::string& name) {
@@ -129,10 +78,10 @@ inline ::testing::AssertionResult same_bytes(const std::string& found, const std
 /// the report that it leaves there with the one of the same name in that folder, byte for byte.
 inline void expect_golden_report(const std::string& name, const std::string& report,
                                  const std::function<void()>& run) {
-    const TestFolderWithSeries folder(golden_folder(name));
+    const TemporaryProgramFolder folder(golden_folder(name));
     run();
-    ASSERT_TRUE(folder.holds(report)) << name << ": " << report << " was not written";
-    EXPECT_EQ(first_difference(bytes_of(golden_folder(name) / report), folder.content(report)), "") << name;
+    ASSERT_TRUE(folder.has(report)) << name << ": " << report << " was not written";
+    EXPECT_EQ(first_difference(bytes_of(golden_folder(name) / report), folder.read(report)), "") << name;
 }
 
 } // namespace halvane

@@ -60,14 +60,6 @@ Location sydney() {
     return location;
 }
 
-void link_series_files(const std::string& folder) {
-    for (const char* name : {"termfull.vsk", "term.vsk", "mterm.vsk", "elp.vsk", "help.txt", "map.gif"}) {
-        const fs::path source = fs::path(HALVANE_DATA_FOLDER) / name;
-        if (fs::exists(source))
-            fs::create_symlink(source, fs::path(folder) / name);
-    }
-}
-
 void write_fresh_files() {
     write_pref(Preferences{});
     write_loc(amman());
@@ -313,8 +305,8 @@ QStringList cut_texts(QWidget& form) {
 }
 
 PanelTest::PanelTest() {
-    set_program_folder(folder_.path().toStdString());
-    link_series_files(folder_.path().toStdString());
+    for (const char* name : {"help.txt", "map.gif"})
+        fs::create_symlink(delivered(name), folder_ / name);
     write_fresh_files();
     set_machine_time({2024, 6, 21, 15, 7, 0});
     set_machine_zone(2);
@@ -362,7 +354,7 @@ void PanelTest::during_run(int pass, const std::function<void()>& action) {
 }
 
 std::string PanelTest::path(const std::string& name) const {
-    return folder_.filePath(QString::fromStdString(name)).toStdString();
+    return (folder_ / name).string();
 }
 
 std::string PanelTest::content(const std::string& name) const {

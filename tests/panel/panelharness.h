@@ -3,11 +3,11 @@
 #include "panel/currentplatform.h"
 #include "panel/language.h"
 #include "stored/date.h"
+#include "tests/support/programfolder.h"
 
 #include <QAbstractButton>
 #include <QObject>
 #include <QStringList>
-#include <QTemporaryDir>
 #include <QTest>
 #include <deque>
 #include <functional>
@@ -206,7 +206,7 @@ protected:
 private:
     bool present(QMessageBox& box);
 
-    QTemporaryDir folder_;
+    TemporaryProgramFolder folder_;
     QObject timers_;
     std::deque<bool> answers_;
 };

@@ -55,7 +55,7 @@ protected:
                                      phase_year(settings, delta_t.empty() ? proposed_delta_t(year) : delta_t),
                                      progress),
                   RunOutcome::done);
-        return folder.content("results.out");
+        return folder.read("results.out");
     }
     /// The table's rows: what stands between its head and its tail.
     static std::string table(const std::string& text) {
@@ -63,7 +63,7 @@ protected:
         const std::size_t start = text.find(rule);
         return text.substr(start, text.rfind(rule) - start);
     }
-    TestProgramFolder folder{HALVANE_DATA};
+    TemporaryProgramFolder folder;
 };
 
 // --- The published series ---------------------------------------------------------------------------------
@@ -279,7 +279,7 @@ TEST_F(PhaseTest, WhatHasNoAnswerIsRefusedAndNothingIsWritten) {
         EXPECT_FALSE(refused_delta_t(phase_year({"2026", true, false}, delta_t))) << "it is not used there";
     }
     EXPECT_EQ(progress.yields, 0);
-    EXPECT_FALSE(folder.holds("results.out"));
+    EXPECT_FALSE(folder.has("results.out"));
 }
 
 TEST_F(PhaseTest, CancelledRunKeepsItsRowsAndRemarks) {
@@ -287,7 +287,7 @@ TEST_F(PhaseTest, CancelledRunKeepsItsRowsAndRemarks) {
     EXPECT_EQ(write_phase_report(loaded_theory(), phase_year({"2026", true, true}, proposed_delta_t("2026")),
                                  progress),
               RunOutcome::cancelled);
-    const std::string text = folder.content("results.out");
+    const std::string text = folder.read("results.out");
     EXPECT_TRUE(text.ends_with("refers to Summer Time.\r\n"));
     const std::string whole = table(report("2026", true, true));
     const std::string part = table(text);

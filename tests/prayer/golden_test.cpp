@@ -5,6 +5,7 @@
 #include "prayer/moonrun.h"
 #include "prayer/prayerrun.h"
 #include "routines/series.h"
+#include "stored/textfile.h"
 #include "tests/golden/goldenreport.h"
 #include "tests/golden/recordingprogress.h"
 
@@ -59,38 +60,38 @@ std::vector<std::string> with_rows_only_up_to(const std::vector<std::string>& re
 }
 
 TEST(CancelledReport, HoldsTheRowsSoFarTheRuleAndTheRemarks) {
-    const TestFolderWithSeries folder(golden_folder("prayer/amman-seconds"));
+    const TemporaryProgramFolder folder(golden_folder("prayer/amman-seconds"));
     load_series();
     RecordingProgress progress(7);
     EXPECT_EQ(write_prayer_report(loaded_theory(), progress), RunOutcome::cancelled);
     const auto whole =
         lines_of(read_text_file((golden_folder("prayer/amman-seconds") / "results.out").string()));
-    EXPECT_EQ(lines_of(folder.content("results.out")), with_rows_only_up_to(whole, 7));
+    EXPECT_EQ(lines_of(folder.read("results.out")), with_rows_only_up_to(whole, 7));
     EXPECT_EQ(progress.yields, 7);
 }
 
 TEST(CancelledReport, OfTheMoonHoldsTheRowsSoFarTheRuleAndTheRemarks) {
     const std::string name = "sydney-seconds-wrapping";
-    const TestFolderWithSeries folder(golden_folder("moon/" + name));
+    const TemporaryProgramFolder folder(golden_folder("moon/" + name));
     load_series();
     RecordingProgress progress(3);
     EXPECT_EQ(write_moon_report(loaded_theory(), progress), RunOutcome::cancelled);
     const auto whole = lines_of(read_text_file((golden_folder("moon/" + name) / "mresults.out").string()));
-    EXPECT_EQ(lines_of(folder.content("mresults.out")), with_rows_only_up_to(whole, 3));
+    EXPECT_EQ(lines_of(folder.read("mresults.out")), with_rows_only_up_to(whole, 3));
 }
 
 TEST(CancelledReport, OfTheAlternativeMethodHasNoRowsYet) {
-    const TestFolderWithSeries folder(golden_folder("prayer/high-latitude-52"));
+    const TemporaryProgramFolder folder(golden_folder("prayer/high-latitude-52"));
     load_series();
     RecordingProgress progress(100);
     EXPECT_EQ(write_prayer_report(loaded_theory(), progress), RunOutcome::cancelled);
     const auto whole =
         lines_of(read_text_file((golden_folder("prayer/high-latitude-52") / "results.out").string()));
-    EXPECT_EQ(lines_of(folder.content("results.out")), with_rows_only_up_to(whole, 0));
+    EXPECT_EQ(lines_of(folder.read("results.out")), with_rows_only_up_to(whole, 0));
 }
 
 TEST(ReportProgress, RunsFromZeroToAHundred) {
-    const TestFolderWithSeries folder(golden_folder("prayer/city-offset-seconds"));
+    const TemporaryProgramFolder folder(golden_folder("prayer/city-offset-seconds"));
     load_series();
     RecordingProgress progress;
     write_prayer_report(loaded_theory(), progress);
@@ -101,7 +102,7 @@ TEST(ReportProgress, RunsFromZeroToAHundred) {
 }
 
 TEST(ReportProgress, OfOneDayIsAHundredAtOnce) {
-    const TestFolderWithSeries folder(golden_folder("moon/one-day"));
+    const TemporaryProgramFolder folder(golden_folder("moon/one-day"));
     load_series();
     RecordingProgress progress;
     write_moon_report(loaded_theory(), progress);

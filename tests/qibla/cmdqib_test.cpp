@@ -30,12 +30,12 @@ protected:
     RunOutcome run(Progress& progress, QiblahMark mark = QiblahMark::sun) const {
         return write_qiblah_report(loaded_theory(), progress, stored_qiblah_direction(), mark);
     }
-    std::string report() const { return folder_.content("results.out"); }
+    std::string report() const { return folder_.read("results.out"); }
     std::vector<std::string> lines() const { return lines_of(report()); }
     static std::filesystem::path source() { return golden_folder("qibla/sun-medan-solstice-seconds"); }
     static std::string golden() { return bytes_of(source() / "results.out"); }
 
-    TestFolderWithSeries folder_{source()};
+    TemporaryProgramFolder folder_{source()};
 };
 
 TEST_F(CmdqibTest, ProgressGoesFromNothingToAllOverThePeriod) {
@@ -90,7 +90,7 @@ TEST_F(CmdqibTest, ACancelAtTheFirstDayKeepsItsRow) {
 }
 
 TEST_F(CmdqibTest, AFailureInMidRunLeavesTheEarlierReportUntouched) {
-    folder_.put("results.out", "An earlier report\r\n");
+    folder_.write("results.out", "An earlier report\r\n");
     const std::vector<std::string> before = folder_.files();
     RecordingProgress progress;
     progress.at_yield = [](int yield) {
@@ -103,7 +103,7 @@ TEST_F(CmdqibTest, AFailureInMidRunLeavesTheEarlierReportUntouched) {
 }
 
 TEST_F(CmdqibTest, SettingsWithoutAFiniteAltitudeLimitAreARunTimeFailure) {
-    folder_.put("results.out", "An earlier report\r\n");
+    folder_.write("results.out", "An earlier report\r\n");
     Location location = read_loc();
     location.temperature = -273;
     write_loc(location);
@@ -113,10 +113,10 @@ TEST_F(CmdqibTest, SettingsWithoutAFiniteAltitudeLimitAreARunTimeFailure) {
 }
 
 TEST_F(CmdqibTest, AMissingDateFileIsARunTimeFailure) {
-    std::filesystem::remove(folder_.path("date.vsk"));
+    folder_.erase("date.vsk");
     RecordingProgress progress;
     EXPECT_THROW(run(progress), RunTimeFailure);
-    EXPECT_FALSE(folder_.holds("results.out"));
+    EXPECT_FALSE(folder_.has("results.out"));
 }
 
 TEST_F(CmdqibTest, TheTimeReferenceOfAnotherPanelDoesNotReachTheRun) {

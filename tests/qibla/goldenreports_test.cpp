@@ -141,7 +141,7 @@ TEST_P(QiblahGolden, TimesAgreeWithAnIndependentEphemeris) {
     if (!has_independent_sun)
         GTEST_SKIP() << "NOT CHECKED: the Swiss Ephemeris library is not installed";
     const std::filesystem::path source = golden_folder(room + GetParam());
-    const TestProgramFolder folder(source);
+    const TemporaryProgramFolder folder(source);
     const Location& location = read_loc();
     const double azimuth =
         target_azimuth(stored_qiblah_direction(), mark_of(GetParam()) == QiblahMark::shadow);
@@ -158,7 +158,7 @@ TEST_P(QiblahGolden, TimesAgreeWithAnIndependentEphemeris) {
 
 TEST_P(QiblahGolden, RowsAreTheDaysOfThePeriodWithTheirMarks) {
     const std::filesystem::path source = golden_folder(room + GetParam());
-    const TestProgramFolder folder(source);
+    const TemporaryProgramFolder folder(source);
     const CalculationDate date = read_date();
     const std::vector<PrintedRow> rows = rows_of(bytes_of(source / "results.out"));
     double start = 0;

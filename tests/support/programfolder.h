@@ -3,12 +3,14 @@
 #include "stored/programfolder.h"
 #include "tests/support/bytes.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace halvane {
 
@@ -28,25 +30,18 @@ inline constexpr const char* stored_files[]{"pref.vsk",  "loc.vsk",  "loc.txt", 
                                             "visib.vsk", "coor.vsk", "tele.vsk", "alert.vsk"};
 inline constexpr const char* series_files[]{"termfull.vsk", "term.vsk", "mterm.vsk", "elp.vsk"};
 
-/// A program folder of the test's own with the delivered stored files and links to the series files. The
-/// program folder of before comes back at its end.
-class TemporaryProgramFolder {
+/// An empty folder of its own, gone with the object.
+class TemporaryFolder {
 public:
-    TemporaryProgramFolder() : before_(program_folder()) {
-        std::string name = (std::filesystem::temp_directory_path() / "halvane-test-XXXXXX").string();
+    explicit TemporaryFolder(const std::filesystem::path& base = std::filesystem::temp_directory_path()) {
+        std::string name = (base / "halvane-test-XXXXXX").string();
         if (::mkdtemp(name.data()) == nullptr)
-            throw std::runtime_error("cannot make a temporary folder");
+            throw std::runtime_error("cannot make a folder in " + base.string());
         path_ = name;
-        for (const char* file : stored_files)
-            std::filesystem::copy_file(delivered(file), path_ / file);
-        for (const char* file : series_files)
-            std::filesystem::create_symlink(delivered(file), path_ / file);
-        set_program_folder(path_.string());
     }
-    TemporaryProgramFolder(const TemporaryProgramFolder&) = delete;
-    TemporaryProgramFolder& operator=(const TemporaryProgramFolder&) = delete;
-    ~TemporaryProgramFolder() {
-        set_program_folder(before_);
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+    ~TemporaryFolder() {
         std::error_code ignored;
         std::filesystem::permissions(path_, std::filesystem::perms::owner_all, ignored);
         std::filesystem::remove_all(path_, ignored);
@@ -64,10 +59,38 @@ public:
     void rewrite(std::string_view name, std::string_view bytes) const { put_bytes(path_ / name, bytes); }
     void erase(std::string_view name) const { std::filesystem::remove(path_ / name); }
     bool has(std::string_view name) const { return std::filesystem::exists(path_ / name); }
+    /// The names of all files, in order.
+    std::vector<std::string> files() const {
+        std::vector<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(path_))
+            names.push_back(entry.path().filename().string());
+        std::sort(names.begin(), names.end());
+        return names;
+    }
+
+private:
+    std::filesystem::path path_;
+};
+
+/// A program folder of its own with the stored files of `source` and links to the delivered series files. The
+/// program folder of before comes back at its end.
+class TemporaryProgramFolder : public TemporaryFolder {
+public:
+    explicit TemporaryProgramFolder(const std::filesystem::path& source = HALVANE_DATA)
+        : before_(program_folder()) {
+        for (const char* file : stored_files)
+            if (std::filesystem::exists(source / file))
+                std::filesystem::copy_file(source / file, path() / file);
+        for (const char* file : series_files)
+            std::filesystem::create_symlink(delivered(file), path() / file);
+        set_program_folder(path().string());
+    }
+    TemporaryProgramFolder(const TemporaryProgramFolder&) = delete;
+    TemporaryProgramFolder& operator=(const TemporaryProgramFolder&) = delete;
+    ~TemporaryProgramFolder() { set_program_folder(before_); }
 
 private:
     std::string before_;
-    std::filesystem::path path_;
 };
 
 } // namespace halvane

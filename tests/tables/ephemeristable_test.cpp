@@ -38,9 +38,9 @@ protected:
         progress_ = RecordingProgress(cancelled_row);
         return write_ephemeris_report(loaded_theory(), settings, progress_);
     }
-    bool is_written() const { return folder_.holds("ephemeris.out"); }
-    std::string report() const { return folder_.content("ephemeris.out"); }
-    void put_report(const std::string& content) { save_text_file(folder_.path("ephemeris.out"), content); }
+    bool is_written() const { return folder_.has("ephemeris.out"); }
+    std::string report() const { return folder_.read("ephemeris.out"); }
+    void put_report(const std::string& content) { folder_.write("ephemeris.out", content); }
 
     /// The lines that start with a clock, without their line ends.
     std::vector<std::string> rows() const {
@@ -59,7 +59,7 @@ protected:
     }
 
     RecordingProgress progress_;
-    TestFolderWithSeries folder_{golden_folder("tables/sun-geocentric-ut1-hours")};
+    TemporaryProgramFolder folder_{golden_folder("tables/sun-geocentric-ut1-hours")};
 };
 
 TEST(TableSpan, AnIntervalOfTwoPointSevenHoursStepsTwoHours) {

@@ -18,15 +18,15 @@ protected:
     }
     static std::filesystem::path source() { return golden_folder("tables/moon-topocentric-ut1-minutes"); }
 
-    const TestFolderWithSeries folder{source()};
+    const TemporaryProgramFolder folder{source()};
 };
 
 TEST_F(EphemerisTask, WritesTheTableOfTheStoredRecord) {
     RecordingProgress progress;
     ::testing::internal::CaptureStdout();
     EXPECT_EQ(run_task(progress), status_done);
-    EXPECT_EQ(::testing::internal::GetCapturedStdout(), folder.path("ephemeris.out") + "\n");
-    EXPECT_EQ(folder.content("ephemeris.out"), bytes_of(source() / "ephemeris.out"));
+    EXPECT_EQ(::testing::internal::GetCapturedStdout(), (folder / "ephemeris.out").string() + "\n");
+    EXPECT_EQ(folder.read("ephemeris.out"), bytes_of(source() / "ephemeris.out"));
 }
 
 TEST_F(EphemerisTask, TellsAnEndBeforeTheStartAndFails) {
@@ -37,7 +37,7 @@ TEST_F(EphemerisTask, TellsAnEndBeforeTheStartAndFails) {
     ::testing::internal::CaptureStderr();
     EXPECT_EQ(run_task(progress), status_failure);
     EXPECT_EQ(::testing::internal::GetCapturedStderr(), "The end date must be AFTER the beginning date!\n");
-    EXPECT_FALSE(folder.holds("ephemeris.out"));
+    EXPECT_FALSE(folder.has("ephemeris.out"));
 }
 
 TEST_F(EphemerisTask, FailsWhenItIsInterrupted) {
@@ -47,7 +47,7 @@ TEST_F(EphemerisTask, FailsWhenItIsInterrupted) {
     EXPECT_EQ(run_task(progress), status_failure);
     ::testing::internal::GetCapturedStdout();
     EXPECT_NE(::testing::internal::GetCapturedStderr(), "");
-    EXPECT_TRUE(folder.holds("ephemeris.out"));
+    EXPECT_TRUE(folder.has("ephemeris.out"));
 }
 
 } // namespace

@@ -82,7 +82,7 @@ protected:
         return settings;
     }
 
-    TestFolderWithSeries folder_{golden_folder("telescope")};
+    TemporaryProgramFolder folder_{golden_folder("telescope")};
 };
 
 TEST_F(Telescope, AnswersWithTheMoonHalfADegreeBelowTheHorizon) {

@@ -99,7 +99,7 @@ protected:
         }
     }
 
-    std::optional<TestProgramFolder> folder_;
+    std::optional<TemporaryProgramFolder> folder_;
 };
 
 TEST_F(TelescopeAccuracy, SunAndMoonAreWithinFiveSecondsOfArc) {

@@ -33,7 +33,7 @@ protected:
         return status;
     }
 
-    TestFolderWithSeries folder_{golden_folder("telescope")};
+    TemporaryProgramFolder folder_{golden_folder("telescope")};
     std::string printed_;
     std::string told_;
 };

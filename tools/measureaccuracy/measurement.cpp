@@ -2,7 +2,7 @@
 #include "routines/series.h"
 
 #include "ephemeris/series.h"
-#include "tools/measuring/scratchfolder.h"
+#include "tests/support/programfolder.h"
 
 #include <array>
 #include <charconv>
@@ -59,7 +59,7 @@ double angle_error(double found, double wanted) {
 }
 
 std::vector<Measurement> measure_all() {
-    const ScratchFolder folder;
+    const TemporaryProgramFolder folder;
     load_series();
     std::vector<Measurement> all = measure_places();
     for (Measurement& measurement : measure_events())

@@ -45,6 +45,7 @@ std::string read_now(const std::string& text, MachineTime& time) {
 
 std::vector<std::string> names_of(const std::vector<Task>& tasks) {
     std::vector<std::string> names;
+    names.reserve(tasks.size());
     for (const Task& task : tasks)
         names.push_back(task.name);
     return names;

@@ -14,7 +14,7 @@ namespace halvane {
 /// device, a folder).
 Descriptor open_regular_file(const std::string& path);
 
-inline constexpr std::size_t mebibyte = 1024 * 1024;
+inline constexpr std::size_t mebibyte = std::size_t{1024} * 1024;
 /// No stored file, series file or picture of the program comes near it.
 inline constexpr std::size_t largest_stored_file = 16 * mebibyte; // [bytes]
 

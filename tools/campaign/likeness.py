@@ -1,14 +1,10 @@
 """The same reports from every build and in every locale, byte for byte."""
 
-import os
 import random
-import shutil
 import subprocess
 
 from ground import TASKS, Outcome
-from storage import set_period
-
-LOCALES = ["C", "ar_EG.UTF-8", "de_DE.UTF-8", "tr_TR.UTF-8"]
+from systemlocales import LOCALES, locale_environment, make_locale
 
 # Builds beside the one at hand: folder below build/, and what CMake is told.
 BUILDS = {
@@ -108,36 +104,31 @@ def builds(ground):
     return outcome
 
 
-def made_locales(ground):
-    """Makes the locales in a folder of the run; returns those that are in force there."""
+def made_locales(ground, outcome):
+    """Makes the locales in a folder of the run; returns the variables of those that are in force there."""
     folder = ground.base / "locales"
     folder.mkdir(exist_ok=True)
-    made = ["C"]
-    for name in LOCALES[1:]:
-        if shutil.which("localedef") is None:
-            break
-        language, charset = name.split(".")
-        words = ["localedef", "--no-archive", "-i", language, "-f", charset, folder / name]
-        subprocess.run([str(word) for word in words], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        found = subprocess.run(
-            ["locale", "charmap"], capture_output=True, text=True, env={**os.environ, "LOCPATH": str(folder), "LC_ALL": name}
-        )
-        if found.stdout.strip() == "UTF-8" and "Cannot" not in found.stderr:
-            made.append(name)
-    return folder, made
+    made = {"C": {"LC_ALL": "C", "LANG": "C"}}
+    for name in LOCALES:
+        trouble = make_locale(folder, name)
+        if trouble:
+            outcome.note(trouble)
+        else:
+            made[name] = locale_environment(folder, name)
+    return made
 
 
 def locales(ground):
     rng = random.Random(ground.seed)
     rounds = ground.times(300)
-    folder, made = made_locales(ground)
-    outcome = Outcome(f"all reports of {rounds} settings in {len(LOCALES)} locales, by batch program and panels")
+    outcome = Outcome(f"all reports of {rounds} settings in {len(LOCALES) + 1} locales, by batch program and panels")
+    made = made_locales(ground, outcome)
     soak = ground.build / "tools/campaign/halvane-soak"
     for _ in range(rounds):
         settings = settings_of(rng)
         first = None
-        for name in made:
-            environment = ground.environment(LC_ALL=name, LANG=name, LOCPATH=str(folder))
+        for name, variables in made.items():
+            environment = ground.environment(**variables)
             results = everything(ground, ground.report, settings, environment)
             first = first or results
             outcome.findings += judge_whole(results)
@@ -145,8 +136,6 @@ def locales(ground):
             if soak.exists():
                 outcome.findings += judge_panels(name, results, panel_reports(ground, soak, settings, environment))
     outcome.done = f"{rounds * len(made)} runs in {', '.join(made)}"
-    if len(made) < len(LOCALES):
-        outcome.note("localedef or its sources are not here: not every locale could be made")
     return outcome
 
 

@@ -140,7 +140,7 @@ void AlertProgram::handle(const Alert& alert) {
 /// The place, with its zone where the machine's clock shows another time.
 QString AlertProgram::place_words(const MachineTime& now) const {
     const LocationClock clock = location_clock(schedule_.preferences(), schedule_.location(), now);
-    const QString name = QString::fromStdString(schedule_.location().name);
+    QString name = QString::fromStdString(schedule_.location().name);
     if (agree(clock, machine_time()))
         return name;
     return name + QStringLiteral(" (%1)").arg(QString::fromStdString(zone_text(clock.hours_ahead)));

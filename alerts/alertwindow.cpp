@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "alerts/alertwindow.h"
 
 #include "panel/currentplatform.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "alerts/alertprogram.h"
 #include "alerts/onlycopy.h"
 #include "panel/application.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "alerts/soundplayer.h"
 
 #include "stored/programfolder.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "base/record.h"
 
 #include "base/failure.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "batch/clocktime.h"
 
 #include <charconv>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "batch/console.h"
 
 #include "stored/unfinishedfile.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "batch/tasks.h"
 
 #include "base/numberformat.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "batch/nearestname.h"
 
 #include <algorithm>

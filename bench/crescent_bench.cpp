@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/noprogress.h"
 #include "crescent/crescentreport.h"
 #include "crescent/visibilitymap.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/series.h"
 #include "events/lowriseset.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/noprogress.h"
 #include "bench/storedyear.h"
 #include "calendar/moddeltat.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "base/switchguard.h"
 #include "bench/noprogress.h"
 #include "bench/programrun.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "calendar/civildate.h"
 
 #include "calendar/modjul.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "calendar/clocktext.h"
 
 #include <charconv>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "calendar/modctim.h"
 
 #include "base/failure.h"

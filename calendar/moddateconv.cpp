@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "calendar/moddateconv.h"
 
 #include "base/twintext.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "calendar/moddegree.h"
 
 #include "base/numberformat.h"

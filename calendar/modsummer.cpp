@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "calendar/modsummer.h"
 
 #include "calendar/civildate.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "calendar/taggedtime.h"
 
 #include "calendar/modctim.h"

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # What every target of the project shares: the language, the warnings and the way rooms are linked.
 
 set(CMAKE_CXX_STANDARD 20)

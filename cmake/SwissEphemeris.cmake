@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # The Swiss Ephemeris library, an independent ephemeris that the measurements compare with. Only tests, benchmarks
 # and tools link it; Debian: libswe-dev and swe-standard-data.
 find_path(SWISS_EPHEMERIS_INCLUDE swephexp.h)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "crescent/circumstances.h"
 
 #include "base/numberformat.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "crescent/conjunction.h"
 
 #include "base/failure.h"

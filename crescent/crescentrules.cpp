@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "crescent/crescentrules.h"
 
 #include "base/numberformat.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "crescent/frmcresv.h"
 
 #include "crescent/circumstances.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "crescent/frmmap.h"
 
 #include "base/numberformat.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "crescent/gif.h"
 
 #include "stored/outputfile.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "crescent/legendlabel.h"
 
 #include "crescent/mapimage.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "crescent/mapsheet.h"
 
 #include "stored/programfolder.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "crescent/maptexts.h"
 
 #include "base/numberformat.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "crescent/mapview.h"
 
 #include "crescent/mapimage.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "crescent/notes.h"
 
 namespace halvane {

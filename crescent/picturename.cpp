@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "crescent/picturename.h"
 
 #include "stored/programfolder.h"

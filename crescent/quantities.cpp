@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "crescent/quantities.h"
 
 #include "ephemeris/coordinates.h"

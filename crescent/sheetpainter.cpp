@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "crescent/sheetpainter.h"
 
 #include "crescent/mapmarks.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "crescent/visibilityclass.h"
 
 namespace halvane {

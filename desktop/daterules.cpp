@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/daterules.h"
 
 #include "base/numberformat.h"

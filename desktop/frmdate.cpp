@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/frmdate.h"
 
 #include "calendar/yearlimits.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/frmlocation.h"
 
 #include "base/failure.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/frmmain.h"
 
 #include "base/version.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/frmpreferences.h"
 
 #include "desktop/refusedvalue.h"

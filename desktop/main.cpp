@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/frmmain.h"
 #include "desktop/panels.h"
 #include "panel/application.h"

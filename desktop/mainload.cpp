@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/mainload.h"
 
 #include "base/failure.h"

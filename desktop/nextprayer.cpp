@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/nextprayer.h"
 
 #include <algorithm>

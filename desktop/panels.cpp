@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/panels.h"
 
 #include "crescent/frmcresv.h"

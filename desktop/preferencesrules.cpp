@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/preferencesrules.h"
 
 #include "base/numberformat.h"

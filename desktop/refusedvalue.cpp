@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/refusedvalue.h"
 
 #include "base/numberformat.h"

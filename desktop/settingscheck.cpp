@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/settingscheck.h"
 
 #include "base/failure.h"

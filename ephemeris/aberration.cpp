@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/seriessums.h"
 #include "ephemeris/sunplace.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ephemeris/ephemeris.h"
 
 #include "ephemeris/coordinates.h"

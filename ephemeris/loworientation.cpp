@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ephemeris/orientationterms.h"
 
 #include <cmath>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ephemeris/modgeneral.h"
 
 #include "base/failure.h"

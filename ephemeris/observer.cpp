@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ephemeris/observer.h"
 
 #include "ephemeris/coordinates.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ephemeris/orientationterms.h"
 #include "ephemeris/seriessums.h"
 #include "ephemeris/theory.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ephemeris/coordinates.h"
 #include "ephemeris/modgeneral.h"
 

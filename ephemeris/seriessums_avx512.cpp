@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ephemeris/seriessums_sets.h"
 
 #include "ephemeris/modgeneral.h"

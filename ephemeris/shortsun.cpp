@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ephemeris/sun.h"
 
 #include "ephemeris/ephemeris.h"

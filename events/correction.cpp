@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "events/correction.h"
 
 #include "ephemeris/coordinates.h"

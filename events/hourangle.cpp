@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "events/hourangle.h"
 
 #include "ephemeris/modgeneral.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "events/parabola.h"
 
 #include <cmath>

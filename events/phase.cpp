@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "events/phase.h"
 
 #include "base/failure.h"

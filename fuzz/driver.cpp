@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The start of a fuzz target where the compiler has no fuzzer of its own: mutates its seeds in an order that
 // the seed number alone decides.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "batch/mappicture.h"
 #include "fuzz/readinput.h"
 #include "stored/programfolder.h"

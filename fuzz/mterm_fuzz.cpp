@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ephemeris/series.h"
 #include "fuzz/readinput.h"
 #include "routines/series.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "crescent/mapimage.h"
 #include "crescent/visibilitymap.h"
 #include "fuzz/readinput.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "fuzz/readinput.h"
 #include "stored/visib.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "hijri/frmhej.h"
 
 #include "base/numberformat.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "panel/application.h"
 
 #include "base/failure.h"

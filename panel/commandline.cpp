@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "panel/commandline.h"
 
 #include "base/version.h"

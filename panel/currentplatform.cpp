@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "panel/currentplatform.h"
 
 #include "panel/viewer.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "panel/deskbutton.h"
 
 #include "panel/panelstyle.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "panel/kepttext.h"
 
 #include "stored/outputfile.h"

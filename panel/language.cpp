@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "panel/language.h"
 
 #include "stored/pref.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "panel/messages.h"
 
 #include "base/failure.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "panel/namelabel.h"
 
 #include "panel/panelstyle.h"

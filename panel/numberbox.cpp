@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "panel/numberbox.h"
 
 #include "base/numberformat.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "panel/numberlists.h"
 
 #include "base/numberformat.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "panel/panelstyle.h"
 
 #include "panel/formpage.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "panel/panelsupport.h"
 
 #include "routines/waitseconds.h"

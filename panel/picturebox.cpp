@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "panel/picturebox.h"
 
 #include "base/failure.h"

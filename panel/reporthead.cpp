@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "panel/reporthead.h"
 
 #include <QRegularExpression>

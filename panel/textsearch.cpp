@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "panel/textsearch.h"
 
 #include <algorithm>

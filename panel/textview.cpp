@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "panel/textview.h"
 
 #include "panel/messages.h"

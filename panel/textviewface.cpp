@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "panel/textviewface.h"
 
 #include "panel/textview.h"

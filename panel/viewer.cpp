@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "panel/viewer.h"
 
 #include "base/failure.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "panel/viewerpages.h"
 
 #include "panel/textline.h"

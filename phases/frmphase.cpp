@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "phases/frmphase.h"
 
 #include "panel/currentplatform.h"

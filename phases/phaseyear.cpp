@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "phases/phaseyear.h"
 
 #include "base/numberformat.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktopentry.h"
 
 #include <filesystem>

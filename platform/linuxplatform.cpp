@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linuxplatform.h"
 
 #include "platform/desktopentry.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/topmost.h"
 
 #include <QCoreApplication>

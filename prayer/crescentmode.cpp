@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "prayer/crescentmode.h"
 
 namespace halvane {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "prayer/frmalerts.h"
 
 #include "base/numberformat.h"

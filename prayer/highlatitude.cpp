@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "prayer/highlatitude.h"
 
 #include "base/failure.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "prayer/moonday.h"
 
 #include "base/failure.h"

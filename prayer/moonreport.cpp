@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "prayer/moonreport.h"
 
 #include "base/numberformat.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "prayer/moonrun.h"
 
 #include "base/machineclock.h"

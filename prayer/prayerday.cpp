@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "prayer/prayerday.h"
 
 #include "base/failure.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "prayer/prayermoments.h"
 
 #include "calendar/clocktext.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "prayer/prayerreport.h"
 
 #include "base/numberformat.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "prayer/prayerrun.h"
 
 #include "base/machineclock.h"

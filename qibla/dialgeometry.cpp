@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qibla/dialgeometry.h"
 
 #include "ephemeris/modgeneral.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qibla/direction.h"
 
 #include "base/failure.h"

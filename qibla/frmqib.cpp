@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qibla/frmqib.h"
 
 #include "base/numberformat.h"

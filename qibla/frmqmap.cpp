@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qibla/frmqmap.h"
 
 #include "panel/currentplatform.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qibla/qibladay.h"
 
 #include "base/failure.h"

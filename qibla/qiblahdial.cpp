@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qibla/qiblahdial.h"
 
 #include "panel/panelstyle.h"

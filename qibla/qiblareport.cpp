@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qibla/qiblareport.h"
 
 #include "base/numberformat.h"

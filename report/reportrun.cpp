@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "report/reportrun.h"
 
 #include "base/machineclock.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "routines/coordinates.h"
 
 #include "ephemeris/coordinates.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "routines/earthorientation.h"
 
 #include "ephemeris/modgeneral.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "routines/moon.h"
 
 #include "routines/moonoutputs.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "routines/namedengine.h"
 
 #include "routines/series.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "routines/sun.h"
 
 #include "ephemeris/sun.h"

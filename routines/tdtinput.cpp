@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "routines/tdtinput.h"
 
 #include <utility>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "routines/waitseconds.h"
 
 #include <chrono>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "stored/alert.h"
 
 #include "stored/storedfile.h"

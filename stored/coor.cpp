@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "stored/coor.h"
 
 #include "stored/storedfile.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "stored/loc.h"
 
 #include "stored/storedfile.h"

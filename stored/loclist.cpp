@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "stored/loclist.h"
 
 #include "base/failure.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "stored/outputfile.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "stored/phase.h"
 
 #include "stored/storedfile.h"

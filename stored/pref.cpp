@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "stored/pref.h"
 
 #include "stored/storedfile.h"

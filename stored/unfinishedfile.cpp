@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "stored/unfinishedfile.h"
 
 #include <algorithm>

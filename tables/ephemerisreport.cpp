@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tables/ephemerisreport.h"
 
 #include "base/numberformat.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tables/ephemerisrow.h"
 
 #include "ephemeris/coordinates.h"

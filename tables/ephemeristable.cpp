@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tables/ephemeristable.h"
 
 #include "base/failure.h"

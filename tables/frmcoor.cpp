@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tables/frmcoor.h"
 
 #include "base/numberformat.h"

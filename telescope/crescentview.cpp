@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "telescope/crescentview.h"
 
 #include "panel/picturebox.h"

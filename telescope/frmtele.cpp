@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "telescope/frmtele.h"
 
 #include "base/machineclock.h"

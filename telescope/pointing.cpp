@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "telescope/pointing.h"
 
 #include "base/failure.h"

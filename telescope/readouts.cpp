@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "telescope/readouts.h"
 
 #include "calendar/moddegree.h"

@@ -1,4 +1,5 @@
 #!/bin/bash
+# SPDX-License-Identifier: MIT
 # Builds the Debian package and tries it on this machine: testpackage.sh [PACKAGE.deb]. Needs root and a Debian 12 that
 # may be changed: it installs the package, makes two users, lets both work at once, upgrades, purges, and removes the
 # users. Installs through apt what is missing for that.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "crescent/circumstances.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/series.h"

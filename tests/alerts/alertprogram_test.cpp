@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "alerts/alertprogram.h"
 #include "routines/series.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "prayer/alertschedule.h"
 #include "routines/series.h"
 

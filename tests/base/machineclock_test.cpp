@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "base/machineclock.h"
 #include "report/reportrun.h"
 

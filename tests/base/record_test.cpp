@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "base/numberformat.h"
 #include "base/record.h"
 

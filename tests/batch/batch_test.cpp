@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/batch/batchprocess.h"
 #include "tests/golden/goldenreport.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // halvane-report as its users run it: a process, its arguments, its streams and its exit status.
 #pragma once
 

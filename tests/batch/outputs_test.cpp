@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Where the results of halvane-report go: files, links, pipes, devices, standard output; and what a process
 // that is ended leaves behind.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "calendar/modday.h"
 #include "calendar/modjul.h"
 #include "calendar/platformdate.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "calendar/locationclock.h"
 
 #include "calendar/platformdate.h"

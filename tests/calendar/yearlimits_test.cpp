@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "calendar/yearlimits.h"
 
 #include "calendar/moddateconv.h"

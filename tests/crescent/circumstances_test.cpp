@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "crescent/circumstances.h"
 #include "routines/namedengine.h"
 #include "routines/series.h"

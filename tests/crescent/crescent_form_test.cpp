@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "calendar/moddeltat.h"
 #include "crescent/crescentrules.h"
 #include "ephemeris/series.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "crescent/criteria.h"
 
 #include "crescent/maptexts.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/crescent/gif_pictures.h"
 
 #include <QByteArray>

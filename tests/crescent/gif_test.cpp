@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "crescent/gif.h"
 #include "tests/crescent/gif_pictures.h"
 #include "tests/support/programfolder.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "crescent/crescentreport.h"
 #include "routines/namedengine.h"
 #include "routines/series.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "crescent/conjunction.h"
 #include "crescent/frmmap.h"
 #include "crescent/legendlabel.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "crescent/mapmarks.h"
 #include "crescent/mapsheet.h"
 #include "routines/series.h"

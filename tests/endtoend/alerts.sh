@@ -1,4 +1,5 @@
 #!/bin/bash
+# SPDX-License-Identifier: MIT
 # The alert program by itself: a window at a prayer's second, one copy only, no prayer twice, a box and status 1
 # for a missing file.
 binaries=$1 data=$2 seen=$3 pictures=$4

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # What the end-to-end tests share: a screen of their own, the built program in a folder of its own, keys and eyes.
 # Sourced with: binaries FOLDER, data FOLDER, seen PROGRAM, pictures FOLDER.
 

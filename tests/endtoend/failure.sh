@@ -1,4 +1,5 @@
 #!/bin/bash
+# SPDX-License-Identifier: MIT
 # A missing file ends the program with one box and status 1, and nothing is written; in Arabic the files that the
 # load step reads after the language are passed over.
 binaries=$1 data=$2 seen=$3 pictures=$4

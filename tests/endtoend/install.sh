@@ -1,4 +1,5 @@
 #!/bin/bash
+# SPDX-License-Identifier: MIT
 # Installing gives one folder that works where it is moved to; a second installation leaves the user's files alone.
 # In     build folder, data folder, seen, pictures folder
 build=$1 binaries=$1/halvane data=$2 seen=$3 pictures=$4

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A process that is killed while it saves leaves every stored file whole: the old record or the new one.
 
 #include "stored/alert.h"

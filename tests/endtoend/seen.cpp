@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // seen PICTURE FACTOR normal|bold TEXT: does the picture of a panel show TEXT, set in the program's font at
 // FACTOR times its size, plain or bold in the accent? Exit status 0 when it does, 1 when it does not.
 

@@ -1,4 +1,5 @@
 #!/bin/bash
+# SPDX-License-Identifier: MIT
 # A user's session: start, another location and its times, a month's report, a year's report cancelled, Arabic and
 # back, quit. Pictures of every step stay.
 binaries=$1 data=$2 seen=$3 pictures=$4

@@ -1,4 +1,5 @@
 #!/bin/bash
+# SPDX-License-Identifier: MIT
 # What the programs with windows do before anything else: signals that end them are caught for tidying up, those of
 # pipes and of file sizes are errors instead, and what a killed process has left goes. Needs no screen.
 # In     folder of the programs, data folder

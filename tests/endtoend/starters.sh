@@ -1,4 +1,5 @@
 #!/bin/bash
+# SPDX-License-Identifier: MIT
 # The starters of the Debian package and the menu entries, tried without installing: with and without a home, with homes
 # that cannot be written to, in folders of odd names.
 # In     folder of the built programs, source folder

@@ -1,4 +1,5 @@
 #!/bin/bash
+# SPDX-License-Identifier: MIT
 # --version and --help of the programs with windows answer on the terminal, without a display and without files.
 # In     folder of the built programs
 set -u

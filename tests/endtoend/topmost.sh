@@ -1,4 +1,5 @@
 #!/bin/bash
+# SPDX-License-Identifier: MIT
 # The map is kept above the other windows, yet a report, a file dialog and a failure box that open after it stand in front.
 set -u
 binaries=$1 data=$2 seen=$3 pictures=$4

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "routines/earthorientation.h"
 #include "routines/series.h"
 #include "routines/tdtinput.h"

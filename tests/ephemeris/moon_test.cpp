@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ephemeris/moon.h"
 #include "routines/moon.h"
 #include "routines/namedengine.h"

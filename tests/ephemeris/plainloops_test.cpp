@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Every routine of a series against a plain loop over the columns that were read, and every set of vector
 // instructions against the plain one.
 

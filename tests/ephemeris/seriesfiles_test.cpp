@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "base/failure.h"
 #include "ephemeris/series.h"
 #include "routines/series.h"

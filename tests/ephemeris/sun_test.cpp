@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ephemeris/sun.h"
 #include "routines/namedengine.h"
 #include "routines/sun.h"

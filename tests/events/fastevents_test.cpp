@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "events/lowriseset.h"
 #include "routines/namedengine.h"
 #include "routines/riseset.h"

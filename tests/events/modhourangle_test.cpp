@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "routines/riseset.h"
 
 #include "ephemeris/modgeneral.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "events/riseset.h"
 #include "routines/namedengine.h"
 #include "routines/riseset.h"

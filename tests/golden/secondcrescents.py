@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """A second computation of the crescent and the phase report, for the golden files of this folder.
 
     secondcrescents.py DATA FOLDER crescent|phases

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """A second computation of the prayer and the Moon report, for the golden files of this folder.
 
     secondreports.py DATA FOLDER prayer|moon

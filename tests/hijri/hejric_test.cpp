@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "base/failure.h"
 #include "hijri/frmhej.h"
 #include "tests/panel/panelchecks.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ephemeris/series.h"
 #include "panel/panelstyle.h"
 #include "panel/viewer.h"

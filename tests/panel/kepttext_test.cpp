@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "base/failure.h"
 #include "panel/kepttext.h"
 #include "panel/reporthead.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "panel/messages.h"
 #include "panel/textview.h"
 #include "panel/viewer.h"

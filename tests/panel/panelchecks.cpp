@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/panel/panelchecks.h"
 
 #include <QCoreApplication>

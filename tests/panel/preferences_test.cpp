@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "base/failure.h"
 #include "desktop/frmpreferences.h"
 #include "ephemeris/series.h"

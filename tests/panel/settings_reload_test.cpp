@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/frmlocation.h"
 #include "desktop/frmmain.h"
 #include "desktop/frmpreferences.h"

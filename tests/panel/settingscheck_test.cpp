@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "base/machineclock.h"
 #include "desktop/settingscheck.h"
 #include "ephemeris/series.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "panel/textview.h"
 #include "panel/viewer.h"
 #include "tests/panel/panelharness.h"

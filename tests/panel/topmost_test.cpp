@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "panel/currentplatform.h"
 #include "tests/panel/panelharness.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "panel/typednumber.h"
 #include "tests/panel/panelharness.h"
 

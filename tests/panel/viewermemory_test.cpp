@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/panel/panelharness.h"
 
 #include <QProcess>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "panel/frmwait.h"
 #include "tests/panel/panelchecks.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "calendar/moddeltat.h"
 #include "ephemeris/series.h"
 #include "panel/frmwait.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The drawn pictures of the data folder show what the panels take them to show.
 
 #include <array>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "base/switchguard.h"
 #include "prayer/crescentmode.h"
 #include "prayer/moonday.h"

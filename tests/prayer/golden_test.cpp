@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The expected reports of tests/golden were computed by tests/golden/secondreports.py, which shares no code
 // with the program, and read line by line.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "base/failure.h"
 #include "prayer/highlatitude.h"
 #include "prayer/prayerrun.h"

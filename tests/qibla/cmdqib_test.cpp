@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qibla/qiblahrun.h"
 #include "routines/series.h"
 #include "routines/tdtinput.h"

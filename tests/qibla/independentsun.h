@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #ifdef HALVANE_SWISS_EPHEMERIS

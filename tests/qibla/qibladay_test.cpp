@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "qibla/qibladay.h"
 #include "routines/namedengine.h"
 #include "routines/series.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "report/head.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/stored/storedrecords.h"
 
 #include <algorithm>

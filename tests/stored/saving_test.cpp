@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "stored/textfile.h"
 #include "tests/stored/storedrecords.h"
 

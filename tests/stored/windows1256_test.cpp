@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "stored/windows1256.h"
 
 #include <gtest/gtest.h>

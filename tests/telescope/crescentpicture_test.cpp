@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "telescope/crescentpicture.h"
 
 #include "base/failure.h"

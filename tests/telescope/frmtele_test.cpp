@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "routines/series.h"
 #include "telescope/frmtele.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "routines/coordinates.h"
 #include "routines/namedengine.h"
 #include "routines/series.h"

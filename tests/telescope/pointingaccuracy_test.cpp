@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "calendar/modjul.h"
 #include "ephemeris/series.h"
 #include "routines/series.h"

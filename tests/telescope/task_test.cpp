@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "batch/tasks.h"
 #include "stored/tele.h"
 #include "tests/golden/goldenreport.h"

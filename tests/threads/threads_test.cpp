@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "calendar/modjul.h"
 #include "crescent/conjunction.h"
 #include "crescent/visibilitymap.h"

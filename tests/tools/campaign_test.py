@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """The judges of the campaign by themselves: each passes what is sound and finds what is not."""
 
 import itertools

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Damages a sound list of locations one way at a time: every damage must be found and named.
 
 usage: checklocations_test.py LOC_FILE

@@ -1,4 +1,5 @@
 #!/bin/bash
+# SPDX-License-Identifier: MIT
 # The programs are built as Debian asks of programs that read what others have written. Read from the built files.
 # In     programs
 failed=0

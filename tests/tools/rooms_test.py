@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """rooms_test.py SOURCE: every include of a room's file must stand in the table of rooms.
 
 The table is that of docs/architecture.md: folder, what lives there, which rooms it may use. A room may also use what

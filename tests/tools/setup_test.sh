@@ -1,4 +1,5 @@
 #!/bin/bash
+# SPDX-License-Identifier: MIT
 # ./run and ./check on a machine that has all packages: no user needs apt, root or a network. The build itself is
 # played by scripts.
 # In     source folder

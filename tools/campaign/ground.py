@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Where the campaign works: the programs, folders of its own, processes under limits, and the table of results."""
 
 import contextlib

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The same reports from every build and in every locale, byte for byte."""
 
 import random

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The pictures of the program, read by programs and routines that share nothing with it."""
 
 import random

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // halvane-probe FOLDER WORK ARGUMENT ...: what the campaign asks of the engine, as rows of numbers and texts
 // on standard output. FOLDER is a program folder of the campaign's own. The campaign judges the rows.
 

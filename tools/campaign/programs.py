@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Whatever is typed: fuzz targets, command lines, and keys on the panels for a long time."""
 
 import concurrent.futures

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Calendars, times and maps against computations of their own.
 
 Nothing here is shared with the engine: whole-number calendars, and the low-precision formulae that the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // halvane-soak FOLDER keys SEED SECONDS: the desktop program with random keys pressed on its panels, runs
 // cancelled on the way. Its last line tells the keys, the windows opened, the cancels and the memory early
 // and late. halvane-soak FOLDER reports: the prayer and the Moon report by the main panel's buttons, into

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Files under damage, kills, full disks and two processes at once."""
 
 import os

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MIT
 """touchingclasses FOLDER LUNATIONS | colourvision.py: how different the classes that touch on a map look.
 
 Colours as four kinds of eyes see them: all cones, and without those for red (protanopia), green (deuteranopia) and

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // touchingclasses FOLDER LUNATIONS: the colours of the visibility map's classes, and how often each pair of
 // them stands side by side on all maps of so many lunations from January 2020 on. FOLDER holds the delivered
 // data.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/drawcrescents/crescentpicture.h"
 
 #include "tools/drawcrescents/moonsurface.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Draws the crescent turned by every multiple of 10 degrees, plain and in the three mirrored forms.
 
 #include "tools/drawcrescents/crescentpicture.h"

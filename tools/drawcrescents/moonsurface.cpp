@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/drawcrescents/moonsurface.h"
 
 #include <algorithm>

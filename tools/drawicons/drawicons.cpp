@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Renders the application icon to PNG files of the sizes that desktops ask for.
 
 #include <cstdio>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Draws the picture of the world that the visibility map is painted over.
 
 #include "tools/drawmap/worldlines.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Draws the world in bands of equal direction to the Kaaba.
 
 #include "tools/drawmap/worldlines.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/drawmap/worldprogram.h"
 
 #include "tools/drawmap/picturefile.h"

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Makes the two sounds of the alert program: makechime.py FOLDER writes chime.wav and beep.wav there.
 
 Mono, 16 bit, 22050 samples a second. The chime is three soft strokes of a bell, G4 C5 E5, each the sum of

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Checks a list of locations and names every location that fails.
 
 usage: checklocations.py LOC_FILE [--land LAND_FILE] [--zoneinfo ZONEINFO_FOLDER] [--geonames GEONAMES_FOLDER]

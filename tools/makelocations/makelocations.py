@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Writes the delivered list of locations.
 
 usage: makelocations.py GEONAMES_FOLDER ZONEINFO_FOLDER OUTPUT_FILE

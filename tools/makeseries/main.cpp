@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // makeseries TABLES_FOLDER OUTPUT_FOLDER: writes the four series files of the program folder from the
 // published tables. Nothing is written unless every table is whole.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/makeseries/seriesfiles.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/measureaccuracy/measurement.h"
 #include "tools/measuring/swissephemeris.h"
 

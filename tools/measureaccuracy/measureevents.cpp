@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "calendar/moddeltat.h"
 #include "events/riseset.h"
 #include "prayer/moonday.h"

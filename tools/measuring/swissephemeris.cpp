@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/measuring/swissephemeris.h"
 
 #include "calendar/moddeltat.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // screenshots FOLDER DATA: pictures of every panel in both languages, at the scale of QT_SCALE_FACTOR. The
 // panels stand on a temporary program folder made of the delivered files DATA and a fixed clock.
 

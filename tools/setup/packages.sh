@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Sourced by ./run and ./check: installs the Debian packages that are missing. When none is, any user may build, without
 # apt and without a network.
 

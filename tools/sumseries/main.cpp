@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writes a header with the size and the CRC-32 of the files given: sumseries HEADER FILE...
 
 #include "routines/crc32.h"

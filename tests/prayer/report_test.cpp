@@ -132,6 +132,32 @@ TEST_F(PrayerReport, StatesTheTimeReferenceItRunsWith) {
     EXPECT_EQ(folder.read("mresults.out"), moon);
 }
 
+TEST_F(PrayerReport, APlaceStoredInTheMiddleOfARunIsThatOfTheNextOne) {
+    const Location first = place_at(36, 32, 2, "First");
+    const Location second = place_at(-70, -33, -4, "Second");
+    set_period({1700, 1, 1}, {2299, 12, 31});
+    const auto reports = [this](RecordingProgress& progress) {
+        write_prayer_report(loaded_theory(), progress);
+        return folder.read("results.out");
+    };
+    RecordingProgress silent;
+    write_loc(first);
+    const std::string of_first = reports(silent);
+    write_loc(second);
+    const std::string of_second = reports(silent);
+    ASSERT_NE(of_first, of_second);
+
+    write_loc(first);
+    RecordingProgress saving;
+    saving.at_yield = [&second](int yield) {
+        if (yield == 100)
+            write_loc(second);
+    };
+    EXPECT_TRUE(reports(saving) == of_first) << "a row of another place";
+    EXPECT_TRUE(reports(silent) == of_second);
+    EXPECT_GT(saving.yields, 219000);
+}
+
 TEST_F(PrayerReport, IsRefusedWithTheWordsOfItsMessage) {
     EXPECT_STREQ(high_latitude_message.title.english, "High-Latitude Error!");
     EXPECT_STREQ(high_latitude_message.text.english,

@@ -270,6 +270,8 @@ class Programs(unittest.TestCase):
         self.assertTrue(programs.judge_command(["x"], ended(None)))
         self.assertTrue(programs.judge_command(["x"], ended(77, "odd")))
         self.assertTrue(programs.judge_command(["x"], Ended(0, "Fajer nan", "", 0.1, 5)))
+        self.assertEqual(programs.judge_command(["map", "--csv=inf"], Ended(0, "/folder/inf\n", "", 0.1, 5)), [])
+        self.assertTrue(programs.judge_command(["nan"], Ended(0, "Fajer nan", "", 0.1, 5)))
 
     def test_soaks(self):
         def told(words, status=0):

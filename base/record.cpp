@@ -101,7 +101,7 @@ void RecordReader::raise(const Field& field, const TwinWords& wanted) const {
     parts.wanted = wanted;
     const std::string shown = "\"" + excerpt(field.text) + "\"";
     parts.found = field.present ? TwinWords(shown, shown) : TwinWords("the end of the file", "نهاية الملف");
-    throw RunTimeFailure(std::move(parts));
+    throw RunTimeFailure(parts);
 }
 
 std::string RecordReader::text() {

@@ -90,10 +90,12 @@ std::vector<ClassColour> bare_map_colours(const std::function<ClassColour(int x,
             --counts[colour.red << 16 | colour.green << 8 | colour.blue];
         }
     std::vector<std::pair<int, int>> order;
+    order.reserve(counts.size());
     for (const auto& [colour, count] : counts)
         order.emplace_back(count, colour);
     std::sort(order.begin(), order.end());
     std::vector<ClassColour> colours;
+    colours.reserve(order.size());
     for (const auto& [count, colour] : order)
         colours.push_back({byte(colour >> 16), byte(colour >> 8), byte(colour)});
     return colours;

@@ -22,8 +22,8 @@ struct MapConjunction {
     std::array<double, 5> days{}; ///< 0 h of its date, and one and two days after and before    [d]
 };
 
-/// Repeats the conjunction search from `conjunctionstart`, always geocentric. Reads `loc.vsk`; needs the
-/// series files loaded.
+/// Repeats the conjunction search from `conjunctionstart`, always geocentric; needs
+/// `termfull.vsk`, `mterm.vsk` and `elp.vsk`.
 MapConjunction map_conjunction(Ephemeris& ephemeris);
 
 /// 0 h of the day `choice` (0, 1, 2): that many days after the conjunction's date for a new crescent, before

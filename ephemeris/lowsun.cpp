@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ephemeris/sun.h"
 
-#include "ephemeris/ephemeris.h"
-
 #include "ephemeris/coordinates.h"
+#include "ephemeris/ephemeris.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/sunplace.h"
 

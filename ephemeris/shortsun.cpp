@@ -2,7 +2,6 @@
 #include "ephemeris/sun.h"
 
 #include "ephemeris/ephemeris.h"
-
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/seriessums.h"
 #include "ephemeris/sunplace.h"

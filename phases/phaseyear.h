@@ -16,7 +16,7 @@ namespace halvane {
 /// What a table of the phases is made from.
 struct PhaseYear {
     double year = 2000;
-    bool geocentric = true; ///< false: for the observer of `loc.vsk`
+    bool geocentric = true; ///< false: for the observer of `location`
     bool local_ut1 = true;  ///< false: the clock runs on dynamical time
     double delta_t = 0;     ///< taken off with `local_ut1`                                         [s]
     Preferences preferences;

@@ -28,7 +28,7 @@ std::filesystem::path home_folder() {
     return user != nullptr && user->pw_dir != nullptr ? user->pw_dir : "/";
 }
 
-/// A path that is not absolute is to be ignored (XDG Base Directory Specification, 0.8).
+/// A path that is not absolute is to be ignored (XDG Base Directory 0.8, freedesktop.org).
 std::filesystem::path configuration_folder() {
     const char* config = std::getenv("XDG_CONFIG_HOME");
     if (config != nullptr && std::filesystem::path(config).is_absolute())

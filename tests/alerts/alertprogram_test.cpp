@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "alerts/alertprogram.h"
-#include "routines/series.h"
 
 #include "alerts/onlycopy.h"
 #include "base/failure.h"
 #include "base/machineclock.h"
 #include "ephemeris/series.h"
 #include "panel/panelstyle.h"
+#include "routines/series.h"
 #include "stored/alert.h"
 #include "stored/loc.h"
 #include "tests/alerts/testclock.h"

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "prayer/alertschedule.h"
-#include "routines/series.h"
 
 #include "base/failure.h"
 #include "calendar/clocktext.h"
@@ -8,6 +7,7 @@
 #include "calendar/modsummer.h"
 #include "ephemeris/series.h"
 #include "prayer/prayerrun.h"
+#include "routines/series.h"
 #include "tests/alerts/testclock.h"
 #include "tests/golden/goldenreport.h"
 #include "tests/support/places.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "base/numberformat.h"
-#include "base/record.h"
 
 #include "base/failure.h"
+#include "base/record.h"
 
 #include <cmath>
 #include <gtest/gtest.h>

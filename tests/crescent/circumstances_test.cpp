@@ -1,8 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "crescent/circumstances.h"
-#include "routines/namedengine.h"
-#include "routines/series.h"
-#include "routines/tdtinput.h"
 
 #include "base/failure.h"
 #include "calendar/civildate.h"
@@ -16,6 +13,9 @@
 #include "prayer/moonrun.h"
 #include "prayer/prayerrun.h"
 #include "report/head.h"
+#include "routines/namedengine.h"
+#include "routines/series.h"
+#include "routines/tdtinput.h"
 #include "stored/date.h"
 #include "stored/pref.h"
 #include "tests/crescent/crescentfixture.h"

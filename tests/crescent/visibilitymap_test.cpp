@@ -1,8 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "crescent/visibilitymap.h"
-#include "routines/namedengine.h"
-#include "routines/series.h"
-#include "routines/tdtinput.h"
 
 #include "calendar/moddeltat.h"
 #include "calendar/modjul.h"
@@ -11,6 +8,9 @@
 #include "ephemeris/moon.h"
 #include "ephemeris/sun.h"
 #include "events/lowriseset.h"
+#include "routines/namedengine.h"
+#include "routines/series.h"
+#include "routines/tdtinput.h"
 #include "tests/crescent/crescentfixture.h"
 #include "tests/support/places.h"
 

@@ -92,7 +92,7 @@ for name in plain 'a b' 'a"b' '$HOME' 'a`b' '50%' 'a\b' 'a&b|c' "it's" 'منبه
     python3 - "$entry" "$odd/halvane" <<'EOF' || fail "the command of $name: $(grep ^Exec "$entry")"
 import re, sys
 values = dict(line.split("=", 1) for line in open(sys.argv[1], encoding="utf-8").read().splitlines() if "=" in line)
-# The two steps of the Desktop Entry Specification: the string's escapes, then the quoting of the command.
+# The two steps of Desktop Entry 1.5: the string's escapes, then the quoting of the command.
 string = re.sub(r"\\(.)", lambda m: {"s": " ", "n": "\n", "t": "\t", "r": "\r"}.get(m[1], m[1]), values["Exec"])
 assert string[0] == string[-1] == '"'
 word = re.sub(r'\\(["`$\\])', r"\1", string[1:-1]).replace("%%", "%")

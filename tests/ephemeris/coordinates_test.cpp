@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "ephemeris/coordinates.h"
-#include "ephemeris/orientation.h"
-#include "routines/coordinates.h"
-#include "routines/namedengine.h"
 
 #include "ephemeris/modgeneral.h"
+#include "ephemeris/orientation.h"
+#include "routines/coordinates.h"
 #include "routines/earthorientation.h"
+#include "routines/namedengine.h"
 #include "tests/ephemeris/observed.h"
 
 #include <array>

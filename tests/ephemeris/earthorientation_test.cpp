@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "routines/earthorientation.h"
-#include "routines/series.h"
-#include "routines/tdtinput.h"
 
 #include "calendar/moddeltat.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/orientationterms.h"
+#include "routines/series.h"
+#include "routines/tdtinput.h"
 #include "tests/ephemeris/observed.h"
 
 #include <array>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ephemeris/modgeneral.h"
-#include "routines/waitseconds.h"
 
 #include "base/failure.h"
+#include "routines/waitseconds.h"
 
 #include <chrono>
 #include <cmath>

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "ephemeris/moon.h"
-#include "routines/moon.h"
-#include "routines/namedengine.h"
-#include "routines/series.h"
-#include "routines/tdtinput.h"
 
 #include "calendar/moddeltat.h"
 #include "ephemeris/coordinates.h"
 #include "ephemeris/modgeneral.h"
 #include "routines/earthorientation.h"
+#include "routines/moon.h"
+#include "routines/namedengine.h"
+#include "routines/series.h"
+#include "routines/tdtinput.h"
 #include "tests/ephemeris/observed.h"
 
 #include <array>

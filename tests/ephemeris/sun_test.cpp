@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "ephemeris/sun.h"
-#include "routines/namedengine.h"
-#include "routines/sun.h"
-#include "routines/tdtinput.h"
 
 #include "calendar/moddeltat.h"
 #include "ephemeris/coordinates.h"
 #include "ephemeris/modgeneral.h"
+#include "routines/namedengine.h"
+#include "routines/sun.h"
+#include "routines/tdtinput.h"
 #include "tests/ephemeris/observed.h"
 
 #include <array>

@@ -1,9 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "events/lowriseset.h"
-#include "routines/namedengine.h"
-#include "routines/riseset.h"
-#include "routines/series.h"
-#include "routines/tdtinput.h"
 
 #include "calendar/moddeltat.h"
 #include "calendar/modjul.h"
@@ -16,6 +12,10 @@
 #include "ephemeris/sun.h"
 #include "events/riseset.h"
 #include "routines/earthorientation.h"
+#include "routines/namedengine.h"
+#include "routines/riseset.h"
+#include "routines/series.h"
+#include "routines/tdtinput.h"
 #include "stored/loc.h"
 #include "stored/pref.h"
 #include "tests/golden/goldenreport.h"

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "events/lowriseset.h"
-#include "routines/namedengine.h"
-#include "routines/riseset.h"
-#include "routines/series.h"
-#include "routines/tdtinput.h"
 
 #include "calendar/moddeltat.h"
 #include "ephemeris/interpolation.h"
 #include "ephemeris/moon.h"
 #include "ephemeris/series.h"
 #include "events/riseset.h"
+#include "routines/namedengine.h"
+#include "routines/riseset.h"
+#include "routines/series.h"
+#include "routines/tdtinput.h"
 #include "tests/ephemeris/observed.h"
 
 #include <cmath>

@@ -1,8 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "events/riseset.h"
-#include "routines/namedengine.h"
-#include "routines/riseset.h"
-#include "routines/tdtinput.h"
 
 #include "base/failure.h"
 #include "base/switchguard.h"
@@ -12,6 +9,9 @@
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/moon.h"
 #include "ephemeris/sun.h"
+#include "routines/namedengine.h"
+#include "routines/riseset.h"
+#include "routines/tdtinput.h"
 #include "stored/pref.h"
 #include "tests/ephemeris/observed.h"
 

@@ -1,8 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "phases/phasereport.h"
-#include "routines/namedengine.h"
-#include "routines/series.h"
-#include "routines/tdtinput.h"
 
 #include "base/failure.h"
 #include "base/numberformat.h"
@@ -11,6 +8,9 @@
 #include "calendar/modjul.h"
 #include "calendar/yearlimits.h"
 #include "ephemeris/series.h"
+#include "routines/namedengine.h"
+#include "routines/series.h"
+#include "routines/tdtinput.h"
 #include "tests/golden/goldenreport.h"
 #include "tests/golden/recordingprogress.h"
 

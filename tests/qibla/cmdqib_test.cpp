@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "qibla/qiblahrun.h"
-#include "routines/series.h"
-#include "routines/tdtinput.h"
 
 #include "base/failure.h"
 #include "base/machineclock.h"
 #include "calendar/moddeltat.h"
 #include "ephemeris/series.h"
+#include "routines/series.h"
+#include "routines/tdtinput.h"
 #include "stored/date.h"
 #include "stored/loc.h"
 #include "stored/pref.h"

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "routines/series.h"
 #include "tests/golden/goldenreport.h"
 
 #include "calendar/modjul.h"
 #include "calendar/modsummer.h"
 #include "ephemeris/series.h"
 #include "qibla/qiblahrun.h"
+#include "routines/series.h"
 #include "stored/date.h"
 #include "stored/loc.h"
 #include "stored/pref.h"

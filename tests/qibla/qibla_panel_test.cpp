@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "qibla/frmqib.h"
-#include "routines/series.h"
-#include "routines/tdtinput.h"
 
 #include "base/failure.h"
 #include "calendar/moddeltat.h"
@@ -15,6 +13,8 @@
 #include "qibla/direction.h"
 #include "qibla/frmqmap.h"
 #include "qibla/qiblahdial.h"
+#include "routines/series.h"
+#include "routines/tdtinput.h"
 #include "stored/loc.h"
 #include "tests/panel/panelchecks.h"
 #include "tests/support/places.h"

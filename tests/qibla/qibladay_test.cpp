@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "qibla/qibladay.h"
-#include "routines/namedengine.h"
-#include "routines/series.h"
 
 #include "base/failure.h"
 #include "calendar/moddeltat.h"
@@ -10,6 +8,8 @@
 #include "ephemeris/series.h"
 #include "ephemeris/sun.h"
 #include "qibla/direction.h"
+#include "routines/namedengine.h"
+#include "routines/series.h"
 #include "stored/programfolder.h"
 #include "tests/qibla/independentsun.h"
 

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "routines/namedengine.h"
-#include "routines/series.h"
-#include "routines/tdtinput.h"
 #include "tables/ephemerisrow.h"
 
 #include "calendar/moddeltat.h"
 #include "ephemeris/moon.h"
 #include "ephemeris/series.h"
 #include "ephemeris/sun.h"
+#include "routines/namedengine.h"
+#include "routines/series.h"
+#include "routines/tdtinput.h"
 #include "stored/programfolder.h"
 
 #include <cmath>

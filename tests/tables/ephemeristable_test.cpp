@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "routines/series.h"
-#include "routines/tdtinput.h"
 #include "tables/ephemeristable.h"
 
 #include "base/failure.h"
 #include "calendar/moddeltat.h"
 #include "ephemeris/series.h"
+#include "routines/series.h"
+#include "routines/tdtinput.h"
 #include "stored/pref.h"
 #include "tests/golden/goldenreport.h"
 #include "tests/golden/recordingprogress.h"

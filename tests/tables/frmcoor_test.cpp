@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "routines/series.h"
 #include "tables/frmcoor.h"
 
 #include "ephemeris/series.h"
 #include "panel/frmwait.h"
 #include "panel/panelsupport.h"
+#include "routines/series.h"
 #include "stored/textfile.h"
 #include "tests/panel/panelchecks.h"
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "routines/series.h"
 #include "telescope/frmtele.h"
 
 #include "base/machineclock.h"
 #include "ephemeris/series.h"
+#include "routines/series.h"
 #include "stored/loc.h"
 #include "telescope/crescentview.h"
 #include "tests/panel/panelchecks.h"

@@ -1,8 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "routines/coordinates.h"
-#include "routines/namedengine.h"
-#include "routines/series.h"
-#include "routines/tdtinput.h"
 #include "telescope/pointing.h"
 
 #include "base/failure.h"
@@ -12,6 +8,10 @@
 #include "ephemeris/moon.h"
 #include "ephemeris/series.h"
 #include "ephemeris/sun.h"
+#include "routines/coordinates.h"
+#include "routines/namedengine.h"
+#include "routines/series.h"
+#include "routines/tdtinput.h"
 #include "stored/loc.h"
 #include "stored/pref.h"
 #include "tests/golden/goldenreport.h"

@@ -15,7 +15,7 @@ class NotAPicture(Exception):
 
 
 def unpacked(data, code_size, area):
-    """The indices of an image's packed codes, after the GIF89a specification, appendix F."""
+    """The indices of an image's packed codes, after GIF89a, appendix F."""
     clear, end = 1 << code_size, (1 << code_size) + 1
     words = {}
     width, bits, held = code_size + 1, 0, 0

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tools/measureaccuracy/measurement.h"
-#include "routines/series.h"
 
 #include "ephemeris/series.h"
+#include "routines/series.h"
 #include "tests/support/programfolder.h"
 
 #include <array>

@@ -151,9 +151,9 @@ void frmmain::load() {
 
 /// The foot tells of series files that are not the delivered ones, and has no room without them.
 void frmmain::show_series() {
-    const QStringList lines = series_warnings(language());
-    ui_->lblseries->setText(lines.join(u'\n'));
-    ui_->lblseries->setVisible(!lines.isEmpty());
+    const QStringList warnings = series_warnings(language());
+    ui_->lblseries->setText(warnings.join(u'\n'));
+    ui_->lblseries->setVisible(!warnings.isEmpty());
 }
 
 void frmmain::reload() {

@@ -52,7 +52,7 @@ InterpolatedSeries::Values InterpolatedSeries::at(double days) {
         return function_(*theory_, days);
     const double position = days / piece_length;
     const double index = std::floor(position);
-    Piece& piece = pieces_[static_cast<std::size_t>(static_cast<long long>(index) & (kept_pieces - 1))];
+    Piece& piece = pieces_[static_cast<std::size_t>(static_cast<long long>(index)) & (kept_pieces - 1)];
     if (piece.index != index) {
         piece.index = index;
         compute(piece);

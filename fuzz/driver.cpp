@@ -196,7 +196,7 @@ Options read_options(int count, char** words) {
         else if (name == "-max_len")
             options.longest = std::stoull(value);
         else if (name == "-artifact_prefix")
-            artifact = value + artifact;
+            artifact.insert(0, value);
         else if (word.front() != '-')
             read_seeds(word, options.seeds);
         else

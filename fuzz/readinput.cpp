@@ -31,7 +31,7 @@ std::string words_of_failure(const std::function<void()>& work) {
     try {
         work();
     } catch (const RunTimeFailure& failure) {
-        const std::string words = failure.what();
+        std::string words = failure.what();
         require(!words.empty() && words.find('\n') == std::string::npos);
         return words;
     }

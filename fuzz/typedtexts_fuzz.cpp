@@ -31,7 +31,7 @@ public:
     explicit Boxes(std::string text) : text_(std::move(text)) {}
     std::string next() {
         const std::size_t end = std::min(text_.find('\n'), text_.size());
-        const std::string box = text_.substr(0, end);
+        std::string box = text_.substr(0, end);
         text_.erase(0, std::min(end + 1, text_.size()));
         return box;
     }

@@ -17,9 +17,9 @@ constexpr Twin no_prayer_text{"", "No prayer has a time today or tomorrow.",
 constexpr Twin no_sound{"", "No sound device was found. Alerts are shown without their sound.",
                         "لم يعثر على جهاز للصوت، لذلك تظهر التنبيهات دون صوت."};
 
-QString next_words(Prayer prayer, const std::string& time, Language language) {
+QString next_words(Prayer prayer, const ShownClock& clock, Language language) {
     return text_of(next_text, language)
-        .arg(prayer_name(prayer, language), isolated(QString::fromStdString(time)));
+        .arg(prayer_name(prayer, language), isolated(QString::fromStdString(text_of(clock))));
 }
 
 } // namespace
@@ -32,15 +32,15 @@ AlertWords words_of(const Alert& alert, const QString& place, Language language)
     const Twin& heading = alert.kind == Alert::Kind::window ? it_is_time : soon;
     AlertWords words;
     words.heading = text_of(heading, language).arg(prayer_name(alert.prayer, language));
-    words.time = QString::fromStdString(alert.time);
+    words.time = QString::fromStdString(text_of(alert.clock));
     words.place = place;
     if (alert.next)
-        words.next = next_words(*alert.next, alert.next_time, language);
+        words.next = next_words(*alert.next, alert.next_clock, language);
     return words;
 }
 
 QString coming_words(const std::optional<ComingPrayer>& coming, Language language) {
-    return coming ? next_words(coming->prayer, coming->time, language) : text_of(no_prayer_text, language);
+    return coming ? next_words(coming->prayer, coming->clock, language) : text_of(no_prayer_text, language);
 }
 
 QString no_sound_words(Language language) {

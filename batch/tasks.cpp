@@ -42,7 +42,7 @@ int run_today(Progress& /*progress*/) {
     const MachineTime now = machine_time();
     double todayjd = 0;
     modjul(now.year, now.month, now.day, 0, todayjd);
-    const PrayerTimes times = today_prayer_times(loaded_theory(), todayjd);
+    const PrayerTexts times = today_prayer_times(loaded_theory(), todayjd);
     std::cout << "Fajer " << times.fajer << "\nShuroq " << times.shuroq << "\nDhohur " << times.dhohur
               << "\nAser " << times.aser << "\nMaghreb " << times.maghreb << "\nIsha " << times.isha << "\n";
     return status_done;

@@ -48,6 +48,12 @@ volatile double sink = 0;
 
 /// What the library's place is set against: ecliptic and equatorial place, geocentric and topocentric, with
 /// altitude and azimuth.
+/// A number that depends on a time.
+double hours_or_0(const TaggedTime& time) {
+    const double* hours = hours_of(time);
+    return hours != nullptr ? *hours : 0;
+}
+
 double engine_place(Ephemeris& ephemeris, const Observer& observer, swiss::Body body, double jd) {
     const Instant instant = Instant::of_dynamical(jd);
     double altitude = 0;
@@ -222,18 +228,15 @@ bool print_ratios() {
               for_each(hours, [&swiss](double jd) { return swiss.place(swiss::Body::moon, jd); }), 8760);
 
     const PrayerSettings settings = read_prayer_settings(DayMode::report);
-    table.row("prayer day, each of a year", {0.11, 0.02},
-              for_each(days,
-                       [&](double jd) {
-                           return static_cast<double>(
-                               prayer_day(ephemeris, settings, jd, 0).times.fajer.size());
-                       }),
-              for_each(days, [&](double jd) { return swiss.sun_day(jd - location.zone / 24), jd; }), 365);
+    table.row(
+        "prayer day, each of a year", {0.11, 0.02},
+        for_each(days,
+                 [&](double jd) { return hours_or_0(prayer_day(ephemeris, settings, jd, 0).times.fajer); }),
+        for_each(days, [&](double jd) { return swiss.sun_day(jd - location.zone / 24), jd; }), 365);
     table.row("Moon day, each of a year", {0.9, 0.29},
               for_each(days,
                        [&](double jd) {
-                           return static_cast<double>(
-                               moon_day(ephemeris, preferences, location, jd, 0).rise.size());
+                           return hours_or_0(moon_day(ephemeris, preferences, location, jd, 0).rise);
                        }),
               for_each(days, [&](double jd) { return swiss.moon_day(jd - location.zone / 24), jd; }), 365);
 

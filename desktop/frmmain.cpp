@@ -254,7 +254,7 @@ void frmmain::show_language(bool english) {
         set_arabic_fonts();
 }
 
-void frmmain::show_today(const PrayerTimes& times) {
+void frmmain::show_today(const PrayerTexts& times) {
     const std::string* const texts[] = {&times.fajer, &times.shuroq,  &times.dhohur,
                                         &times.aser,  &times.maghreb, &times.isha};
     for (std::size_t column = 0; column < times_.size(); ++column)
@@ -364,7 +364,7 @@ void frmmain::mark_next_prayer() {
         mark_column(column, is_next ? day + remaining_text(*next, language()) : QString(), is_next);
         times_[column]->setToolTip(day.isEmpty() ? QString()
                                                  : day + titles_[column]->text() + u' ' +
-                                                       QString::fromStdString(next->time));
+                                                       QString::fromStdString(text_of(next->clock)));
     }
 }
 

@@ -49,7 +49,7 @@ protected:
 
 private:
     void show_language(bool english) override;
-    void show_today(const PrayerTimes& times) override;
+    void show_today(const PrayerTexts& times) override;
     void show_location(const std::string& name) override;
     void show_date(const std::string& line) override;
     void show_clock() override;

@@ -9,6 +9,7 @@
 #include "calendar/modjul.h"
 #include "calendar/zonetext.h"
 #include "routines/series.h"
+#include "stored/date.h"
 #include "stored/loc.h"
 #include "stored/pref.h"
 
@@ -45,6 +46,11 @@ double julian_day(const MachineTime& date) {
     return jd;
 }
 
+/// The times of the date so many days after the machine's.
+PrayerTimes times_of_day(const MainPanelState& state, int ahead) {
+    return prayer_times(loaded_theory(), state.preferences, state.location, state.todayjd + ahead);
+}
+
 /// The moments of the days about today, which a clock far from the machine's asks for.
 std::vector<PrayerMoment> moments_about(const MainPanelState& state, const PrayerTimes& today) {
     constexpr int days_around[] = {-1, 1, 2};
@@ -53,7 +59,7 @@ std::vector<PrayerMoment> moments_about(const MainPanelState& state, const Praye
     for (const int ahead : days_around) {
         // Today's times stand, whether or not those that only the remaining time asks for can be had.
         run_part(true, [&] {
-            const PrayerTimes times = today_prayer_times(loaded_theory(), state.todayjd + ahead);
+            const PrayerTimes times = times_of_day(state, ahead);
             for (const PrayerMoment& moment :
                  prayer_moments(times, day + ahead, state.preferences, state.location))
                 moments.push_back(moment);
@@ -115,13 +121,15 @@ void load_main_panel(MainPanelFace& face, MainPanelState& state) {
     face.show_language(state.isenglish);
     state.loaded_at = machine_time();
     modjul(state.loaded_at.year, state.loaded_at.month, state.loaded_at.day, 0, state.todayjd);
-    PrayerTimes times;
+    PrayerTexts texts;
     state.moments.clear();
     run_part(pass_over, [&] {
-        times = today_prayer_times(loaded_theory(), state.todayjd);
+        read_date(); // wanted of the load, though the times are of the machine's date
+        const PrayerTimes times = times_of_day(state, 0);
+        texts = texts_of(times, precision_of(state.preferences));
         state.moments = moments_about(state, times);
     });
-    face.show_today(times);
+    face.show_today(texts);
     face.show_location(state.location.name);
     run_part(pass_over, [&] { face.show_date(date_line(state.loaded_at, state.todayjd, state.isenglish)); });
     face.show_clock();

@@ -3,7 +3,7 @@
 
 #include "base/machineclock.h"
 #include "prayer/prayermoments.h"
-#include "prayer/prayerrun.h"
+#include "prayer/prayertexts.h"
 
 #include <optional>
 #include <string>
@@ -16,7 +16,7 @@ class MainPanelFace {
 public:
     virtual ~MainPanelFace() = default;
     virtual void show_language(bool english) = 0;
-    virtual void show_today(const PrayerTimes& times) = 0;
+    virtual void show_today(const PrayerTexts& times) = 0;
     virtual void show_location(const std::string& name) = 0;
     virtual void show_date(const std::string& line) = 0;
     virtual void show_clock() = 0;

@@ -6,7 +6,6 @@
 #include <cstddef>
 #include <optional>
 #include <span>
-#include <string>
 
 namespace halvane {
 
@@ -15,7 +14,7 @@ struct NextPrayer {
     std::size_t column = 0; ///< of the panel: Fajer, Shuroq, Dhohur, Aser, Maghreb, Isha
     int minutes_left = 0;   ///< rounded up, so at least 1
     double day = 0;         ///< day count of its civil date on the location's clock
-    std::string time;       ///< on the location's clock
+    ShownClock clock;       ///< of the location
 
     bool operator==(const NextPrayer&) const = default;
 };

@@ -3,7 +3,7 @@
 
 #include "calendar/locationclock.h"
 #include "calendar/modjul.h"
-#include "prayer/prayerrun.h"
+#include "stored/date.h"
 
 #include <algorithm>
 #include <cmath>
@@ -19,8 +19,9 @@ std::vector<PrayerMoment> moments_about(const TheoryPointer& theory, double toda
     modjul(date.year, date.month, date.day, 0, jd);
     std::vector<PrayerMoment> moments;
     for (const int days_ahead : {-1, 0, 1}) {
-        const std::vector<PrayerMoment> day = prayer_moments(today_prayer_times(theory, jd + days_ahead),
-                                                             today + days_ahead, preferences, location);
+        const std::vector<PrayerMoment> day =
+            prayer_moments(prayer_times(theory, preferences, location, jd + days_ahead), today + days_ahead,
+                           preferences, location);
         moments.insert(moments.end(), day.begin(), day.end());
     }
     sort_by_time(moments);
@@ -52,6 +53,7 @@ void AlertSchedule::take_settings(const MachineTime& now) {
     const Location location = read_loc();
     const double today = day_count_of(location_clock(preferences, location, now).time);
     if (preferences_ != preferences || location_ != location || today_ != today) {
+        read_date(); // wanted of these times as of the main panel's
         moments_ = moments_about(theory_, today, preferences, location);
         preferences_ = preferences;
         location_ = location;
@@ -105,9 +107,9 @@ std::vector<Alert> AlertSchedule::due(const MachineTime& now) {
         const auto add = [&](Alert::Kind kind, Athan athan) {
             const auto next = std::next(moment);
             const bool has_next = next != moments_.end();
-            alerts.push_back({kind, moment->prayer, athan, moment->time,
+            alerts.push_back({kind, moment->prayer, athan, moment->clock,
                               has_next ? std::optional(next->prayer) : std::nullopt,
-                              has_next ? next->time : std::string()});
+                              has_next ? next->clock : ShownClock()});
         };
         // A beep that comes after the time it was to warn of has lost its use.
         const bool useful = settings_.lead == 0 || present_ < moment->seconds;
@@ -125,7 +127,7 @@ std::optional<ComingPrayer> AlertSchedule::coming(const MachineTime& now) {
     const double present = seconds_of(now);
     for (const PrayerMoment& moment : moments_)
         if (moment.seconds > present)
-            return ComingPrayer{moment.prayer, moment.time};
+            return ComingPrayer{moment.prayer, moment.clock};
     return std::nullopt;
 }
 

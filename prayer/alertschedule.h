@@ -10,7 +10,6 @@
 
 #include <map>
 #include <optional>
-#include <string>
 #include <tuple>
 #include <utility>
 #include <vector>
@@ -29,15 +28,15 @@ struct Alert {
     Kind kind = Kind::window;
     Prayer prayer = Prayer::fajer;
     Athan athan = Athan::none;
-    std::string time;           ///< the prayer's clock text
+    ShownClock clock;           ///< the prayer's, on the location's clock
     std::optional<Prayer> next; ///< the prayer after it
-    std::string next_time;      ///< its clock text; empty without one
+    ShownClock next_clock;      ///< its clock; 0 h without one
 };
 
-/// The prayer that comes next and its clock text.
+/// The prayer that comes next and its clock.
 struct ComingPrayer {
     Prayer prayer = Prayer::fajer;
-    std::string time;
+    ShownClock clock;
 };
 
 /// Decides what is due, by the machine's instant and the stored settings: the zone that the machine's clock

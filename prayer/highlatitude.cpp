@@ -2,14 +2,11 @@
 #include "prayer/highlatitude.h"
 
 #include "base/failure.h"
-#include "base/numberformat.h"
 
 #include <array>
-#include <charconv>
 #include <cmath>
 #include <cstdlib>
-#include <string_view>
-#include <system_error>
+#include <string>
 
 namespace halvane {
 namespace {
@@ -47,36 +44,33 @@ double fraction_of_night(double latitude) {
 constexpr int minutes_per_day = 1440;
 constexpr int minutes_per_hour = 60;
 
-int two_digit_number(std::string_view text, const std::string& whole) {
-    int value = 0;
-    const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (result.ec != std::errc() || result.ptr != text.data() + text.size())
-        throw RunTimeFailure(TwinWords{
-            "The alternative method for high latitudes needs a clock time, but a day of this "
-            "location has \"" +
-                whole + "\".",
-            "تحتاج الحسابات البديلة لخطوط العرض العليا إلى وقت، و في هذا الموقع يوم فيه \"" + whole + "\"."});
-    return value;
+constexpr int seconds_per_minute = 60;
+
+RunTimeFailure no_clock_time(const std::string& word) {
+    return RunTimeFailure(TwinWords{
+        "The alternative method for high latitudes needs a clock time, but a day of this location has \"" +
+            word + "\".",
+        "تحتاج الحسابات البديلة لخطوط العرض العليا إلى وقت، و في هذا الموقع يوم فيه \"" + word + "\"."});
 }
 
-int minutes_of(const std::string& clock) {
-    const std::string_view text(clock);
-    if (text.size() != 5 || text[2] != ':')
-        return two_digit_number({}, clock);
-    return two_digit_number(text.substr(0, 2), clock) * minutes_per_hour +
-           two_digit_number(text.substr(3), clock);
+/// Whole minutes of the day; 0 without an event.
+int minutes_of(const TaggedTime& time) {
+    const ShownTime shown = shown_time(time, 1);
+    if (const ShownClock* clock = clock_of(shown))
+        return clock->seconds / seconds_per_minute;
+    if (!is(time, NoEvent::none))
+        throw no_clock_time(text_of(time, 1));
+    return 0;
 }
 
-std::string moved(const std::string& clock, double minutes) {
-    const int sum = minutes_of(clock) + static_cast<int>(std::nearbyint(minutes));
-    const int wrapped = ((sum % minutes_per_day) + minutes_per_day) % minutes_per_day;
-    const int hours = wrapped / minutes_per_hour;
-    return format_number(hours, "00") + ":" + format_number(wrapped % minutes_per_hour, "00");
+ShownClock clock_at(int minutes) {
+    return {minutes * seconds_per_minute, false};
 }
 
-/// Whole minutes from one clock text to another of the same date.
-int difference(const std::string& from, const std::string& to) {
-    return minutes_of(to) - minutes_of(from);
+/// Minutes of the day some minutes later.
+int moved(int time, double minutes) {
+    const int sum = time + static_cast<int>(std::nearbyint(minutes));
+    return ((sum % minutes_per_day) + minutes_per_day) % minutes_per_day;
 }
 
 /// How far a column may move from one day to the next: wide until its first correction.
@@ -88,53 +82,60 @@ bool is_jump(int step, int limit) {
     return std::abs(step) > limit && std::abs(step) < minutes_per_day - limit;
 }
 
+struct Marks {
+    TwilightMark fajer = TwilightMark::none;
+    TwilightMark isha = TwilightMark::none;
+};
+
 /// Fajer or Isha over the year.
 struct YearColumn {
-    std::string PrayerTimes::*time;
-    std::string SmoothedDay::*mark;
+    int AlternativeDay::*time;
+    TwilightMark Marks::*mark;
     double towards_night; ///< minutes by which a corrected day differs from its neighbour
     int limit = wide_limit;
 };
 
 class Year {
 public:
-    explicit Year(const std::vector<AlternativeDay>& raw) : raw_(raw) {
-        days_.reserve(raw.size());
-        for (const AlternativeDay& day : raw)
-            days_.push_back({day, day.mark, day.mark});
+    explicit Year(const std::vector<AlternativeDay>& raw) : raw_(raw), days_(raw) {
+        marks_.reserve(raw.size());
+        for (const AlternativeDay& day : raw) {
+            const TwilightMark mark =
+                day.by_night_fraction ? TwilightMark::night_fraction : TwilightMark::none;
+            marks_.push_back({mark, mark});
+        }
     }
 
     std::vector<SmoothedDay> smoothed() {
         run_forward();
         run_backward();
         for (std::size_t k = 0; k < days_.size(); ++k)
-            if (days_[k].day.date.starts_with("22/06"))
+            if (days_[k].date.month == 6 && days_[k].date.day == 22)
                 join(k);
-        for (SmoothedDay& smoothed_day : days_) {
-            if (!smoothed_day.day.summer)
-                continue;
-            for (std::string* text : {&smoothed_day.day.times.fajer, &smoothed_day.day.times.isha})
-                *text = moved(*text, minutes_per_hour);
-        }
-        return std::move(days_);
+        std::vector<SmoothedDay> year;
+        year.reserve(days_.size());
+        for (std::size_t k = 0; k < days_.size(); ++k)
+            year.push_back({{on_own_clock(days_[k], days_[k].fajer), marks_[k].fajer},
+                            {on_own_clock(days_[k], days_[k].isha), marks_[k].isha}});
+        return year;
     }
 
 private:
-    std::string& value(const YearColumn& column, std::size_t k) { return days_[k].day.times.*column.time; }
-    const std::string& raw(const YearColumn& column, std::size_t k) const {
-        return raw_[k].times.*column.time;
+    static ShownClock on_own_clock(const AlternativeDay& day, int minutes) {
+        return clock_at(day.summer ? moved(minutes, minutes_per_hour) : minutes);
     }
 
+    int& value(const YearColumn& column, std::size_t k) { return days_[k].*column.time; }
+    int raw(const YearColumn& column, std::size_t k) const { return raw_[k].*column.time; }
+
     /// Measures the step between the settled neighbour and the raw day.
-    bool jumps(YearColumn& column, std::size_t k, std::size_t neighbour, bool forward) {
-        const int step = forward ? difference(value(column, neighbour), raw(column, k))
-                                 : difference(raw(column, k), value(column, neighbour));
-        return is_jump(step, column.limit);
+    bool jumps(const YearColumn& column, std::size_t k, std::size_t neighbour) {
+        return is_jump(raw(column, k) - value(column, neighbour), column.limit);
     }
 
     void correct(YearColumn& column, std::size_t k, std::size_t neighbour) {
         value(column, k) = moved(value(column, neighbour), column.towards_night);
-        days_[k].*column.mark = "#*";
+        marks_[k].*column.mark = TwilightMark::corrected;
         column.limit = narrow_limit;
     }
 
@@ -142,17 +143,17 @@ private:
         const std::size_t last = days_.size() - days_from_22_june - 1;
         for (std::size_t k = 1; k < last; ++k)
             for (YearColumn* column : {&isha_, &fajer_})
-                if (jumps(*column, k, k - 1, true))
+                if (jumps(*column, k, k - 1))
                     correct(*column, k, k - 1);
     }
 
     /// Isha passing midnight looks like a jump once.
     bool passes_midnight(std::size_t k) const {
-        const std::string_view hour = days_[k].day.summer ? "23" : "00";
-        const std::string_view hour_before = days_[k].day.summer ? "22" : "23";
-        return isha_.limit == wide_limit && raw_[k].times.isha.starts_with(hour) &&
-               days_[k + 1].day.times.isha.starts_with(hour_before) &&
-               std::abs(difference(raw_[k].times.isha, raw_[k - 1].times.isha)) <= wide_limit;
+        const int hour = days_[k].summer ? 23 : 0;
+        const int hour_before = days_[k].summer ? 22 : 23;
+        return isha_.limit == wide_limit && raw_[k].isha / minutes_per_hour == hour &&
+               days_[k + 1].isha / minutes_per_hour == hour_before &&
+               std::abs(raw_[k - 1].isha - raw_[k].isha) <= wide_limit;
     }
 
     void run_backward() {
@@ -161,51 +162,50 @@ private:
         const std::size_t first = days_.size() - days_from_22_june - 1;
         for (std::size_t k = days_.size() - 2; k >= first; --k) {
             const bool guarded = passes_midnight(k);
-            if (jumps(isha_, k, k + 1, false)) {
+            if (jumps(isha_, k, k + 1)) {
                 if (guarded && !skipped)
                     skipped = true;
                 else
                     correct(isha_, k, k + 1);
             }
-            if (jumps(fajer_, k, k + 1, false))
+            if (jumps(fajer_, k, k + 1))
                 correct(fajer_, k, k + 1);
         }
     }
 
     /// Spreads what is left between row `k` and the one before over two rows of the side that is to give way.
     void move_two(const YearColumn& column, std::size_t outer, std::size_t inner, std::size_t settled,
-                  double minutes, const char* mark) {
+                  double minutes) {
         value(column, outer) = moved(value(column, settled), minutes);
         value(column, inner) = moved(value(column, outer), minutes);
-        days_[outer].*column.mark = mark;
-        days_[inner].*column.mark = mark;
+        marks_[outer].*column.mark = TwilightMark::joined;
+        marks_[inner].*column.mark = TwilightMark::joined;
     }
 
-    int step_into(const YearColumn& column, std::size_t k) {
-        return difference(value(column, k), value(column, k - 1));
-    }
+    int step_into(const YearColumn& column, std::size_t k) { return value(column, k - 1) - value(column, k); }
 
     void join(std::size_t k) {
         const auto isha_counts = [this](int g) { return std::abs(g) < minutes_per_day - fajer_.limit; };
         int g = step_into(fajer_, k);
         if (g < -narrow_limit)
-            move_two(fajer_, k + 1, k, k + 2, (g + 10) / 2.0, "#*F");
+            move_two(fajer_, k + 1, k, k + 2, (g + 10) / 2.0);
         g = step_into(isha_, k);
         if (g < -narrow_limit && isha_counts(g))
-            move_two(isha_, k - 2, k - 1, k - 3, -(g + 10) / 2.0, "#*I");
+            move_two(isha_, k - 2, k - 1, k - 3, -(g + 10) / 2.0);
         g = step_into(fajer_, k);
         if (g > narrow_limit)
-            move_two(fajer_, k - 2, k - 1, k - 3, -(g - 10) / 2.0, "#*F");
+            move_two(fajer_, k - 2, k - 1, k - 3, -(g - 10) / 2.0);
         g = step_into(isha_, k);
         if (g > narrow_limit && isha_counts(g))
-            move_two(isha_, k + 1, k, k + 2, (g - 10) / 2.0, "#*I");
+            move_two(isha_, k + 1, k, k + 2, (g - 10) / 2.0);
     }
 
     static constexpr std::size_t days_from_22_june = 192; ///< days of the year after 22 June
     const std::vector<AlternativeDay>& raw_;
-    std::vector<SmoothedDay> days_;
-    YearColumn isha_{&PrayerTimes::isha, &SmoothedDay::isha_mark, -correction_step};
-    YearColumn fajer_{&PrayerTimes::fajer, &SmoothedDay::fajer_mark, correction_step};
+    std::vector<AlternativeDay> days_;
+    std::vector<Marks> marks_;
+    YearColumn isha_{&AlternativeDay::isha, &Marks::isha, -correction_step};
+    YearColumn fajer_{&AlternativeDay::fajer, &Marks::fajer, correction_step};
 };
 
 } // namespace
@@ -217,17 +217,16 @@ NightTwilights night_fraction_twilights(double latitude, double shuroq, double m
     return {shuroq - part, part + m};
 }
 
-AlternativeDay alternative_day(const PrayerDay& day, const std::string& date) {
-    AlternativeDay stored{day.summer_hours == 1, date, day.times, day.by_night_fraction ? "#" : ""};
-    std::string& fajer = stored.times.fajer;
-    std::string& isha = stored.times.isha;
-    if (isha == "24:00" || isha == "----")
-        isha = "00:00";
-    if (fajer == "----")
-        fajer = "00:00";
+AlternativeDay alternative_day(const PrayerDay& day, const DateNumbers& date) {
+    AlternativeDay stored{day.summer_hours == 1,
+                          date,
+                          day.times,
+                          minutes_of(day.times.fajer),
+                          minutes_of(day.times.isha) % minutes_per_day,
+                          day.by_night_fraction};
     if (stored.summer) {
-        fajer = moved(fajer, -minutes_per_hour);
-        isha = moved(isha, -minutes_per_hour);
+        stored.fajer = moved(stored.fajer, -minutes_per_hour);
+        stored.isha = moved(stored.isha, -minutes_per_hour);
     }
     return stored;
 }

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "calendar/shownclock.h"
 #include "prayer/prayerday.h"
 
-#include <string>
 #include <vector>
 
 namespace halvane {
@@ -27,26 +27,45 @@ struct NightTwilights {
 ///        add_maghreb  minutes in `maghreb`: they are not part of the night, but stay in Isha [min]
 NightTwilights night_fraction_twilights(double latitude, double shuroq, double maghreb, float add_maghreb);
 
-/// One day of the method's year: texts "hh:mm", Fajer and Isha on standard time while the year is smoothed.
+/// One day of the method's year. Fajer and Isha are whole minutes of the day on standard time while the year
+/// is smoothed.
 struct AlternativeDay {
     bool summer = false;
-    std::string date; ///< dd/mm/yyyy
-    PrayerTimes times;
-    std::string mark; ///< empty, or "#" for a fraction of the night
+    DateNumbers date;
+    PrayerTimes times; ///< as calculated
+    int fajer = 0;     ///< 0 to 1440                                                             [min]
+    int isha = 0;      ///< 0 to 1439                                                             [min]
+    bool by_night_fraction = false;
 };
 
-/// A day as printed.
+/// What made a Fajer or an Isha.
+enum class TwilightMark {
+    none,
+    night_fraction, ///< printed "#"
+    corrected,      ///< moved from its neighbour: "#*"
+    joined          ///< moved at the join of the year's halves: "#*F", "#*I"
+};
+
+/// A Fajer or an Isha as printed.
+struct SmoothedTwilight {
+    ShownClock clock;
+    TwilightMark mark = TwilightMark::none;
+
+    bool operator==(const SmoothedTwilight&) const = default;
+};
+
+/// Both of a day, on the day's own clock.
 struct SmoothedDay {
-    AlternativeDay day;
-    std::string fajer_mark; ///< empty, "#", "#*", "#*F"
-    std::string isha_mark;  ///< empty, "#", "#*", "#*I"
+    SmoothedTwilight fajer;
+    SmoothedTwilight isha;
 };
 
-/// A day of the run as the method stores it: whole minutes on standard time.
-AlternativeDay alternative_day(const PrayerDay& day, const std::string& date);
+/// A day of the run as the method stores it.
+/// Error  raises RunTimeFailure for a day that is bright or dark throughout.
+AlternativeDay alternative_day(const PrayerDay& day, const DateNumbers& date);
 
 /// Lets Fajer and Isha of a whole year run without jumps: forward to 21 June, backward to 22 June, and a join
-/// between the two. Fajer and Isha come back on the day's own clock.
+/// between the two.
 std::vector<SmoothedDay> smoothed_year(const std::vector<AlternativeDay>& raw);
 
 } // namespace halvane

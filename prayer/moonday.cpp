@@ -3,7 +3,7 @@
 
 #include "base/failure.h"
 #include "calendar/civildate.h"
-#include "calendar/modctim.h"
+#include "calendar/shownclock.h"
 #include "ephemeris/coordinates.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/moon.h"
@@ -85,17 +85,15 @@ namespace {
 MoonTimes times_of_day(Ephemeris& ephemeris, const Preferences& preferences, const Location& location,
                        double jd, int summer_hours) {
     const double clock_ahead = location.zone + summer_hours;
-    const int precision = precision_of(preferences);
     const MoonRiseSet events = moon_rise_set(ephemeris, preferences, location, jd, clock_ahead);
-    MoonTimes times{text_of(events.rise, precision), "", text_of(events.set, precision)};
+    MoonTimes times{events.rise, NoEvent::none, events.set};
 
     const Observer observer = observer_of(location);
     const double transit = transit_hours(ephemeris, observer, jd, clock_ahead);
     const Instant passage = Instant::of_ut1(jd - (clock_ahead - transit) / hours_per_day);
-    times.transit = is_passage(ephemeris, observer, passage, events.horizon_altitude)
-                        ? modctim(precision, transit)
-                        : text_of(NoEvent::none);
-    if (times.rise == times.set && !is(events.rise, NoEvent::up))
+    if (is_passage(ephemeris, observer, passage, events.horizon_altitude))
+        times.transit = transit;
+    if (shown_alike(events.rise, events.set, precision_of(preferences)) && !is(events.rise, NoEvent::up))
         times.transit = times.rise;
     return times;
 }

@@ -6,8 +6,6 @@
 #include "stored/loc.h"
 #include "stored/pref.h"
 
-#include <string>
-
 namespace halvane {
 
 /// The Moon's rise and set of a local day.
@@ -23,11 +21,11 @@ struct MoonRiseSet {
 MoonRiseSet moon_rise_set(Ephemeris& ephemeris, const Preferences& preferences, const Location& location,
                           double jd, double clock_ahead);
 
-/// The Moon's day as texts: clock times, "----", "Up" or "Down".
+/// The Moon's day on its own clock, 0 to below 24 [h], or why there is none.
 struct MoonTimes {
-    std::string rise;
-    std::string transit;
-    std::string set;
+    TaggedTime rise = NoEvent::none;
+    TaggedTime transit = NoEvent::none;
+    TaggedTime set = NoEvent::none;
 };
 
 /// The Moon's rise, transit and set of one civil day.

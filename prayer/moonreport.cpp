@@ -43,8 +43,11 @@ void write_moon_row(Report& report, int precision, bool summer, const std::strin
                     const MoonTimes& times, int number) {
     const Columns& columns = precision == 0 ? seconds_columns : minutes_columns;
     report.text(summer ? "*" : "").text(date);
-    report.tab(columns.rise).text(times.rise).tab(columns.transit).text(times.transit);
-    report.tab(columns.set).text(times.set);
+    report.tab(columns.rise)
+        .text(text_of(times.rise, precision))
+        .tab(columns.transit)
+        .text(text_of(times.transit, precision));
+    report.tab(columns.set).text(text_of(times.set, precision));
     end_row(report, number);
 }
 

@@ -3,7 +3,7 @@
 
 #include "base/failure.h"
 #include "calendar/civildate.h"
-#include "calendar/modctim.h"
+#include "calendar/shownclock.h"
 #include "ephemeris/coordinates.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/sun.h"
@@ -60,8 +60,6 @@ private:
         return find_rise_set(ephemeris_, target, start_, settings_.observer, settings_.horizon);
     }
 
-    std::string text(const TaggedTime& time) const { return text_of(time, settings_.precision); }
-
     void find_sun() {
         const auto [rise, set, horizon_altitude] = search(Target::sun);
         sunset_altitude_ = horizon_altitude;
@@ -74,8 +72,8 @@ private:
             day_.sunrise = moved(rise, -settings_.city);
             day_.sunset = moved(set, added);
         }
-        day_.times.shuroq = text(day_.sunrise);
-        day_.times.maghreb = text(day_.sunset);
+        day_.times.shuroq = day_.sunrise;
+        day_.times.maghreb = day_.sunset;
     }
 
     void search_twilights(TaggedTime& fajer, TaggedTime& isha) const {
@@ -97,8 +95,8 @@ private:
             take_night_fraction(fajer, isha);
         }
         // A word stays as it is: only a time is moved.
-        day_.times.fajer = text(moved(fajer, -settings_.city - settings_.preferences.subtract_fajer / 60));
-        day_.times.isha = text(isha);
+        day_.times.fajer = moved(fajer, -settings_.city - settings_.preferences.subtract_fajer / 60);
+        day_.times.isha = isha;
     }
 
     void take_night_fraction(TaggedTime& fajer, TaggedTime& isha) {
@@ -120,11 +118,11 @@ private:
         const TaggedTime shadow = search(Target::aser).set;
         const double* hours = hours_of(shadow);
         if (is(day_.sunset, NoEvent::down))
-            day_.times.aser = text_of(NoEvent::down);
+            day_.times.aser = NoEvent::down;
         else if (hours == nullptr)
-            day_.times.aser = text_of(NoEvent::none);
+            day_.times.aser = NoEvent::none;
         else
-            day_.times.aser = text(moved(shadow, settings_.preferences.add_asr / 60));
+            day_.times.aser = moved(shadow, settings_.preferences.add_asr / 60);
     }
 
     double transit(double equation_of_time) const {
@@ -149,12 +147,12 @@ private:
         }
         const double altitude =
             altitude_of(ephemeris_, instant, settings_.observer, sun.right_ascension, sun.declination);
-        std::string& dhohur = day_.times.dhohur;
-        dhohur = modctim(settings_.precision, t + settings_.preferences.add_dhohur / 60);
+        day_.times.dhohur =
+            require_finite(t + settings_.preferences.add_dhohur / 60, {"a clock time", "وقت"});
         if (altitude <= sunset_altitude_)
-            dhohur = text_of(NoEvent::none);
-        if (day_.times.shuroq == day_.times.maghreb && !is(day_.sunrise, NoEvent::up))
-            dhohur = day_.times.shuroq;
+            day_.times.dhohur = NoEvent::none;
+        if (shown_alike(day_.sunrise, day_.sunset, settings_.precision) && !is(day_.sunrise, NoEvent::up))
+            day_.times.dhohur = day_.sunrise;
     }
 
     Ephemeris& ephemeris_;
@@ -195,6 +193,14 @@ PrayerDay prayer_day(Ephemeris& ephemeris, const PrayerSettings& settings, doubl
     return about_place(settings.location.name, [&] {
         return about_day(jd, [&] { return DayCalculation(ephemeris, settings, jd, summer_hours).run(); });
     });
+}
+
+PrayerTimes prayer_times(const TheoryPointer& theory, const Preferences& preferences,
+                         const Location& location, double jd) {
+    Ephemeris ephemeris(theory);
+    return prayer_day(ephemeris, prayer_settings(preferences, location, DayMode::today), jd,
+                      summer_hours_of(preferences, jd))
+        .times;
 }
 
 } // namespace halvane

@@ -7,7 +7,7 @@
 #include "stored/loc.h"
 #include "stored/pref.h"
 
-#include <string>
+#include <array>
 
 namespace halvane {
 
@@ -41,15 +41,21 @@ PrayerSettings prayer_settings(const Preferences& preferences, const Location& l
 /// The same by `pref.vsk` and `loc.vsk`.
 PrayerSettings read_prayer_settings(DayMode mode);
 
-/// The six times of a day, clock texts or "----", "Up", "Down", "Bright", "Dark".
+/// The six times of a day on its own clock [h], or why there are none. Dhohur and Isha may lie outside 0 to
+/// 24: they are then another date's, and their clocks wrap.
 struct PrayerTimes {
-    std::string fajer;
-    std::string shuroq;
-    std::string dhohur;
-    std::string aser;
-    std::string maghreb;
-    std::string isha;
+    TaggedTime fajer = NoEvent::none;
+    TaggedTime shuroq = NoEvent::none;
+    TaggedTime dhohur = NoEvent::none;
+    TaggedTime aser = NoEvent::none;
+    TaggedTime maghreb = NoEvent::none;
+    TaggedTime isha = NoEvent::none;
 };
+
+/// The six in the order of the day.
+inline constexpr std::array<TaggedTime PrayerTimes::*, 6> six_times{
+    &PrayerTimes::fajer, &PrayerTimes::shuroq,  &PrayerTimes::dhohur,
+    &PrayerTimes::aser,  &PrayerTimes::maghreb, &PrayerTimes::isha};
 
 struct PrayerDay {
     int summer_hours = 0;
@@ -67,5 +73,11 @@ struct PrayerDay {
 ///        summer_hours  0 or 1 (summer_hours_of)
 /// Error  raises RunTimeFailure when the alternative method meets a day without Shuroq or Maghreb.
 PrayerDay prayer_day(Ephemeris& ephemeris, const PrayerSettings& settings, double jd, int summer_hours);
+
+/// The six times of a date as the main panel and the alerts take them: no alternative method.
+/// In     theory  with `term.vsk` and `mterm.vsk`
+///        jd      0 h of the civil date                                                         [d]
+PrayerTimes prayer_times(const TheoryPointer& theory, const Preferences& preferences,
+                         const Location& location, double jd);
 
 } // namespace halvane

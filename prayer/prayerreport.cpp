@@ -2,6 +2,7 @@
 #include "prayer/prayerreport.h"
 
 #include "base/numberformat.h"
+#include "prayer/prayertexts.h"
 #include "report/head.h"
 
 #include <array>
@@ -60,9 +61,28 @@ void write_margins(Report& report, const PrayerSettings& settings) {
     report.text("Add Maghreb:").item(settings.add_maghreb).line("Min");
 }
 
+std::string mark_text(TwilightMark mark, const char* join) {
+    switch (mark) {
+    case TwilightMark::night_fraction:
+        return "#";
+    case TwilightMark::corrected:
+        return "#*";
+    case TwilightMark::joined:
+        return std::string("#*") + join;
+    case TwilightMark::none:
+        break;
+    }
+    return {};
+}
+
 void write_values(Report& report, const Columns& columns, const std::array<std::string, 6>& values) {
     for (std::size_t i = 0; i < values.size(); ++i)
         report.tab(columns[i]).text(values[i]);
+}
+
+/// In     join  the letter of the column whose two halves were joined
+std::string twilight_text(const SmoothedTwilight& twilight, const char* join) {
+    return text_of(twilight.clock) + mark_text(twilight.mark, join);
 }
 
 } // namespace
@@ -106,20 +126,15 @@ void write_prayer_head(Report& report, const PrayerSettings& settings, const Rep
     write_titles(report, precision_of(settings.preferences));
 }
 
-void write_prayer_row(Report& report, int precision, bool summer, const std::string& date,
-                      const PrayerTimes& times, int number) {
-    report.text(summer ? "*" : "").text(date);
+void write_prayer_row(Report& report, int precision, const PrayerRow& row, int number) {
+    PrayerTexts texts = texts_of(row.times, precision);
+    if (row.smoothed) {
+        texts.fajer = twilight_text(row.smoothed->fajer, "F");
+        texts.isha = twilight_text(row.smoothed->isha, "I");
+    }
+    report.text(row.summer ? "*" : "").text(date_text(row.date));
     write_values(report, precision == 0 ? seconds_columns : minutes_columns,
-                 {times.fajer, times.shuroq, times.dhohur, times.aser, times.maghreb, times.isha});
-    end_row(report, number);
-}
-
-void write_smoothed_row(Report& report, const SmoothedDay& smoothed, int number) {
-    const PrayerTimes& times = smoothed.day.times;
-    report.text(smoothed.day.summer ? "*" : "").text(smoothed.day.date);
-    write_values(report, minutes_columns,
-                 {times.fajer + smoothed.fajer_mark, times.shuroq, times.dhohur, times.aser, times.maghreb,
-                  times.isha + smoothed.isha_mark});
+                 {texts.fajer, texts.shuroq, texts.dhohur, texts.aser, texts.maghreb, texts.isha});
     end_row(report, number);
 }
 

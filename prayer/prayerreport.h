@@ -6,7 +6,18 @@
 #include "report/report.h"
 #include "report/reportrun.h"
 
+#include <optional>
+
 namespace halvane {
+
+/// A row of the report.
+struct PrayerRow {
+    DateNumbers date;
+    bool summer = false;
+    PrayerTimes times;
+    /// By the alternative method: in the place of the Fajer and the Isha of `times`.
+    std::optional<SmoothedDay> smoothed;
+};
 
 /// The head of `results.out`; `fajer_angle` and `isha_angle` are those in force [deg]. The title rows follow
 /// the stored precision, also where the rows of the alternative method are in minutes.
@@ -14,11 +25,7 @@ void write_prayer_head(Report& report, const PrayerSettings& settings, const Rep
                        double fajer_angle, double isha_angle);
 
 /// One row; `number` counts the rows from 1.
-void write_prayer_row(Report& report, int precision, bool summer, const std::string& date,
-                      const PrayerTimes& times, int number);
-
-/// One row of the alternative method's year.
-void write_smoothed_row(Report& report, const SmoothedDay& day, int number);
+void write_prayer_row(Report& report, int precision, const PrayerRow& row, int number);
 
 /// The rule and the remarks after the last row.
 void write_prayer_closing(Report& report);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "prayer/prayerrun.h"
 
-#include "base/machineclock.h"
+#include "calendar/civildate.h"
 #include "prayer/crescentmode.h"
 #include "prayer/highlatitude.h"
 #include "prayer/prayerreport.h"
@@ -55,17 +55,24 @@ private:
             if (day.refused)
                 return RunOutcome::refused;
             if (forced_year_)
-                stored_.push_back(alternative_day(day, row_date(jd)));
+                stored_.push_back(alternative_day(day, civil_date(jd)));
             else
-                write_prayer_row(report_, settings_.precision, day.summer_hours == 1, row_date(jd), day.times,
-                                 ++rows_);
+                write_row({civil_date(jd), day.summer_hours == 1, day.times, std::nullopt});
             if (!progress_.yield())
                 return RunOutcome::cancelled;
         }
-        for (const SmoothedDay& day : forced_year_ ? smoothed_year(stored_) : std::vector<SmoothedDay>())
-            write_smoothed_row(report_, day, ++rows_);
+        if (forced_year_)
+            write_smoothed();
         return RunOutcome::done;
     }
+
+    void write_smoothed() {
+        const std::vector<SmoothedDay> year = smoothed_year(stored_);
+        for (std::size_t k = 0; k < year.size(); ++k)
+            write_row({stored_[k].date, stored_[k].summer, stored_[k].times, year[k]});
+    }
+
+    void write_row(const PrayerRow& row) { write_prayer_row(report_, settings_.precision, row, ++rows_); }
 
     Ephemeris& ephemeris_;
     Progress& progress_;
@@ -90,11 +97,10 @@ RunOutcome write_prayer_report(const TheoryPointer& theory, Progress& progress) 
     return PrayerReportRun(ephemeris, progress, settings).run(date);
 }
 
-PrayerTimes today_prayer_times(const TheoryPointer& theory, double todayjd) {
-    const PrayerSettings settings = read_prayer_settings(DayMode::today);
+PrayerTexts today_prayer_times(const TheoryPointer& theory, double todayjd) {
+    const Preferences preferences = read_pref();
     read_date();
-    Ephemeris ephemeris(theory);
-    return prayer_day(ephemeris, settings, todayjd, summer_hours_of(settings.preferences, todayjd)).times;
+    return texts_of(prayer_times(theory, preferences, read_loc(), todayjd), precision_of(preferences));
 }
 
 void cmdcom_for_crescent(Ephemeris& ephemeris) {

@@ -3,7 +3,8 @@
 
 #include "base/progress.h"
 #include "base/twintext.h"
-#include "prayer/prayerday.h"
+#include "ephemeris/ephemeris.h"
+#include "prayer/prayertexts.h"
 
 namespace halvane {
 
@@ -14,10 +15,9 @@ namespace halvane {
 /// Error  raises RunTimeFailure; an earlier `results.out` then stands.
 RunOutcome write_prayer_report(const TheoryPointer& theory, Progress& progress);
 
-/// The six times of one day for the main panel. Reads `pref.vsk`, `date.vsk`, `loc.vsk`; no alternative
-/// method.
-/// In     todayjd  0 h of the machine's date                                                    [d]
-PrayerTimes today_prayer_times(const TheoryPointer& theory, double todayjd);
+/// The six times of one day as the main panel shows them. Reads `pref.vsk`, `date.vsk`, `loc.vsk`; no
+/// alternative method. In     todayjd  0 h of the machine's date [d]
+PrayerTexts today_prayer_times(const TheoryPointer& theory, double todayjd);
 
 /// The Sun's rise and set of the day `crescentjd` with `summeractive` summer hours: fills `sunriseout` and
 /// `sunsetout`.

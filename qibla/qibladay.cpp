@@ -3,8 +3,7 @@
 
 #include "base/failure.h"
 #include "calendar/civildate.h"
-#include "calendar/modctim.h"
-#include "calendar/taggedtime.h"
+#include "calendar/shownclock.h"
 #include "ephemeris/coordinates.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/sun.h"
@@ -33,25 +32,11 @@ bool is_below_horizon(Ephemeris& ephemeris, const QiblahSearch& search, const In
            search.altitude_limit;
 }
 
-QiblahTime time_of(const QiblahSearch& search, const std::optional<QiblahMoment>& moment) {
-    QiblahTime time{text_of(NoEvent::none), ""};
-    if (!moment)
-        return time;
-    time.text = modctim(search.precision, moment->hours);
-    if (moment->below_horizon)
-        time.note = "Below Horizon";
-    return time;
-}
-
-bool is_absent(const QiblahTime& time) {
-    return time.text == text_of(NoEvent::none);
-}
-
-/// Whether the two times of a day have to change places.
-bool out_of_order(const QiblahDay& day) {
-    if (is_absent(day.first) || is_absent(day.second))
-        return is_absent(day.first) && !is_absent(day.second);
-    return day.second.text < day.first.text;
+/// Whether the two moments of a day have to change places.
+bool out_of_order(const QiblahDay& day, int precision) {
+    if (!day.first || !day.second)
+        return !day.first && day.second;
+    return shown_clock(precision, day.second->hours) < shown_clock(precision, day.first->hours);
 }
 
 } // namespace
@@ -126,10 +111,10 @@ QiblahDay times_of_day(Ephemeris& ephemeris, const QiblahSearch& search, double 
     const double base = jd - (search.zone + summer_hours) / hours_per_day;
     const QiblahFind first = find_qiblah_moment(ephemeris, search, base, QiblahRoot::first);
     QiblahDay day;
-    day.first = time_of(search, first.moment);
+    day.first = first.moment;
     if (first.second_root)
-        day.second = time_of(search, find_qiblah_moment(ephemeris, search, base, QiblahRoot::second).moment);
-    if (out_of_order(day))
+        day.second = find_qiblah_moment(ephemeris, search, base, QiblahRoot::second).moment;
+    if (out_of_order(day, search.precision))
         std::swap(day.first, day.second);
     return day;
 }

@@ -5,7 +5,6 @@
 
 #include <functional>
 #include <optional>
-#include <string>
 
 namespace halvane {
 
@@ -22,7 +21,7 @@ struct QiblahSearch {
     double azimuth = 0;        ///< at which the Sun shall stand                                [deg]
     double delta_t = 0;        ///< of the middle of the run                                    [d]
     double altitude_limit = 0; ///< below it the Sun is below the horizon                       [deg]
-    int precision = 1;         ///< of the clock texts, as modctim takes it
+    int precision = 1;         ///< of the shown clocks, as modctim takes it
 };
 
 /// The azimuth of the Sun for which its shadow lies in `direction` when `shadow`, else the Sun itself  [deg]
@@ -65,18 +64,13 @@ std::optional<double> settled_hours(const SearchRound& round);
 ///           (tests/qibla).
 QiblahFind find_qiblah_moment(Ephemeris& ephemeris, const QiblahSearch& search, double base, QiblahRoot root);
 
-/// A time as the report prints it.
-struct QiblahTime {
-    std::string text = "----"; ///< clock text, or "----"
-    std::string note;          ///< "Below Horizon" or empty
-};
-
+/// The moments of a day; there is none where the Sun does not reach the azimuth.
 struct QiblahDay {
-    QiblahTime first;
-    QiblahTime second;
+    std::optional<QiblahMoment> first;
+    std::optional<QiblahMoment> second;
 };
 
-/// The two times of a civil day, the earlier clock text first, "----" last.
+/// The two moments of a civil day, the earlier one as the clock shows them first, none last.
 /// In     jd            0 h of the civil date                                                   [d]
 ///        summer_hours  0 or 1
 QiblahDay qiblah_day(Ephemeris& ephemeris, const QiblahSearch& search, double jd, int summer_hours);

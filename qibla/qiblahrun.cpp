@@ -42,7 +42,7 @@ RunOutcome write_rows(Ephemeris& ephemeris, Report& report, const RunSettings& s
         if (!progress.yield())
             outcome = RunOutcome::cancelled;
         const int summer_hours = summer_hours_of(settings.preferences, jd);
-        write_qiblah_row(report, summer_hours == 1, row_date(jd),
+        write_qiblah_row(report, search.precision, summer_hours == 1, row_date(jd),
                          qiblah_day(ephemeris, search, jd, summer_hours), ++rows);
     }
     return outcome;

@@ -2,6 +2,8 @@
 #include "qibla/qiblareport.h"
 
 #include "base/numberformat.h"
+#include "calendar/modctim.h"
+#include "calendar/taggedtime.h"
 #include "report/head.h"
 
 namespace halvane {
@@ -23,6 +25,14 @@ void write_titles(Report& report) {
     report.rule(qiblah_rule).end_line();
 }
 
+std::string time_text(const std::optional<QiblahMoment>& moment, int precision) {
+    return moment ? modctim(precision, moment->hours) : text_of(NoEvent::none);
+}
+
+const char* note_of(const std::optional<QiblahMoment>& moment) {
+    return moment && moment->below_horizon ? "Below Horizon" : "";
+}
+
 } // namespace
 
 void write_qiblah_head(Report& report, const Preferences& preferences, const Location& location,
@@ -36,13 +46,13 @@ void write_qiblah_head(Report& report, const Preferences& preferences, const Loc
     write_titles(report);
 }
 
-void write_qiblah_row(Report& report, bool summer, const std::string& date, const QiblahDay& day,
-                      int number) {
+void write_qiblah_row(Report& report, int precision, bool summer, const std::string& date,
+                      const QiblahDay& day, int number) {
     if (number % 5 == 0)
         report.end_line();
     report.text(summer ? "*" : "").text(date);
-    report.tab(20).text(day.first.text).tab(30).text(day.first.note);
-    report.tab(55).text(day.second.text).tab(70).text(day.second.note).end_line();
+    report.tab(20).text(time_text(day.first, precision)).tab(30).text(note_of(day.first));
+    report.tab(55).text(time_text(day.second, precision)).tab(70).text(note_of(day.second)).end_line();
 }
 
 void write_qiblah_closing(Report& report) {

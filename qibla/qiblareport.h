@@ -19,7 +19,8 @@ void write_qiblah_head(Report& report, const Preferences& preferences, const Loc
                        const ReportPeriod& period, float direction, QiblahMark mark);
 
 /// One row; `number` counts the rows from 1, and an empty line stands before every fifth one.
-void write_qiblah_row(Report& report, bool summer, const std::string& date, const QiblahDay& day, int number);
+void write_qiblah_row(Report& report, int precision, bool summer, const std::string& date,
+                      const QiblahDay& day, int number);
 
 /// The rule and the remarks after the last row.
 void write_qiblah_closing(Report& report);

@@ -2,7 +2,6 @@
 #include "prayer/alertschedule.h"
 
 #include "base/failure.h"
-#include "calendar/clocktext.h"
 #include "calendar/modjul.h"
 #include "calendar/modsummer.h"
 #include "ephemeris/series.h"
@@ -10,6 +9,7 @@
 #include "routines/series.h"
 #include "tests/alerts/testclock.h"
 #include "tests/golden/goldenreport.h"
+#include "tests/support/clocks.h"
 #include "tests/support/places.h"
 
 #include <chrono>
@@ -88,12 +88,12 @@ protected:
             double jd = 0;
             modjul(date.year, date.month, date.day, 0, jd);
             const auto summer = std::chrono::hours(summer_hours_of(read_pref(), jd));
-            const PrayerTimes times = today_prayer_times(loaded_theory(), jd);
+            const PrayerTexts times = today_prayer_times(loaded_theory(), jd);
             const std::string* texts[] = {&times.fajer, &times.dhohur, &times.aser, &times.maghreb,
                                           &times.isha};
             for (int prayer = 0; prayer < 5; ++prayer)
-                if (const auto seconds = seconds_of_clock_text(*texts[prayer])) {
-                    const Time time = day + std::chrono::seconds(*seconds) - summer;
+                if (hours_of(time_at(*texts[prayer])) != nullptr) {
+                    const Time time = day + std::chrono::seconds(clock_at(*texts[prayer]).seconds) - summer;
                     if (time >= from && time < to)
                         all.emplace(time, static_cast<Prayer>(prayer));
                 }
@@ -136,7 +136,7 @@ TEST_F(ScheduleTest, SecondsPrecisionAlertsAtTheSecond) {
     const Time from = TestClock::at(2024, 6, 20);
     const std::vector<Seen> seen = run(from, from + 48h);
     expect_windows(prayers(from, from + 48h), seen);
-    EXPECT_EQ(seen.front().alert.time.size(), 8U);
+    EXPECT_EQ(seen.front().alert.clock.to_second, true);
     bool between_minutes = false;
     for (const Seen& one : seen)
         between_minutes |= one.at.time_since_epoch() % 60s != 0s;
@@ -438,7 +438,7 @@ TEST_F(ScheduleTest, AnAlertTellsTheTimeAndTheNextPrayer) {
     for (std::size_t i = 0; i + 1 < seen.size(); ++i) {
         ASSERT_TRUE(seen[i].alert.next);
         EXPECT_EQ(*seen[i].alert.next, seen[i + 1].alert.prayer);
-        EXPECT_EQ(seen[i].alert.next_time, seen[i + 1].alert.time);
+        EXPECT_EQ(seen[i].alert.next_clock, seen[i + 1].alert.clock);
     }
     EXPECT_EQ(seen[4].alert.next, Prayer::fajer) << "tomorrow's";
 }

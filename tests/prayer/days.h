@@ -3,7 +3,7 @@
 
 #include "calendar/modjul.h"
 #include "ephemeris/series.h"
-#include "prayer/prayerday.h"
+#include "prayer/prayertexts.h"
 #include "routines/namedengine.h"
 #include "routines/series.h"
 #include "stored/date.h"
@@ -30,6 +30,11 @@ protected:
         write_pref(preferences);
         write_loc(location);
         return prayer_day(named_ephemeris(), read_prayer_settings(mode), jd_of(year, month, day), 0);
+    }
+
+    PrayerTexts texts_of_day(const Preferences& preferences, const Location& location, double year,
+                             double month, double day) const {
+        return texts_of(day_of(preferences, location, year, month, day).times, precision_of(preferences));
     }
 
     /// The days of the reports.

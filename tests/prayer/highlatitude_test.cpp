@@ -2,11 +2,11 @@
 #include "base/failure.h"
 #include "prayer/highlatitude.h"
 #include "prayer/prayerrun.h"
-#include "report/head.h"
 #include "routines/series.h"
 #include "tests/golden/goldenreport.h"
 #include "tests/golden/recordingprogress.h"
 #include "tests/prayer/days.h"
+#include "tests/support/clocks.h"
 #include "tests/support/places.h"
 
 #include <gtest/gtest.h>
@@ -50,7 +50,11 @@ TEST(NightFraction, TakesAMaghrebPastMidnightAsTheNextDays) {
         << "only the first hour is the next day's";
 }
 
-/// A made-up year of clock texts.
+int minutes(const std::string& clock) {
+    return clock_at(clock).seconds / 60;
+}
+
+/// A made-up year of clocks.
 class MadeUpYear {
 public:
     explicit MadeUpYear(bool leap) {
@@ -58,27 +62,27 @@ public:
         for (int month = 1; month <= 12; ++month)
             for (int day = 1; day <= lengths[month - 1]; ++day) {
                 AlternativeDay row;
-                row.date =
-                    date_text({leap ? 2028.0 : 2026.0, static_cast<double>(month), static_cast<double>(day)});
-                row.times = {"04:00", "06:00", "12:00", "15:30", "18:00", "20:00"};
+                row.date = {leap ? 2028.0 : 2026.0, static_cast<double>(month), static_cast<double>(day)};
+                row.fajer = minutes("04:00");
+                row.isha = minutes("20:00");
                 days.push_back(row);
             }
     }
     /// Rows counted from 1, up to the end of the year.
     void from(std::size_t row, const std::string& fajer, const std::string& isha) {
         for (std::size_t k = row - 1; k < days.size(); ++k) {
-            days[k].times.fajer = fajer;
-            days[k].times.isha = isha;
+            days[k].fajer = minutes(fajer);
+            days[k].isha = minutes(isha);
         }
     }
     std::vector<AlternativeDay> days;
 };
 
-const std::string& isha(const std::vector<SmoothedDay>& year, std::size_t row) {
-    return year[row - 1].day.times.isha;
+std::string isha(const std::vector<SmoothedDay>& year, std::size_t row) {
+    return text_of(year[row - 1].isha.clock);
 }
-const std::string& fajer(const std::vector<SmoothedDay>& year, std::size_t row) {
-    return year[row - 1].day.times.fajer;
+std::string fajer(const std::vector<SmoothedDay>& year, std::size_t row) {
+    return text_of(year[row - 1].fajer.clock);
 }
 
 TEST(SmoothedYear, WithoutJumpsStaysAsItIs) {
@@ -86,8 +90,8 @@ TEST(SmoothedYear, WithoutJumpsStaysAsItIs) {
     const auto year = smoothed_year(made_up.days);
     ASSERT_EQ(year.size(), 365U);
     for (const auto& smoothed : year) {
-        EXPECT_EQ(smoothed.day.times.isha, "20:00");
-        EXPECT_EQ(smoothed.fajer_mark + smoothed.isha_mark, "");
+        EXPECT_EQ(smoothed.isha, (SmoothedTwilight{clock_at("20:00"), TwilightMark::none}));
+        EXPECT_EQ(smoothed.fajer.mark, TwilightMark::none);
     }
 }
 
@@ -98,7 +102,7 @@ TEST(SmoothedYear, LetsAStepOfTenMinutesPassUntilTheFirstCorrection) {
     const auto year = smoothed_year(made_up.days);
     EXPECT_EQ(isha(year, 50), "19:50");
     EXPECT_EQ(fajer(year, 60), "04:20");
-    EXPECT_EQ(year[49].isha_mark, "");
+    EXPECT_EQ(year[49].isha.mark, TwilightMark::none);
 }
 
 TEST(SmoothedYear, WalksForwardByFiveMinutesFromAJump) {
@@ -107,19 +111,20 @@ TEST(SmoothedYear, WalksForwardByFiveMinutesFromAJump) {
     MadeUpYear made_up(false);
     made_up.from(100, "03:49", "20:30");
     made_up.from(103, "03:49", "19:40");
-    made_up.days[100].mark = "#";
+    made_up.days[100].by_night_fraction = true;
+    made_up.days[110].by_night_fraction = true;
     const auto year = smoothed_year(made_up.days);
     EXPECT_EQ(isha(year, 99), "20:00");
     EXPECT_EQ(isha(year, 100), "19:55");
-    EXPECT_EQ(year[99].isha_mark, "#*");
+    EXPECT_EQ(year[99].isha.mark, TwilightMark::corrected);
     EXPECT_EQ(isha(year, 101), "19:50");
     EXPECT_EQ(isha(year, 102), "19:45");
     EXPECT_EQ(isha(year, 103), "19:40") << "five minutes are no jump";
-    EXPECT_EQ(year[102].isha_mark, "");
+    EXPECT_EQ(year[102].isha.mark, TwilightMark::none);
     EXPECT_EQ(fajer(year, 100), "04:05");
     EXPECT_EQ(fajer(year, 101), "04:10");
-    EXPECT_EQ(year[100].fajer_mark, "#*");
-    EXPECT_EQ(year[100].day.mark, "#");
+    EXPECT_EQ(year[100].fajer.mark, TwilightMark::corrected);
+    EXPECT_EQ(year[110].isha.mark, TwilightMark::night_fraction);
 }
 
 TEST(SmoothedYear, NarrowsTheLimitOfItsOwnColumnOnly) {
@@ -139,7 +144,7 @@ TEST(SmoothedYear, EndsItsForwardPassOn21JuneOfEveryYear) {
     for (const bool leap : {false, true}) {
         MadeUpYear made_up(leap);
         const std::size_t solstice = leap ? 173 : 172;
-        ASSERT_TRUE(made_up.days[solstice - 1].date.starts_with("21/06"));
+        ASSERT_EQ(made_up.days[solstice - 1].date, (DateNumbers{leap ? 2028.0 : 2026.0, 6, 21}));
         // From 20 June on half an hour later: the forward pass holds 20 and 21 June, the backward pass
         // nothing.
         made_up.from(solstice - 1, "04:00", "20:30");
@@ -149,10 +154,10 @@ TEST(SmoothedYear, EndsItsForwardPassOn21JuneOfEveryYear) {
         EXPECT_EQ(isha(year, solstice - 2), "20:00");
         EXPECT_EQ(isha(year, solstice - 1), "20:15");
         EXPECT_EQ(isha(year, solstice), "20:30");
-        EXPECT_EQ(year[solstice - 1].isha_mark, "#*I");
-        EXPECT_EQ(year[solstice - 2].isha_mark, "#*I");
+        EXPECT_EQ(year[solstice - 1].isha.mark, TwilightMark::joined);
+        EXPECT_EQ(year[solstice - 2].isha.mark, TwilightMark::joined);
         EXPECT_EQ(isha(year, solstice + 1), "20:30");
-        EXPECT_EQ(year[solstice].isha_mark, "");
+        EXPECT_EQ(year[solstice].isha.mark, TwilightMark::none);
     }
 }
 
@@ -166,13 +171,13 @@ TEST(SmoothedYear, WalksBackwardTo22June) {
     // + 12.
     EXPECT_EQ(isha(year, 174), "19:42");
     EXPECT_EQ(isha(year, 173), "19:54");
-    EXPECT_EQ(year[172].isha_mark, "#*I");
-    EXPECT_EQ(year[173].isha_mark, "#*I");
+    EXPECT_EQ(year[172].isha.mark, TwilightMark::joined);
+    EXPECT_EQ(year[173].isha.mark, TwilightMark::joined);
     // Fajer: g = 04:00 - 04:35 = -35, w = -12.5 taken as -12: rows 174 and 173 from row 175.
     EXPECT_EQ(fajer(year, 174), "04:18");
     EXPECT_EQ(fajer(year, 173), "04:06");
-    EXPECT_EQ(year[172].fajer_mark, "#*F");
-    EXPECT_EQ(year[173].fajer_mark, "#*F");
+    EXPECT_EQ(year[172].fajer.mark, TwilightMark::joined);
+    EXPECT_EQ(year[173].fajer.mark, TwilightMark::joined);
     EXPECT_EQ(isha(year, 172), "20:00");
     EXPECT_EQ(fajer(year, 172), "04:00");
 }
@@ -186,9 +191,9 @@ TEST(SmoothedYear, JoinsAFajerThatFallsBackward) {
     EXPECT_EQ(fajer(year, 170), "04:00");
     EXPECT_EQ(fajer(year, 171), "03:40");
     EXPECT_EQ(fajer(year, 172), "03:20");
-    EXPECT_EQ(year[170].fajer_mark, "#*F");
-    EXPECT_EQ(year[171].fajer_mark, "#*F");
-    EXPECT_EQ(year[170].isha_mark, "");
+    EXPECT_EQ(year[170].fajer.mark, TwilightMark::joined);
+    EXPECT_EQ(year[171].fajer.mark, TwilightMark::joined);
+    EXPECT_EQ(year[170].isha.mark, TwilightMark::none);
 }
 
 TEST(SmoothedYear, LetsIshaPassMidnightOnceGoingBackward) {
@@ -198,7 +203,7 @@ TEST(SmoothedYear, LetsIshaPassMidnightOnceGoingBackward) {
     made_up.from(245, "04:00", "23:48");
     const auto year = smoothed_year(made_up.days);
     EXPECT_EQ(isha(year, 244), "00:03") << "a step of 15 minutes over midnight";
-    EXPECT_EQ(year[243].isha_mark, "");
+    EXPECT_EQ(year[243].isha.mark, TwilightMark::none);
     // In summer time the texts run an hour behind: 23 and 22.
     for (AlternativeDay& day : made_up.days)
         day.summer = true;
@@ -206,7 +211,7 @@ TEST(SmoothedYear, LetsIshaPassMidnightOnceGoingBackward) {
     made_up.from(245, "04:00", "22:48");
     const auto summer = smoothed_year(made_up.days);
     EXPECT_EQ(isha(summer, 244), "00:03") << "23:03 and the hour";
-    EXPECT_EQ(summer[243].isha_mark, "");
+    EXPECT_EQ(summer[243].isha.mark, TwilightMark::none);
     // With other hours the same step is corrected.
     made_up.from(1, "04:00", "21:03");
     made_up.from(245, "04:00", "20:48");
@@ -224,31 +229,42 @@ TEST(SmoothedYear, GivesTheSummerHourBack) {
     EXPECT_EQ(isha(year, 10), "00:30");
 }
 
-TEST(AlternativeDayTexts, RunOnStandardTimeWithMidnightAsTheDaysStart) {
+TEST(AlternativeDays, RunOnStandardTimeWithMidnightAsTheDaysStart) {
     PrayerDay day;
-    day.times = {"----", "05:00", "12:00", "15:00", "19:00", "24:00"};
-    AlternativeDay stored = alternative_day(day, "01/05/2026");
-    EXPECT_EQ(stored.times.fajer, "00:00");
-    EXPECT_EQ(stored.times.isha, "00:00");
-    EXPECT_EQ(stored.times.maghreb, "19:00");
-    EXPECT_EQ(stored.mark, "");
+    day.times.shuroq = time_at("05:00");
+    day.times.isha = time_at("24:00");
+    AlternativeDay stored = alternative_day(day, {2026, 5, 1});
+    EXPECT_EQ(stored.fajer, 0) << "there is none";
+    EXPECT_EQ(stored.isha, 0);
+    EXPECT_FALSE(stored.by_night_fraction);
     EXPECT_FALSE(stored.summer);
     day.summer_hours = 1;
     day.by_night_fraction = true;
-    day.times.fajer = "00:30";
-    day.times.isha = "----";
-    stored = alternative_day(day, "01/05/2026");
-    EXPECT_EQ(stored.times.fajer, "23:30");
-    EXPECT_EQ(stored.times.isha, "23:00");
-    EXPECT_EQ(stored.times.shuroq, "05:00");
-    EXPECT_EQ(stored.mark, "#");
+    day.times.fajer = time_at("00:30");
+    day.times.isha = NoEvent::none;
+    stored = alternative_day(day, {2026, 5, 1});
+    EXPECT_EQ(stored.fajer, minutes("23:30"));
+    EXPECT_EQ(stored.isha, minutes("23:00"));
+    EXPECT_EQ(stored.times.shuroq, time_at("05:00"));
+    EXPECT_TRUE(stored.by_night_fraction);
     EXPECT_TRUE(stored.summer);
 }
 
-TEST(AlternativeDayTexts, ThatAreNoClockTimesAreAFailure) {
-    MadeUpYear made_up(false);
-    made_up.days[20].times.isha = "Dark";
-    EXPECT_THROW(smoothed_year(made_up.days), RunTimeFailure);
+TEST(AlternativeDays, RoundAsTheClocksAreShown) {
+    PrayerDay day;
+    day.times.fajer = 4 + 29.6 / 60;
+    day.times.isha = 24 + 10.4 / 60;
+    const AlternativeDay stored = alternative_day(day, {2026, 5, 1});
+    EXPECT_EQ(stored.fajer, minutes("04:30"));
+    EXPECT_EQ(stored.isha, minutes("00:10")) << "past midnight";
+}
+
+TEST(AlternativeDays, WithoutClockTimesAreAFailure) {
+    PrayerDay day;
+    for (const NoEvent word : {NoEvent::up, NoEvent::down, NoEvent::bright, NoEvent::dark}) {
+        day.times.isha = word;
+        EXPECT_THROW(alternative_day(day, {2026, 5, 1}), RunTimeFailure);
+    }
 }
 
 class AlternativeMethod : public DayTest {

@@ -12,17 +12,23 @@ namespace {
 
 class MoonDayTest : public DayTest {
 protected:
-    MoonTimes moon_of(const Location& location, double year, double month, double day) const {
+    /// The texts of a day to the minute.
+    struct MoonTexts {
+        std::string rise, transit, set;
+    };
+    MoonTexts moon_of(const Location& location, double year, double month, double day) const {
         write_loc(location);
         write_pref({});
-        return moon_day(named_ephemeris(), read_pref(), read_loc(), jd_of(year, month, day), 0);
+        const MoonTimes times =
+            moon_day(named_ephemeris(), read_pref(), read_loc(), jd_of(year, month, day), 0);
+        return {text_of(times.rise, 1), text_of(times.transit, 1), text_of(times.set, 1)};
     }
 };
 
 TEST_F(MoonDayTest, WithoutMoonriseHasItsSetAndTransit) {
     bool found = false;
     for (int day = 1; day <= 30 && !found; ++day) {
-        const MoonTimes times = moon_of(place_at(36, 32, 2), 2026, 4, day);
+        const MoonTexts times = moon_of(place_at(36, 32, 2), 2026, 4, day);
         found = times.rise == "----";
         if (found) {
             EXPECT_EQ(times.set.size(), 5U);
@@ -37,7 +43,7 @@ TEST_F(MoonDayTest, OfAPolarMoonIsUpWithATransitOrDownThroughout) {
     int up = 0;
     int down = 0;
     for (int day = 1; day <= 30; ++day) {
-        const MoonTimes times = moon_of(place_at(40, 87, 3), 2026, 6, day);
+        const MoonTexts times = moon_of(place_at(40, 87, 3), 2026, 6, day);
         if (times.rise == "Up") {
             EXPECT_EQ(times.set, "Up");
             EXPECT_NE(times.transit, "Up");
@@ -56,7 +62,7 @@ TEST_F(MoonDayTest, OfAPolarMoonIsUpWithATransitOrDownThroughout) {
 // The Moon grazes the southern horizon: by the Swiss Ephemeris its upper limb rises at 00:20, sets at 00:40
 // and rises again at 22:39. The user's guide tells of this day.
 TEST_F(MoonDayTest, OnTheBorderOfTheDaysWithoutMoonriseFindsOneMomentThreeTimes) {
-    const MoonTimes times = moon_of(place_at(20, 67, 1), 2024, 7, 22);
+    const MoonTexts times = moon_of(place_at(20, 67, 1), 2024, 7, 22);
     EXPECT_EQ(times.rise, "00:40");
     EXPECT_EQ(times.transit, "00:40");
     EXPECT_EQ(times.set, "00:40");
@@ -67,7 +73,7 @@ TEST_F(MoonDayTest, FoldsATransitThatFallsInNoHourOfTheDay) {
     // third. Folded into the day, the moment is off the meridian by the Moon's motion of a day, twelve
     // degrees and more, and the azimuth test refuses it; every other day of the month has its passage.
     for (int day = 1; day <= 31; ++day) {
-        const MoonTimes times = moon_of(place_at(36, 32, 3), 2026, 1, day);
+        const MoonTexts times = moon_of(place_at(36, 32, 3), 2026, 1, day);
         EXPECT_EQ(times.transit == "----", day == 2) << day << ": " << times.transit;
         EXPECT_EQ(times.transit.size(), day == 2 ? 4U : 5U) << day;
     }
@@ -79,10 +85,10 @@ TEST_F(MoonDayTest, DipMovesTheMoonsHorizonForGood) {
         return moon_rise_set(named_ephemeris(), read_pref(), location, jd_of(2026, 4, 10), location.zone)
             .horizon_altitude;
     };
-    const MoonTimes low = moon_of(mountain, 2026, 4, 10);
+    const MoonTexts low = moon_of(mountain, 2026, 4, 10);
     const double horizon = horizon_of_day(mountain);
     mountain.elevation = 900;
-    const MoonTimes high = moon_of(mountain, 2026, 4, 10);
+    const MoonTexts high = moon_of(mountain, 2026, 4, 10);
     EXPECT_NEAR(horizon_of_day(mountain), horizon - (0.02917 + 0.0061667) * 30, 2e-5);
     EXPECT_EQ(high.rise, low.rise) << "the setting is off";
 }

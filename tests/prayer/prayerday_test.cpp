@@ -21,9 +21,9 @@ using PrayerDayTest = DayTest;
 
 TEST_F(PrayerDayTest, CityComesEarlierInTheMorningOnly) {
     Location city = place_at(36, 31, 2);
-    const PrayerTimes without = day_of(seconds(), city, 2026, 5, 1).times;
+    const PrayerTexts without = texts_of_day(seconds(), city, 2026, 5, 1);
     city.city_offset = 10;
-    const PrayerTimes with = day_of(seconds(), city, 2026, 5, 1).times;
+    const PrayerTexts with = texts_of_day(seconds(), city, 2026, 5, 1);
     // 10 km of a degree of 95.50 km, at 4 minutes a degree.
     const double degree = 111.413 * 0.857167 - 0.094 * -0.052336;
     const double seconds_earlier = 10 / degree * 240;
@@ -36,7 +36,7 @@ TEST_F(PrayerDayTest, CityComesEarlierInTheMorningOnly) {
 }
 
 TEST_F(PrayerDayTest, OfASunThatNeverRisesIsDown) {
-    const PrayerTimes times = day_of({}, place_at(19, 70, 1), 2026, 12, 21).times;
+    const PrayerTexts times = texts_of_day({}, place_at(19, 70, 1), 2026, 12, 21);
     EXPECT_EQ(times.shuroq, "Down");
     EXPECT_EQ(times.dhohur, "Down");
     EXPECT_EQ(times.aser, "Down");
@@ -46,7 +46,7 @@ TEST_F(PrayerDayTest, OfASunThatNeverRisesIsDown) {
 }
 
 TEST_F(PrayerDayTest, OfASunThatNeverSetsHasItsTransitStill) {
-    const PrayerTimes times = day_of({}, place_at(19, 70, 1), 2026, 6, 21).times;
+    const PrayerTexts times = texts_of_day({}, place_at(19, 70, 1), 2026, 6, 21);
     EXPECT_EQ(times.fajer, "Bright");
     EXPECT_EQ(times.shuroq, "Up");
     EXPECT_EQ(times.maghreb, "Up");
@@ -57,13 +57,13 @@ TEST_F(PrayerDayTest, OfASunThatNeverSetsHasItsTransitStill) {
 
 TEST_F(PrayerDayTest, OfASunThatNeverSinksToTheShadowHasNoAser) {
     // At the pole the Sun keeps its height all day, so that no shadow ever grows by the gnomon's length.
-    const PrayerTimes times = day_of({}, place_at(0, 90, 0), 2026, 6, 21).times;
+    const PrayerTexts times = texts_of_day({}, place_at(0, 90, 0), 2026, 6, 21);
     EXPECT_EQ(times.maghreb, "Up");
     EXPECT_EQ(times.aser, "----");
 }
 
 TEST_F(PrayerDayTest, KeepsTheWordsOfADarkSky) {
-    const PrayerTimes times = day_of({}, place_at(40, 87, 3), 2026, 12, 21).times;
+    const PrayerTexts times = texts_of_day({}, place_at(40, 87, 3), 2026, 12, 21);
     EXPECT_EQ(times.fajer, "Dark");
     EXPECT_EQ(times.isha, "Dark");
 }
@@ -74,14 +74,14 @@ TEST_F(PrayerDayTest, OfADarkSkyDoesNotCallForTheAlternativeMethod) {
     const PrayerDay day = day_of(preferences, place_at(40, 87, 3), 2026, 12, 21);
     EXPECT_FALSE(day.refused);
     EXPECT_FALSE(day.by_night_fraction);
-    EXPECT_EQ(day.times.fajer, "Dark");
+    EXPECT_TRUE(is(day.times.fajer, NoEvent::dark));
 }
 
 TEST_F(PrayerDayTest, HeightOffStillTestsTheTransitAgainstTheDip) {
     Location mountain = place_at(36, 31, 2);
     mountain.elevation = 2500;
     Preferences preferences = seconds();
-    const PrayerTimes off = day_of(preferences, mountain, 2026, 5, 1).times;
+    const PrayerTexts off = texts_of_day(preferences, mountain, 2026, 5, 1);
     const auto horizon_in_force = [&mountain] {
         const PrayerSettings settings = read_prayer_settings(DayMode::report);
         const Instant midnight = Instant::of_ut1(jd_of(2026, 5, 1) - mountain.zone / 24);
@@ -90,7 +90,7 @@ TEST_F(PrayerDayTest, HeightOffStillTestsTheTransitAgainstTheDip) {
     };
     const double horizon_off = horizon_in_force();
     preferences.elevation_setting = "1";
-    const PrayerTimes on = day_of(preferences, mountain, 2026, 5, 1).times;
+    const PrayerTexts on = texts_of_day(preferences, mountain, 2026, 5, 1);
     EXPECT_EQ(horizon_in_force(), horizon_off);
     EXPECT_NEAR(horizon_off, -(0.02917 + 0.0061667) * 50 - 0.5692857 - 0.2665639 / 1.0077 + 0.0024, 1e-4);
     EXPECT_EQ(on.dhohur, off.dhohur);
@@ -105,20 +105,20 @@ TEST_F(PrayerDayTest, StoredBoxOfTheFajerElevationDoesNothing) {
     Location mountain = place_at(36, 31, 2);
     mountain.elevation = 2500;
     Preferences preferences = seconds();
-    const PrayerTimes unchecked = day_of(preferences, mountain, 2026, 5, 1).times;
+    const PrayerTexts unchecked = texts_of_day(preferences, mountain, 2026, 5, 1);
     preferences.elevation_fajer = "1";
-    EXPECT_EQ(day_of(preferences, mountain, 2026, 5, 1).times.fajer, unchecked.fajer);
+    EXPECT_EQ(texts_of_day(preferences, mountain, 2026, 5, 1).fajer, unchecked.fajer);
 }
 
 TEST_F(PrayerDayTest, MarginsMoveTheirOwnTimes) {
     const Location here = place_at(36, 31, 2);
-    const PrayerTimes plain = day_of(seconds(), here, 2026, 5, 1).times;
+    const PrayerTexts plain = texts_of_day(seconds(), here, 2026, 5, 1);
     Preferences preferences = seconds();
     preferences.subtract_fajer = 3;
     preferences.add_dhohur = 5;
     preferences.add_maghreb = 7;
     preferences.add_asr = -11;
-    const PrayerTimes moved = day_of(preferences, here, 2026, 5, 1).times;
+    const PrayerTexts moved = texts_of_day(preferences, here, 2026, 5, 1);
     EXPECT_NEAR(seconds_of(moved.fajer) - seconds_of(plain.fajer), -180, 1);
     EXPECT_EQ(moved.shuroq, plain.shuroq);
     EXPECT_NEAR(seconds_of(moved.dhohur) - seconds_of(plain.dhohur), 300, 1);
@@ -129,12 +129,12 @@ TEST_F(PrayerDayTest, MarginsMoveTheirOwnTimes) {
 
 TEST_F(PrayerDayTest, NegativeMarginsMoveTheOtherWay) {
     const Location here = place_at(36, 31, 2);
-    const PrayerTimes plain = day_of(seconds(), here, 2026, 5, 1).times;
+    const PrayerTexts plain = texts_of_day(seconds(), here, 2026, 5, 1);
     Preferences preferences = seconds();
     preferences.subtract_fajer = -3;
     preferences.add_dhohur = -5;
     preferences.add_maghreb = -7;
-    const PrayerTimes moved = day_of(preferences, here, 2026, 5, 1).times;
+    const PrayerTexts moved = texts_of_day(preferences, here, 2026, 5, 1);
     EXPECT_NEAR(seconds_of(moved.fajer) - seconds_of(plain.fajer), 180, 1);
     EXPECT_NEAR(seconds_of(moved.dhohur) - seconds_of(plain.dhohur), -300, 1);
     EXPECT_NEAR(seconds_of(moved.maghreb) - seconds_of(plain.maghreb), -420, 1);
@@ -145,7 +145,7 @@ TEST_F(PrayerDayTest, TimeMovedOutOfTheDayIsNone) {
     preferences.subtract_fajer = 600;
     preferences.add_maghreb = 600;
     preferences.add_asr = 900;
-    const PrayerTimes times = day_of(preferences, place_at(36, 31, 2), 2026, 5, 1).times;
+    const PrayerTexts times = texts_of_day(preferences, place_at(36, 31, 2), 2026, 5, 1);
     EXPECT_EQ(times.fajer, "----");
     EXPECT_EQ(times.maghreb, "----");
     EXPECT_EQ(times.aser, "----");
@@ -153,31 +153,31 @@ TEST_F(PrayerDayTest, TimeMovedOutOfTheDayIsNone) {
 
 TEST_F(PrayerDayTest, EachTwilightHasItsOwnAngle) {
     const Location here = place_at(36, 31, 2);
-    const PrayerTimes equal = day_of(seconds(), here, 2026, 5, 1).times;
+    const PrayerTexts equal = texts_of_day(seconds(), here, 2026, 5, 1);
     Preferences preferences = seconds();
     preferences.isha_angle = 17;
-    const PrayerTimes other_isha = day_of(preferences, here, 2026, 5, 1).times;
+    const PrayerTexts other_isha = texts_of_day(preferences, here, 2026, 5, 1);
     EXPECT_EQ(other_isha.fajer, equal.fajer);
     EXPECT_LT(other_isha.isha, equal.isha);
     preferences.isha_angle = 18;
     preferences.fajer_angle = 19.5;
-    const PrayerTimes other_fajer = day_of(preferences, here, 2026, 5, 1).times;
+    const PrayerTexts other_fajer = texts_of_day(preferences, here, 2026, 5, 1);
     EXPECT_LT(other_fajer.fajer, equal.fajer);
     EXPECT_EQ(other_fajer.isha, equal.isha);
 }
 
 TEST_F(PrayerDayTest, ShadowIsTwiceAsLongByTheHanafiRule) {
     Preferences preferences = seconds();
-    const std::string standard = day_of(preferences, place_at(36, 31, 2), 2026, 5, 1).times.aser;
+    const std::string standard = texts_of_day(preferences, place_at(36, 31, 2), 2026, 5, 1).aser;
     preferences.asr_rule = "0";
-    const std::string hanafi = day_of(preferences, place_at(36, 31, 2), 2026, 5, 1).times.aser;
+    const std::string hanafi = texts_of_day(preferences, place_at(36, 31, 2), 2026, 5, 1).aser;
     EXPECT_GT(seconds_of(hanafi) - seconds_of(standard), 3000);
 }
 
 TEST_F(PrayerDayTest, PanelShowsWordsInPlaceOfTimesThatAreNot) {
     write_loc(place_at(19, 70, 1));
     write_pref({});
-    const PrayerTimes times = today_prayer_times(loaded_theory(), jd_of(2026, 6, 21));
+    const PrayerTexts times = today_prayer_times(loaded_theory(), jd_of(2026, 6, 21));
     EXPECT_EQ(times.fajer, "Bright");
     EXPECT_EQ(times.shuroq, "Up");
 }
@@ -214,7 +214,7 @@ TEST_F(PrayerDayTest, AlternativeMethodFailsOnADayWithoutSunrise) {
 // The Sun's centre stays below the horizon all day and only its upper limb comes up for half an hour, so that
 // no shadow falls; the user's guide tells of this day.
 TEST_F(PrayerDayTest, AserCanStandBeforeDhohurBeyond75Degrees) {
-    const PrayerTimes times = day_of({}, place_at(35, 77, 2), 2025, 2, 13).times;
+    const PrayerTexts times = texts_of_day({}, place_at(35, 77, 2), 2025, 2, 13);
     EXPECT_EQ(times.shuroq, "10:42");
     EXPECT_EQ(times.dhohur, "11:54");
     EXPECT_EQ(times.aser, "10:56");
@@ -236,9 +236,10 @@ TEST_F(PrayerDayTest, TimesStandInTheOrderOfTheDay) {
                                     std::to_string(static_cast<int>(here.zone)) + "," +
                                     (here.east ? "#TRUE#" : "#FALSE#") + "," +
                                     (here.north ? "#TRUE#" : "#FALSE#") + ",#FALSE#,#FALSE#,0,1010,10\r\n");
-        const PrayerTimes t =
+        const PrayerTexts t = texts_of(
             prayer_day(named_ephemeris(), read_prayer_settings(DayMode::report), 2415020.5 + day(random), 0)
-                .times;
+                .times,
+            1);
         std::vector<std::string> clocks;
         for (const std::string& text : {t.fajer, t.shuroq, t.dhohur, t.aser, t.maghreb, t.isha})
             if (text.size() == 5)
@@ -256,9 +257,9 @@ TEST_F(PrayerDayTest, TimesStandInTheOrderOfTheDay) {
 
 TEST_F(PrayerDayTest, SummerHourMovesTheClockAndNothingElse) {
     const Location here = place_at(36, 31, 2);
-    const PrayerTimes winter = day_of(seconds(), here, 2026, 5, 1).times;
-    const PrayerTimes summer =
-        prayer_day(named_ephemeris(), read_prayer_settings(DayMode::report), jd_of(2026, 5, 1), 1).times;
+    const PrayerTexts winter = texts_of_day(seconds(), here, 2026, 5, 1);
+    const PrayerTexts summer = texts_of(
+        prayer_day(named_ephemeris(), read_prayer_settings(DayMode::report), jd_of(2026, 5, 1), 1).times, 0);
     EXPECT_NEAR(seconds_of(summer.shuroq) - seconds_of(winter.shuroq), 3600, 1);
     EXPECT_NEAR(seconds_of(summer.dhohur) - seconds_of(winter.dhohur), 3600, 1);
     EXPECT_NEAR(seconds_of(summer.aser) - seconds_of(winter.aser), 3600, 2);
@@ -282,7 +283,7 @@ TEST_F(PrayerDayTest, EndsWithinTheDayAtThePoles) {
             const PrayerTimes times = prayer_day(named_ephemeris(), read_prayer_settings(DayMode::report),
                                                  jd_of(2026, 1, 1) + day, 0)
                                           .times;
-            EXPECT_FALSE(times.shuroq.empty());
+            EXPECT_TRUE(hours_of(times.shuroq) == nullptr || within_day(*hours_of(times.shuroq)));
         }
 }
 

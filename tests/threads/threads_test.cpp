@@ -8,6 +8,8 @@
 #include "tests/support/places.h"
 #include "tests/support/programfolder.h"
 
+#include <bit>
+#include <cstdint>
 #include <functional>
 #include <gtest/gtest.h>
 #include <string>
@@ -24,6 +26,15 @@ constexpr int threads_at_once = 8;
 using Result = std::vector<std::string>;
 using Work = std::function<Result()>;
 
+std::string bits_of(double value) {
+    return std::to_string(std::bit_cast<std::uint64_t>(value));
+}
+
+std::string bits_of(const TaggedTime& time) {
+    const double* hours = hours_of(time);
+    return hours != nullptr ? bits_of(*hours) : text_of(std::get<NoEvent>(time));
+}
+
 double jd_of(double year, double month, double day) {
     double jd = 0;
     modjul(year, month, day, 0, jd);
@@ -38,8 +49,9 @@ Result year_of_prayers(const TheoryPointer& theory, const Location& location) {
     Result result;
     const double first = jd_of(2026, 1, 1);
     for (int day = 0; day < 365; ++day) {
-        const PrayerTimes t = prayer_day(ephemeris, settings, first + day, 0).times;
-        result.push_back(t.fajer + t.shuroq + t.dhohur + t.aser + t.maghreb + t.isha);
+        const PrayerTimes times = prayer_day(ephemeris, settings, first + day, 0).times;
+        for (const auto time : six_times)
+            result.push_back(bits_of(times.*time));
     }
     return result;
 }
@@ -54,7 +66,7 @@ Result year_of_phases(const TheoryPointer& theory) {
         for (const Phase phase :
              {Phase::new_moon, Phase::first_quarter, Phase::full_moon, Phase::last_quarter})
             result.push_back(
-                std::to_string(local_phase(ephemeris, run, phase, k + 0.25 * static_cast<double>(phase)).jd));
+                bits_of(local_phase(ephemeris, run, phase, k + 0.25 * static_cast<double>(phase)).jd));
     return result;
 }
 

@@ -12,7 +12,7 @@
 #include "events/phase.h"
 #include "phases/phasereport.h"
 #include "prayer/moonday.h"
-#include "prayer/prayerday.h"
+#include "prayer/prayertexts.h"
 #include "routines/namedengine.h"
 #include "routines/series.h"
 #include "stored/alert.h"
@@ -106,12 +106,13 @@ void globe(const Arguments& arguments) {
             write_loc(random_place(random));
         const double day = std::floor(random.between(first, last)) + 0.5;
         const PrayerSettings settings = read_prayer_settings(DayMode::report);
-        const PrayerTimes times = prayer_day(named_ephemeris(), settings, day, 0).times;
+        const PrayerTexts times = texts_of(prayer_day(named_ephemeris(), settings, day, 0).times, 0);
         const MoonTimes moon = moon_day(named_ephemeris(), settings.preferences, settings.location, day, 0);
         std::printf("%.17g,%.17g,%g,%.1f,%s,%s,%s,%s,%s,%s,%s,%s,%s\n", settings.longitude, settings.latitude,
                     settings.location.zone, day, times.fajer.c_str(), times.shuroq.c_str(),
                     times.dhohur.c_str(), times.aser.c_str(), times.maghreb.c_str(), times.isha.c_str(),
-                    moon.rise.c_str(), moon.transit.c_str(), moon.set.c_str());
+                    text_of(moon.rise, 0).c_str(), text_of(moon.transit, 0).c_str(),
+                    text_of(moon.set, 0).c_str());
     }
 }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "calendar/moddeltat.h"
+#include "calendar/shownclock.h"
 #include "events/riseset.h"
 #include "prayer/moonday.h"
 #include "prayer/prayerday.h"
@@ -149,14 +150,10 @@ private:
     double bound_hours_;
 };
 
-/// A clock text "hh:mm:ss" as hours; a word is no time.
-TaggedTime time_of(const std::string& clock) {
-    int hours = 0;
-    int minutes = 0;
-    int seconds = 0;
-    if (std::sscanf(clock.c_str(), "%2d:%2d:%2d", &hours, &minutes, &seconds) != 3)
-        return NoEvent::none;
-    return hours + minutes / 60.0 + seconds / seconds_per_hour;
+/// A time as the reports show it, to the second.
+TaggedTime to_second(const TaggedTime& time) {
+    const double* hours = hours_of(time);
+    return hours != nullptr ? TaggedTime(shown_clock(0, *hours).seconds / seconds_per_hour) : time;
 }
 
 double west_of_meridian(const Day& day, Body body, double hours) {
@@ -196,7 +193,7 @@ private:
         sunset_.add(day, set, below(day, Body::sun, threshold));
         const PrayerDay prayers =
             prayer_day(named_ephemeris(), read_prayer_settings(DayMode::report), day.jd, 0);
-        noon_.add(day, time_of(prayers.times.dhohur),
+        noon_.add(day, to_second(prayers.times.dhohur),
                   [&day](double hours) { return west_of_meridian(day, Body::sun, hours); });
     }
 
@@ -228,7 +225,7 @@ private:
         const MoonTimes moon = moon_day(named_ephemeris(), day.preferences, day.location, day.jd, 0);
         const Condition west = [&day](double hours) { return west_of_meridian(day, Body::moon, hours); };
         // A transit below the horizon, or of the next day, is folded or left out by the report.
-        if (const TaggedTime transit = time_of(moon.transit); hours_of(transit) != nullptr)
+        if (const TaggedTime transit = to_second(moon.transit); hours_of(transit) != nullptr)
             moon_transit_.add(day, transit, west);
     }
 

@@ -137,7 +137,8 @@ void take_crescent(const Camera& camera) {
 }
 
 void take_alert(const Camera& camera, Language language) {
-    const Alert alert{Alert::Kind::window, Prayer::aser, Athan::mecca, "16:19", Prayer::maghreb, "19:45"};
+    const Alert alert{Alert::Kind::window, Prayer::aser,         Athan::mecca, shown_clock(1, 16 + 19.0 / 60),
+                      Prayer::maghreb,     shown_clock(1, 19.75)};
     AlertWindow window;
     window.show_alert(words_of(alert, QString::fromStdString(read_loc().name), language), language);
     camera.take(window, QStringLiteral("alert"));

@@ -61,7 +61,8 @@ Task crescent_task() {
                 if (refused)
                     return report_refused(refused->told);
             Ephemeris ephemeris(loaded_theory());
-            write_crescent_report(loaded_theory(), settings, find_conjunction(ephemeris, settings));
+            DayEvents events;
+            write_crescent_report(loaded_theory(), settings, find_conjunction(ephemeris, settings), events);
             return report_written(RunOutcome::done, "visib.out");
         }};
 }

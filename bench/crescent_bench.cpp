@@ -33,8 +33,10 @@ void crescent_report(benchmark::State& state) {
     const TemporaryProgramFolder folder;
     load_series();
     const CrescentSettings& settings = read_visib();
+    DayEvents events;
     for ([[maybe_unused]] auto step : state)
-        write_crescent_report(loaded_theory(), settings, find_conjunction(named_ephemeris(), settings));
+        write_crescent_report(loaded_theory(), settings, find_conjunction(named_ephemeris(), settings),
+                              events);
 }
 BENCHMARK(crescent_report)->Name("crescent report")->Unit(benchmark::kMicrosecond);
 

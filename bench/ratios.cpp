@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "base/switchguard.h"
 #include "bench/noprogress.h"
 #include "bench/programrun.h"
 #include "bench/storedyear.h"
@@ -16,8 +15,8 @@
 #include "ephemeris/series.h"
 #include "ephemeris/seriessums.h"
 #include "ephemeris/sun.h"
+#include "events/dayevents.h"
 #include "events/phase.h"
-#include "prayer/crescentmode.h"
 #include "prayer/moonday.h"
 #include "prayer/moonrun.h"
 #include "prayer/prayerday.h"
@@ -267,16 +266,19 @@ bool print_crescent() {
     settings.month = "2";
     const double day = 2461088.5;
     Ephemeris ephemeris(loaded_theory());
-    const Observer observer = observer_of(read_loc());
+    const Location location = read_loc();
+    const Observer observer = observer_of(location);
+    const Horizon horizon = horizon_of(read_pref(), location);
+    const Instant midnight = Instant::of_ut1(day - location.zone / 24);
+    DayEvents events;
     const Times times = shortest_times(
         [&] {
-            sink = crescent_circumstances(ephemeris, settings, find_conjunction(ephemeris, settings))->lag;
+            sink = crescent_circumstances(ephemeris, settings, find_conjunction(ephemeris, settings), events)
+                       ->lag;
         },
         [&] {
-            const SwitchGuard mode(crescentmode, 1);
-            const SwitchGuard jd(crescentjd, day);
-            cmdcom_for_crescent(ephemeris);
-            cmdmoon_for_crescent(ephemeris);
+            take_sun_events(ephemeris, midnight, observer, horizon, events);
+            take_moon_events(ephemeris, midnight, observer, horizon, events);
             for (int i = 0; i < places; ++i) {
                 sink = sun_high(ephemeris, Instant::of_ut1(day + i / 100.0), observer).longitude;
                 sink = moon_medium(ephemeris, Instant::of_ut1(day + i / 100.0), observer).longitude;

@@ -1,16 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "crescent/circumstances.h"
 
+#include "base/failure.h"
 #include "base/numberformat.h"
 #include "base/record.h"
-#include "base/switchguard.h"
 #include "calendar/civildate.h"
 #include "calendar/moddateconv.h"
 #include "calendar/modjul.h"
 #include "crescent/criteria.h"
-#include "prayer/crescentmode.h"
-#include "prayer/moonrun.h"
-#include "prayer/prayerrun.h"
 #include "settings/enginesettings.h"
 
 #include <cmath>
@@ -49,13 +46,12 @@ double best_time(bool new_crescent, double sun_event, double lag) {
 
 namespace {
 
-/// Fills the events of the day in `sunriseout` and its companions.
-void calculate_day(Ephemeris& ephemeris, double day, int summer_hours) {
-    const SwitchGuard mode(crescentmode, 1);
-    const SwitchGuard jd(crescentjd, day);
-    const SwitchGuard summer(summeractive, summer_hours);
-    cmdcom_for_crescent(ephemeris);
-    cmdmoon_for_crescent(ephemeris);
+void take_events(Ephemeris& ephemeris, const Circumstances& c, DayEvents& events) {
+    const Instant midnight = Instant::of_ut1(c.day - (c.location.zone + c.summer_hours) / 24);
+    const Observer observer = observer_of(c.location);
+    const Horizon horizon = horizon_of(c.preferences, c.location);
+    take_sun_events(ephemeris, midnight, observer, horizon, events);
+    take_moon_events(ephemeris, midnight, observer, horizon, events);
 }
 
 double chosen_hours(const CrescentChoice& choice, double sun_event, double moon_event, double best) {
@@ -100,7 +96,7 @@ void fill_quantities(Ephemeris& ephemeris, const Observer& observer, Circumstanc
 } // namespace
 
 std::optional<Circumstances> crescent_circumstances(Ephemeris& ephemeris, const CrescentSettings& settings,
-                                                    const Conjunction& conjunction) {
+                                                    const Conjunction& conjunction, DayEvents& events) {
     Circumstances c;
     c.choice = chosen(settings);
     c.preferences = read_pref();
@@ -112,9 +108,9 @@ std::optional<Circumstances> crescent_circumstances(Ephemeris& ephemeris, const 
     const DateNumbers date = civil_date(conjunction.local);
     modjul(date.year, date.month, date.day, 0, c.day);
     c.day += is_new ? c.choice.days : -c.choice.days;
-    calculate_day(ephemeris, c.day, c.summer_hours);
-    const double* sun_event = hours_of(is_new ? sunsetout : sunriseout);
-    const double* moon_event = hours_of(is_new ? moonsetout : moonriseout);
+    about_place(c.location.name, [&] { about_day(c.day, [&] { take_events(ephemeris, c, events); }); });
+    const double* sun_event = hours_of(is_new ? events.sunset : events.sunrise);
+    const double* moon_event = hours_of(is_new ? events.moonset : events.moonrise);
     if (sun_event == nullptr || moon_event == nullptr)
         return std::nullopt;
 

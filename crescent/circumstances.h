@@ -4,6 +4,7 @@
 #include "calendar/taggedtime.h"
 #include "crescent/conjunction.h"
 #include "crescent/quantities.h"
+#include "events/dayevents.h"
 #include "stored/loc.h"
 #include "stored/pref.h"
 #include "stored/visib.h"
@@ -59,10 +60,11 @@ struct Circumstances {
 };
 
 /// The circumstances of the stored choices around a conjunction; nothing when the Sun or the Moon has no
-/// event on that day. Reads `pref.vsk` and `loc.vsk`; borrows the day calculators of
-/// the prayer and the Moon report in `crescentmode`.
+/// event on that day. Reads `pref.vsk` and `loc.vsk`.
+/// In,out events  of the day calculated last, whose sunrise and moonrise stand where the day has none of its
+///                own; of this day
 std::optional<Circumstances> crescent_circumstances(Ephemeris& ephemeris, const CrescentSettings& settings,
-                                                    const Conjunction& conjunction);
+                                                    const Conjunction& conjunction, DayEvents& events);
 
 /// Name, year and " AH" of the Hijri month whose crescent is looked for on a day, in English.
 std::string hijri_caption(double day, bool new_crescent);

@@ -226,10 +226,10 @@ void write_no_crescent(Report& report) {
 }
 
 bool write_crescent_report(const TheoryPointer& theory, const CrescentSettings& settings,
-                           const Conjunction& conjunction) {
+                           const Conjunction& conjunction, DayEvents& events) {
     Ephemeris ephemeris(theory);
     const std::optional<Circumstances> circumstances =
-        crescent_circumstances(ephemeris, settings, conjunction);
+        crescent_circumstances(ephemeris, settings, conjunction, events);
     Report report(program_path("visib.out"));
     if (circumstances)
         write_crescent(report, *circumstances);

@@ -13,9 +13,10 @@ void write_crescent(Report& report, const Circumstances& circumstances);
 void write_no_crescent(Report& report);
 
 /// The crescent report of the stored choices: writes `visib.out`.
+/// In,out events  as crescent_circumstances
 /// Returns false when it is the short one.
 /// Error  raises RunTimeFailure; an earlier `visib.out` then stands.
 bool write_crescent_report(const TheoryPointer& theory, const CrescentSettings& settings,
-                           const Conjunction& conjunction);
+                           const Conjunction& conjunction, DayEvents& events);
 
 } // namespace halvane

@@ -66,10 +66,11 @@ std::array<std::string, 3> CrescentRules::dates(bool new_crescent) const {
             day_caption(candidates[nearest + 1])};
 }
 
-void CrescentRules::calculate(const TheoryPointer& theory, const CrescentSettings& settings) const {
+void CrescentRules::calculate(const TheoryPointer& theory, const CrescentSettings& settings,
+                              DayEvents& events) const {
     const Conjunction conjunction = conjunction_.value();
     write_visib(settings);
-    write_crescent_report(theory, settings, conjunction);
+    write_crescent_report(theory, settings, conjunction, events);
 }
 
 } // namespace halvane

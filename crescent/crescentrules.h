@@ -4,6 +4,7 @@
 #include "base/twintext.h"
 #include "calendar/hijriconversion.h"
 #include "crescent/conjunction.h"
+#include "events/dayevents.h"
 #include "stored/visib.h"
 
 #include <array>
@@ -56,7 +57,8 @@ public:
     std::array<std::string, 3> dates(bool new_crescent) const;
 
     /// Stores the choices and writes `visib.out`, the whole report or the short one. Only when prepared.
-    void calculate(const TheoryPointer& theory, const CrescentSettings& settings) const;
+    /// In,out events  as crescent_circumstances
+    void calculate(const TheoryPointer& theory, const CrescentSettings& settings, DayEvents& events) const;
 
 private:
     std::optional<Conjunction> conjunction_;

@@ -10,6 +10,7 @@
 #include "panel/numberlists.h"
 #include "panel/panelstyle.h"
 #include "panel/panelsupport.h"
+#include "routines/crescentday.h"
 #include "routines/series.h"
 #include "ui_frmcresv.h"
 
@@ -242,7 +243,7 @@ bool frmcresv::refuse(const std::optional<CrescentRefusal>& refused) {
 void frmcresv::cmdcalc_click() {
     if (refuse(refused_user_time(shown())))
         return;
-    form_.calculate(loaded_theory(), shown());
+    form_.calculate(loaded_theory(), shown(), crescentevents);
     platform().show_text_file("visib.out");
 }
 

@@ -7,7 +7,6 @@
 #include "ephemeris/coordinates.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/moon.h"
-#include "events/riseset.h"
 #include "settings/enginesettings.h"
 
 #include <cmath>
@@ -71,13 +70,10 @@ bool is_passage(Ephemeris& ephemeris, const Observer& observer, const Instant& i
 
 } // namespace
 
-MoonRiseSet moon_rise_set(Ephemeris& ephemeris, const Preferences& preferences, const Location& location,
-                          double jd, double clock_ahead) {
-    const RiseSet found =
-        find_rise_set(ephemeris, Target::moon, Instant::of_ut1(jd - clock_ahead / hours_per_day),
-                      observer_of(location), horizon_of(preferences, location));
-    return {found.rise, found.set, is(found.rise, NoEvent::up) || is(found.rise, NoEvent::down),
-            found.horizon_altitude};
+RiseSet moon_rise_set(Ephemeris& ephemeris, const Preferences& preferences, const Location& location,
+                      double jd, double clock_ahead) {
+    return find_rise_set(ephemeris, Target::moon, Instant::of_ut1(jd - clock_ahead / hours_per_day),
+                         observer_of(location), horizon_of(preferences, location));
 }
 
 namespace {
@@ -85,7 +81,7 @@ namespace {
 MoonTimes times_of_day(Ephemeris& ephemeris, const Preferences& preferences, const Location& location,
                        double jd, int summer_hours) {
     const double clock_ahead = location.zone + summer_hours;
-    const MoonRiseSet events = moon_rise_set(ephemeris, preferences, location, jd, clock_ahead);
+    const RiseSet events = moon_rise_set(ephemeris, preferences, location, jd, clock_ahead);
     MoonTimes times{events.rise, NoEvent::none, events.set};
 
     const Observer observer = observer_of(location);

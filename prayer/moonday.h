@@ -1,25 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "calendar/taggedtime.h"
-#include "ephemeris/ephemeris.h"
+#include "events/riseset.h"
 #include "stored/loc.h"
 #include "stored/pref.h"
 
 namespace halvane {
 
 /// The Moon's rise and set of a local day.
-struct MoonRiseSet {
-    TaggedTime rise = NoEvent::none;
-    TaggedTime set = NoEvent::none;
-    bool all_day = false;        ///< both are "Up" or both are "Down"
-    double horizon_altitude = 0; ///< at rise and set with the dip of the horizon               [deg]
-};
-
 /// In     jd           0 h of the civil date                                                    [d]
 ///        clock_ahead  zone and summer hours                                                    [h]
-MoonRiseSet moon_rise_set(Ephemeris& ephemeris, const Preferences& preferences, const Location& location,
-                          double jd, double clock_ahead);
+RiseSet moon_rise_set(Ephemeris& ephemeris, const Preferences& preferences, const Location& location,
+                      double jd, double clock_ahead);
 
 /// The Moon's day on its own clock, 0 to below 24 [h], or why there is none.
 struct MoonTimes {

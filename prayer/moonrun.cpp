@@ -2,22 +2,12 @@
 #include "prayer/moonrun.h"
 
 #include "base/machineclock.h"
-#include "prayer/crescentmode.h"
 #include "prayer/moonreport.h"
 #include "report/head.h"
 #include "report/reportrun.h"
 #include "stored/programfolder.h"
 
 namespace halvane {
-namespace {
-
-void keep_for_crescent(const MoonRiseSet& events) {
-    if (!events.all_day)
-        moonriseout = events.rise;
-    moonsetout = events.set;
-}
-
-} // namespace
 
 RunOutcome write_moon_report(const TheoryPointer& theory, Progress& progress) {
     Ephemeris ephemeris(theory);
@@ -42,13 +32,6 @@ RunOutcome write_moon_report(const TheoryPointer& theory, Progress& progress) {
     write_moon_closing(report);
     report.commit();
     return outcome;
-}
-
-void cmdmoon_for_crescent(Ephemeris& ephemeris) {
-    const Preferences preferences = read_pref();
-    const Location location = read_loc();
-    keep_for_crescent(
-        moon_rise_set(ephemeris, preferences, location, crescentjd, location.zone + summeractive));
 }
 
 } // namespace halvane

@@ -12,8 +12,4 @@ namespace halvane {
 /// Error  raises RunTimeFailure; an earlier `mresults.out` then stands.
 RunOutcome write_moon_report(const TheoryPointer& theory, Progress& progress);
 
-/// The Moon's rise and set of the day `crescentjd` with `summeractive` summer hours: fills `moonriseout` and
-/// `moonsetout`.
-void cmdmoon_for_crescent(Ephemeris& ephemeris);
-
 } // namespace halvane

@@ -45,8 +45,6 @@ public:
 
     PrayerDay run() {
         find_sun();
-        if (settings_.mode == DayMode::crescent)
-            return day_;
         find_twilights();
         if (day_.refused)
             return day_;
@@ -64,13 +62,11 @@ private:
         const auto [rise, set, horizon_altitude] = search(Target::sun);
         sunset_altitude_ = horizon_altitude;
         if (is(rise, NoEvent::up) || is(rise, NoEvent::down)) {
-            day_.keeps_sunrise = true;
             day_.sunrise = rise;
             day_.sunset = set;
         } else {
-            const double added = settings_.mode == DayMode::crescent ? 0 : settings_.add_maghreb / 60.0;
             day_.sunrise = moved(rise, -settings_.city);
-            day_.sunset = moved(set, added);
+            day_.sunset = moved(set, settings_.add_maghreb / 60.0);
         }
         day_.times.shuroq = day_.sunrise;
         day_.times.maghreb = day_.sunset;
@@ -174,14 +170,12 @@ PrayerSettings prayer_settings(const Preferences& preferences, const Location& l
     settings.horizon = horizon_of(settings.preferences, settings.location);
     settings.longitude = longitude_of(settings.location);
     settings.latitude = latitude_of(settings.location);
-    if (mode != DayMode::crescent)
-        settings.city = hours_of_city(settings.location.city_offset, settings.latitude);
+    settings.city = hours_of_city(settings.location.city_offset, settings.latitude);
     settings.zone_offset = (settings.location.zone * 15 - settings.longitude) * 4;
     settings.add_maghreb = static_cast<float>(settings.preferences.add_maghreb);
     require_finite(settings.add_maghreb, {"the minutes added to Maghreb", "الدقائق المضافة إلى المغرب"});
     settings.precision = precision_of(settings.preferences);
     settings.high_latitude = mode == DayMode::report && settings.preferences.high_latitude == 1;
-    settings.mode = mode;
     return settings;
 }
 

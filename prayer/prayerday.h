@@ -13,9 +13,8 @@ namespace halvane {
 
 /// What the calculation of a day is for.
 enum class DayMode {
-    report,   ///< rows of the prayer report; the high-latitude method is possible
-    today,    ///< the main panel: no high-latitude method
-    crescent, ///< the Sun's rise and set only; no city offset, no added minutes
+    report, ///< rows of the prayer report; the high-latitude method is possible
+    today,  ///< the main panel: no high-latitude method
 };
 
 /// The settings of a run.
@@ -31,7 +30,6 @@ struct PrayerSettings {
     float add_maghreb = 0;      ///<                                                            [min]
     int precision = 1;          ///< of the clock texts, as modctim takes it
     bool high_latitude = false; ///< the alternative method is switched on
-    DayMode mode = DayMode::report;
 };
 
 /// The settings of a run for a place.
@@ -60,9 +58,8 @@ inline constexpr std::array<TaggedTime PrayerTimes::*, 6> six_times{
 struct PrayerDay {
     int summer_hours = 0;
     PrayerTimes times;
-    TaggedTime sunrise = NoEvent::none; ///< after the city offset; what `sunriseout` takes
-    TaggedTime sunset = NoEvent::none;  ///< after the added minutes; what `sunsetout` takes
-    bool keeps_sunrise = false;         ///< no sunrise was looked for: `sunriseout` keeps what it held
+    TaggedTime sunrise = NoEvent::none; ///< after the city offset
+    TaggedTime sunset = NoEvent::none;  ///< after the added minutes
     bool by_night_fraction = false;     ///< Fajer and Isha are a fraction of the night
     bool refused = false;               ///< the alternative method was needed beyond its latitudes
 };

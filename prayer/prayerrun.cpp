@@ -2,7 +2,6 @@
 #include "prayer/prayerrun.h"
 
 #include "calendar/civildate.h"
-#include "prayer/crescentmode.h"
 #include "prayer/highlatitude.h"
 #include "prayer/prayerreport.h"
 #include "report/reportrun.h"
@@ -101,14 +100,6 @@ PrayerTexts today_prayer_times(const TheoryPointer& theory, double todayjd) {
     const Preferences preferences = read_pref();
     read_date();
     return texts_of(prayer_times(theory, preferences, read_loc(), todayjd), precision_of(preferences));
-}
-
-void cmdcom_for_crescent(Ephemeris& ephemeris) {
-    const PrayerSettings settings = read_prayer_settings(DayMode::crescent);
-    const PrayerDay day = prayer_day(ephemeris, settings, crescentjd, summeractive);
-    if (!day.keeps_sunrise)
-        sunriseout = day.sunrise;
-    sunsetout = day.sunset;
 }
 
 } // namespace halvane

@@ -19,10 +19,6 @@ RunOutcome write_prayer_report(const TheoryPointer& theory, Progress& progress);
 /// alternative method. In     todayjd  0 h of the machine's date [d]
 PrayerTexts today_prayer_times(const TheoryPointer& theory, double todayjd);
 
-/// The Sun's rise and set of the day `crescentjd` with `summeractive` summer hours: fills `sunriseout` and
-/// `sunsetout`.
-void cmdcom_for_crescent(Ephemeris& ephemeris);
-
 /// What the user is told when the report is refused.
 extern const TwinMessage high_latitude_message;
 

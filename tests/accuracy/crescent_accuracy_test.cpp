@@ -154,11 +154,12 @@ TEST_F(CrescentAccuracy, CircumstancesOf200EveningsAndMornings) {
     Errors moon_altitude("`crescent_circumstances`", "Moon, altitude", 10, "″");
     Errors sun_altitude("`crescent_circumstances`", "Sun, altitude", 10, "″");
     std::mt19937 engine(1950);
+    DayEvents events;
     for (int evenings = 0; evenings < 200;) {
         const Evening evening = random_evening(engine);
         write_loc(evening.place);
         const Conjunction found = find_conjunction(named_ephemeris(), evening.settings);
-        const auto c = crescent_circumstances(named_ephemeris(), evening.settings, found);
+        const auto c = crescent_circumstances(named_ephemeris(), evening.settings, found, events);
         if (!c)
             continue;
         ++evenings;

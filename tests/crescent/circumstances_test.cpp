@@ -9,10 +9,10 @@
 #include "ephemeris/modgeneral.h"
 #include "events/phase.h"
 #include "phases/phaseyear.h"
-#include "prayer/crescentmode.h"
 #include "prayer/moonrun.h"
 #include "prayer/prayerrun.h"
 #include "report/head.h"
+#include "routines/crescentday.h"
 #include "routines/namedengine.h"
 #include "routines/series.h"
 #include "routines/tdtinput.h"
@@ -54,15 +54,17 @@ protected:
     }
     Circumstances at(const CrescentSettings& settings) {
         const auto found = crescent_circumstances(named_ephemeris(), settings,
-                                                  find_conjunction(named_ephemeris(), settings));
+                                                  find_conjunction(named_ephemeris(), settings), events);
         EXPECT_TRUE(found.has_value());
         return found.value_or(Circumstances{});
     }
     std::string report(const CrescentSettings& settings) {
-        write_crescent_report(loaded_theory(), settings, find_conjunction(named_ephemeris(), settings));
+        write_crescent_report(loaded_theory(), settings, find_conjunction(named_ephemeris(), settings),
+                              events);
         return folder.read("visib.out");
     }
     Preferences preferences;
+    DayEvents events; ///< of the day calculated last
 };
 
 /// With the choice of a time: 0 at the Sun's event, 1 the Moon's, 2 Best Time, 3 the user's.
@@ -288,8 +290,8 @@ TEST_F(Circumstance, SummerHourIsThatOfTheConjunctionsUniversalDate) {
 TEST_F(Circumstance, PolarPlaceWithoutMoonsetGetsTheShortReport) {
     write_loc(place_at(19, 69.65, 1));
     const CrescentSettings settings = timed(crescent_near(20, 12, 2025), 2, 1);
-    EXPECT_FALSE(
-        write_crescent_report(loaded_theory(), settings, find_conjunction(named_ephemeris(), settings)));
+    EXPECT_FALSE(write_crescent_report(loaded_theory(), settings,
+                                       find_conjunction(named_ephemeris(), settings), events));
     const std::string text = folder.read("visib.out");
     EXPECT_EQ(text.find("* Settings"), std::string::npos);
     EXPECT_TRUE(text.ends_with("Moonset/Moonrise event(s).\r\n"));
@@ -384,9 +386,23 @@ TEST_F(Circumstance, EventsAreThoseOfThePrayerAndTheMoonReport) {
         }
 }
 
+// 16 June 2015 at 67 degrees north: the Sun does not set, the Moon (declination 18 degrees) rises.
+TEST_F(Circumstance, ADayWithoutSunriseTakesTheOneThatWasFoundLast) {
+    const CrescentSettings settings = timed(crescent_near(16, 6, 2015, false), 0);
+    const Circumstances earlier = at(timed(crescent_near(10, 3, 2024, false), 0));
+    write_loc(place_at(25, 67, 2));
+    const Circumstances c = at(settings);
+    EXPECT_EQ(c.sun_event, earlier.sun_event);
+    EXPECT_NE(c.moon_event, earlier.moon_event);
+    EXPECT_TRUE(is(events.sunset, NoEvent::up));
+    events = {};
+    EXPECT_FALSE(write_crescent_report(loaded_theory(), settings,
+                                       find_conjunction(named_ephemeris(), settings), events));
+}
+
 TEST_F(Circumstance, RunsLeaveTheSwitchesAsTheyWere) {
     const CrescentSettings settings = crescent_near(29, 3, 2025);
-    write_crescent_report(loaded_theory(), settings, find_conjunction(named_ephemeris(), settings));
+    write_crescent_report(loaded_theory(), settings, find_conjunction(named_ephemeris(), settings), events);
     EXPECT_EQ(tdtinput, 0);
     EXPECT_EQ(crescentmode, 0);
 }

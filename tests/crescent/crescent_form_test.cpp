@@ -139,7 +139,8 @@ TEST_F(CrescentRulesTest, ACalculationStoresTheChoicesAndWritesTheReport) {
     form.prepare(loaded_theory(), settings);
     settings.two_days = true;
     settings.one_day = false;
-    form.calculate(loaded_theory(), settings);
+    DayEvents events;
+    form.calculate(loaded_theory(), settings, events);
     EXPECT_EQ(read_visib(), settings);
     EXPECT_NE(report().find("- Crescent Visibility on: Monday  31/03/2025 CE\r\n"), std::string::npos);
     EXPECT_EQ(tdtinput, 0);

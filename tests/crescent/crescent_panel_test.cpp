@@ -3,6 +3,7 @@
 #include "crescent/frmmap.h"
 #include "ephemeris/series.h"
 #include "panel/panelsupport.h"
+#include "routines/crescentday.h"
 #include "routines/series.h"
 #include "stored/loc.h"
 #include "stored/visib.h"
@@ -403,6 +404,35 @@ TEST_F(CrescentPanel, ADayWithoutMoonsetLeavesTheShortReport) {
     const std::string report = content("visib.out");
     ASSERT_GE(report.size(), words.size());
     EXPECT_EQ(report.substr(report.size() - words.size()), words);
+}
+
+// The Sun of 16 June 2015 does not set at 67 degrees north: the sunrise found last in the program stands.
+TEST_F(CrescentPanel, ADayWithoutSunriseTakesThatOfAnotherOpenPanel) {
+    crescentevents = {};
+    const auto polar = place_at({25, 0}, {67, 0}, 2, "Kittila");
+    const auto amman = read_loc();
+    CrescentSettings june = march_2025();
+    june.day = "16";
+    june.month = "6";
+    june.year = "2015";
+    june.new_crescent = false;
+    write_visib(june);
+    const auto calculated = [this](frmcresv& form, const Location& place) {
+        write_loc(place);
+        click(form, "cmdprev");
+        click(form, "cmdcalc");
+        return content("visib.out");
+    };
+    const auto sunrise = [](const std::string& report) {
+        const std::size_t start = report.find("- Sunrise:");
+        return start == std::string::npos ? std::string() : report.substr(start, 30);
+    };
+    frmcresv first;
+    EXPECT_EQ(sunrise(calculated(first, polar)), "");
+    const std::string found = sunrise(calculated(first, amman));
+    EXPECT_NE(found, "");
+    frmcresv second;
+    EXPECT_EQ(sunrise(calculated(second, polar)), found);
 }
 
 TEST_F(CrescentPanel, TheReportIsEnglishInBothLanguages) {

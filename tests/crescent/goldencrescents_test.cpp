@@ -15,7 +15,9 @@ TEST_P(CrescentGolden, ReportIsTheSameByteForByte) {
     expect_golden_report("crescent/" + GetParam(), "visib.out", [] {
         load_series();
         const CrescentSettings settings = read_visib();
-        write_crescent_report(loaded_theory(), settings, find_conjunction(named_ephemeris(), settings));
+        DayEvents events;
+        write_crescent_report(loaded_theory(), settings, find_conjunction(named_ephemeris(), settings),
+                              events);
     });
 }
 

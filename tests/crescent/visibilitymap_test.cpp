@@ -348,7 +348,9 @@ TEST_F(VisibilityMap, ClassesAgreeWithTheCrescentReportAwayFromTheBands) {
             Conjunction conjunction = find_conjunction(named_ephemeris(), settings);
             // The report's day counts from the local date of the conjunction, the map's from that of UT1.
             conjunction.local = run.conjunction.days[0] + 0.5;
-            const auto circumstances = crescent_circumstances(named_ephemeris(), settings, conjunction);
+            DayEvents events;
+            const auto circumstances =
+                crescent_circumstances(named_ephemeris(), settings, conjunction, events);
             ASSERT_TRUE(circumstances);
             const double value = circumstances->criterion.value;
             const bool near_an_edge =

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "base/switchguard.h"
-#include "prayer/crescentmode.h"
 #include "prayer/moonday.h"
-#include "prayer/moonrun.h"
-#include "prayer/prayerrun.h"
+#include "prayer/prayerday.h"
+#include "routines/crescentday.h"
 #include "routines/namedengine.h"
 #include "tests/prayer/days.h"
 #include "tests/support/places.h"
@@ -13,20 +12,17 @@
 namespace halvane {
 namespace {
 
-/// The day calculators as the crescent's calculation borrows them.
+/// The day calculators as they serve a crescent.
 class CrescentMode : public DayTest {
 protected:
     void run(double jd, int summer) {
         const SwitchGuard mode(crescentmode, 1);
         const SwitchGuard day(crescentjd, jd);
         const SwitchGuard hours(summeractive, summer);
-        cmdcom_for_crescent(named_ephemeris());
-        cmdmoon_for_crescent(named_ephemeris());
+        cmdcom_for_crescent();
+        cmdmoon_for_crescent();
     }
-    SwitchGuard<TaggedTime> results_[4]{{sunriseout, NoEvent::none},
-                                        {sunsetout, NoEvent::none},
-                                        {moonriseout, NoEvent::none},
-                                        {moonsetout, NoEvent::none}};
+    SwitchGuard<DayEvents> results_{crescentevents, {}};
 };
 
 TEST_F(CrescentMode, LeavesTheEventsOfItsDay) {
@@ -37,7 +33,7 @@ TEST_F(CrescentMode, LeavesTheEventsOfItsDay) {
         prayer_day(named_ephemeris(), read_prayer_settings(DayMode::report), jd_of(2026, 5, 1), 0);
     EXPECT_EQ(sunriseout, day.sunrise);
     EXPECT_EQ(sunsetout, day.sunset);
-    const MoonRiseSet moon = moon_rise_set(named_ephemeris(), read_pref(), read_loc(), jd_of(2026, 5, 1), 2);
+    const RiseSet moon = moon_rise_set(named_ephemeris(), read_pref(), read_loc(), jd_of(2026, 5, 1), 2);
     EXPECT_EQ(moonriseout, moon.rise);
     EXPECT_EQ(moonsetout, moon.set);
     ASSERT_NE(hours_of(sunriseout), nullptr);

@@ -70,13 +70,12 @@ std::string choice_of(const std::vector<std::string>& names) {
     return words;
 }
 
-MapRun map_run(const CrescentSettings& settings, const MapOptions& options) {
+MapRun map_run(const CrescentRun& crescent, const MapOptions& options) {
     Ephemeris ephemeris(loaded_theory());
-    find_conjunction(ephemeris, settings);
     MapRun run;
     run.criterion = criterion_of(options.criterion).value();
-    run.kind = settings.new_crescent ? CrescentKind::new_crescent : CrescentKind::old_crescent;
-    run.conjunction = map_conjunction(ephemeris);
+    run.kind = kind_of(crescent.settings);
+    run.conjunction = map_conjunction(ephemeris, find_conjunction(ephemeris, crescent).dynamical);
     run.day = map_day(run.conjunction, run.kind, options.day);
     return run;
 }
@@ -102,7 +101,7 @@ int run_map(const MapOptions& options, Progress& progress) {
     const CrescentSettings settings = read_visib();
     if (const auto refused = refused_conjunction(settings))
         return report_refused(refused->told);
-    const MapRun run = map_run(settings, options);
+    const MapRun run = map_run(read_crescent_run(settings), options);
     PointList list(progress);
     if (!draw_visibility_map(loaded_theory(), run, list)) {
         std::cerr << "Cancelled: no map has been written.\n";

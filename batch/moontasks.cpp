@@ -60,9 +60,10 @@ Task crescent_task() {
             for (const auto& refused : {refused_conjunction(settings), refused_user_time(settings)})
                 if (refused)
                     return report_refused(refused->told);
+            const CrescentRun run = read_crescent_run(settings);
             Ephemeris ephemeris(loaded_theory());
             DayEvents events;
-            write_crescent_report(loaded_theory(), settings, find_conjunction(ephemeris, settings), events);
+            write_crescent_report(loaded_theory(), run, find_conjunction(ephemeris, run), events);
             return report_written(RunOutcome::done, "visib.out");
         }};
 }

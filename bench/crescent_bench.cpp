@@ -32,11 +32,10 @@ BENCHMARK_CAPTURE(phases_of_a_year, topocentric, false)
 void crescent_report(benchmark::State& state) {
     const TemporaryProgramFolder folder;
     load_series();
-    const CrescentSettings& settings = read_visib();
+    const CrescentRun run = read_crescent_run(read_visib());
     DayEvents events;
     for ([[maybe_unused]] auto step : state)
-        write_crescent_report(loaded_theory(), settings, find_conjunction(named_ephemeris(), settings),
-                              events);
+        write_crescent_report(loaded_theory(), run, find_conjunction(named_ephemeris(), run), events);
 }
 BENCHMARK(crescent_report)->Name("crescent report")->Unit(benchmark::kMicrosecond);
 
@@ -50,10 +49,11 @@ public:
 void visibility_map(benchmark::State& state, Criterion criterion) {
     const TemporaryProgramFolder folder;
     load_series();
-    find_conjunction(named_ephemeris(), read_visib());
+    const CrescentRun crescent = read_crescent_run(read_visib());
     MapRun run;
     run.criterion = criterion;
-    run.conjunction = map_conjunction(named_ephemeris());
+    run.conjunction =
+        map_conjunction(named_ephemeris(), find_conjunction(named_ephemeris(), crescent).dynamical);
     run.day = map_day(run.conjunction, run.kind, 1);
     for ([[maybe_unused]] auto step : state) {
         CountedPoints points;

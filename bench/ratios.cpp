@@ -124,10 +124,10 @@ MapRun map_of(Ephemeris& ephemeris, int day, int month, int year) {
     settings.day = std::to_string(day);
     settings.month = std::to_string(month);
     settings.year = std::to_string(year);
-    find_conjunction(ephemeris, settings);
+    const CrescentRun crescent = read_crescent_run(settings);
     MapRun run;
     run.criterion = Criterion::yallop;
-    run.conjunction = map_conjunction(ephemeris);
+    run.conjunction = map_conjunction(ephemeris, find_conjunction(ephemeris, crescent).dynamical);
     run.day = map_day(run.conjunction, run.kind, 1);
     return run;
 }
@@ -266,16 +266,13 @@ bool print_crescent() {
     settings.month = "2";
     const double day = 2461088.5;
     Ephemeris ephemeris(loaded_theory());
-    const Location location = read_loc();
-    const Observer observer = observer_of(location);
-    const Horizon horizon = horizon_of(read_pref(), location);
-    const Instant midnight = Instant::of_ut1(day - location.zone / 24);
+    const CrescentRun run = read_crescent_run(settings);
+    const Observer observer = observer_of(run.location);
+    const Horizon horizon = horizon_of(run.preferences, run.location);
+    const Instant midnight = Instant::of_ut1(day - run.location.zone / 24);
     DayEvents events;
     const Times times = shortest_times(
-        [&] {
-            sink = crescent_circumstances(ephemeris, settings, find_conjunction(ephemeris, settings), events)
-                       ->lag;
-        },
+        [&] { sink = crescent_circumstances(ephemeris, run, find_conjunction(ephemeris, run), events)->lag; },
         [&] {
             take_sun_events(ephemeris, midnight, observer, horizon, events);
             take_moon_events(ephemeris, midnight, observer, horizon, events);

@@ -3,9 +3,7 @@
 
 #include "base/failure.h"
 #include "base/numberformat.h"
-#include "base/record.h"
 #include "calendar/civildate.h"
-#include "calendar/moddateconv.h"
 #include "calendar/modjul.h"
 #include "crescent/criteria.h"
 #include "settings/enginesettings.h"
@@ -33,10 +31,9 @@ CrescentChoice chosen(const CrescentSettings& settings) {
     return choice;
 }
 
-std::string hijri_caption(double day, bool new_crescent) {
+HijriDate hijri_looked_for(double day, bool new_crescent) {
     constexpr double one_week = 7;
-    const HijriDate date = hijri_of_day_number(std::floor(day + (new_crescent ? one_week : -one_week)));
-    return hijri_month_name(date.month, 'E') + " " + plain_number(date.year) + " AH";
+    return hijri_of_day_number(std::floor(day + (new_crescent ? one_week : -one_week)));
 }
 
 double best_time(bool new_crescent, double sun_event, double lag) {
@@ -46,10 +43,11 @@ double best_time(bool new_crescent, double sun_event, double lag) {
 
 namespace {
 
-void take_events(Ephemeris& ephemeris, const Circumstances& c, DayEvents& events) {
-    const Instant midnight = Instant::of_ut1(c.day - (c.location.zone + c.summer_hours) / 24);
-    const Observer observer = observer_of(c.location);
-    const Horizon horizon = horizon_of(c.preferences, c.location);
+void take_events(Ephemeris& ephemeris, const CrescentRun& run, double day, double clock_ahead,
+                 DayEvents& events) {
+    const Instant midnight = Instant::of_ut1(day - clock_ahead);
+    const Observer observer = observer_of(run.location);
+    const Horizon horizon = horizon_of(run.preferences, run.location);
     take_sun_events(ephemeris, midnight, observer, horizon, events);
     take_moon_events(ephemeris, midnight, observer, horizon, events);
 }
@@ -95,12 +93,10 @@ void fill_quantities(Ephemeris& ephemeris, const Observer& observer, Circumstanc
 
 } // namespace
 
-std::optional<Circumstances> crescent_circumstances(Ephemeris& ephemeris, const CrescentSettings& settings,
+std::optional<Circumstances> crescent_circumstances(Ephemeris& ephemeris, const CrescentRun& run,
                                                     const Conjunction& conjunction, DayEvents& events) {
     Circumstances c;
-    c.choice = chosen(settings);
-    c.preferences = read_pref();
-    c.location = read_loc();
+    c.choice = chosen(run.settings);
     c.summer_hours = conjunction.summer_hours;
     c.conjunction = conjunction.local;
     const bool is_new = c.choice.new_crescent;
@@ -108,7 +104,9 @@ std::optional<Circumstances> crescent_circumstances(Ephemeris& ephemeris, const 
     const DateNumbers date = civil_date(conjunction.local);
     modjul(date.year, date.month, date.day, 0, c.day);
     c.day += is_new ? c.choice.days : -c.choice.days;
-    about_place(c.location.name, [&] { about_day(c.day, [&] { take_events(ephemeris, c, events); }); });
+    const double clock_ahead = (run.location.zone + c.summer_hours) / 24;
+    about_place(run.location.name,
+                [&] { about_day(c.day, [&] { take_events(ephemeris, run, c.day, clock_ahead, events); }); });
     const double* sun_event = hours_of(is_new ? events.sunset : events.sunrise);
     const double* moon_event = hours_of(is_new ? events.moonset : events.moonrise);
     if (sun_event == nullptr || moon_event == nullptr)
@@ -124,12 +122,11 @@ std::optional<Circumstances> crescent_circumstances(Ephemeris& ephemeris, const 
         best = is_new ? c.sun_event : c.moon_event;
     c.calculation = c.day + chosen_hours(c.choice, c.sun_event, c.moon_event, best) / 24;
     c.moon_age = c.calculation - c.conjunction;
-    const double clock_ahead = (c.location.zone + c.summer_hours) / 24;
     c.universal = c.calculation - clock_ahead;
-    const Observer observer = observer_of(c.location);
+    const Observer observer = observer_of(run.location);
     fill_quantities(ephemeris, observer, c);
     c.criterion = criterion_at(ephemeris, observer, c.day + best / 24 - clock_ahead);
-    c.hijri_month = hijri_caption(c.day, is_new);
+    c.hijri = hijri_looked_for(c.day, is_new);
     return c;
 }
 

@@ -1,16 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "calendar/taggedtime.h"
+#include "calendar/moddateconv.h"
 #include "crescent/conjunction.h"
 #include "crescent/quantities.h"
 #include "events/dayevents.h"
-#include "stored/loc.h"
-#include "stored/pref.h"
-#include "stored/visib.h"
 
 #include <optional>
-#include <string>
 
 namespace halvane {
 
@@ -40,34 +36,32 @@ struct CriterionValues {
 /// A crescent on one evening or morning of one place.
 struct Circumstances {
     CrescentChoice choice;
-    Preferences preferences;
-    Location location;
     int summer_hours = 0;
-    double conjunction = 0;  ///< Julian day on the local clock                             [d]
-    double day = 0;          ///< 0 h of the chosen local date                              [d]
-    std::string hijri_month; ///< month started or ended, and year
-    double sun_event = 0;    ///< sunset (new) or sunrise (old), local clock                [h]
-    double moon_event = 0;   ///< moonset (new) or moonrise (old), local clock              [h]
-    double lag = 0;          ///< of the Moon behind (new) or before (old) the Sun          [h]
-    double calculation = 0;  ///< Julian day on the local clock                             [d]
-    double universal = 0;    ///< the same, UT1                                             [d]
-    double delta_t = 0;      ///< [s]
-    double moon_age = 0;     ///< calculation less conjunction, signed                      [d]
+    double conjunction = 0; ///< Julian day on the local clock                             [d]
+    double day = 0;         ///< 0 h of the chosen local date                              [d]
+    HijriDate hijri;        ///< in the month started or ended
+    double sun_event = 0;   ///< sunset (new) or sunrise (old), local clock                [h]
+    double moon_event = 0;  ///< moonset (new) or moonrise (old), local clock              [h]
+    double lag = 0;         ///< of the Moon behind (new) or before (old) the Sun          [h]
+    double calculation = 0; ///< Julian day on the local clock                             [d]
+    double universal = 0;   ///< the same, UT1                                             [d]
+    double delta_t = 0;     ///< [s]
+    double moon_age = 0;    ///< calculation less conjunction, signed                      [d]
     SunPlace sun;
     MoonPlace moon;
     CrescentQuantities quantities;
     CriterionValues criterion;
 };
 
-/// The circumstances of the stored choices around a conjunction; nothing when the Sun or the Moon has no
-/// event on that day. Reads `pref.vsk` and `loc.vsk`.
-/// In,out events  of the day calculated last, whose sunrise and moonrise stand where the day has none of its
+/// The circumstances of a run's choices around a conjunction; nothing when the Sun or the Moon has no event
+/// on that day. In,out events  of the day calculated last, whose sunrise and moonrise stand where the day has
+/// none of its
 ///                own; of this day
-std::optional<Circumstances> crescent_circumstances(Ephemeris& ephemeris, const CrescentSettings& settings,
+std::optional<Circumstances> crescent_circumstances(Ephemeris& ephemeris, const CrescentRun& run,
                                                     const Conjunction& conjunction, DayEvents& events);
 
-/// Name, year and " AH" of the Hijri month whose crescent is looked for on a day, in English.
-std::string hijri_caption(double day, bool new_crescent);
+/// A date in the Hijri month whose crescent is looked for on a day.
+HijriDate hijri_looked_for(double day, bool new_crescent);
 
 /// Best Time: four ninths of the lag from the Sun's event towards the Moon's                   [h]
 double best_time(bool new_crescent, double sun_event, double lag);

@@ -11,12 +11,8 @@
 #include "ephemeris/modgeneral.h"
 #include "events/phase.h"
 #include "settings/enginesettings.h"
-#include "stored/loc.h"
-#include "stored/pref.h"
 
 namespace halvane {
-
-double conjunctionstart = 0;
 
 DateNumbers approximate_date(const CrescentSettings& settings) {
     if (settings.gregorian)
@@ -43,28 +39,26 @@ int summer_hours_on(const Preferences& preferences, const DateNumbers& date) {
     return in_summer_time(preferences, any_leap_year, date.month, date.day) ? 1 : 0;
 }
 
-Conjunction conjunction_near(Ephemeris& ephemeris, const DateNumbers& date, const CrescentSettings& settings,
-                             const Location& location) {
+Conjunction conjunction_near(Ephemeris& ephemeris, const DateNumbers& date, const CrescentRun& run) {
     const double estimate = phase_estimate(Phase::new_moon, nearest_lunation(date));
-    const Observer observer = observer_of(location);
-    conjunctionstart =
-        refined_phase(ephemeris, Phase::new_moon, estimate, settings.geocentric ? nullptr : &observer);
-    double delta_t = 0;
-    moddeltat(conjunctionstart, delta_t);
-    const double universal = conjunctionstart - delta_t;
+    const Observer observer = observer_of(run.location);
     Conjunction conjunction;
-    conjunction.summer_hours = summer_hours_on(read_pref(), civil_date(universal));
-    conjunction.local = universal + conjunction.summer_hours / 24.0 + location.zone / 24;
+    conjunction.dynamical =
+        refined_phase(ephemeris, Phase::new_moon, estimate, run.settings.geocentric ? nullptr : &observer);
+    double delta_t = 0;
+    moddeltat(conjunction.dynamical, delta_t);
+    const double universal = conjunction.dynamical - delta_t;
+    conjunction.summer_hours = summer_hours_on(run.preferences, civil_date(universal));
+    conjunction.local = universal + conjunction.summer_hours / 24.0 + run.location.zone / 24;
     return conjunction;
 }
 
 } // namespace
 
-Conjunction find_conjunction(Ephemeris& ephemeris, const CrescentSettings& settings) {
-    const DateNumbers date = approximate_date(settings);
-    const Location location = read_loc();
-    return about_place(location.name, [&] {
-        return about_day(date, [&] { return conjunction_near(ephemeris, date, settings, location); });
+Conjunction find_conjunction(Ephemeris& ephemeris, const CrescentRun& run) {
+    const DateNumbers date = approximate_date(run.settings);
+    return about_place(run.location.name, [&] {
+        return about_day(date, [&] { return conjunction_near(ephemeris, date, run); });
     });
 }
 

@@ -2,6 +2,7 @@
 #include "crescent/crescentreport.h"
 
 #include "base/numberformat.h"
+#include "base/record.h"
 #include "calendar/civildate.h"
 #include "calendar/modctim.h"
 #include "calendar/modday.h"
@@ -48,8 +49,8 @@ void write_group(Report& report, std::initializer_list<Line> lines) {
 
 class CrescentReport {
 public:
-    CrescentReport(Report& report, const Circumstances& c)
-        : report_(report), c_(c), precision_(precision_of(c.preferences)),
+    CrescentReport(Report& report, const CrescentRun& run, const Circumstances& c)
+        : report_(report), run_(run), c_(c), precision_(precision_of(run.preferences)),
           prefix_(c.choice.geocentric ? "G. " : "T. ") {}
 
     void write() {
@@ -87,7 +88,7 @@ private:
 
     void write_settings() {
         write_title(report_, 26);
-        report_.text("-").spc(1).text("Calculations for ").text(c_.hijri_month);
+        report_.text("-").spc(1).text("Calculations for ").text(hijri_caption(c_.hijri));
         report_.line(c_.choice.new_crescent ? " Waxing Crescent (New, Evening)."
                                             : " Waning Crescent (Old, Morning).");
         report_.text("-").spc(1).text("Crescent Visibility on: ").text(modday(c_.day + 0.5, 0)).spc(2);
@@ -95,13 +96,13 @@ private:
         report_.text("-").spc(1).text(time_words()).text(clock_of(c_.calculation)).line(" LT");
         report_.text("-").spc(1).line(c_.choice.geocentric ? "Calculations are Geocentric."
                                                            : "Calculations are Topocentric.");
-        write_location(report_, c_.location);
+        write_location(report_, run_.location);
         report_.text("-").spc(1).text("Summer time is: ").line(c_.summer_hours == 1 ? "On" : "Off");
         report_.text("-").spc(1).line(
-            c_.preferences.elevation_setting == "1"
+            run_.preferences.elevation_setting == "1"
                 ? "Height above mean sea-level affects rise and set events."
                 : "Height above mean sea-level does NOT affect rise and set events");
-        write_refraction(report_, c_.location);
+        write_refraction(report_, run_.location);
         write_delta_t(report_, format_number(c_.delta_t, "########00.00"));
         report_.rule(rule_width).end_line();
     }
@@ -208,6 +209,7 @@ private:
     }
 
     Report& report_;
+    const CrescentRun& run_;
     const Circumstances& c_;
     int precision_;
     std::string prefix_;
@@ -215,8 +217,12 @@ private:
 
 } // namespace
 
-void write_crescent(Report& report, const Circumstances& circumstances) {
-    CrescentReport(report, circumstances).write();
+std::string hijri_caption(const HijriDate& date) {
+    return hijri_month_name(date.month, 'E') + " " + plain_number(date.year) + " AH";
+}
+
+void write_crescent(Report& report, const CrescentRun& run, const Circumstances& circumstances) {
+    CrescentReport(report, run, circumstances).write();
 }
 
 void write_no_crescent(Report& report) {
@@ -225,14 +231,14 @@ void write_no_crescent(Report& report) {
     report.line("technique, because there is no Sunset/Sunrise and/or Moonset/Moonrise event(s).");
 }
 
-bool write_crescent_report(const TheoryPointer& theory, const CrescentSettings& settings,
+bool write_crescent_report(const TheoryPointer& theory, const CrescentRun& run,
                            const Conjunction& conjunction, DayEvents& events) {
     Ephemeris ephemeris(theory);
     const std::optional<Circumstances> circumstances =
-        crescent_circumstances(ephemeris, settings, conjunction, events);
+        crescent_circumstances(ephemeris, run, conjunction, events);
     Report report(program_path("visib.out"));
     if (circumstances)
-        write_crescent(report, *circumstances);
+        write_crescent(report, run, *circumstances);
     else
         write_no_crescent(report);
     report.commit();

@@ -66,11 +66,10 @@ std::array<std::string, 3> CrescentRules::dates(bool new_crescent) const {
             day_caption(candidates[nearest + 1])};
 }
 
-void CrescentRules::calculate(const TheoryPointer& theory, const CrescentSettings& settings,
-                              DayEvents& events) const {
+void CrescentRules::calculate(const TheoryPointer& theory, const CrescentRun& run, DayEvents& events) const {
     const Conjunction conjunction = conjunction_.value();
-    write_visib(settings);
-    write_crescent_report(theory, settings, conjunction, events);
+    write_visib(run.settings);
+    write_crescent_report(theory, run, conjunction, events);
 }
 
 } // namespace halvane

@@ -5,7 +5,6 @@
 #include "calendar/hijriconversion.h"
 #include "crescent/conjunction.h"
 #include "events/dayevents.h"
-#include "stored/visib.h"
 
 #include <array>
 #include <optional>
@@ -44,10 +43,10 @@ std::optional<CrescentRefusal> refused_user_time(const CrescentSettings& setting
 /// to. Any change of the choices drops it, so that no calculation sees one of other choices.
 class CrescentRules {
 public:
-    /// Finds the conjunction of the choices. Reads `pref.vsk` and `loc.vsk`.
-    void prepare(const TheoryPointer& theory, const CrescentSettings& settings) {
+    /// Finds the conjunction of the choices and keeps it.
+    Conjunction prepare(const TheoryPointer& theory, const CrescentRun& run) {
         Ephemeris ephemeris(theory);
-        conjunction_ = find_conjunction(ephemeris, settings);
+        return conjunction_.emplace(find_conjunction(ephemeris, run));
     }
     void reset() { conjunction_.reset(); }
     bool is_prepared() const { return conjunction_.has_value(); }
@@ -58,7 +57,7 @@ public:
 
     /// Stores the choices and writes `visib.out`, the whole report or the short one. Only when prepared.
     /// In,out events  as crescent_circumstances
-    void calculate(const TheoryPointer& theory, const CrescentSettings& settings, DayEvents& events) const;
+    void calculate(const TheoryPointer& theory, const CrescentRun& run, DayEvents& events) const;
 
 private:
     std::optional<Conjunction> conjunction_;

@@ -223,7 +223,7 @@ void frmcresv::cmdprev_click() {
     close_map();
     if (refuse(refused_conjunction(shown())))
         return;
-    form_.prepare(loaded_theory(), shown());
+    conjunctionstart = form_.prepare(loaded_theory(), read_crescent_run(shown())).dynamical;
     show_days();
 }
 
@@ -243,18 +243,19 @@ bool frmcresv::refuse(const std::optional<CrescentRefusal>& refused) {
 void frmcresv::cmdcalc_click() {
     if (refuse(refused_user_time(shown())))
         return;
-    form_.calculate(loaded_theory(), shown(), crescentevents);
+    form_.calculate(loaded_theory(), read_crescent_run(shown()), crescentevents);
     platform().show_text_file("visib.out");
 }
 
 void frmcresv::cmdmap_click() {
-    write_visib(shown());
-    crescentkind = ui_->optnew->isChecked() ? CrescentKind::new_crescent : CrescentKind::old_crescent;
+    const CrescentSettings settings = shown();
+    write_visib(settings);
+    crescentkind = kind_of(settings);
     if (!map_) {
         map_ = new frmmap(this);
         map_->setAttribute(Qt::WA_DeleteOnClose);
     }
-    map_->choose_day(chosen(shown()).days);
+    map_->choose_day(chosen(settings).days);
     map_->show();
     map_->raise();
     map_->activateWindow();

@@ -10,6 +10,7 @@
 #include "panel/messages.h"
 #include "panel/namelabel.h"
 #include "panel/panelstyle.h"
+#include "routines/crescentday.h"
 #include "routines/series.h"
 #include "stored/programfolder.h"
 #include "ui_frmmap.h"
@@ -137,7 +138,7 @@ void frmmap::connect_controls() {
 void frmmap::load() {
     kind_ = crescentkind;
     Ephemeris ephemeris(loaded_theory());
-    conjunction_ = map_conjunction(ephemeris);
+    conjunction_ = map_conjunction(ephemeris, conjunctionstart);
     const bool is_new = kind_ == CrescentKind::new_crescent;
     ui_->fravis->setTitle(text_of(is_new ? new_day : old_day, language_));
     QRadioButton* const days[] = {ui_->opt0, ui_->opt1, ui_->opt2};

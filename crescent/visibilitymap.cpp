@@ -6,7 +6,6 @@
 #include "calendar/moddeltat.h"
 #include "calendar/modjul.h"
 #include "crescent/circumstances.h"
-#include "crescent/conjunction.h"
 #include "crescent/quantities.h"
 #include "ephemeris/fastplace.h"
 #include "ephemeris/modgeneral.h"
@@ -18,11 +17,9 @@
 
 namespace halvane {
 
-CrescentKind crescentkind = CrescentKind::new_crescent;
-
-MapConjunction map_conjunction(Ephemeris& ephemeris) {
+MapConjunction map_conjunction(Ephemeris& ephemeris, double start) {
     MapConjunction conjunction;
-    const double dynamical = refined_phase(ephemeris, Phase::new_moon, conjunctionstart);
+    const double dynamical = refined_phase(ephemeris, Phase::new_moon, start);
     moddeltat(dynamical, conjunction.delta_t);
     conjunction.universal = dynamical - conjunction.delta_t;
     const DateNumbers date = civil_date(conjunction.universal);

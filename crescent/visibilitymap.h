@@ -4,16 +4,11 @@
 #include "crescent/criteria.h"
 #include "ephemeris/ephemeris.h"
 #include "stored/date.h"
+#include "stored/visib.h"
 
 #include <array>
 
 namespace halvane {
-
-/// Whether a map is of the new crescent (evenings) or the old one (mornings).
-enum class CrescentKind { new_crescent, old_crescent };
-
-/// Kind of the map that a panel opens next; the crescent visibility panel sets it.
-extern CrescentKind crescentkind;
 
 /// What a map starts from: the geocentric conjunction and the days around it.
 struct MapConjunction {
@@ -22,9 +17,9 @@ struct MapConjunction {
     std::array<double, 5> days{}; ///< 0 h of its date, and one and two days after and before    [d]
 };
 
-/// Repeats the conjunction search from `conjunctionstart`, always geocentric; needs
-/// `termfull.vsk`, `mterm.vsk` and `elp.vsk`.
-MapConjunction map_conjunction(Ephemeris& ephemeris);
+/// Repeats the conjunction search, always geocentric.
+/// In     start  Julian day near a New Moon, dynamical time; Conjunction::dynamical                [d]
+MapConjunction map_conjunction(Ephemeris& ephemeris, double start);
 
 /// 0 h of the day `choice` (0, 1, 2): that many days after the conjunction's date for a new crescent, before
 /// it for an old one                                                                               [d]

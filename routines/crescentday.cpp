@@ -6,6 +6,8 @@
 
 namespace halvane {
 
+double conjunctionstart = 0;
+CrescentKind crescentkind = CrescentKind::new_crescent;
 int crescentmode = 0;
 double crescentjd = 0;
 int summeractive = 0;

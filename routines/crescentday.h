@@ -2,8 +2,13 @@
 #pragma once
 
 #include "events/dayevents.h"
+#include "stored/visib.h"
 
 namespace halvane {
+
+/// What the crescent panel and the map hand to each other, whichever of them are open.
+extern double conjunctionstart;   ///< conjunction found last, dynamical time; where a map opens          [d]
+extern CrescentKind crescentkind; ///< of the map that opens next; the button of the map sets it
 
 /// How the two day calculators serve a crescent: `cmdcom` and `cmdmoon` with `crescentmode` 1 show no
 /// progress, write no report and leave the events of one day in the four results. Single thread; the first

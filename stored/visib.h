@@ -31,6 +31,13 @@ struct CrescentSettings {
     bool operator==(const CrescentSettings&) const = default;
 };
 
+/// Whether a crescent is the new one (evenings) or the old one (mornings).
+enum class CrescentKind { new_crescent, old_crescent };
+
+inline CrescentKind kind_of(const CrescentSettings& settings) {
+    return settings.new_crescent ? CrescentKind::new_crescent : CrescentKind::old_crescent;
+}
+
 /// What they are, in the order of the file.
 inline constexpr FieldList visib_fields{
     Field(&CrescentSettings::day, kind::Text{}, "Gregorian day of the approximate date"),

@@ -123,13 +123,13 @@ struct Reference {
     double elongation, illuminated_fraction, moon_altitude, sun_altitude;
 };
 
-Reference reference_of(const Circumstances& c) {
+Reference reference_of(const Circumstances& c, const Location& here) {
     const double tt = swiss::dynamical_time(c.universal);
-    const double longitude = longitude_of(c.location);
-    const double latitude = latitude_of(c.location);
+    const double longitude = longitude_of(here);
+    const double latitude = latitude_of(here);
     const auto place = [&](Body body) {
         return c.choice.geocentric ? swiss::geocentric(body, tt)
-                                   : swiss::topocentric(body, tt, longitude, latitude, c.location.elevation);
+                                   : swiss::topocentric(body, tt, longitude, latitude, here.elevation);
     };
     const swiss::Place moon = place(Body::moon);
     const swiss::Place sun = place(Body::sun);
@@ -157,24 +157,25 @@ TEST_F(CrescentAccuracy, CircumstancesOf200EveningsAndMornings) {
     DayEvents events;
     for (int evenings = 0; evenings < 200;) {
         const Evening evening = random_evening(engine);
-        write_loc(evening.place);
-        const Conjunction found = find_conjunction(named_ephemeris(), evening.settings);
-        const auto c = crescent_circumstances(named_ephemeris(), evening.settings, found, events);
+        const CrescentRun run{evening.settings, read_pref(), evening.place};
+        const Conjunction found = find_conjunction(named_ephemeris(), run);
+        const auto c = crescent_circumstances(named_ephemeris(), run, found, events);
         if (!c)
             continue;
         ++evenings;
-        const double longitude = longitude_of(c->location);
-        const double latitude = latitude_of(c->location);
+        const double longitude = longitude_of(evening.place);
+        const double latitude = latitude_of(evening.place);
         if (evening.settings.geocentric)
-            conjunction.add(seconds_off(conjunctionstart, 0, geocentric_elongation));
+            conjunction.add(seconds_off(found.dynamical, 0, geocentric_elongation));
         else
-            local_conjunction.add(seconds_off(conjunctionstart, 0, [&](double tt) {
+            local_conjunction.add(seconds_off(found.dynamical, 0, [&](double tt) {
                 const auto of = [&](Body body) {
-                    return swiss::topocentric(body, tt, longitude, latitude, c->location.elevation).longitude;
+                    return swiss::topocentric(body, tt, longitude, latitude, evening.place.elevation)
+                        .longitude;
                 };
                 return of(Body::moon) - of(Body::sun);
             }));
-        const Reference reference = reference_of(*c);
+        const Reference reference = reference_of(*c, evening.place);
         constexpr double arc_seconds = 3600;
         elongation.add((c->quantities.elongation - reference.elongation) * arc_seconds);
         fraction.add(c->quantities.illuminated_fraction - reference.illuminated_fraction);

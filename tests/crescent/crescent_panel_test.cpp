@@ -496,6 +496,23 @@ TEST_F(CrescentPanel, TheMapOpensWithoutWaitingAfterTheChoicesAreStored) {
     EXPECT_EQ(caption(*map, "opt1"), QStringLiteral("28 March 2025"));
 }
 
+// Any panel's: the New Moon of 27 April 2025, 19:31 UT (Astronomical Almanac).
+TEST_F(CrescentPanel, TheMapOpensOnTheConjunctionFoundLast) {
+    frmcresv first;
+    first.show();
+    click(first, "cmdprev");
+    frmcresv second;
+    choose(second, "cbomonth", QStringLiteral("4"));
+    click(second, "optold");
+    click(second, "cmdprev");
+    click(first, "cmdmap");
+    QWidget* map = open_window("frmmap");
+    ASSERT_NE(map, nullptr);
+    EXPECT_EQ(caption(*map, "opt0"), QStringLiteral("27 April 2025"));
+    EXPECT_EQ(caption(*map, "opt1"), QStringLiteral("28 April 2025"))
+        << "the kind is of the panel that opens it";
+}
+
 TEST_F(CrescentPanel, TheMapOpensOnTheDayChosen) {
     frmcresv form;
     form.show();

@@ -24,13 +24,18 @@ inline CrescentSettings crescent_near(int day, int month, int year, bool new_cre
     return settings;
 }
 
+/// The conjunction of some choices at the stored location.
+inline Conjunction stored_conjunction(const CrescentSettings& settings) {
+    return find_conjunction(named_ephemeris(), read_crescent_run(settings));
+}
+
 /// The map of a conjunction near a date.
 inline MapRun map_near(int day, int month, int year, CrescentKind kind, int choice, Criterion criterion) {
-    find_conjunction(named_ephemeris(), crescent_near(day, month, year));
     MapRun run;
     run.criterion = criterion;
     run.kind = kind;
-    run.conjunction = map_conjunction(named_ephemeris());
+    run.conjunction =
+        map_conjunction(named_ephemeris(), stored_conjunction(crescent_near(day, month, year)).dynamical);
     run.day = map_day(run.conjunction, kind, choice);
     return run;
 }

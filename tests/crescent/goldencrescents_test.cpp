@@ -14,10 +14,9 @@ class CrescentGolden : public ::testing::TestWithParam<std::string> {};
 TEST_P(CrescentGolden, ReportIsTheSameByteForByte) {
     expect_golden_report("crescent/" + GetParam(), "visib.out", [] {
         load_series();
-        const CrescentSettings settings = read_visib();
+        const CrescentRun run = read_crescent_run(read_visib());
         DayEvents events;
-        write_crescent_report(loaded_theory(), settings, find_conjunction(named_ephemeris(), settings),
-                              events);
+        write_crescent_report(loaded_theory(), run, find_conjunction(named_ephemeris(), run), events);
     });
 }
 

@@ -7,6 +7,7 @@
 #include "crescent/mapview.h"
 #include "ephemeris/series.h"
 #include "panel/messages.h"
+#include "routines/crescentday.h"
 #include "routines/namedengine.h"
 #include "routines/series.h"
 #include "tests/panel/panelchecks.h"
@@ -103,7 +104,7 @@ protected:
         MapRun run;
         run.criterion = criterion;
         run.kind = kind;
-        run.conjunction = map_conjunction(named_ephemeris());
+        run.conjunction = map_conjunction(named_ephemeris(), conjunctionstart);
         run.day = map_day(run.conjunction, kind, day);
         PointList list;
         draw_visibility_map(loaded_theory(), run, list);

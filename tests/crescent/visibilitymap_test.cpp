@@ -344,13 +344,13 @@ TEST_F(VisibilityMap, ClassesAgreeWithTheCrescentReportAwayFromTheBands) {
     for (int longitude = -165; longitude <= 165; longitude += 30)
         for (int latitude = -45; latitude <= 45; latitude += 15) {
             write_loc(place_at(longitude, latitude, zone_of_longitude(longitude)));
-            CrescentSettings settings = crescent_near(29, 3, 2025);
-            Conjunction conjunction = find_conjunction(named_ephemeris(), settings);
+            const CrescentRun crescent = read_crescent_run(crescent_near(29, 3, 2025));
+            Conjunction conjunction = find_conjunction(named_ephemeris(), crescent);
             // The report's day counts from the local date of the conjunction, the map's from that of UT1.
             conjunction.local = run.conjunction.days[0] + 0.5;
             DayEvents events;
             const auto circumstances =
-                crescent_circumstances(named_ephemeris(), settings, conjunction, events);
+                crescent_circumstances(named_ephemeris(), crescent, conjunction, events);
             ASSERT_TRUE(circumstances);
             const double value = circumstances->criterion.value;
             const bool near_an_edge =
@@ -388,8 +388,8 @@ TEST_F(VisibilityMap, HundredMapsNeedNoMoreMemoryThanOne) {
 }
 
 TEST_F(VisibilityMap, DaysAreCountedAwayFromTheConjunction) {
-    find_conjunction(named_ephemeris(), crescent_near(29, 3, 2025));
-    const MapConjunction conjunction = map_conjunction(named_ephemeris());
+    const MapConjunction conjunction =
+        map_conjunction(named_ephemeris(), stored_conjunction(crescent_near(29, 3, 2025)).dynamical);
     double day = 0;
     modjul(2025, 3, 29, 0, day);
     for (int choice = 0; choice < 3; ++choice) {
@@ -399,13 +399,12 @@ TEST_F(VisibilityMap, DaysAreCountedAwayFromTheConjunction) {
 }
 
 TEST_F(VisibilityMap, StartsFromTheGeocentricConjunctionWhateverWasSearched) {
-    CrescentSettings settings = crescent_near(29, 3, 2025);
-    settings.geocentric = true;
-    find_conjunction(named_ephemeris(), settings);
-    const double geocentric = map_conjunction(named_ephemeris()).universal;
-    settings.geocentric = false;
-    find_conjunction(named_ephemeris(), settings);
-    EXPECT_NEAR(map_conjunction(named_ephemeris()).universal, geocentric, 0.5 / 86400);
+    const auto conjunction_of = [](bool geocentric) {
+        CrescentSettings settings = crescent_near(29, 3, 2025);
+        settings.geocentric = geocentric;
+        return map_conjunction(named_ephemeris(), stored_conjunction(settings).dynamical).universal;
+    };
+    EXPECT_NEAR(conjunction_of(false), conjunction_of(true), 0.5 / 86400);
 }
 
 TEST(MapProjection, PutsTheGridOnThePicture) {

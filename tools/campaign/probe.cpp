@@ -188,12 +188,12 @@ void map_points(const Arguments& arguments) {
         settings.day = "15";
         settings.new_crescent = random.between(0, 1) < 0.5;
         settings.geocentric = true;
-        find_conjunction(named_ephemeris(), settings);
         MapRun run;
         const auto count = static_cast<double>(criteria().size());
         run.criterion = Criterion{static_cast<int>(random.between(0, count))};
-        run.kind = settings.new_crescent ? CrescentKind::new_crescent : CrescentKind::old_crescent;
-        run.conjunction = map_conjunction(named_ephemeris());
+        run.kind = kind_of(settings);
+        run.conjunction = map_conjunction(
+            named_ephemeris(), find_conjunction(named_ephemeris(), read_crescent_run(settings)).dynamical);
         run.day = map_day(run.conjunction, run.kind, static_cast<int>(random.between(0, 3)));
         EvaluatedPoints points;
         if (!draw_visibility_map(loaded_theory(), run, points) || points.points().empty())

@@ -54,9 +54,8 @@ Contacts contacts_of_years(int lunations) {
     constexpr double month = 29.530588853;     // mean synodic month, Meeus, Astronomical Algorithms
     Contacts contacts;
     for (int lunation = 0; lunation < lunations; ++lunation) {
-        conjunctionstart = january_2020 + month * lunation;
         MapRun run;
-        run.conjunction = map_conjunction(named_ephemeris());
+        run.conjunction = map_conjunction(named_ephemeris(), january_2020 + month * lunation);
         for (const CrescentKind kind : {CrescentKind::new_crescent, CrescentKind::old_crescent})
             for (int criterion = 0; criterion < static_cast<int>(criteria().size()); ++criterion)
                 for (int day = 0; day <= 2; ++day) {

@@ -14,6 +14,13 @@ public:
     virtual bool yield() = 0;
 };
 
+/// Of a run that is over at once: told to nobody, never cancelled.
+class NoProgress final : public Progress {
+public:
+    void percent(double /*value*/) override {}
+    bool yield() override { return true; }
+};
+
 /// How a run ended.
 enum class RunOutcome {
     done,      ///< the report is complete

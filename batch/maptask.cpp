@@ -2,8 +2,10 @@
 #include "batch/tasks.h"
 
 #include "batch/mappicture.h"
+#include "batch/runoutput.h"
 #include "crescent/conjunction.h"
 #include "crescent/crescentrules.h"
+#include "crescent/maptable.h"
 #include "crescent/maptexts.h"
 #include "routines/series.h"
 #include "stored/outputfile.h"
@@ -20,10 +22,13 @@
 namespace halvane {
 namespace {
 
+constexpr const char* picture_format = "gif";
+
 struct MapOptions {
     std::string criterion = criteria().front().key;
     int day = 0;
-    std::string picture;
+    std::string format = picture_format; ///< or that of a table of rows
+    std::string file;
     std::string table;
 };
 
@@ -44,17 +49,6 @@ private:
     std::vector<MapPoint> points_;
 };
 
-std::string table_of(const MapRun& run, const std::vector<MapPoint>& points) {
-    std::string text;
-    for (const std::string& line : map_information(run, 'E'))
-        text += "# " + line + "\n";
-    text += "longitude,latitude,class\n";
-    for (const MapPoint& point : points)
-        text += std::to_string(point.longitude) + "," + std::to_string(point.latitude) + "," +
-                std::to_string(static_cast<int>(point.visibility)) + "\n";
-    return text;
-}
-
 std::vector<std::string> criterion_keys() {
     std::vector<std::string> keys;
     for (const CriterionRow& criterion : criteria())
@@ -62,15 +56,7 @@ std::vector<std::string> criterion_keys() {
     return keys;
 }
 
-/// The names as words of a choice: "a, b or c".
-std::string choice_of(const std::vector<std::string>& names) {
-    std::string words = names.front();
-    for (std::size_t i = 1; i < names.size(); ++i)
-        words += (i + 1 < names.size() ? ", " : " or ") + names[i];
-    return words;
-}
-
-MapRun map_run(const CrescentRun& crescent, const MapOptions& options) {
+MapRun map_run(const CrescentRecords& crescent, const MapOptions& options) {
     Ephemeris ephemeris(loaded_theory());
     MapRun run;
     run.criterion = criterion_of(options.criterion).value();
@@ -90,35 +76,49 @@ void tell_written(const std::string& path, bool output_is_result) {
         (output_is_result ? std::cerr : std::cout) << path << "\n";
 }
 
+/// The file that a picture or a table goes to when none is named: the Hijri month's name.
+std::string usual_file(const MapRun& run, const std::string& format) {
+    return map_hijri_text(run, 'E') + "." + format;
+}
+
+void write_table(const Run& table, ReportFormat format, const std::string& path, bool other_is_output) {
+    remove_old_leftovers(folder_of(path));
+    NoProgress progress;
+    write_run(table, format, path, progress);
+    tell_written(path, other_is_output);
+}
+
 int run_map(const MapOptions& options, Progress& progress) {
     const bool table_is_output = is_standard_output(options.table);
-    const bool picture_is_output = is_standard_output(options.picture);
-    if (table_is_output && picture_is_output) {
-        std::cerr << "Standard output takes the table or the picture, not both.\n";
+    const bool result_is_output = is_standard_output(options.file);
+    if (table_is_output && result_is_output) {
+        std::cerr << "Standard output takes one of the two files, not both.\n";
         return status_usage;
     }
     load_series();
     const CrescentSettings settings = read_visib();
     if (const auto refused = refused_conjunction(settings))
         return report_refused(refused->told);
-    const MapRun run = map_run(read_crescent_run(settings), options);
+    const MapRun run = map_run(read_crescent_records(settings), options);
     PointList list(progress);
     if (!draw_visibility_map(loaded_theory(), run, list)) {
         std::cerr << "Cancelled: no map has been written.\n";
         return status_failure;
     }
-    if (!options.table.empty()) {
-        remove_old_leftovers(folder_of(options.table));
-        save_result(options.table, table_of(run, list.points()));
-        tell_written(options.table, picture_is_output);
+    const RunPointer table = map_table(run, list.points());
+    if (!options.table.empty())
+        write_table(*table, ReportFormat::text, options.table, result_is_output);
+    const bool is_picture = options.format == picture_format;
+    if (is_picture && options.file.empty() && !options.table.empty())
+        return status_done;
+    const std::string path = options.file.empty() ? usual_file(run, options.format) : options.file;
+    if (!is_picture) {
+        write_table(*table, format_of(options.format).value(), path, table_is_output);
+        return status_done;
     }
-    if (!options.picture.empty() || options.table.empty()) {
-        const std::string path =
-            options.picture.empty() ? map_hijri_text(run, 'E') + ".gif" : options.picture;
-        remove_old_leftovers(folder_of(path));
-        save_map_picture(run, list.points(), path);
-        tell_written(path, table_is_output);
-    }
+    remove_old_leftovers(folder_of(path));
+    save_map_picture(run, list.points(), path);
+    tell_written(path, table_is_output);
     return status_done;
 }
 
@@ -135,11 +135,18 @@ Task map_task() {
                 command.add_option("--day", options->day, "0 the conjunction's date; 1, 2 days from it")
                     ->type_name("DAY")
                     ->check(CLI::Range(0, 2).description(""));
+                std::vector<std::string> formats{picture_format};
+                for (const ReportFormat format : report_formats())
+                    if (format != ReportFormat::text)
+                        formats.emplace_back(name_of(format));
+                command.add_option("--format", options->format, choice_of(formats))
+                    ->type_name("FORMAT")
+                    ->check(CLI::IsMember(formats).description(""));
                 command
-                    .add_option("--output", options->picture,
-                                "Picture to write, - for standard output; the Hijri month's name when "
-                                "neither file is given")
-                    ->type_name("FILE.gif");
+                    .add_option("--output", options->file,
+                                "Picture to write, or rows in another format, - for standard output; the "
+                                "Hijri month's name when neither file is given")
+                    ->type_name("FILE");
                 command
                     .add_option("--csv", options->table,
                                 "Table of every painted point in drawing order, - for standard output")

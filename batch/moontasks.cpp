@@ -3,6 +3,7 @@
 
 #include "base/numberformat.h"
 #include "base/record.h"
+#include "batch/runoutput.h"
 #include "crescent/crescentreport.h"
 #include "crescent/crescentrules.h"
 #include "phases/phasereport.h"
@@ -30,42 +31,47 @@ std::string read_delta_t(const std::string& text) {
 
 Task phases_task() {
     const auto delta_t = std::make_shared<std::optional<double>>();
+    const auto output = std::make_shared<RunOutput>();
     return {"phases", "Moon phases of the stored year, into results.out",
-            [delta_t](CLI::App& command) {
+            [delta_t, output](CLI::App& command) {
+                add_output_options(command, *output);
                 command
                     .add_option("--delta-t", *delta_t,
                                 "Delta T in seconds in place of the one proposed for the year")
                     ->type_name("SECONDS")
                     ->check(read_delta_t);
             },
-            [delta_t](Progress& progress) {
+            [delta_t, output](Progress& progress) {
                 load_termfull();
                 load_mterm();
                 load_elp();
                 const PhaseSettings settings = read_phase();
                 const std::string text = *delta_t ? plain_number(**delta_t) : proposed_delta_t(settings.year);
-                const PhaseYear run = phase_year(settings, text);
-                for (const auto& refused : {refused_phase_year(run), refused_delta_t(run)})
+                const PhaseYear year = phase_year(settings, text);
+                for (const auto& refused : {refused_phase_year(year), refused_delta_t(year)})
                     if (refused)
                         return report_refused(*refused);
-                return report_written(write_phase_report(loaded_theory(), run, progress), "results.out");
+                return write_and_tell(*phase_run(loaded_theory(), year), *output, progress);
             }};
 }
 
 Task crescent_task() {
-    return {
-        "crescent", "Circumstances and visibility of the stored crescent, into visib.out", {}, [](Progress&) {
-            load_series();
-            const CrescentSettings settings = read_visib();
-            for (const auto& refused : {refused_conjunction(settings), refused_user_time(settings)})
-                if (refused)
-                    return report_refused(refused->told);
-            const CrescentRun run = read_crescent_run(settings);
-            Ephemeris ephemeris(loaded_theory());
-            DayEvents events;
-            write_crescent_report(loaded_theory(), run, find_conjunction(ephemeris, run), events);
-            return report_written(RunOutcome::done, "visib.out");
-        }};
+    const auto output = std::make_shared<RunOutput>();
+    return {"crescent", "Circumstances and visibility of the stored crescent, into visib.out",
+            [output](CLI::App& command) { add_output_options(command, *output); },
+            [output](Progress& progress) {
+                load_series();
+                const CrescentSettings settings = read_visib();
+                for (const auto& refused : {refused_conjunction(settings), refused_user_time(settings)})
+                    if (refused)
+                        return report_refused(refused->told);
+                const CrescentRecords values = read_crescent_records(settings);
+                Ephemeris ephemeris(loaded_theory());
+                DayEvents events;
+                const RunPointer run =
+                    crescent_run(loaded_theory(), values, find_conjunction(ephemeris, values), events);
+                return write_and_tell(*run, *output, progress);
+            }};
 }
 
 } // namespace halvane

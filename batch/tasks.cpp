@@ -2,91 +2,105 @@
 #include "batch/tasks.h"
 
 #include "base/machineclock.h"
-#include "calendar/modjul.h"
+#include "batch/runoutput.h"
 #include "calendar/yearlimits.h"
 #include "prayer/moonrun.h"
 #include "prayer/prayerrun.h"
+#include "prayer/todayrun.h"
 #include "qibla/qiblahrun.h"
 #include "routines/series.h"
+#include "stored/coor.h"
 #include "stored/date.h"
-#include "stored/programfolder.h"
+#include "stored/tele.h"
 #include "tables/ephemeristable.h"
-#include "telescope/crescentpicture.h"
 #include "telescope/readouts.h"
+#include "telescope/telescoperun.h"
+
+#include <CLI/CLI.hpp>
 
 #include <iostream>
+#include <memory>
+#include <utility>
 
 namespace halvane {
 namespace {
 
-int run_prayer(Progress& progress) {
-    if (const auto refused = refused_stored_period(read_date()))
-        return report_refused(*refused);
-    load_term();
-    load_mterm();
-    return report_written(write_prayer_report(loaded_theory(), progress), "results.out",
-                          high_latitude_message.text.english);
+/// A task that writes one run.
+/// In     make     reads the stored files and loads the series; nothing when the task has been refused
+///        refusal  what a refused run says
+Task run_task(const char* name, const char* description, std::function<RunPointer()> make,
+              const char* refusal = "") {
+    const auto output = std::make_shared<RunOutput>();
+    return {name, description, [output](CLI::App& command) { add_output_options(command, *output); },
+            [output, make = std::move(make), refusal](Progress& progress) {
+                const RunPointer run = make();
+                return run != nullptr ? write_and_tell(*run, *output, progress, refusal) : status_failure;
+            }};
 }
 
-int run_moon(Progress& progress) {
-    if (const auto refused = refused_stored_period(read_date()))
-        return report_refused(*refused);
+/// Tells why the stored period is refused.
+bool is_period_refused() {
+    const auto refused = refused_stored_period(read_date());
+    if (refused)
+        report_refused(*refused);
+    return refused.has_value();
+}
+
+RunPointer prayer_of_period() {
+    if (is_period_refused())
+        return nullptr;
+    load_term();
+    load_mterm();
+    return prayer_run(loaded_theory());
+}
+
+RunPointer moon_of_period() {
+    if (is_period_refused())
+        return nullptr;
     load_mterm();
     load_elp();
-    return report_written(write_moon_report(loaded_theory(), progress), "mresults.out");
+    return moon_run(loaded_theory());
 }
 
-int run_today(Progress& /*progress*/) {
+RunPointer times_of_today() {
     load_term();
     load_mterm();
-    const MachineTime now = machine_time();
-    double todayjd = 0;
-    modjul(now.year, now.month, now.day, 0, todayjd);
-    const PrayerTexts times = today_prayer_times(loaded_theory(), todayjd);
-    std::cout << "Fajer " << times.fajer << "\nShuroq " << times.shuroq << "\nDhohur " << times.dhohur
-              << "\nAser " << times.aser << "\nMaghreb " << times.maghreb << "\nIsha " << times.isha << "\n";
-    return status_done;
+    return today_run(loaded_theory(), machine_time());
 }
 
-int run_qibla(Progress& progress, QiblahMark mark) {
-    if (const auto refused = refused_stored_period(read_date()))
-        return report_refused(*refused);
+RunPointer qiblah_of_period(QiblahMark mark) {
+    if (is_period_refused())
+        return nullptr;
     load_term();
     load_mterm();
-    return report_written(write_qiblah_report(loaded_theory(), progress, stored_qiblah_direction(), mark),
-                          "results.out");
+    return qiblah_run(loaded_theory(), stored_qiblah_direction(), mark);
 }
 
-int run_ephemeris(Progress& progress) {
+RunPointer stored_ephemeris() {
     load_termfull();
     load_mterm();
     load_elp();
     const EphemerisSettings settings = read_coor();
-    if (const auto refused = refused_table(settings))
-        return report_refused(refused->told);
-    return report_written(write_ephemeris_report(loaded_theory(), settings, progress), "ephemeris.out",
-                          end_before_start.text.english);
+    if (const auto refused = refused_table(settings)) {
+        report_refused(refused->told);
+        return nullptr;
+    }
+    const RunPointer run = ephemeris_run(loaded_theory(), settings);
+    if (run == nullptr)
+        std::cerr << end_before_start.text.english << "\n";
+    return run;
 }
 
-int run_telescope(Progress& /*progress*/) {
+RunPointer stored_telescope() {
     load_term();
     load_mterm();
     load_elp();
     const TelescopeSettings settings = read_tele();
-    if (const auto refused = refused_year(settings.year, theory_years))
-        return report_refused(*refused);
-    const std::optional<TelescopePointing> pointing = telescope_pointing(loaded_theory(), settings);
-    if (!pointing) {
-        std::cerr << moon_below_horizon.text.english << "\n";
-        return status_failure;
+    if (const auto refused = refused_year(settings.year, theory_years)) {
+        report_refused(*refused);
+        return nullptr;
     }
-    for (const ReadOut& readout : telescope_readouts(*pointing))
-        std::cout << readout.label << ": " << readout.text << "\n";
-    std::cout << "picture: "
-              << crescent_picture(pointing->zenith_angle, settings.flip_horizontal == 1,
-                                  settings.flip_vertical == 1)
-              << "\n";
-    return status_done;
+    return telescope_run(loaded_theory(), settings);
 }
 
 } // namespace
@@ -96,35 +110,23 @@ int report_refused(const Refusal& refused) {
     return status_failure;
 }
 
-int report_written(RunOutcome outcome, const char* report_name, const char* refusal) {
-    if (outcome == RunOutcome::refused) {
-        std::cerr << refusal << "\n";
-        return status_failure;
-    }
-    std::cout << program_path(report_name) << "\n";
-    if (outcome == RunOutcome::cancelled)
-        std::cerr << "Cancelled: the report holds the rows so far.\n";
-    return outcome == RunOutcome::done ? status_done : status_failure;
-}
-
 std::vector<Task> batch_tasks() {
     return {
-        {"prayer", "Prayer times of the stored period, into results.out", {}, run_prayer},
-        {"moon", "Moon times of the stored period, into mresults.out", {}, run_moon},
-        {"today", "Today's six prayer times, on standard output", {}, run_today},
+        run_task("prayer", "Prayer times of the stored period, into results.out", prayer_of_period,
+                 high_latitude_message.text.english),
+        run_task("moon", "Moon times of the stored period, into mresults.out", moon_of_period),
+        run_task("today", "Today's six prayer times, on standard output", times_of_today),
         phases_task(),
         crescent_task(),
         map_task(),
-        {"qibla-sun",
-         "When the Sun stands in the direction of the Qiblah, into results.out",
-         {},
-         [](Progress& progress) { return run_qibla(progress, QiblahMark::sun); }},
-        {"qibla-shadow",
-         "When the Sun's shadow lies in the direction of the Qiblah, into results.out",
-         {},
-         [](Progress& progress) { return run_qibla(progress, QiblahMark::shadow); }},
-        {"ephemeris", "Table of the Sun or the Moon, into ephemeris.out", {}, run_ephemeris},
-        {"telescope", "Pointing numbers of Sun, Moon and crescent, on standard output", {}, run_telescope},
+        run_task("qibla-sun", "When the Sun stands in the direction of the Qiblah, into results.out",
+                 [] { return qiblah_of_period(QiblahMark::sun); }),
+        run_task("qibla-shadow",
+                 "When the Sun's shadow lies in the direction of the Qiblah, into results.out",
+                 [] { return qiblah_of_period(QiblahMark::shadow); }),
+        run_task("ephemeris", "Table of the Sun or the Moon, into ephemeris.out", stored_ephemeris),
+        run_task("telescope", "Pointing numbers of Sun, Moon and crescent, on standard output",
+                 stored_telescope, moon_below_horizon.text.english),
     };
 }
 

@@ -39,8 +39,4 @@ Task map_task();
 /// Prints what keeps a task from starting; gives its exit status.
 int report_refused(const Refusal& refused);
 
-/// Prints the path of a finished report and gives the run's exit status; `refusal` is what a refused run
-/// says.
-int report_written(RunOutcome outcome, const char* report_name, const char* refusal = "");
-
 } // namespace halvane

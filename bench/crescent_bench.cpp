@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "bench/noprogress.h"
 #include "crescent/crescentreport.h"
 #include "crescent/visibilitymap.h"
 #include "ephemeris/series.h"
@@ -17,10 +16,10 @@ using namespace halvane;
 void phases_of_a_year(benchmark::State& state, bool geocentric) {
     const TemporaryProgramFolder folder;
     load_series();
-    bench::NoProgress progress;
+    NoProgress progress;
     const PhaseYear year = phase_year({"2026", geocentric, true}, proposed_delta_t("2026"));
     for ([[maybe_unused]] auto step : state)
-        write_phase_report(loaded_theory(), year, progress);
+        write_report(*phase_run(loaded_theory(), year), progress);
 }
 BENCHMARK_CAPTURE(phases_of_a_year, geocentric, true)
     ->Name("phase report of a year, geocentric")
@@ -32,10 +31,12 @@ BENCHMARK_CAPTURE(phases_of_a_year, topocentric, false)
 void crescent_report(benchmark::State& state) {
     const TemporaryProgramFolder folder;
     load_series();
-    const CrescentRun run = read_crescent_run(read_visib());
+    const CrescentRecords run = read_crescent_records(read_visib());
     DayEvents events;
+    NoProgress progress;
     for ([[maybe_unused]] auto step : state)
-        write_crescent_report(loaded_theory(), run, find_conjunction(named_ephemeris(), run), events);
+        write_report(*crescent_run(loaded_theory(), run, find_conjunction(named_ephemeris(), run), events),
+                     progress);
 }
 BENCHMARK(crescent_report)->Name("crescent report")->Unit(benchmark::kMicrosecond);
 
@@ -49,7 +50,7 @@ public:
 void visibility_map(benchmark::State& state, Criterion criterion) {
     const TemporaryProgramFolder folder;
     load_series();
-    const CrescentRun crescent = read_crescent_run(read_visib());
+    const CrescentRecords crescent = read_crescent_records(read_visib());
     MapRun run;
     run.criterion = criterion;
     run.conjunction =

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "bench/noprogress.h"
 #include "bench/storedyear.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/series.h"
@@ -36,18 +35,18 @@ void day_of_the_moon(benchmark::State& state) {
 }
 BENCHMARK(day_of_the_moon)->Unit(benchmark::kMicrosecond);
 
-void report_of_a_year(benchmark::State& state, RunOutcome (*report)(const TheoryPointer&, Progress&)) {
+void report_of_a_year(benchmark::State& state, RunPointer (*run_of)(const TheoryPointer&)) {
     const TemporaryProgramFolder folder;
     load_series();
     bench::store_year(2026);
-    bench::NoProgress progress;
+    NoProgress progress;
     for ([[maybe_unused]] auto step : state)
-        report(loaded_theory(), progress);
+        write_report(*run_of(loaded_theory()), progress);
 }
-BENCHMARK_CAPTURE(report_of_a_year, prayers, write_prayer_report)
+BENCHMARK_CAPTURE(report_of_a_year, prayers, prayer_run)
     ->Name("prayer report of a year")
     ->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(report_of_a_year, moon, write_moon_report)
+BENCHMARK_CAPTURE(report_of_a_year, moon, moon_run)
     ->Name("Moon report of a year")
     ->Unit(benchmark::kMillisecond);
 

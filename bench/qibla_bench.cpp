@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "bench/noprogress.h"
 #include "bench/storedyear.h"
 #include "calendar/moddeltat.h"
 #include "ephemeris/modgeneral.h"
@@ -33,9 +32,9 @@ void qiblah_report_of_a_year(benchmark::State& state, QiblahMark mark) {
     const TemporaryProgramFolder folder;
     load_series();
     bench::store_year(2026);
-    bench::NoProgress progress;
+    NoProgress progress;
     for ([[maybe_unused]] auto step : state)
-        write_qiblah_report(loaded_theory(), progress, stored_qiblah_direction(), mark);
+        write_report(*qiblah_run(loaded_theory(), stored_qiblah_direction(), mark), progress);
 }
 BENCHMARK_CAPTURE(qiblah_report_of_a_year, sun, QiblahMark::sun)
     ->Name("Qiblah report of a year, the Sun")

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "bench/noprogress.h"
 #include "bench/programrun.h"
 #include "bench/storedyear.h"
 #include "bench/swisswork.h"
@@ -102,7 +101,7 @@ std::vector<double> days_of_a_year() {
 /// `ephemeris.out` with the Moon of every hour of 2026, from its stored choices to the file.
 void moon_table_of_a_year() {
     NoProgress progress;
-    write_ephemeris_report(loaded_theory(), year_of_hours(1), progress);
+    write_report(*ephemeris_run(loaded_theory(), year_of_hours(1)), progress);
 }
 
 constexpr Phase phases[]{Phase::new_moon, Phase::first_quarter, Phase::full_moon, Phase::last_quarter};
@@ -124,7 +123,7 @@ MapRun map_of(Ephemeris& ephemeris, int day, int month, int year) {
     settings.day = std::to_string(day);
     settings.month = std::to_string(month);
     settings.year = std::to_string(year);
-    const CrescentRun crescent = read_crescent_run(settings);
+    const CrescentRecords crescent = read_crescent_records(settings);
     MapRun run;
     run.criterion = Criterion::yallop;
     run.conjunction = map_conjunction(ephemeris, find_conjunction(ephemeris, crescent).dynamical);
@@ -266,7 +265,7 @@ bool print_crescent() {
     settings.month = "2";
     const double day = 2461088.5;
     Ephemeris ephemeris(loaded_theory());
-    const CrescentRun run = read_crescent_run(settings);
+    const CrescentRecords run = read_crescent_records(settings);
     const Observer observer = observer_of(run.location);
     const Horizon horizon = horizon_of(run.preferences, run.location);
     const Instant midnight = Instant::of_ut1(day - run.location.zone / 24);

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "bench/noprogress.h"
 #include "bench/yearofhours.h"
 #include "ephemeris/series.h"
 #include "routines/series.h"
@@ -11,15 +10,21 @@
 
 namespace {
 
+/// The pointing at the stored place.
+std::optional<halvane::TelescopePointing> pointing_of(const halvane::TelescopeSettings& settings) {
+    return halvane::telescope_pointing(halvane::loaded_theory(), settings, halvane::read_pref(),
+                                       halvane::read_loc());
+}
+
 using namespace halvane;
 
 void table_of_a_year(benchmark::State& state, int object) {
     const TemporaryProgramFolder folder;
     load_series();
     const EphemerisSettings settings = bench::year_of_hours(object);
-    bench::NoProgress progress;
+    NoProgress progress;
     for ([[maybe_unused]] auto step : state)
-        write_ephemeris_report(loaded_theory(), settings, progress);
+        write_report(*ephemeris_run(loaded_theory(), settings), progress);
 }
 BENCHMARK_CAPTURE(table_of_a_year, sun, 0)
     ->Name("table of a year's hours, Sun")
@@ -38,7 +43,7 @@ void pointing_of_the_telescope(benchmark::State& state) {
     settings.hour = 18;
     for ([[maybe_unused]] auto step : state) {
         settings.minute = settings.minute < 30 ? settings.minute + 1e-3 : 0;
-        benchmark::DoNotOptimize(telescope_pointing(loaded_theory(), settings));
+        benchmark::DoNotOptimize(pointing_of(settings));
     }
 }
 BENCHMARK(pointing_of_the_telescope)->Unit(benchmark::kMicrosecond);

@@ -43,7 +43,7 @@ double best_time(bool new_crescent, double sun_event, double lag) {
 
 namespace {
 
-void take_events(Ephemeris& ephemeris, const CrescentRun& run, double day, double clock_ahead,
+void take_events(Ephemeris& ephemeris, const CrescentRecords& run, double day, double clock_ahead,
                  DayEvents& events) {
     const Instant midnight = Instant::of_ut1(day - clock_ahead);
     const Observer observer = observer_of(run.location);
@@ -93,7 +93,7 @@ void fill_quantities(Ephemeris& ephemeris, const Observer& observer, Circumstanc
 
 } // namespace
 
-std::optional<Circumstances> crescent_circumstances(Ephemeris& ephemeris, const CrescentRun& run,
+std::optional<Circumstances> crescent_circumstances(Ephemeris& ephemeris, const CrescentRecords& run,
                                                     const Conjunction& conjunction, DayEvents& events) {
     Circumstances c;
     c.choice = chosen(run.settings);

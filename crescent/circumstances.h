@@ -57,7 +57,7 @@ struct Circumstances {
 /// on that day. In,out events  of the day calculated last, whose sunrise and moonrise stand where the day has
 /// none of its
 ///                own; of this day
-std::optional<Circumstances> crescent_circumstances(Ephemeris& ephemeris, const CrescentRun& run,
+std::optional<Circumstances> crescent_circumstances(Ephemeris& ephemeris, const CrescentRecords& run,
                                                     const Conjunction& conjunction, DayEvents& events);
 
 /// A date in the Hijri month whose crescent is looked for on a day.

@@ -39,7 +39,7 @@ int summer_hours_on(const Preferences& preferences, const DateNumbers& date) {
     return in_summer_time(preferences, any_leap_year, date.month, date.day) ? 1 : 0;
 }
 
-Conjunction conjunction_near(Ephemeris& ephemeris, const DateNumbers& date, const CrescentRun& run) {
+Conjunction conjunction_near(Ephemeris& ephemeris, const DateNumbers& date, const CrescentRecords& run) {
     const double estimate = phase_estimate(Phase::new_moon, nearest_lunation(date));
     const Observer observer = observer_of(run.location);
     Conjunction conjunction;
@@ -55,7 +55,7 @@ Conjunction conjunction_near(Ephemeris& ephemeris, const DateNumbers& date, cons
 
 } // namespace
 
-Conjunction find_conjunction(Ephemeris& ephemeris, const CrescentRun& run) {
+Conjunction find_conjunction(Ephemeris& ephemeris, const CrescentRecords& run) {
     const DateNumbers date = approximate_date(run.settings);
     return about_place(run.location.name, [&] {
         return about_day(date, [&] { return conjunction_near(ephemeris, date, run); });

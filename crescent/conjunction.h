@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "crescent/crescentrun.h"
+#include "crescent/crescentrecords.h"
 #include "ephemeris/ephemeris.h"
 #include "stored/date.h"
 
@@ -24,7 +24,7 @@ DateNumbers approximate_date(const CrescentSettings& settings);
 double nearest_lunation(const DateNumbers& date);
 
 /// Finds the conjunction of a run's choices: geocentric, or topocentric for the observer of its location.
-Conjunction find_conjunction(Ephemeris& ephemeris, const CrescentRun& run);
+Conjunction find_conjunction(Ephemeris& ephemeris, const CrescentRecords& run);
 
 /// The dates to choose from: the conjunction's, one and two days after it, one and two days before it.
 std::array<DateNumbers, 5> candidate_dates(const Conjunction& conjunction);

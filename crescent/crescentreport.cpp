@@ -7,12 +7,15 @@
 #include "calendar/modctim.h"
 #include "calendar/modday.h"
 #include "calendar/moddegree.h"
+#include "crescent/crescentcolumns.h"
 #include "crescent/criteria.h"
 #include "crescent/notes.h"
 #include "report/head.h"
-#include "stored/programfolder.h"
+#include "report/reportrun.h"
 
 #include <initializer_list>
+#include <memory>
+#include <utility>
 
 namespace halvane {
 namespace {
@@ -49,7 +52,7 @@ void write_group(Report& report, std::initializer_list<Line> lines) {
 
 class CrescentReport {
 public:
-    CrescentReport(Report& report, const CrescentRun& run, const Circumstances& c)
+    CrescentReport(Report& report, const CrescentRecords& run, const Circumstances& c)
         : report_(report), run_(run), c_(c), precision_(precision_of(run.preferences)),
           prefix_(c.choice.geocentric ? "G. " : "T. ") {}
 
@@ -139,21 +142,15 @@ private:
     }
 
     void write_places() {
-        const bool geocentric = c_.choice.geocentric;
-        const MoonPlace& m = c_.moon;
-        const SunPlace& s = c_.sun;
-        const auto of = [geocentric](double geo, double topo) { return geocentric ? geo : topo; };
-        write_group(report_,
-                    {pair("Moon Right Ascension:",
-                          right_ascension(of(m.right_ascension, m.topocentric_right_ascension)), 28,
-                          "Moon Declination:", angle(of(m.declination, m.topocentric_declination)), 64),
-                     pair("Sun Right Ascension:",
-                          right_ascension(of(s.right_ascension, s.topocentric_right_ascension)), 28,
-                          "Sun Declination:", angle(of(s.declination, s.topocentric_declination)), 64)});
-        write_group(report_, {pair("Moon Longitude:", angle(of(m.longitude, m.topocentric_longitude)), 22,
-                                   "Moon Latitude:", angle(of(m.latitude, m.topocentric_latitude)), 61),
-                              pair("Sun Longitude:", angle(of(s.longitude, s.topocentric_longitude)), 22,
-                                   "Sun Latitude:", angle(of(s.latitude, s.topocentric_latitude)), 61)});
+        const ChosenPlaces p = chosen_places(c_);
+        write_group(report_, {pair("Moon Right Ascension:", right_ascension(p.moon_right_ascension), 28,
+                                   "Moon Declination:", angle(p.moon_declination), 64),
+                              pair("Sun Right Ascension:", right_ascension(p.sun_right_ascension), 28,
+                                   "Sun Declination:", angle(p.sun_declination), 64)});
+        write_group(report_, {pair("Moon Longitude:", angle(p.moon_longitude), 22,
+                                   "Moon Latitude:", angle(p.moon_latitude), 61),
+                              pair("Sun Longitude:", angle(p.sun_longitude), 22,
+                                   "Sun Latitude:", angle(p.sun_latitude), 61)});
     }
 
     void write_quantities() {
@@ -209,7 +206,7 @@ private:
     }
 
     Report& report_;
-    const CrescentRun& run_;
+    const CrescentRecords& run_;
     const Circumstances& c_;
     int precision_;
     std::string prefix_;
@@ -221,9 +218,7 @@ std::string hijri_caption(const HijriDate& date) {
     return hijri_month_name(date.month, 'E') + " " + plain_number(date.year) + " AH";
 }
 
-void write_crescent(Report& report, const CrescentRun& run, const Circumstances& circumstances) {
-    CrescentReport(report, run, circumstances).write();
-}
+namespace {
 
 void write_no_crescent(Report& report) {
     write_head_lines(report, 26);
@@ -231,18 +226,50 @@ void write_no_crescent(Report& report) {
     report.line("technique, because there is no Sunset/Sunrise and/or Moonset/Moonrise event(s).");
 }
 
-bool write_crescent_report(const TheoryPointer& theory, const CrescentRun& run,
-                           const Conjunction& conjunction, DayEvents& events) {
+/// The whole report is that of its row; without one there is the short report.
+class CrescentReportRun final : public RunOf<Circumstances> {
+public:
+    CrescentReportRun(CrescentRecords values, std::optional<Circumstances> circumstances)
+        : values_(std::move(values)), circumstances_(std::move(circumstances)) {}
+
+    const char* task() const override { return "crescent"; }
+    const char* report_name() const override { return "visib.out"; }
+
+    RunOutcome each_row(const TakeRow& take, Progress& /*progress*/) const override {
+        if (circumstances_)
+            take(*circumstances_);
+        return RunOutcome::done;
+    }
+
+    std::span<const ColumnOf<Circumstances>> columns() const override { return crescent_columns(); }
+
+    Facts facts() const override {
+        Facts facts;
+        add_place(facts, values_.location);
+        return facts;
+    }
+
+private:
+    void write_head(Report& /*report*/) const override {}
+    void write_row(Report& report, const Circumstances& row, int /*number*/) const override {
+        CrescentReport(report, values_, row).write();
+    }
+    void write_closing(Report& report, RunOutcome /*outcome*/, int rows) const override {
+        if (rows == 0)
+            write_no_crescent(report);
+    }
+
+    CrescentRecords values_;
+    std::optional<Circumstances> circumstances_;
+};
+
+} // namespace
+
+RunPointer crescent_run(const TheoryPointer& theory, const CrescentRecords& values,
+                        const Conjunction& conjunction, DayEvents& events) {
     Ephemeris ephemeris(theory);
-    const std::optional<Circumstances> circumstances =
-        crescent_circumstances(ephemeris, run, conjunction, events);
-    Report report(program_path("visib.out"));
-    if (circumstances)
-        write_crescent(report, run, *circumstances);
-    else
-        write_no_crescent(report);
-    report.commit();
-    return circumstances.has_value();
+    return std::make_shared<CrescentReportRun>(
+        values, crescent_circumstances(ephemeris, values, conjunction, events));
 }
 
 } // namespace halvane

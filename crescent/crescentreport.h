@@ -2,7 +2,7 @@
 #pragma once
 
 #include "crescent/circumstances.h"
-#include "report/report.h"
+#include "report/run.h"
 
 #include <string>
 
@@ -11,17 +11,10 @@ namespace halvane {
 /// Name, year and " AH" of a date's Hijri month, in English.
 std::string hijri_caption(const HijriDate& date);
 
-/// The whole report of a crescent. The run's location and preferences stand in its head.
-void write_crescent(Report& report, const CrescentRun& run, const Circumstances& circumstances);
-
-/// The report of a day on which an event of the Sun or the Moon is missing.
-void write_no_crescent(Report& report);
-
-/// The crescent report of a run: writes `visib.out`.
+/// The crescent report, `visib.out`: one row, or none and the short report on a day on which an event of the
+/// Sun or the Moon is missing. It is calculated here.
 /// In,out events  as crescent_circumstances
-/// Returns false when it is the short one.
-/// Error  raises RunTimeFailure; an earlier `visib.out` then stands.
-bool write_crescent_report(const TheoryPointer& theory, const CrescentRun& run,
-                           const Conjunction& conjunction, DayEvents& events);
+RunPointer crescent_run(const TheoryPointer& theory, const CrescentRecords& values,
+                        const Conjunction& conjunction, DayEvents& events);
 
 } // namespace halvane

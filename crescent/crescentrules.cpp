@@ -66,10 +66,11 @@ std::array<std::string, 3> CrescentRules::dates(bool new_crescent) const {
             day_caption(candidates[nearest + 1])};
 }
 
-void CrescentRules::calculate(const TheoryPointer& theory, const CrescentRun& run, DayEvents& events) const {
+RunPointer CrescentRules::calculate(const TheoryPointer& theory, const CrescentRecords& run,
+                                    DayEvents& events) const {
     const Conjunction conjunction = conjunction_.value();
     write_visib(run.settings);
-    write_crescent_report(theory, run, conjunction, events);
+    return crescent_run(theory, run, conjunction, events);
 }
 
 } // namespace halvane

@@ -5,6 +5,7 @@
 #include "calendar/hijriconversion.h"
 #include "crescent/conjunction.h"
 #include "events/dayevents.h"
+#include "report/run.h"
 
 #include <array>
 #include <optional>
@@ -44,7 +45,7 @@ std::optional<CrescentRefusal> refused_user_time(const CrescentSettings& setting
 class CrescentRules {
 public:
     /// Finds the conjunction of the choices and keeps it.
-    Conjunction prepare(const TheoryPointer& theory, const CrescentRun& run) {
+    Conjunction prepare(const TheoryPointer& theory, const CrescentRecords& run) {
         Ephemeris ephemeris(theory);
         return conjunction_.emplace(find_conjunction(ephemeris, run));
     }
@@ -55,9 +56,9 @@ public:
     /// (new crescent) or before it (old). Only when prepared.
     std::array<std::string, 3> dates(bool new_crescent) const;
 
-    /// Stores the choices and writes `visib.out`, the whole report or the short one. Only when prepared.
+    /// Stores the choices and calculates their report. Only when prepared.
     /// In,out events  as crescent_circumstances
-    void calculate(const TheoryPointer& theory, const CrescentRun& run, DayEvents& events) const;
+    RunPointer calculate(const TheoryPointer& theory, const CrescentRecords& run, DayEvents& events) const;
 
 private:
     std::optional<Conjunction> conjunction_;

@@ -223,7 +223,7 @@ void frmcresv::cmdprev_click() {
     close_map();
     if (refuse(refused_conjunction(shown())))
         return;
-    conjunctionstart = form_.prepare(loaded_theory(), read_crescent_run(shown())).dynamical;
+    conjunctionstart = form_.prepare(loaded_theory(), read_crescent_records(shown())).dynamical;
     show_days();
 }
 
@@ -243,8 +243,10 @@ bool frmcresv::refuse(const std::optional<CrescentRefusal>& refused) {
 void frmcresv::cmdcalc_click() {
     if (refuse(refused_user_time(shown())))
         return;
-    form_.calculate(loaded_theory(), read_crescent_run(shown()), crescentevents);
-    platform().show_text_file("visib.out");
+    const RunPointer run = form_.calculate(loaded_theory(), read_crescent_records(shown()), crescentevents);
+    NoProgress progress;
+    write_report(*run, progress);
+    platform().show_report(run->report_name(), run);
 }
 
 void frmcresv::cmdmap_click() {

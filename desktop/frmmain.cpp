@@ -183,19 +183,20 @@ void frmmain::connect_buttons(std::span<const Panel> panels) {
             connect(button, &QPushButton::clicked, this, [this, panel] { open_panel(panel, this); });
 }
 
-void frmmain::run_report(const QPushButton& button, RunOutcome (*report)(const TheoryPointer&, Progress&),
-                         const char* file) {
+void frmmain::run_report(const QPushButton& button, RunPointer (*run_of)(const TheoryPointer&)) {
     if (const std::optional<Refusal> refused = refused_stored_period(read_date())) {
         warn(this, *refused, language());
         return;
     }
+    RunPointer run;
     RunOutcome outcome;
     {
         WaitProgress progress(button.text().remove(u'&').trimmed(), this);
-        outcome = report(loaded_theory(), progress);
+        run = run_of(loaded_theory());
+        outcome = write_report(*run, progress);
     }
     if (outcome == RunOutcome::done)
-        platform().show_text_file(file);
+        platform().show_report(run->report_name(), run);
     else if (outcome == RunOutcome::refused)
         tell_high_latitude();
 }
@@ -205,12 +206,12 @@ void frmmain::tell_high_latitude() {
 }
 
 void frmmain::cmdcom_clicked() {
-    run_report(*ui_->cmdcom, write_prayer_report, "results.out");
+    run_report(*ui_->cmdcom, prayer_run);
 }
 
 void frmmain::cmdmoon_clicked() {
     state_.isenglish = read_pref().english;
-    run_report(*ui_->cmdmoon, write_moon_report, "mresults.out");
+    run_report(*ui_->cmdmoon, moon_run);
 }
 
 void frmmain::cmdhel_clicked() {

@@ -5,6 +5,7 @@
 #include "desktop/mainload.h"
 #include "desktop/nextprayer.h"
 #include "panel/language.h"
+#include "prayer/prayerrun.h"
 #include "panel/panelsupport.h"
 
 #include <QWidget>
@@ -55,8 +56,7 @@ private:
     void show_clock() override;
 
     void unload();
-    void run_report(const QPushButton& button, RunOutcome (*report)(const TheoryPointer&, Progress&),
-                    const char* file);
+    void run_report(const QPushButton& button, RunPointer (*run_of)(const TheoryPointer&));
     void tell_high_latitude();
     void connect_buttons(std::span<const Panel> panels);
     void set_icons();

@@ -27,13 +27,13 @@ struct LineAllocator {
 };
 
 /// One column of a series; each group is padded with zeros (see seriessums.h).
-using Column = std::vector<double, LineAllocator<double>>;
+using SeriesColumn = std::vector<double, LineAllocator<double>>;
 
 /// Terms A cos(B + C tau) of VSOP87 in groups by coordinate and power of tau.
 struct SunSeries {
-    Column amplitude; ///< A, unit by table
-    Column phase;     ///< B [rad]
-    Column frequency; ///< C [rad per Julian millennium]
+    SeriesColumn amplitude; ///< A, unit by table
+    SeriesColumn phase;     ///< B [rad]
+    SeriesColumn frequency; ///< C [rad per Julian millennium]
 };
 
 /// Row counts of `termfull.vsk`: L0 to L5, B0 to B4, R0 to R5.
@@ -44,12 +44,12 @@ inline constexpr std::array<std::size_t, 13> term_groups{78, 39, 27, 8, 4, 4, 7,
 
 /// Terms of the lunar theory whose argument is a0 + a1 T + 1e-4 a2 T^2 + (1e-6 a3 T^2)(1e-8 a4 T^4), degrees.
 struct MoonMainTerms {
-    Column amplitude, a0, a1, a2, a3, a4;
+    SeriesColumn amplitude, a0, a1, a2, a3, a4;
 };
 
 /// Terms of the lunar theory whose argument is a0 + a1 T, degrees.
 struct MoonSecondaryTerms {
-    Column amplitude, a0, a1;
+    SeriesColumn amplitude, a0, a1;
 };
 
 /// `elp.vsk`: longitude, latitude and distance, each a main block and three secondary ones (factors 1, T and
@@ -65,10 +65,10 @@ inline constexpr std::array<std::array<std::size_t, 4>, 3> elp_blocks{
 
 /// A table of `mterm.vsk`: multiples of D, M, M', F and the further columns.
 struct PeriodicTerms {
-    Column d, m, m_prime, f;
-    Column omega;               ///< multiples of Omega (nutation only)
-    Column sine, sine_rate;     ///< nutation in longitude, 0.0001"; or amplitude of the sine sum
-    Column cosine, cosine_rate; ///< nutation in obliquity, 0.0001"; or amplitude of the cosine sum
+    SeriesColumn d, m, m_prime, f;
+    SeriesColumn omega;               ///< multiples of Omega (nutation only)
+    SeriesColumn sine, sine_rate;     ///< nutation in longitude, 0.0001"; or amplitude of the sine sum
+    SeriesColumn cosine, cosine_rate; ///< nutation in obliquity, 0.0001"; or amplitude of the cosine sum
 };
 
 inline constexpr std::size_t nutation_rows = 63;

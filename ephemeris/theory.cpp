@@ -10,19 +10,19 @@ namespace halvane {
 namespace {
 
 /// Reads a group of rows whose columns go to `columns`, and pads it; an empty place is read and not kept.
-void read_group(RecordReader& reader, std::size_t rows, const std::vector<Column*>& columns) {
-    for (Column* column : columns)
+void read_group(RecordReader& reader, std::size_t rows, const std::vector<SeriesColumn*>& columns) {
+    for (SeriesColumn* column : columns)
         if (column != nullptr)
             column->reserve(column->size() + padded(rows));
     for (std::size_t row = 0; row < rows; ++row) {
         reader.start_record();
-        for (Column* column : columns) {
+        for (SeriesColumn* column : columns) {
             const double value = reader.number();
             if (column != nullptr)
                 column->push_back(value);
         }
     }
-    for (Column* column : columns)
+    for (SeriesColumn* column : columns)
         if (column != nullptr)
             column->resize(padded(column->size()));
 }

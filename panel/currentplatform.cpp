@@ -9,8 +9,8 @@ namespace halvane {
 
 namespace {
 
-void show_in_viewer(const std::string& name) {
-    auto* viewer = new Viewer(QString::fromStdString(program_path(name)));
+void show_in_viewer(const std::string& name, const RunPointer& run) {
+    auto* viewer = new Viewer(QString::fromStdString(program_path(name)), run);
     viewer->setAttribute(Qt::WA_DeleteOnClose);
     viewer->showMaximized();
     viewer->raise();

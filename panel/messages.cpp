@@ -155,12 +155,32 @@ void tell_failure(const std::exception& failure, Language language) {
     present(box);
 }
 
+QString name_of_kind(const QString& name, const SaveKind& kind, const QList<SaveKind>& kinds) {
+    for (const SaveKind& other : kinds)
+        if (name.endsWith(u'.' + other.suffix, Qt::CaseInsensitive))
+            return name.chopped(other.suffix.size()) + kind.suffix;
+    return name.isEmpty() ? name : name + u'.' + kind.suffix;
+}
+
 QString choose_save_file(QWidget* parent, const QString& title, const QString& proposed,
-                         const QString& filter, const QString& suffix) {
+                         const QList<SaveKind>& kinds) {
     if (chooser())
         return chooser()(title, proposed);
-    auto* const dialog = new QFileDialog(parent, title, QFileInfo(proposed).path(), filter);
-    dialog->setDefaultSuffix(suffix);
+    QStringList filters;
+    for (const SaveKind& kind : kinds)
+        filters += kind.filter;
+    auto* const dialog =
+        new QFileDialog(parent, title, QFileInfo(proposed).path(), filters.join(QStringLiteral(";;")));
+    if (!kinds.isEmpty())
+        dialog->setDefaultSuffix(kinds.front().suffix);
+    QObject::connect(dialog, &QFileDialog::filterSelected, dialog, [dialog, kinds](const QString& filter) {
+        for (const SaveKind& kind : kinds)
+            if (kind.filter == filter) {
+                dialog->setDefaultSuffix(kind.suffix);
+                dialog->selectFile(
+                    name_of_kind(QFileInfo(dialog->selectedFiles().value(0)).fileName(), kind, kinds));
+            }
+    });
     return chosen_in(dialog, proposed);
 }
 

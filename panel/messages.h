@@ -28,12 +28,22 @@ void tell_failure(const std::exception& failure, Language language);
 /// A sentence for each series file that is not the delivered one, see series_notes.
 QStringList series_warnings(Language language);
 
-/// Asks under which name to save; an empty text when the user gives up.
+/// A kind of file that can be saved.
+struct SaveKind {
+    QString filter; ///< as file dialogs take it ("PDF (*.pdf)")
+    QString suffix; ///< without a point; for a name that has none
+};
+
+/// `name` with the ending of `kind` in the place of that of another kind, or behind it where it has none of
+/// theirs.
+QString name_of_kind(const QString& name, const SaveKind& kind, const QList<SaveKind>& kinds);
+
+/// Asks under which name to save; an empty text when the user gives up. Choosing another kind gives the name
+/// that kind's ending in the place of the one before.
 /// In     proposed  bare name, or a path to start from
-///        filter    as file dialogs take it ("PDF (*.pdf)"); empty for every file
-///        suffix    for a name without one; empty leaves the name as it is
+///        kinds     to choose from, the usual one first; none for every file
 QString choose_save_file(QWidget* parent, const QString& title, const QString& proposed,
-                         const QString& filter, const QString& suffix = {});
+                         const QList<SaveKind>& kinds);
 
 /// Asks under which name to save a picture, as choose_save_file does; no question is put about a file that is
 /// there, since the caller may change the name's ending and then asks for the name that it writes.

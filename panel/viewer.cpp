@@ -63,6 +63,7 @@ constexpr Twin finding{"", "Searching: %1 %", "جار البحث: %1 %"};
 constexpr Twin guide{"", "User's Guide", "دليل المستخدم"};
 constexpr Twin missing{"", "There is no file of this name yet:", "لا يوجد ملف بهذا الاسم بعد:"};
 constexpr Twin save_title{"", "Save As", "حفظ باسم"};
+constexpr Twin text_kind{"", "Text", "نص"};
 constexpr Twin pdf_title{"", "Save PDF", "حفظ PDF"};
 constexpr Twin not_printed{"", "The printer has not taken the pages.", "لم تستلم الطابعة الصفحات."};
 constexpr Twin error_title{"", "File Error", "خطأ"};
@@ -84,6 +85,20 @@ std::shared_ptr<const KeptText> text_at(const QString& path, Language language, 
     }
 }
 
+/// The kinds that a report of a run can be saved as; any name for another text.
+QList<SaveKind> save_kinds(const QString& name, bool has_run, Language language) {
+    if (!has_run)
+        return {};
+    QList<SaveKind> kinds;
+    for (const ReportFormat format : report_formats()) {
+        const bool is_text = format == ReportFormat::text;
+        const QString ending = is_text ? QFileInfo(name).suffix() : QString::fromLatin1(name_of(format));
+        const QString words = is_text ? text_of(text_kind, language) : ending.toUpper();
+        kinds += {words + QStringLiteral(" (*.") + ending + u')', ending};
+    }
+    return kinds;
+}
+
 /// Prints what `printed` says with the progress window where that takes long; false when the user gives up.
 bool print_with_progress(QPagedPaintDevice& device, const PrintedText& printed, const PageRange& range,
                          QWidget* panel) {
@@ -99,9 +114,9 @@ std::span<const Twin> viewer_twins() {
     return twins;
 }
 
-Viewer::Viewer(const QString& path, QWidget* parent)
-    : QWidget(parent), path_(path), language_(stored_language()), text_(text_at(path, language_, is_file_)),
-      head_(report_head(*text_)),
+Viewer::Viewer(const QString& path, RunPointer run, QWidget* parent)
+    : QWidget(parent), path_(path), run_(std::move(run)), language_(stored_language()),
+      text_(text_at(path, language_, is_file_)), head_(report_head(*text_)),
       view_(new TextView(text_, is_report(path) ? TextView::Kind::table : TextView::Kind::prose, language_,
                          this)),
       find_box_(new QLineEdit(this)), found_(new QLabel(this)), find_timer_(new QTimer(this)) {
@@ -337,16 +352,37 @@ void Viewer::tell(const QString& words) {
 }
 
 void Viewer::save_as() {
-    const auto text = text_;
     const QPointer<Viewer> self(this);
-    const QString name =
-        choose_save_file(this, text_of(save_title, language_), QFileInfo(path_).fileName(), QString());
+    const QString proposed = QFileInfo(path_).fileName();
+    const QString name = choose_save_file(this, text_of(save_title, language_), proposed,
+                                          save_kinds(proposed, run_ != nullptr, language_));
     if (self == nullptr || name.isEmpty())
         return;
+    const auto format = format_of(QFileInfo(name).suffix().toLower().toStdString());
+    if (run_ != nullptr && format && *format != ReportFormat::text)
+        save_table(name, *format);
+    else
+        save_text(name);
+}
+
+void Viewer::save_text(const QString& name) {
     try {
-        text->save(name.toStdString());
+        text_->save(name.toStdString());
     } catch (const RunTimeFailure& failure) {
         tell(words_of(failure, language_));
+    }
+}
+
+void Viewer::save_table(const QString& name, ReportFormat format) {
+    // The window may be closed while the run goes on: nothing of it is used from there on.
+    const QPointer<Viewer> self(this);
+    const RunPointer run = run_;
+    try {
+        WaitProgress progress(title(), this);
+        write_run(*run, format, name.toStdString(), progress);
+    } catch (const RunTimeFailure& failure) {
+        if (self != nullptr)
+            tell(words_of(failure, language_));
     }
 }
 
@@ -354,7 +390,7 @@ void Viewer::make_pdf() {
     const QString proposed = QFileInfo(path_).completeBaseName() + QStringLiteral(".pdf");
     const QPointer<Viewer> self(this);
     const QString name = choose_save_file(this, text_of(pdf_title, language_), proposed,
-                                          QStringLiteral("PDF (*.pdf)"), QStringLiteral("pdf"));
+                                          {{QStringLiteral("PDF (*.pdf)"), QStringLiteral("pdf")}});
     if (self != nullptr && !name.isEmpty())
         write_pdf(name, nullptr);
 }

@@ -6,6 +6,7 @@
 #include "panel/reporthead.h"
 #include "panel/textsearch.h"
 #include "panel/viewerpages.h"
+#include "report/run.h"
 
 #include <QWidget>
 #include <optional>
@@ -29,7 +30,8 @@ public:
     /// `path` is shown from its first line; a missing file is told in the window. A report (".out") is left
     /// to right throughout; other texts have proportional letters, and each line has the direction of its
     /// own.
-    explicit Viewer(const QString& path, QWidget* parent = nullptr);
+    /// In     run  that wrote the report; then it can be saved in the run's other formats
+    explicit Viewer(const QString& path, RunPointer run = nullptr, QWidget* parent = nullptr);
 
     /// Looks for the next place of the find box's text, from the top again after the last, and marks it. A
     /// long text is looked through while the window goes on answering.
@@ -42,7 +44,8 @@ public:
     void zoom_normal();
     /// Copies the selection, or the whole text when nothing is selected.
     void copy();
-    /// Asks for a name and writes the text's own bytes there.
+    /// Asks for a name and writes the text's own bytes there; for a report of a run, its ending may choose
+    /// CSV or JSON, which the run then calculates once more from the settings that it was made with.
     void save_as();
     /// Asks for a name and writes a PDF.
     void make_pdf();
@@ -76,9 +79,12 @@ private:
     QString title() const;
     PrintedText printed() const;
     void write_pdf(const QString& name, const QPrinter* like);
+    void save_text(const QString& name);
+    void save_table(const QString& name, ReportFormat format);
     void tell(const QString& words);
 
     QString path_;
+    RunPointer run_;
     Language language_;
     bool is_file_ = false;
     std::shared_ptr<const KeptText> text_;

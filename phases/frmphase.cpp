@@ -116,24 +116,25 @@ void frmphase::txtyear_change() {
 
 // The panel may be closed while the run lets events happen: nothing of it is used from there on.
 void frmphase::cmdcalc_click() {
-    const PhaseYear run = phase_year(shown(), text_of(*ui_->txtdelta));
-    if (const std::optional<Refusal> refused = refused_phase_year(run)) {
+    const PhaseYear year = phase_year(shown(), text_of(*ui_->txtdelta));
+    if (const std::optional<Refusal> refused = refused_phase_year(year)) {
         warn(this, *refused, language_);
         ask_again(*ui_->txtyear);
         return;
     }
-    if (const std::optional<Refusal> refused = refused_delta_t(run)) {
+    if (const std::optional<Refusal> refused = refused_delta_t(year)) {
         warn(this, *refused, language_);
         ask_again(*ui_->txtdelta);
         return;
     }
+    const RunPointer run = phase_run(loaded_theory(), year);
     RunOutcome outcome;
     {
         WaitProgress progress(windowTitle(), this);
-        outcome = write_phase_report(loaded_theory(), run, progress);
+        outcome = write_report(*run, progress);
     }
     if (outcome == RunOutcome::done)
-        platform().show_text_file("results.out");
+        platform().show_report(run->report_name(), run);
 }
 
 void frmphase::cmdclose_click() {

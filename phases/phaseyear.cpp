@@ -65,8 +65,6 @@ double first_lunation(double year) {
 
 std::string phase_text(const PhaseYear& run, const LocalPhase& phase) {
     const DateNumbers date = civil_date(phase.jd);
-    if (date.year != run.year)
-        return "----";
     return format_number(date.day, "##00") + "/" + format_number(date.month, "##00") + "/" +
            format_number(date.year, "##0000") + "  " +
            modctim(precision_of(run.preferences), hours_of_day(phase.jd));

@@ -51,7 +51,7 @@ LocalPhase local_phase(Ephemeris& ephemeris, const PhaseYear& run, Phase phase, 
 /// Lunation of the table's first row: one before the year.
 double first_lunation(double year);
 
-/// "dd/mm/yyyy  clock", or "----" for a phase outside the table's year.
+/// "dd/mm/yyyy  clock"
 std::string phase_text(const PhaseYear& run, const LocalPhase& phase);
 
 } // namespace halvane

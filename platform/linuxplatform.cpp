@@ -54,7 +54,11 @@ std::string delivered_program(const std::string& target) {
 } // namespace
 
 void LinuxPlatform::show_text_file(const std::string& name) {
-    show_text_(name);
+    show_text_(name, nullptr);
+}
+
+void LinuxPlatform::show_report(const std::string& name, const std::shared_ptr<const Run>& run) {
+    show_text_(name, run);
 }
 
 std::string LinuxPlatform::short_time(int hour, int minute, int second) {

@@ -9,10 +9,13 @@ namespace halvane {
 /// entries of the XDG autostart folder, a running program is known by its executable's name.
 class LinuxPlatform : public Platform {
 public:
-    /// In     show_text  how the program shows a text file of its folder by its bare name
-    explicit LinuxPlatform(void (*show_text)(const std::string& name)) : show_text_(show_text) {}
+    /// How the program shows a text file of its folder by its bare name; the run of a report, none of another
+    /// text.
+    using ShowText = void (*)(const std::string& name, const std::shared_ptr<const Run>& run);
+    explicit LinuxPlatform(ShowText show_text) : show_text_(show_text) {}
 
     void show_text_file(const std::string& name) override;
+    void show_report(const std::string& name, const std::shared_ptr<const Run>& run) override;
     std::string short_time(int hour, int minute, int second) override;
     void keep_on_top(void* panel, bool on_top) override;
     void create_shortcut(const Shortcut& shortcut) override;
@@ -21,7 +24,7 @@ public:
     void start_minimised(const std::string& path, const std::string& working_folder) override;
 
 private:
-    void (*show_text_)(const std::string& name);
+    ShowText show_text_;
 };
 
 } // namespace halvane

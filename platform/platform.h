@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <memory>
 #include <string>
 
 namespace halvane {
+
+class Run;
 
 /// A shortcut to a program in one of the user's own folders.
 struct Shortcut {
@@ -24,6 +27,9 @@ public:
     /// Shows a text file of the program folder by its bare name, maximised. A file that is not there is told
     /// by whoever shows it; nothing is raised.
     virtual void show_text_file(const std::string& name) = 0;
+
+    /// The same of a report, with the run that wrote it, which can write it in its other formats.
+    virtual void show_report(const std::string& name, const std::shared_ptr<const Run>& run) = 0;
 
     /// A clock time in the system's short time format.
     virtual std::string short_time(int hour, int minute, int second) = 0;

@@ -2,17 +2,31 @@
 #include "prayer/moonreport.h"
 
 #include "base/numberformat.h"
+#include "prayer/prayerreport.h"
+#include "report/columns.h"
 #include "report/head.h"
 
 namespace halvane {
 namespace {
 
-struct Columns {
+/// Columns of the report.
+struct Places {
     int rise, transit, set;
 };
 
-constexpr Columns minutes_columns{18, 35, 54};
-constexpr Columns seconds_columns{17, 37, 55};
+constexpr Places minutes_places{18, 35, 54};
+constexpr Places seconds_places{17, 37, 55};
+
+constexpr ColumnOf<MoonRow> columns[] = {
+    date_column<MoonRow>,
+    summer_column<MoonRow>,
+    {{"moonrise", {"Moon Rise", "شروق القمر"}, "", ValueType::clock},
+     [](const MoonRow& row) -> Value { return ClockValue{row.times.rise}; }},
+    {{"transit", {"Moon Transit", "عبور القمر"}, "", ValueType::clock},
+     [](const MoonRow& row) -> Value { return ClockValue{row.times.transit}; }},
+    {{"moonset", {"Moon Set", "غروب القمر"}, "", ValueType::clock},
+     [](const MoonRow& row) -> Value { return ClockValue{row.times.set}; }},
+};
 
 void write_title_row(Report& report, int precision) {
     report.spc(2).text("Date");
@@ -24,6 +38,10 @@ void write_title_row(Report& report, int precision) {
 }
 
 } // namespace
+
+std::span<const ColumnOf<MoonRow>> moon_columns() {
+    return columns;
+}
 
 void write_moon_head(Report& report, const Preferences& preferences, const Location& location,
                      const ReportPeriod& period) {
@@ -39,15 +57,12 @@ void write_moon_head(Report& report, const Preferences& preferences, const Locat
     write_title_row(report, precision_of(preferences));
 }
 
-void write_moon_row(Report& report, int precision, bool summer, const std::string& date,
-                    const MoonTimes& times, int number) {
-    const Columns& columns = precision == 0 ? seconds_columns : minutes_columns;
-    report.text(summer ? "*" : "").text(date);
-    report.tab(columns.rise)
-        .text(text_of(times.rise, precision))
-        .tab(columns.transit)
-        .text(text_of(times.transit, precision));
-    report.tab(columns.set).text(text_of(times.set, precision));
+void write_moon_row(Report& report, int precision, const MoonRow& row, int number) {
+    const Places& places = precision == 0 ? seconds_places : minutes_places;
+    report.text(row.summer ? "*" : "").text(date_text(row.date));
+    report.tab(places.rise).text(text_of(row.times.rise, precision));
+    report.tab(places.transit).text(text_of(row.times.transit, precision));
+    report.tab(places.set).text(text_of(row.times.set, precision));
     end_row(report, number);
 }
 

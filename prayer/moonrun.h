@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "base/progress.h"
 #include "ephemeris/ephemeris.h"
+#include "report/run.h"
 
 namespace halvane {
 
-/// The Moon report: writes `mresults.out` for the stored period and location.
-/// Reads `pref.vsk`, `date.vsk`, `loc.vsk`.
-/// Returns cancelled with the rows so far and the remarks in the file.
-/// Error  raises RunTimeFailure; an earlier `mresults.out` then stands.
-RunOutcome write_moon_report(const TheoryPointer& theory, Progress& progress);
+/// The Moon report, `mresults.out`, of the stored period and location. Reads `pref.vsk`, `date.vsk`,
+/// `loc.vsk`.
+RunPointer moon_run(const TheoryPointer& theory);
 
 } // namespace halvane

@@ -3,17 +3,20 @@
 
 #include "base/numberformat.h"
 #include "prayer/prayertexts.h"
+#include "report/columns.h"
 #include "report/head.h"
 
 #include <array>
+#include <cstddef>
+#include <iterator>
 
 namespace halvane {
 namespace {
 
-using Columns = std::array<int, 6>; ///< Fajer, Shuroq, Dhohur, Aser, Maghreb, Isha
+using Places = std::array<int, 6>; ///< columns of Fajer, Shuroq, Dhohur, Aser, Maghreb, Isha
 
-constexpr Columns minutes_columns{16, 26, 36, 46, 56, 66};
-constexpr Columns seconds_columns{14, 24, 34, 44, 54, 64};
+constexpr Places minutes_columns{16, 26, 36, 46, 56, 66};
+constexpr Places seconds_columns{14, 24, 34, 44, 54, 64};
 
 void write_titles(Report& report, int precision) {
     const bool seconds = precision == 0;
@@ -75,9 +78,9 @@ std::string mark_text(TwilightMark mark, const char* join) {
     return {};
 }
 
-void write_values(Report& report, const Columns& columns, const std::array<std::string, 6>& values) {
+void write_values(Report& report, const Places& places, const std::array<std::string, 6>& values) {
     for (std::size_t i = 0; i < values.size(); ++i)
-        report.tab(columns[i]).text(values[i]);
+        report.tab(places[i]).text(values[i]);
 }
 
 /// In     join  the letter of the column whose two halves were joined
@@ -85,7 +88,57 @@ std::string twilight_text(const SmoothedTwilight& twilight, const char* join) {
     return text_of(twilight.clock) + mark_text(twilight.mark, join);
 }
 
+Value mark_value(TwilightMark mark, const char* join) {
+    return mark == TwilightMark::none ? Value() : Value(mark_text(mark, join));
+}
+
+ClockValue clock_value(const SmoothedTwilight& twilight) {
+    return {twilight.clock.seconds / 3600.0};
+}
+
+constexpr Column clock_column(const char* key, const char* english, const char* arabic) {
+    return {key, {english, arabic}, "", ValueType::clock};
+}
+
+constexpr ColumnOf<PrayerRow> columns[] = {
+    date_column<PrayerRow>,
+    summer_column<PrayerRow>,
+    {clock_column("fajer", "Fajer", "الفجر"),
+     [](const PrayerRow& row) -> Value {
+         return row.smoothed ? clock_value(row.smoothed->fajer) : ClockValue{row.times.fajer};
+     }},
+    {clock_column("shuroq", "Shuroq", "الشروق"),
+     [](const PrayerRow& row) -> Value { return ClockValue{row.times.shuroq}; }},
+    {clock_column("dhohur", "Dhohur", "الظهر"),
+     [](const PrayerRow& row) -> Value { return ClockValue{row.times.dhohur}; }},
+    {clock_column("aser", "Aser", "العصر"),
+     [](const PrayerRow& row) -> Value { return ClockValue{row.times.aser}; }},
+    {clock_column("maghreb", "Maghreb", "المغرب"),
+     [](const PrayerRow& row) -> Value { return ClockValue{row.times.maghreb}; }},
+    {clock_column("isha", "Isha", "العشاء"),
+     [](const PrayerRow& row) -> Value {
+         return row.smoothed ? clock_value(row.smoothed->isha) : ClockValue{row.times.isha};
+     }},
+    {{"fajer_mark", {"Mark of Fajer", "إشارة الفجر"}, "", ValueType::text},
+     [](const PrayerRow& row) -> Value {
+         return row.smoothed ? mark_value(row.smoothed->fajer.mark, "F") : Value();
+     }},
+    {{"isha_mark", {"Mark of Isha", "إشارة العشاء"}, "", ValueType::text},
+     [](const PrayerRow& row) -> Value {
+         return row.smoothed ? mark_value(row.smoothed->isha.mark, "I") : Value();
+     }},
+};
+
 } // namespace
+
+std::span<const ColumnOf<PrayerRow>> prayer_columns() {
+    return columns;
+}
+
+std::span<const ColumnOf<PrayerRow>> plain_prayer_columns() {
+    constexpr std::size_t marks = 2; // the last
+    return std::span(columns).first(std::size(columns) - marks);
+}
 
 void end_row(Report& report, int number) {
     report.end_line();
@@ -107,16 +160,15 @@ void write_city_setting(Report& report, const Location& location) {
         report.text("City Settings:").item(location.city_offset).line("Km.");
 }
 
-void write_prayer_head(Report& report, const PrayerSettings& settings, const ReportPeriod& period,
-                       double fajer_angle, double isha_angle) {
+void write_prayer_head(Report& report, const PrayerSettings& settings, const ReportPeriod& period) {
     write_title(report, 26);
     write_days(report, period.one_day, "Prayer times", period.start, period.end, " CE", " CE");
     write_location(report, settings.location);
     write_summer_time(report, settings.preferences);
     write_height_setting(report, settings.preferences);
     write_margins(report, settings);
-    report.text("-").spc(1).text("Fajer Angle:").item(fajer_angle).text(",").spc(2);
-    report.text("Isha Angle:").item(isha_angle).end_line();
+    report.text("-").spc(1).text("Fajer Angle:").item(settings.horizon.fajer_angle).text(",").spc(2);
+    report.text("Isha Angle:").item(settings.horizon.isha_angle).end_line();
     write_refraction(report, settings.location);
     report.text("-").spc(1).text("Mazhab:").spc(2);
     report.line(settings.preferences.asr_rule == "1" ? "Standard" : "Hanafi");

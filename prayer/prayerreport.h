@@ -7,6 +7,7 @@
 #include "report/reportrun.h"
 
 #include <optional>
+#include <span>
 
 namespace halvane {
 
@@ -19,10 +20,14 @@ struct PrayerRow {
     std::optional<SmoothedDay> smoothed;
 };
 
-/// The head of `results.out`; `fajer_angle` and `isha_angle` are those in force [deg]. The title rows follow
-/// the stored precision, also where the rows of the alternative method are in minutes.
-void write_prayer_head(Report& report, const PrayerSettings& settings, const ReportPeriod& period,
-                       double fajer_angle, double isha_angle);
+/// What its row holds.
+std::span<const ColumnOf<PrayerRow>> prayer_columns();
+/// The same without the marks of the alternative method.
+std::span<const ColumnOf<PrayerRow>> plain_prayer_columns();
+
+/// The head of `results.out`. The title rows follow the stored precision, also where the rows of the
+/// alternative method are in minutes.
+void write_prayer_head(Report& report, const PrayerSettings& settings, const ReportPeriod& period);
 
 /// One row; `number` counts the rows from 1.
 void write_prayer_row(Report& report, int precision, const PrayerRow& row, int number);

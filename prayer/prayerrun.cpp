@@ -5,8 +5,9 @@
 #include "prayer/highlatitude.h"
 #include "prayer/prayerreport.h"
 #include "report/reportrun.h"
-#include "stored/programfolder.h"
 
+#include <memory>
+#include <utility>
 #include <vector>
 
 namespace halvane {
@@ -26,74 +27,80 @@ bool forces_year(const PrayerSettings& settings) {
            settings.latitude <= highest_alternative_latitude;
 }
 
-class PrayerReportRun {
+class PrayerRun final : public RunOf<PrayerRow> {
 public:
-    PrayerReportRun(Ephemeris& ephemeris, Progress& progress, const PrayerSettings& settings)
-        : ephemeris_(ephemeris), progress_(progress), settings_(settings),
-          forced_year_(forces_year(settings)), report_(program_path("results.out")) {}
-
-    RunOutcome run(const CalculationDate& date) {
-        const CalculationPeriod period = calculation_period(date);
-        days_ = forced_year_ ? days_of({period.start.year, 1, 1}, {period.start.year, 12, 31})
-                             : days_of(period.start, period.end);
-        write_prayer_head(report_, settings_, report_period(date, days_), settings_.horizon.fajer_angle,
-                          settings_.horizon.isha_angle);
-        const RunOutcome outcome = write_days();
-        if (outcome != RunOutcome::refused)
-            write_prayer_closing(report_);
-        report_.commit();
-        return outcome;
+    PrayerRun(TheoryPointer theory, const DaySettings& stored)
+        : theory_(std::move(theory)),
+          settings_(prayer_settings(stored.preferences, stored.location, DayMode::report)),
+          forced_year_(forces_year(settings_)),
+          days_(forced_year_ ? days_of({stored.date.start.year, 1, 1}, {stored.date.start.year, 12, 31})
+                             : days_of(stored.date.start, stored.date.end)),
+          period_(report_period(stored.date, days_)) {
+        if (forced_year_) {
+            settings_.precision = 1;
+            settings_.horizon.fajer_angle = settings_.horizon.isha_angle = alternative_twilight_angle;
+        }
     }
 
-private:
-    RunOutcome write_days() {
-        for (double jd = days_.first; jd <= days_.last; jd += 1) {
-            tell_progress(progress_, days_, jd);
+    const char* task() const override { return "prayer"; }
+    const char* report_name() const override { return "results.out"; }
+
+    RunOutcome each_row(const TakeRow& take, Progress& progress) const override {
+        Ephemeris ephemeris(theory_);
+        std::vector<AlternativeDay> year;
+        const RunOutcome outcome = each_day(days_, progress, YieldPlace::after_row, [&](double jd) {
             const PrayerDay day =
-                prayer_day(ephemeris_, settings_, jd, summer_hours_of(settings_.preferences, jd));
+                prayer_day(ephemeris, settings_, jd, summer_hours_of(settings_.preferences, jd));
             if (day.refused)
                 return RunOutcome::refused;
             if (forced_year_)
-                stored_.push_back(alternative_day(day, civil_date(jd)));
+                year.push_back(alternative_day(day, civil_date(jd)));
             else
-                write_row({civil_date(jd), day.summer_hours == 1, day.times, std::nullopt});
-            if (!progress_.yield())
-                return RunOutcome::cancelled;
-        }
-        if (forced_year_)
-            write_smoothed();
-        return RunOutcome::done;
+                take({civil_date(jd), day.summer_hours == 1, day.times, std::nullopt});
+            return RunOutcome::done;
+        });
+        if (outcome == RunOutcome::done && forced_year_)
+            take_smoothed(year, take);
+        return outcome;
     }
 
-    void write_smoothed() {
-        const std::vector<SmoothedDay> year = smoothed_year(stored_);
+    std::span<const ColumnOf<PrayerRow>> columns() const override { return prayer_columns(); }
+
+    Facts facts() const override {
+        Facts facts;
+        add_place(facts, settings_.location);
+        add_period(facts, period_);
+        add_fact(facts, "fajer_angle", settings_.horizon.fajer_angle);
+        add_fact(facts, "isha_angle", settings_.horizon.isha_angle);
+        return facts;
+    }
+
+private:
+    static void take_smoothed(const std::vector<AlternativeDay>& days, const TakeRow& take) {
+        const std::vector<SmoothedDay> year = smoothed_year(days);
         for (std::size_t k = 0; k < year.size(); ++k)
-            write_row({stored_[k].date, stored_[k].summer, stored_[k].times, year[k]});
+            take({days[k].date, days[k].summer, days[k].times, year[k]});
     }
 
-    void write_row(const PrayerRow& row) { write_prayer_row(report_, settings_.precision, row, ++rows_); }
+    void write_head(Report& report) const override { write_prayer_head(report, settings_, period_); }
+    void write_row(Report& report, const PrayerRow& row, int number) const override {
+        write_prayer_row(report, settings_.precision, row, number);
+    }
+    void write_closing(Report& report, RunOutcome /*outcome*/, int /*rows*/) const override {
+        write_prayer_closing(report);
+    }
 
-    Ephemeris& ephemeris_;
-    Progress& progress_;
-    const PrayerSettings& settings_;
+    TheoryPointer theory_;
+    PrayerSettings settings_;
     bool forced_year_;
-    Report report_;
     RunDays days_;
-    std::vector<AlternativeDay> stored_;
-    int rows_ = 0;
+    ReportPeriod period_;
 };
 
 } // namespace
 
-RunOutcome write_prayer_report(const TheoryPointer& theory, Progress& progress) {
-    PrayerSettings settings = read_prayer_settings(DayMode::report);
-    const CalculationDate date = read_date();
-    if (forces_year(settings)) {
-        settings.precision = 1;
-        settings.horizon.fajer_angle = settings.horizon.isha_angle = alternative_twilight_angle;
-    }
-    Ephemeris ephemeris(theory);
-    return PrayerReportRun(ephemeris, progress, settings).run(date);
+RunPointer prayer_run(const TheoryPointer& theory) {
+    return std::make_shared<PrayerRun>(theory, stored_day_settings());
 }
 
 PrayerTexts today_prayer_times(const TheoryPointer& theory, double todayjd) {

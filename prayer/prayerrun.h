@@ -1,22 +1,21 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "base/progress.h"
 #include "base/twintext.h"
 #include "ephemeris/ephemeris.h"
 #include "prayer/prayertexts.h"
+#include "report/run.h"
 
 namespace halvane {
 
-/// The prayer report: writes `results.out` for the stored period and location.
-/// Reads `pref.vsk`, `date.vsk`, `loc.vsk`.
-/// Returns cancelled with the rows so far and the remarks in the file; refused beyond latitude 65 when the
-/// alternative method would be needed, with the rows so far and no remarks (see high_latitude_message).
-/// Error  raises RunTimeFailure; an earlier `results.out` then stands.
-RunOutcome write_prayer_report(const TheoryPointer& theory, Progress& progress);
+/// The prayer report, `results.out`, of the stored period and location. Reads `pref.vsk`, `date.vsk`,
+/// `loc.vsk`. The run is refused beyond latitude 65 when the alternative method would be needed, with the
+/// rows so far and no remarks (see high_latitude_message).
+RunPointer prayer_run(const TheoryPointer& theory);
 
 /// The six times of one day as the main panel shows them. Reads `pref.vsk`, `date.vsk`, `loc.vsk`; no
-/// alternative method. In     todayjd  0 h of the machine's date [d]
+/// alternative method.
+/// In     todayjd  0 h of the machine's date                                                    [d]
 PrayerTexts today_prayer_times(const TheoryPointer& theory, double todayjd);
 
 /// What the user is told when the report is refused.

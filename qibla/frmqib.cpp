@@ -97,13 +97,15 @@ void frmqib::cmdqib_click() {
         warn(this, *refused, language_);
         return;
     }
+    RunPointer run;
     RunOutcome outcome;
     {
         WaitProgress progress(ui_->lblqibtim->text(), this);
-        outcome = write_qiblah_report(loaded_theory(), progress, direction, mark);
+        run = qiblah_run(loaded_theory(), direction, mark);
+        outcome = write_report(*run, progress);
     }
     if (outcome == RunOutcome::done)
-        platform().show_text_file("results.out");
+        platform().show_report(run->report_name(), run);
 }
 
 void frmqib::cmdshowqmap_click() {

@@ -2,25 +2,19 @@
 #include "qibla/qiblahrun.h"
 
 #include "base/failure.h"
-#include "base/machineclock.h"
-#include "calendar/moddeltat.h"
+#include "calendar/civildate.h"
 #include "calendar/modsummer.h"
 #include "qibla/direction.h"
 #include "report/reportrun.h"
 #include "settings/enginesettings.h"
-#include "stored/programfolder.h"
+
+#include <memory>
+#include <utility>
 
 namespace halvane {
 namespace {
 
-/// Copies: a saved change during the run does not reach it.
-struct RunSettings {
-    Preferences preferences = read_pref();
-    Location location = read_loc();
-    CalculationDate date = read_date();
-};
-
-QiblahSearch search_of(const RunSettings& settings, double azimuth, double delta_t) {
+QiblahSearch search_of(const DaySettings& settings, double azimuth, double delta_t) {
     const Location& location = settings.location;
     QiblahSearch search;
     search.observer = observer_of(location);
@@ -33,34 +27,59 @@ QiblahSearch search_of(const RunSettings& settings, double azimuth, double delta
     return search;
 }
 
-RunOutcome write_rows(Ephemeris& ephemeris, Report& report, const RunSettings& settings,
-                      const QiblahSearch& search, const RunDays& days, Progress& progress) {
-    RunOutcome outcome = RunOutcome::done;
-    int rows = 0;
-    for (double jd = days.first; jd <= days.last && outcome == RunOutcome::done; jd += 1) {
-        tell_progress(progress, days, jd);
-        if (!progress.yield())
-            outcome = RunOutcome::cancelled;
-        const int summer_hours = summer_hours_of(settings.preferences, jd);
-        write_qiblah_row(report, search.precision, summer_hours == 1, row_date(jd),
-                         qiblah_day(ephemeris, search, jd, summer_hours), ++rows);
+class QiblahRun final : public RunOf<QiblahRow> {
+public:
+    QiblahRun(TheoryPointer theory, DaySettings settings, float direction, QiblahMark mark)
+        : theory_(std::move(theory)), settings_(std::move(settings)), direction_(direction), mark_(mark),
+          days_(days_of(settings_.date.start, settings_.date.end)),
+          period_(report_period(settings_.date, days_)), search_(about_place(settings_.location.name, [this] {
+              return search_of(settings_, target_azimuth(direction_, mark_ == QiblahMark::shadow),
+                               mean_delta_t(days_));
+          })) {}
+
+    const char* task() const override { return mark_ == QiblahMark::sun ? "qibla-sun" : "qibla-shadow"; }
+    const char* report_name() const override { return "results.out"; }
+
+    RunOutcome each_row(const TakeRow& take, Progress& progress) const override {
+        Ephemeris ephemeris(theory_);
+        return about_place(settings_.location.name, [&] {
+            return each_day(days_, progress, YieldPlace::before_row, [&](double jd) {
+                const int summer_hours = summer_hours_of(settings_.preferences, jd);
+                take({civil_date(jd), summer_hours == 1, qiblah_day(ephemeris, search_, jd, summer_hours)});
+                return RunOutcome::done;
+            });
+        });
     }
-    return outcome;
-}
 
-RunOutcome write_qiblah(Ephemeris& ephemeris, Report& report, const RunSettings& settings, float direction,
-                        QiblahMark mark, Progress& progress) {
-    const CalculationPeriod period = calculation_period(settings.date);
-    const RunDays days = days_of(period.start, period.end);
-    const QiblahSearch search =
-        search_of(settings, target_azimuth(direction, mark == QiblahMark::shadow), mean_delta_t(days));
+    std::span<const ColumnOf<QiblahRow>> columns() const override { return qiblah_columns(); }
 
-    write_qiblah_head(report, settings.preferences, settings.location, report_period(settings.date, days),
-                      direction, mark);
-    const RunOutcome outcome = write_rows(ephemeris, report, settings, search, days, progress);
-    write_qiblah_closing(report);
-    return outcome;
-}
+    Facts facts() const override {
+        Facts facts;
+        add_place(facts, settings_.location);
+        add_period(facts, period_);
+        add_fact(facts, "qiblah_direction", static_cast<double>(direction_));
+        return facts;
+    }
+
+private:
+    void write_head(Report& report) const override {
+        write_qiblah_head(report, settings_.preferences, settings_.location, period_, direction_, mark_);
+    }
+    void write_row(Report& report, const QiblahRow& row, int number) const override {
+        write_qiblah_row(report, search_.precision, row, number);
+    }
+    void write_closing(Report& report, RunOutcome /*outcome*/, int /*rows*/) const override {
+        write_qiblah_closing(report);
+    }
+
+    TheoryPointer theory_;
+    DaySettings settings_;
+    float direction_;
+    QiblahMark mark_;
+    RunDays days_;
+    ReportPeriod period_;
+    QiblahSearch search_;
+};
 
 } // namespace
 
@@ -70,16 +89,8 @@ float stored_qiblah_direction() {
                        [&] { return qiblah_direction(longitude_of(location), latitude_of(location)); });
 }
 
-RunOutcome write_qiblah_report(const TheoryPointer& theory, Progress& progress, float direction,
-                               QiblahMark mark) {
-    Ephemeris ephemeris(theory);
-    Report report(program_path("results.out"));
-    const RunSettings settings;
-    const RunOutcome outcome = about_place(settings.location.name, [&] {
-        return write_qiblah(ephemeris, report, settings, direction, mark, progress);
-    });
-    report.commit();
-    return outcome;
+RunPointer qiblah_run(const TheoryPointer& theory, float direction, QiblahMark mark) {
+    return std::make_shared<QiblahRun>(theory, stored_day_settings(), direction, mark);
 }
 
 } // namespace halvane

@@ -4,6 +4,7 @@
 #include "base/numberformat.h"
 #include "calendar/modctim.h"
 #include "calendar/taggedtime.h"
+#include "report/columns.h"
 #include "report/head.h"
 
 namespace halvane {
@@ -33,7 +34,32 @@ const char* note_of(const std::optional<QiblahMoment>& moment) {
     return moment && moment->below_horizon ? "Below Horizon" : "";
 }
 
+Value clock_value(const std::optional<QiblahMoment>& moment) {
+    return moment ? Value(ClockValue{moment->hours}) : Value();
+}
+
+Value below_value(const std::optional<QiblahMoment>& moment) {
+    return moment ? Value(moment->below_horizon) : Value();
+}
+
+constexpr ColumnOf<QiblahRow> columns[] = {
+    date_column<QiblahRow>,
+    summer_column<QiblahRow>,
+    {{"first_time", {"First Time", "الوقت الأول"}, "", ValueType::clock},
+     [](const QiblahRow& row) { return clock_value(row.day.first); }},
+    {{"first_below_horizon", {"Below Horizon", "تحت الأفق"}, "", ValueType::flag},
+     [](const QiblahRow& row) { return below_value(row.day.first); }},
+    {{"second_time", {"Second Time", "الوقت الثاني"}, "", ValueType::clock},
+     [](const QiblahRow& row) { return clock_value(row.day.second); }},
+    {{"second_below_horizon", {"Below Horizon", "تحت الأفق"}, "", ValueType::flag},
+     [](const QiblahRow& row) { return below_value(row.day.second); }},
+};
+
 } // namespace
+
+std::span<const ColumnOf<QiblahRow>> qiblah_columns() {
+    return columns;
+}
 
 void write_qiblah_head(Report& report, const Preferences& preferences, const Location& location,
                        const ReportPeriod& period, float direction, QiblahMark mark) {
@@ -46,13 +72,16 @@ void write_qiblah_head(Report& report, const Preferences& preferences, const Loc
     write_titles(report);
 }
 
-void write_qiblah_row(Report& report, int precision, bool summer, const std::string& date,
-                      const QiblahDay& day, int number) {
+void write_qiblah_row(Report& report, int precision, const QiblahRow& row, int number) {
     if (number % 5 == 0)
         report.end_line();
-    report.text(summer ? "*" : "").text(date);
-    report.tab(20).text(time_text(day.first, precision)).tab(30).text(note_of(day.first));
-    report.tab(55).text(time_text(day.second, precision)).tab(70).text(note_of(day.second)).end_line();
+    report.text(row.summer ? "*" : "").text(date_text(row.date));
+    report.tab(20).text(time_text(row.day.first, precision)).tab(30).text(note_of(row.day.first));
+    report.tab(55)
+        .text(time_text(row.day.second, precision))
+        .tab(70)
+        .text(note_of(row.day.second))
+        .end_line();
 }
 
 void write_qiblah_closing(Report& report) {

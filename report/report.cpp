@@ -3,12 +3,8 @@
 
 #include "base/numberformat.h"
 
-#include <utility>
-
 namespace halvane {
 namespace {
-
-constexpr std::size_t buffer_limit = 65536;
 
 int characters(std::string_view text) {
     int count = 0;
@@ -20,18 +16,14 @@ int characters(std::string_view text) {
 
 } // namespace
 
-Report::Report(std::string path) {
-    file_.emplace(std::move(path), FileRights::of_umask);
-}
-
 Report& Report::text(std::string_view value) {
-    buffer_ += value;
+    result_.text() += value;
     column_ += characters(value);
     return *this;
 }
 
 Report& Report::spc(int count) {
-    buffer_.append(static_cast<std::size_t>(count), ' ');
+    result_.text().append(static_cast<std::size_t>(count), ' ');
     column_ += count;
     return *this;
 }
@@ -51,28 +43,14 @@ Report& Report::item(float value) {
 }
 
 Report& Report::end_line() {
-    buffer_ += "\r\n";
+    result_.text() += line_end_;
     column_ = 1;
-    if (file_ && buffer_.size() >= buffer_limit)
-        flush();
+    result_.end_line();
     return *this;
 }
 
 Report& Report::rule(int count) {
     return text(std::string(static_cast<std::size_t>(count), '=')).end_line();
-}
-
-void Report::flush() {
-    file_->write(buffer_);
-    buffer_.clear();
-}
-
-void Report::commit() {
-    if (!file_)
-        return;
-    flush();
-    file_->commit();
-    file_.reset();
 }
 
 } // namespace halvane

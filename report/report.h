@@ -1,26 +1,24 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "stored/outputfile.h"
+#include "report/textresult.h"
 
-#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace halvane {
 
 /// The print cursor of every report: texts, blanks and moves to a column, line after line. Columns count
-/// characters from 1; lines end with CR LF; the text is UTF-8.
+/// characters from 1; lines end with CR LF unless told; the text is UTF-8.
 class Report {
 public:
     /// A report that stays in memory.
     Report() = default;
-    /// A report for `path`: a result that takes its place on commit, as OutputFile tells. Until then, and
-    /// when the report is given up, an earlier file of that name stands untouched. Error  raises
-    /// RunTimeFailure when the folder cannot be written; so do the writers.
-    explicit Report(std::string path);
-    Report(const Report&) = delete;
-    Report& operator=(const Report&) = delete;
+    /// A report for `path`, as TextResult tells.
+    /// Error  raises RunTimeFailure when the folder cannot be written; so do the writers.
+    explicit Report(std::string path, const char* line_end = "\r\n")
+        : result_(std::move(path)), line_end_(line_end) {}
 
     Report& text(std::string_view value);
     /// So many blanks.
@@ -38,14 +36,13 @@ public:
     Report& rule(int count);
 
     /// Puts the report in its place.
-    void commit();
+    void commit() { result_.commit(); }
     /// What has been written and not yet passed on to a file.
-    const std::string& content() const { return buffer_; }
+    const std::string& content() const { return result_.text(); }
 
 private:
-    void flush();
-    std::optional<OutputFile> file_;
-    std::string buffer_;
+    TextResult result_;
+    const char* line_end_ = "\r\n";
     int column_ = 1;
 };
 

@@ -2,10 +2,8 @@
 #include "report/reportrun.h"
 
 #include "base/machineclock.h"
-#include "calendar/civildate.h"
 #include "calendar/moddeltat.h"
 #include "calendar/modjul.h"
-#include "report/head.h"
 
 namespace halvane {
 
@@ -32,16 +30,42 @@ double mean_delta_t(const RunDays& days) {
 }
 
 ReportPeriod report_period(const CalculationDate& date, const RunDays& days) {
-    const CalculationPeriod period = calculation_period(date);
-    return {date.one_day, period.start, period.end, mean_delta_t(days) * 86400};
+    return {date.one_day, date.start, date.end, mean_delta_t(days) * 86400};
 }
 
-void tell_progress(Progress& progress, const RunDays& days, double jd) {
-    progress.percent(days.first == days.last ? 100 : (jd - days.first) / (days.last - days.first) * 100);
+DaySettings stored_day_settings() {
+    DaySettings settings{read_pref(), {}, read_date()};
+    settings.location = read_loc();
+    const CalculationPeriod period = calculation_period(settings.date);
+    settings.date.start = period.start;
+    settings.date.end = period.end;
+    return settings;
 }
 
-std::string row_date(double jd) {
-    return date_text(civil_date(jd));
+RunOutcome each_day(const RunDays& days, Progress& progress, YieldPlace place,
+                    const std::function<RunOutcome(double jd)>& work) {
+    const double span = days.last - days.first;
+    for (double jd = days.first; jd <= days.last; jd += 1) {
+        const double percent = span == 0 ? 100 : (jd - days.first) / span * 100;
+        const RunOutcome outcome = do_row(progress, percent, place, [&] { return work(jd); });
+        if (outcome != RunOutcome::done)
+            return outcome;
+    }
+    return RunOutcome::done;
+}
+
+void add_place(Facts& facts, const Location& location) {
+    add_fact(facts, "place", location.name);
+    add_fact(facts, "longitude", longitude_of(location));
+    add_fact(facts, "latitude", latitude_of(location));
+    add_fact(facts, "elevation", location.elevation);
+    add_fact(facts, "zone", location.zone);
+}
+
+void add_period(Facts& facts, const ReportPeriod& period) {
+    add_fact(facts, "first_date", period.start);
+    add_fact(facts, "last_date", period.end);
+    add_fact(facts, "delta_t", period.delta_t);
 }
 
 } // namespace halvane

@@ -2,9 +2,12 @@
 #pragma once
 
 #include "base/progress.h"
+#include "report/run.h"
 #include "stored/date.h"
+#include "stored/loc.h"
+#include "stored/pref.h"
 
-#include <string>
+#include <functional>
 
 namespace halvane {
 
@@ -35,10 +38,24 @@ RunDays days_of(const DateNumbers& start, const DateNumbers& end);
 double mean_delta_t(const RunDays& days); ///< of the middle of the run                          [d]
 ReportPeriod report_period(const CalculationDate& date, const RunDays& days);
 
-/// Tells how far a run over `days` has come with day `jd`.
-void tell_progress(Progress& progress, const RunDays& days, double jd);
+/// What a run over days is made with, as stored when it starts; the system's date is taken then.
+struct DaySettings {
+    Preferences preferences;
+    Location location;
+    CalculationDate date; ///< `start` and `end` are the days of the run
+};
 
-/// The civil date of a day's 0 h as the rows print it.
-std::string row_date(double jd);
+/// Reads `pref.vsk`, `date.vsk`, `loc.vsk`.
+DaySettings stored_day_settings();
+
+/// Does `work` for each day of a run, from the first to the last or until it answers other than done.
+/// In     work  takes 0 h of the day as a Julian day [d]
+RunOutcome each_day(const RunDays& days, Progress& progress, YieldPlace place,
+                    const std::function<RunOutcome(double jd)>& work);
+
+/// Name, longitude, latitude, elevation and zone of a place.
+void add_place(Facts& facts, const Location& location);
+/// The first and the last day of a run, and its Delta T.
+void add_period(Facts& facts, const ReportPeriod& period);
 
 } // namespace halvane

@@ -8,6 +8,7 @@
 #include "report/head.h"
 #include "tables/moonhouse.h"
 
+#include <iterator>
 #include <string>
 
 namespace halvane {
@@ -37,6 +38,39 @@ void write_column_heads(Report& report, TableBody body) {
     report.end_line();
 }
 
+using Line = EphemerisLine;
+
+constexpr Column number_column(const char* key, const char* english, const char* arabic, const char* unit) {
+    return {key, {english, arabic}, unit, ValueType::number};
+}
+
+constexpr ColumnOf<Line> columns[] = {
+    {{"time", {"Time", "الوقت"}, "", ValueType::moment},
+     [](const Line& line) -> Value { return MomentValue{line.clock}; }},
+    {number_column("right_ascension", "R. A.", "المطلع المستقيم", "deg"),
+     [](const Line& line) -> Value { return line.row.right_ascension; }},
+    {number_column("declination", "Dec.", "الميل", "deg"),
+     [](const Line& line) -> Value { return line.row.declination; }},
+    {number_column("altitude", "Altitude", "الارتفاع", "deg"),
+     [](const Line& line) -> Value { return line.row.altitude; }},
+    {number_column("azimuth", "Azimuth", "السمت", "deg"),
+     [](const Line& line) -> Value { return line.row.azimuth; }},
+    {number_column("latitude", "Latitude", "العرض السماوي", "deg"),
+     [](const Line& line) -> Value { return line.row.latitude; }},
+    {number_column("longitude", "Longitude", "الطول السماوي", "deg"),
+     [](const Line& line) -> Value { return line.row.longitude; }},
+    {number_column("distance", "Distance", "البعد", "km"),
+     [](const Line& line) -> Value { return line.row.distance; }},
+    {number_column("semidiameter", "SD", "نصف القطر", "deg"),
+     [](const Line& line) -> Value { return line.row.semidiameter; }},
+    {number_column("parallax", "Parallax", "اختلاف المنظر", "deg"),
+     [](const Line& line) -> Value { return line.row.parallax; }},
+    {number_column("delta_t", "DT", "فرق الزمن", "s"),
+     [](const Line& line) -> Value { return line.row.delta_t; }},
+    {{"moon_house", {"Moon House", "منزلة القمر"}, "", ValueType::text},
+     [](const Line& line) -> Value { return std::string(moon_house(line.row.longitude)); }},
+};
+
 } // namespace
 
 TableBody body_of(const EphemerisSettings& settings) {
@@ -58,8 +92,14 @@ void write_ephemeris_head(Report& report, const EphemerisSettings& settings, con
     report.end_line();
 }
 
-void write_ephemeris_row(Report& report, TableBody body, double clock, const EphemerisRow& row) {
-    report.text(clock_and_date(clock));
+std::span<const ColumnOf<EphemerisLine>> ephemeris_columns(TableBody body) {
+    // The Moon's house is the last.
+    return std::span(columns).first(std::size(columns) - (body == TableBody::moon ? 0 : 1));
+}
+
+void write_ephemeris_row(Report& report, TableBody body, const EphemerisLine& line) {
+    const EphemerisRow& row = line.row;
+    report.text(clock_and_date(line.clock));
     report.tab(22).text(moddegree3(to_the_second, 'h', row.right_ascension / 15));
     report.tab(35).text(moddegree2(to_the_second, 'd', row.declination));
     report.tab(46).text(moddegree2(to_the_second, 'd', row.altitude));

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "report/column.h"
 #include "report/report.h"
 #include "stored/coor.h"
 #include "stored/loc.h"
 #include "tables/ephemerisrow.h"
+
+#include <span>
 
 namespace halvane {
 
@@ -14,9 +17,18 @@ TableBody body_of(const EphemerisSettings& settings);
 /// The head of `ephemeris.out`.
 void write_ephemeris_head(Report& report, const EphemerisSettings& settings, const Location& location);
 
-/// One row. `clock` is the row's local clock as a Julian day [d]; the Moon's row ends in her house.
+/// A line of the table.
+struct EphemerisLine {
+    double clock = 0; ///< local, as a Julian day                                                    [d]
+    EphemerisRow row;
+};
+
+/// What it holds; the Moon's ends in her house.
+std::span<const ColumnOf<EphemerisLine>> ephemeris_columns(TableBody body);
+
+/// One row.
 /// Error  raises RunTimeFailure for a value that is not finite.
-void write_ephemeris_row(Report& report, TableBody body, double clock, const EphemerisRow& row);
+void write_ephemeris_row(Report& report, TableBody body, const EphemerisLine& line);
 
 /// The rule and the remarks after the last row.
 void write_ephemeris_closing(Report& report);

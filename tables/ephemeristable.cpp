@@ -3,17 +3,18 @@
 
 #include "base/failure.h"
 #include "base/numberformat.h"
-#include "base/record.h"
 #include "calendar/civildate.h"
 #include "calendar/modjul.h"
 #include "calendar/yearlimits.h"
+#include "report/reportrun.h"
 #include "settings/enginesettings.h"
 #include "stored/loc.h"
-#include "stored/programfolder.h"
 #include "tables/ephemerisreport.h"
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
+#include <utility>
 
 namespace halvane {
 
@@ -24,7 +25,11 @@ const TwinMessage end_before_start{
 namespace {
 
 constexpr double beyond_the_end = 1e-8; // [d]
-constexpr int rows_of_a_group = 4;
+
+bool is_end_of_group(int rows) {
+    constexpr int rows_of_a_group = 4;
+    return rows % rows_of_a_group == 0;
+}
 
 double summer_hours(const EphemerisSettings& settings) {
     return settings.summer_time == 1 ? 1 : 0;
@@ -50,37 +55,78 @@ double unit_days(int unit) {
     }
 }
 
-void tell_progress(Progress& progress, const TableSpan& span, double row) {
-    const double percent =
-        span.start == span.end ? 100 : (row + 1) / ((span.end - span.start) / span.step) * 100;
-    progress.percent(std::min(percent, 100.0));
-}
+class EphemerisRun final : public RunOf<EphemerisLine> {
+public:
+    EphemerisRun(TheoryPointer theory, const EphemerisSettings& settings, Location location)
+        : theory_(std::move(theory)), settings_(settings), location_(std::move(location)),
+          span_(table_span(settings_, location_.zone)) {}
 
-RunOutcome write_rows(Ephemeris& ephemeris, Report& report, const EphemerisSettings& settings,
-                      const TableSpan& span, const Location& location, Progress& progress) {
-    const TableBody body = body_of(settings);
-    const Observer observer = observer_of(location);
-    const TimeScale scale = settings.local_ut1 ? TimeScale::ut1 : TimeScale::dynamical;
-    const double clock_ahead = (location.zone + summer_hours(settings)) / 24;
-    // Where a far start cannot be told from the next row, the count ends the table.
-    const double last_row = (span.end - span.start) / span.step + 0.5;
-    int in_group = 0;
-    double jd = span.start;
-    for (double n = 0; n <= last_row && jd <= span.end + beyond_the_end; jd = span.start + ++n * span.step) {
-        tell_progress(progress, span, n);
-        about_day(jd + clock_ahead, [&] {
-            write_ephemeris_row(report, body, jd + clock_ahead,
-                                ephemeris_row(ephemeris, {jd, scale}, observer, body, settings.geocentric));
-        });
-        if (!progress.yield())
-            return RunOutcome::cancelled;
-        if (++in_group == rows_of_a_group) {
-            report.end_line();
-            in_group = 0;
-        }
+    const char* task() const override { return "ephemeris"; }
+    const char* report_name() const override { return "ephemeris.out"; }
+
+    RunOutcome each_row(const TakeRow& take, Progress& progress) const override {
+        return about_place(location_.name, [&] { return each_step(take, progress); });
     }
-    return RunOutcome::done;
-}
+
+    std::span<const ColumnOf<EphemerisLine>> columns() const override {
+        return ephemeris_columns(body_of(settings_));
+    }
+
+    Facts facts() const override {
+        Facts facts;
+        add_place(facts, location_);
+        add_fact(facts, "body", std::string(body_of(settings_) == TableBody::sun ? "Sun" : "Moon"));
+        add_fact(facts, "geocentric", settings_.geocentric);
+        add_fact(facts, "time_reference", std::string(settings_.local_ut1 ? "UT1" : "TDT"));
+        add_fact(facts, "summer_time", settings_.summer_time == 1);
+        return facts;
+    }
+
+private:
+    RunOutcome each_step(const TakeRow& take, Progress& progress) const {
+        Ephemeris ephemeris(theory_);
+        const TableBody body = body_of(settings_);
+        const Observer observer = observer_of(location_);
+        const TimeScale scale = settings_.local_ut1 ? TimeScale::ut1 : TimeScale::dynamical;
+        const double clock_ahead = (location_.zone + summer_hours(settings_)) / 24;
+        const double steps = (span_.end - span_.start) / span_.step;
+        // Where a far start cannot be told from the next row, the count ends the table.
+        const double last_row = steps + 0.5;
+        double jd = span_.start;
+        for (double n = 0; n <= last_row && jd <= span_.end + beyond_the_end;
+             jd = span_.start + ++n * span_.step) {
+            const double percent = span_.start == span_.end ? 100 : std::min((n + 1) / steps * 100, 100.0);
+            const RunOutcome outcome = do_row(progress, percent, YieldPlace::after_row, [&] {
+                about_day(jd + clock_ahead, [&] {
+                    take({jd + clock_ahead,
+                          ephemeris_row(ephemeris, {jd, scale}, observer, body, settings_.geocentric)});
+                });
+                return RunOutcome::done;
+            });
+            if (outcome != RunOutcome::done)
+                return outcome;
+        }
+        return RunOutcome::done;
+    }
+
+    void write_head(Report& report) const override { write_ephemeris_head(report, settings_, location_); }
+    void write_row(Report& report, const EphemerisLine& line, int number) const override {
+        // The line between two groups is written with the second: a cancelled table ends without one.
+        if (number > 1 && is_end_of_group(number - 1))
+            report.end_line();
+        write_ephemeris_row(report, body_of(settings_), line);
+    }
+    void write_closing(Report& report, RunOutcome outcome, int rows) const override {
+        if (outcome == RunOutcome::done && is_end_of_group(rows))
+            report.end_line();
+        write_ephemeris_closing(report);
+    }
+
+    TheoryPointer theory_;
+    EphemerisSettings settings_;
+    Location location_;
+    TableSpan span_;
+};
 
 } // namespace
 
@@ -120,23 +166,14 @@ std::optional<TableRefusal> refused_table(const EphemerisSettings& settings) {
                               "، يرجى اختيار فاصل زمني أطول أو مدة أقصر."}}};
 }
 
-RunOutcome write_ephemeris_report(const TheoryPointer& theory, const EphemerisSettings& settings,
-                                  Progress& progress) {
+RunPointer ephemeris_run(const TheoryPointer& theory, const EphemerisSettings& settings) {
     if (refused_table(settings))
-        return RunOutcome::refused;
-    // A copy: the panels that a yield lets run may store another place.
-    const Location location = read_loc(); // NOLINT(performance-unnecessary-copy-initialization)
+        return nullptr;
+    const Location& location = read_loc();
     const TableSpan span = table_span(settings, location.zone);
     if (span.end < span.start)
-        return RunOutcome::refused;
-    Ephemeris ephemeris(theory);
-    Report report(program_path("ephemeris.out"));
-    write_ephemeris_head(report, settings, location);
-    const RunOutcome outcome = about_place(
-        location.name, [&] { return write_rows(ephemeris, report, settings, span, location, progress); });
-    write_ephemeris_closing(report);
-    report.commit();
-    return outcome;
+        return nullptr;
+    return std::make_shared<EphemerisRun>(theory, settings, location);
 }
 
 } // namespace halvane

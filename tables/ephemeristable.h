@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "base/progress.h"
 #include "base/twintext.h"
 #include "ephemeris/ephemeris.h"
+#include "report/run.h"
 #include "stored/coor.h"
 
 #include <optional>
@@ -39,17 +39,13 @@ struct TableRefusal {
 /// can be written. Reads `loc.vsk`.
 std::optional<TableRefusal> refused_table(const EphemerisSettings& settings);
 
-/// Writes `ephemeris.out`: a row at start + n step for every n until the end (and 1e-8 d beyond, so that an
-/// interval that divides the span keeps its last row).
-/// Reads `loc.vsk`; needs the arrays of `mterm.vsk` and of `termfull.vsk` (Sun) or `elp.vsk` (Moon).
-/// Returns refused when the end comes before the start (see end_before_start), and for a table of
-///         refused_table: nothing is written then;
-///         cancelled with the rows so far and the remarks in the file.
-/// Error   raises RunTimeFailure; an earlier `ephemeris.out` then stands.
-RunOutcome write_ephemeris_report(const TheoryPointer& theory, const EphemerisSettings& settings,
-                                  Progress& progress);
+/// The table, `ephemeris.out`: a row at start + n step for every n until the end (and 1e-8 d beyond, so that
+/// an interval that divides the span keeps its last row). Nothing for a table of refused_table, nor when the
+/// end comes before the start (see end_before_start). In     theory  with `mterm.vsk` and `termfull.vsk`
+/// (Sun) or `elp.vsk` (Moon) Reads `loc.vsk`.
+RunPointer ephemeris_run(const TheoryPointer& theory, const EphemerisSettings& settings);
 
-/// What the user is told when the table is refused.
+/// What the user is told of an end before the start.
 extern const TwinMessage end_before_start;
 
 } // namespace halvane

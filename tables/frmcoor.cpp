@@ -184,10 +184,13 @@ void frmcoor::cmdcalc_click() {
     // The panel may be closed, and so deleted, while the run lets events happen.
     const QPointer<frmcoor> panel(this);
     ui_->cmdcalc->setEnabled(false);
-    RunOutcome outcome = RunOutcome::cancelled;
+    RunPointer run;
+    RunOutcome outcome = RunOutcome::refused;
     {
         WaitProgress progress(windowTitle(), this);
-        outcome = write_ephemeris_report(loaded_theory(), settings, progress);
+        run = ephemeris_run(loaded_theory(), settings);
+        if (run != nullptr)
+            outcome = write_report(*run, progress);
     }
     if (panel != nullptr)
         ui_->cmdcalc->setEnabled(true);
@@ -199,7 +202,7 @@ void frmcoor::cmdcalc_click() {
         return;
     if (panel != nullptr)
         close();
-    platform().show_text_file("ephemeris.out");
+    platform().show_report(run->report_name(), run);
 }
 
 void frmcoor::refuse(const TableRefusal& refused) {

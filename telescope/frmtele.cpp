@@ -199,7 +199,8 @@ void frmtele::cmdcalc_click() {
         ask_again(*ui_->txtyear);
         return;
     }
-    const std::optional<TelescopePointing> pointing = telescope_pointing(loaded_theory(), settings);
+    const std::optional<TelescopePointing> pointing =
+        telescope_pointing(loaded_theory(), settings, read_pref(), read_loc());
     if (!pointing) {
         warn(this, moon_below_horizon, language_);
         return;

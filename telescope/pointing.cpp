@@ -19,10 +19,10 @@ using std::cos;
 using std::sin;
 using std::tan;
 
-Instant instant_of(const TelescopeSettings& settings, const Location& location) {
-    int summer = 0;
-    modsummer(settings.day, settings.month, settings.year, summer);
-    const double zone = location.zone + summer;
+Instant instant_of(const TelescopeSettings& settings, const Preferences& preferences,
+                   const Location& location) {
+    const bool summer = in_summer_time(preferences, settings.year, settings.month, settings.day);
+    const double zone = location.zone + (summer ? 1 : 0);
     double jd = 0;
     modjul(settings.year, settings.month, settings.day, settings.hour + settings.minute / 60 - zone, jd);
     return Instant::of_ut1(require_finite(jd, {"the telescope's date", "تاريخ التلسكوب"}));
@@ -75,8 +75,8 @@ void take_to_j2000(const Instant& instant, SkyPlace& place) {
 }
 
 std::optional<TelescopePointing> pointing_of(Ephemeris& ephemeris, const TelescopeSettings& settings,
-                                             const Location& location) {
-    const Instant instant = instant_of(settings, location);
+                                             const Preferences& preferences, const Location& location) {
+    const Instant instant = instant_of(settings, preferences, location);
     const Observer observer = observer_of(location);
     const SunPlace sun = sun_medium(ephemeris, instant, observer);
     const MoonPlace moon = moon_medium(ephemeris, instant, observer);
@@ -107,12 +107,13 @@ std::optional<TelescopePointing> pointing_of(Ephemeris& ephemeris, const Telesco
 } // namespace
 
 std::optional<TelescopePointing> telescope_pointing(const TheoryPointer& theory,
-                                                    const TelescopeSettings& settings) {
+                                                    const TelescopeSettings& settings,
+                                                    const Preferences& preferences,
+                                                    const Location& location) {
     Ephemeris ephemeris(theory);
-    const Location location = read_loc();
     return about_place(location.name, [&] {
         return about_day(DateNumbers{settings.year, settings.month, settings.day},
-                         [&] { return pointing_of(ephemeris, settings, location); });
+                         [&] { return pointing_of(ephemeris, settings, preferences, location); });
     });
 }
 

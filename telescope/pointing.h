@@ -2,6 +2,8 @@
 #pragma once
 
 #include "ephemeris/ephemeris.h"
+#include "stored/loc.h"
+#include "stored/pref.h"
 #include "stored/tele.h"
 
 #include <optional>
@@ -31,11 +33,13 @@ inline constexpr double lowest_moon_altitude = -1;
 /// The Sun, the Moon and the crescent at the local date and clock of `settings`, with refraction and in the
 /// coordinates of J2000 where these ask for it. Refraction moves the right ascension and the declination too.
 /// The flips are not read. No value when the Moon stands below lowest_moon_altitude.
-/// Reads `loc.vsk` and `pref.vsk` (summer time); needs `term.vsk`, `mterm.vsk` and `elp.vsk`.
+/// In     theory       with `term.vsk`, `mterm.vsk` and `elp.vsk`
+///        preferences  for the summer time
 /// Source bright limb: Meeus, Astronomical Algorithms, chapters "Illuminated Fraction of the Moon's Disk" and
 ///        "The Parallactic Angle".
 /// Error  raises RunTimeFailure when a place has no finite value.
 std::optional<TelescopePointing> telescope_pointing(const TheoryPointer& theory,
-                                                    const TelescopeSettings& settings);
+                                                    const TelescopeSettings& settings,
+                                                    const Preferences& preferences, const Location& location);
 
 } // namespace halvane

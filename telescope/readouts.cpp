@@ -3,6 +3,10 @@
 
 #include "calendar/moddegree.h"
 
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+
 namespace halvane {
 
 const TwinMessage moon_below_horizon{{"Moon is Invisible", "القمر غير موجود"},
@@ -16,18 +20,25 @@ struct Labels {
 
 } // namespace
 
+std::array<ReadOut, 4> readouts_of(PointedBody body, const SkyPlace& place) {
+    constexpr std::array<Labels, 3> of_bodies{{{"lblsunrav", "lblsundecv", "lblsunaltv", "lblsunazmv"},
+                                               {"lblmoonrav", "lblmoondecv", "lblmoonaltv", "lblmoonazmv"},
+                                               {"lblcrsrav", "lblcrsdecv", "lblcrsaltv", "lblcrsazmv"}}};
+    const Labels& labels = of_bodies.at(static_cast<std::size_t>(body));
+    return {{{labels.right_ascension, moddegree3(to_the_second, 'h', place.right_ascension / 15)},
+             {labels.declination, moddegree(to_the_second, 'd', place.declination)},
+             {labels.altitude, moddegree(to_the_second, 'd', place.altitude)},
+             {labels.azimuth, moddegree3(to_the_second, 'd', place.azimuth)}}};
+}
+
 std::array<ReadOut, 12> telescope_readouts(const TelescopePointing& pointing) {
-    constexpr std::array<Labels, 3> labels{{{"lblsunrav", "lblsundecv", "lblsunaltv", "lblsunazmv"},
-                                            {"lblmoonrav", "lblmoondecv", "lblmoonaltv", "lblmoonazmv"},
-                                            {"lblcrsrav", "lblcrsdecv", "lblcrsaltv", "lblcrsazmv"}}};
-    const std::array<const SkyPlace*, 3> places{&pointing.sun, &pointing.moon, &pointing.crescent};
     std::array<ReadOut, 12> readouts;
-    for (std::size_t i = 0; i < places.size(); ++i) {
-        readouts[4 * i] = {labels[i].right_ascension,
-                           moddegree3(to_the_second, 'h', places[i]->right_ascension / 15)};
-        readouts[4 * i + 1] = {labels[i].declination, moddegree(to_the_second, 'd', places[i]->declination)};
-        readouts[4 * i + 2] = {labels[i].altitude, moddegree(to_the_second, 'd', places[i]->altitude)};
-        readouts[4 * i + 3] = {labels[i].azimuth, moddegree3(to_the_second, 'd', places[i]->azimuth)};
+    auto* next = readouts.begin();
+    for (const auto& [body, place] :
+         {std::pair{PointedBody::sun, pointing.sun}, std::pair{PointedBody::moon, pointing.moon},
+          std::pair{PointedBody::crescent, pointing.crescent}}) {
+        std::array<ReadOut, 4> four = readouts_of(body, place);
+        next = std::move(four.begin(), four.end(), next);
     }
     return readouts;
 }

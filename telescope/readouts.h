@@ -15,8 +15,13 @@ struct ReadOut {
     std::string text;
 };
 
-/// The twelve read-outs, to the second: of the Sun, the Moon and the crescent, each by right ascension,
-/// declination, altitude and azimuth.
+/// The bodies of a pointing.
+enum class PointedBody { sun, moon, crescent };
+
+/// The four read-outs of a body, to the second: right ascension, declination, altitude, azimuth.
+std::array<ReadOut, 4> readouts_of(PointedBody body, const SkyPlace& place);
+
+/// The read-outs of the Sun, the Moon and the crescent.
 std::array<ReadOut, 12> telescope_readouts(const TelescopePointing& pointing);
 
 /// What the user is told when the Moon is too low.

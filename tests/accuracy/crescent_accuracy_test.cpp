@@ -157,7 +157,7 @@ TEST_F(CrescentAccuracy, CircumstancesOf200EveningsAndMornings) {
     DayEvents events;
     for (int evenings = 0; evenings < 200;) {
         const Evening evening = random_evening(engine);
-        const CrescentRun run{evening.settings, read_pref(), evening.place};
+        const CrescentRecords run{evening.settings, read_pref(), evening.place};
         const Conjunction found = find_conjunction(named_ephemeris(), run);
         const auto c = crescent_circumstances(named_ephemeris(), run, found, events);
         if (!c)

@@ -53,7 +53,7 @@ protected:
         return false;
     }
 
-    LinuxPlatform platform_{[](const std::string&) {}};
+    LinuxPlatform platform_{[](const std::string&, const auto& /*run*/) {}};
 
 private:
     QTemporaryDir home_;

@@ -54,15 +54,19 @@ protected:
         write_loc(place_at(45, 25, 3));
     }
     Circumstances at(const CrescentSettings& settings) {
-        const CrescentRun run = read_crescent_run(settings);
+        const CrescentRecords run = read_crescent_records(settings);
         const auto found =
             crescent_circumstances(named_ephemeris(), run, find_conjunction(named_ephemeris(), run), events);
         EXPECT_TRUE(found.has_value());
         return found.value_or(Circumstances{});
     }
     bool write_stored(const CrescentSettings& settings) {
-        const CrescentRun run = read_crescent_run(settings);
-        return write_crescent_report(loaded_theory(), run, find_conjunction(named_ephemeris(), run), events);
+        const CrescentRecords values = read_crescent_records(settings);
+        NoProgress progress;
+        write_report(
+            *crescent_run(loaded_theory(), values, find_conjunction(named_ephemeris(), values), events),
+            progress);
+        return folder.read("visib.out").find("* Settings:-") != std::string::npos;
     }
     std::string report(const CrescentSettings& settings) {
         write_stored(settings);
@@ -369,8 +373,8 @@ TEST_F(Circumstance, EventsAreThoseOfThePrayerAndTheMoonReport) {
             period.start = period.end = date;
             write_date(period);
             RecordingProgress progress;
-            ASSERT_EQ(write_prayer_report(loaded_theory(), progress), RunOutcome::done);
-            ASSERT_EQ(write_moon_report(loaded_theory(), progress), RunOutcome::done);
+            ASSERT_EQ(write_report(*prayer_run(loaded_theory()), progress), RunOutcome::done);
+            ASSERT_EQ(write_report(*moon_run(loaded_theory()), progress), RunOutcome::done);
             const std::string crescent = report(settings);
             // The row of the day: date, then the columns of the seconds' layout.
             const auto row_of = [&date](const std::string& text) {
@@ -390,7 +394,7 @@ TEST_F(Circumstance, EventsAreThoseOfThePrayerAndTheMoonReport) {
 TEST_F(Circumstance, ItsValuesAreAllItTakes) {
     const CrescentSettings settings = timed(crescent_near(29, 3, 2025), 2, 1);
     const Circumstances stored = at(settings);
-    const CrescentRun run = read_crescent_run(settings);
+    const CrescentRecords run = read_crescent_records(settings);
     for (const char* name : {"loc.vsk", "pref.vsk", "visib.vsk"})
         std::filesystem::remove((folder / name).string());
     EXPECT_THROW(read_loc(), RunTimeFailure);

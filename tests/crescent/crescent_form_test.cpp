@@ -10,14 +10,12 @@
 #include "tests/support/programfolder.h"
 
 #include <array>
-#include <filesystem>
 #include <gtest/gtest.h>
 #include <string>
 
 namespace halvane {
 namespace {
 
-namespace fs = std::filesystem;
 using Texts = std::array<std::string, 3>;
 
 /// A program folder of Amman's with the delivered series.
@@ -80,7 +78,7 @@ TEST_F(CrescentRulesTest, NothingIsPreparedAtFirst) {
 
 TEST_F(CrescentRulesTest, ANewCrescentOffersTheDaysAfterTheConjunction) {
     CrescentRules form;
-    form.prepare(loaded_theory(), read_crescent_run(march_2025()));
+    form.prepare(loaded_theory(), read_crescent_records(march_2025()));
     ASSERT_TRUE(form.is_prepared());
     EXPECT_EQ(form.dates(true), (Texts{"29/03/2025  CE", "30/03/2025  CE", "31/03/2025  CE"}));
     EXPECT_EQ(tdtinput, 0);
@@ -88,7 +86,7 @@ TEST_F(CrescentRulesTest, ANewCrescentOffersTheDaysAfterTheConjunction) {
 
 TEST_F(CrescentRulesTest, AnOldCrescentOffersTheDaysBeforeTheConjunction) {
     CrescentRules form;
-    form.prepare(loaded_theory(), read_crescent_run(march_2025()));
+    form.prepare(loaded_theory(), read_crescent_records(march_2025()));
     EXPECT_EQ(form.dates(false), (Texts{"29/03/2025  CE", "28/03/2025  CE", "27/03/2025  CE"}));
 }
 
@@ -100,10 +98,10 @@ TEST_F(CrescentRulesTest, AHijriMonthStartsAtOneConjunctionAndEndsAtTheNext) {
     ramadan.hijri_month = 8;
     ramadan.hijri_year = "1446";
     CrescentRules form;
-    form.prepare(loaded_theory(), read_crescent_run(ramadan));
+    form.prepare(loaded_theory(), read_crescent_records(ramadan));
     EXPECT_EQ(form.dates(true)[0], "28/02/2025  CE");
     ramadan.new_crescent = false;
-    form.prepare(loaded_theory(), read_crescent_run(ramadan));
+    form.prepare(loaded_theory(), read_crescent_records(ramadan));
     EXPECT_EQ(form.dates(false)[0], "29/03/2025  CE");
 }
 
@@ -112,7 +110,7 @@ TEST_F(CrescentRulesTest, TheDateIsThatOfTheLocalClock) {
     kiritimati.zone = 14;
     write_loc(kiritimati);
     CrescentRules form;
-    form.prepare(loaded_theory(), read_crescent_run(march_2025()));
+    form.prepare(loaded_theory(), read_crescent_records(march_2025()));
     EXPECT_EQ(form.dates(true)[0], "30/03/2025  CE");
 }
 
@@ -120,7 +118,7 @@ TEST_F(CrescentRulesTest, AYearWithoutDigitsIsTheYearZero) {
     CrescentSettings settings = march_2025();
     settings.year = "next";
     CrescentRules form;
-    form.prepare(loaded_theory(), read_crescent_run(settings));
+    form.prepare(loaded_theory(), read_crescent_records(settings));
     EXPECT_TRUE(form.is_prepared());
     EXPECT_EQ(form.dates(true)[0].size(), std::string("dd/mm/0  CE").size());
     EXPECT_TRUE(form.dates(true)[0].ends_with("/0  CE")) << form.dates(true)[0];
@@ -128,7 +126,7 @@ TEST_F(CrescentRulesTest, AYearWithoutDigitsIsTheYearZero) {
 
 TEST_F(CrescentRulesTest, AResetDropsTheConjunction) {
     CrescentRules form;
-    form.prepare(loaded_theory(), read_crescent_run(march_2025()));
+    form.prepare(loaded_theory(), read_crescent_records(march_2025()));
     form.reset();
     EXPECT_FALSE(form.is_prepared());
 }
@@ -136,11 +134,12 @@ TEST_F(CrescentRulesTest, AResetDropsTheConjunction) {
 TEST_F(CrescentRulesTest, ACalculationStoresTheChoicesAndWritesTheReport) {
     CrescentSettings settings = march_2025();
     CrescentRules form;
-    form.prepare(loaded_theory(), read_crescent_run(settings));
+    form.prepare(loaded_theory(), read_crescent_records(settings));
     settings.two_days = true;
     settings.one_day = false;
     DayEvents events;
-    form.calculate(loaded_theory(), read_crescent_run(settings), events);
+    NoProgress progress;
+    write_report(*form.calculate(loaded_theory(), read_crescent_records(settings), events), progress);
     EXPECT_EQ(read_visib(), settings);
     EXPECT_NE(report().find("- Crescent Visibility on: Monday  31/03/2025 CE\r\n"), std::string::npos);
     EXPECT_EQ(tdtinput, 0);

@@ -26,7 +26,7 @@ inline CrescentSettings crescent_near(int day, int month, int year, bool new_cre
 
 /// The conjunction of some choices at the stored location.
 inline Conjunction stored_conjunction(const CrescentSettings& settings) {
-    return find_conjunction(named_ephemeris(), read_crescent_run(settings));
+    return find_conjunction(named_ephemeris(), read_crescent_records(settings));
 }
 
 /// The map of a conjunction near a date.

@@ -14,9 +14,11 @@ class CrescentGolden : public ::testing::TestWithParam<std::string> {};
 TEST_P(CrescentGolden, ReportIsTheSameByteForByte) {
     expect_golden_report("crescent/" + GetParam(), "visib.out", [] {
         load_series();
-        const CrescentRun run = read_crescent_run(read_visib());
+        const CrescentRecords run = read_crescent_records(read_visib());
         DayEvents events;
-        write_crescent_report(loaded_theory(), run, find_conjunction(named_ephemeris(), run), events);
+        NoProgress progress;
+        write_report(*crescent_run(loaded_theory(), run, find_conjunction(named_ephemeris(), run), events),
+                     progress);
     });
 }
 

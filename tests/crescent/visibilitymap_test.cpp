@@ -344,7 +344,7 @@ TEST_F(VisibilityMap, ClassesAgreeWithTheCrescentReportAwayFromTheBands) {
     for (int longitude = -165; longitude <= 165; longitude += 30)
         for (int latitude = -45; latitude <= 45; latitude += 15) {
             write_loc(place_at(longitude, latitude, zone_of_longitude(longitude)));
-            const CrescentRun crescent = read_crescent_run(crescent_near(29, 3, 2025));
+            const CrescentRecords crescent = read_crescent_records(crescent_near(29, 3, 2025));
             Conjunction conjunction = find_conjunction(named_ephemeris(), crescent);
             // The report's day counts from the local date of the conjunction, the map's from that of UT1.
             conjunction.local = run.conjunction.days[0] + 0.5;

@@ -133,8 +133,8 @@ TEST_F(MoonTest, ArgumentsAtTheEpochAreTheirConstantParts) {
     double latitude = 0;
     double distance = 385000.57;
     const MoonSeries& s = loaded_theory()->elp();
-    const auto sum = [](const Column& amplitude, const Column& a0, std::size_t first, std::size_t count,
-                        auto wave) {
+    const auto sum = [](const SeriesColumn& amplitude, const SeriesColumn& a0, std::size_t first,
+                        std::size_t count, auto wave) {
         double total = 0;
         for (std::size_t i = first; i < first + count; ++i)
             total += amplitude[i] * wave(a0[i] * radians_per_degree);

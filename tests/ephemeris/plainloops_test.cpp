@@ -261,7 +261,7 @@ std::array<TermGroup, 2> both_functions(std::size_t rows) {
     return {{{TermFunction::sine, 0, 0, padded(rows), 0}, {TermFunction::cosine, 0, 0, padded(rows), 1}}};
 }
 
-double total_amplitude(const Column& amplitude, std::size_t rows) {
+double total_amplitude(const SeriesColumn& amplitude, std::size_t rows) {
     double total = 0;
     for (std::size_t i = 0; i < rows; ++i)
         total += std::fabs(amplitude[i]);

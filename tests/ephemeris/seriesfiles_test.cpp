@@ -204,20 +204,20 @@ protected:
     /// Everything that the files give, as numbers.
     static std::vector<double> loaded() {
         std::vector<double> all;
-        const auto add = [&all](const Column& column) {
+        const auto add = [&all](const SeriesColumn& column) {
             all.insert(all.end(), column.begin(), column.end());
         };
         for (const SunSeries* s : {&loaded_theory()->termfull(), &loaded_theory()->term()})
-            for (const Column* column : {&s->amplitude, &s->phase, &s->frequency})
+            for (const SeriesColumn* column : {&s->amplitude, &s->phase, &s->frequency})
                 add(*column);
         for (const PeriodicTerms* t : {&loaded_theory()->mterm().nutation, &loaded_theory()->mterm().moon})
-            for (const Column* column : {&t->d, &t->m, &t->m_prime, &t->f, &t->omega, &t->sine, &t->sine_rate,
-                                         &t->cosine, &t->cosine_rate})
+            for (const SeriesColumn* column : {&t->d, &t->m, &t->m_prime, &t->f, &t->omega, &t->sine,
+                                               &t->sine_rate, &t->cosine, &t->cosine_rate})
                 add(*column);
         const MoonMainTerms& main = loaded_theory()->elp().main;
         const MoonSecondaryTerms& secondary = loaded_theory()->elp().secondary;
-        for (const Column* column : {&main.amplitude, &main.a0, &main.a1, &main.a2, &main.a3, &main.a4,
-                                     &secondary.amplitude, &secondary.a0, &secondary.a1})
+        for (const SeriesColumn* column : {&main.amplitude, &main.a0, &main.a1, &main.a2, &main.a3, &main.a4,
+                                           &secondary.amplitude, &secondary.a0, &secondary.a1})
             add(*column);
         return all;
     }

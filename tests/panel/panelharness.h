@@ -47,6 +47,10 @@ struct SeenMessage {
 class RecordingPlatform : public Platform {
 public:
     void show_text_file(const std::string& name) override { shown_files.push_back(name); }
+    void show_report(const std::string& name, const std::shared_ptr<const Run>& run) override {
+        shown_files.push_back(name);
+        shown_run = run;
+    }
     std::string short_time(int hour, int minute, int second) override;
     void keep_on_top(void* panel, bool on_top) override { kept_on_top.push_back({panel, on_top}); }
     void create_shortcut(const Shortcut& shortcut) override {
@@ -68,6 +72,7 @@ public:
     }
 
     std::vector<std::string> shown_files;
+    std::shared_ptr<const Run> shown_run; ///< of the report shown last
     struct OnTop {
         void* panel;
         bool on_top;

@@ -274,8 +274,7 @@ TEST_F(SupportTest, ADialogMayGoWithItsOwnerWhileItWaits) {
             EXPECT_FALSE(ask(owner, QString(), QStringLiteral("a question?"), Language::english));
         },
         [](QWidget* owner) {
-            EXPECT_EQ(choose_save_file(owner, QString(), QStringLiteral("a.txt"), QString(), QString()),
-                      QString());
+            EXPECT_EQ(choose_save_file(owner, QString(), QStringLiteral("a.txt"), {}), QString());
         },
         [](QWidget* owner) {
             EXPECT_EQ(choose_picture_file(owner, QString(), QStringLiteral("a.gif"), QString()), QString());

@@ -3,6 +3,7 @@
 #include "panel/messages.h"
 #include "panel/textview.h"
 #include "panel/viewer.h"
+#include "report/run.h"
 #include "stored/textfile.h"
 #include "tests/panel/panelchecks.h"
 
@@ -12,6 +13,7 @@
 #include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <memory>
 #include <sys/resource.h>
 
 namespace halvane {
@@ -159,6 +161,73 @@ TEST_F(ViewerTest, SaveAsToAFolderThatIsNotThereIsTold) {
     click(viewer, "cmdsave");
     ASSERT_EQ(messages.size(), 1U);
     EXPECT_TRUE(messages[0].text.contains(QStringLiteral("copy.txt")));
+}
+
+/// A run of one row.
+class OneRow final : public RunOf<int> {
+public:
+    const char* task() const override { return "one"; }
+    const char* report_name() const override { return "results.out"; }
+    RunOutcome each_row(const TakeRow& take, Progress& progress) const override {
+        return do_row(progress, 100, YieldPlace::after_row, [&] {
+            take(7);
+            return RunOutcome::done;
+        });
+    }
+    std::span<const ColumnOf<int>> columns() const override {
+        static constexpr ColumnOf<int> all[] = {{{"number", {"Number", "العدد"}, "", ValueType::whole},
+                                                 [](const int& row) -> Value { return row; }}};
+        return all;
+    }
+    Facts facts() const override { return {}; }
+
+private:
+    void write_head(Report& /*report*/) const override {}
+    void write_row(Report& /*report*/, const int& /*row*/, int /*number*/) const override {}
+    void write_closing(Report& /*report*/, RunOutcome /*outcome*/, int /*rows*/) const override {}
+};
+
+TEST_F(ViewerTest, AReportOfARunIsSavedInTheFormatOfTheNamesEnding) {
+    Viewer viewer(file(), std::make_shared<OneRow>());
+    std::string name;
+    set_file_chooser([&](const QString&, const QString&) { return QString::fromStdString(path(name)); });
+    for (const char* chosen : {"rows.csv", "ROWS.JSON", "rows.txt"}) {
+        name = chosen;
+        click(viewer, "cmdsave");
+    }
+    EXPECT_EQ(content("rows.csv"), "number\r\n7\r\n");
+    EXPECT_NE(content("ROWS.JSON").find(R"({"number":7})"), std::string::npos);
+    EXPECT_EQ(content("rows.txt"), content("results.out"));
+    EXPECT_TRUE(messages.empty());
+}
+
+TEST_F(ViewerTest, ATextWithoutARunIsSavedAsItIsWhateverItsNamesEnding) {
+    Viewer viewer(file());
+    set_file_chooser(
+        [&](const QString&, const QString&) { return QString::fromStdString(path("copy.csv")); });
+    click(viewer, "cmdsave");
+    EXPECT_EQ(content("copy.csv"), content("results.out"));
+}
+
+TEST_F(ViewerTest, RowsThatCannotBeSavedAreToldAndNothingIsLeft) {
+    Viewer viewer(file(), std::make_shared<OneRow>());
+    set_file_chooser(
+        [&](const QString&, const QString&) { return QString::fromStdString(path("no/such/rows.csv")); });
+    click(viewer, "cmdsave");
+    ASSERT_EQ(messages.size(), 1U);
+    EXPECT_TRUE(messages[0].text.contains(QStringLiteral("rows.csv")));
+    EXPECT_EQ(open_window("frmwait"), nullptr);
+}
+
+TEST_F(ViewerTest, AnotherKindOfFileGivesTheNameItsEnding) {
+    const SaveKind text{QStringLiteral("Text (*.out)"), QStringLiteral("out")};
+    const SaveKind csv{QStringLiteral("CSV (*.csv)"), QStringLiteral("csv")};
+    const QList<SaveKind> kinds{text, csv};
+    EXPECT_EQ(name_of_kind(QStringLiteral("results.out"), csv, kinds), QStringLiteral("results.csv"));
+    EXPECT_EQ(name_of_kind(QStringLiteral("May.CSV"), text, kinds), QStringLiteral("May.out"));
+    EXPECT_EQ(name_of_kind(QStringLiteral("May 1.5"), csv, kinds), QStringLiteral("May 1.5.csv"))
+        << "what is no kind's ending belongs to the name";
+    EXPECT_EQ(name_of_kind(QString(), csv, kinds), QString());
 }
 
 /// As on a full disk: while it lives, no file of this process grows beyond `bytes`.

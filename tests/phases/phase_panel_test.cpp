@@ -218,10 +218,10 @@ TEST_F(PhasePanel, AnOpenPanelDoesNotReachThePrayerReport) {
     Preferences seconds = read_pref();
     seconds.clock_precision = "0";
     write_pref(seconds);
-    write_prayer_report(loaded_theory(), progress);
+    write_report(*prayer_run(loaded_theory()), progress);
     const std::string alone = content("results.out");
     frmphase form;
-    write_prayer_report(loaded_theory(), progress);
+    write_report(*prayer_run(loaded_theory()), progress);
     EXPECT_EQ(content("results.out"), alone);
     EXPECT_EQ(tdtinput, 1);
 }
@@ -247,20 +247,13 @@ TEST_F(PhasePanel, APanelOpenedInMidRunReachesNoReport) {
         settings.unit = 2;
         return settings;
     }();
-    const std::pair<RunOutcome (*)(const TheoryPointer&, Progress&), const char*> runs[] = {
-        {write_prayer_report, "results.out"},
-        {write_moon_report, "mresults.out"},
-        {[](const TheoryPointer& theory, Progress& progress) {
-             return write_qiblah_report(theory, progress, 160.7F, QiblahMark::sun);
-         },
-         "results.out"},
-        {[](const TheoryPointer& theory, Progress& progress) {
-             return write_ephemeris_report(theory, six_hourly_day, progress);
-         },
-         "ephemeris.out"}};
-    for (const auto& [run, file] : runs) {
+    const RunPointer runs[] = {prayer_run(loaded_theory()), moon_run(loaded_theory()),
+                               qiblah_run(loaded_theory(), 160.7F, QiblahMark::sun),
+                               ephemeris_run(loaded_theory(), six_hourly_day)};
+    for (const RunPointer& run : runs) {
+        const char* file = run->report_name();
         RecordingProgress silent;
-        run(loaded_theory(), silent);
+        write_report(*run, silent);
         const std::string alone = content(file);
         std::optional<frmphase> form;
         RecordingProgress opening;
@@ -268,7 +261,7 @@ TEST_F(PhasePanel, APanelOpenedInMidRunReachesNoReport) {
             if (yield == 2)
                 form.emplace();
         };
-        run(loaded_theory(), opening);
+        write_report(*run, opening);
         EXPECT_EQ(content(file), alone) << file;
         EXPECT_EQ(tdtinput, 1) << file;
     }

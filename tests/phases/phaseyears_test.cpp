@@ -4,6 +4,7 @@
 #include "base/failure.h"
 #include "base/numberformat.h"
 #include "base/record.h"
+#include "calendar/civildate.h"
 #include "calendar/moddeltat.h"
 #include "calendar/modjul.h"
 #include "calendar/yearlimits.h"
@@ -52,10 +53,8 @@ protected:
                        const std::string& delta_t = {}) {
         RecordingProgress progress;
         const PhaseSettings settings{year, geocentric, local_ut1};
-        EXPECT_EQ(write_phase_report(loaded_theory(),
-                                     phase_year(settings, delta_t.empty() ? proposed_delta_t(year) : delta_t),
-                                     progress),
-                  RunOutcome::done);
+        const PhaseYear run = phase_year(settings, delta_t.empty() ? proposed_delta_t(year) : delta_t);
+        EXPECT_EQ(write_report(*phase_run(loaded_theory(), run), progress), RunOutcome::done);
         return folder.read("results.out");
     }
     /// The table's rows: what stands between its head and its tail.
@@ -255,7 +254,7 @@ TEST_F(PhaseTest, TheFirstAndTheLastYearHaveWholeTables) {
             const double quarter = 0.25 * (i % 4);
             const LocalPhase phase =
                 local_phase(named_ephemeris(), run, in_order[static_cast<std::size_t>(i % 4)], k + quarter);
-            if (phase_text(run, phase) != "----") {
+            if (civil_date(phase.jd).year == year) {
                 EXPECT_LT(phase.jd - before, 9) << year << " " << i;
                 before = phase.jd;
             }
@@ -270,13 +269,13 @@ TEST_F(PhaseTest, WhatHasNoAnswerIsRefusedAndNothingIsWritten) {
     for (const char* year : {"-4001", "7001", "99999", "999999999", "-999999999"}) {
         const PhaseYear run = phase_year({year, true, true}, "65");
         EXPECT_TRUE(refused_phase_year(run)) << year;
-        EXPECT_EQ(write_phase_report(loaded_theory(), run, progress), RunOutcome::refused) << year;
+        EXPECT_EQ(phase_run(loaded_theory(), run), nullptr) << year;
     }
     const std::string endless(308, '9');
     for (const char* delta_t : {"1000001", "-1000001", endless.c_str()}) {
         const PhaseYear run = phase_year({"2026", true, true}, delta_t);
         EXPECT_TRUE(refused_delta_t(run)) << delta_t;
-        EXPECT_EQ(write_phase_report(loaded_theory(), run, progress), RunOutcome::refused) << delta_t;
+        EXPECT_EQ(phase_run(loaded_theory(), run), nullptr) << delta_t;
         EXPECT_FALSE(refused_delta_t(phase_year({"2026", true, false}, delta_t))) << "it is not used there";
     }
     EXPECT_EQ(progress.yields, 0);
@@ -285,9 +284,8 @@ TEST_F(PhaseTest, WhatHasNoAnswerIsRefusedAndNothingIsWritten) {
 
 TEST_F(PhaseTest, CancelledRunKeepsItsRowsAndRemarks) {
     RecordingProgress progress(5);
-    EXPECT_EQ(write_phase_report(loaded_theory(), phase_year({"2026", true, true}, proposed_delta_t("2026")),
-                                 progress),
-              RunOutcome::cancelled);
+    const PhaseYear year = phase_year({"2026", true, true}, proposed_delta_t("2026"));
+    EXPECT_EQ(write_report(*phase_run(loaded_theory(), year), progress), RunOutcome::cancelled);
     const std::string text = folder.read("results.out");
     EXPECT_TRUE(text.ends_with("refers to Summer Time.\r\n"));
     const std::string whole = table(report("2026", true, true));
@@ -300,7 +298,8 @@ TEST_F(PhaseTest, CancelledRunKeepsItsRowsAndRemarks) {
 
 TEST_F(PhaseTest, ProgressCountsSixteenthsUpToFifteen) {
     RecordingProgress progress;
-    write_phase_report(loaded_theory(), phase_year({"2026", true, true}, proposed_delta_t("2026")), progress);
+    write_report(*phase_run(loaded_theory(), phase_year({"2026", true, true}, proposed_delta_t("2026"))),
+                 progress);
     ASSERT_EQ(progress.percents.size(), 15U);
     EXPECT_EQ(progress.percents.front(), 6.25);
     EXPECT_EQ(progress.percents.back(), 93.75);
@@ -329,7 +328,8 @@ TEST_P(PhasesGolden, ReportIsTheSameByteForByte) {
         load_series();
         const PhaseSettings settings = read_phase();
         RecordingProgress progress;
-        write_phase_report(loaded_theory(), phase_year(settings, proposed_delta_t(settings.year)), progress);
+        write_report(*phase_run(loaded_theory(), phase_year(settings, proposed_delta_t(settings.year))),
+                     progress);
     });
 }
 

@@ -288,7 +288,7 @@ protected:
         write_loc(here);
         set_period(start, end);
         RecordingProgress progress;
-        return write_prayer_report(loaded_theory(), progress);
+        return write_report(*prayer_run(loaded_theory()), progress);
     }
 };
 

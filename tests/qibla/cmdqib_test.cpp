@@ -29,7 +29,7 @@ protected:
     ~CmdqibTest() override { use_machine_clock(); }
 
     RunOutcome run(Progress& progress, QiblahMark mark = QiblahMark::sun) const {
-        return write_qiblah_report(loaded_theory(), progress, stored_qiblah_direction(), mark);
+        return write_report(*qiblah_run(loaded_theory(), stored_qiblah_direction(), mark), progress);
     }
     std::string report() const { return folder_.read("results.out"); }
     std::vector<std::string> lines() const { return lines_of(report()); }
@@ -70,7 +70,8 @@ TEST_F(CmdqibTest, TheShadowsReportPrintsTheTrueDirection) {
 
 TEST_F(CmdqibTest, TheDirectionIsThatOfThePanelNotOfALocationSavedSince) {
     RecordingProgress progress;
-    EXPECT_EQ(write_qiblah_report(loaded_theory(), progress, 100.5F, QiblahMark::sun), RunOutcome::done);
+    EXPECT_EQ(write_report(*qiblah_run(loaded_theory(), 100.5F, QiblahMark::sun), progress),
+              RunOutcome::done);
     EXPECT_EQ(lines()[5], "- Qiblah Direction is:   100.5 ° From True North");
 }
 

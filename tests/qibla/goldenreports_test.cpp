@@ -32,9 +32,9 @@ TEST_P(QiblahGolden, ReportIsTheSameByteForByte) {
         load_term();
         load_mterm();
         RecordingProgress progress;
-        EXPECT_EQ(
-            write_qiblah_report(loaded_theory(), progress, stored_qiblah_direction(), mark_of(GetParam())),
-            RunOutcome::done);
+        EXPECT_EQ(write_report(*qiblah_run(loaded_theory(), stored_qiblah_direction(), mark_of(GetParam())),
+                               progress),
+                  RunOutcome::done);
     });
 }
 

@@ -15,7 +15,7 @@ protected:
         expect_golden_report("tables/" + name, "ephemeris.out", [cancelled_row] {
             load_series();
             RecordingProgress progress(cancelled_row);
-            const RunOutcome outcome = write_ephemeris_report(loaded_theory(), read_coor(), progress);
+            const RunOutcome outcome = write_report(*ephemeris_run(loaded_theory(), read_coor()), progress);
             EXPECT_EQ(outcome,
                       cancelled_row == RecordingProgress::never ? RunOutcome::done : RunOutcome::cancelled);
         });

@@ -37,7 +37,8 @@ protected:
 
     RunOutcome run(const EphemerisSettings& settings, int cancelled_row = RecordingProgress::never) {
         progress_ = RecordingProgress(cancelled_row);
-        return write_ephemeris_report(loaded_theory(), settings, progress_);
+        const RunPointer run = ephemeris_run(loaded_theory(), settings);
+        return run != nullptr ? write_report(*run, progress_) : RunOutcome::refused;
     }
     bool is_written() const { return folder_.has("ephemeris.out"); }
     std::string report() const { return folder_.read("ephemeris.out"); }

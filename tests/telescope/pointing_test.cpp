@@ -21,6 +21,11 @@
 namespace halvane {
 namespace {
 
+/// The pointing at the stored place.
+std::optional<TelescopePointing> pointing_of(const TelescopeSettings& settings) {
+    return telescope_pointing(loaded_theory(), settings, read_pref(), read_loc());
+}
+
 constexpr double degree = M_PI / 180;
 
 struct Direction {
@@ -88,29 +93,29 @@ protected:
 
 TEST_F(Telescope, AnswersWithTheMoonHalfADegreeBelowTheHorizon) {
     const TelescopeSettings settings = when_setting_through(-0.5);
-    const auto pointing = telescope_pointing(loaded_theory(), settings);
+    const auto pointing = pointing_of(settings);
     ASSERT_TRUE(pointing);
     EXPECT_NEAR(pointing->moon.altitude, -0.5, 0.03);
 }
 
 TEST_F(Telescope, RefusesWithTheMoonOneAndAHalfDegreesBelowTheHorizon) {
-    EXPECT_FALSE(telescope_pointing(loaded_theory(), when_setting_through(-1.5)));
+    EXPECT_FALSE(pointing_of(when_setting_through(-1.5)));
 }
 
 TEST_F(Telescope, TheLimitIsOneDegreeWhateverTheRefraction) {
     TelescopeSettings settings = when_setting_through(-0.97);
     settings.airless = false;
-    EXPECT_TRUE(telescope_pointing(loaded_theory(), settings));
+    EXPECT_TRUE(pointing_of(settings));
     settings = when_setting_through(-1.03);
     settings.airless = false;
-    EXPECT_FALSE(telescope_pointing(loaded_theory(), settings));
+    EXPECT_FALSE(pointing_of(settings));
 }
 
 TEST_F(Telescope, RefractionChangesTheRightAscensionOnlyThroughTheAltitude) {
     TelescopeSettings settings = evening();
-    const TelescopePointing airless = *telescope_pointing(loaded_theory(), settings);
+    const TelescopePointing airless = *pointing_of(settings);
     settings.airless = false;
-    const TelescopePointing refracted = *telescope_pointing(loaded_theory(), settings);
+    const TelescopePointing refracted = *pointing_of(settings);
     const double jd = instant_of(settings);
     for (const auto& [before, after] :
          {std::pair(airless.moon, refracted.moon), std::pair(airless.crescent, refracted.crescent)}) {
@@ -130,19 +135,19 @@ TEST_F(Telescope, RefractionChangesTheRightAscensionOnlyThroughTheAltitude) {
 
 TEST_F(Telescope, RefractionAtSixDegreesIsAboutEightMinutesOfArc) {
     TelescopeSettings settings = evening();
-    const TelescopePointing airless = *telescope_pointing(loaded_theory(), settings);
+    const TelescopePointing airless = *pointing_of(settings);
     settings.airless = false;
-    const TelescopePointing refracted = *telescope_pointing(loaded_theory(), settings);
+    const TelescopePointing refracted = *pointing_of(settings);
     // Standard refraction for a true altitude of 6.27 deg, Meeus, chapter "Atmospheric Refraction": 8.0'.
     EXPECT_NEAR((refracted.moon.altitude - airless.moon.altitude) * 60, 8.0, 0.2);
 }
 
 TEST_F(Telescope, TheFlipsChangeNoNumber) {
     TelescopeSettings settings = evening();
-    const TelescopePointing plain = *telescope_pointing(loaded_theory(), settings);
+    const TelescopePointing plain = *pointing_of(settings);
     settings.flip_horizontal = 1;
     settings.flip_vertical = 1;
-    const TelescopePointing flipped = *telescope_pointing(loaded_theory(), settings);
+    const TelescopePointing flipped = *pointing_of(settings);
     EXPECT_EQ(flipped.zenith_angle, plain.zenith_angle);
     EXPECT_EQ(flipped.crescent.altitude, plain.crescent.altitude);
     EXPECT_EQ(flipped.crescent.right_ascension, plain.crescent.right_ascension);
@@ -150,10 +155,10 @@ TEST_F(Telescope, TheFlipsChangeNoNumber) {
 
 TEST_F(Telescope, J2000IsReachedByThePrecession) {
     TelescopeSettings settings = evening();
-    const TelescopePointing of_date = *telescope_pointing(loaded_theory(), settings);
+    const TelescopePointing of_date = *pointing_of(settings);
     settings.of_date = false;
     settings.j2000 = true;
-    const TelescopePointing j2000 = *telescope_pointing(loaded_theory(), settings);
+    const TelescopePointing j2000 = *pointing_of(settings);
     for (const auto& [now, then] : {std::pair(of_date.sun, j2000.sun), std::pair(of_date.moon, j2000.moon),
                                     std::pair(of_date.crescent, j2000.crescent)}) {
         // General precession over 24.19 years: 46.1" a year in right ascension at the equator, 20.04" cos a
@@ -171,7 +176,7 @@ TEST_F(Telescope, J2000IsReachedByThePrecession) {
 TEST_F(Telescope, WithoutRefractionThePlacesAreTheObserversOwn) {
     const TelescopeSettings settings = evening();
     const double jd = instant_of(settings);
-    const TelescopePointing pointing = *telescope_pointing(loaded_theory(), settings);
+    const TelescopePointing pointing = *pointing_of(settings);
     const SunPlace sun = sun_medium(named_ephemeris(), named_instant(jd), stored_observer());
     const MoonPlace moon = moon_medium(named_ephemeris(), named_instant(jd), stored_observer());
     EXPECT_NEAR(pointing.sun.right_ascension, sun.topocentric_right_ascension, 1e-9);
@@ -181,27 +186,27 @@ TEST_F(Telescope, WithoutRefractionThePlacesAreTheObserversOwn) {
 }
 
 TEST_F(Telescope, SummerTimeOfThePreferencesMovesTheInstantByAnHour) {
-    const TelescopePointing winter = *telescope_pointing(loaded_theory(), evening());
+    const TelescopePointing winter = *pointing_of(evening());
     Preferences preferences;
     preferences.summer_time = "1";
     preferences.summer_from_month = 3;
     preferences.summer_from_day = 11;
     write_pref(preferences);
-    const TelescopePointing summer = *telescope_pointing(loaded_theory(), at(2024, 3, 11, 19, 30));
+    const TelescopePointing summer = *pointing_of(at(2024, 3, 11, 19, 30));
     EXPECT_NEAR(summer.moon.altitude, winter.moon.altitude, 1e-6);
     EXPECT_NEAR(summer.sun.azimuth, winter.sun.azimuth, 1e-6);
 }
 
 TEST_F(Telescope, TheOpenReferenceOfAnotherPanelDoesNotReachTheNumbers) {
-    const TelescopePointing alone = *telescope_pointing(loaded_theory(), evening());
+    const TelescopePointing alone = *pointing_of(evening());
     const TdtSpan other(1);
-    EXPECT_EQ(telescope_pointing(loaded_theory(), evening())->moon.altitude, alone.moon.altitude);
+    EXPECT_EQ(pointing_of(evening())->moon.altitude, alone.moon.altitude);
     EXPECT_EQ(tdtinput, 1);
 }
 
 TEST_F(Telescope, TheCrescentOfTheMarchEveningLooksDownToTheSetSun) {
     // The Sun is 17 deg below the Moon and 3 deg to the right of it (greater azimuth).
-    const TelescopePointing pointing = *telescope_pointing(loaded_theory(), evening());
+    const TelescopePointing pointing = *pointing_of(evening());
     EXPECT_LT(pointing.crescent.altitude, pointing.moon.altitude);
     EXPECT_GT(pointing.crescent.azimuth, pointing.moon.azimuth);
     EXPECT_NEAR(pointing.zenith_angle, 191, 2);
@@ -232,7 +237,7 @@ TEST_F(Telescope, TheCrescentLiesOnTheDiscTowardsTheSunForTwoHundredInstants) {
     int seen = 0;
     for (int day = 0; seen < 200 && day < 800; ++day) {
         const TelescopeSettings settings = at(2023, 1, 1 + day, 17 + day % 5, 13 * (day % 4));
-        const auto pointing = telescope_pointing(loaded_theory(), settings);
+        const auto pointing = pointing_of(settings);
         if (!pointing || pointing->moon.altitude > 75)
             continue;
         const MoonPlace moon =
@@ -252,8 +257,8 @@ TEST_F(Telescope, TheCrescentLiesOnTheDiscTowardsTheSunForTwoHundredInstants) {
 }
 
 TEST_F(Telescope, ADateWithoutAFiniteDayIsARunTimeFailure) {
-    EXPECT_THROW(telescope_pointing(loaded_theory(), at(1.7e308, 1, 1, 0, 0)), RunTimeFailure);
-    EXPECT_THROW(telescope_pointing(loaded_theory(), at(1e200, 1, 1, 0, 0)), RunTimeFailure);
+    EXPECT_THROW(pointing_of(at(1.7e308, 1, 1, 0, 0)), RunTimeFailure);
+    EXPECT_THROW(pointing_of(at(1e200, 1, 1, 0, 0)), RunTimeFailure);
 }
 
 } // namespace

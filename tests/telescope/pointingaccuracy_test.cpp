@@ -15,6 +15,11 @@
 namespace halvane {
 namespace {
 
+/// The pointing at the stored place.
+std::optional<TelescopePointing> pointing_of(const TelescopeSettings& settings) {
+    return telescope_pointing(loaded_theory(), settings, read_pref(), read_loc());
+}
+
 constexpr double degree = std::numbers::pi / 180;
 
 double seconds_apart(double a, double b) {
@@ -92,7 +97,7 @@ protected:
             double ut = 0;
             modjul(settings.year, settings.month, settings.day,
                    settings.hour + settings.minute / 60 - read_loc().zone, ut);
-            const auto pointing = telescope_pointing(loaded_theory(), settings);
+            const auto pointing = pointing_of(settings);
             if (!pointing || !accepted(ut))
                 continue;
             ++seen;

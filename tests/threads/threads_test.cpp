@@ -78,15 +78,14 @@ Result year_of_crescents(const TheoryPointer& theory, const Location& location) 
     for (int month = 1; month <= 12; ++month)
         for (const bool is_new : {true, false})
             for (const bool geocentric : {true, false}) {
-                CrescentRun run{{}, {}, location};
+                CrescentRecords run{{}, {}, location};
                 run.settings.month = std::to_string(month);
                 run.settings.new_crescent = is_new;
                 run.settings.geocentric = geocentric;
                 const auto c =
                     crescent_circumstances(ephemeris, run, find_conjunction(ephemeris, run), events);
-                result.push_back(c ? std::to_string(c->calculation) + " " +
-                                         std::to_string(c->quantities.elongation) + " " +
-                                         std::to_string(c->criterion.value)
+                result.push_back(c ? bits_of(c->calculation) + " " + bits_of(c->quantities.elongation) + " " +
+                                         bits_of(c->criterion.value)
                                    : std::string());
             }
     return result;
@@ -126,6 +125,7 @@ MapRun run_of(Criterion criterion) {
 std::vector<Work> works() {
     const TheoryPointer theory = loaded_theory();
     std::vector<Work> all;
+    all.reserve(2 * threads_at_once + 3); // with the phases and two maps
     for (int i = 0; i < threads_at_once; ++i)
         all.emplace_back(
             [theory, i] { return year_of_prayers(theory, place_at(20 * i - 70, 8 * i - 30, i - 4)); });
@@ -149,6 +149,7 @@ TEST(Threads, GiveBitForBitWhatOneThreadGives) {
 
     std::vector<Result> together(all.size());
     std::vector<std::thread> threads;
+    threads.reserve(threads_at_once);
     for (int thread = 0; thread < threads_at_once; ++thread)
         threads.emplace_back([&all, &together, thread] {
             // From the end: the maps and the phases start at once with five years of prayers.

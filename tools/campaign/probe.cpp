@@ -128,12 +128,6 @@ void lunations(const Arguments& arguments) {
         }
 }
 
-class NoProgress : public Progress {
-public:
-    void percent(double /*value*/) override {}
-    bool yield() override { return true; }
-};
-
 /// The rows of the phase tables of the years from one to another, dynamical time on the zone of Greenwich.
 void phase_tables(const Arguments& arguments) {
     load_series();
@@ -146,7 +140,7 @@ void phase_tables(const Arguments& arguments) {
     NoProgress progress;
     for (int year = whole(arguments.at(0)); year <= whole(arguments.at(1)); ++year) {
         settings.year = std::to_string(year);
-        write_phase_report(loaded_theory(), phase_year(settings, "0"), progress);
+        write_report(*phase_run(loaded_theory(), phase_year(settings, "0")), progress);
         std::istringstream lines(read_text_file(program_path("results.out")));
         for (std::string line; std::getline(lines, line);)
             std::printf("%d,%s\n", year, line.c_str());
@@ -192,8 +186,9 @@ void map_points(const Arguments& arguments) {
         const auto count = static_cast<double>(criteria().size());
         run.criterion = Criterion{static_cast<int>(random.between(0, count))};
         run.kind = kind_of(settings);
-        run.conjunction = map_conjunction(
-            named_ephemeris(), find_conjunction(named_ephemeris(), read_crescent_run(settings)).dynamical);
+        run.conjunction =
+            map_conjunction(named_ephemeris(),
+                            find_conjunction(named_ephemeris(), read_crescent_records(settings)).dynamical);
         run.day = map_day(run.conjunction, run.kind, static_cast<int>(random.between(0, 3)));
         EvaluatedPoints points;
         if (!draw_visibility_map(loaded_theory(), run, points) || points.points().empty())

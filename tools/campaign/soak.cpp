@@ -38,6 +38,9 @@ class SoakPlatform : public Platform {
 public:
     explicit SoakPlatform(Platform& own) : own_(own) {}
     void show_text_file(const std::string& name) override { own_.show_text_file(name); }
+    void show_report(const std::string& name, const std::shared_ptr<const Run>& run) override {
+        own_.show_report(name, run);
+    }
     std::string short_time(int hour, int minute, int second) override {
         return own_.short_time(hour, minute, second);
     }

@@ -152,7 +152,7 @@ void take_shared_windows(const Camera& camera, Language language) {
     camera.take(wait, QStringLiteral("frmwait"));
 
     SilentProgress progress;
-    write_prayer_report(loaded_theory(), progress);
+    write_report(*prayer_run(loaded_theory()), progress);
     Viewer report(QString::fromStdString(program_path("results.out")));
     camera.take(report, QStringLiteral("viewer"));
     Viewer help(QString::fromStdString(program_path("help.txt")));

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "crescent/crescentrun.h"
+#include "crescent/crescentrecords.h"
 
 namespace halvane {
 
-CrescentRun read_crescent_run(const CrescentSettings& settings) {
-    CrescentRun run;
+CrescentRecords read_crescent_records(const CrescentSettings& settings) {
+    CrescentRecords run;
     run.settings = settings;
     run.location = read_loc();
     run.preferences = read_pref();

@@ -8,13 +8,13 @@
 namespace halvane {
 
 /// What a run takes of the stored records, once, at its start.
-struct CrescentRun {
+struct CrescentRecords {
     CrescentSettings settings;
     Preferences preferences;
     Location location;
 };
 
 /// A run of those choices with the stored preferences and location. Reads `loc.vsk` and `pref.vsk`.
-CrescentRun read_crescent_run(const CrescentSettings& settings);
+CrescentRecords read_crescent_records(const CrescentSettings& settings);
 
 } // namespace halvane

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+#include "batch/runoutput.h"
+
+#include "batch/tasks.h"
+#include "stored/outputfile.h"
+#include "stored/programfolder.h"
+#include "stored/unfinishedfile.h"
+
+#include <CLI/CLI.hpp>
+
+#include <cstddef>
+#include <filesystem>
+#include <iostream>
+#include <string>
+#include <vector>
+
+namespace halvane {
+namespace {
+
+/// The file of a run that the command line names none for.
+std::string usual_file(const Run& run, ReportFormat format) {
+    std::filesystem::path name(run.report_name());
+    if (name.empty())
+        return std::string(standard_output);
+    if (format != ReportFormat::text)
+        name.replace_extension(name_of(format));
+    return program_path(name.string());
+}
+
+void tell_cancelled(ReportFormat format) {
+    std::cerr << (format == ReportFormat::text ? "Cancelled: the report holds the rows so far.\n"
+                                               : "Cancelled: no file has been written.\n");
+}
+
+} // namespace
+
+std::string choice_of(const std::vector<std::string>& names) {
+    std::string words = names.front();
+    for (std::size_t i = 1; i < names.size(); ++i)
+        words += (i + 1 < names.size() ? ", " : " or ") + names[i];
+    return words;
+}
+
+void add_output_options(CLI::App& command, RunOutput& output) {
+    std::vector<std::string> names;
+    for (const ReportFormat format : report_formats())
+        names.emplace_back(name_of(format));
+    command
+        .add_option_function<std::string>(
+            "--format", [&output](const std::string& name) { output.format = format_of(name).value(); },
+            choice_of(names) + "; text, the fixed report, when not given")
+        ->type_name("FORMAT")
+        ->check(CLI::IsMember(names).description(""));
+    command
+        .add_option("--output", output.file,
+                    "File to write, - for standard output; the report's own name, with the ending of the "
+                    "format, when not given")
+        ->type_name("FILE");
+}
+
+int write_and_tell(const Run& run, const RunOutput& output, Progress& progress, const char* refusal) {
+    const std::string path = output.file.empty() ? usual_file(run, output.format) : output.file;
+    if (!output.file.empty())
+        remove_old_leftovers(std::filesystem::path(path).parent_path().string());
+    const RunOutcome outcome = write_run(run, output.format, path, progress);
+    if (outcome == RunOutcome::refused) {
+        std::cerr << refusal << "\n";
+        return status_failure;
+    }
+    const bool is_written = outcome == RunOutcome::done || output.format == ReportFormat::text;
+    if (is_written && !is_standard_output(path))
+        std::cout << path << "\n";
+    if (outcome == RunOutcome::cancelled)
+        tell_cancelled(output.format);
+    return outcome == RunOutcome::done ? status_done : status_failure;
+}
+
+} // namespace halvane

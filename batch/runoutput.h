@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "base/progress.h"
+#include "report/run.h"
+
+#include <string>
+#include <vector>
+
+namespace CLI {
+class App;
+} // namespace CLI
+
+namespace halvane {
+
+/// What the command line asks of a task's result.
+struct RunOutput {
+    ReportFormat format = ReportFormat::text;
+    std::string file; ///< "-" standard output; empty: the report's own name, with the ending of the format
+};
+
+/// Names as words of a choice: "a, b or c".
+std::string choice_of(const std::vector<std::string>& names);
+
+/// Adds --format and --output to a task.
+void add_output_options(CLI::App& command, RunOutput& output);
+
+/// Writes a run as it was asked for and prints the path of its file; gives the exit status.
+/// In     refusal  what a refused run says
+/// Error  raises RunTimeFailure; an earlier file then stands.
+int write_and_tell(const Run& run, const RunOutput& output, Progress& progress, const char* refusal = "");
+
+} // namespace halvane

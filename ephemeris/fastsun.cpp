@@ -21,7 +21,7 @@ struct FastSun {
 };
 
 FastSun fast_sun(Ephemeris& ephemeris, const Instant& instant) {
-    const double days = Instant::of_ut1(instant.jd()).dynamical() - epoch_j2000;
+    const double days = instant.dynamical_as_of_ut1() - epoch_j2000;
     if (ephemeris.interpolated() == nullptr) {
         const auto [longitude, radius, obliquity, nutation] = fast_sun_values(ephemeris.theory(), days);
         return {longitude, radius, obliquity, nutation};

@@ -27,6 +27,9 @@ public:
     double ut1() const { return scale_ == TimeScale::ut1 ? jd_ : jd_ - delta_t_; }
     double dynamical() const { return scale_ == TimeScale::dynamical ? jd_ : jd_ + delta_t_; }
 
+    /// The dynamical Julian day when `jd()` is taken for UT1 whatever its scale                   [d]
+    double dynamical_as_of_ut1() const { return jd_ + delta_t_; }
+
     /// The moment so many days or hours later, in the same scale.
     Instant after(double days) const { return {jd_ + days, scale_}; }
     Instant after_hours(double hours) const { return {jd_ + hours / 24, scale_}; }

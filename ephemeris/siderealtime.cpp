@@ -33,9 +33,8 @@ double sidereal_time(Ephemeris& ephemeris, const Instant& instant) {
 }
 
 double low_sidereal_time(Ephemeris& ephemeris, const Instant& instant) {
-    const Instant universal = Instant::of_ut1(instant.jd());
-    const LowOrientation low = ephemeris.low_orientation(universal.dynamical() - epoch_j2000);
-    return into_turn(mean_sidereal_time(universal.ut1() - epoch_j2000) +
+    const LowOrientation low = ephemeris.low_orientation(instant.dynamical_as_of_ut1() - epoch_j2000);
+    return into_turn(mean_sidereal_time(instant.jd() - epoch_j2000) +
                      low.nutation_longitude * std::cos(low.true_obliquity * radians_per_degree));
 }
 

@@ -54,10 +54,14 @@ void precess_to_j2000(const Instant& instant, double right_ascension, double dec
 /// Local hour angle of an equatorial place from a sidereal time at Greenwich, 0 to below 360  [deg]
 double local_hour_angle(double sidereal_time, double longitude, double right_ascension);
 
-/// A place as it is seen from the Earth's surface                                        [deg]
-struct TopocentricPlace {
+/// A direction as it is seen from the Earth's surface                                    [deg]
+struct TopocentricDirection {
     double longitude = 0; ///< ecliptic, 0 to 360
     double latitude = 0;  ///< ecliptic
+};
+
+/// The place with sizes                                                                  [deg]
+struct TopocentricPlace : TopocentricDirection {
     double semidiameter = 0;
     double topocentric_semidiameter = 0;
     double parallax = 0; ///< horizontal
@@ -69,6 +73,10 @@ struct TopocentricPlace {
 /// Source Meeus, Astronomical Algorithms, chapter "Correction for Parallax".
 TopocentricPlace topocentric_place(const Observer& observer, const SkyFrame& frame, double longitude,
                                    double latitude, double distance, char body);
+
+/// The direction of topocentric_place alone.
+TopocentricDirection topocentric_direction(const Observer& observer, const SkyFrame& frame, double longitude,
+                                           double latitude, double distance, char body);
 
 /// The longitude of topocentric_place alone                                              [deg]
 double topocentric_longitude(const Observer& observer, const SkyFrame& frame, double longitude,

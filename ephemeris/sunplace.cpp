@@ -28,8 +28,8 @@ double equation_of_time(double e) {
 }
 
 void add_topocentric(const Observer& observer, const SkyFrame& frame, SunPlace& sun) {
-    const TopocentricPlace place =
-        topocentric_place(observer, frame, sun.longitude, sun.latitude, sun.radius, 'S');
+    const TopocentricDirection place =
+        topocentric_direction(observer, frame, sun.longitude, sun.latitude, sun.radius, 'S');
     sun.topocentric_longitude = place.longitude;
     sun.topocentric_latitude = place.latitude;
     equatorial_of(frame, sun.topocentric_longitude, sun.topocentric_latitude, sun.topocentric_right_ascension,

@@ -25,11 +25,13 @@ double semidiameter_of(char body, double distance) {
                        : asin(moon_over_earth_radius * earth_radius_km / distance);
 }
 
-/// The geocentric place less the observer's, in units of the body's distance: ecliptic, towards the equinox,
-/// a quarter further east, and north.
+/// The geocentric place less the observer's, in units of the body's distance: ecliptic, towards the equinox
+/// and a quarter further east.
 struct Parallactic {
-    double x, y, z;
+    double x, y;
     double longitude; ///< topocentric [rad]
+    double sine_parallax;
+    double sine_theta; ///< of the local sidereal time
 };
 
 Parallactic parallactic(const Observer& observer, const SkyFrame& frame, double longitude, double latitude,
@@ -38,19 +40,42 @@ Parallactic parallactic(const Observer& observer, const SkyFrame& frame, double 
     using std::sin;
     const double theta = rev360(frame.sidereal_time + observer.longitude) * radians_per_degree;
     const double lambda = longitude * radians_per_degree;
-    const double beta = latitude * radians_per_degree;
-    const double sine_parallax = sin(parallax);
-    const double sine_theta = sin(theta);
-    const double cosine_beta = cos(beta);
+    const double cosine_beta = cos(latitude * radians_per_degree);
     Parallactic p{};
-    p.x = cos(lambda) * cosine_beta - observer.rho_cosine * sine_parallax * cos(theta);
+    p.sine_parallax = sin(parallax);
+    p.sine_theta = sin(theta);
+    p.x = cos(lambda) * cosine_beta - observer.rho_cosine * p.sine_parallax * cos(theta);
     p.y = sin(lambda) * cosine_beta -
-          sine_parallax * (observer.rho_sine * frame.sine_obliquity +
-                           observer.rho_cosine * frame.cosine_obliquity * sine_theta);
-    p.z = sin(beta) - sine_parallax * (observer.rho_sine * frame.cosine_obliquity -
-                                       observer.rho_cosine * frame.sine_obliquity * sine_theta);
+          p.sine_parallax * (observer.rho_sine * frame.sine_obliquity +
+                             observer.rho_cosine * frame.cosine_obliquity * p.sine_theta);
     p.longitude = atan2(p.x, p.y);
     return p;
+}
+
+/// The part of the same difference towards the ecliptic's north.
+double north_of(const Parallactic& p, const Observer& observer, const SkyFrame& frame, double latitude) {
+    return std::sin(latitude * radians_per_degree) -
+           p.sine_parallax * (observer.rho_sine * frame.cosine_obliquity -
+                              observer.rho_cosine * frame.sine_obliquity * p.sine_theta);
+}
+
+/// The direction of the difference, with what a size needs of it.
+struct Direction {
+    double x;
+    double longitude; ///< [rad]
+    double cosine_longitude;
+    double latitude; ///< [rad]
+
+    TopocentricDirection in_degrees() const {
+        return {rev360(longitude * degrees_per_radian), latitude * degrees_per_radian};
+    }
+};
+
+Direction direction_of(const Observer& observer, const SkyFrame& frame, double longitude, double latitude,
+                       double parallax) {
+    const Parallactic p = parallactic(observer, frame, longitude, latitude, parallax);
+    const double cosine = std::cos(p.longitude);
+    return {p.x, p.longitude, cosine, std::atan(cosine * north_of(p, observer, frame, latitude) / p.x)};
 }
 
 } // namespace
@@ -59,18 +84,20 @@ TopocentricPlace topocentric_place(const Observer& observer, const SkyFrame& fra
                                    double latitude, double distance, char body) {
     const double parallax = parallax_of(body, distance);
     const double semidiameter = semidiameter_of(body, distance);
-    const Parallactic p = parallactic(observer, frame, longitude, latitude, parallax);
-    const double cosine_lambda = std::cos(p.longitude);
-    const double beta_topocentric = std::atan(cosine_lambda * p.z / p.x);
+    const Direction direction = direction_of(observer, frame, longitude, latitude, parallax);
 
-    TopocentricPlace place;
-    place.longitude = rev360(p.longitude * degrees_per_radian);
-    place.latitude = beta_topocentric * degrees_per_radian;
+    TopocentricPlace place{direction.in_degrees()};
     place.semidiameter = semidiameter * degrees_per_radian;
-    place.topocentric_semidiameter =
-        asin(cosine_lambda * std::cos(beta_topocentric) * std::sin(semidiameter) / p.x) * degrees_per_radian;
+    place.topocentric_semidiameter = asin(direction.cosine_longitude * std::cos(direction.latitude) *
+                                          std::sin(semidiameter) / direction.x) *
+                                     degrees_per_radian;
     place.parallax = parallax * degrees_per_radian;
     return place;
+}
+
+TopocentricDirection topocentric_direction(const Observer& observer, const SkyFrame& frame, double longitude,
+                                           double latitude, double distance, char body) {
+    return direction_of(observer, frame, longitude, latitude, parallax_of(body, distance)).in_degrees();
 }
 
 double topocentric_longitude(const Observer& observer, const SkyFrame& frame, double longitude,

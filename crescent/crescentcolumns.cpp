@@ -101,7 +101,7 @@ constexpr ColumnOf<C> columns[] = {
     {number("parallax", "Horizontal Parallax", "اختلاف المنظر الأفقي"),
      [](const C& c) -> Value { return c.moon.parallax; }},
     {number("magnitude", "Magnitude", "القدر", "mag"),
-     [](const C& c) -> Value { return c.quantities.magnitude; }},
+     [](const C& c) -> Value { return c.quantities.magnitude(); }},
     {number("distance", "Distance", "البعد", "km"), [](const C& c) -> Value { return c.moon.distance; }},
     {column("criterion", "Criterion", "المعيار", ValueType::text),
      [](const C& /*c*/) -> Value { return std::string(row_of(report_criterion).key); }},

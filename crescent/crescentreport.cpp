@@ -169,7 +169,7 @@ private:
              {prefix_ + "Illumination:", format_number(q.illuminated_fraction * 100, "###00.00") + " %", 22,
               "G. Horizontal Parallax:", angle(c_.moon.parallax), 67}});
         write_line(report_,
-                   {prefix_ + "Magnitude:", format_number(q.magnitude, "###00.00"), 17,
+                   {prefix_ + "Magnitude:", format_number(q.magnitude(), "###00.00"), 17,
                     "G. Distance:", format_number(c_.moon.distance, "#############00.00") + " Km", 56});
     }
 

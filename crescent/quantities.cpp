@@ -8,6 +8,10 @@
 
 namespace halvane {
 
+double CrescentQuantities::magnitude() const {
+    return -12.73 + 0.026 * std::fabs(phase_angle) + 4e-09 * std::pow(phase_angle, 4);
+}
+
 CrescentQuantities crescent_quantities(Ephemeris& ephemeris, const Instant& instant, const Observer& observer,
                                        const EquatorialPlace& moon, const EquatorialPlace& sun,
                                        double semidiameter, double radius, double distance) {
@@ -34,7 +38,6 @@ CrescentQuantities crescent_quantities(Ephemeris& ephemeris, const Instant& inst
     q.illuminated_fraction = (1 + cos(phase_angle)) / 2;
     q.semidiameter = semidiameter;
     q.width = 2 * q.illuminated_fraction * semidiameter;
-    q.magnitude = -12.73 + 0.026 * std::fabs(q.phase_angle) + 4e-09 * std::pow(q.phase_angle, 4);
     return q;
 }
 

@@ -18,11 +18,11 @@ struct CrescentQuantities {
     double illuminated_fraction = 0;
     double semidiameter = 0; ///< of the Moon, seen from where the places are
     double width = 0;        ///< of the crescent at its middle
-    double magnitude = 0;
 
     double relative_altitude() const { return moon_altitude - sun_altitude; }
     double relative_azimuth() const { return moon_azimuth - sun_azimuth; }
     double width_minutes() const { return width * 60; } ///< [arc minutes]
+    double magnitude() const;
 };
 
 /// Equatorial place                                                                           [deg]

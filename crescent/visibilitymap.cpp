@@ -100,8 +100,9 @@ double observation_hours(const MapRun& run, const PointEvents& events, double la
 
 CrescentQuantities fast_quantities(Ephemeris& ephemeris, const Observer& observer, double universal) {
     const Instant instant = Instant::of_ut1(universal);
-    const MoonPlace moon = moon_fast(ephemeris, instant, observer);
-    return topocentric_quantities(ephemeris, instant, observer, moon, sun_fast(ephemeris, instant, observer));
+    return topocentric_quantities(ephemeris, instant, observer,
+                                  topocentric_moon_fast(ephemeris, instant, observer),
+                                  topocentric_sun_fast(ephemeris, instant, observer));
 }
 
 } // namespace

@@ -34,6 +34,13 @@ MoonPlace moon_fast(Ephemeris& ephemeris, const Instant& instant, const Observer
     return place;
 }
 
+MoonPlace topocentric_moon_fast(Ephemeris& ephemeris, const Instant& instant, const Observer& observer) {
+    const FastMoon moon = fast_moon(ephemeris, instant);
+    MoonPlace place = ecliptic_moon(moon.place);
+    add_topocentric(observer, sky_frame(instant, moon.obliquity, moon.nutation), place);
+    return place;
+}
+
 FastPlace moon_fast_place(Ephemeris& ephemeris, const Instant& instant) {
     const FastMoon moon = fast_moon(ephemeris, instant);
     FastPlace place;

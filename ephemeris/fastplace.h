@@ -2,6 +2,8 @@
 #pragma once
 
 #include "ephemeris/ephemeris.h"
+#include "ephemeris/moon.h"
+#include "ephemeris/sun.h"
 
 namespace halvane {
 
@@ -9,6 +11,10 @@ namespace halvane {
 FastPlace sun_fast_place(Ephemeris& ephemeris, const Instant& instant);
 FastPlace moon_fast_place(Ephemeris& ephemeris, const Instant& instant);
 FastPlace fast_place(Ephemeris& ephemeris, Body body, const Instant& instant);
+
+/// The fast places whose geocentric right ascension and declination stay 0.
+SunPlace topocentric_sun_fast(Ephemeris& ephemeris, const Instant& instant, const Observer& observer);
+MoonPlace topocentric_moon_fast(Ephemeris& ephemeris, const Instant& instant, const Observer& observer);
 
 /// Topocentric ecliptic longitude, 0 to 360                                                   [deg]
 double sun_fast_longitude(Ephemeris& ephemeris, const Instant& instant, const Observer& observer);

@@ -30,6 +30,14 @@ FastSun fast_sun(Ephemeris& ephemeris, const Instant& instant) {
     return {rev360(longitude), radius, obliquity, nutation};
 }
 
+SunPlace topocentric_sun(const FastSun& fast, const SkyFrame& frame, const Observer& observer) {
+    SunPlace sun;
+    sun.longitude = fast.longitude;
+    sun.radius = fast.radius;
+    add_topocentric(observer, frame, sun);
+    return sun;
+}
+
 } // namespace
 
 InterpolatedSeries::Values fast_sun_values(const Theory& /*theory*/, double days) {
@@ -45,13 +53,15 @@ InterpolatedSeries::Values fast_sun_values(const Theory& /*theory*/, double days
 
 SunPlace sun_fast(Ephemeris& ephemeris, const Instant& instant, const Observer& observer) {
     const FastSun fast = fast_sun(ephemeris, instant);
-    SunPlace sun;
-    sun.longitude = fast.longitude;
-    sun.radius = fast.radius;
     const SkyFrame frame = sky_frame(instant, fast.obliquity, fast.nutation);
+    SunPlace sun = topocentric_sun(fast, frame, observer);
     equatorial_of(frame, sun.longitude, sun.latitude, sun.right_ascension, sun.declination);
-    add_topocentric(observer, frame, sun);
     return sun;
+}
+
+SunPlace topocentric_sun_fast(Ephemeris& ephemeris, const Instant& instant, const Observer& observer) {
+    const FastSun fast = fast_sun(ephemeris, instant);
+    return topocentric_sun(fast, sky_frame(instant, fast.obliquity, fast.nutation), observer);
 }
 
 FastPlace sun_fast_place(Ephemeris& ephemeris, const Instant& instant) {

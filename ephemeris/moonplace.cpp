@@ -98,11 +98,16 @@ EclipticMoon periodic_moon(Ephemeris& ephemeris, double days) {
     return {rev360(longitude), latitude, distance};
 }
 
-MoonPlace geocentric_moon(const SkyFrame& frame, const EclipticMoon& moon) {
+MoonPlace ecliptic_moon(const EclipticMoon& moon) {
     MoonPlace place;
     place.longitude = moon.longitude;
     place.latitude = moon.latitude;
     place.distance = moon.distance;
+    return place;
+}
+
+MoonPlace geocentric_moon(const SkyFrame& frame, const EclipticMoon& moon) {
+    MoonPlace place = ecliptic_moon(moon);
     equatorial_of(frame, place.longitude, place.latitude, place.right_ascension, place.declination);
     return place;
 }

@@ -18,6 +18,9 @@ struct EclipticMoon {
 /// The place by the periodic terms of Meeus, without nutation; `days` of dynamical time from 2000.
 EclipticMoon periodic_moon(Ephemeris& ephemeris, double days);
 
+/// The place with its geocentric ecliptic members only.
+MoonPlace ecliptic_moon(const EclipticMoon& moon);
+
 /// The geocentric members of a place from the ecliptic one, its longitude with nutation.
 MoonPlace geocentric_moon(const SkyFrame& frame, const EclipticMoon& moon);
 

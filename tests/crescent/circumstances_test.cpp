@@ -491,7 +491,7 @@ TEST_F(CrescentQuantity, PhaseAngleOfTenDegreesElongationIsNear170) {
                                                      observer_at(0, 0, 0), {0, 0}, {10, 0}, 0.26, 1, 384400);
     EXPECT_NEAR(q.phase_angle, 170, 0.1);
     // -12.73 + 0.026 i + 4e-9 i^4 for i = 169.974.
-    EXPECT_NEAR(q.magnitude, -12.73 + 0.026 * 169.9743 + 4e-9 * std::pow(169.9743, 4), 1e-3);
+    EXPECT_NEAR(q.magnitude(), -12.73 + 0.026 * 169.9743 + 4e-9 * std::pow(169.9743, 4), 1e-3);
 }
 
 } // namespace

@@ -57,12 +57,27 @@ double Ephemeris::sine_of_low_sun(const Observer& observer, const Instant& start
     return sine;
 }
 
+namespace {
+
+FastNoon noon_of(Ephemeris& ephemeris, Body body, const Instant& midnight) {
+    FastNoon noon;
+    noon.place = fast_place(ephemeris, body, midnight.after(0.5));
+    const double delta = noon.place.declination * radians_per_degree;
+    noon.sine_declination = std::sin(delta);
+    noon.cosine_declination = std::cos(delta);
+    noon.standard_altitude =
+        body == Body::moon ? 0.7275 * moon_parallax(noon.place.distance) - 0.5667 : -0.833333;
+    noon.sine_standard_altitude = std::sin(noon.standard_altitude * radians_per_degree);
+    noon.sidereal_time = low_sidereal_time(ephemeris, midnight);
+    return noon;
+}
+
+} // namespace
+
 const FastNoon& Ephemeris::fast_noon(Body body, const Instant& midnight) {
     const std::size_t which = body == Body::moon ? 1 : 0;
     if (noon_of_[which] != midnight) {
-        noon_of_[which].reset();
-        noons_[which].place = fast_place(*this, body, midnight.after(0.5));
-        noons_[which].sidereal_time = low_sidereal_time(*this, midnight);
+        noons_[which] = noon_of(*this, body, midnight);
         noon_of_[which] = midnight;
     }
     return noons_[which];

@@ -27,7 +27,11 @@ struct FastPlace {
 
 /// What a fast search of a day starts from, the same for every place of a zone.
 struct FastNoon {
-    FastPlace place;          ///< half a day after midnight
+    FastPlace place; ///< half a day after midnight
+    double sine_declination = 0;
+    double cosine_declination = 1;
+    double standard_altitude = 0; ///< of the centre when the limb rises or sets               [deg]
+    double sine_standard_altitude = 0;
     double sidereal_time = 0; ///< apparent, at midnight                                       [deg]
 };
 

@@ -44,13 +44,11 @@ struct LowDay {
 
 LowDay low_day(Ephemeris& ephemeris, Body body, const Instant& date, const Observer& observer) {
     LowDay day{date.after(-zone_of_longitude(observer.longitude) / 24)};
-    const auto& [noon, sidereal_time] = ephemeris.fast_noon(body, day.midnight);
-    day.transit = into_day_once((noon.right_ascension - observer.longitude - sidereal_time) / 360);
-    day.h0 = body == Body::moon ? 0.7275 * moon_parallax(noon.distance) - 0.5667 : -0.833333;
-
-    const double delta = noon.declination * radians_per_degree;
-    const double c = (std::sin(day.h0 * radians_per_degree) - observer.sine_latitude * std::sin(delta)) /
-                     (observer.cosine_latitude * std::cos(delta));
+    const FastNoon& noon = ephemeris.fast_noon(body, day.midnight);
+    day.transit = into_day_once((noon.place.right_ascension - observer.longitude - noon.sidereal_time) / 360);
+    day.h0 = noon.standard_altitude;
+    const double c = (noon.sine_standard_altitude - observer.sine_latitude * noon.sine_declination) /
+                     (observer.cosine_latitude * noon.cosine_declination);
     day.crosses = std::fabs(c) <= 1;
     if (day.crosses)
         day.half_arc = acos(c) * degrees_per_radian / 360;

@@ -35,10 +35,16 @@ const Orientation& Ephemeris::orientation(const Instant& instant) {
     return orientation_;
 }
 
-LowOrientation Ephemeris::low_orientation(double days) {
+const LowOrientation& Ephemeris::low_orientation(double days) {
+    if (low_orientation_of_ == days)
+        return low_orientation_;
     const auto [nutation_longitude, nutation_obliquity, true_obliquity, none] =
         interpolated_ ? interpolated_->low_orientation.at(days) : low_orientation_values(*theory_, days);
-    return {nutation_longitude, nutation_obliquity, true_obliquity};
+    const double epsilon = true_obliquity * radians_per_degree;
+    low_orientation_ = {nutation_longitude, nutation_obliquity, true_obliquity, std::sin(epsilon),
+                        std::cos(epsilon)};
+    low_orientation_of_ = days;
+    return low_orientation_;
 }
 
 double Ephemeris::sine_of_low_sun(const Observer& observer, const Instant& start, int hour) {

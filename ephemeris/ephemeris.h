@@ -51,8 +51,9 @@ public:
     /// Source Meeus, Astronomical Algorithms, chapter "Nutation and the Obliquity of the Ecliptic".
     const Orientation& orientation(const Instant& instant);
 
-    /// The same by four terms of the nutation, without the frame; `days` of dynamical time from 2000.
-    LowOrientation low_orientation(double days);
+    /// The same by four terms of the nutation, without the frame; `days` of dynamical time from 2000. The
+    /// last is kept.
+    const LowOrientation& low_orientation(double days);
 
     /// Sine of the altitude of the low-precision Sun so many hours after `start`. A day's values are kept:
     /// the searches of a day ask for the same hours. In     hour  0 to 25
@@ -76,6 +77,9 @@ private:
 
     std::optional<Instant> orientation_of_;
     Orientation orientation_;
+
+    std::optional<double> low_orientation_of_;
+    LowOrientation low_orientation_;
 
     std::optional<Instant> low_sun_start_;
     Observer low_sun_observer_;

@@ -12,15 +12,13 @@ namespace {
 /// The fast geocentric ecliptic place with the orientation that it stands in.
 struct FastMoon {
     EclipticMoon place;
-    double obliquity = 0; ///< [deg]
-    double nutation = 0;  ///< in longitude [deg]
+    const LowOrientation& orientation;
 };
 
 FastMoon fast_moon(Ephemeris& ephemeris, const Instant& instant) {
     const double days = instant.dynamical() - epoch_j2000;
-    const LowOrientation orientation = ephemeris.low_orientation(days);
-    FastMoon moon{periodic_moon(ephemeris, days), orientation.true_obliquity, orientation.nutation_longitude};
-    moon.place.longitude += moon.nutation;
+    FastMoon moon{periodic_moon(ephemeris, days), ephemeris.low_orientation(days)};
+    moon.place.longitude += moon.orientation.nutation_longitude;
     return moon;
 }
 
@@ -28,7 +26,7 @@ FastMoon fast_moon(Ephemeris& ephemeris, const Instant& instant) {
 
 MoonPlace moon_fast(Ephemeris& ephemeris, const Instant& instant, const Observer& observer) {
     const FastMoon moon = fast_moon(ephemeris, instant);
-    const SkyFrame frame = sky_frame(instant, moon.obliquity, moon.nutation);
+    const SkyFrame frame = sky_frame(instant, moon.orientation);
     MoonPlace place = geocentric_moon(frame, moon.place);
     add_topocentric(observer, frame, place);
     return place;
@@ -37,23 +35,23 @@ MoonPlace moon_fast(Ephemeris& ephemeris, const Instant& instant, const Observer
 MoonPlace topocentric_moon_fast(Ephemeris& ephemeris, const Instant& instant, const Observer& observer) {
     const FastMoon moon = fast_moon(ephemeris, instant);
     MoonPlace place = ecliptic_moon(moon.place);
-    add_topocentric(observer, sky_frame(instant, moon.obliquity, moon.nutation), place);
+    add_topocentric(observer, sky_frame(instant, moon.orientation), place);
     return place;
 }
 
 FastPlace moon_fast_place(Ephemeris& ephemeris, const Instant& instant) {
     const FastMoon moon = fast_moon(ephemeris, instant);
     FastPlace place;
-    equatorial_of(moon.obliquity, moon.place.longitude, moon.place.latitude, place.right_ascension,
-                  place.declination);
+    equatorial_of({moon.orientation.sine_obliquity, moon.orientation.cosine_obliquity}, moon.place.longitude,
+                  moon.place.latitude, place.right_ascension, place.declination);
     place.distance = moon.place.distance;
     return place;
 }
 
 double moon_fast_longitude(Ephemeris& ephemeris, const Instant& instant, const Observer& observer) {
     const FastMoon moon = fast_moon(ephemeris, instant);
-    return topocentric_longitude(observer, sky_frame(instant, moon.obliquity, moon.nutation),
-                                 moon.place.longitude, moon.place.latitude, moon.place.distance, 'M');
+    return topocentric_longitude(observer, sky_frame(instant, moon.orientation), moon.place.longitude,
+                                 moon.place.latitude, moon.place.distance, 'M');
 }
 
 FastPlace fast_place(Ephemeris& ephemeris, Body body, const Instant& instant) {

@@ -17,6 +17,9 @@ struct SkyFrame {
 /// The frame of an instant whose true obliquity and nutation in longitude are known           [deg]
 SkyFrame sky_frame(const Instant& instant, double true_obliquity, double nutation_longitude);
 
+struct LowOrientation;
+SkyFrame sky_frame(const Instant& instant, const LowOrientation& orientation);
+
 /// Nutation and obliquity of the date, with all that follows from them.
 struct Orientation {
     double nutation_longitude = 0; ///< [deg]
@@ -31,6 +34,8 @@ struct LowOrientation {
     double nutation_longitude = 0;
     double nutation_obliquity = 0;
     double true_obliquity = 0;
+    double sine_obliquity = 0;
+    double cosine_obliquity = 1;
 };
 
 /// Apparent sidereal time at Greenwich, 0 to 360                                             [deg]

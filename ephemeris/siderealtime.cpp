@@ -28,14 +28,20 @@ SkyFrame sky_frame(const Instant& instant, double true_obliquity, double nutatio
             mean_sidereal_time(instant.ut1() - epoch_j2000) + nutation_longitude * cosine};
 }
 
+SkyFrame sky_frame(const Instant& instant, const LowOrientation& orientation) {
+    return {orientation.sine_obliquity, orientation.cosine_obliquity,
+            mean_sidereal_time(instant.ut1() - epoch_j2000) +
+                orientation.nutation_longitude * orientation.cosine_obliquity};
+}
+
 double sidereal_time(Ephemeris& ephemeris, const Instant& instant) {
     return into_turn(ephemeris.orientation(instant).frame.sidereal_time);
 }
 
 double low_sidereal_time(Ephemeris& ephemeris, const Instant& instant) {
-    const LowOrientation low = ephemeris.low_orientation(instant.dynamical_as_of_ut1() - epoch_j2000);
+    const LowOrientation& low = ephemeris.low_orientation(instant.dynamical_as_of_ut1() - epoch_j2000);
     return into_turn(mean_sidereal_time(instant.jd() - epoch_j2000) +
-                     low.nutation_longitude * std::cos(low.true_obliquity * radians_per_degree));
+                     low.nutation_longitude * low.cosine_obliquity);
 }
 
 double local_sidereal_time(const Instant& instant, double longitude, double obliquity, double nutation) {

@@ -52,9 +52,8 @@ PointConjunction point_conjunction(Ephemeris& ephemeris, const Observer& observe
     double step_before = 0;
     for (int round = 1;; ++round) {
         const Instant instant = Instant::of_dynamical(t);
-        const double d =
-            elongation_from_phase(Phase::new_moon, moon_fast_longitude(ephemeris, instant, observer),
-                                  sun_fast_longitude(ephemeris, instant, observer));
+        const auto [sun, moon] = fast_longitudes(ephemeris, instant, observer);
+        const double d = elongation_from_phase(Phase::new_moon, moon, sun);
         const double next = guard.check(t - d * days_per_degree);
         const double step = next - t;
         if (std::fabs(step) <= phase_tolerance)

@@ -78,9 +78,21 @@ TopocentricPlace topocentric_place(const Observer& observer, const SkyFrame& fra
 TopocentricDirection topocentric_direction(const Observer& observer, const SkyFrame& frame, double longitude,
                                            double latitude, double distance, char body);
 
-/// The longitude of topocentric_place alone                                              [deg]
-double topocentric_longitude(const Observer& observer, const SkyFrame& frame, double longitude,
-                             double latitude, double distance, char body);
+/// A geocentric ecliptic place in the frame of its instant.
+struct GeocentricPlace {
+    double longitude = 0; ///< apparent                                                   [deg]
+    double latitude = 0;  ///<                                                            [deg]
+    double distance = 0;  ///< Sun [AU], Moon [km]
+    SkyFrame frame;
+};
+
+/// The longitudes that topocentric_place gives the Sun and the Moon of one instant, computed side by side
+/// [deg]
+struct LongitudePair {
+    double sun, moon;
+};
+LongitudePair topocentric_longitudes(const Observer& observer, const GeocentricPlace& sun,
+                                     const GeocentricPlace& moon);
 
 /// Horizontal parallax of the Moon                                                      [km -> deg]
 double moon_parallax(double distance);

@@ -48,10 +48,15 @@ FastPlace moon_fast_place(Ephemeris& ephemeris, const Instant& instant) {
     return place;
 }
 
-double moon_fast_longitude(Ephemeris& ephemeris, const Instant& instant, const Observer& observer) {
+GeocentricPlace moon_fast_ecliptic(Ephemeris& ephemeris, const Instant& instant) {
     const FastMoon moon = fast_moon(ephemeris, instant);
-    return topocentric_longitude(observer, sky_frame(instant, moon.orientation), moon.place.longitude,
-                                 moon.place.latitude, moon.place.distance, 'M');
+    return {moon.place.longitude, moon.place.latitude, moon.place.distance,
+            sky_frame(instant, moon.orientation)};
+}
+
+LongitudePair fast_longitudes(Ephemeris& ephemeris, const Instant& instant, const Observer& observer) {
+    return topocentric_longitudes(observer, sun_fast_ecliptic(ephemeris, instant),
+                                  moon_fast_ecliptic(ephemeris, instant));
 }
 
 FastPlace fast_place(Ephemeris& ephemeris, Body body, const Instant& instant) {

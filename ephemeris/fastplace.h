@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ephemeris/coordinates.h"
 #include "ephemeris/ephemeris.h"
 #include "ephemeris/moon.h"
 #include "ephemeris/sun.h"
@@ -16,9 +17,12 @@ FastPlace fast_place(Ephemeris& ephemeris, Body body, const Instant& instant);
 SunPlace topocentric_sun_fast(Ephemeris& ephemeris, const Instant& instant, const Observer& observer);
 MoonPlace topocentric_moon_fast(Ephemeris& ephemeris, const Instant& instant, const Observer& observer);
 
-/// Topocentric ecliptic longitude, 0 to 360                                                   [deg]
-double sun_fast_longitude(Ephemeris& ephemeris, const Instant& instant, const Observer& observer);
-double moon_fast_longitude(Ephemeris& ephemeris, const Instant& instant, const Observer& observer);
+/// The ecliptic places.
+GeocentricPlace sun_fast_ecliptic(Ephemeris& ephemeris, const Instant& instant);
+GeocentricPlace moon_fast_ecliptic(Ephemeris& ephemeris, const Instant& instant);
+
+/// Topocentric ecliptic longitudes, 0 to 360                                                  [deg]
+LongitudePair fast_longitudes(Ephemeris& ephemeris, const Instant& instant, const Observer& observer);
 
 /// What the interpolated functions stand for, `days` of dynamical time from 2000: the fast Sun's longitude
 /// [deg], radius vector [AU], obliquity [deg] and nutation in longitude [deg]; the Moon's longitude, latitude

@@ -72,10 +72,9 @@ FastPlace sun_fast_place(Ephemeris& ephemeris, const Instant& instant) {
     return place;
 }
 
-double sun_fast_longitude(Ephemeris& ephemeris, const Instant& instant, const Observer& observer) {
+GeocentricPlace sun_fast_ecliptic(Ephemeris& ephemeris, const Instant& instant) {
     const FastSun sun = fast_sun(ephemeris, instant);
-    return topocentric_longitude(observer, sky_frame(instant, sun.obliquity, sun.nutation), sun.longitude, 0,
-                                 sun.radius, 'S');
+    return {sun.longitude, 0, sun.radius, sky_frame(instant, sun.obliquity, sun.nutation)};
 }
 
 } // namespace halvane

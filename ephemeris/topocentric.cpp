@@ -3,7 +3,9 @@
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/orientationterms.h"
 
+#include <array>
 #include <cmath>
+#include <cstddef>
 
 namespace halvane {
 namespace {
@@ -25,6 +27,13 @@ double semidiameter_of(char body, double distance) {
                        : asin(moon_over_earth_radius * earth_radius_km / distance);
 }
 
+/// A geocentric place with its horizontal parallax [rad].
+struct Shifted {
+    const SkyFrame& frame;
+    double longitude, latitude; ///< [deg]
+    double parallax;
+};
+
 /// The geocentric place less the observer's, in units of the body's distance: ecliptic, towards the equinox
 /// and a quarter further east.
 struct Parallactic {
@@ -34,22 +43,30 @@ struct Parallactic {
     double sine_theta; ///< of the local sidereal time
 };
 
-Parallactic parallactic(const Observer& observer, const SkyFrame& frame, double longitude, double latitude,
-                        double parallax) {
-    using std::cos;
-    using std::sin;
-    const double theta = rev360(frame.sidereal_time + observer.longitude) * radians_per_degree;
-    const double lambda = longitude * radians_per_degree;
-    const double cosine_beta = cos(latitude * radians_per_degree);
-    Parallactic p{};
-    p.sine_parallax = sin(parallax);
-    p.sine_theta = sin(theta);
-    p.x = cos(lambda) * cosine_beta - observer.rho_cosine * p.sine_parallax * cos(theta);
-    p.y = sin(lambda) * cosine_beta -
-          p.sine_parallax * (observer.rho_sine * frame.sine_obliquity +
-                             observer.rho_cosine * frame.cosine_obliquity * p.sine_theta);
-    p.longitude = atan2(p.x, p.y);
-    return p;
+/// Several places are taken step by step side by side: none of them waits for another's functions.
+template <std::size_t N>
+std::array<Parallactic, N> parallactic(const Observer& observer, const std::array<Shifted, N>& places) {
+    std::array<Parallactic, N> shifts;  // NOLINT: filled whole by the loops
+    std::array<double, N> cosine_theta; // NOLINT: the same
+    for (std::size_t i = 0; i < N; ++i) {
+        const double theta = rev360(places[i].frame.sidereal_time + observer.longitude) * radians_per_degree;
+        shifts[i].sine_parallax = std::sin(places[i].parallax);
+        shifts[i].sine_theta = std::sin(theta);
+        cosine_theta[i] = std::cos(theta);
+    }
+    for (std::size_t i = 0; i < N; ++i) {
+        const double lambda = places[i].longitude * radians_per_degree;
+        const double cosine_beta = std::cos(places[i].latitude * radians_per_degree);
+        const SkyFrame& frame = places[i].frame;
+        Parallactic& p = shifts[i];
+        p.x = std::cos(lambda) * cosine_beta - observer.rho_cosine * p.sine_parallax * cosine_theta[i];
+        p.y = std::sin(lambda) * cosine_beta -
+              p.sine_parallax * (observer.rho_sine * frame.sine_obliquity +
+                                 observer.rho_cosine * frame.cosine_obliquity * p.sine_theta);
+    }
+    for (Parallactic& p : shifts)
+        p.longitude = atan2(p.x, p.y);
+    return shifts;
 }
 
 /// The part of the same difference towards the ecliptic's north.
@@ -73,7 +90,7 @@ struct Direction {
 
 Direction direction_of(const Observer& observer, const SkyFrame& frame, double longitude, double latitude,
                        double parallax) {
-    const Parallactic p = parallactic(observer, frame, longitude, latitude, parallax);
+    const auto [p] = parallactic<1>(observer, {{{frame, longitude, latitude, parallax}}});
     const double cosine = std::cos(p.longitude);
     return {p.x, p.longitude, cosine, std::atan(cosine * north_of(p, observer, frame, latitude) / p.x)};
 }
@@ -100,10 +117,12 @@ TopocentricDirection topocentric_direction(const Observer& observer, const SkyFr
     return direction_of(observer, frame, longitude, latitude, parallax_of(body, distance)).in_degrees();
 }
 
-double topocentric_longitude(const Observer& observer, const SkyFrame& frame, double longitude,
-                             double latitude, double distance, char body) {
-    const Parallactic p = parallactic(observer, frame, longitude, latitude, parallax_of(body, distance));
-    return rev360(p.longitude * degrees_per_radian);
+LongitudePair topocentric_longitudes(const Observer& observer, const GeocentricPlace& sun,
+                                     const GeocentricPlace& moon) {
+    const auto [of_sun, of_moon] = parallactic<2>(
+        observer, {{{sun.frame, sun.longitude, sun.latitude, parallax_of('S', sun.distance)},
+                    {moon.frame, moon.longitude, moon.latitude, parallax_of('M', moon.distance)}}});
+    return {rev360(of_sun.longitude * degrees_per_radian), rev360(of_moon.longitude * degrees_per_radian)};
 }
 
 double moon_parallax(double distance) {

@@ -18,12 +18,14 @@ public:
     /// `days` of dynamical time from 2000. The first value may be an angle that jumps by 360.
     using Function = Values (*)(const Theory& theory, double days);
     /// `theory` must outlive the series.
-    InterpolatedSeries(const Theory& theory, Function function) : theory_(&theory), function_(function) {}
+    InterpolatedSeries(const Theory& theory, Function function);
 
     Values at(double days);
 
 private:
     static constexpr std::size_t nodes = 7;
+    using Nodes = std::array<double, nodes>;
+    static Nodes chebyshev_nodes();
     static constexpr std::size_t kept_pieces = 16;
     struct Piece {
         double index = 0.5; ///< whole for a piece that has been computed
@@ -33,6 +35,7 @@ private:
 
     const Theory* theory_;
     Function function_;
+    Nodes node_;
     std::array<Piece, kept_pieces> pieces_{};
 };
 

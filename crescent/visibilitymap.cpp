@@ -104,12 +104,9 @@ CrescentQuantities fast_quantities(Ephemeris& ephemeris, const Observer& observe
                                   topocentric_sun_fast(ephemeris, instant, observer));
 }
 
-} // namespace
-
-VisibilityClass evaluate_point(Ephemeris& ephemeris, const MapRun& run, double longitude, double latitude,
-                               double& conjunction) {
-    const Observer observer = observer_at(longitude, latitude, 0);
-    const double zone = zone_of_longitude(longitude);
+VisibilityClass class_for(Ephemeris& ephemeris, const MapRun& run, const Observer& observer,
+                          double& conjunction) {
+    const double zone = zone_of_longitude(observer.longitude);
     conjunction = point_conjunction(ephemeris, observer, conjunction, run.conjunction.delta_t).universal;
     const PointEvents events = point_events(ephemeris, run, observer);
     if (events.missing)
@@ -127,6 +124,13 @@ VisibilityClass evaluate_point(Ephemeris& ephemeris, const MapRun& run, double l
     if (age <= 0 || lag <= 0)
         return VisibilityClass::impossible;
     return row_of(run.criterion).measure(fast_quantities(ephemeris, observer, universal));
+}
+
+} // namespace
+
+VisibilityClass evaluate_point(Ephemeris& ephemeris, const MapRun& run, double longitude, double latitude,
+                               double& conjunction) {
+    return class_for(ephemeris, run, observer_at(longitude, latitude, 0), conjunction);
 }
 
 namespace {
@@ -152,6 +156,24 @@ Samples sample_places(CrescentKind kind, int longitude, int latitude) {
              {side, latitude - block_span / 2}}};
 }
 
+/// The observers of the grid, made once for each latitude.
+class GridObservers {
+public:
+    GridObservers() {
+        for (std::size_t i = 0; i < observers_.size(); ++i)
+            observers_[i] = observer_at(0, MapGrid::north - grid_step * static_cast<int>(i), 0);
+    }
+    Observer at(const GridPlace& place) const {
+        Observer observer =
+            observers_[static_cast<std::size_t>((MapGrid::north - place.latitude) / grid_step)];
+        observer.longitude = place.longitude;
+        return observer;
+    }
+
+private:
+    std::array<Observer, (MapGrid::north - MapGrid::south) / grid_step + 1> observers_;
+};
+
 class MapDrawing {
 public:
     MapDrawing(const TheoryPointer& theory, const MapRun& run, MapReceiver& receiver)
@@ -170,8 +192,7 @@ public:
 
 private:
     VisibilityClass evaluate(const GridPlace& place) {
-        const VisibilityClass visibility =
-            evaluate_point(ephemeris_, run_, place.longitude, place.latitude, conjunction_);
+        const VisibilityClass visibility = class_for(ephemeris_, run_, observers_.at(place), conjunction_);
         receiver_.point({place.longitude, place.latitude, visibility, true});
         return visibility;
     }
@@ -203,6 +224,7 @@ private:
                     evaluate({x, y});
     }
 
+    const GridObservers observers_;
     Ephemeris ephemeris_;
     const MapRun& run_;
     MapReceiver& receiver_;

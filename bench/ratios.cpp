@@ -34,6 +34,8 @@
 #include <fstream>
 #include <iostream>
 #include <string>
+#include <string_view>
+#include <thread>
 #include <vector>
 
 namespace {
@@ -42,7 +44,7 @@ using namespace halvane;
 using namespace halvane::bench;
 
 /// Keeps results alive, so that no work is optimised away.
-volatile double sink = 0;
+thread_local volatile double sink = 0;
 
 /// What the library's place is set against: ecliptic and equatorial place, geocentric and topocentric, with
 /// altitude and azimuth.
@@ -254,6 +256,36 @@ bool print_ratios() {
     return table.is_kept();
 }
 
+/// Two maps on two threads, which share the theory and nothing else, against the same two one after the
+/// other.
+bool print_threads() {
+    constexpr double must = 0.6;
+    constexpr double milliseconds = 1e3;
+    constexpr int runs = 25;
+    if (std::thread::hardware_concurrency() < 2)
+        return true;
+    const TemporaryProgramFolder folder;
+    load_series();
+    Ephemeris ephemeris(loaded_theory());
+    const MapRun run = map_of(ephemeris, 17, 2, 2026);
+    const Times times = shortest_times_by_clock(
+        [&run] {
+            std::thread other([&run] { draw_in_memory(run); });
+            draw_in_memory(run);
+            other.join();
+        },
+        [&run] {
+            draw_in_memory(run);
+            draw_in_memory(run);
+        },
+        runs);
+    std::printf("\n| Work | Two threads | One thread | Ratio | Must |\n|---|---:|---:|---:|---:|\n");
+    std::printf("| two maps of 18 February 2026, Yallop | %.1f ms | %.1f ms | %.3f | %.2f |\n",
+                times.ours * milliseconds, times.reference * milliseconds, times.ours / times.reference,
+                must);
+    return times.ours <= must * times.reference;
+}
+
 /// A crescent's calculation, with its conjunction, against 60 places of each body on top of its two day
 /// calculations. The report's file, which is forced onto the disk, is not in it.
 bool print_crescent() {
@@ -337,14 +369,18 @@ std::string processor() {
 
 } // namespace
 
-/// Prints what the engine and the reports take, as tables in Markdown. Exit status 1 when a limit is passed.
-int main() {
+/// Prints what the engine and the reports take, as tables in Markdown; with the argument "threads" only the
+/// table of two threads. Exit status 1 when a limit is passed.
+int main(int argc, char** argv) {
     try {
+        if (argc > 1 && std::string_view(argv[1]) == "threads")
+            return print_threads() ? 0 : 1;
         std::printf("%s, %s vectors, %s, one thread\n", processor().c_str(), series_sums().instructions,
                     HALVANE_BUILD);
         const bool programs_kept = print_programs();
         const bool crescent_kept = print_crescent();
-        return print_ratios() && programs_kept && crescent_kept ? 0 : 1;
+        const bool ratios_kept = print_ratios();
+        return print_threads() && programs_kept && crescent_kept && ratios_kept ? 0 : 1;
     } catch (const std::exception& failure) {
         std::cerr << failure.what() << "\n";
         return 1;

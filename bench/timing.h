@@ -17,4 +17,7 @@ struct Times {
 };
 Times shortest_times(const Work& ours, const Work& reference, int runs = 9);
 
+/// The same by the clock on the wall, for work on several threads; other programs count         [s]
+Times shortest_times_by_clock(const Work& ours, const Work& reference, int runs);
+
 } // namespace halvane::bench

@@ -25,7 +25,7 @@ constexpr double coming_size = 1.3;
 
 constexpr int hint_width = 40; // units of space
 
-constexpr Twin main_window_texts[] = {
+constexpr ControlText main_window_texts[] = {
     {"cmdquit", "&Quit", "إ&نهاء"},
     {"lblhint",
      "This desktop has no tray. Closing this window only hides it and the alerts go on; starting the program "
@@ -34,8 +34,8 @@ constexpr Twin main_window_texts[] = {
      "أخرى "
      "يظهرها. زر إنهاء يوقف التنبيه."},
 };
-constexpr Twin trouble_text{
-    "", "The settings cannot be read now. Alerts follow the last sound ones; the program looks again.",
+constexpr TwinText trouble_text{
+    "The settings cannot be read now. Alerts follow the last sound ones; the program looks again.",
     "لا يمكن قراءة الإعدادات الآن. يتبع التنبيه آخر إعدادات سليمة، و يعيد البرنامج المحاولة."};
 
 Language language_of(const AlertSchedule& schedule) {

@@ -25,7 +25,7 @@ constexpr double place_size = 1.2;
 constexpr int window_width = 34;   // units of space
 constexpr double bar_height = 0.5; // units of space
 
-constexpr Twin close_text{"", "&Close", "إ&غلاق"};
+constexpr TwinText close_text{"&Close", "إ&غلاق"};
 
 QLabel* add_label(QVBoxLayout& column, const char* name, QLabel* label = new QLabel) {
     label->setObjectName(QString::fromLatin1(name));

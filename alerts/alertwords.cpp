@@ -5,17 +5,16 @@ namespace halvane {
 
 namespace {
 
-constexpr Twin prayers[] = {
-    {"", "Fajer", "الفجر"},    {"", "Dhohur", "الظهر"}, {"", "Aser", "العصر"},
-    {"", "Maghreb", "المغرب"}, {"", "Isha", "العشاء"},
+constexpr TwinText prayers[] = {
+    {"Fajer", "الفجر"}, {"Dhohur", "الظهر"}, {"Aser", "العصر"}, {"Maghreb", "المغرب"}, {"Isha", "العشاء"},
 };
-constexpr Twin it_is_time{"", "It is time for the %1 prayer", "حان الآن موعد صلاة %1"};
-constexpr Twin soon{"", "The %1 prayer is near", "اقترب موعد صلاة %1"};
-constexpr Twin next_text{"", "Next: %1 %2", "الصلاة التالية: %1 %2"};
-constexpr Twin no_prayer_text{"", "No prayer has a time today or tomorrow.",
-                              "لا يوجد موعد لأي صلاة اليوم أو غدا."};
-constexpr Twin no_sound{"", "No sound device was found. Alerts are shown without their sound.",
-                        "لم يعثر على جهاز للصوت، لذلك تظهر التنبيهات دون صوت."};
+constexpr TwinText it_is_time{"It is time for the %1 prayer", "حان الآن موعد صلاة %1"};
+constexpr TwinText soon{"The %1 prayer is near", "اقترب موعد صلاة %1"};
+constexpr TwinText next_text{"Next: %1 %2", "الصلاة التالية: %1 %2"};
+constexpr TwinText no_prayer_text{"No prayer has a time today or tomorrow.",
+                                  "لا يوجد موعد لأي صلاة اليوم أو غدا."};
+constexpr TwinText no_sound{"No sound device was found. Alerts are shown without their sound.",
+                            "لم يعثر على جهاز للصوت، لذلك تظهر التنبيهات دون صوت."};
 
 QString next_words(Prayer prayer, const ShownClock& clock, Language language) {
     return text_of(next_text, language)
@@ -29,7 +28,7 @@ QString prayer_name(Prayer prayer, Language language) {
 }
 
 AlertWords words_of(const Alert& alert, const QString& place, Language language) {
-    const Twin& heading = alert.kind == Alert::Kind::window ? it_is_time : soon;
+    const TwinText& heading = alert.kind == Alert::Kind::window ? it_is_time : soon;
     AlertWords words;
     words.heading = text_of(heading, language).arg(prayer_name(alert.prayer, language));
     words.time = QString::fromStdString(text_of(alert.clock));

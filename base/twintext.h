@@ -1,15 +1,22 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/language.h"
+
 #include <string>
 #include <utility>
 
 namespace halvane {
 
-/// A text in both languages, in UTF-8.
+/// A constant text in both languages, in UTF-8. Tables of them cost nothing at the start of a program; a
+/// std::string would be made there, so texts that are made later have the type TwinWords.
 struct TwinText {
     const char* english;
     const char* arabic;
+
+    constexpr const char* in(Language language) const {
+        return language == Language::english ? english : arabic;
+    }
 };
 
 /// A message box's words.

@@ -18,7 +18,7 @@ namespace halvane {
 
 namespace {
 
-constexpr Twin twins[] = {
+constexpr ControlText twins[] = {
     {"frmcresv", "Crescent Visibility", "رؤية الهلال"},
     {"frakind", "Crescent", "الهلال"},
     {"optnew", "&New (Evening)", "&أول الشهر (مساء)"},
@@ -61,7 +61,7 @@ constexpr Twin twins[] = {
 
 } // namespace
 
-std::span<const Twin> frmcresv_twins() {
+std::span<const ControlText> frmcresv_twins() {
     return twins;
 }
 

@@ -56,6 +56,6 @@ private:
 };
 
 /// The texts of `frmcresv` that do not depend on its choices.
-std::span<const Twin> frmcresv_twins();
+std::span<const ControlText> frmcresv_twins();
 
 } // namespace halvane

@@ -25,7 +25,7 @@ namespace halvane {
 
 namespace {
 
-constexpr Twin twins[] = {
+constexpr ControlText twins[] = {
     {"frmmap", "Crescent Visibility Map", "خريطة رؤية الهلال"},
     {"lblcri", "C&riterion:", "ال&معيار"},
     {"cmddraw", "&Draw", "&رسم"},
@@ -36,20 +36,20 @@ constexpr Twin twins[] = {
     {"pic@spoken", "World map", "خريطة العالم"},
 };
 
-constexpr Twin save_title{"", "Save the Map", "حفظ الخريطة"};
-constexpr Twin save_filter{"", "GIF pictures (*.gif)", "صور GIF (*.gif)"};
-constexpr Twin drawing_words{"", "Drawing: %1 %", "جار الرسم: %1 %"};
-constexpr Twin stopped_words{"", "Stopped at %1 %.", "توقف الرسم عند %1 %."};
-constexpr Twin other_choice{"", "The drawing is of another day or criterion than chosen: draw again.",
-                            "هذا الرسم ليوم آخر أو لمعيار آخر غير المختار: ارسم من جديد."};
-constexpr Twin not_drawn{"", "Not drawn here", "لم يرسم هنا"};
-constexpr Twin replace_question{"", "%1 is there already. Replace it?", "الملف %1 موجود. هل تريد استبداله؟"};
-constexpr Twin saved{"", "Saved: %1", "تم الحفظ: %1"};
-constexpr Twin not_saved{"", "Not saved: %1", "لم يتم الحفظ: %1"};
-constexpr Twin refused{"", "Not saved: %1 is a file of the program. Choose another name.",
-                       "لم يتم الحفظ: %1 من ملفات البرنامج. اختر اسما آخر."};
-constexpr Twin new_day{"", "Visibility Day: Waxing (New) Crescent", "يوم الرصد: هلال أول الشهر"};
-constexpr Twin old_day{"", "Visibility Day: Waning (Old) Crescent", "يوم الرصد: هلال آخر الشهر"};
+constexpr TwinText save_title{"Save the Map", "حفظ الخريطة"};
+constexpr TwinText save_filter{"GIF pictures (*.gif)", "صور GIF (*.gif)"};
+constexpr TwinText drawing_words{"Drawing: %1 %", "جار الرسم: %1 %"};
+constexpr TwinText stopped_words{"Stopped at %1 %.", "توقف الرسم عند %1 %."};
+constexpr TwinText other_choice{"The drawing is of another day or criterion than chosen: draw again.",
+                                "هذا الرسم ليوم آخر أو لمعيار آخر غير المختار: ارسم من جديد."};
+constexpr TwinText not_drawn{"Not drawn here", "لم يرسم هنا"};
+constexpr TwinText replace_question{"%1 is there already. Replace it?", "الملف %1 موجود. هل تريد استبداله؟"};
+constexpr TwinText saved{"Saved: %1", "تم الحفظ: %1"};
+constexpr TwinText not_saved{"Not saved: %1", "لم يتم الحفظ: %1"};
+constexpr TwinText refused{"Not saved: %1 is a file of the program. Choose another name.",
+                           "لم يتم الحفظ: %1 من ملفات البرنامج. اختر اسما آخر."};
+constexpr TwinText new_day{"Visibility Day: Waxing (New) Crescent", "يوم الرصد: هلال أول الشهر"};
+constexpr TwinText old_day{"Visibility Day: Waning (Old) Crescent", "يوم الرصد: هلال آخر الشهر"};
 
 /// The read-out of a place; empty outside the world.
 QString mouse_text(const MapPlace& place, Language language) {
@@ -67,7 +67,7 @@ QString mouse_text(const MapPlace& place, Language language) {
 
 } // namespace
 
-std::span<const Twin> frmmap_twins() {
+std::span<const ControlText> frmmap_twins() {
     return twins;
 }
 
@@ -292,7 +292,7 @@ void frmmap::save_picture(const QString& name) {
 }
 
 /// Tells in the line below the map how a save went; the tool tip has the whole of it.
-void frmmap::show_save(const Twin& how, const QString& name, const FailureParts& reason) {
+void frmmap::show_save(const TwinText& how, const QString& name, const FailureParts& reason) {
     constexpr int two_lines = 3 * map_width / 2;
     const QString what = name.isEmpty()
                              ? QString::fromStdString(words_of(reason, language_ == Language::english))

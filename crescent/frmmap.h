@@ -54,7 +54,7 @@ private:
     void clear_mouse();
     QString ask_for_name();
     void save_picture(const QString& name);
-    void show_save(const Twin& how, const QString& name, const FailureParts& reason = {});
+    void show_save(const TwinText& how, const QString& name, const FailureParts& reason = {});
     char letter() const { return language_ == Language::english ? 'E' : 'A'; }
 
     std::unique_ptr<Ui::frmmap> ui_;
@@ -69,6 +69,6 @@ private:
 };
 
 /// The texts of `frmmap` that do not depend on its conjunction.
-std::span<const Twin> frmmap_twins();
+std::span<const ControlText> frmmap_twins();
 
 } // namespace halvane

@@ -15,7 +15,7 @@ namespace halvane {
 
 namespace {
 
-constexpr Twin twins[] = {
+constexpr ControlText twins[] = {
     {"frmdate", "Date", "التاريخ"},
     {"fradate", "Date Settings", "تحديد التاريخ"},
     {"optsystem", "Use the date of your system", "اعتمد تاريخ الجهاز"},
@@ -47,9 +47,9 @@ constexpr Twin twins[] = {
     {"cbotday@spoken", "To, day", "إلى، اليوم"},
 };
 
-constexpr Twin order_title{"", "Date Error", "خطأ"};
-constexpr Twin order_refused{"", "The end date must be AFTER the beginning date!",
-                             "التاريخ الثاني يجب أن يكون بعد التاريخ الأول"};
+constexpr TwinText order_title{"Date Error", "خطأ"};
+constexpr TwinText order_refused{"The end date must be AFTER the beginning date!",
+                                 "التاريخ الثاني يجب أن يكون بعد التاريخ الأول"};
 
 constexpr const char* longest_year = "-88888";
 

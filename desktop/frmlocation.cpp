@@ -23,7 +23,7 @@ namespace halvane {
 
 namespace {
 
-constexpr Twin twins[] = {
+constexpr ControlText twins[] = {
     {"frmlocation", "Location", "الموقع"},
     {"franame", "Name", "الإسم"},
     {"fralongi", "Longitude", "خط الطول"},
@@ -70,22 +70,22 @@ constexpr Twin twins[] = {
     {"txtcity@spoken", "Kilometres to the east", "المسافة إلى الشرق بالكيلومتر"},
 };
 
-constexpr Twin find_text{"", "Find in the list", "ابحث في القائمة"};
+constexpr TwinText find_text{"Find in the list", "ابحث في القائمة"};
 
-constexpr Twin add_title{"", "Add", "إضافة"};
-constexpr Twin add_question{"", "Are you sure you want to add this location?",
-                            "هل أنت متأكد من إضافة هذا الموقع ؟"};
-constexpr Twin name_title{"", "Name Error", "خطأ"};
-constexpr Twin name_refused{"", "You Can Not Have Two Locations of the Same Name!",
-                            "لا يمكن إضافة موقعين بنفس الاسم"};
-constexpr Twin modify_title{"", "Modify", "تعديل"};
-constexpr Twin modify_question{"", "Are you sure you want to modify this location?",
-                               "هل أنت متأكد من هذا التعديل ؟"};
-constexpr Twin delete_title{"", "Delete", "حذف"};
-constexpr Twin delete_question{"", "Are you sure you want to delete this location?",
-                               "هل أنت متأكد من حذف هذا الموقع؟"};
-constexpr Twin delete_again{"", "Again... You will delete this location!",
-                            "مرة أخرى... سيتم حذف هذا الموقع نهائيا"};
+constexpr TwinText add_title{"Add", "إضافة"};
+constexpr TwinText add_question{"Are you sure you want to add this location?",
+                                "هل أنت متأكد من إضافة هذا الموقع ؟"};
+constexpr TwinText name_title{"Name Error", "خطأ"};
+constexpr TwinText name_refused{"You Can Not Have Two Locations of the Same Name!",
+                                "لا يمكن إضافة موقعين بنفس الاسم"};
+constexpr TwinText modify_title{"Modify", "تعديل"};
+constexpr TwinText modify_question{"Are you sure you want to modify this location?",
+                                   "هل أنت متأكد من هذا التعديل ؟"};
+constexpr TwinText delete_title{"Delete", "حذف"};
+constexpr TwinText delete_question{"Are you sure you want to delete this location?",
+                                   "هل أنت متأكد من حذف هذا الموقع؟"};
+constexpr TwinText delete_again{"Again... You will delete this location!",
+                                "مرة أخرى... سيتم حذف هذا الموقع نهائيا"};
 
 /// A number box of the panel, the field it stands for and the widest text it has room for.
 struct NumberBox {
@@ -268,7 +268,7 @@ void frmlocation::List1_click() {
         show_location(*location);
 }
 
-bool frmlocation::confirmed(const Twin& title, const Twin& question) {
+bool frmlocation::confirmed(const TwinText& title, const TwinText& question) {
     return ask(this, text_of(title, language_), text_of(question, language_), language_);
 }
 

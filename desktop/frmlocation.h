@@ -48,7 +48,7 @@ private:
     void pick_first_found();
     void pick_focused();
     void filter_list(const QString& part);
-    bool confirmed(const Twin& title, const Twin& question);
+    bool confirmed(const TwinText& title, const TwinText& question);
 
     std::unique_ptr<Ui::frmlocation> ui_;
     Language language_;

@@ -34,7 +34,7 @@ constexpr double line_size = 1.2;
 constexpr double arabic_line_points = 12;
 constexpr double desktop_icon = 2.4; // of the unit of space
 
-constexpr Twin twins[] = {
+constexpr ControlText twins[] = {
     {"frmmain", program_title, program_title},
     {"cmddat", "&Date", "ال&تاريخ"},
     {"cmdloc", "&Location", "المو&قع"},
@@ -68,7 +68,7 @@ constexpr Twin twins[] = {
 };
 
 /// How the two lines begin; the load step completes them.
-constexpr Twin lines[] = {
+constexpr ControlText lines[] = {
     {"lblmdate", "Machine's Date: ", "تاريخ الجهاز: "},
     {"lblmtime", "Machine's Time: ", "وقت الجهاز: "},
 };
@@ -119,7 +119,7 @@ void close_other_panels(const QWidget& main_panel) {
 
 } // namespace
 
-std::span<const Twin> frmmain_twins() {
+std::span<const ControlText> frmmain_twins() {
     return twins;
 }
 

@@ -79,6 +79,6 @@ private:
 };
 
 /// The texts of `frmmain`.
-std::span<const Twin> frmmain_twins();
+std::span<const ControlText> frmmain_twins();
 
 } // namespace halvane

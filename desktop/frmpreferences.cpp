@@ -14,7 +14,7 @@ namespace halvane {
 
 namespace {
 
-constexpr Twin twins[] = {
+constexpr ControlText twins[] = {
     {"frmpreferences", "Preferences", "الخيارات"},
     {"fratwi", "Twilight", "الفجر و العشاء"},
     {"lblfaj", "Fajer angle", "زاوية الفجر"},
@@ -70,9 +70,9 @@ constexpr Twin twins[] = {
      "الإرتفاع لوقت الفجر: يحفظ مع الخيارات و لا يستخدم في الحسابات"},
 };
 
-constexpr Twin angle_title{"", "Angle Error!", "خطأ"};
-constexpr Twin fajer_refused{"", "Fajer Angle Must Be Positive!", "زاوية الفجر يجب أن تكون موجبة"};
-constexpr Twin isha_refused{"", "Isha Angle Must Be Positive!", "زاوية العشاء يجب أن تكون موجبة"};
+constexpr TwinText angle_title{"Angle Error!", "خطأ"};
+constexpr TwinText fajer_refused{"Fajer Angle Must Be Positive!", "زاوية الفجر يجب أن تكون موجبة"};
+constexpr TwinText isha_refused{"Isha Angle Must Be Positive!", "زاوية العشاء يجب أن تكون موجبة"};
 
 constexpr const char* longest_angle = "-18.255";
 constexpr const char* longest_minutes = "-88.5";

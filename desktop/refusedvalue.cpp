@@ -14,12 +14,12 @@ namespace halvane {
 
 namespace {
 
-constexpr Twin title{"", "Value Error", "خطأ"};
-constexpr Twin value{"", "%1: %2", "%1: %2"};
-constexpr Twin no_times{"", "The prayer times cannot be calculated with this value. Nothing has been stored.",
-                        "لا يمكن حساب مواقيت الصلاة بهذه القيمة. لم يحفظ شيء."};
-constexpr Twin beyond_limit{"", "The value must be between %2 and %1. Nothing has been stored.",
-                            "يجب أن تكون القيمة بين %2 و %1. لم يحفظ شيء."};
+constexpr TwinText title{"Value Error", "خطأ"};
+constexpr TwinText value{"%1: %2", "%1: %2"};
+constexpr TwinText no_times{"The prayer times cannot be calculated with this value. Nothing has been stored.",
+                            "لا يمكن حساب مواقيت الصلاة بهذه القيمة. لم يحفظ شيء."};
+constexpr TwinText beyond_limit{"The value must be between %2 and %1. Nothing has been stored.",
+                                "يجب أن تكون القيمة بين %2 و %1. لم يحفظ شيء."};
 
 QString reason_text(RefusalReason reason, double limit, Language language) {
     if (reason == RefusalReason::no_times)

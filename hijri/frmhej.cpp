@@ -16,7 +16,7 @@ namespace halvane {
 
 namespace {
 
-constexpr Twin twins[] = {
+constexpr ControlText twins[] = {
     {"frmhej", "Hejric-Gregorian Conversion", "Hejric-Gregorian Conversion"},
     {"frahej", "Conversion", "تحويل"},
     {"opthtg", "Convert Hejric to Gregorian", "التحويل من هجري إلى ميلادي"},
@@ -33,12 +33,12 @@ constexpr Twin twins[] = {
     {"cmdcan", "&Cancel", "&خروج"},
 };
 
-constexpr Twin refused_title{"", "Date Error", "خطأ"};
-constexpr Twin year_refused{"", "The Year must be more than Zero!", "السنة يجب أن تكون أكبر من صفر"};
-constexpr Twin before_first{"", "Your Date Must Be After 15/July/622 CE!",
-                            "التاريخ يجب أن يكون بعد 15/تموز/622"};
-constexpr Twin in_gap{"", "The Date After 04 October 1582 CE is 15 October 1582 CE!",
-                      "التاريخ الذي يلي 04 تشرين أول 1582 هو 15 تشرين أول 1582"};
+constexpr TwinText refused_title{"Date Error", "خطأ"};
+constexpr TwinText year_refused{"The Year must be more than Zero!", "السنة يجب أن تكون أكبر من صفر"};
+constexpr TwinText before_first{"Your Date Must Be After 15/July/622 CE!",
+                                "التاريخ يجب أن يكون بعد 15/تموز/622"};
+constexpr TwinText in_gap{"The Date After 04 October 1582 CE is 15 October 1582 CE!",
+                          "التاريخ الذي يلي 04 تشرين أول 1582 هو 15 تشرين أول 1582"};
 
 constexpr int hijri_days = 30;
 constexpr const char* longest_year = "-88888";
@@ -138,9 +138,9 @@ void frmhej::refuse(RefusedDate refused) {
         ask_again(*ui_->txty);
         return;
     }
-    const Twin& words = refused == RefusedDate::year_not_positive    ? year_refused
-                        : refused == RefusedDate::before_first_hijri ? before_first
-                                                                     : in_gap;
+    const TwinText& words = refused == RefusedDate::year_not_positive    ? year_refused
+                            : refused == RefusedDate::before_first_hijri ? before_first
+                                                                         : in_gap;
     warn(this, text_of(refused_title, language_), text_of(words, language_), language_);
     if (refused == RefusedDate::in_calendar_gap)
         ui_->cbod->setFocus(Qt::OtherFocusReason);

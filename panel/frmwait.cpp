@@ -17,7 +17,7 @@ std::int16_t waitcancel = 0;
 
 namespace {
 
-constexpr Twin twins[] = {
+constexpr ControlText twins[] = {
     {"frmwait", "Please Wait!", "الرجاء الانتظار"},
     {"Label1", "Please Wait !", "الرجاء الانتظار"},
     {"lbllong", "Calculations for long period may take long time!",
@@ -26,7 +26,7 @@ constexpr Twin twins[] = {
     {"Pro1@spoken", "Progress", "التقدم"},
 };
 
-constexpr Twin time_left{"lblleft", "Time left: about %1", "الوقت المتبقي: نحو %1"};
+constexpr TwinText time_left{"Time left: about %1", "الوقت المتبقي: نحو %1"};
 
 constexpr double paint_pause = 0.1; // [s]
 
@@ -52,7 +52,7 @@ std::vector<WaitProgress*>& runs() {
 
 } // namespace
 
-std::span<const Twin> frmwait_twins() {
+std::span<const ControlText> frmwait_twins() {
     return twins;
 }
 

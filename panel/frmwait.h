@@ -56,7 +56,7 @@ private:
 };
 
 /// The texts of `frmwait`.
-std::span<const Twin> frmwait_twins();
+std::span<const ControlText> frmwait_twins();
 
 /// A run of a report with the progress window shown for as long as this object lives. Runs may nest, since
 /// any button can be pressed during a run: they share the window, and Cancel ends them all. The run's panel

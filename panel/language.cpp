@@ -43,9 +43,9 @@ void align_label(QLabel& label) {
                        Qt::AlignAbsolute);
 }
 
-void apply_twin(QWidget& form, const Twin& twin, Language language) {
-    const QString text = text_of(twin, language);
-    const QStringList target = QString::fromLatin1(twin.control).split(u'@');
+void apply_text(QWidget& form, const ControlText& row, Language language) {
+    const QString text = text_of(row.text, language);
+    const QStringList target = QString::fromLatin1(row.control).split(u'@');
     QWidget* control =
         target[0].isEmpty() || target[0] == form.objectName() ? &form : form.findChild<QWidget*>(target[0]);
     if (control == nullptr)
@@ -64,18 +64,14 @@ Language stored_language() {
     return read_pref().english ? Language::english : Language::arabic;
 }
 
-QString text_of(const Twin& twin, Language language) {
-    return text_of(TwinText{twin.english, twin.arabic}, language);
+QString text_of(const TwinText& text, Language language) {
+    return QString::fromUtf8(text.in(language));
 }
 
-QString text_of(const TwinText& twin, Language language) {
-    return QString::fromUtf8(language == Language::english ? twin.english : twin.arabic);
-}
-
-void apply_language(QWidget& form, std::span<const Twin> twins, Language language) {
+void apply_language(QWidget& form, std::span<const ControlText> texts, Language language) {
     form.setLayoutDirection(language == Language::english ? Qt::LeftToRight : Qt::RightToLeft);
-    for (const Twin& twin : twins)
-        apply_twin(form, twin, language);
+    for (const ControlText& row : texts)
+        apply_text(form, row, language);
     for (QLabel* label : form.findChildren<QLabel*>()) {
         align_label(*label);
         // What a label shows may be the user's own text, which is no markup.

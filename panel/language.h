@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/language.h"
 #include "base/twintext.h"
 
 #include <QString>
@@ -10,28 +11,27 @@ class QWidget;
 
 namespace halvane {
 
-enum class Language { english, arabic };
-
 /// The language of `pref.vsk`.
 /// Error  raises RunTimeFailure for a missing or damaged file.
 Language stored_language();
 
 /// One row of a form's table of texts. `control` is the objectName of the control; an empty name, or the
 /// form's own, stands for the window title. "name@spoken" is the name a screen reader says for a control that
-/// has no label of its own, "name@tip" its tool tip. Texts are UTF-8 with "&" before the access key.
-struct Twin {
+/// has no label of its own, "name@tip" its tool tip. Texts have "&" before the access key.
+struct ControlText {
     const char* control;
-    const char* english;
-    const char* arabic;
+    TwinText text;
+
+    constexpr ControlText(const char* name, const char* english, const char* arabic)
+        : control(name), text{english, arabic} {}
 };
 
-/// The text of `twin` in `language`.
-QString text_of(const Twin& twin, Language language);
-QString text_of(const TwinText& twin, Language language);
+/// The text in `language`.
+QString text_of(const TwinText& text, Language language);
 
-/// Puts the texts of `twins` in place and gives the form the direction of the language. Labels and inputs
-/// mirror with it; controls marked by keep_left_to_right do not.
-void apply_language(QWidget& form, std::span<const Twin> twins, Language language);
+/// Puts `texts` in place and gives the form the direction of the language. Labels and inputs mirror with it;
+/// controls marked by keep_left_to_right do not.
+void apply_language(QWidget& form, std::span<const ControlText> texts, Language language);
 
 /// The control keeps its direction in Arabic: maps, dials, number tables and plain figures.
 void keep_left_to_right(QWidget& control);

@@ -16,43 +16,40 @@ namespace halvane {
 
 namespace {
 
-constexpr Twin ending{"", "Halvane cannot go on and ends now. Nothing more is written.",
-                      "لا يستطيع البرنامج المتابعة و سينتهي الآن. لن يكتب شيء آخر."};
-constexpr Twin warning{"", "Warning: ", "تنبيه: "};
+constexpr TwinText ending{"Halvane cannot go on and ends now. Nothing more is written.",
+                          "لا يستطيع البرنامج المتابعة و سينتهي الآن. لن يكتب شيء آخر."};
+constexpr TwinText warning{"Warning: ", "تنبيه: "};
 
 /// One way out for each kind of failure.
-Twin remedy(FailureKind kind) {
+TwinText remedy(FailureKind kind) {
     switch (kind) {
     case FailureKind::missing_file:
-        return {"", "Put this file back where it belongs and start Halvane again.",
+        return {"Put this file back where it belongs and start Halvane again.",
                 "أعد هذا الملف إلى مكانه ثم افتح البرنامج من جديد."};
     case FailureKind::damaged_file:
-        return {"",
-                "Correct what was found there, or put a sound copy of this file in its place, and start "
+        return {"Correct what was found there, or put a sound copy of this file in its place, and start "
                 "Halvane again.",
                 "صحح ما وجد هناك أو ضع نسخة سليمة من هذا الملف في مكانه ثم افتح البرنامج من جديد."};
     case FailureKind::no_right:
-        return {"",
-                "Give yourself the right to read and write this file and its folder and start Halvane again.",
+        return {"Give yourself the right to read and write this file and its folder and start Halvane again.",
                 "امنح نفسك إذن القراءة و الكتابة لهذا الملف و مجلده ثم افتح البرنامج من جديد."};
     case FailureKind::no_space:
-        return {"", "Make room on the disk of this file and start Halvane again.",
+        return {"Make room on the disk of this file and start Halvane again.",
                 "وفر مساحة على قرص هذا الملف ثم افتح البرنامج من جديد."};
     case FailureKind::system:
-        return {"", "See that this file and its folder can be used and start Halvane again.",
+        return {"See that this file and its folder can be used and start Halvane again.",
                 "تأكد من صلاحية هذا الملف و مجلده ثم افتح البرنامج من جديد."};
     case FailureKind::no_finite_value:
-        return {"",
-                "Start Halvane again and choose another date, or correct the location (height, pressure, "
+        return {"Start Halvane again and choose another date, or correct the location (height, pressure, "
                 "temperature).",
                 "افتح البرنامج من جديد و اختر تاريخا آخر أو صحح الموقع (الارتفاع و الضغط و الحرارة)."};
     case FailureKind::no_memory:
-        return {"", "Close other programs or choose a shorter period, and start Halvane again.",
+        return {"Close other programs or choose a shorter period, and start Halvane again.",
                 "أغلق برامج أخرى أو اختر فترة أقصر ثم افتح البرنامج من جديد."};
     case FailureKind::other:
         break;
     }
-    return {"", "Start Halvane again.", "افتح البرنامج من جديد."};
+    return {"Start Halvane again.", "افتح البرنامج من جديد."};
 }
 
 MessagePresenter& presenter() {

@@ -18,13 +18,13 @@ namespace halvane {
 
 namespace {
 
-constexpr Twin no_number{"", "This is not a number; %1 is taken.", "هذا ليس رقما، و القيمة المعتمدة هي %1"};
-constexpr Twin title{"", "Not a Number", "ليس رقما"};
-constexpr Twin line{"", "%1: \"%2\" is not a number; %3 is taken.",
-                    "%1: \"%2\" ليس رقما، و القيمة المعتمدة هي %3"};
-constexpr Twin empty_line{"", "%1: the box is empty; %2 is taken.",
-                          "%1: المربع فارغ، و القيمة المعتمدة هي %2"};
-constexpr Twin question{"", "Is that what you want?", "هل هذا ما تريد؟"};
+constexpr TwinText no_number{"This is not a number; %1 is taken.", "هذا ليس رقما، و القيمة المعتمدة هي %1"};
+constexpr TwinText title{"Not a Number", "ليس رقما"};
+constexpr TwinText line{"%1: \"%2\" is not a number; %3 is taken.",
+                        "%1: \"%2\" ليس رقما، و القيمة المعتمدة هي %3"};
+constexpr TwinText empty_line{"%1: the box is empty; %2 is taken.",
+                              "%1: المربع فارغ، و القيمة المعتمدة هي %2"};
+constexpr TwinText question{"Is that what you want?", "هل هذا ما تريد؟"};
 
 QString value_taken(const QString& text) {
     return QString::fromStdString(plain_number(numeric_prefix(text.toStdString())));

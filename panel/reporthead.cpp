@@ -12,21 +12,21 @@ constexpr std::int64_t lines_of_head = 40;
 constexpr std::int64_t lines_of_tail = 60;
 constexpr int shortest_rule = 60; // equals signs
 
-constexpr Twin kinds[] = {
-    {"prayer", "Prayer Times", "مواقيت الصلاة"},
-    {"moon", "Moon Times", "مواقيت القمر"},
-    {"qiblah", "Qiblah Times", "أوقات القبلة"},
-    {"topocentric", "Topocentric Moon Phases", "أطوار القمر السطحية"},
-    {"geocentric", "Geocentric Moon Phases", "أطوار القمر المركزية"},
-    {"crescent", "Crescent Visibility", "رؤية الهلال"},
-    {"sun", "Sun Ephemeris", "زيج الشمس"},
-    {"moontable", "Moon Ephemeris", "زيج القمر"},
+constexpr TwinText kinds[] = {
+    {"Prayer Times", "مواقيت الصلاة"},
+    {"Moon Times", "مواقيت القمر"},
+    {"Qiblah Times", "أوقات القبلة"},
+    {"Topocentric Moon Phases", "أطوار القمر السطحية"},
+    {"Geocentric Moon Phases", "أطوار القمر المركزية"},
+    {"Crescent Visibility", "رؤية الهلال"},
+    {"Sun Ephemeris", "زيج الشمس"},
+    {"Moon Ephemeris", "زيج القمر"},
 };
 
 /// How the line of a head begins that tells the kind of report.
 struct KindLine {
     const char* words;
-    const Twin* kind;
+    const TwinText* kind;
 };
 
 constexpr KindLine kind_lines[] = {
@@ -138,10 +138,6 @@ QString title_of(const ReportHead& head, Language language) {
         if (!part.isEmpty())
             title += QStringLiteral(" - ") + ordered(part, language);
     return title;
-}
-
-std::span<const Twin> report_kinds() {
-    return kinds;
 }
 
 } // namespace halvane

@@ -9,15 +9,7 @@
 
 namespace halvane {
 
-namespace {
-
-constexpr Twin twins[] = {{"lblrunning", "Running: %1, %2 %", "جار الحساب: %1، %2 %"}};
-
-} // namespace
-
-std::span<const Twin> runnote_twins() {
-    return twins;
-}
+const TwinText running_words{"Running: %1, %2 %", "جار الحساب: %1، %2 %"};
 
 RunNote::RunNote(QWidget& panel, QString what, Language language)
     : QLabel(&panel), panel_(panel), what_(std::move(what)), language_(language) {
@@ -46,7 +38,7 @@ void RunNote::show_percent(double percent) {
 void RunNote::take_place() {
     const int height = fontMetrics().height();
     setGeometry(0, panel_.height() - height, panel_.width(), height);
-    const QString all = text_of(twins[0], language_).arg(what_, QString::number(percent_));
+    const QString all = text_of(running_words, language_).arg(what_, QString::number(percent_));
     setText(fontMetrics().elidedText(all, Qt::ElideMiddle, panel_.width()));
     raise();
 }

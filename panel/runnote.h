@@ -31,6 +31,6 @@ private:
 };
 
 /// The text of the line: "%1" the run, "%2" the percentage.
-std::span<const Twin> runnote_twins();
+extern const TwinText running_words;
 
 } // namespace halvane

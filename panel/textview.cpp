@@ -27,10 +27,8 @@ constexpr std::int64_t copied_at_once = 1048576; // bytes
 constexpr int drag_pause = 50;                   // [ms]
 constexpr int lines_without_letters = 200;
 
-constexpr Twin twins[] = {
-    {"copy", "&Copy", "&نسخ"},
-    {"all", "Select &All", "&تحديد الكل"},
-};
+constexpr TwinText copy_text{"&Copy", "&نسخ"};
+constexpr TwinText select_all_text{"Select &All", "&تحديد الكل"};
 
 const QString text_type = QStringLiteral("text/plain");
 
@@ -74,10 +72,6 @@ std::pair<int, int> word_at(const QString& line, int column) {
 }
 
 } // namespace
-
-std::span<const Twin> textview_twins() {
-    return twins;
-}
 
 TextView::TextView(std::shared_ptr<const KeptText> text, Kind kind, Language language, QWidget* parent)
     : QAbstractScrollArea(parent), text_(std::move(text)), kind_(kind), language_(language) {
@@ -403,9 +397,9 @@ void TextView::wheelEvent(QWheelEvent* event) {
 
 void TextView::contextMenuEvent(QContextMenuEvent* event) {
     QMenu menu(this);
-    QAction* copying = menu.addAction(text_of(twins[0], language_), this, &TextView::copy);
+    QAction* copying = menu.addAction(text_of(copy_text, language_), this, &TextView::copy);
     copying->setEnabled(has_selection());
-    menu.addAction(text_of(twins[1], language_), this, &TextView::select_all);
+    menu.addAction(text_of(select_all_text, language_), this, &TextView::select_all);
     menu.setLayoutDirection(language_ == Language::arabic ? Qt::RightToLeft : Qt::LeftToRight);
     menu.exec(event->globalPos());
 }

@@ -102,7 +102,4 @@ private:
     QPointF drag_point_;
 };
 
-/// The texts of its menu.
-std::span<const Twin> textview_twins();
-
 } // namespace halvane

@@ -39,7 +39,7 @@ constexpr int find_slice = 20;                 // of the time of the window's ot
 constexpr int long_print = 20000;              // lines
 constexpr std::int64_t longest_guide = 100000; // lines
 
-constexpr Twin twins[] = {
+constexpr ControlText twins[] = {
     {"lblfind", "&Find:", "&بحث:"},
     {"cmdnext", "&Next", "ال&تالي"},
     {"cmdprevious", "Pre&vious", "ال&سابق"},
@@ -58,15 +58,15 @@ constexpr Twin twins[] = {
     {"txtreport@spoken", "Text of the file", "نص الملف"},
 };
 
-constexpr Twin not_found{"", "Not found", "غير موجود"};
-constexpr Twin finding{"", "Searching: %1 %", "جار البحث: %1 %"};
-constexpr Twin guide{"", "User's Guide", "دليل المستخدم"};
-constexpr Twin missing{"", "There is no file of this name yet:", "لا يوجد ملف بهذا الاسم بعد:"};
-constexpr Twin save_title{"", "Save As", "حفظ باسم"};
-constexpr Twin text_kind{"", "Text", "نص"};
-constexpr Twin pdf_title{"", "Save PDF", "حفظ PDF"};
-constexpr Twin not_printed{"", "The printer has not taken the pages.", "لم تستلم الطابعة الصفحات."};
-constexpr Twin error_title{"", "File Error", "خطأ"};
+constexpr TwinText not_found{"Not found", "غير موجود"};
+constexpr TwinText finding{"Searching: %1 %", "جار البحث: %1 %"};
+constexpr TwinText guide{"User's Guide", "دليل المستخدم"};
+constexpr TwinText missing{"There is no file of this name yet:", "لا يوجد ملف بهذا الاسم بعد:"};
+constexpr TwinText save_title{"Save As", "حفظ باسم"};
+constexpr TwinText text_kind{"Text", "نص"};
+constexpr TwinText pdf_title{"Save PDF", "حفظ PDF"};
+constexpr TwinText not_printed{"The printer has not taken the pages.", "لم تستلم الطابعة الصفحات."};
+constexpr TwinText error_title{"File Error", "خطأ"};
 
 bool is_report(const QString& path) {
     return QFileInfo(path).suffix() == QLatin1String("out");
@@ -110,7 +110,7 @@ bool print_with_progress(QPagedPaintDevice& device, const PrintedText& printed, 
 
 } // namespace
 
-std::span<const Twin> viewer_twins() {
+std::span<const ControlText> viewer_twins() {
     return twins;
 }
 

@@ -98,6 +98,6 @@ private:
 };
 
 /// The texts of the viewer.
-std::span<const Twin> viewer_twins();
+std::span<const ControlText> viewer_twins();
 
 } // namespace halvane

@@ -40,7 +40,4 @@ QString fixed_family();
 /// settings names a proportional family, or none.
 QString fixed_family(const QString& told);
 
-/// "Page n of m".
-std::span<const Twin> page_twins();
-
 } // namespace halvane

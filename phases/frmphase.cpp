@@ -16,7 +16,7 @@ namespace halvane {
 
 namespace {
 
-constexpr Twin twins[] = {
+constexpr ControlText twins[] = {
     {"frmphase", "Moon Phases", "أطوار القمر"},
     {"lblhphase", "Moon Phases", "أطوار القمر"},
     {"fradate", "Date", "التاريخ"},
@@ -60,7 +60,7 @@ void hold_lines(QLabel& note, int width) {
 
 } // namespace
 
-std::span<const Twin> frmphase_twins() {
+std::span<const ControlText> frmphase_twins() {
     return twins;
 }
 

@@ -41,6 +41,6 @@ private:
 };
 
 /// The texts of `frmphase`.
-std::span<const Twin> frmphase_twins();
+std::span<const ControlText> frmphase_twins();
 
 } // namespace halvane

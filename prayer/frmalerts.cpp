@@ -20,7 +20,7 @@ namespace halvane {
 
 namespace {
 
-constexpr Twin twins[] = {
+constexpr ControlText twins[] = {
     {"frmalerts", "Alerts", "المنبه"},
     {"fraale", "Alert Settings", "خيارات المنبه"},
     {"chkpep", "Make Beep", "اصدر صوت قبل"},
@@ -71,7 +71,7 @@ int number_of(const QCheckBox& box) {
 
 } // namespace
 
-std::span<const Twin> frmalerts_twins() {
+std::span<const ControlText> frmalerts_twins() {
     return twins;
 }
 

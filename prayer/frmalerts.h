@@ -57,6 +57,6 @@ private:
 };
 
 /// The texts of `frmalerts`.
-std::span<const Twin> frmalerts_twins();
+std::span<const ControlText> frmalerts_twins();
 
 } // namespace halvane

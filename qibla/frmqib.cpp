@@ -21,7 +21,7 @@ namespace halvane {
 
 namespace {
 
-constexpr Twin twins[] = {
+constexpr ControlText twins[] = {
     {"frmqib", "Qiblah Direction", "اتجاه القبلة"},
     {"lblhead", "Qiblah Direction", "اتجاه القبلة"},
     {"lblqibtim", "Qiblah Times", "مواعيد القبلة"},
@@ -39,7 +39,7 @@ constexpr Twin twins[] = {
 };
 
 /// What follows the direction in `lblang`.
-constexpr Twin from_north{"lblang", "° From True North", "° من الشمال الحقيقي"};
+constexpr TwinText from_north{"° From True North", "° من الشمال الحقيقي"};
 
 constexpr Panel map{"frmqmap", "cmdshowqmap", true, make_panel<frmqmap>};
 
@@ -49,7 +49,7 @@ constexpr double line_size = 1.2;
 
 } // namespace
 
-std::span<const Twin> frmqib_twins() {
+std::span<const ControlText> frmqib_twins() {
     return twins;
 }
 

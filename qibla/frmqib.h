@@ -13,7 +13,7 @@ class frmqib;
 }
 
 /// The texts of `frmqib`.
-std::span<const Twin> frmqib_twins();
+std::span<const ControlText> frmqib_twins();
 
 /// The Qiblah panel: direction of the current location as a number and on a dial, and the report of the times
 /// at which the Sun or its shadow stands there. The constructor loads it; the direction stays that of the

@@ -11,7 +11,7 @@ namespace halvane {
 
 namespace {
 
-constexpr Twin twins[] = {
+constexpr ControlText twins[] = {
     {"frmqmap", "Halvane: Qiblah World Map", "Halvane: خارطة العالم للقبلة"},
     {"lblqmap",
      "Red numbers at the top and the bottom are the Qiblah direction from the True North for each color band",
@@ -20,12 +20,12 @@ constexpr Twin twins[] = {
     {"imgqmap@spoken", "World map of the Qiblah direction", "خارطة العالم لاتجاه القبلة"},
 };
 
-constexpr Twin no_picture{"imgqmap", "The picture qmap.gif is missing from the program folder.",
-                          "الصورة qmap.gif غير موجودة في مجلد البرنامج."};
+constexpr TwinText no_picture{"The picture qmap.gif is missing from the program folder.",
+                              "الصورة qmap.gif غير موجودة في مجلد البرنامج."};
 
 } // namespace
 
-std::span<const Twin> frmqmap_twins() {
+std::span<const ControlText> frmqmap_twins() {
     return twins;
 }
 

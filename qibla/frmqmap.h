@@ -13,7 +13,7 @@ class frmqmap;
 }
 
 /// The texts of `frmqmap`.
-std::span<const Twin> frmqmap_twins();
+std::span<const ControlText> frmqmap_twins();
 
 /// The world map of the Qiblah's directions, `qmap.gif` of the program folder, above the other windows for as
 /// long as it is open. A missing picture is told in its place.

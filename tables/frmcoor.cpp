@@ -22,7 +22,7 @@ namespace halvane {
 
 namespace {
 
-constexpr Twin twins[] = {
+constexpr ControlText twins[] = {
     {"frmcoor", "Sun Moon Ephemeris", "أزياج الشمس و القمر"},
     {"lblobj", "&Object:", "ال&جرم"},
     {"fraref", "Reference", "المرجع"},
@@ -64,17 +64,16 @@ constexpr Twin twins[] = {
     {"cboi@spoken", "Unit of the interval", "وحدة الفاصل الزمني"},
 };
 
-constexpr Twin objects[] = {{"", "Sun", "الشمس"}, {"", "Moon", "القمر"}};
-constexpr Twin units[] = {
-    {"", "Second", "ثانية"}, {"", "Minute", "دقيقة"}, {"", "Hour", "ساعة"}, {"", "Day", "يوم"}};
+constexpr TwinText objects[] = {{"Sun", "الشمس"}, {"Moon", "القمر"}};
+constexpr TwinText units[] = {{"Second", "ثانية"}, {"Minute", "دقيقة"}, {"Hour", "ساعة"}, {"Day", "يوم"}};
 
 constexpr int year_length = 6;
 constexpr const char* longest_year = "-88888";
 constexpr const char* longest_interval = "888888";
 
-void fill_with_texts(QComboBox& list, std::span<const Twin> texts, Language language) {
+void fill_with_texts(QComboBox& list, std::span<const TwinText> texts, Language language) {
     list.clear();
-    for (const Twin& text : texts)
+    for (const TwinText& text : texts)
         list.addItem(text_of(text, language));
 }
 
@@ -92,7 +91,7 @@ void show_moment(const Moment& moment, double year, const std::array<double, 5>&
 
 } // namespace
 
-std::span<const Twin> frmcoor_twins() {
+std::span<const ControlText> frmcoor_twins() {
     return twins;
 }
 

@@ -39,6 +39,6 @@ private:
 };
 
 /// The texts of `frmcoor`.
-std::span<const Twin> frmcoor_twins();
+std::span<const ControlText> frmcoor_twins();
 
 } // namespace halvane

@@ -23,7 +23,7 @@ namespace halvane {
 
 namespace {
 
-constexpr Twin twins[] = {
+constexpr ControlText twins[] = {
     {"frmtele", "Telescope", "تلسكوب"},
     {"fradate", "Date and Time", "التاريخ و الوقت"},
     {"lblyear", "Year:", "السنة"},
@@ -59,20 +59,20 @@ constexpr Twin twins[] = {
     {"pctcresimg@spoken", "Picture of the crescent", "صورة الهلال"},
 };
 
-constexpr Twin zenith{"", "Zenith", "سمت الرأس"};
-constexpr Twin missing{"", "The picture %1 is not in the folder of pictures.",
-                       "الصورة %1 غير موجودة في مجلد الصور."};
+constexpr TwinText zenith{"Zenith", "سمت الرأس"};
+constexpr TwinText missing{"The picture %1 is not in the folder of pictures.",
+                           "الصورة %1 غير موجودة في مجلد الصور."};
 /// The bright limb's direction in the picture: as the eye sees it, and mirrored by each of the flips.
-constexpr Twin limb{"", "Bright limb: %1 from the zenith,\ncounted to the left",
-                    "الحافة المضيئة: %1 من سمت الرأس،\nعدا إلى اليسار"};
-constexpr Twin limb_horizontal{"", "Bright limb: %1 from the zenith,\ncounted to the right",
-                               "الحافة المضيئة: %1 من سمت الرأس،\nعدا إلى اليمين"};
-constexpr Twin limb_vertical{"", "Bright limb: %1 from the zenith below,\ncounted to the left",
-                             "الحافة المضيئة: %1 من سمت الرأس\nفي الأسفل، عدا إلى اليسار"};
-constexpr Twin limb_both{"", "Bright limb: %1 from the zenith below,\ncounted to the right",
-                         "الحافة المضيئة: %1 من سمت الرأس\nفي الأسفل، عدا إلى اليمين"};
+constexpr TwinText limb{"Bright limb: %1 from the zenith,\ncounted to the left",
+                        "الحافة المضيئة: %1 من سمت الرأس،\nعدا إلى اليسار"};
+constexpr TwinText limb_horizontal{"Bright limb: %1 from the zenith,\ncounted to the right",
+                                   "الحافة المضيئة: %1 من سمت الرأس،\nعدا إلى اليمين"};
+constexpr TwinText limb_vertical{"Bright limb: %1 from the zenith below,\ncounted to the left",
+                                 "الحافة المضيئة: %1 من سمت الرأس\nفي الأسفل، عدا إلى اليسار"};
+constexpr TwinText limb_both{"Bright limb: %1 from the zenith below,\ncounted to the right",
+                             "الحافة المضيئة: %1 من سمت الرأس\nفي الأسفل، عدا إلى اليمين"};
 
-const Twin& limb_words(bool horizontal, bool vertical) {
+const TwinText& limb_words(bool horizontal, bool vertical) {
     if (vertical)
         return horizontal ? limb_both : limb_vertical;
     return horizontal ? limb_horizontal : limb;
@@ -85,7 +85,7 @@ constexpr double read_out_size = 1.15;
 
 } // namespace
 
-std::span<const Twin> frmtele_twins() {
+std::span<const ControlText> frmtele_twins() {
     return twins;
 }
 
@@ -230,7 +230,7 @@ void frmtele::show_limb() {
     const QString angle = zenith_angle_
                               ? QString::number(std::lround(*zenith_angle_) % 360) + QStringLiteral("°")
                               : QStringLiteral("----");
-    const Twin& words = limb_words(ui_->chkflph->isChecked(), ui_->chkflpv->isChecked());
+    const TwinText& words = limb_words(ui_->chkflph->isChecked(), ui_->chkflpv->isChecked());
     ui_->lbllimb->setText(text_of(words, language_).arg(isolated(angle)));
 }
 

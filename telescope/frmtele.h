@@ -46,6 +46,6 @@ private:
 };
 
 /// The texts of `frmtele`.
-std::span<const Twin> frmtele_twins();
+std::span<const ControlText> frmtele_twins();
 
 } // namespace halvane

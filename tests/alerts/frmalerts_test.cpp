@@ -14,7 +14,7 @@ namespace {
 constexpr const char* athans[] = {"fradoh",  "fraasr",  "framag",  "fraish",  "optdhrh", "optdhre", "optasrh",
                                   "optasre", "optmagh", "optmage", "optishh", "optishe", "lblprao"};
 
-constexpr Twin captions[] = {
+constexpr ControlText captions[] = {
     {"frmalerts", "Alerts", "المنبه"},
     {"fraale", "Alert Settings", "خيارات المنبه"},
     {"chkpep", "Make Beep", "اصدر صوت قبل"},
@@ -55,7 +55,7 @@ TEST_F(AlertsTest, EveryCaptionIsThatOfTheLanguage) {
         [](QWidget& form, Language language) { expect_captions(form, frmalerts_twins(), language); });
 }
 
-class AlertsCaption : public AlertsTest, public ::testing::WithParamInterface<Twin> {};
+class AlertsCaption : public AlertsTest, public ::testing::WithParamInterface<ControlText> {};
 
 TEST_P(AlertsCaption, StandsLetterForLetter) {
     in_both_languages<frmalerts>(

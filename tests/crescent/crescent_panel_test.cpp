@@ -19,7 +19,7 @@
 namespace halvane {
 namespace {
 
-constexpr Twin new_captions[] = {
+constexpr ControlText new_captions[] = {
     {"optconj", "The Day of Conjunction", "يوم الاقتران"},
     {"optone", "One Day After Conjunction", "يوم واحد بعد الاقتران"},
     {"opttwo", "Two Days After Conjunction", "يومان بعد الاقتران"},
@@ -27,7 +27,7 @@ constexpr Twin new_captions[] = {
     {"optmoon", "Moonset", "غروب القمر"},
 };
 
-constexpr Twin old_captions[] = {
+constexpr ControlText old_captions[] = {
     {"optconj", "The Day of Conjunction", "يوم الاقتران"},
     {"optone", "One Day Before Conjunction", "يوم واحد قبل الاقتران"},
     {"opttwo", "Two Days Before Conjunction", "يومان قبل الاقتران"},
@@ -77,7 +77,7 @@ protected:
     }
 };
 
-class CrescentCaption : public CrescentPanel, public ::testing::WithParamInterface<Twin> {};
+class CrescentCaption : public CrescentPanel, public ::testing::WithParamInterface<ControlText> {};
 class OldCrescentCaption : public CrescentCaption {};
 
 TEST_P(CrescentCaption, OfANewCrescentIsThatOfTheLanguage) {

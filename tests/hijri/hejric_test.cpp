@@ -14,7 +14,7 @@
 namespace halvane {
 namespace {
 
-constexpr Twin captions[] = {
+constexpr ControlText captions[] = {
     {"frmhej", "Hejric-Gregorian Conversion", "Hejric-Gregorian Conversion"},
     {"frahej", "Conversion", "تحويل"},
     {"opthtg", "Convert Hejric to Gregorian", "التحويل من هجري إلى ميلادي"},

@@ -13,7 +13,7 @@
 namespace halvane {
 namespace {
 
-constexpr Twin captions[] = {
+constexpr ControlText captions[] = {
     {"frmdate", "Date", "التاريخ"},
     {"fradate", "Date Settings", "تحديد التاريخ"},
     {"optsystem", "Use the date of your system", "اعتمد تاريخ الجهاز"},

@@ -16,7 +16,7 @@
 namespace halvane {
 namespace {
 
-constexpr Twin captions[] = {
+constexpr ControlText captions[] = {
     {"frmlocation", "Location", "الموقع"},
     {"franame", "Name", "الإسم"},
     {"fralongi", "Longitude", "خط الطول"},

@@ -28,7 +28,7 @@ namespace halvane {
 namespace {
 
 // The panel's texts, written out once more.
-constexpr Twin captions[] = {
+constexpr ControlText captions[] = {
     {"frmmain", "Halvane 5.3.9", "Halvane 5.3.9"},
     {"cmddat", "&Date", "ال&تاريخ"},
     {"cmdloc", "&Location", "المو&قع"},
@@ -107,7 +107,7 @@ QDialog* make_sample(QWidget* owner) {
     return form;
 }
 
-class MainPanelCaption : public MainPanelTest, public ::testing::WithParamInterface<Twin> {};
+class MainPanelCaption : public MainPanelTest, public ::testing::WithParamInterface<ControlText> {};
 
 TEST_P(MainPanelCaption, IsThatOfTheLanguage) {
     in_both_languages<frmmain>([](frmmain& form, Language language) {

@@ -10,15 +10,15 @@ std::string language_name(const ::testing::TestParamInfo<Language>& row) {
     return row.param == Language::english ? "English" : "Arabic";
 }
 
-std::string caption_name(const ::testing::TestParamInfo<Twin>& row) {
+std::string caption_name(const ::testing::TestParamInfo<ControlText>& row) {
     return row.param.control;
 }
 
-void expect_caption(QWidget& form, const Twin& twin, Language language) {
-    EXPECT_EQ(caption(form, twin.control), text_of(twin, language)) << twin.control;
+void expect_caption(QWidget& form, const ControlText& twin, Language language) {
+    EXPECT_EQ(caption(form, twin.control), text_of(twin.text, language)) << twin.control;
 }
 
-void expect_captions(QWidget& form, std::span<const Twin> twins, Language language) {
+void expect_captions(QWidget& form, std::span<const ControlText> twins, Language language) {
     SCOPED_TRACE(form.objectName().toStdString());
     EXPECT_EQ(wrong_captions(form, twins, language), QStringList());
     EXPECT_EQ(form.layoutDirection(), language == Language::english ? Qt::LeftToRight : Qt::RightToLeft);

@@ -9,13 +9,13 @@ inline constexpr Language both_languages[] = {Language::english, Language::arabi
 
 /// The names of tests that are made for each language, and for each row of a table of captions.
 std::string language_name(const ::testing::TestParamInfo<Language>& row);
-std::string caption_name(const ::testing::TestParamInfo<Twin>& row);
+std::string caption_name(const ::testing::TestParamInfo<ControlText>& row);
 
 /// The control of `twin` shows its caption of `language`.
-void expect_caption(QWidget& form, const Twin& twin, Language language);
+void expect_caption(QWidget& form, const ControlText& twin, Language language);
 
 /// The whole form shows its captions of `language` and has the direction of that language.
-void expect_captions(QWidget& form, std::span<const Twin> twins, Language language);
+void expect_captions(QWidget& form, std::span<const ControlText> twins, Language language);
 
 /// Shows the form: every control can be named, reached by the Tab key, told from the others by its access key
 /// and read whole.

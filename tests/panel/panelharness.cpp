@@ -41,7 +41,7 @@ void PrintTo(const QString& text, std::ostream* out) {
 
 namespace halvane {
 
-void PrintTo(const Twin& twin, std::ostream* out) {
+void PrintTo(const ControlText& twin, std::ostream* out) {
     *out << twin.control;
 }
 
@@ -213,9 +213,9 @@ void focus(QWidget& form, const char* name) {
     QApplication::sendEvent(&control(form, name), &event);
 }
 
-QStringList wrong_captions(QWidget& form, std::span<const Twin> twins, Language language) {
+QStringList wrong_captions(QWidget& form, std::span<const ControlText> twins, Language language) {
     QStringList wrong;
-    for (const Twin& twin : twins) {
+    for (const ControlText& twin : twins) {
         const QStringList target = QString::fromLatin1(twin.control).split(u'@');
         const bool is_form = target[0].isEmpty() || target[0] == form.objectName();
         if (!is_form && form.findChild<QWidget*>(target[0]) == nullptr) {
@@ -226,7 +226,7 @@ QStringList wrong_captions(QWidget& form, std::span<const Twin> twins, Language 
         const QString shown = target.size() == 1                     ? caption_of(widget)
                               : target[1] == QLatin1String("spoken") ? widget.accessibleName()
                                                                      : widget.toolTip();
-        if (shown != text_of(twin, language))
+        if (shown != text_of(twin.text, language))
             wrong << QString::fromLatin1(twin.control) + QStringLiteral(": \"") + shown + u'"';
     }
     return wrong;

@@ -27,7 +27,7 @@ void PrintTo(const QString& text, std::ostream* out);
 namespace halvane {
 
 /// A row of captions is named after its control.
-void PrintTo(const Twin& twin, std::ostream* out);
+void PrintTo(const ControlText& twin, std::ostream* out);
 
 /// `loc.vsk` of the reports of tests/golden that the panels are held against.
 inline constexpr const char* place_of_the_golden_reports =
@@ -138,7 +138,7 @@ void choose(QWidget& form, const char* name, const QString& text);
 void focus(QWidget& form, const char* name);
 
 /// The form's captions that differ from `twins` in `language`, and the controls that are not there.
-QStringList wrong_captions(QWidget& form, std::span<const Twin> twins, Language language);
+QStringList wrong_captions(QWidget& form, std::span<const ControlText> twins, Language language);
 
 /// Inputs and buttons that a screen reader cannot name.
 QStringList nameless_controls(QWidget& form);

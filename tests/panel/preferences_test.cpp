@@ -16,7 +16,7 @@
 namespace halvane {
 namespace {
 
-constexpr Twin captions[] = {
+constexpr ControlText captions[] = {
     {"frmpreferences", "Preferences", "الخيارات"},
     {"fratwi", "Twilight", "الفجر و العشاء"},
     {"lblfaj", "Fajer angle", "زاوية الفجر"},

@@ -44,7 +44,7 @@
 namespace halvane {
 namespace {
 
-constexpr Twin twins[] = {
+constexpr ControlText twins[] = {
     {"", "Sample", "عينة"},
     {"lblname", "&Name:", "الإ&سم"},
     {"franame", "Names", "أسماء"},

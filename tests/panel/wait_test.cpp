@@ -15,7 +15,7 @@
 namespace halvane {
 namespace {
 
-constexpr Twin captions[] = {
+constexpr ControlText captions[] = {
     {"frmwait", "Please Wait!", "الرجاء الانتظار"},
     {"Label1", "Please Wait !", "الرجاء الانتظار"},
     {"Label2", "0 %", "0 %"},
@@ -27,7 +27,7 @@ constexpr Twin captions[] = {
 
 class WaitTest : public PanelTest {};
 
-class WaitCaption : public WaitTest, public ::testing::WithParamInterface<Twin> {};
+class WaitCaption : public WaitTest, public ::testing::WithParamInterface<ControlText> {};
 
 TEST_P(WaitCaption, IsThatOfTheLanguage) {
     frmwait form;
@@ -204,8 +204,9 @@ TEST_F(WaitTest, ThePanelSaysWhichRunGoesOnUntilItsEnd) {
             run.percent(41.9);
             const auto& note = control<QLabel>(panel, "lblrunning");
             EXPECT_TRUE(note.isVisible());
-            EXPECT_EQ(note.text(), text_of(runnote_twins()[0], language)
-                                       .arg(QStringLiteral("Prayer Times"), QStringLiteral("41")));
+            EXPECT_EQ(
+                note.text(),
+                text_of(running_words, language).arg(QStringLiteral("Prayer Times"), QStringLiteral("41")));
             EXPECT_TRUE(panel.rect().contains(note.geometry()));
             panel.resize(600, 400);
             EXPECT_EQ(note.geometry().bottom(), panel.rect().bottom());

@@ -26,7 +26,7 @@
 namespace halvane {
 namespace {
 
-constexpr Twin captions[] = {
+constexpr ControlText captions[] = {
     {"frmphase", "Moon Phases", "أطوار القمر"},
     {"lblhphase", "Moon Phases", "أطوار القمر"},
     {"fradate", "Date", "التاريخ"},
@@ -78,7 +78,7 @@ protected:
     }
 };
 
-class PhaseCaption : public PhasePanel, public ::testing::WithParamInterface<Twin> {};
+class PhaseCaption : public PhasePanel, public ::testing::WithParamInterface<ControlText> {};
 
 TEST_P(PhaseCaption, IsThatOfTheLanguage) {
     in_both_languages<frmphase>(

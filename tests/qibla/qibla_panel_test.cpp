@@ -33,7 +33,7 @@ namespace halvane {
 namespace {
 
 // The panels' texts, written out once more.
-constexpr Twin captions[] = {
+constexpr ControlText captions[] = {
     {"frmqib", "Qiblah Direction", "اتجاه القبلة"},
     {"lblhead", "Qiblah Direction", "اتجاه القبلة"},
     {"lblqibtim", "Qiblah Times", "مواعيد القبلة"},
@@ -52,7 +52,7 @@ constexpr Twin captions[] = {
     {"cmdclose", "Clo&se", "إ&غلاق"},
 };
 
-constexpr Twin map_captions[] = {
+constexpr ControlText map_captions[] = {
     {"frmqmap", "Halvane: Qiblah World Map", "Halvane: خارطة العالم للقبلة"},
     {"lblqmap",
      "Red numbers at the top and the bottom are the Qiblah direction from the True North for each color band",
@@ -81,7 +81,7 @@ protected:
     }
 };
 
-class QiblahCaption : public QiblahPanelTest, public ::testing::WithParamInterface<Twin> {};
+class QiblahCaption : public QiblahPanelTest, public ::testing::WithParamInterface<ControlText> {};
 
 TEST_P(QiblahCaption, IsThatOfTheLanguage) {
     in_both_languages<frmqib>(
@@ -90,7 +90,7 @@ TEST_P(QiblahCaption, IsThatOfTheLanguage) {
 
 INSTANTIATE_TEST_SUITE_P(Every, QiblahCaption, ::testing::ValuesIn(captions), caption_name);
 
-class QiblahMapCaption : public QiblahPanelTest, public ::testing::WithParamInterface<Twin> {};
+class QiblahMapCaption : public QiblahPanelTest, public ::testing::WithParamInterface<ControlText> {};
 
 TEST_P(QiblahMapCaption, IsThatOfTheLanguage) {
     in_both_languages<frmqmap>(

@@ -38,10 +38,6 @@ constexpr TwinText trouble_text{
     "The settings cannot be read now. Alerts follow the last sound ones; the program looks again.",
     "لا يمكن قراءة الإعدادات الآن. يتبع التنبيه آخر إعدادات سليمة، و يعيد البرنامج المحاولة."};
 
-Language language_of(const AlertSchedule& schedule) {
-    return schedule.preferences().english ? Language::english : Language::arabic;
-}
-
 QLabel* add_label(QVBoxLayout& column, QLabel* label, const char* name) {
     label->setObjectName(QString::fromLatin1(name));
     label->setTextFormat(Qt::PlainText);
@@ -117,7 +113,7 @@ void AlertProgram::tick() {
 }
 
 void AlertProgram::handle(const Alert& alert) {
-    const Language language = language_of(schedule_);
+    const Language language = schedule_.preferences().language();
     const bool beep = alert.kind == Alert::Kind::beep;
     const bool audible = beep || alert.athan != Athan::none;
     const bool silent = audible && !sounds_.has_device();
@@ -148,7 +144,7 @@ QString AlertProgram::place_words(const MachineTime& now) const {
 }
 
 void AlertProgram::show_status(const MachineTime& now) {
-    const Language language = language_of(schedule_);
+    const Language language = schedule_.preferences().language();
     const QString coming = coming_words(schedule_.coming(now), language);
     const QString place = place_words(now);
     apply_language(main_window_, main_window_texts, language);
@@ -166,8 +162,7 @@ void AlertProgram::show_status(const MachineTime& now) {
 void AlertProgram::show_trouble(Language language) {
     const bool in_trouble = schedule_.trouble().has_value();
     const QString words = text_of(trouble_text, language);
-    const std::string why =
-        in_trouble ? words_of(*schedule_.trouble(), language == Language::english) : std::string();
+    const std::string why = in_trouble ? words_of(*schedule_.trouble(), language) : std::string();
     lbltrouble_->setText(words + u'\n' + isolated(QString::fromStdString(why)));
     lbltrouble_->setVisible(in_trouble);
     trouble_action_->setText(words);

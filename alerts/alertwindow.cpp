@@ -85,7 +85,7 @@ void AlertWindow::set_sizes() {
 }
 
 void AlertWindow::show_alert(const AlertWords& words, Language language) {
-    setLayoutDirection(language == Language::english ? Qt::LeftToRight : Qt::RightToLeft);
+    setLayoutDirection(direction_of(language));
     setWindowTitle(words.heading);
     show_text(*heading_, words.heading);
     show_text(*time_, words.time);

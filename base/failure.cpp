@@ -43,8 +43,8 @@ constexpr SystemError system_errors[] = {
     {ELOOP, "روابط كثيرة متتابعة"},
 };
 
-std::string text_of_error(int error, bool english) {
-    if (!english)
+std::string text_of_error(int error, Language language) {
+    if (language == Language::arabic)
         for (const SystemError& known : system_errors)
             if (known.error == error)
                 return known.arabic;
@@ -77,39 +77,46 @@ const TwinText& verb_of(FileAction action) {
     return verbs[static_cast<int>(action)];
 }
 
-std::string words_of_refusal(const FailureParts& parts, bool english) {
-    const TwinText& verb = verb_of(parts.action);
-    return (english ? verb.english : verb.arabic) + parts.file + ": " + text_of_error(parts.error, english) +
+std::string words_of_refusal(const FailureParts& parts, Language language) {
+    return verb_of(parts.action).in(language) + parts.file + ": " + text_of_error(parts.error, language) +
            ".";
 }
 
-std::string words_of_damage(const FailureParts& parts, bool english) {
+std::string words_of_damage(const FailureParts& parts, Language language) {
+    static constexpr TwinText record{", record ", "، السجل "};
+    static constexpr TwinText field{", field ", "، الحقل "};
+    static constexpr TwinText wanted{": wanted ", ": المطلوب "};
+    static constexpr TwinText found{", found ", "، و الموجود "};
     std::string words = parts.file;
     if (parts.record > 0)
-        words += (english ? ", record " : "، السجل ") + std::to_string(parts.record) +
-                 (english ? ", field " : "، الحقل ") + std::to_string(parts.field);
-    return words + (english ? ": wanted " : ": المطلوب ") + parts.wanted.in(english) +
-           (english ? ", found " : "، و الموجود ") + parts.found.in(english) + ".";
+        words += record.in(language) + std::to_string(parts.record) + field.in(language) +
+                 std::to_string(parts.field);
+    return words + wanted.in(language) + parts.wanted.in(language) + found.in(language) +
+           parts.found.in(language) + ".";
 }
 
 /// " on 21/06/2024 for Amman", as far as they are known.
-std::string words_of_subject(const FailureParts& parts, bool english) {
+std::string words_of_subject(const FailureParts& parts, Language language) {
+    static constexpr TwinText on_day{" on ", " في "};
+    static constexpr TwinText for_place{" for ", " في موقع "};
     std::string words;
     if (!parts.day.empty())
-        words += (english ? " on " : " في ") + parts.day;
+        words += on_day.in(language) + parts.day;
     if (!parts.place.empty())
-        words += (english ? " for " : " في موقع ") + parts.place;
+        words += for_place.in(language) + parts.place;
     return words;
 }
 
-std::string words_of_no_value(const FailureParts& parts, bool english) {
-    const std::string about = parts.quantity.in(english) + words_of_subject(parts, english);
+std::string words_of_no_value(const FailureParts& parts, Language language) {
+    const std::string about = parts.quantity.in(language) + words_of_subject(parts, language);
     if (parts.endless)
-        return english
-                   ? "The search for " + about + " does not end: the time is too far off for the theories."
-                   : "لا ينتهي البحث عن " + about + ": الوقت أبعد مما تصلح له النظريات.";
-    return english ? "The calculation of " + about + " has no finite value with the stored settings."
-                   : "ليس لحساب " + about + " قيمة محدودة بالإعدادات المخزونة.";
+        return TwinWords("The search for " + about +
+                             " does not end: the time is too far off for the theories.",
+                         "لا ينتهي البحث عن " + about + ": الوقت أبعد مما تصلح له النظريات.")
+            .in(language);
+    return TwinWords("The calculation of " + about + " has no finite value with the stored settings.",
+                     "ليس لحساب " + about + " قيمة محدودة بالإعدادات المخزونة.")
+        .in(language);
 }
 
 FailureParts without_value(TwinText quantity) {
@@ -128,14 +135,14 @@ FailureParts with_words(const TwinWords& words, FailureKind kind) {
 
 } // namespace
 
-std::string words_of(const FailureParts& parts, bool english) {
+std::string words_of(const FailureParts& parts, Language language) {
     if (!parts.words.english.empty())
-        return parts.words.in(english);
+        return parts.words.in(language);
     if (parts.error != 0)
-        return words_of_refusal(parts, english);
+        return words_of_refusal(parts, language);
     if (parts.kind == FailureKind::no_finite_value)
-        return words_of_no_value(parts, english);
-    return words_of_damage(parts, english);
+        return words_of_no_value(parts, language);
+    return words_of_damage(parts, language);
 }
 
 RunTimeFailure::RunTimeFailure(const FailureParts& parts) {
@@ -146,7 +153,7 @@ RunTimeFailure::RunTimeFailure(const TwinWords& words, FailureKind kind)
     : RunTimeFailure(with_words(words, kind)) {}
 
 void RunTimeFailure::tell(const FailureParts& parts) {
-    told_ = std::make_shared<const Told>(Told{parts, words_of(parts, true)});
+    told_ = std::make_shared<const Told>(Told{parts, words_of(parts, Language::english)});
 }
 
 void RunTimeFailure::tell_day(const DateNumbers& day) {

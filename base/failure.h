@@ -44,7 +44,7 @@ struct FailureParts {
 };
 
 /// The words that the parts make, in whole sentences.
-std::string words_of(const FailureParts& parts, bool english);
+std::string words_of(const FailureParts& parts, Language language);
 
 /// The one failure that ends a program: a stored or series file that is missing, short, not of its form or
 /// not writable, or a calculation without a finite value. Only where a panel's own rules pass it over is it

@@ -34,7 +34,12 @@ struct TwinWords {
     TwinWords(std::string english_words, std::string arabic_words)
         : english(std::move(english_words)), arabic(std::move(arabic_words)) {}
     TwinWords(const TwinText& text) : english(text.english), arabic(text.arabic) {} // NOLINT: a text is words
-    const std::string& in(bool english_wanted) const { return english_wanted ? english : arabic; }
+    const std::string& in(Language language) const& {
+        return language == Language::english ? english : arabic;
+    }
+    std::string in(Language language) && {
+        return std::move(language == Language::english ? english : arabic);
+    }
 };
 
 /// What the user is told of a value that has no answer, where it was typed: nothing runs, nothing is stored.

@@ -65,7 +65,7 @@ std::optional<std::string> unknown_task(const CLI::App& app, const std::vector<T
 
 /// Tells of series files that are not the delivered ones.
 void tell_series() {
-    for (const std::string& note : series_notes(true))
+    for (const std::string& note : series_notes(Language::english))
         std::cerr << "halvane-report: " << note << "\n";
 }
 
@@ -130,7 +130,7 @@ int main(int argc, char** argv) {
         finish_standard_output();
         return status;
     } catch (const std::exception& failure) {
-        std::cerr << "halvane-report: " << words_of(parts_of(failure), true) << "\n";
+        std::cerr << "halvane-report: " << words_of(parts_of(failure), Language::english) << "\n";
     } catch (...) {
         std::cerr << "halvane-report: an unknown failure\n";
     }

@@ -216,7 +216,7 @@ void save_map_picture(const MapRun& run, const std::vector<MapPoint>& points, co
     Canvas canvas;
     MapSheetContent content;
     content.points = points;
-    content.information = map_information(run, 'E');
+    content.information = map_information(run, Language::english);
     content.legend = map_legend(run.criterion);
     content.bare = canvas.bare_colour();
     paint_sheet(canvas, content);

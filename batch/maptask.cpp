@@ -78,7 +78,7 @@ void tell_written(const std::string& path, bool output_is_result) {
 
 /// The file that a picture or a table goes to when none is named: the Hijri month's name.
 std::string usual_file(const MapRun& run, const std::string& format) {
-    return map_hijri_text(run, 'E') + "." + format;
+    return map_hijri_text(run, Language::english) + "." + format;
 }
 
 void write_table(const Run& table, ReportFormat format, const std::string& path, bool other_is_output) {

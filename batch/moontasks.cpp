@@ -24,7 +24,7 @@ std::string read_delta_t(const std::string& text) {
     if (!CLI::detail::lexical_cast(text, run.delta_t))
         return "wanted a number of seconds, found \"" + text + "\"";
     const std::optional<Refusal> refused = refused_delta_t(run);
-    return refused ? refused->text.english : std::string();
+    return refused ? refused->text.in(Language::english) : std::string();
 }
 
 } // namespace

@@ -87,7 +87,7 @@ RunPointer stored_ephemeris() {
     }
     const RunPointer run = ephemeris_run(loaded_theory(), settings);
     if (run == nullptr)
-        std::cerr << end_before_start.text.english << "\n";
+        std::cerr << end_before_start.text.in(Language::english) << "\n";
     return run;
 }
 
@@ -106,14 +106,14 @@ RunPointer stored_telescope() {
 } // namespace
 
 int report_refused(const Refusal& refused) {
-    std::cerr << refused.text.english << "\n";
+    std::cerr << refused.text.in(Language::english) << "\n";
     return status_failure;
 }
 
 std::vector<Task> batch_tasks() {
     return {
         run_task("prayer", "Prayer times of the stored period, into results.out", prayer_of_period,
-                 high_latitude_message.text.english),
+                 high_latitude_message.text.in(Language::english)),
         run_task("moon", "Moon times of the stored period, into mresults.out", moon_of_period),
         run_task("today", "Today's six prayer times, on standard output", times_of_today),
         phases_task(),
@@ -126,7 +126,7 @@ std::vector<Task> batch_tasks() {
                  [] { return qiblah_of_period(QiblahMark::shadow); }),
         run_task("ephemeris", "Table of the Sun or the Moon, into ephemeris.out", stored_ephemeris),
         run_task("telescope", "Pointing numbers of Sun, Moon and crescent, on standard output",
-                 stored_telescope, moon_below_horizon.text.english),
+                 stored_telescope, moon_below_horizon.text.in(Language::english)),
     };
 }
 

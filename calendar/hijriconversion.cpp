@@ -16,31 +16,27 @@ namespace {
 constexpr std::size_t may = 4;
 constexpr const char* may_in_arabic = "أيار";
 
-MonthNames civil_months(char letter) {
+MonthNames civil_months(Language language) {
     MonthNames names;
     for (std::size_t i = 0; i < names.size(); ++i)
-        names[i] = modmonth(static_cast<int>(i) + 1, letter == 'A' ? 'A' : 'E');
-    if (letter == 'A')
+        names[i] = civil_month_name(static_cast<int>(i) + 1, language);
+    if (language == Language::arabic)
         names[may] = may_in_arabic;
     return names;
 }
 
-MonthNames hijri_months(char letter) {
+MonthNames hijri_months(Language language) {
     MonthNames names;
     for (std::size_t i = 0; i < names.size(); ++i)
-        names[i] = hijri_month_name(static_cast<double>(i) + 1, letter);
+        names[i] = hijri_month_name(static_cast<double>(i) + 1, language);
     return names;
-}
-
-std::string weekday_of(double day_number, char letter) {
-    return modday(day_number, letter == 'A' ? 1 : 0);
 }
 
 std::string name_of(const MonthNames& names, double month) {
     return month >= 1 && month <= 12 ? names[static_cast<std::size_t>(month) - 1] : std::string();
 }
 
-ConversionAnswer civil_date_of(double year, double month, double day, char letter) {
+ConversionAnswer civil_date_of(double year, double month, double day, Language language) {
     ConversionAnswer answer;
     if (!(year > 0)) {
         answer.refused = RefusedDate::year_not_positive;
@@ -53,8 +49,8 @@ ConversionAnswer civil_date_of(double year, double month, double day, char lette
     const double noon = day_number_of_hijri(year, month, day);
     modjuc(noon, answer.year, answer.month, answer.day);
     answer.day = std::floor(answer.day);
-    answer.month_name = name_of(civil_months(letter), answer.month);
-    answer.weekday = weekday_of(noon, letter);
+    answer.month_name = name_of(civil_months(language), answer.month);
+    answer.weekday = weekday_name(noon, language);
     return answer;
 }
 
@@ -69,7 +65,7 @@ RefusedDate refused_civil_date(double year, double month, double day) {
     return RefusedDate::none;
 }
 
-ConversionAnswer hijri_date_of(double year, double month, double day, char letter) {
+ConversionAnswer hijri_date_of(double year, double month, double day, Language language) {
     ConversionAnswer answer;
     answer.refused = refused_civil_date(year, month, day);
     if (answer.refused != RefusedDate::none)
@@ -81,20 +77,20 @@ ConversionAnswer hijri_date_of(double year, double month, double day, char lette
     answer.year = hijri.year;
     answer.month = hijri.month;
     answer.day = hijri.day;
-    answer.month_name = name_of(hijri_months(letter), hijri.month);
-    answer.weekday = weekday_of(noon, letter);
+    answer.month_name = name_of(hijri_months(language), hijri.month);
+    answer.weekday = weekday_name(noon, language);
     return answer;
 }
 
 } // namespace
 
-MonthNames conversion_months(ConversionDirection direction, char letter) {
-    return direction == ConversionDirection::hijri_to_civil ? hijri_months(letter) : civil_months(letter);
+MonthNames conversion_months(ConversionDirection direction, Language language) {
+    return direction == ConversionDirection::hijri_to_civil ? hijri_months(language) : civil_months(language);
 }
 
 double conversion_month_number(ConversionDirection direction, std::string_view name) {
-    for (const char letter : {'E', 'A'}) {
-        const MonthNames names = conversion_months(direction, letter);
+    for (const Language language : languages) {
+        const MonthNames names = conversion_months(direction, language);
         for (std::size_t i = 0; i < names.size(); ++i)
             if (names[i] == name)
                 return static_cast<double>(i) + 1;
@@ -103,9 +99,9 @@ double conversion_month_number(ConversionDirection direction, std::string_view n
 }
 
 ConversionAnswer convert_date(ConversionDirection direction, double year, double month, double day,
-                              char letter) {
-    return direction == ConversionDirection::hijri_to_civil ? civil_date_of(year, month, day, letter)
-                                                            : hijri_date_of(year, month, day, letter);
+                              Language language) {
+    return direction == ConversionDirection::hijri_to_civil ? civil_date_of(year, month, day, language)
+                                                            : hijri_date_of(year, month, day, language);
 }
 
 } // namespace halvane

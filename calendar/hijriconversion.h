@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/language.h"
+
 #include <array>
 #include <string>
 #include <string_view>
@@ -31,9 +33,8 @@ struct ConversionAnswer {
 using MonthNames = std::array<std::string, 12>;
 
 /// Names of the twelve months that a date to be converted is given in.
-/// In     letter  'A' Arabic, any other English
 /// The Arabic May is spelled here as the conversion panel has it.
-MonthNames conversion_months(ConversionDirection direction, char letter);
+MonthNames conversion_months(ConversionDirection direction, Language language);
 
 /// Number of the month of exactly that name in either language; 0 for any other text.
 double conversion_month_number(ConversionDirection direction, std::string_view name);
@@ -41,8 +42,8 @@ double conversion_month_number(ConversionDirection direction, std::string_view n
 /// Converts a date of the tabular Hijri calendar to the civil one or back. A day past its month's end runs on
 /// into the next month.
 /// In     year, month (1 to 12), day  date in the calendar that the direction starts from
-///        letter                      language of the names: 'A' Arabic, any other English
+///        language                    of the names
 ConversionAnswer convert_date(ConversionDirection direction, double year, double month, double day,
-                              char letter);
+                              Language language);
 
 } // namespace halvane

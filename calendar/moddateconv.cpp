@@ -46,22 +46,25 @@ double day_number_of_hijri(double year, double month, double day) {
            day + 1948440 - 385;
 }
 
-std::string hijri_month_name(double month, char letter) {
+HijriDate hijri_of_civil(double year, double month, double day) {
+    double jd = 0;
+    modjul(year, month, day, 12, jd);
+    return hijri_of_day_number(std::floor(jd));
+}
+
+std::string hijri_month_name(double month, Language language) {
     if (!(month >= 1 && month <= 12))
         return {};
-    const TwinText& names = hijri_months[static_cast<std::size_t>(month) - 1];
-    return letter == 'A' ? names.arabic : names.english;
+    return hijri_months[static_cast<std::size_t>(month) - 1].in(language);
 }
 
 void moddateconv(double day, double month, double year, std::string_view direction, char letter,
                  double& hijri_day, std::string& hijri_month, double& hijri_year) {
     if (direction != "GtoH")
         return;
-    double jd = 0;
-    modjul(year, month, day, 12, jd);
-    const HijriDate date = hijri_of_day_number(std::floor(jd));
+    const HijriDate date = hijri_of_civil(year, month, day);
     hijri_day = date.day;
-    hijri_month = hijri_month_name(date.month, letter);
+    hijri_month = hijri_month_name(date.month, letter == 'A' ? Language::arabic : Language::english);
     hijri_year = date.year;
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/language.h"
+
 #include <string>
 #include <string_view>
 
@@ -22,12 +24,14 @@ HijriDate hijri_of_day_number(double day_number);
 /// Julian day of the noon of a tabular Hijri date; a day past the month's end runs on into the next month.
 double day_number_of_hijri(double year, double month, double day);
 
-/// Name of a Hijri month.
-/// In     month   1 to 12; an empty text for any other
-///        letter  'A' Arabic, any other English
-std::string hijri_month_name(double month, char letter);
+/// Tabular Hijri date of a civil date, as modjul takes it.
+HijriDate hijri_of_civil(double year, double month, double day);
 
-/// Gregorian to Hijri.
+/// Name of a Hijri month.
+/// In     month  1 to 12; an empty text for any other
+std::string hijri_month_name(double month, Language language);
+
+/// Gregorian to Hijri: the named routine over hijri_of_civil and hijri_month_name.
 /// In     day, month, year  civil date as modjul takes it
 ///        direction         "GtoH"; with any other the outputs keep what they held
 ///        letter            'A' Arabic month name, any other English

@@ -19,17 +19,18 @@ constexpr std::array<TwinText, 7> weekdays{{{"Sunday", "الأحد"},
 
 } // namespace
 
-void modday(double value, int flag, std::string& name) {
+std::string weekday_name(double value, Language language) {
     const double w = value - 7 * std::floor((value + 1) / 7) + 2;
     for (std::size_t i = 0; i < weekdays.size(); ++i)
         if (w == static_cast<double>(i + 1))
-            name = flag == 1 ? weekdays[i].arabic : weekdays[i].english;
+            return weekdays[i].in(language);
+    return {};
 }
 
-std::string modday(double value, int flag) {
-    std::string name;
-    modday(value, flag, name);
-    return name;
+void modday(double value, int flag, std::string& name) {
+    const std::string found = weekday_name(value, flag == 1 ? Language::arabic : Language::english);
+    if (!found.empty())
+        name = found;
 }
 
 } // namespace halvane

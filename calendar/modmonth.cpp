@@ -24,17 +24,16 @@ constexpr std::array<TwinText, 12> months{{{"January", "كانون ثاني"},
 
 } // namespace
 
-void modmonth(int month, char letter, std::string& name) {
+std::string civil_month_name(int month, Language language) {
     if (month < 1 || month > 12)
-        return;
-    const TwinText& names = months[static_cast<std::size_t>(month - 1)];
-    name = letter == 'E' ? names.english : names.arabic;
+        return {};
+    return months[static_cast<std::size_t>(month - 1)].in(language);
 }
 
-std::string modmonth(int month, char letter) {
-    std::string name;
-    modmonth(month, letter, name);
-    return name;
+void modmonth(int month, char letter, std::string& name) {
+    const std::string found = civil_month_name(month, letter == 'E' ? Language::english : Language::arabic);
+    if (!found.empty())
+        name = found;
 }
 
 } // namespace halvane

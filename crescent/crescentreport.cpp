@@ -94,7 +94,8 @@ private:
         report_.text("-").spc(1).text("Calculations for ").text(hijri_caption(c_.hijri));
         report_.line(c_.choice.new_crescent ? " Waxing Crescent (New, Evening)."
                                             : " Waning Crescent (Old, Morning).");
-        report_.text("-").spc(1).text("Crescent Visibility on: ").text(modday(c_.day + 0.5, 0)).spc(2);
+        const std::string weekday = weekday_name(c_.day + 0.5, Language::english);
+        report_.text("-").spc(1).text("Crescent Visibility on: ").text(weekday).spc(2);
         report_.text(date_text(civil_date(c_.day))).line(" CE");
         report_.text("-").spc(1).text(time_words()).text(clock_of(c_.calculation)).line(" LT");
         report_.text("-").spc(1).line(c_.choice.geocentric ? "Calculations are Geocentric."
@@ -176,7 +177,7 @@ private:
     void write_verdict() {
         const CriterionValues& values = c_.criterion;
         const CriterionRow& criterion = row_of(report_criterion);
-        report_.text("-").spc(1).text("According to ").text(criterion.name.english);
+        report_.text("-").spc(1).text("According to ").text(criterion.name.in(Language::english));
         report_.line(" Criteria, using the following values at Best Time:");
         report_.text("  * Moon-Sun Topocentric Relative Altitude =").tab(45).text(angle(values.arcv));
         report_.text(" (").text(format_number(values.arcv, "00.0")).line("°)");
@@ -215,7 +216,7 @@ private:
 } // namespace
 
 std::string hijri_caption(const HijriDate& date) {
-    return hijri_month_name(date.month, 'E') + " " + plain_number(date.year) + " AH";
+    return hijri_month_name(date.month, Language::english) + " " + plain_number(date.year) + " AH";
 }
 
 namespace {

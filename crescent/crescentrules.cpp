@@ -9,26 +9,27 @@
 
 namespace halvane {
 
-std::array<const char*, 3> day_captions(bool new_crescent, char letter) {
-    if (letter == 'A')
-        return new_crescent ? std::array{"يوم الاقتران", "يوم واحد بعد الاقتران", "يومان بعد الاقتران"}
-                            : std::array{"يوم الاقتران", "يوم واحد قبل الاقتران", "يومان قبل الاقتران"};
-    constexpr const char* conjunction = "The Day of Conjunction";
-    return new_crescent
-               ? std::array{conjunction, "One Day After Conjunction", "Two Days After Conjunction"}
-               : std::array{conjunction, "One Day Before Conjunction", "Two Days Before Conjunction"};
+std::array<TwinText, 3> day_captions(bool new_crescent) {
+    constexpr TwinText conjunction{"The Day of Conjunction", "يوم الاقتران"};
+    if (new_crescent)
+        return {conjunction,
+                {"One Day After Conjunction", "يوم واحد بعد الاقتران"},
+                {"Two Days After Conjunction", "يومان بعد الاقتران"}};
+    return {conjunction,
+            {"One Day Before Conjunction", "يوم واحد قبل الاقتران"},
+            {"Two Days Before Conjunction", "يومان قبل الاقتران"}};
 }
 
-std::array<const char*, 2> event_captions(bool new_crescent, char letter) {
-    if (letter == 'A')
-        return new_crescent ? std::array{"غروب الشمس", "غروب القمر"} : std::array{"شروق الشمس", "شروق القمر"};
-    return new_crescent ? std::array{"Sunset", "Moonset"} : std::array{"Sunrise", "Moonrise"};
+std::array<TwinText, 2> event_captions(bool new_crescent) {
+    if (new_crescent)
+        return {{{"Sunset", "غروب الشمس"}, {"Moonset", "غروب القمر"}}};
+    return {{{"Sunrise", "شروق الشمس"}, {"Moonrise", "شروق القمر"}}};
 }
 
-MonthNames hijri_month_list(char letter) {
+MonthNames hijri_month_list(Language language) {
     constexpr std::size_t jamada_aakherah = 5; // Muharram is 0
-    MonthNames names = conversion_months(ConversionDirection::hijri_to_civil, letter);
-    if (letter == 'A')
+    MonthNames names = conversion_months(ConversionDirection::hijri_to_civil, language);
+    if (language == Language::arabic)
         names[jamada_aakherah] = "جمادى الآخرة";
     return names;
 }

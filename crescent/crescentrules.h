@@ -14,15 +14,14 @@
 namespace halvane {
 
 /// Captions of the three days before a conjunction has been looked for.
-/// In     letter  language: 'A' Arabic, any other English; also of the texts below
-std::array<const char*, 3> day_captions(bool new_crescent, char letter);
+std::array<TwinText, 3> day_captions(bool new_crescent);
 
 /// Captions of the Sun's and the Moon's event at which a crescent is looked for.
-std::array<const char*, 2> event_captions(bool new_crescent, char letter);
+std::array<TwinText, 2> event_captions(bool new_crescent);
 
 /// The Hijri months as the panel's list names them, Muharram first. The sixth has an Arabic spelling of its
 /// own here.
-MonthNames hijri_month_list(char letter);
+MonthNames hijri_month_list(Language language);
 
 /// "dd/mm/yyyy  CE".
 std::string day_caption(const DateNumbers& date);

@@ -95,9 +95,9 @@ VisibilityClass saao_measure(const CrescentQuantities& q) {
 
 using enum VisibilityClass;
 
-constexpr LegendLine blue{optical_aid, "Blue: Need Optical Aid", "كحلي: يحتاج مرقب/تلسكوب"};
-constexpr LegendLine green{easily_visible, "Green: Easily Visible by Naked Eye",
-                           "أخضر: يرى بسهولة بالعين المجردة"};
+constexpr LegendLine blue{optical_aid, {"Blue: Need Optical Aid", "كحلي: يحتاج مرقب/تلسكوب"}};
+constexpr LegendLine green{easily_visible,
+                           {"Green: Easily Visible by Naked Eye", "أخضر: يرى بسهولة بالعين المجردة"}};
 
 constexpr CriterionRow table[] = {
     {.key = "vesk",
@@ -105,7 +105,7 @@ constexpr CriterionRow table[] = {
      .moment = ObservationMoment::best_time,
      .measure = vesk_measure,
      .bands = {{blue,
-                {second_band, "Magenta: Could be Seen by Naked Eye", "زهري: قد يرى بالعين المجردة"},
+                {second_band, {"Magenta: Could be Seen by Naked Eye", "زهري: قد يرى بالعين المجردة"}},
                 green}},
      .report = {vesk_value_of, vesk_sentence}},
     {.key = "yallop",
@@ -113,20 +113,25 @@ constexpr CriterionRow table[] = {
      .moment = ObservationMoment::best_time,
      .measure = yallop_measure,
      .bands = {{blue,
-                {second_band, "Magenta: May Need Optical Aid", "زهري: قد يحتاج مرقب/تلسكوب"},
-                {third_band, "Yellow: Naked Eye at Perfect Conditions",
-                 "أصفر: يرى بالعين المجردة في ظروف مثالية"},
+                {second_band, {"Magenta: May Need Optical Aid", "زهري: قد يحتاج مرقب/تلسكوب"}},
+                {third_band,
+                 {"Yellow: Naked Eye at Perfect Conditions", "أصفر: يرى بالعين المجردة في ظروف مثالية"}},
                 green}}},
     {.key = "saao",
      .name = {"SAAO", "جنوب أفريقيا"},
      .moment = ObservationMoment::sun_event,
      .measure = saao_measure,
-     .bands = {{{optical_aid, "Blue: Crescent Visibility is Improbable", "كحلي: رؤية الهلال غير محتملة"},
-                {easily_visible, "Green: Crescent Visibility is Possible", "أخضر: رؤية الهلال ممكنة"}}}},
+     .bands = {{{optical_aid, {"Blue: Crescent Visibility is Improbable", "كحلي: رؤية الهلال غير محتملة"}},
+                {easily_visible, {"Green: Crescent Visibility is Possible", "أخضر: رؤية الهلال ممكنة"}}}}},
 };
 
 constexpr bool is_text(const char* text) {
     return text != nullptr && *text != '\0';
+}
+
+constexpr bool is_in_every_language(const TwinText& text) {
+    return std::all_of(std::begin(languages), std::end(languages),
+                       [&text](Language language) { return is_text(text.in(language)); });
 }
 
 /// Whether every row of the table passes `check`.
@@ -146,8 +151,9 @@ constexpr bool has_key_of_its_own(const CriterionRow& row) {
 constexpr bool has_whole_lines(const CriterionRow& row) {
     const std::size_t count = row.lines().size();
     for (std::size_t i = 0; i < row.bands.size(); ++i)
-        if (is_text(row.bands[i].english) != (i < count) || is_text(row.bands[i].arabic) != (i < count))
-            return false;
+        for (const Language language : languages)
+            if (is_text(row.bands[i].text.in(language)) != (i < count))
+                return false;
     return count > 0;
 }
 
@@ -175,9 +181,7 @@ constexpr bool is_named(Criterion criterion, std::string_view key) {
 }
 
 static_assert(every_row(has_key_of_its_own), "a criterion has no key of its own");
-static_assert(every_row([](const CriterionRow& row) {
-                  return is_text(row.name.english) && is_text(row.name.arabic);
-              }),
+static_assert(every_row([](const CriterionRow& row) { return is_in_every_language(row.name); }),
               "a criterion lacks its name in a language");
 static_assert(every_row([](const CriterionRow& row) { return row.moment != ObservationMoment{}; }),
               "a criterion has no moment of observation");

@@ -29,10 +29,7 @@ enum class ObservationMoment {
 /// A line of the colour legend.
 struct LegendLine {
     VisibilityClass visibility;
-    const char* english;
-    const char* arabic;
-
-    const char* in(char letter) const { return letter == 'A' ? arabic : english; }
+    TwinText text;
 };
 
 /// What the crescent's report tells of its criterion.
@@ -57,7 +54,7 @@ struct CriterionRow {
     /// The bands without the empty ones at the end.
     constexpr std::span<const LegendLine> lines() const {
         std::size_t count = 0;
-        while (count < bands.size() && bands[count].english != nullptr)
+        while (count < bands.size() && bands[count].text.english != nullptr)
             ++count;
         return {bands.data(), count};
     }

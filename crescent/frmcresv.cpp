@@ -84,7 +84,7 @@ void frmcresv::fill_lists() {
     fill_with_months(*ui_->cbomonth);
     fill_with_hours(*ui_->cboh);
     fill_with_minutes(*ui_->cbom);
-    for (const std::string& month : hijri_month_list(letter()))
+    for (const std::string& month : hijri_month_list(language_))
         ui_->cbomh->addItem(QString::fromStdString(month));
 }
 
@@ -93,7 +93,7 @@ void frmcresv::set_sizes() {
     shape_number_box(*ui_->txtyear, "-88888");
     shape_number_box(*ui_->txtyearh, "-88888");
     for (QRadioButton* day : {ui_->optconj, ui_->optone, ui_->opttwo})
-        fit_width(*day, QString::fromUtf8(day_captions(false, letter())[2]) + QStringLiteral("MM"));
+        fit_width(*day, text_of(day_captions(false)[2], language_) + QStringLiteral("MM"));
 }
 
 void frmcresv::connect_controls() {
@@ -196,9 +196,9 @@ void frmcresv::enable_user_time() {
 }
 
 void frmcresv::show_events() {
-    const auto captions = event_captions(ui_->optnew->isChecked(), letter());
-    ui_->optsun->setText(QString::fromUtf8(captions[0]));
-    ui_->optmoon->setText(QString::fromUtf8(captions[1]));
+    const auto captions = event_captions(ui_->optnew->isChecked());
+    ui_->optsun->setText(text_of(captions[0], language_));
+    ui_->optmoon->setText(text_of(captions[1], language_));
 }
 
 /// The captions of the three days, and the buttons that need them to be dates.
@@ -207,8 +207,9 @@ void frmcresv::show_days() {
     QRadioButton* const days[] = {ui_->optconj, ui_->optone, ui_->opttwo};
     for (std::size_t i = 0; i < std::size(days); ++i) {
         if (!form_.is_prepared())
-            days[i]->setText(QString::fromUtf8(day_captions(is_new, letter())[i]));
-        else if (const QString date = QString::fromStdString(form_.dates(is_new)[i]); letter() == 'A')
+            days[i]->setText(text_of(day_captions(is_new)[i], language_));
+        else if (const QString date = QString::fromStdString(form_.dates(is_new)[i]);
+                 language_ == Language::arabic)
             days[i]->setText(isolated(date));
         else
             days[i]->setText(date);

@@ -47,7 +47,6 @@ private:
     void show_events();
     void show_days();
     bool refuse(const std::optional<CrescentRefusal>& refused); ///< tells it; false for none
-    char letter() const { return language_ == Language::english ? 'E' : 'A'; }
 
     std::unique_ptr<Ui::frmcresv> ui_;
     Language language_;

@@ -50,6 +50,7 @@ constexpr TwinText refused{"Not saved: %1 is a file of the program. Choose anoth
                            "لم يتم الحفظ: %1 من ملفات البرنامج. اختر اسما آخر."};
 constexpr TwinText new_day{"Visibility Day: Waxing (New) Crescent", "يوم الرصد: هلال أول الشهر"};
 constexpr TwinText old_day{"Visibility Day: Waning (Old) Crescent", "يوم الرصد: هلال آخر الشهر"};
+constexpr TwinText mouse_place{"Mouse Position: Long: %1, Lat: %2", "موقع الفأرة:  خط طول: %1 خط العرض: %2"};
 
 /// The read-out of a place; empty outside the world.
 QString mouse_text(const MapPlace& place, Language language) {
@@ -57,12 +58,12 @@ QString mouse_text(const MapPlace& place, Language language) {
     constexpr double date_line = 180;
     if (std::fabs(place.latitude) > pole || std::fabs(place.longitude) > date_line)
         return {};
-    const QString longitude = QString::fromStdString(format_number(place.longitude, "#000.0"));
-    const QString latitude = QString::fromStdString(format_number(place.latitude, "#00.0"));
-    if (language == Language::english)
-        return QStringLiteral("Mouse Position: Long: ") + longitude + QStringLiteral(", Lat: ") + latitude;
-    return QStringLiteral("موقع الفأرة: ") + QStringLiteral(" خط طول: ") + isolated(longitude) +
-           QStringLiteral(" خط العرض: ") + isolated(latitude);
+    const auto figure = [language](double value, const char* pattern) {
+        const QString text = QString::fromStdString(format_number(value, pattern));
+        return language == Language::english ? text : isolated(text);
+    };
+    return text_of(mouse_place, language)
+        .arg(figure(place.longitude, "#000.0"), figure(place.latitude, "#00.0"));
 }
 
 } // namespace
@@ -144,7 +145,7 @@ void frmmap::load() {
     QRadioButton* const days[] = {ui_->opt0, ui_->opt1, ui_->opt2};
     for (int choice = 0; choice < 3; ++choice)
         days[choice]->setText(
-            QString::fromStdString(map_date_text(map_day(conjunction_, kind_, choice), letter())));
+            QString::fromStdString(map_date_text(map_day(conjunction_, kind_, choice), language_)));
     ui_->cbocri->setCurrentIndex(0);
 }
 
@@ -169,7 +170,7 @@ MapRun frmmap::shown_run() const {
 void frmmap::show_texts(const MapRun& run) {
     ui_->lblleg->show_legend(map_legend(run.criterion), bare_colour(ui_->pic->map()), language_);
     QStringList lines;
-    for (const std::string& line : map_information(run, letter()))
+    for (const std::string& line : map_information(run, language_))
         lines << QString::fromStdString(line);
     ui_->lblinf->setText(lines.join(u'\n'));
 }
@@ -252,7 +253,7 @@ void frmmap::cmdsave_click() {
 /// The name to save under, asked for until it is new or may be replaced; empty when the user gives up.
 QString frmmap::ask_for_name() {
     const QPointer<frmmap> self(this);
-    QString name = QString::fromStdString(program_path(gif_name(map_hijri_text(shown_run(), letter()))));
+    QString name = QString::fromStdString(program_path(gif_name(map_hijri_text(shown_run(), language_))));
     for (;;) {
         const QString chosen =
             choose_picture_file(this, text_of(save_title, language_), name, text_of(save_filter, language_));
@@ -283,7 +284,7 @@ void frmmap::save_picture(const QString& name) {
             content.information.push_back(line.toStdString());
     content.legend = ui_->lblleg->legend();
     content.bare = plain(bare_colour(ui_->pic->map()));
-    content.letter = letter();
+    content.language = language_;
     GIF gif;
     if (gif.SaveGIF(indexed_picture(map_sheet(ui_->pic->map(), content)), name.toStdString()))
         show_save(saved, name);
@@ -294,9 +295,8 @@ void frmmap::save_picture(const QString& name) {
 /// Tells in the line below the map how a save went; the tool tip has the whole of it.
 void frmmap::show_save(const TwinText& how, const QString& name, const FailureParts& reason) {
     constexpr int two_lines = 3 * map_width / 2;
-    const QString what = name.isEmpty()
-                             ? QString::fromStdString(words_of(reason, language_ == Language::english))
-                             : QFileInfo(name).fileName();
+    const QString what =
+        name.isEmpty() ? QString::fromStdString(words_of(reason, language_)) : QFileInfo(name).fileName();
     const QString words = text_of(how, language_).arg(isolated(what));
     const QString whole = name.isEmpty() ? words : words + u'\n' + isolated(name);
     ui_->lblsave->setToolTip(plain_tip(whole));
@@ -316,7 +316,7 @@ QString frmmap::class_words(std::optional<VisibilityClass> visibility) const {
     for (const LegendLine& line : ui_->lblleg->legend())
         if (line.visibility == visibility)
             return QLatin1Char(class_mark(line.visibility)) + QStringLiteral("  ") +
-                   legend_words(line, language_);
+                   text_of(line.text, language_);
     return drawn_ ? text_of(not_drawn, language_) : QString();
 }
 

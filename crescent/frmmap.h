@@ -55,7 +55,6 @@ private:
     QString ask_for_name();
     void save_picture(const QString& name);
     void show_save(const TwinText& how, const QString& name, const FailureParts& reason = {});
-    char letter() const { return language_ == Language::english ? 'E' : 'A'; }
 
     std::unique_ptr<Ui::frmmap> ui_;
     Language language_;

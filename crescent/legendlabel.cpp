@@ -19,10 +19,6 @@ QFont bold(QFont font) {
 
 } // namespace
 
-QString legend_words(const LegendLine& line, Language language) {
-    return QString::fromUtf8(language == Language::english ? line.english : line.arabic);
-}
-
 LegendLabel::LegendLabel(QWidget* parent) : QLabel(parent) {
     setTextFormat(Qt::PlainText);
 }
@@ -33,7 +29,7 @@ void LegendLabel::show_legend(std::vector<LegendLine> legend, const QColor& bare
     language_ = language;
     QStringList lines;
     for (const LegendLine& line : legend_)
-        lines << legend_words(line, language_);
+        lines << text_of(line.text, language_);
     setText(lines.join(QStringLiteral("\r\n")));
 }
 
@@ -63,9 +59,9 @@ QSize LegendLabel::sizeHint() const {
     for (const CriterionRow& criterion : criteria()) {
         const std::vector<LegendLine> legend = map_legend(criterion);
         lines = std::max(lines, legend.size());
-        for (const Language language : {Language::english, Language::arabic})
+        for (const Language language : languages)
             for (const LegendLine& line : legend)
-                width = std::max(width, widest.horizontalAdvance(legend_words(line, language)));
+                width = std::max(width, widest.horizontalAdvance(text_of(line.text, language)));
     }
     return {text_indent() + width + 2, line_height() * static_cast<int>(lines)};
 }
@@ -92,7 +88,7 @@ void LegendLabel::paintEvent(QPaintEvent*) {
                              static_cast<int>(Qt::AlignLeading | Qt::AlignVCenter), text);
         };
         write(mark_indent(), QString(QLatin1Char(class_mark(entry.visibility))));
-        write(text_indent(), legend_words(entry, language_));
+        write(text_indent(), text_of(entry.text, language_));
     }
 }
 

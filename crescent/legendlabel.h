@@ -46,7 +46,4 @@ private:
     Language language_ = Language::english;
 };
 
-/// The words of a legend's line.
-QString legend_words(const LegendLine& line, Language language);
-
 } // namespace halvane

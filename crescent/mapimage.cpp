@@ -3,6 +3,7 @@
 
 #include "base/failure.h"
 #include "crescent/mapview.h"
+#include "panel/language.h"
 #include "stored/textfile.h"
 
 #include <QFontDatabase>
@@ -182,7 +183,7 @@ QImage read_map_image() {
 }
 
 QImage map_sheet(const QImage& map, const MapSheetContent& content) {
-    SheetImage sheet(map, content.letter == 'A' ? Qt::RightToLeft : Qt::LeftToRight);
+    SheetImage sheet(map, direction_of(content.language));
     paint_sheet(sheet, content);
     return sheet.finished();
 }

@@ -49,7 +49,7 @@ public:
 
 private:
     void write_head(Report& report) const override {
-        for (const std::string& line : map_information(map_, 'E'))
+        for (const std::string& line : map_information(map_, Language::english))
             report.line("# " + line);
         report.line("longitude,latitude,class");
     }

@@ -28,7 +28,7 @@ void write_legend(MapSurface& surface, const MapSheetContent& content) {
         surface.fill(swatch, legend_colour(entry.visibility, content.bare));
         surface.outline(swatch, MapSheet::ink);
         surface.write(MapSheet::mark_left, line, {class_mark(entry.visibility)}, MapSheet::ink);
-        surface.write(MapSheet::words_left, line, entry.in(content.letter), MapSheet::ink);
+        surface.write(MapSheet::words_left, line, entry.text.in(content.language), MapSheet::ink);
         ++line;
     }
 }

@@ -38,8 +38,8 @@ struct MapSheetContent {
     std::span<const MapPoint> points;
     std::vector<std::string> information;
     std::vector<LegendLine> legend;
-    ClassColour bare{}; ///< the map's own colour, which class not_possible lets through
-    char letter = 'E';  ///< language of the legend: 'E' English, 'A' Arabic
+    ClassColour bare{};                    ///< the map's own colour, which class not_possible lets through
+    Language language = Language::english; ///< of the legend
 };
 
 /// Draws the points with the marks of their zones, and below the map the information and the legend.

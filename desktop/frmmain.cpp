@@ -84,15 +84,16 @@ std::string short_time(const MachineTime& clock) {
     return platform().short_time(clock.hour, clock.minute, clock.second);
 }
 
+constexpr TwinText in_minutes{"in %1 min", "بعد %1 د"};
+constexpr TwinText in_hours{"in %1 h %2 min", "بعد %1 س %2 د"};
+constexpr TwinText tomorrow{"tomorrow ", "غدا "};
+
 QString remaining_text(const NextPrayer& next, Language language) {
-    const bool english = language == Language::english;
     const int hours = next.minutes_left / minutes_per_hour;
     const int minutes = next.minutes_left % minutes_per_hour;
     if (hours == 0)
-        return (english ? QStringLiteral("in %1 min") : QStringLiteral("بعد %1 د")).arg(minutes);
-    return (english ? QStringLiteral("in %1 h %2 min") : QStringLiteral("بعد %1 س %2 د"))
-        .arg(hours)
-        .arg(minutes);
+        return text_of(in_minutes, language).arg(minutes);
+    return text_of(in_hours, language).arg(hours).arg(minutes);
 }
 
 /// Which day's prayer it is, when it is none of the day whose times are shown.
@@ -100,9 +101,8 @@ QString remaining_text(const NextPrayer& next, Language language) {
 QString day_of_next(const NextPrayer& next, double shown, double now, Language language) {
     if (next.day == shown)
         return {};
-    const bool english = language == Language::english;
     if (next.day == now + 1)
-        return english ? QStringLiteral("tomorrow ") : QStringLiteral("غدا ");
+        return text_of(tomorrow, language);
     const MachineTime date = clock_at(next.day * seconds_per_day);
     return QStringLiteral("%1/%2 ").arg(date.day).arg(date.month);
 }
@@ -151,7 +151,7 @@ void frmmain::load() {
 
 /// The foot tells of series files that are not the delivered ones, and has no room without them.
 void frmmain::show_series() {
-    const QStringList warnings = series_warnings(language());
+    const QStringList warnings = series_warnings(state_.language);
     ui_->lblseries->setText(warnings.join(u'\n'));
     ui_->lblseries->setVisible(!warnings.isEmpty());
 }
@@ -185,7 +185,7 @@ void frmmain::connect_buttons(std::span<const Panel> panels) {
 
 void frmmain::run_report(const QPushButton& button, RunPointer (*run_of)(const TheoryPointer&)) {
     if (const std::optional<Refusal> refused = refused_stored_period(read_date())) {
-        warn(this, *refused, language());
+        warn(this, *refused, state_.language);
         return;
     }
     RunPointer run;
@@ -202,7 +202,7 @@ void frmmain::run_report(const QPushButton& button, RunPointer (*run_of)(const T
 }
 
 void frmmain::tell_high_latitude() {
-    warn(this, high_latitude_message, language());
+    warn(this, high_latitude_message, state_.language);
 }
 
 void frmmain::cmdcom_clicked() {
@@ -210,7 +210,7 @@ void frmmain::cmdcom_clicked() {
 }
 
 void frmmain::cmdmoon_clicked() {
-    state_.isenglish = read_pref().english;
+    state_.language = stored_language();
     run_report(*ui_->cmdmoon, moon_run);
 }
 
@@ -229,7 +229,7 @@ void frmmain::timertime_event() {
 void frmmain::changeEvent(QEvent* event) {
     if (event->type() == QEvent::FontChange && !sizing_) {
         set_sizes();
-        if (!state_.isenglish)
+        if (state_.language == Language::arabic)
             set_arabic_fonts();
     }
     if (event->type() == QEvent::PaletteChange)
@@ -246,12 +246,12 @@ void frmmain::closeEvent(QCloseEvent* event) {
             window->close();
 }
 
-void frmmain::show_language(bool english) {
-    use_standard_texts(english ? Language::english : Language::arabic);
-    apply_language(*this, twins, english ? Language::english : Language::arabic);
-    apply_language(*this, lines, english ? Language::english : Language::arabic);
+void frmmain::show_language(Language language) {
+    use_standard_texts(language);
+    apply_language(*this, twins, language);
+    apply_language(*this, lines, language);
     set_sizes();
-    if (!english)
+    if (language == Language::arabic)
         set_arabic_fonts();
 }
 
@@ -268,14 +268,14 @@ void frmmain::show_location(const std::string& name) {
 
 void frmmain::show_date(const std::string& line) {
     ui_->lblmdate->setText(QString::fromStdString(line));
-    if (!state_.isenglish)
+    if (state_.language == Language::arabic)
         set_font_if_present(*ui_->lbltheader, QStringLiteral("Arabic Transparent"), 15);
 }
 
 void frmmain::show_clock() {
     const MachineTime universal = universal_time();
     const MachineTime now = machine_time();
-    ui_->lblmtime->setText(QString::fromStdString(clock_line(short_time(now), state_.isenglish)));
+    ui_->lblmtime->setText(QString::fromStdString(clock_line(short_time(now), state_.language)));
     show_line(*ui_->lblplaceclock, place_clock_line(state_, now, universal, short_time));
     show_line(*ui_->lbltdate, other_day_line(state_, now, universal));
     ui_->cmdtoday->setVisible(!same_day(now, state_.loaded_at));
@@ -361,8 +361,8 @@ void frmmain::mark_next_prayer() {
     const double here = day_count_of(location_clock(state_.preferences, state_.location, universal).time);
     for (std::size_t column = 0; column < times_.size(); ++column) {
         const bool is_next = next && next->column == column;
-        const QString day = is_next ? day_of_next(*next, shown, here, language()) : QString();
-        mark_column(column, is_next ? day + remaining_text(*next, language()) : QString(), is_next);
+        const QString day = is_next ? day_of_next(*next, shown, here, state_.language) : QString();
+        mark_column(column, is_next ? day + remaining_text(*next, state_.language) : QString(), is_next);
         times_[column]->setToolTip(day.isEmpty() ? QString()
                                                  : day + titles_[column]->text() + u' ' +
                                                        QString::fromStdString(text_of(next->clock)));

@@ -49,7 +49,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    void show_language(bool english) override;
+    void show_language(Language language) override;
     void show_today(const PrayerTexts& times) override;
     void show_location(const std::string& name) override;
     void show_date(const std::string& line) override;
@@ -67,7 +67,6 @@ private:
     static void show_line(QLabel& label, const std::optional<std::string>& line);
     void mark_column(std::size_t column, const QString& remaining, bool next);
     void show_series();
-    Language language() const { return state_.isenglish ? Language::english : Language::arabic; }
 
     std::unique_ptr<Ui::frmmain> ui_;
     QTimer* timertime_;

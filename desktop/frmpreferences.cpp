@@ -138,7 +138,7 @@ void frmpreferences::show_panel(const PreferencesPanel& panel) {
     ui_->chkeleset->setChecked(panel.elevation_setting);
     (panel.standard_asr ? ui_->optsha : ui_->opthan)->setChecked(true);
     (panel.minutes ? ui_->optmin : ui_->optsec)->setChecked(true);
-    (panel.english ? ui_->opten : ui_->optar)->setChecked(true);
+    (panel.language == Language::english ? ui_->opten : ui_->optar)->setChecked(true);
 }
 
 void frmpreferences::show_angles(const AngleBoxes& angles) {
@@ -166,7 +166,7 @@ PreferencesPanel frmpreferences::shown() const {
     panel.elevation_setting = ui_->chkeleset->isChecked();
     panel.standard_asr = ui_->optsha->isChecked();
     panel.minutes = ui_->optmin->isChecked();
-    panel.english = ui_->opten->isChecked();
+    panel.language = ui_->opten->isChecked() ? Language::english : Language::arabic;
     return panel;
 }
 

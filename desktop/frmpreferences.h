@@ -34,7 +34,7 @@ private:
     PreferencesPanel shown() const;
     void enable_summer_span(bool enabled);
     bool is_usable();
-    Language language() const { return form_.english() ? Language::english : Language::arabic; }
+    Language language() const { return form_.language(); }
 
     std::unique_ptr<Ui::frmpreferences> ui_;
     PreferencesRules form_;

@@ -2,6 +2,7 @@
 #include "desktop/mainload.h"
 
 #include "base/failure.h"
+#include "base/twintext.h"
 #include "calendar/hijriconversion.h"
 #include "calendar/locationclock.h"
 #include "calendar/moddateconv.h"
@@ -19,9 +20,11 @@ namespace {
 
 constexpr double noon_after_midnight = 0.5; // [d]
 
+constexpr TwinText comma{", ", "، "};
+
 /// The main panel spells the months as the conversion panel does.
-std::string month_name(int month, bool english) {
-    return conversion_months(ConversionDirection::civil_to_hijri, english ? 'E' : 'A')
+std::string month_name(int month, Language language) {
+    return conversion_months(ConversionDirection::civil_to_hijri, language)
         .at(static_cast<std::size_t>(month) - 1);
 }
 
@@ -71,20 +74,22 @@ std::vector<PrayerMoment> moments_about(const MainPanelState& state, const Praye
 
 } // namespace
 
-std::string day_text(const MachineTime& date, bool english) {
-    return modday(julian_day(date) + noon_after_midnight, english ? 0 : 1) + (english ? ", " : "، ") +
-           std::to_string(date.day) + " " + month_name(date.month, english) + " " + std::to_string(date.year);
+std::string day_text(const MachineTime& date, Language language) {
+    return weekday_name(julian_day(date) + noon_after_midnight, language) + comma.in(language) +
+           std::to_string(date.day) + " " + month_name(date.month, language) + " " +
+           std::to_string(date.year);
 }
 
-std::string date_line(const MachineTime& today, double todayjd, bool english) {
+std::string date_line(const MachineTime& today, double todayjd, Language language) {
+    static constexpr TwinText head{"Machine's Date: ", "تاريخ الجهاز:  "};
     const HijriDate hijri = hijri_of_day_number(todayjd + noon_after_midnight);
-    return (english ? "Machine's Date: " : "تاريخ الجهاز:  ") + day_text(today, english) + " ( " +
-           whole(hijri.day) + " " + hijri_month_name(hijri.month, english ? 'E' : 'A') + " " +
-           whole(hijri.year) + " )";
+    return head.in(language) + day_text(today, language) + " ( " + whole(hijri.day) + " " +
+           hijri_month_name(hijri.month, language) + " " + whole(hijri.year) + " )";
 }
 
-std::string clock_line(const std::string& short_time, bool english) {
-    return (english ? "Machine's Time: " : "وقت الجهاز: ") + short_time;
+std::string clock_line(const std::string& short_time, Language language) {
+    static constexpr TwinText head{"Machine's Time: ", "وقت الجهاز: "};
+    return head.in(language) + short_time;
 }
 
 std::optional<std::string> place_clock_line(const MainPanelState& state, const MachineTime& local,
@@ -96,9 +101,10 @@ std::optional<std::string> place_clock_line(const MainPanelState& state, const M
     const std::string zone = zone_text(clock.hours_ahead);
     std::string now = short_time(clock.time);
     if (!same_day(clock.time, local))
-        now += (state.isenglish ? ", " : "، ") + day_text(clock.time, state.isenglish);
-    return state.isenglish ? "Prayer times follow the location's clock, " + zone + ": now " + now
-                           : "المواقيت بتوقيت الموقع، \u2068" + zone + "\u2069: الآن " + now;
+        now += comma.in(state.language) + day_text(clock.time, state.language);
+    return TwinWords("Prayer times follow the location's clock, " + zone + ": now " + now,
+                     "المواقيت بتوقيت الموقع، \u2068" + zone + "\u2069: الآن " + now)
+        .in(state.language);
 }
 
 std::optional<std::string> other_day_line(const MainPanelState& state, const MachineTime& local,
@@ -106,7 +112,8 @@ std::optional<std::string> other_day_line(const MainPanelState& state, const Mac
     const LocationClock clock = location_clock(state.preferences, state.location, universal);
     if (same_day(state.loaded_at, local) && same_day(state.loaded_at, clock.time))
         return std::nullopt;
-    return (state.isenglish ? "These are of " : "هذه مواقيت ") + day_text(state.loaded_at, state.isenglish);
+    static constexpr TwinText head{"These are of ", "هذه مواقيت "};
+    return head.in(state.language) + day_text(state.loaded_at, state.language);
 }
 
 void load_main_panel(MainPanelFace& face, MainPanelState& state) {
@@ -115,10 +122,10 @@ void load_main_panel(MainPanelFace& face, MainPanelState& state) {
     load_term();
     load_mterm();
     state.preferences = read_pref();
-    state.isenglish = state.preferences.english;
-    const bool pass_over = !state.isenglish;
+    state.language = state.preferences.language();
+    const bool pass_over = state.language == Language::arabic;
 
-    face.show_language(state.isenglish);
+    face.show_language(state.language);
     state.loaded_at = machine_time();
     modjul(state.loaded_at.year, state.loaded_at.month, state.loaded_at.day, 0, state.todayjd);
     PrayerTexts texts;
@@ -131,7 +138,7 @@ void load_main_panel(MainPanelFace& face, MainPanelState& state) {
     });
     face.show_today(texts);
     face.show_location(state.location.name);
-    run_part(pass_over, [&] { face.show_date(date_line(state.loaded_at, state.todayjd, state.isenglish)); });
+    run_part(pass_over, [&] { face.show_date(date_line(state.loaded_at, state.todayjd, state.language)); });
     face.show_clock();
     run_part(pass_over, [] { load_elp(); });
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/language.h"
 #include "base/machineclock.h"
 #include "prayer/prayermoments.h"
 #include "prayer/prayertexts.h"
@@ -15,7 +16,7 @@ namespace halvane {
 class MainPanelFace {
 public:
     virtual ~MainPanelFace() = default;
-    virtual void show_language(bool english) = 0;
+    virtual void show_language(Language language) = 0;
     virtual void show_today(const PrayerTexts& times) = 0;
     virtual void show_location(const std::string& name) = 0;
     virtual void show_date(const std::string& line) = 0;
@@ -24,7 +25,7 @@ public:
 
 /// What the main panel keeps from its load.
 struct MainPanelState {
-    bool isenglish = true;
+    Language language = Language::english;
     double todayjd = 0;      ///< Julian day at 0 h of the machine's date
     MachineTime loaded_at{}; ///< the machine's date and clock at the load
     Preferences preferences; ///< as loaded
@@ -42,10 +43,10 @@ void load_main_panel(MainPanelFace& face, MainPanelState& state);
 
 /// "Machine's Date: Friday, 21 June 2024 ( 14 Thul Hejjah 1445 )", or the same in Arabic.
 /// In     todayjd  Julian day at 0 h of the machine's date
-std::string date_line(const MachineTime& today, double todayjd, bool english);
+std::string date_line(const MachineTime& today, double todayjd, Language language);
 
 /// "Friday, 21 June 2024", or the same in Arabic.
-std::string day_text(const MachineTime& date, bool english);
+std::string day_text(const MachineTime& date, Language language);
 
 /// Which clock the times and the remaining time follow, when the machine's differs from it by a minute or
 /// more; nothing when they agree.
@@ -61,6 +62,6 @@ std::optional<std::string> other_day_line(const MainPanelState& state, const Mac
                                           const MachineTime& universal);
 
 /// "Machine's Time: 15:07", or the same in Arabic.
-std::string clock_line(const std::string& short_time, bool english);
+std::string clock_line(const std::string& short_time, Language language);
 
 } // namespace halvane

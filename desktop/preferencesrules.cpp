@@ -33,7 +33,8 @@ std::span<const TwilightAuthority> twilight_authorities() {
     return authorities;
 }
 
-PreferencesRules::PreferencesRules(const Preferences& stored) : record_(stored), english_(stored.english) {}
+PreferencesRules::PreferencesRules(const Preferences& stored)
+    : record_(stored), language_(stored.language()) {}
 
 PreferencesPanel PreferencesRules::opened() const {
     PreferencesPanel panel;
@@ -55,7 +56,7 @@ PreferencesPanel PreferencesRules::opened() const {
     panel.elevation_setting = is_set(record_.elevation_setting);
     panel.standard_asr = is_set(record_.asr_rule);
     panel.minutes = is_set(record_.clock_precision);
-    panel.english = english_;
+    panel.language = language_;
     return panel;
 }
 
@@ -74,7 +75,7 @@ PreferencesPanel PreferencesRules::defaults(const PreferencesPanel& now) const {
     PreferencesPanel panel;
     panel.high_latitude = now.high_latitude;
     panel.elevation_setting = now.elevation_setting;
-    panel.english = english_;
+    panel.language = language_;
     return panel;
 }
 
@@ -99,7 +100,7 @@ RefusedAngle PreferencesRules::take(const PreferencesPanel& panel) {
     record_.elevation_setting = flag_text(panel.elevation_setting);
     record_.asr_rule = flag_text(panel.standard_asr);
     record_.clock_precision = flag_text(panel.minutes);
-    record_.english = panel.english;
+    record_.set_language(panel.language);
     for (const TwilightAuthority& authority : authorities)
         if (panel.authority == authority.entry)
             record_.authority = authority.code;

@@ -49,7 +49,7 @@ struct PreferencesPanel {
     bool elevation_setting = false;
     bool standard_asr = true;
     bool minutes = true;
-    bool english = true;
+    Language language = Language::english;
 
     bool operator==(const PreferencesPanel&) const = default;
 };
@@ -81,11 +81,11 @@ public:
     const Preferences& record() const { return record_; }
 
     /// The language in force since the panel opened.
-    bool english() const { return english_; }
+    Language language() const { return language_; }
 
 private:
     Preferences record_;
-    bool english_;
+    Language language_;
 };
 
 } // namespace halvane

@@ -112,11 +112,12 @@ void check_conversion(Boxes boxes) {
     const double year = numeric_prefix(boxes.next());
     const double month = 1 + std::fmod(std::fabs(std::trunc(numeric_prefix(boxes.next()))), 12);
     const double day = 1 + std::fmod(std::fabs(std::trunc(numeric_prefix(boxes.next()))), 28);
-    const ConversionAnswer hijri = convert_date(ConversionDirection::civil_to_hijri, year, month, day, 'E');
+    const ConversionAnswer hijri =
+        convert_date(ConversionDirection::civil_to_hijri, year, month, day, Language::english);
     if (hijri.refused != RefusedDate::none || year != std::trunc(year))
         return;
-    const ConversionAnswer back =
-        convert_date(ConversionDirection::hijri_to_civil, hijri.year, hijri.month, hijri.day, 'A');
+    const ConversionAnswer back = convert_date(ConversionDirection::hijri_to_civil, hijri.year, hijri.month,
+                                               hijri.day, Language::arabic);
     if (hijri.year > converted_hijri_years.last) {
         require(back.refused == RefusedDate::year_too_large);
         return;

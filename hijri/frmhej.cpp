@@ -86,7 +86,7 @@ void frmhej::set_sizes() {
 void frmhej::option_click() {
     const bool hijri = direction() == ConversionDirection::hijri_to_civil;
     ui_->cbom->clear();
-    for (const std::string& name : conversion_months(direction(), letter()))
+    for (const std::string& name : conversion_months(direction(), language_))
         ui_->cbom->addItem(QString::fromStdString(name));
     if (hijri)
         fill_with_numbers(*ui_->cbod, hijri_days);
@@ -105,7 +105,7 @@ void frmhej::cmdcon_click() {
     const double year = numeric_prefix(text_of(*ui_->txty));
     const double month = conversion_month_number(direction(), text_of(*ui_->cbom));
     const double day = numeric_prefix(text_of(*ui_->cbod));
-    const ConversionAnswer answer = convert_date(direction(), year, month, day, letter());
+    const ConversionAnswer answer = convert_date(direction(), year, month, day, language_);
     if (answer.refused == RefusedDate::none)
         show_result(answer);
     else

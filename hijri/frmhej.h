@@ -31,7 +31,6 @@ private:
     void show_result(const ConversionAnswer& answer);
     void hide_result();
     void refuse(RefusedDate refused);
-    char letter() const { return language_ == Language::arabic ? 'A' : 'E'; }
 
     std::unique_ptr<Ui::frmhej> ui_;
     Language language_;

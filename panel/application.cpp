@@ -70,7 +70,7 @@ bool has_display() {
 void end_with_failure(const std::exception& failure) {
     MemoryReserve::give_back();
     try {
-        std::fprintf(stderr, "halvane: %s\n", words_of(parts_of(failure), true).c_str());
+        std::fprintf(stderr, "halvane: %s\n", words_of(parts_of(failure), Language::english).c_str());
         tell_failure(failure, language_of_failure());
     } catch (...) {
         std::fputs("halvane: the failure cannot be shown\n", stderr);

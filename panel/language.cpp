@@ -61,15 +61,27 @@ void apply_text(QWidget& form, const ControlText& row, Language language) {
 } // namespace
 
 Language stored_language() {
-    return read_pref().english ? Language::english : Language::arabic;
+    return read_pref().language();
+}
+
+Qt::LayoutDirection direction_of(Language language) {
+    return language == Language::english ? Qt::LeftToRight : Qt::RightToLeft;
+}
+
+Language language_of(const QWidget& control) {
+    return control.window()->isRightToLeft() ? Language::arabic : Language::english;
 }
 
 QString text_of(const TwinText& text, Language language) {
     return QString::fromUtf8(text.in(language));
 }
 
+QString text_of(const TwinWords& words, Language language) {
+    return QString::fromStdString(words.in(language));
+}
+
 void apply_language(QWidget& form, std::span<const ControlText> texts, Language language) {
-    form.setLayoutDirection(language == Language::english ? Qt::LeftToRight : Qt::RightToLeft);
+    form.setLayoutDirection(direction_of(language));
     for (const ControlText& row : texts)
         apply_text(form, row, language);
     for (QLabel* label : form.findChildren<QLabel*>()) {

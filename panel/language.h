@@ -15,6 +15,12 @@ namespace halvane {
 /// Error  raises RunTimeFailure for a missing or damaged file.
 Language stored_language();
 
+/// The direction that texts of the language are read in.
+Qt::LayoutDirection direction_of(Language language);
+
+/// The language that apply_language gave to the form of `control`.
+Language language_of(const QWidget& control);
+
 /// One row of a form's table of texts. `control` is the objectName of the control; an empty name, or the
 /// form's own, stands for the window title. "name@spoken" is the name a screen reader says for a control that
 /// has no label of its own, "name@tip" its tool tip. Texts have "&" before the access key.
@@ -28,6 +34,7 @@ struct ControlText {
 
 /// The text in `language`.
 QString text_of(const TwinText& text, Language language);
+QString text_of(const TwinWords& words, Language language);
 
 /// Puts `texts` in place and gives the form the direction of the language. Labels and inputs mirror with it;
 /// controls marked by keep_left_to_right do not.

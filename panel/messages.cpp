@@ -117,8 +117,7 @@ void warn(QWidget* parent, const TwinMessage& message, Language language) {
 }
 
 void warn(QWidget* parent, const Refusal& refusal, Language language) {
-    warn(parent, text_of(refusal.title, language),
-         QString::fromStdString(refusal.text.in(language == Language::english)), language);
+    warn(parent, text_of(refusal.title, language), text_of(refusal.text, language), language);
 }
 
 bool ask(QWidget* parent, const QString& title, const QString& text, Language language) {
@@ -126,22 +125,21 @@ bool ask(QWidget* parent, const QString& title, const QString& text, Language la
 }
 
 QString words_of(const RunTimeFailure& failure, Language language) {
-    return QString::fromStdString(words_of(failure.parts(), language == Language::english));
+    return QString::fromStdString(words_of(failure.parts(), language));
 }
 
 QStringList series_warnings(Language language) {
     QStringList warnings;
-    for (const std::string& note : series_notes(language == Language::english))
+    for (const std::string& note : series_notes(language))
         warnings += text_of(warning, language) + QString::fromStdString(note) + u'.';
     return warnings;
 }
 
 void tell_failure(const std::exception& failure, Language language) {
     const FailureParts parts = parts_of(failure);
-    const bool english = language == Language::english;
     QMessageBox box(QMessageBox::Critical, QString::fromLatin1(program_title), text_of(ending, language),
                     QMessageBox::Ok);
-    QStringList words{isolated(QString::fromStdString(words_of(parts, english)))};
+    QStringList words{isolated(QString::fromStdString(words_of(parts, language)))};
     words += series_warnings(language);
     words += text_of(remedy(parts.kind), language);
     box.setInformativeText(words.join(QStringLiteral("\n\n")));

@@ -71,7 +71,7 @@ public:
 
 private:
     void mark() {
-        const Language language = box_.window()->isRightToLeft() ? Language::arabic : Language::english;
+        const Language language = language_of(box_);
         const QString words = text_of(no_number, language).arg(isolated(value_taken(box_.text())));
         if (!sign_->isVisible())
             tip_ = box_.toolTip();

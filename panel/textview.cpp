@@ -400,7 +400,7 @@ void TextView::contextMenuEvent(QContextMenuEvent* event) {
     QAction* copying = menu.addAction(text_of(copy_text, language_), this, &TextView::copy);
     copying->setEnabled(has_selection());
     menu.addAction(text_of(select_all_text, language_), this, &TextView::select_all);
-    menu.setLayoutDirection(language_ == Language::arabic ? Qt::RightToLeft : Qt::LeftToRight);
+    menu.setLayoutDirection(direction_of(language_));
     menu.exec(event->globalPos());
 }
 

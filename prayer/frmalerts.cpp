@@ -165,7 +165,7 @@ void frmalerts::save() const {
 }
 
 void frmalerts::cmdok_click() {
-    if (!numbers_are_meant(*this, isRightToLeft() ? Language::arabic : Language::english))
+    if (!numbers_are_meant(*this, language_of(*this)))
         return;
     if (ui_->chkpep->isChecked() || ui_->chkpra->isChecked() || ui_->chkpopup->isChecked()) {
         pass_over_errors([] {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "routines/series.h"
 
+#include "base/twintext.h"
 #include "routines/crc32.h"
 #include "routines/deliveredseries.h"
 #include "stored/programfolder.h"
@@ -71,11 +72,12 @@ TheoryPointer loaded_theory() {
     return current;
 }
 
-std::vector<std::string> series_notes(bool english) {
+std::vector<std::string> series_notes(Language language) {
     std::vector<std::string> notes;
     for (const auto& [name, path] : undelivered)
-        notes.push_back(english ? "the series file " + path + " is not the delivered one"
-                                : "ملف المتسلسلة " + path + " ليس الملف المسلم مع البرنامج");
+        notes.push_back(TwinWords("the series file " + path + " is not the delivered one",
+                                  "ملف المتسلسلة " + path + " ليس الملف المسلم مع البرنامج")
+                            .in(language));
     return notes;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/language.h"
 #include "ephemeris/theory.h"
 
 #include <string>
@@ -24,6 +25,6 @@ TheoryPointer loaded_theory();
 /// What is told of the series files that have been looked at and are not the delivered ones, a sentence for
 /// each path: "the series file ... is not the delivered one". A file counts as delivered by its size and
 /// its CRC-32.
-std::vector<std::string> series_notes(bool english);
+std::vector<std::string> series_notes(Language language);
 
 } // namespace halvane

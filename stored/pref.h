@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/language.h"
 #include "stored/date.h"
 #include "stored/fields.h"
 
@@ -30,6 +31,10 @@ struct Preferences {
     double high_latitude = 0;
 
     bool operator==(const Preferences&) const = default;
+
+    /// The language of the panels, which the file keeps as a Boolean.
+    Language language() const { return english ? Language::english : Language::arabic; }
+    void set_language(Language language) { english = language == Language::english; }
 };
 
 /// What they are, in the order of the file.

@@ -125,7 +125,7 @@ TEST_F(AlertProgramTest, TheWindowIsArabicInArabic) {
 
 TEST_F(AlertProgramTest, AllTextsHaveRoomInBothLanguages) {
     sounds.device = false;
-    for (const Language language : {Language::english, Language::arabic}) {
+    for (const Language language : languages) {
         set_language(language);
         AlertProgram program(sounds);
         run(program, before_aser, after_aser);

@@ -24,7 +24,7 @@ TEST(Failure, ARefusalOfTheSystemIsOfTheKindThatItsNumberTells) {
 TEST(Failure, TheWordsNameTheFileAndTheRefusal) {
     const RunTimeFailure failure = file_failure(FileAction::write, "/here/results.out", EACCES);
     EXPECT_STREQ(failure.what(), "Cannot write /here/results.out: Permission denied.");
-    EXPECT_EQ(words_of(failure.parts(), false), "لا تمكن كتابة /here/results.out: لا إذن بذلك.");
+    EXPECT_EQ(words_of(failure.parts(), Language::arabic), "لا تمكن كتابة /here/results.out: لا إذن بذلك.");
 }
 
 TEST(Failure, ADamagedFieldKeepsItsParts) {
@@ -40,7 +40,7 @@ TEST(Failure, ADamagedFieldKeepsItsParts) {
         EXPECT_EQ(parts.record, 1);
         EXPECT_EQ(parts.field, 2);
         EXPECT_EQ(parts.found.english, "\"junk\"");
-        EXPECT_EQ(words_of(parts, false),
+        EXPECT_EQ(words_of(parts, Language::arabic),
                   parts.file + "، السجل 1، الحقل 2: المطلوب رقم، و الموجود \"junk\".");
     }
 }
@@ -57,7 +57,7 @@ TEST(Failure, AValueThatIsNotFiniteNamesItsDayAndPlace) {
         EXPECT_EQ(failure.parts().kind, FailureKind::no_finite_value);
         EXPECT_STREQ(failure.what(), "The calculation of the Moon's transit on 18/02/2026 for Amman has no "
                                      "finite value with the stored settings.");
-        const std::string arabic = words_of(failure.parts(), false);
+        const std::string arabic = words_of(failure.parts(), Language::arabic);
         for (const char* part : {"عبور القمر", "18/02/2026", "Amman"})
             EXPECT_NE(arabic.find(part), std::string::npos) << arabic;
     }
@@ -101,8 +101,8 @@ TEST(Failure, AnyExceptionHasAKindAndWords) {
     EXPECT_EQ(parts_of(std::length_error("too long")).kind, FailureKind::no_memory);
     const FailureParts other = parts_of(std::runtime_error("strange"));
     EXPECT_EQ(other.kind, FailureKind::other);
-    for (const bool english : {true, false})
-        EXPECT_NE(words_of(other, english).find("strange"), std::string::npos);
+    for (const Language language : languages)
+        EXPECT_NE(words_of(other, language).find("strange"), std::string::npos);
     EXPECT_EQ(parts_of(file_failure(FileAction::open, "/f", ENOENT)).file, "/f");
 }
 

@@ -114,12 +114,12 @@ TEST(Hijri, NamesMonthsInBothLanguages) {
     const std::string arabic[]{"محرم", "صفر",   "ربيع أول", "ربيع ثاني", "جمادى الأولى", "جمادي الآخرة",
                                "رجب",  "شعبان", "رمضان",    "شوال",      "ذو القعدة",    "ذو الحجة"};
     for (int month = 1; month <= 12; ++month) {
-        EXPECT_EQ(hijri_month_name(month, 'E'), english[month - 1]);
-        EXPECT_EQ(hijri_month_name(month, 'A'), arabic[month - 1]);
+        EXPECT_EQ(hijri_month_name(month, Language::english), english[month - 1]);
+        EXPECT_EQ(hijri_month_name(month, Language::arabic), arabic[month - 1]);
     }
-    EXPECT_EQ(hijri_month_name(0, 'E'), "");
-    EXPECT_EQ(hijri_month_name(13, 'A'), "");
-    EXPECT_EQ(hijri_month_name(std::nan(""), 'A'), "");
+    EXPECT_EQ(hijri_month_name(0, Language::english), "");
+    EXPECT_EQ(hijri_month_name(13, Language::arabic), "");
+    EXPECT_EQ(hijri_month_name(std::nan(""), Language::arabic), "");
     EXPECT_EQ(hijri(18, 2, 2026, 'A').month, "رمضان");
     EXPECT_EQ(hijri(18, 2, 2026, 'x').month, "Ramadan");
 }

@@ -71,8 +71,10 @@ TEST(HijriConversion, EveryDayOfFifteenCenturiesAgreesWithCountingBothWays) {
     CountedCalendar hijri;
     CountedCivil civil;
     for (int count = 0; civil.year < 2200; ++count, hijri.next(), civil.next()) {
-        const ConversionAnswer to = convert_date(to_hijri, civil.year, civil.month, civil.day, 'E');
-        const ConversionAnswer back = convert_date(to_civil, hijri.year, hijri.month, hijri.day, 'E');
+        const ConversionAnswer to =
+            convert_date(to_hijri, civil.year, civil.month, civil.day, Language::english);
+        const ConversionAnswer back =
+            convert_date(to_civil, hijri.year, hijri.month, hijri.day, Language::english);
         ASSERT_EQ(to.refused, RefusedDate::none) << civil.year << ' ' << civil.month << ' ' << civil.day;
         ASSERT_EQ(to.year, hijri.year);
         ASSERT_EQ(to.month, hijri.month);
@@ -91,41 +93,44 @@ TEST(HijriConversion, WeekdaysOfTheGregorianCalendarAreThoseOfTheStandardLibrary
     using namespace std::chrono;
     for (sys_days day = sys_days(1900y / 1 / 1); day < sys_days(2100y / 1 / 1); day += days(13)) {
         const year_month_day date(day);
-        const ConversionAnswer answer =
-            convert_date(to_hijri, int(date.year()), unsigned(date.month()), unsigned(date.day()), 'E');
+        const ConversionAnswer answer = convert_date(to_hijri, int(date.year()), unsigned(date.month()),
+                                                     unsigned(date.day()), Language::english);
         ASSERT_EQ(answer.weekday, weekdays[weekday(day).c_encoding()]);
     }
 }
 
 TEST(HijriConversion, TheFirstDayAcceptedIsTheFirstOfMuharramOfYearOne) {
-    const ConversionAnswer answer = convert_date(to_hijri, 622, 7, 16, 'E');
+    const ConversionAnswer answer = convert_date(to_hijri, 622, 7, 16, Language::english);
     EXPECT_EQ(answer.refused, RefusedDate::none);
     EXPECT_EQ(answer.year, 1);
     EXPECT_EQ(answer.day, 1);
     EXPECT_EQ(answer.month_name, "Muharram");
-    const ConversionAnswer back = convert_date(to_civil, 1, 1, 1, 'E');
+    const ConversionAnswer back = convert_date(to_civil, 1, 1, 1, Language::english);
     EXPECT_EQ(back.year, 622);
     EXPECT_EQ(back.month_name, "July");
     EXPECT_EQ(back.day, 16);
 }
 
 TEST(HijriConversion, TheDaysBeforeTheFirstAreRefused) {
-    EXPECT_EQ(convert_date(to_hijri, 622, 7, 15, 'E').refused, RefusedDate::before_first_hijri);
-    EXPECT_EQ(convert_date(to_hijri, 622, 1, 1, 'E').refused, RefusedDate::before_first_hijri);
-    EXPECT_EQ(convert_date(to_hijri, 0, 12, 31, 'E').refused, RefusedDate::before_first_hijri);
-    EXPECT_EQ(convert_date(to_hijri, -5, 12, 31, 'E').refused, RefusedDate::before_first_hijri);
+    EXPECT_EQ(convert_date(to_hijri, 622, 7, 15, Language::english).refused, RefusedDate::before_first_hijri);
+    EXPECT_EQ(convert_date(to_hijri, 622, 1, 1, Language::english).refused, RefusedDate::before_first_hijri);
+    EXPECT_EQ(convert_date(to_hijri, 0, 12, 31, Language::english).refused, RefusedDate::before_first_hijri);
+    EXPECT_EQ(convert_date(to_hijri, -5, 12, 31, Language::english).refused, RefusedDate::before_first_hijri);
 }
 
 TEST(HijriConversion, AYearBelow622IsRefusedWhateverTheDay) {
     // The platform's calendar rounds such a year up to 622; the year test does not.
-    EXPECT_EQ(convert_date(to_hijri, 621.9, 12, 31, 'E').refused, RefusedDate::before_first_hijri);
+    EXPECT_EQ(convert_date(to_hijri, 621.9, 12, 31, Language::english).refused,
+              RefusedDate::before_first_hijri);
 }
 
 TEST(HijriConversion, TheTenDaysOfTheCalendarGapAreRefusedAndTheirNeighboursAreNot) {
     for (int day = 5; day <= 14; ++day)
-        EXPECT_EQ(convert_date(to_hijri, 1582, 10, day, 'E').refused, RefusedDate::in_calendar_gap) << day;
-    const ConversionAnswer last = convert_date(to_hijri, 1582, 10, 4, 'E');
-    const ConversionAnswer first = convert_date(to_hijri, 1582, 10, 15, 'E');
+        EXPECT_EQ(convert_date(to_hijri, 1582, 10, day, Language::english).refused,
+                  RefusedDate::in_calendar_gap)
+            << day;
+    const ConversionAnswer last = convert_date(to_hijri, 1582, 10, 4, Language::english);
+    const ConversionAnswer first = convert_date(to_hijri, 1582, 10, 15, Language::english);
     EXPECT_EQ(last.weekday, "Thursday");
     EXPECT_EQ(first.weekday, "Friday");
     EXPECT_EQ(first.year, last.year);
@@ -134,18 +139,18 @@ TEST(HijriConversion, TheTenDaysOfTheCalendarGapAreRefusedAndTheirNeighboursAreN
 }
 
 TEST(HijriConversion, AHijriYearMustBeAboveZero) {
-    EXPECT_EQ(convert_date(to_civil, 0, 1, 1, 'E').refused, RefusedDate::year_not_positive);
-    EXPECT_EQ(convert_date(to_civil, -1, 1, 1, 'E').refused, RefusedDate::year_not_positive);
-    EXPECT_EQ(convert_date(to_civil, 1, 1, 1, 'E').refused, RefusedDate::none);
+    EXPECT_EQ(convert_date(to_civil, 0, 1, 1, Language::english).refused, RefusedDate::year_not_positive);
+    EXPECT_EQ(convert_date(to_civil, -1, 1, 1, Language::english).refused, RefusedDate::year_not_positive);
+    EXPECT_EQ(convert_date(to_civil, 1, 1, 1, Language::english).refused, RefusedDate::none);
 }
 
 TEST(HijriConversion, ADayPastItsMonthsEndRunsIntoTheNextMonth) {
-    const ConversionAnswer past = convert_date(to_civil, 1445, 2, 30, 'E');
-    const ConversionAnswer next = convert_date(to_civil, 1445, 3, 1, 'E');
+    const ConversionAnswer past = convert_date(to_civil, 1445, 2, 30, Language::english);
+    const ConversionAnswer next = convert_date(to_civil, 1445, 3, 1, Language::english);
     EXPECT_EQ(past.day, next.day);
     EXPECT_EQ(past.month, next.month);
-    const ConversionAnswer june = convert_date(to_hijri, 2024, 6, 31, 'E');
-    const ConversionAnswer july = convert_date(to_hijri, 2024, 7, 1, 'E');
+    const ConversionAnswer june = convert_date(to_hijri, 2024, 6, 31, Language::english);
+    const ConversionAnswer july = convert_date(to_hijri, 2024, 7, 1, Language::english);
     EXPECT_EQ(june.day, july.day);
     EXPECT_EQ(june.month, july.month);
     EXPECT_EQ(june.weekday, "Monday");
@@ -161,10 +166,10 @@ TEST(HijriConversion, TheMonthsOfBothCalendarsHaveTheirNamesInBothLanguages) {
                            "July",    "August",   "September", "October", "November", "December"};
     const MonthNames civil_arabic{"كانون ثاني", "شباط", "آذار",  "نيسان",     "أيار",       "حزيران",
                                   "تموز",       "آب",   "أيلول", "تشرين أول", "تشرين ثاني", "كانون أول"};
-    EXPECT_EQ(conversion_months(to_civil, 'E'), hijri);
-    EXPECT_EQ(conversion_months(to_civil, 'A'), hijri_arabic);
-    EXPECT_EQ(conversion_months(to_hijri, 'E'), civil);
-    EXPECT_EQ(conversion_months(to_hijri, 'A'), civil_arabic);
+    EXPECT_EQ(conversion_months(to_civil, Language::english), hijri);
+    EXPECT_EQ(conversion_months(to_civil, Language::arabic), hijri_arabic);
+    EXPECT_EQ(conversion_months(to_hijri, Language::english), civil);
+    EXPECT_EQ(conversion_months(to_hijri, Language::arabic), civil_arabic);
     for (std::size_t i = 0; i < 12; ++i) {
         EXPECT_EQ(conversion_month_number(to_civil, hijri[i]), i + 1);
         EXPECT_EQ(conversion_month_number(to_civil, hijri_arabic[i]), i + 1);
@@ -176,10 +181,10 @@ TEST(HijriConversion, TheMonthsOfBothCalendarsHaveTheirNamesInBothLanguages) {
 }
 
 TEST(HijriConversion, TheResultsAreNamedInTheLanguageAskedFor) {
-    const ConversionAnswer may = convert_date(to_civil, 1442, 9, 20, 'A');
+    const ConversionAnswer may = convert_date(to_civil, 1442, 9, 20, Language::arabic);
     EXPECT_EQ(may.month_name, "أيار");
     EXPECT_EQ(may.weekday, "الأحد");
-    const ConversionAnswer ramadan = convert_date(to_hijri, 2021, 5, 2, 'A');
+    const ConversionAnswer ramadan = convert_date(to_hijri, 2021, 5, 2, Language::arabic);
     EXPECT_EQ(ramadan.month_name, "رمضان");
     EXPECT_EQ(ramadan.weekday, "الأحد");
 }

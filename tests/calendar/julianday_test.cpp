@@ -155,8 +155,10 @@ TEST(Weekday, OfPartOfADayLeavesTheNameAsItWas) {
     std::string name = "before";
     modday(2451544.5, 0, name);
     EXPECT_EQ(name, "before");
+    EXPECT_EQ(weekday_name(2451544.5, Language::arabic), "");
     modday(-7, 0, name);
     EXPECT_EQ(name, "Monday") << "a whole number before the count's start";
+    EXPECT_EQ(weekday_name(-7, Language::english), "Monday");
 }
 
 TEST(MonthName, HasTwelveNamesInEachLanguage) {
@@ -168,8 +170,13 @@ TEST(MonthName, HasTwelveNamesInEachLanguage) {
         std::string name;
         modmonth(month, 'E', name);
         EXPECT_EQ(name, english[month - 1]);
+        EXPECT_EQ(civil_month_name(month, Language::english), english[month - 1]);
         modmonth(month, 'A', name);
         EXPECT_EQ(name, arabic[month - 1]);
+        EXPECT_EQ(civil_month_name(month, Language::arabic), arabic[month - 1]);
+        modmonth(month, 'E', name);
+        modmonth(month, 'e', name);
+        EXPECT_EQ(name, arabic[month - 1]) << "only the letter E is English";
     }
 }
 
@@ -178,6 +185,7 @@ TEST(MonthName, OfNoMonthStaysAsItWas) {
         std::string name = "before";
         modmonth(month, 'E', name);
         EXPECT_EQ(name, "before");
+        EXPECT_EQ(civil_month_name(month, Language::english), "");
     }
 }
 

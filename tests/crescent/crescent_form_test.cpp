@@ -43,28 +43,28 @@ private:
 };
 
 TEST(CrescentRulesTexts, DaysAreNamedByTheKindOfCrescent) {
-    EXPECT_STREQ(day_captions(true, 'E')[0], "The Day of Conjunction");
-    EXPECT_STREQ(day_captions(true, 'E')[1], "One Day After Conjunction");
-    EXPECT_STREQ(day_captions(true, 'E')[2], "Two Days After Conjunction");
-    EXPECT_STREQ(day_captions(false, 'E')[0], "The Day of Conjunction");
-    EXPECT_STREQ(day_captions(false, 'E')[1], "One Day Before Conjunction");
-    EXPECT_STREQ(day_captions(false, 'E')[2], "Two Days Before Conjunction");
-    EXPECT_STREQ(day_captions(true, 'A')[0], "يوم الاقتران");
-    EXPECT_STREQ(day_captions(true, 'A')[1], "يوم واحد بعد الاقتران");
-    EXPECT_STREQ(day_captions(true, 'A')[2], "يومان بعد الاقتران");
-    EXPECT_STREQ(day_captions(false, 'A')[1], "يوم واحد قبل الاقتران");
-    EXPECT_STREQ(day_captions(false, 'A')[2], "يومان قبل الاقتران");
+    EXPECT_STREQ(day_captions(true)[0].in(Language::english), "The Day of Conjunction");
+    EXPECT_STREQ(day_captions(true)[1].in(Language::english), "One Day After Conjunction");
+    EXPECT_STREQ(day_captions(true)[2].in(Language::english), "Two Days After Conjunction");
+    EXPECT_STREQ(day_captions(false)[0].in(Language::english), "The Day of Conjunction");
+    EXPECT_STREQ(day_captions(false)[1].in(Language::english), "One Day Before Conjunction");
+    EXPECT_STREQ(day_captions(false)[2].in(Language::english), "Two Days Before Conjunction");
+    EXPECT_STREQ(day_captions(true)[0].in(Language::arabic), "يوم الاقتران");
+    EXPECT_STREQ(day_captions(true)[1].in(Language::arabic), "يوم واحد بعد الاقتران");
+    EXPECT_STREQ(day_captions(true)[2].in(Language::arabic), "يومان بعد الاقتران");
+    EXPECT_STREQ(day_captions(false)[1].in(Language::arabic), "يوم واحد قبل الاقتران");
+    EXPECT_STREQ(day_captions(false)[2].in(Language::arabic), "يومان قبل الاقتران");
 }
 
 TEST(CrescentRulesTexts, EventsAreNamedByTheKindOfCrescent) {
-    EXPECT_STREQ(event_captions(true, 'E')[0], "Sunset");
-    EXPECT_STREQ(event_captions(true, 'E')[1], "Moonset");
-    EXPECT_STREQ(event_captions(false, 'E')[0], "Sunrise");
-    EXPECT_STREQ(event_captions(false, 'E')[1], "Moonrise");
-    EXPECT_STREQ(event_captions(true, 'A')[0], "غروب الشمس");
-    EXPECT_STREQ(event_captions(true, 'A')[1], "غروب القمر");
-    EXPECT_STREQ(event_captions(false, 'A')[0], "شروق الشمس");
-    EXPECT_STREQ(event_captions(false, 'A')[1], "شروق القمر");
+    EXPECT_STREQ(event_captions(true)[0].in(Language::english), "Sunset");
+    EXPECT_STREQ(event_captions(true)[1].in(Language::english), "Moonset");
+    EXPECT_STREQ(event_captions(false)[0].in(Language::english), "Sunrise");
+    EXPECT_STREQ(event_captions(false)[1].in(Language::english), "Moonrise");
+    EXPECT_STREQ(event_captions(true)[0].in(Language::arabic), "غروب الشمس");
+    EXPECT_STREQ(event_captions(true)[1].in(Language::arabic), "غروب القمر");
+    EXPECT_STREQ(event_captions(false)[0].in(Language::arabic), "شروق الشمس");
+    EXPECT_STREQ(event_captions(false)[1].in(Language::arabic), "شروق القمر");
 }
 
 TEST(CrescentRulesTexts, ADateIsPaddedAndHasItsEra) {

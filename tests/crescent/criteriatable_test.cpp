@@ -80,8 +80,8 @@ TEST(CriteriaTable, TheGuideNamesEveryCriterionInBothLanguages) {
     guide << file.rdbuf();
     ASSERT_FALSE(guide.str().empty());
     for (const CriterionRow& criterion : criteria())
-        for (const char letter : {'E', 'A'}) {
-            const std::string name = letter == 'A' ? criterion.name.arabic : criterion.name.english;
+        for (const Language language : languages) {
+            const std::string name = criterion.name.in(language);
             EXPECT_NE(guide.str().find(name + ":"), std::string::npos) << name;
         }
 }

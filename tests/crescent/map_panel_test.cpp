@@ -160,9 +160,7 @@ protected:
 TEST_F(MapPanel, BothLanguagesAreWholeReachableAndNamed) {
     in_both_languages<frmmap>([](QWidget& form, Language language) {
         form.show();
-        choose(
-            form, "cbocri",
-            QString::fromUtf8(criterion_name(Criterion::yallop, language == Language::english ? 'E' : 'A')));
+        choose(form, "cbocri", text_of(row_of(Criterion::yallop).name, language));
         click(form, "cmddraw");
         expect_usable(form);
         expect_captions(form, frmmap_twins(), language);
@@ -252,7 +250,7 @@ INSTANTIATE_TEST_SUITE_P(Every, MapLegend, ::testing::ValuesIn(legends),
                          [](const auto& row) { return std::string(row.param.english_name); });
 
 TEST_F(MapPanel, EachLineOfTheLegendHasItsColourBesideIt) {
-    for (const Language language : {Language::english, Language::arabic}) {
+    for (const Language language : languages) {
         set_language(language);
         frmmap form;
         form.show();
@@ -299,7 +297,7 @@ TEST_F(MapPanel, TheSwatchOfNoColorIsTheMapsOwnColourAlsoOnADarkPanel) {
 }
 
 TEST_F(MapPanel, EachLineOfTheLegendHasItsMarkBesideItsColour) {
-    for (const Language language : {Language::english, Language::arabic}) {
+    for (const Language language : languages) {
         set_language(language);
         frmmap form;
         form.show();
@@ -407,7 +405,7 @@ TEST_F(MapPanel, EveryClassIsMarkedOnceTheDrawingEnds) {
 }
 
 TEST_F(MapPanel, TheDrawingTellsItsPercentageAndAStopWhereItStopped) {
-    for (const Language language : {Language::english, Language::arabic}) {
+    for (const Language language : languages) {
         set_language(language);
         frmmap form;
         form.show();
@@ -436,7 +434,7 @@ TEST_F(MapPanel, TheDrawingTellsItsPercentageAndAStopWhereItStopped) {
 }
 
 TEST_F(MapPanel, AChoiceThatIsNotThatOfTheDrawingIsToldBesideIt) {
-    for (const Language language : {Language::english, Language::arabic}) {
+    for (const Language language : languages) {
         set_language(language);
         frmmap form;
         form.show();
@@ -716,7 +714,7 @@ TEST_F(MapPanel, TheLegendMarksTheClassUnderTheMouse) {
 }
 
 TEST_F(MapPanel, TheClassUnderTheMouseIsToldInWordsForEveryClass) {
-    for (const Language language : {Language::english, Language::arabic}) {
+    for (const Language language : languages) {
         set_language(language);
         frmmap form;
         form.show();
@@ -738,7 +736,7 @@ TEST_F(MapPanel, TheClassUnderTheMouseIsToldInWordsForEveryClass) {
                 ASSERT_NE(line, legend.end());
                 ASSERT_EQ(caption(form, "lblclass"), QString::number(static_cast<int>(point.visibility)) +
                                                          QStringLiteral("  ") +
-                                                         legend_words(*line, language));
+                                                         text_of(line->text, language));
                 told.insert(point.visibility);
             }
         }
@@ -784,7 +782,7 @@ TEST_F(MapPanel, ASaveProposesTheHijriMonthInTheProgramFolder) {
 }
 
 TEST_F(MapPanel, ASavedPictureHoldsMapPointsAndLegend) {
-    for (const Language language : {Language::english, Language::arabic}) {
+    for (const Language language : languages) {
         set_language(language);
         frmmap form;
         form.show();
@@ -808,7 +806,7 @@ TEST_F(MapPanel, ASavedPictureHoldsMapPointsAndLegend) {
         for (const LegendLine& line : map_legend(Criterion::vesk)) {
             const bool coloured = line.visibility != VisibilityClass::not_possible;
             EXPECT_GT(count_near(band, coloured ? colour_of(line.visibility) : QColor(Qt::white)), 80)
-                << line.english;
+                << line.text.english;
         }
         EXPECT_GT(count_near(band, QColor(34, 40, 49)), 300); // the words
     }
@@ -845,7 +843,7 @@ TEST_F(MapPanel, OnlyAPicturesEndingIsTakenOffTheName) {
 }
 
 TEST_F(MapPanel, TheConfirmationAsksForTheNameThatIsWritten) {
-    for (const Language language : {Language::english, Language::arabic}) {
+    for (const Language language : languages) {
         set_language(language);
         frmmap form;
         put("X.gif", "kept");
@@ -880,7 +878,7 @@ TEST_F(MapPanel, FilesOfTheProgramAreRefusedWithWords) {
     std::filesystem::create_symlink(path("date.vsk"), path("stored.gif"));
     const std::string map = content("map.gif");
     const std::string date = content("date.vsk");
-    for (const Language language : {Language::english, Language::arabic}) {
+    for (const Language language : languages) {
         set_language(language);
         frmmap form;
         for (const char* name : {"map.gif", "map.png", "map", "./images/../map.gif", "qmap.bmp",

@@ -78,7 +78,8 @@ TEST_F(MapBatch, EveryCriterionOfTheTableIsOfferedAndDrawn) {
         EXPECT_NE(help.find(criterion.key), std::string::npos) << criterion.key;
         const std::string words = std::string("map --criterion ") + criterion.key;
         ASSERT_EQ(run(words + " --csv '" + (folder / "map.csv").string() + "'"), 0) << folder.read("err");
-        EXPECT_EQ(lines("map.csv")[1], std::string("# ") + criterion.name.english + " Criterion");
+        EXPECT_EQ(lines("map.csv")[1],
+                  std::string("# ") + criterion.name.in(Language::english) + " Criterion");
     }
 }
 

@@ -97,13 +97,13 @@ TEST(SheetPainter, CirclesAreThePointsWithAColourAndMarksThoseOfTheZones) {
 }
 
 TEST(SheetPainter, WordsStandBelowTheMapInTheLanguageAskedFor) {
-    for (const char letter : {'E', 'A'})
+    for (const Language language : languages)
         for (const CriterionRow& criterion : criteria()) {
             MapSheetContent content;
             content.information = {"first", "second"};
             content.legend = map_legend(criterion);
             content.bare = {1, 2, 3};
-            content.letter = letter;
+            content.language = language;
             NotedSurface surface;
             paint_sheet(surface, content);
             std::vector<NotedSurface::Words> words{{12, 0, "first"}, {12, 1, "second"}};
@@ -113,7 +113,7 @@ TEST(SheetPainter, WordsStandBelowTheMapInTheLanguageAskedFor) {
                 const auto i = static_cast<std::size_t>(line);
                 const LegendLine& entry = content.legend[i];
                 words.push_back({391, line, {class_mark(entry.visibility)}});
-                words.push_back({409, line, letter == 'A' ? entry.arabic : entry.english});
+                words.push_back({409, line, entry.text.in(language)});
                 EXPECT_EQ(surface.squares[i].left, 374);
                 EXPECT_EQ(surface.squares[i].top, 428 + 20 * line);
                 EXPECT_EQ(surface.squares[i].side, 11);

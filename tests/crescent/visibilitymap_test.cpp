@@ -423,14 +423,14 @@ TEST(MapProjection, ReadOutHasItsOwnFactors) {
 
 TEST_F(VisibilityMap, InformationNamesTheMapInBothLanguages) {
     const MapRun run = map_near(29, 3, 2025, CrescentKind::new_crescent, 1, Criterion::saao);
-    EXPECT_EQ(map_information(run, 'E'),
+    EXPECT_EQ(map_information(run, Language::english),
               (std::vector<std::string>{"New Crescent Visibility", "SAAO Criterion", "Shawwal 1446", "Sunday",
                                         "30 March 2025"}));
-    EXPECT_EQ(map_information(run, 'A'),
+    EXPECT_EQ(map_information(run, Language::arabic),
               (std::vector<std::string>{"رؤية هلال أول الشهر", " معيار جنوب أفريقيا", "شوال 1446", "الأحد",
                                         "30 آذار 2025"}));
     const MapRun old = map_near(29, 3, 2025, CrescentKind::old_crescent, 1, Criterion::vesk);
-    EXPECT_EQ(map_information(old, 'E'),
+    EXPECT_EQ(map_information(old, Language::english),
               (std::vector<std::string>{"Old Crescent Visibility", "Vesk Criterion", "Ramadan 1446", "Friday",
                                         "28 March 2025"}));
 }
@@ -439,7 +439,7 @@ TEST(MapLegend, HasALineForEveryClassOfItsCriterion) {
     const auto words = [](Criterion criterion) {
         std::vector<std::string> lines;
         for (const LegendLine& line : map_legend(criterion))
-            lines.emplace_back(line.english);
+            lines.emplace_back(line.text.english);
         return lines;
     };
     EXPECT_EQ(words(Criterion::vesk),

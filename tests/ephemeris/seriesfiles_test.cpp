@@ -78,7 +78,7 @@ void expect_ordinals(const Rows& rows) {
 TEST(DeliveredSeries, AreKnownByTheirChecksum) {
     const TemporaryProgramFolder folder;
     load_series();
-    EXPECT_TRUE(series_notes(true).empty());
+    EXPECT_TRUE(series_notes(Language::english).empty());
     const std::vector<std::pair<const char*, void (*)()>> files{{"term.vsk", load_term},
                                                                 {"termfull.vsk", load_termfull},
                                                                 {"mterm.vsk", load_mterm},
@@ -90,12 +90,12 @@ TEST(DeliveredSeries, AreKnownByTheirChecksum) {
         folder.write(name, text);
         load();
         const std::string path = (folder / name).string();
-        EXPECT_EQ(series_notes(true),
+        EXPECT_EQ(series_notes(Language::english),
                   std::vector<std::string>{"the series file " + path + " is not the delivered one"});
-        EXPECT_NE(series_notes(false).at(0).find(path), std::string::npos);
+        EXPECT_NE(series_notes(Language::arabic).at(0).find(path), std::string::npos);
         folder.write(name, bytes_of(delivered(name)));
         load();
-        EXPECT_TRUE(series_notes(true).empty()) << name;
+        EXPECT_TRUE(series_notes(Language::english).empty()) << name;
     }
 }
 
@@ -109,10 +109,10 @@ TEST(DeliveredSeries, ACutOneIsAFailureThatNamesItAndIsNoted) {
     } catch (const RunTimeFailure& failure) {
         EXPECT_NE(std::string(failure.what()).find((folder / "term.vsk").string()), std::string::npos);
     }
-    EXPECT_EQ(series_notes(true).size(), 1U);
+    EXPECT_EQ(series_notes(Language::english).size(), 1U);
     folder.write("term.vsk", text);
     load_term();
-    EXPECT_TRUE(series_notes(true).empty());
+    EXPECT_TRUE(series_notes(Language::english).empty());
 }
 
 TEST(DeliveredSeries, HoldsTheCompleteSunAsPublished) {

@@ -263,7 +263,7 @@ TEST_F(MainPanelTest, EveryArabicMonthOfTheDateLine) {
     const int lengths[] = {31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
     double jd = 2460324.5;
     for (int month = 1; month <= 12; ++month) {
-        const std::string line = date_line({2024, month, 15, 0, 0, 0}, jd, false);
+        const std::string line = date_line({2024, month, 15, 0, 0, 0}, jd, Language::arabic);
         EXPECT_NE(line.find(std::string(" 15 ") + months[month - 1] + " 2024 ( "), std::string::npos) << line;
         jd += lengths[month - 1];
     }
@@ -855,7 +855,7 @@ TEST_P(MainPanelRefusal, BeyondLatitudeSixtyFiveTellsThatTheMethodDoesNotWork) {
     set_latitude(66);
     Preferences preferences = read_pref();
     preferences.high_latitude = 1;
-    preferences.english = GetParam() == Language::english;
+    preferences.set_language(GetParam());
     write_pref(preferences);
     frmmain form;
     form.load();
@@ -875,7 +875,7 @@ TEST_P(MainPanelRefusal, BeyondLatitudeSixtyFiveTellsThatTheMethodDoesNotWork) {
     EXPECT_EQ(open_window("frmwait"), nullptr);
 }
 
-INSTANTIATE_TEST_SUITE_P(Both, MainPanelRefusal, ::testing::ValuesIn(both_languages), language_name);
+INSTANTIATE_TEST_SUITE_P(Both, MainPanelRefusal, ::testing::ValuesIn(languages), language_name);
 
 class MainPanelBothLanguages : public MainPanelTest, public ::testing::WithParamInterface<Language> {};
 
@@ -896,7 +896,7 @@ TEST_P(MainPanelBothLanguages, TheKeyboardAlonePressesAButton) {
     EXPECT_EQ(platform_double.shown_files, std::vector<std::string>{"help.txt"});
 }
 
-INSTANTIATE_TEST_SUITE_P(In, MainPanelBothLanguages, ::testing::ValuesIn(both_languages), language_name);
+INSTANTIATE_TEST_SUITE_P(In, MainPanelBothLanguages, ::testing::ValuesIn(languages), language_name);
 
 TEST_F(MainPanelTest, DarkColoursKeepTheContrastOfTheMarkAndTheTitles) {
     const QPalette light = QApplication::palette();

@@ -5,8 +5,6 @@
 
 namespace halvane {
 
-inline constexpr Language both_languages[] = {Language::english, Language::arabic};
-
 /// The names of tests that are made for each language, and for each row of a table of captions.
 std::string language_name(const ::testing::TestParamInfo<Language>& row);
 std::string caption_name(const ::testing::TestParamInfo<ControlText>& row);

@@ -329,7 +329,7 @@ PanelTest::~PanelTest() {
 
 void PanelTest::set_language(Language language) {
     Preferences preferences = read_pref();
-    preferences.english = language == Language::english;
+    preferences.set_language(language);
     write_pref(preferences);
 }
 

@@ -169,7 +169,7 @@ protected:
     /// Does `work` with a new `Form` in English, then with another in Arabic.
     template <class Form, class Work>
     void in_both_languages(const Work& work) {
-        for (const Language language : {Language::english, Language::arabic}) {
+        for (const Language language : languages) {
             SCOPED_TRACE(language == Language::english ? "in English" : "in Arabic");
             set_language(language);
             Form form;

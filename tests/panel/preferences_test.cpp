@@ -413,17 +413,17 @@ TEST_F(PreferencesTest, TheMessageSpeaksTheLanguageOfTheLoadedRecord) {
 }
 
 TEST_F(PreferencesTest, OkRebuildsTheMainPanelOnceTheNewLanguageIsStored) {
-    bool english_at_reload = true;
+    Language at_reload = Language::english;
     set_main_panel_reload([&] {
         ++main_panel_reloads;
-        english_at_reload = read_pref().english;
+        at_reload = stored_language();
     });
     frmpreferences form;
     form.show();
     click(form, "optar");
     click(form, "cmdok");
     EXPECT_EQ(main_panel_reloads, 1);
-    EXPECT_FALSE(english_at_reload);
+    EXPECT_EQ(at_reload, Language::arabic);
 }
 
 TEST_F(PreferencesTest, AMissingRecordLeavesThePanelBlank) {

@@ -116,7 +116,7 @@ TEST(PreferencesRules, EveryFieldGoesToThePanelAndBack) {
     stored.elevation_fajer = "1";
     stored.asr_rule = "0";
     stored.clock_precision = "0";
-    stored.english = false;
+    stored.set_language(Language::arabic);
     stored.elevation_setting = "1";
     stored.high_latitude = 1;
     PreferencesRules form(stored);
@@ -126,13 +126,13 @@ TEST(PreferencesRules, EveryFieldGoesToThePanelAndBack) {
 
 TEST(PreferencesRules, DefaultsKeepHighLatitudeElevationAndTheLanguageInForce) {
     Preferences stored = custom(16, 14);
-    stored.english = false;
+    stored.set_language(Language::arabic);
     PreferencesRules form(stored);
     PreferencesPanel panel = form.opened();
     panel.high_latitude = true;
     panel.elevation_setting = true;
     panel.elevation_fajer = true;
-    panel.english = true;
+    panel.language = Language::english;
     panel.summer_time = true;
     panel.from_month = "7";
     panel.add_maghreb = "12";
@@ -149,7 +149,8 @@ TEST(PreferencesRules, DefaultsKeepHighLatitudeElevationAndTheLanguageInForce) {
     wanted.to_day = "1";
     wanted.subtract_fajer = wanted.add_dhohur = wanted.add_asr = wanted.add_maghreb = "0";
     wanted.standard_asr = wanted.minutes = true;
-    wanted.summer_time = wanted.elevation_fajer = wanted.english = false;
+    wanted.summer_time = wanted.elevation_fajer = false;
+    wanted.language = Language::arabic;
     EXPECT_EQ(form.defaults(panel), wanted);
 }
 

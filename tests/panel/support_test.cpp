@@ -318,7 +318,7 @@ TEST_F(SupportTest, EveryKindOfFailureHasARemedyOfItsOwn) {
                                        RunTimeFailure({"w", "w"}, FailureKind::no_finite_value),
                                        RunTimeFailure({"w", "w"}, FailureKind::no_memory),
                                        RunTimeFailure(TwinWords{"w", "w"})};
-    for (const Language language : {Language::english, Language::arabic}) {
+    for (const Language language : languages) {
         QStringList remedies;
         for (const RunTimeFailure& failure : failures) {
             messages.clear();
@@ -458,7 +458,7 @@ TEST_F(SupportTest, TheWordsOfABoxesButtonsStandInTheirMiddle) {
         }
         return false;
     });
-    for (const Language language : {Language::english, Language::arabic}) {
+    for (const Language language : languages) {
         warn(nullptr, QStringLiteral("Title"), QStringLiteral("Text"), language);
         ask(nullptr, QStringLiteral("Title"), QStringLiteral("Text"), language);
     }

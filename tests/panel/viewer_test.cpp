@@ -394,7 +394,7 @@ TEST_P(ViewerBothLanguages, EveryControlIsNamedReachedAndWhole) {
     expect_captions(viewer, viewer_twins(), GetParam());
 }
 
-INSTANTIATE_TEST_SUITE_P(In, ViewerBothLanguages, ::testing::ValuesIn(both_languages), language_name);
+INSTANTIATE_TEST_SUITE_P(In, ViewerBothLanguages, ::testing::ValuesIn(languages), language_name);
 
 } // namespace
 } // namespace halvane

@@ -31,7 +31,7 @@ class WaitCaption : public WaitTest, public ::testing::WithParamInterface<Contro
 
 TEST_P(WaitCaption, IsThatOfTheLanguage) {
     frmwait form;
-    for (const Language language : both_languages) {
+    for (const Language language : languages) {
         set_language(language);
         form.load(QString());
         expect_caption(form, GetParam(), language);
@@ -194,7 +194,7 @@ TEST_F(WaitTest, ThePanelMayGoWhileItsRunGoesOn) {
 }
 
 TEST_F(WaitTest, ThePanelSaysWhichRunGoesOnUntilItsEnd) {
-    for (const Language language : both_languages) {
+    for (const Language language : languages) {
         set_language(language);
         QWidget panel;
         panel.resize(500, 300);
@@ -217,7 +217,7 @@ TEST_F(WaitTest, ThePanelSaysWhichRunGoesOnUntilItsEnd) {
 }
 
 TEST_F(WaitTest, TheTimeLeftIsToldOnceItIsSoundAndInTheLanguage) {
-    for (const Language language : both_languages) {
+    for (const Language language : languages) {
         set_language(language);
         frmwait form;
         form.load(QString());
@@ -290,7 +290,7 @@ TEST_P(WaitBothLanguages, EveryControlIsNamedReachedAndWhole) {
     expect_captions(form, frmwait_twins(), GetParam());
 }
 
-INSTANTIATE_TEST_SUITE_P(In, WaitBothLanguages, ::testing::ValuesIn(both_languages), language_name);
+INSTANTIATE_TEST_SUITE_P(In, WaitBothLanguages, ::testing::ValuesIn(languages), language_name);
 
 } // namespace
 } // namespace halvane

@@ -410,7 +410,7 @@ TEST_F(QiblahPanelTest, AMissingPictureIsToldInItsPlace) {
     EXPECT_GT(written, 200);
 }
 
-INSTANTIATE_TEST_SUITE_P(In, QiblahBothLanguages, ::testing::ValuesIn(both_languages), language_name);
+INSTANTIATE_TEST_SUITE_P(In, QiblahBothLanguages, ::testing::ValuesIn(languages), language_name);
 
 } // namespace
 } // namespace halvane

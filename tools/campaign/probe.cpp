@@ -62,9 +62,9 @@ void calendars(const Arguments& arguments) {
         modjul(year, month, date, 12, back);
         const HijriDate hijri = hijri_of_day_number(day);
         const ConversionAnswer panel =
-            convert_date(ConversionDirection::civil_to_hijri, year, month, date, 'E');
-        const ConversionAnswer civil =
-            convert_date(ConversionDirection::hijri_to_civil, hijri.year, hijri.month, hijri.day, 'E');
+            convert_date(ConversionDirection::civil_to_hijri, year, month, date, Language::english);
+        const ConversionAnswer civil = convert_date(ConversionDirection::hijri_to_civil, hijri.year,
+                                                    hijri.month, hijri.day, Language::english);
         std::printf("%d,%g,%g,%g,%.1f,%g,%g,%g,%.1f,%g,%g,%g,%g,%g,%g,%s\n", day, year, month, date, back,
                     hijri.year, hijri.month, hijri.day,
                     day_number_of_hijri(hijri.year, hijri.month, hijri.day), panel.year, panel.month,

@@ -93,7 +93,7 @@ void copy_program_folder(const fs::path& data, const fs::path& folder) {
 
 void set_sample_settings(Language language) {
     Preferences preferences = read_pref();
-    preferences.english = language == Language::english;
+    preferences.set_language(language);
     write_pref(preferences);
     CalculationDate date;
     date.period = true;
@@ -208,7 +208,7 @@ int run(int count, char** words) {
     copy_program_folder(words[2], program.path().toStdString());
     set_program_folder(program.path().toStdString());
     QDir().mkpath(QString::fromLocal8Bit(words[1]));
-    for (const Language language : {Language::english, Language::arabic})
+    for (const Language language : languages)
         take_all(QString::fromLocal8Bit(words[1]), language);
     return 0;
 }

@@ -74,6 +74,7 @@ TheoryPointer loaded_theory() {
 
 std::vector<std::string> series_notes(Language language) {
     std::vector<std::string> notes;
+    notes.reserve(undelivered.size());
     for (const auto& [name, path] : undelivered)
         notes.push_back(TwinWords("the series file " + path + " is not the delivered one",
                                   "ملف المتسلسلة " + path + " ليس الملف المسلم مع البرنامج")

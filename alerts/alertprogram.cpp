@@ -5,6 +5,7 @@
 #include "calendar/zonetext.h"
 #include "panel/namelabel.h"
 #include "panel/panelstyle.h"
+#include "routines/machineclock.h"
 
 #include <QApplication>
 #include <QLabel>

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "base/failure.h"
-#include "base/machineclock.h"
 #include "base/version.h"
 #include "batch/clocktime.h"
 #include "batch/console.h"
 #include "batch/nearestname.h"
 #include "batch/tasks.h"
+#include "routines/machineclock.h"
 #include "routines/series.h"
 #include "stored/outputfile.h"
 #include "stored/programfolder.h"

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "batch/tasks.h"
 
-#include "base/machineclock.h"
 #include "batch/runoutput.h"
 #include "calendar/yearlimits.h"
 #include "prayer/moonrun.h"
 #include "prayer/prayerrun.h"
 #include "prayer/todayrun.h"
 #include "qibla/qiblahrun.h"
+#include "routines/machineclock.h"
 #include "routines/series.h"
 #include "stored/coor.h"
 #include "stored/date.h"
@@ -51,7 +51,7 @@ RunPointer prayer_of_period() {
         return nullptr;
     load_term();
     load_mterm();
-    return prayer_run(loaded_theory());
+    return prayer_run(loaded_theory(), machine_time());
 }
 
 RunPointer moon_of_period() {
@@ -59,7 +59,7 @@ RunPointer moon_of_period() {
         return nullptr;
     load_mterm();
     load_elp();
-    return moon_run(loaded_theory());
+    return moon_run(loaded_theory(), machine_time());
 }
 
 RunPointer times_of_today() {
@@ -73,7 +73,7 @@ RunPointer qiblah_of_period(QiblahMark mark) {
         return nullptr;
     load_term();
     load_mterm();
-    return qiblah_run(loaded_theory(), stored_qiblah_direction(), mark);
+    return qiblah_run(loaded_theory(), machine_time(), stored_qiblah_direction(), mark);
 }
 
 RunPointer stored_ephemeris() {

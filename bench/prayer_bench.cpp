@@ -6,6 +6,7 @@
 #include "prayer/moonrun.h"
 #include "prayer/prayerday.h"
 #include "prayer/prayerrun.h"
+#include "routines/machineclock.h"
 #include "routines/namedengine.h"
 #include "routines/series.h"
 #include "tests/support/programfolder.h"
@@ -35,13 +36,14 @@ void day_of_the_moon(benchmark::State& state) {
 }
 BENCHMARK(day_of_the_moon)->Unit(benchmark::kMicrosecond);
 
-void report_of_a_year(benchmark::State& state, RunPointer (*run_of)(const TheoryPointer&)) {
+void report_of_a_year(benchmark::State& state,
+                      RunPointer (*run_of)(const TheoryPointer&, const MachineTime&)) {
     const TemporaryProgramFolder folder;
     load_series();
     bench::store_year(2026);
     NoProgress progress;
     for ([[maybe_unused]] auto step : state)
-        write_report(*run_of(loaded_theory()), progress);
+        write_report(*run_of(loaded_theory(), machine_time()), progress);
 }
 BENCHMARK_CAPTURE(report_of_a_year, prayers, prayer_run)
     ->Name("prayer report of a year")

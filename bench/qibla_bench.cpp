@@ -4,6 +4,7 @@
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/series.h"
 #include "qibla/qiblahrun.h"
+#include "routines/machineclock.h"
 #include "routines/namedengine.h"
 #include "routines/series.h"
 #include "tests/support/programfolder.h"
@@ -34,7 +35,7 @@ void qiblah_report_of_a_year(benchmark::State& state, QiblahMark mark) {
     bench::store_year(2026);
     NoProgress progress;
     for ([[maybe_unused]] auto step : state)
-        write_report(*qiblah_run(loaded_theory(), stored_qiblah_direction(), mark), progress);
+        write_report(*qiblah_run(loaded_theory(), machine_time(), stored_qiblah_direction(), mark), progress);
 }
 BENCHMARK_CAPTURE(qiblah_report_of_a_year, sun, QiblahMark::sun)
     ->Name("Qiblah report of a year, the Sun")

@@ -17,7 +17,7 @@ enum class VisibilityClass {
 };
 
 /// The classes with a colour of their own, in the order of their numbers.
-inline constexpr std::array painted_classes{VisibilityClass::unknown,     VisibilityClass::impossible,
+inline constexpr std::array<VisibilityClass, 6> painted_classes{VisibilityClass::unknown,     VisibilityClass::impossible,
                                             VisibilityClass::optical_aid, VisibilityClass::second_band,
                                             VisibilityClass::third_band,  VisibilityClass::easily_visible};
 

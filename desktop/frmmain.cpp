@@ -11,6 +11,7 @@
 #include "panel/panelstyle.h"
 #include "prayer/moonrun.h"
 #include "prayer/prayerrun.h"
+#include "routines/machineclock.h"
 #include "routines/series.h"
 #include "stored/date.h"
 #include "stored/pref.h"
@@ -183,7 +184,8 @@ void frmmain::connect_buttons(std::span<const Panel> panels) {
             connect(button, &QPushButton::clicked, this, [this, panel] { open_panel(panel, this); });
 }
 
-void frmmain::run_report(const QPushButton& button, RunPointer (*run_of)(const TheoryPointer&)) {
+void frmmain::run_report(const QPushButton& button,
+                         RunPointer (*run_of)(const TheoryPointer&, const MachineTime&)) {
     if (const std::optional<Refusal> refused = refused_stored_period(read_date())) {
         warn(this, *refused, state_.language);
         return;
@@ -192,7 +194,7 @@ void frmmain::run_report(const QPushButton& button, RunPointer (*run_of)(const T
     RunOutcome outcome;
     {
         WaitProgress progress(button.text().remove(u'&').trimmed(), this);
-        run = run_of(loaded_theory());
+        run = run_of(loaded_theory(), machine_time());
         outcome = write_report(*run, progress);
     }
     if (outcome == RunOutcome::done)

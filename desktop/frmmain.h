@@ -5,8 +5,8 @@
 #include "desktop/mainload.h"
 #include "desktop/nextprayer.h"
 #include "panel/language.h"
-#include "prayer/prayerrun.h"
 #include "panel/panelsupport.h"
+#include "prayer/prayerrun.h"
 
 #include <QWidget>
 #include <array>
@@ -56,7 +56,8 @@ private:
     void show_clock() override;
 
     void unload();
-    void run_report(const QPushButton& button, RunPointer (*run_of)(const TheoryPointer&));
+    void run_report(const QPushButton& button,
+                    RunPointer (*run_of)(const TheoryPointer&, const MachineTime&));
     void tell_high_latitude();
     void connect_buttons(std::span<const Panel> panels);
     void set_icons();

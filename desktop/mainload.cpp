@@ -9,6 +9,7 @@
 #include "calendar/modday.h"
 #include "calendar/modjul.h"
 #include "calendar/zonetext.h"
+#include "routines/machineclock.h"
 #include "routines/series.h"
 #include "stored/date.h"
 #include "stored/loc.h"

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/language.h"
-#include "base/machineclock.h"
+#include "base/machinetime.h"
 #include "prayer/prayermoments.h"
 #include "prayer/prayertexts.h"
 

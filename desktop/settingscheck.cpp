@@ -2,9 +2,9 @@
 #include "desktop/settingscheck.h"
 
 #include "base/failure.h"
-#include "base/machineclock.h"
 #include "calendar/modjul.h"
 #include "prayer/prayerrun.h"
+#include "routines/machineclock.h"
 #include "routines/series.h"
 #include "stored/supposed.h"
 

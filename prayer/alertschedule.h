@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/failure.h"
-#include "base/machineclock.h"
+#include "base/machinetime.h"
 #include "prayer/prayermoments.h"
 #include "stored/alert.h"
 #include "stored/loc.h"

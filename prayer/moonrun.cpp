@@ -60,8 +60,8 @@ private:
 
 } // namespace
 
-RunPointer moon_run(const TheoryPointer& theory) {
-    return std::make_shared<MoonRun>(theory, stored_day_settings());
+RunPointer moon_run(const TheoryPointer& theory, const MachineTime& today) {
+    return std::make_shared<MoonRun>(theory, stored_day_settings(today));
 }
 
 } // namespace halvane

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/machinetime.h"
 #include "ephemeris/ephemeris.h"
 #include "report/run.h"
 
@@ -8,6 +9,6 @@ namespace halvane {
 
 /// The Moon report, `mresults.out`, of the stored period and location. Reads `pref.vsk`, `date.vsk`,
 /// `loc.vsk`.
-RunPointer moon_run(const TheoryPointer& theory);
+RunPointer moon_run(const TheoryPointer& theory, const MachineTime& today);
 
 } // namespace halvane

@@ -99,8 +99,8 @@ private:
 
 } // namespace
 
-RunPointer prayer_run(const TheoryPointer& theory) {
-    return std::make_shared<PrayerRun>(theory, stored_day_settings());
+RunPointer prayer_run(const TheoryPointer& theory, const MachineTime& today) {
+    return std::make_shared<PrayerRun>(theory, stored_day_settings(today));
 }
 
 PrayerTexts today_prayer_times(const TheoryPointer& theory, double todayjd) {

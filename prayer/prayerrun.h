@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/machinetime.h"
 #include "base/twintext.h"
 #include "ephemeris/ephemeris.h"
 #include "prayer/prayertexts.h"
@@ -11,7 +12,8 @@ namespace halvane {
 /// The prayer report, `results.out`, of the stored period and location. Reads `pref.vsk`, `date.vsk`,
 /// `loc.vsk`. The run is refused beyond latitude 65 when the alternative method would be needed, with the
 /// rows so far and no remarks (see high_latitude_message).
-RunPointer prayer_run(const TheoryPointer& theory);
+/// In     today  the machine's date, for a period that follows it
+RunPointer prayer_run(const TheoryPointer& theory, const MachineTime& today);
 
 /// The six times of one day as the main panel shows them. Reads `pref.vsk`, `date.vsk`, `loc.vsk`; no
 /// alternative method.

@@ -12,6 +12,7 @@
 #include "panel/panelsupport.h"
 #include "qibla/frmqmap.h"
 #include "qibla/qiblahrun.h"
+#include "routines/machineclock.h"
 #include "routines/series.h"
 #include "stored/date.h"
 #include "stored/loc.h"
@@ -101,7 +102,7 @@ void frmqib::cmdqib_click() {
     RunOutcome outcome;
     {
         WaitProgress progress(ui_->lblqibtim->text(), this);
-        run = qiblah_run(loaded_theory(), direction, mark);
+        run = qiblah_run(loaded_theory(), machine_time(), direction, mark);
         outcome = write_report(*run, progress);
     }
     if (outcome == RunOutcome::done)

@@ -89,8 +89,9 @@ float stored_qiblah_direction() {
                        [&] { return qiblah_direction(longitude_of(location), latitude_of(location)); });
 }
 
-RunPointer qiblah_run(const TheoryPointer& theory, float direction, QiblahMark mark) {
-    return std::make_shared<QiblahRun>(theory, stored_day_settings(), direction, mark);
+RunPointer qiblah_run(const TheoryPointer& theory, const MachineTime& today, float direction,
+                      QiblahMark mark) {
+    return std::make_shared<QiblahRun>(theory, stored_day_settings(today), direction, mark);
 }
 
 } // namespace halvane

@@ -1,19 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "report/reportrun.h"
 
-#include "base/machineclock.h"
 #include "calendar/moddeltat.h"
 #include "calendar/modjul.h"
 
 namespace halvane {
 
-CalculationPeriod calculation_period(const CalculationDate& date) {
+CalculationPeriod calculation_period(const CalculationDate& date, const MachineTime& today) {
     if (!date.system_date)
         return {date.start, date.end};
-    const MachineTime now = machine_time();
-    const DateNumbers today{static_cast<double>(now.year), static_cast<double>(now.month),
-                            static_cast<double>(now.day)};
-    return {today, today};
+    const DateNumbers day{static_cast<double>(today.year), static_cast<double>(today.month),
+                          static_cast<double>(today.day)};
+    return {day, day};
 }
 
 RunDays days_of(const DateNumbers& start, const DateNumbers& end) {
@@ -33,10 +31,10 @@ ReportPeriod report_period(const CalculationDate& date, const RunDays& days) {
     return {date.one_day, date.start, date.end, mean_delta_t(days) * 86400};
 }
 
-DaySettings stored_day_settings() {
+DaySettings stored_day_settings(const MachineTime& today) {
     DaySettings settings{read_pref(), {}, read_date()};
     settings.location = read_loc();
-    const CalculationPeriod period = calculation_period(settings.date);
+    const CalculationPeriod period = calculation_period(settings.date, today);
     settings.date.start = period.start;
     settings.date.end = period.end;
     return settings;

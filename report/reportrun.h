@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/machinetime.h"
 #include "base/progress.h"
 #include "report/run.h"
 #include "stored/date.h"
@@ -17,7 +18,7 @@ struct CalculationPeriod {
     DateNumbers start;
     DateNumbers end;
 };
-CalculationPeriod calculation_period(const CalculationDate& date);
+CalculationPeriod calculation_period(const CalculationDate& date, const MachineTime& today);
 
 /// What the heads of the reports print besides the settings.
 struct ReportPeriod {
@@ -45,8 +46,9 @@ struct DaySettings {
     CalculationDate date; ///< `start` and `end` are the days of the run
 };
 
+/// In     today  the machine's date, for a run that follows it
 /// Reads `pref.vsk`, `date.vsk`, `loc.vsk`.
-DaySettings stored_day_settings();
+DaySettings stored_day_settings(const MachineTime& today);
 
 /// Does `work` for each day of a run, from the first to the last or until it answers other than done.
 /// In     work  takes 0 h of the day as a Julian day [d]

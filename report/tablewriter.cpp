@@ -10,7 +10,7 @@
 namespace halvane {
 namespace {
 
-constexpr std::array formats{ReportFormat::text, ReportFormat::csv, ReportFormat::json};
+constexpr std::array<ReportFormat, 3> formats{ReportFormat::text, ReportFormat::csv, ReportFormat::json};
 
 } // namespace
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "telescope/frmtele.h"
 
-#include "base/machineclock.h"
 #include "base/numberformat.h"
 #include "base/record.h"
 #include "calendar/yearlimits.h"
@@ -11,6 +10,7 @@
 #include "panel/numberlists.h"
 #include "panel/panelstyle.h"
 #include "panel/panelsupport.h"
+#include "routines/machineclock.h"
 #include "routines/series.h"
 #include "telescope/crescentpicture.h"
 #include "telescope/readouts.h"

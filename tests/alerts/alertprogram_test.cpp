@@ -3,9 +3,9 @@
 
 #include "alerts/onlycopy.h"
 #include "base/failure.h"
-#include "base/machineclock.h"
 #include "ephemeris/series.h"
 #include "panel/panelstyle.h"
+#include "routines/machineclock.h"
 #include "routines/series.h"
 #include "stored/alert.h"
 #include "stored/loc.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "base/machineclock.h"
+#include "base/machinetime.h"
 
 #include <chrono>
 

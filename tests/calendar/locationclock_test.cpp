@@ -3,6 +3,7 @@
 
 #include "calendar/platformdate.h"
 #include "calendar/zonetext.h"
+#include "routines/machineclock.h"
 
 #include <cstdlib>
 #include <ctime>

@@ -13,6 +13,7 @@
 #include "prayer/prayerrun.h"
 #include "report/head.h"
 #include "routines/crescentday.h"
+#include "routines/machineclock.h"
 #include "routines/namedengine.h"
 #include "routines/series.h"
 #include "routines/tdtinput.h"
@@ -373,8 +374,8 @@ TEST_F(Circumstance, EventsAreThoseOfThePrayerAndTheMoonReport) {
             period.start = period.end = date;
             write_date(period);
             RecordingProgress progress;
-            ASSERT_EQ(write_report(*prayer_run(loaded_theory()), progress), RunOutcome::done);
-            ASSERT_EQ(write_report(*moon_run(loaded_theory()), progress), RunOutcome::done);
+            ASSERT_EQ(write_report(*prayer_run(loaded_theory(), machine_time()), progress), RunOutcome::done);
+            ASSERT_EQ(write_report(*moon_run(loaded_theory(), machine_time()), progress), RunOutcome::done);
             const std::string crescent = report(settings);
             // The row of the day: date, then the columns of the seconds' layout.
             const auto row_of = [&date](const std::string& text) {

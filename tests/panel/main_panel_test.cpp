@@ -5,6 +5,7 @@
 #include "desktop/mainload.h"
 #include "panel/frmwait.h"
 #include "panel/namelabel.h"
+#include "routines/machineclock.h"
 #include "stored/loc.h"
 #include "stored/pref.h"
 #include "tests/panel/panelchecks.h"

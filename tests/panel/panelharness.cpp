@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "tests/panel/panelharness.h"
 
-#include "base/machineclock.h"
 #include "panel/messages.h"
 #include "panel/panelsupport.h"
+#include "routines/machineclock.h"
 #include "stored/alert.h"
 #include "stored/coor.h"
 #include "stored/date.h"

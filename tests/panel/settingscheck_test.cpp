@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "base/machineclock.h"
 #include "desktop/settingscheck.h"
 #include "ephemeris/series.h"
+#include "routines/machineclock.h"
 #include "routines/series.h"
 #include "tests/support/programfolder.h"
 

@@ -6,6 +6,7 @@
 #include "prayer/moonrun.h"
 #include "prayer/prayerrun.h"
 #include "qibla/qiblahrun.h"
+#include "routines/machineclock.h"
 #include "routines/series.h"
 #include "routines/tdtinput.h"
 #include "stored/coor.h"
@@ -218,10 +219,10 @@ TEST_F(PhasePanel, AnOpenPanelDoesNotReachThePrayerReport) {
     Preferences seconds = read_pref();
     seconds.clock_precision = "0";
     write_pref(seconds);
-    write_report(*prayer_run(loaded_theory()), progress);
+    write_report(*prayer_run(loaded_theory(), machine_time()), progress);
     const std::string alone = content("results.out");
     frmphase form;
-    write_report(*prayer_run(loaded_theory()), progress);
+    write_report(*prayer_run(loaded_theory(), machine_time()), progress);
     EXPECT_EQ(content("results.out"), alone);
     EXPECT_EQ(tdtinput, 1);
 }
@@ -247,8 +248,9 @@ TEST_F(PhasePanel, APanelOpenedInMidRunReachesNoReport) {
         settings.unit = 2;
         return settings;
     }();
-    const RunPointer runs[] = {prayer_run(loaded_theory()), moon_run(loaded_theory()),
-                               qiblah_run(loaded_theory(), 160.7F, QiblahMark::sun),
+    const RunPointer runs[] = {prayer_run(loaded_theory(), machine_time()),
+                               moon_run(loaded_theory(), machine_time()),
+                               qiblah_run(loaded_theory(), machine_time(), 160.7F, QiblahMark::sun),
                                ephemeris_run(loaded_theory(), six_hourly_day)};
     for (const RunPointer& run : runs) {
         const char* file = run->report_name();

@@ -5,6 +5,7 @@
 #include "ephemeris/series.h"
 #include "prayer/moonrun.h"
 #include "prayer/prayerrun.h"
+#include "routines/machineclock.h"
 #include "routines/series.h"
 #include "stored/textfile.h"
 #include "tests/golden/goldenreport.h"
@@ -23,7 +24,7 @@ TEST_P(GoldenPrayerReport, IsWrittenByteForByte) {
     expect_golden_report("prayer/" + GetParam(), "results.out", [] {
         load_series();
         RecordingProgress progress;
-        const RunOutcome outcome = write_report(*prayer_run(loaded_theory()), progress);
+        const RunOutcome outcome = write_report(*prayer_run(loaded_theory(), machine_time()), progress);
         EXPECT_EQ(outcome, GetParam() == "high-latitude-refused" ? RunOutcome::refused : RunOutcome::done);
     });
 }
@@ -37,7 +38,7 @@ TEST_P(GoldenMoonReport, IsWrittenByteForByte) {
     expect_golden_report("moon/" + GetParam(), "mresults.out", [] {
         load_series();
         RecordingProgress progress;
-        EXPECT_EQ(write_report(*moon_run(loaded_theory()), progress), RunOutcome::done);
+        EXPECT_EQ(write_report(*moon_run(loaded_theory(), machine_time()), progress), RunOutcome::done);
     });
 }
 
@@ -64,7 +65,7 @@ TEST(CancelledReport, HoldsTheRowsSoFarTheRuleAndTheRemarks) {
     const TemporaryProgramFolder folder(golden_folder("prayer/amman-seconds"));
     load_series();
     RecordingProgress progress(7);
-    EXPECT_EQ(write_report(*prayer_run(loaded_theory()), progress), RunOutcome::cancelled);
+    EXPECT_EQ(write_report(*prayer_run(loaded_theory(), machine_time()), progress), RunOutcome::cancelled);
     const auto whole =
         lines_of(read_text_file((golden_folder("prayer/amman-seconds") / "results.out").string()));
     EXPECT_EQ(lines_of(folder.read("results.out")), with_rows_only_up_to(whole, 7));
@@ -76,7 +77,7 @@ TEST(CancelledReport, OfTheMoonHoldsTheRowsSoFarTheRuleAndTheRemarks) {
     const TemporaryProgramFolder folder(golden_folder("moon/" + name));
     load_series();
     RecordingProgress progress(3);
-    EXPECT_EQ(write_report(*moon_run(loaded_theory()), progress), RunOutcome::cancelled);
+    EXPECT_EQ(write_report(*moon_run(loaded_theory(), machine_time()), progress), RunOutcome::cancelled);
     const auto whole = lines_of(read_text_file((golden_folder("moon/" + name) / "mresults.out").string()));
     EXPECT_EQ(lines_of(folder.read("mresults.out")), with_rows_only_up_to(whole, 3));
 }
@@ -85,7 +86,7 @@ TEST(CancelledReport, OfTheAlternativeMethodHasNoRowsYet) {
     const TemporaryProgramFolder folder(golden_folder("prayer/high-latitude-52"));
     load_series();
     RecordingProgress progress(100);
-    EXPECT_EQ(write_report(*prayer_run(loaded_theory()), progress), RunOutcome::cancelled);
+    EXPECT_EQ(write_report(*prayer_run(loaded_theory(), machine_time()), progress), RunOutcome::cancelled);
     const auto whole =
         lines_of(read_text_file((golden_folder("prayer/high-latitude-52") / "results.out").string()));
     EXPECT_EQ(lines_of(folder.read("results.out")), with_rows_only_up_to(whole, 0));
@@ -95,7 +96,7 @@ TEST(ReportProgress, RunsFromZeroToAHundred) {
     const TemporaryProgramFolder folder(golden_folder("prayer/city-offset-seconds"));
     load_series();
     RecordingProgress progress;
-    write_report(*prayer_run(loaded_theory()), progress);
+    write_report(*prayer_run(loaded_theory(), machine_time()), progress);
     ASSERT_EQ(progress.percents.size(), 20U);
     EXPECT_EQ(progress.percents.front(), 0);
     EXPECT_NEAR(progress.percents[1], 100.0 / 19, 1e-9);
@@ -106,7 +107,7 @@ TEST(ReportProgress, OfOneDayIsAHundredAtOnce) {
     const TemporaryProgramFolder folder(golden_folder("moon/one-day"));
     load_series();
     RecordingProgress progress;
-    write_report(*moon_run(loaded_theory()), progress);
+    write_report(*moon_run(loaded_theory(), machine_time()), progress);
     EXPECT_EQ(progress.percents, std::vector<double>{100});
 }
 

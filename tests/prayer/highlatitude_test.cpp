@@ -2,6 +2,7 @@
 #include "base/failure.h"
 #include "prayer/highlatitude.h"
 #include "prayer/prayerrun.h"
+#include "routines/machineclock.h"
 #include "routines/series.h"
 #include "tests/golden/goldenreport.h"
 #include "tests/golden/recordingprogress.h"
@@ -288,7 +289,7 @@ protected:
         write_loc(here);
         set_period(start, end);
         RecordingProgress progress;
-        return write_report(*prayer_run(loaded_theory()), progress);
+        return write_report(*prayer_run(loaded_theory(), machine_time()), progress);
     }
 };
 

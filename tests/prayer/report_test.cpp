@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "base/failure.h"
-#include "base/machineclock.h"
 #include "calendar/moddeltat.h"
 #include "prayer/moonrun.h"
 #include "prayer/prayerrun.h"
+#include "routines/machineclock.h"
 #include "routines/series.h"
 #include "routines/tdtinput.h"
 #include "tests/golden/goldenreport.h"
@@ -37,8 +37,8 @@ TEST_F(PrayerReport, FollowsTheSystemsDateButNamesTheStoredKind) {
     for (const bool one_day : {false, true}) {
         date.one_day = one_day;
         write_date(date);
-        write_report(*prayer_run(loaded_theory()), progress);
-        write_report(*moon_run(loaded_theory()), progress);
+        write_report(*prayer_run(loaded_theory(), machine_time()), progress);
+        write_report(*moon_run(loaded_theory(), machine_time()), progress);
         EXPECT_TRUE(has_line(folder, "results.out",
                              one_day ? "- Prayer times for:  18/02/2026 CE"
                                      : "- Prayer times from:  18/02/2026 CE   To:  18/02/2026 CE"));
@@ -54,7 +54,7 @@ TEST_F(PrayerReport, CountsDaysOnTheNumbersAsTheyAreStored) {
     write_loc(place_at(36, 32, 2));
     set_period({2026, 2, 31}, {2026, 3, 4});
     RecordingProgress progress;
-    write_report(*prayer_run(loaded_theory()), progress);
+    write_report(*prayer_run(loaded_theory(), machine_time()), progress);
     const std::string report = folder.read("results.out");
     EXPECT_NE(report.find("- Prayer times from:  31/02/2026 CE   To:  04/03/2026 CE\r\n"), std::string::npos);
     EXPECT_NE(report.find("\r\n03/03/2026 "), std::string::npos);
@@ -64,7 +64,7 @@ TEST_F(PrayerReport, CountsDaysOnTheNumbersAsTheyAreStored) {
 TEST_F(PrayerReport, OfAPeriodThatEndsBeforeItStartsHasNoRows) {
     set_period({2026, 3, 4}, {2026, 3, 1});
     RecordingProgress progress;
-    EXPECT_EQ(write_report(*prayer_run(loaded_theory()), progress), RunOutcome::done);
+    EXPECT_EQ(write_report(*prayer_run(loaded_theory(), machine_time()), progress), RunOutcome::done);
     const auto lines = lines_of(folder.read("results.out"));
     EXPECT_EQ(lines.size(), 20U + 15U);
     EXPECT_TRUE(progress.percents.empty());
@@ -78,8 +78,8 @@ TEST_F(PrayerReport, KeepsTheEarlierReportWhenARunFails) {
     impossible.temperature = -273;
     write_loc(impossible);
     RecordingProgress progress;
-    EXPECT_THROW(write_report(*prayer_run(loaded_theory()), progress), RunTimeFailure);
-    EXPECT_THROW(write_report(*moon_run(loaded_theory()), progress), RunTimeFailure);
+    EXPECT_THROW(write_report(*prayer_run(loaded_theory(), machine_time()), progress), RunTimeFailure);
+    EXPECT_THROW(write_report(*moon_run(loaded_theory(), machine_time()), progress), RunTimeFailure);
     for (const char* name : {"results.out", "mresults.out"})
         EXPECT_EQ(folder.read(name), "earlier");
     std::size_t files = 0;
@@ -97,7 +97,7 @@ TEST_F(PrayerReport, PrintsDegreesBetweenMinusOneAndZeroWithoutSign) {
     write_loc(greenwich_west);
     set_period({2026, 3, 1}, {2026, 3, 1});
     RecordingProgress progress;
-    write_report(*prayer_run(loaded_theory()), progress);
+    write_report(*prayer_run(loaded_theory(), machine_time()), progress);
     EXPECT_TRUE(
         has_line(folder, "results.out", "- Here, Long: 00:07:00.0, Lat: 00:30:05.2, Ele:0.0, Zone:0.00"));
 }
@@ -111,7 +111,7 @@ TEST_F(PrayerReport, PrintsMarginsAsNumberItems) {
     write_pref(preferences);
     set_period({2026, 3, 1}, {2026, 3, 1});
     RecordingProgress progress;
-    write_report(*prayer_run(loaded_theory()), progress);
+    write_report(*prayer_run(loaded_theory(), machine_time()), progress);
     EXPECT_TRUE(
         has_line(folder, "results.out",
                  "- Subtract Fajer:-2 Min, Add Dhohur: 0.5 Min, Add Asr: 12 Min, Add Maghreb: 1.1 Min"));
@@ -121,13 +121,13 @@ TEST_F(PrayerReport, StatesTheTimeReferenceItRunsWith) {
     write_loc(place_at(36, 32, 2));
     set_period({2026, 3, 1}, {2026, 3, 2});
     RecordingProgress progress;
-    write_report(*prayer_run(loaded_theory()), progress);
-    write_report(*moon_run(loaded_theory()), progress);
+    write_report(*prayer_run(loaded_theory(), machine_time()), progress);
+    write_report(*moon_run(loaded_theory(), machine_time()), progress);
     const std::string prayer = folder.read("results.out");
     const std::string moon = folder.read("mresults.out");
     const TdtSpan left_open(1);
-    write_report(*prayer_run(loaded_theory()), progress);
-    write_report(*moon_run(loaded_theory()), progress);
+    write_report(*prayer_run(loaded_theory(), machine_time()), progress);
+    write_report(*moon_run(loaded_theory(), machine_time()), progress);
     EXPECT_EQ(folder.read("results.out"), prayer);
     EXPECT_EQ(folder.read("mresults.out"), moon);
 }
@@ -137,7 +137,7 @@ TEST_F(PrayerReport, APlaceStoredInTheMiddleOfARunIsThatOfTheNextOne) {
     const Location second = place_at(-70, -33, -4, "Second");
     set_period({1700, 1, 1}, {2299, 12, 31});
     const auto reports = [this](RecordingProgress& progress) {
-        write_report(*prayer_run(loaded_theory()), progress);
+        write_report(*prayer_run(loaded_theory(), machine_time()), progress);
         return folder.read("results.out");
     };
     RecordingProgress silent;

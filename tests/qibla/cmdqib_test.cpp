@@ -2,9 +2,9 @@
 #include "qibla/qiblahrun.h"
 
 #include "base/failure.h"
-#include "base/machineclock.h"
 #include "calendar/moddeltat.h"
 #include "ephemeris/series.h"
+#include "routines/machineclock.h"
 #include "routines/series.h"
 #include "routines/tdtinput.h"
 #include "stored/date.h"
@@ -29,7 +29,8 @@ protected:
     ~CmdqibTest() override { use_machine_clock(); }
 
     RunOutcome run(Progress& progress, QiblahMark mark = QiblahMark::sun) const {
-        return write_report(*qiblah_run(loaded_theory(), stored_qiblah_direction(), mark), progress);
+        return write_report(*qiblah_run(loaded_theory(), machine_time(), stored_qiblah_direction(), mark),
+                            progress);
     }
     std::string report() const { return folder_.read("results.out"); }
     std::vector<std::string> lines() const { return lines_of(report()); }
@@ -70,7 +71,7 @@ TEST_F(CmdqibTest, TheShadowsReportPrintsTheTrueDirection) {
 
 TEST_F(CmdqibTest, TheDirectionIsThatOfThePanelNotOfALocationSavedSince) {
     RecordingProgress progress;
-    EXPECT_EQ(write_report(*qiblah_run(loaded_theory(), 100.5F, QiblahMark::sun), progress),
+    EXPECT_EQ(write_report(*qiblah_run(loaded_theory(), machine_time(), 100.5F, QiblahMark::sun), progress),
               RunOutcome::done);
     EXPECT_EQ(lines()[5], "- Qiblah Direction is:   100.5 ° From True North");
 }

@@ -5,6 +5,7 @@
 #include "calendar/modsummer.h"
 #include "ephemeris/series.h"
 #include "qibla/qiblahrun.h"
+#include "routines/machineclock.h"
 #include "routines/series.h"
 #include "stored/date.h"
 #include "stored/loc.h"
@@ -32,7 +33,8 @@ TEST_P(QiblahGolden, ReportIsTheSameByteForByte) {
         load_term();
         load_mterm();
         RecordingProgress progress;
-        EXPECT_EQ(write_report(*qiblah_run(loaded_theory(), stored_qiblah_direction(), mark_of(GetParam())),
+        EXPECT_EQ(write_report(*qiblah_run(loaded_theory(), machine_time(), stored_qiblah_direction(),
+                                           mark_of(GetParam())),
                                progress),
                   RunOutcome::done);
     });

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "telescope/frmtele.h"
 
-#include "base/machineclock.h"
 #include "ephemeris/series.h"
+#include "routines/machineclock.h"
 #include "routines/series.h"
 #include "stored/loc.h"
 #include "telescope/crescentview.h"

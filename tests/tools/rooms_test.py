@@ -13,7 +13,8 @@ import sys
 
 def rooms_of(architecture):
     """The rooms that each folder may use, with those of its rooms."""
-    rows = re.findall(r"^\| `(\w+)/` \|.*\|([^|]*)\|$", architecture, re.MULTILINE)
+    table = architecture.split("## The way of the data")[0]
+    rows = re.findall(r"^\| `(\w+)/` \|.*\|([^|]*)\|$", table, re.MULTILINE)
     direct = {folder: set(re.findall(r"`(\w+)/`", uses)) for folder, uses in rows}
     whole = {}
 

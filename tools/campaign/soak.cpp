@@ -4,7 +4,6 @@
 // and late. halvane-soak FOLDER reports: the prayer and the Moon report by the main panel's buttons, into
 // prayer.out and mresults.out. FOLDER is a program folder of the campaign's own.
 
-#include "base/machineclock.h"
 #include "desktop/frmmain.h"
 #include "desktop/panels.h"
 #include "panel/application.h"
@@ -12,6 +11,7 @@
 #include "panel/messages.h"
 #include "panel/panelstyle.h"
 #include "panel/panelsupport.h"
+#include "routines/machineclock.h"
 #include "stored/programfolder.h"
 
 #include <QElapsedTimer>

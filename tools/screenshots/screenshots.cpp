@@ -4,7 +4,6 @@
 
 #include "alerts/alertwindow.h"
 #include "base/failure.h"
-#include "base/machineclock.h"
 #include "crescent/frmcresv.h"
 #include "crescent/frmmap.h"
 #include "desktop/frmmain.h"
@@ -16,6 +15,7 @@
 #include "panel/viewer.h"
 #include "prayer/prayerrun.h"
 #include "qibla/frmqmap.h"
+#include "routines/machineclock.h"
 #include "routines/series.h"
 #include "stored/alert.h"
 #include "stored/date.h"
@@ -152,7 +152,7 @@ void take_shared_windows(const Camera& camera, Language language) {
     camera.take(wait, QStringLiteral("frmwait"));
 
     SilentProgress progress;
-    write_report(*prayer_run(loaded_theory()), progress);
+    write_report(*prayer_run(loaded_theory(), machine_time()), progress);
     Viewer report(QString::fromStdString(program_path("results.out")));
     camera.take(report, QStringLiteral("viewer"));
     Viewer help(QString::fromStdString(program_path("help.txt")));

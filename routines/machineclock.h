@@ -1,17 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-namespace halvane {
+#include "base/machinetime.h"
 
-/// The machine's local date and clock.
-struct MachineTime {
-    int year = 2000;
-    int month = 1;
-    int day = 1;
-    int hour = 0;
-    int minute = 0;
-    int second = 0;
-};
+namespace halvane {
 
 /// The machine's local time now, or what set_machine_time has put in its place.
 MachineTime machine_time();

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "base/machineclock.h"
 #include "report/reportrun.h"
+#include "routines/machineclock.h"
 
 #include <ctime>
 #include <gtest/gtest.h>
@@ -32,7 +32,7 @@ TEST(CalculationPeriod, IsTodayForBothEndsWithTheSystemsDate) {
     date.system_date = true;
     date.start = {2000, 1, 1};
     date.end = {2001, 1, 1};
-    const CalculationPeriod period = calculation_period(date);
+    const CalculationPeriod period = calculation_period(date, machine_time());
     use_machine_clock();
     EXPECT_EQ(period.start, (DateNumbers{2024, 6, 21}));
     EXPECT_EQ(period.end, (DateNumbers{2024, 6, 21}));
@@ -44,7 +44,7 @@ TEST(CalculationPeriod, IsTheStoredOneOtherwise) {
     date.one_day = true;
     date.start = {2026, 2, 31};
     date.end = {2026, 3, 4};
-    const CalculationPeriod period = calculation_period(date);
+    const CalculationPeriod period = calculation_period(date, machine_time());
     EXPECT_EQ(period.start, date.start);
     EXPECT_EQ(period.end, date.end);
 }

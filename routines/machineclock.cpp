@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "base/machineclock.h"
+#include "routines/machineclock.h"
 
 #include <cmath>
 #include <ctime>

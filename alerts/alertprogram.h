@@ -4,7 +4,7 @@
 #include "alerts/alertwindow.h"
 #include "alerts/soundplayer.h"
 #include "prayer/alertschedule.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 
 #include <QMenu>
 #include <QObject>

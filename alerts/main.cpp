@@ -5,7 +5,7 @@
 #include "panel/commandline.h"
 #include "panel/panelstyle.h"
 #include "panel/panelsupport.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "stored/programfolder.h"
 #include "stored/unfinishedfile.h"
 

@@ -6,7 +6,7 @@
 #include "batch/nearestname.h"
 #include "batch/tasks.h"
 #include "routines/machineclock.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "stored/outputfile.h"
 #include "stored/programfolder.h"
 #include "stored/unfinishedfile.h"

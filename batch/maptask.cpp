@@ -7,7 +7,7 @@
 #include "crescent/crescentrules.h"
 #include "crescent/maptable.h"
 #include "crescent/maptexts.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "stored/outputfile.h"
 #include "stored/unfinishedfile.h"
 

@@ -7,7 +7,7 @@
 #include "crescent/crescentreport.h"
 #include "crescent/crescentrules.h"
 #include "phases/phasereport.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "stored/phase.h"
 
 #include <CLI/CLI.hpp>

@@ -8,7 +8,7 @@
 #include "prayer/todayrun.h"
 #include "qibla/qiblahrun.h"
 #include "routines/machineclock.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "stored/coor.h"
 #include "stored/date.h"
 #include "stored/tele.h"

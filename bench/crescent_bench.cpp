@@ -4,7 +4,7 @@
 #include "ephemeris/series.h"
 #include "phases/phasereport.h"
 #include "routines/namedengine.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "tests/support/programfolder.h"
 
 #include <benchmark/benchmark.h>

@@ -3,8 +3,8 @@
 #include "ephemeris/series.h"
 #include "events/lowriseset.h"
 #include "events/riseset.h"
-#include "routines/riseset.h"
-#include "routines/series.h"
+#include "routines/modriseset.h"
+#include "routines/seriesloader.h"
 #include "tests/support/programfolder.h"
 
 #include <benchmark/benchmark.h>

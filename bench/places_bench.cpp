@@ -4,11 +4,11 @@
 #include "ephemeris/moon.h"
 #include "ephemeris/series.h"
 #include "ephemeris/sun.h"
-#include "routines/coordinates.h"
-#include "routines/earthorientation.h"
-#include "routines/moon.h"
-#include "routines/series.h"
-#include "routines/sun.h"
+#include "routines/modcoordinates.h"
+#include "routines/modearthorientation.h"
+#include "routines/modmoon.h"
+#include "routines/modsun.h"
+#include "routines/seriesloader.h"
 #include "tests/support/programfolder.h"
 
 #include <benchmark/benchmark.h>

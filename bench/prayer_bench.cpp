@@ -8,7 +8,7 @@
 #include "prayer/prayerrun.h"
 #include "routines/machineclock.h"
 #include "routines/namedengine.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "tests/support/programfolder.h"
 
 #include <benchmark/benchmark.h>

@@ -6,7 +6,7 @@
 #include "qibla/qiblahrun.h"
 #include "routines/machineclock.h"
 #include "routines/namedengine.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "tests/support/programfolder.h"
 
 #include <benchmark/benchmark.h>

@@ -20,7 +20,7 @@
 #include "prayer/moonrun.h"
 #include "prayer/prayerday.h"
 #include "prayer/prayerrun.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "settings/enginesettings.h"
 #include "stored/loc.h"
 #include "stored/pref.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ephemeris/series.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "tests/support/programfolder.h"
 
 #include <benchmark/benchmark.h>

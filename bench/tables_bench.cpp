@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "bench/yearofhours.h"
 #include "ephemeris/series.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "tables/ephemeristable.h"
 #include "telescope/pointing.h"
 #include "tests/support/programfolder.h"

@@ -11,7 +11,7 @@
 #include "panel/panelstyle.h"
 #include "panel/panelsupport.h"
 #include "routines/crescentday.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "ui_frmcresv.h"
 
 namespace halvane {

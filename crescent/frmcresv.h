@@ -2,7 +2,7 @@
 #pragma once
 
 #include "crescent/crescentrules.h"
-#include "panel/language.h"
+#include "panel/formlanguage.h"
 #include "stored/visib.h"
 
 #include <QDialog>

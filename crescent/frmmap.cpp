@@ -11,7 +11,7 @@
 #include "panel/namelabel.h"
 #include "panel/panelstyle.h"
 #include "routines/crescentday.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "stored/programfolder.h"
 #include "ui_frmmap.h"
 

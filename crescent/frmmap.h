@@ -3,7 +3,7 @@
 
 #include "base/failure.h"
 #include "crescent/visibilitymap.h"
-#include "panel/language.h"
+#include "panel/formlanguage.h"
 
 #include <QDialog>
 #include <memory>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "crescent/maptexts.h"
-#include "panel/language.h"
+#include "panel/formlanguage.h"
 
 #include <QColor>
 #include <QLabel>

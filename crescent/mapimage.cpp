@@ -3,7 +3,7 @@
 
 #include "base/failure.h"
 #include "crescent/mapview.h"
-#include "panel/language.h"
+#include "panel/formlanguage.h"
 #include "stored/textfile.h"
 
 #include <QFontDatabase>

@@ -12,7 +12,7 @@
 #include "prayer/moonrun.h"
 #include "prayer/prayerrun.h"
 #include "routines/machineclock.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "stored/date.h"
 #include "stored/pref.h"
 #include "ui_frmmain.h"

@@ -4,7 +4,7 @@
 #include "base/progress.h"
 #include "desktop/mainload.h"
 #include "desktop/nextprayer.h"
-#include "panel/language.h"
+#include "panel/formlanguage.h"
 #include "panel/panelsupport.h"
 #include "prayer/prayerrun.h"
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "desktop/preferencesrules.h"
-#include "panel/language.h"
+#include "panel/formlanguage.h"
 
 #include <QDialog>
 #include <memory>

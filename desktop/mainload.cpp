@@ -10,7 +10,7 @@
 #include "calendar/modjul.h"
 #include "calendar/zonetext.h"
 #include "routines/machineclock.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "stored/date.h"
 #include "stored/loc.h"
 #include "stored/pref.h"

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "desktop/settingscheck.h"
-#include "panel/language.h"
+#include "panel/formlanguage.h"
 
 class QLineEdit;
 

@@ -5,7 +5,7 @@
 #include "calendar/modjul.h"
 #include "prayer/prayerrun.h"
 #include "routines/machineclock.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "stored/supposed.h"
 
 #include <cmath>

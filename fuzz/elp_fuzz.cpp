@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ephemeris/series.h"
 #include "fuzz/readinput.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     halvane::fuzz::read_input("elp.vsk", data, size, halvane::load_elp);

@@ -3,7 +3,7 @@
 
 #include "base/failure.h"
 #include "base/version.h"
-#include "panel/language.h"
+#include "panel/formlanguage.h"
 #include "panel/messages.h"
 #include "panel/panelsupport.h"
 #include "stored/unfinishedfile.h"

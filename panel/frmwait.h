@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/progress.h"
-#include "panel/language.h"
+#include "panel/formlanguage.h"
 #include "panel/remainingtime.h"
 #include "panel/runnote.h"
 

@@ -3,7 +3,7 @@
 
 #include "base/failure.h"
 #include "base/version.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 
 #include <QAbstractButton>
 #include <QFileDialog>

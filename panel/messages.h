@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/failure.h"
-#include "panel/language.h"
+#include "panel/formlanguage.h"
 
 #include <exception>
 #include <functional>

@@ -2,7 +2,7 @@
 #include "panel/numberlists.h"
 
 #include "base/numberformat.h"
-#include "panel/language.h"
+#include "panel/formlanguage.h"
 #include "panel/numberbox.h"
 #include "panel/panelstyle.h"
 #include "panel/typednumber.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "panel/formlanguage.h"
 #include "panel/kepttext.h"
-#include "panel/language.h"
 
 namespace halvane {
 

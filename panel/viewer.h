@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "panel/formlanguage.h"
 #include "panel/kepttext.h"
-#include "panel/language.h"
 #include "panel/reporthead.h"
 #include "panel/textsearch.h"
 #include "panel/viewerpages.h"

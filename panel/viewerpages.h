@@ -2,8 +2,8 @@
 #pragma once
 
 #include "base/progress.h"
+#include "panel/formlanguage.h"
 #include "panel/kepttext.h"
-#include "panel/language.h"
 
 #include <QString>
 

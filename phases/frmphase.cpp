@@ -9,7 +9,7 @@
 #include "panel/panelstyle.h"
 #include "panel/panelsupport.h"
 #include "phases/phasereport.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "ui_frmphase.h"
 
 namespace halvane {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "panel/language.h"
+#include "panel/formlanguage.h"
 #include "routines/tdtinput.h"
 #include "stored/phase.h"
 

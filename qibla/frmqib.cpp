@@ -13,7 +13,7 @@
 #include "qibla/frmqmap.h"
 #include "qibla/qiblahrun.h"
 #include "routines/machineclock.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "stored/date.h"
 #include "stored/loc.h"
 #include "ui_frmqib.h"

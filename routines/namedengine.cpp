@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "routines/namedengine.h"
 
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "routines/tdtinput.h"
 #include "settings/enginesettings.h"
 

@@ -11,7 +11,7 @@
 #include "panel/numberlists.h"
 #include "panel/panelstyle.h"
 #include "panel/panelsupport.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "ui_frmcoor.h"
 
 #include <QPointer>

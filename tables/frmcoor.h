@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "panel/language.h"
+#include "panel/formlanguage.h"
 #include "stored/coor.h"
 #include "tables/ephemeristable.h"
 

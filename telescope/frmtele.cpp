@@ -11,7 +11,7 @@
 #include "panel/panelstyle.h"
 #include "panel/panelsupport.h"
 #include "routines/machineclock.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "telescope/crescentpicture.h"
 #include "telescope/readouts.h"
 #include "ui_frmtele.h"

@@ -5,7 +5,7 @@
 #include "events/lowriseset.h"
 #include "events/phase.h"
 #include "routines/namedengine.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "tests/golden/goldenreport.h"
 #include "tools/measuring/swissephemeris.h"
 

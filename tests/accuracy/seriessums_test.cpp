@@ -2,7 +2,7 @@
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/series.h"
 #include "ephemeris/seriessums.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "tests/support/programfolder.h"
 #include "tools/measuring/random.h"
 

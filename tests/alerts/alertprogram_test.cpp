@@ -6,7 +6,7 @@
 #include "ephemeris/series.h"
 #include "panel/panelstyle.h"
 #include "routines/machineclock.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "stored/alert.h"
 #include "stored/loc.h"
 #include "tests/alerts/testclock.h"

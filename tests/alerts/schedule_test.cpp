@@ -6,7 +6,7 @@
 #include "calendar/modsummer.h"
 #include "ephemeris/series.h"
 #include "prayer/prayerrun.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "tests/alerts/testclock.h"
 #include "tests/golden/goldenreport.h"
 #include "tests/support/clocks.h"

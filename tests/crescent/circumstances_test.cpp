@@ -15,7 +15,7 @@
 #include "routines/crescentday.h"
 #include "routines/machineclock.h"
 #include "routines/namedengine.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "routines/tdtinput.h"
 #include "stored/date.h"
 #include "stored/pref.h"

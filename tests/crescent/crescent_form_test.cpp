@@ -2,7 +2,7 @@
 #include "calendar/moddeltat.h"
 #include "crescent/crescentrules.h"
 #include "ephemeris/series.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "routines/tdtinput.h"
 #include "stored/pref.h"
 #include "stored/textfile.h"

@@ -4,7 +4,7 @@
 #include "ephemeris/series.h"
 #include "panel/panelsupport.h"
 #include "routines/crescentday.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "stored/loc.h"
 #include "stored/visib.h"
 #include "tests/panel/panelchecks.h"

@@ -5,7 +5,7 @@
 #include "crescent/visibilitymap.h"
 #include "ephemeris/series.h"
 #include "routines/namedengine.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "stored/visib.h"
 #include "tests/golden/goldenreport.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "crescent/crescentreport.h"
 #include "routines/namedengine.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "tests/crescent/crescentfixture.h"
 
 #include <gtest/gtest.h>

@@ -9,7 +9,7 @@
 #include "panel/messages.h"
 #include "routines/crescentday.h"
 #include "routines/namedengine.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "tests/panel/panelchecks.h"
 
 #include <QComboBox>

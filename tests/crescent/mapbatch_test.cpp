@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "crescent/mapmarks.h"
 #include "crescent/mapsheet.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "tests/crescent/crescentfixture.h"
 
 #include <array>

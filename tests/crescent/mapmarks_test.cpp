@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "crescent/mapmarks.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "tests/crescent/crescentfixture.h"
 
 #include <cmath>

@@ -9,7 +9,7 @@
 #include "ephemeris/sun.h"
 #include "events/lowriseset.h"
 #include "routines/namedengine.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "routines/tdtinput.h"
 #include "tests/crescent/crescentfixture.h"
 #include "tests/support/places.h"

@@ -3,8 +3,8 @@
 
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/orientation.h"
-#include "routines/coordinates.h"
-#include "routines/earthorientation.h"
+#include "routines/modcoordinates.h"
+#include "routines/modearthorientation.h"
 #include "routines/namedengine.h"
 #include "tests/ephemeris/observed.h"
 

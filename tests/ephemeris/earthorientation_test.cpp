@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "routines/earthorientation.h"
+#include "routines/modearthorientation.h"
 
 #include "calendar/moddeltat.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/orientationterms.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "routines/tdtinput.h"
 #include "tests/ephemeris/observed.h"
 

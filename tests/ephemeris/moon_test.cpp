@@ -4,10 +4,10 @@
 #include "calendar/moddeltat.h"
 #include "ephemeris/coordinates.h"
 #include "ephemeris/modgeneral.h"
-#include "routines/earthorientation.h"
-#include "routines/moon.h"
+#include "routines/modearthorientation.h"
+#include "routines/modmoon.h"
 #include "routines/namedengine.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "routines/tdtinput.h"
 #include "tests/ephemeris/observed.h"
 

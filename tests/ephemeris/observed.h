@@ -2,7 +2,7 @@
 #pragma once
 
 #include "ephemeris/series.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "tests/support/places.h"
 #include "tests/support/programfolder.h"
 

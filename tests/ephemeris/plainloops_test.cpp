@@ -8,9 +8,9 @@
 #include "ephemeris/orientationterms.h"
 #include "ephemeris/seriessums.h"
 #include "ephemeris/sun.h"
-#include "routines/earthorientation.h"
+#include "routines/modearthorientation.h"
 #include "routines/namedengine.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "routines/tdtinput.h"
 #include "tests/ephemeris/observed.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "base/failure.h"
 #include "ephemeris/series.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "tests/support/programfolder.h"
 
 #include <cstdint>

@@ -4,8 +4,8 @@
 #include "calendar/moddeltat.h"
 #include "ephemeris/coordinates.h"
 #include "ephemeris/modgeneral.h"
+#include "routines/modsun.h"
 #include "routines/namedengine.h"
-#include "routines/sun.h"
 #include "routines/tdtinput.h"
 #include "tests/ephemeris/observed.h"
 

@@ -6,9 +6,9 @@
 #include "ephemeris/moon.h"
 #include "ephemeris/series.h"
 #include "events/riseset.h"
+#include "routines/modriseset.h"
 #include "routines/namedengine.h"
-#include "routines/riseset.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "routines/tdtinput.h"
 #include "tests/ephemeris/observed.h"
 

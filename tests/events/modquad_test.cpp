@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "routines/riseset.h"
+#include "routines/modriseset.h"
 
 #include <algorithm>
 #include <cmath>

@@ -2,7 +2,7 @@
 #include "base/failure.h"
 #include "desktop/frmdate.h"
 #include "ephemeris/series.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "stored/date.h"
 #include "tests/panel/panelchecks.h"
 

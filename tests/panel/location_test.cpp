@@ -3,7 +3,7 @@
 #include "desktop/frmlocation.h"
 #include "ephemeris/series.h"
 #include "panel/panelsupport.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "stored/loclist.h"
 #include "tests/panel/panelchecks.h"
 

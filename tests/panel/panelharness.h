@@ -2,7 +2,7 @@
 #pragma once
 
 #include "panel/currentplatform.h"
-#include "panel/language.h"
+#include "panel/formlanguage.h"
 #include "stored/date.h"
 #include "tests/support/programfolder.h"
 

@@ -3,7 +3,7 @@
 #include "desktop/frmpreferences.h"
 #include "ephemeris/series.h"
 #include "panel/panelsupport.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "stored/pref.h"
 #include "tests/panel/panelchecks.h"
 

@@ -2,7 +2,7 @@
 #include "desktop/settingscheck.h"
 #include "ephemeris/series.h"
 #include "routines/machineclock.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "tests/support/programfolder.h"
 
 #include <gtest/gtest.h>

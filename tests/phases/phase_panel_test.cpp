@@ -7,7 +7,7 @@
 #include "prayer/prayerrun.h"
 #include "qibla/qiblahrun.h"
 #include "routines/machineclock.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "routines/tdtinput.h"
 #include "stored/coor.h"
 #include "stored/date.h"

@@ -10,7 +10,7 @@
 #include "calendar/yearlimits.h"
 #include "ephemeris/series.h"
 #include "routines/namedengine.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "routines/tdtinput.h"
 #include "tests/golden/goldenreport.h"
 #include "tests/golden/recordingprogress.h"

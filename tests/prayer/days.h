@@ -5,7 +5,7 @@
 #include "ephemeris/series.h"
 #include "prayer/prayertexts.h"
 #include "routines/namedengine.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "stored/date.h"
 #include "tests/support/programfolder.h"
 

@@ -6,7 +6,7 @@
 #include "prayer/moonrun.h"
 #include "prayer/prayerrun.h"
 #include "routines/machineclock.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "stored/textfile.h"
 #include "tests/golden/goldenreport.h"
 #include "tests/golden/recordingprogress.h"

@@ -3,7 +3,7 @@
 #include "prayer/highlatitude.h"
 #include "prayer/prayerrun.h"
 #include "routines/machineclock.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "tests/golden/goldenreport.h"
 #include "tests/golden/recordingprogress.h"
 #include "tests/prayer/days.h"

@@ -4,7 +4,7 @@
 #include "events/riseset.h"
 #include "prayer/prayerrun.h"
 #include "routines/namedengine.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "tests/prayer/days.h"
 #include "tests/support/places.h"
 

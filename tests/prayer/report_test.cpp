@@ -4,7 +4,7 @@
 #include "prayer/moonrun.h"
 #include "prayer/prayerrun.h"
 #include "routines/machineclock.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "routines/tdtinput.h"
 #include "tests/golden/goldenreport.h"
 #include "tests/golden/recordingprogress.h"

@@ -5,7 +5,7 @@
 #include "calendar/moddeltat.h"
 #include "ephemeris/series.h"
 #include "routines/machineclock.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "routines/tdtinput.h"
 #include "stored/date.h"
 #include "stored/loc.h"

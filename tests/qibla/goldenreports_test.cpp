@@ -6,7 +6,7 @@
 #include "ephemeris/series.h"
 #include "qibla/qiblahrun.h"
 #include "routines/machineclock.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "stored/date.h"
 #include "stored/loc.h"
 #include "stored/pref.h"

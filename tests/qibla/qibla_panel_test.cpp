@@ -13,7 +13,7 @@
 #include "qibla/direction.h"
 #include "qibla/frmqmap.h"
 #include "qibla/qiblahdial.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "routines/tdtinput.h"
 #include "stored/loc.h"
 #include "tests/panel/panelchecks.h"

@@ -10,7 +10,7 @@
 #include "ephemeris/sun.h"
 #include "qibla/direction.h"
 #include "routines/namedengine.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "stored/programfolder.h"
 #include "tests/qibla/independentsun.h"
 

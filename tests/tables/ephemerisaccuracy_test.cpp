@@ -2,7 +2,7 @@
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/series.h"
 #include "routines/namedengine.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "tables/ephemerisrow.h"
 #include "tests/golden/goldenreport.h"
 #include "tests/tables/goldentable.h"

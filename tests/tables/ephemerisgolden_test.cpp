@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ephemeris/series.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "stored/coor.h"
 #include "tables/ephemeristable.h"
 #include "tests/golden/goldenreport.h"

@@ -6,7 +6,7 @@
 #include "ephemeris/series.h"
 #include "ephemeris/sun.h"
 #include "routines/namedengine.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "routines/tdtinput.h"
 #include "stored/programfolder.h"
 

@@ -4,7 +4,7 @@
 #include "base/failure.h"
 #include "calendar/moddeltat.h"
 #include "ephemeris/series.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "routines/tdtinput.h"
 #include "stored/pref.h"
 #include "tests/golden/goldenreport.h"

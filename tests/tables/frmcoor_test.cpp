@@ -4,7 +4,7 @@
 #include "ephemeris/series.h"
 #include "panel/frmwait.h"
 #include "panel/panelsupport.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "stored/textfile.h"
 #include "tests/panel/panelchecks.h"
 

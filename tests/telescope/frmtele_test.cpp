@@ -3,7 +3,7 @@
 
 #include "ephemeris/series.h"
 #include "routines/machineclock.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "stored/loc.h"
 #include "telescope/crescentview.h"
 #include "tests/panel/panelchecks.h"

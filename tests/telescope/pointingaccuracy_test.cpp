@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "calendar/modjul.h"
 #include "ephemeris/series.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "stored/loc.h"
 #include "telescope/pointing.h"
 #include "tests/golden/goldenreport.h"

@@ -5,7 +5,7 @@
 #include "crescent/visibilitymap.h"
 #include "phases/phaseyear.h"
 #include "prayer/prayerday.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "tests/support/places.h"
 #include "tests/support/programfolder.h"
 

@@ -14,7 +14,7 @@
 #include "prayer/moonday.h"
 #include "prayer/prayertexts.h"
 #include "routines/namedengine.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "stored/alert.h"
 #include "stored/coor.h"
 #include "stored/date.h"

@@ -9,7 +9,7 @@
 #include "crescent/maptexts.h"
 #include "ephemeris/series.h"
 #include "routines/namedengine.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "stored/programfolder.h"
 
 #include <cstdio>

@@ -2,7 +2,7 @@
 #include "tools/measureaccuracy/measurement.h"
 
 #include "ephemeris/series.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "tests/support/programfolder.h"
 
 #include <array>

@@ -16,7 +16,7 @@
 #include "prayer/prayerrun.h"
 #include "qibla/frmqmap.h"
 #include "routines/machineclock.h"
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 #include "stored/alert.h"
 #include "stored/date.h"
 #include "stored/loc.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "routines/coordinates.h"
+#include "routines/modcoordinates.h"
 
 #include "ephemeris/coordinates.h"
 #include "routines/namedengine.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "routines/sun.h"
+#include "routines/modsun.h"
 
 #include "ephemeris/sun.h"
 #include "routines/namedengine.h"

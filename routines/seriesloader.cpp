@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "routines/series.h"
+#include "routines/seriesloader.h"
 
 #include "base/twintext.h"
 #include "routines/crc32.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "routines/earthorientation.h"
+#include "routines/modearthorientation.h"
 
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/sunplace.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "panel/language.h"
+#include "panel/formlanguage.h"
 
 #include "stored/pref.h"
 #include "stored/programfolder.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "routines/moon.h"
+#include "routines/modmoon.h"
 
 #include "routines/moonoutputs.h"
 #include "routines/namedengine.h"

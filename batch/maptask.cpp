@@ -82,6 +82,7 @@ std::string usual_file(const MapRun& run, const std::string& format) {
 }
 
 void write_table(const Run& table, ReportFormat format, const std::string& path, bool other_is_output) {
+    require_no_program_file(path);
     remove_old_leftovers(folder_of(path));
     NoProgress progress;
     write_run(table, format, path, progress);

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "batch/runoutput.h"
 
+#include "base/failure.h"
+#include "base/twintext.h"
 #include "batch/tasks.h"
+#include "crescent/picturename.h"
 #include "stored/outputfile.h"
 #include "stored/programfolder.h"
 #include "stored/unfinishedfile.h"
@@ -58,8 +61,15 @@ void add_output_options(CLI::App& command, RunOutput& output) {
         ->type_name("FILE");
 }
 
+void require_no_program_file(const std::string& path) {
+    if (!is_standard_output(path) && is_program_file(path))
+        throw RunTimeFailure(TwinWords{path + " is a file of the program; no result replaces it.",
+                                       path + " من ملفات البرنامج، و لا تحل نتيجة محله."});
+}
+
 int write_and_tell(const Run& run, const RunOutput& output, Progress& progress, const char* refusal) {
     const std::string path = output.file.empty() ? usual_file(run, output.format) : output.file;
+    require_no_program_file(path);
     if (!output.file.empty())
         remove_old_leftovers(std::filesystem::path(path).parent_path().string());
     const RunOutcome outcome = write_run(run, output.format, path, progress);

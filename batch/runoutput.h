@@ -25,6 +25,9 @@ std::string choice_of(const std::vector<std::string>& names);
 /// Adds --format and --output to a task.
 void add_output_options(CLI::App& command, RunOutput& output);
 
+/// Error  raises RunTimeFailure when `path` names a file of the program: no result replaces it.
+void require_no_program_file(const std::string& path);
+
 /// Writes a run as it was asked for and prints the path of its file; gives the exit status.
 /// In     refusal  what a refused run says
 /// Error  raises RunTimeFailure; an earlier file then stands.

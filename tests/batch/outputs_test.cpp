@@ -220,6 +220,50 @@ TEST_F(BatchOutputs, AFullOrClosedStandardOutputIsAFailure) {
         }
 }
 
+TEST_F(BatchOutputs, OfAFormatHaveTheReportsNameWithItsEnding) {
+    for (const char* format : {"csv", "json"}) {
+        const fs::path file = folder / (std::string("results.") + format);
+        const Outcome outcome = run_in_folder({"prayer", "--format", format});
+        ASSERT_EQ(outcome.status, 0) << outcome.errors;
+        EXPECT_EQ(outcome.output, file.string() + "\n");
+        EXPECT_TRUE(
+            holds(bytes_of(file), format == std::string("csv") ? "date,summer_time,fajer" : "\"rows\":["));
+    }
+    EXPECT_FALSE(folder.has("results.out"));
+}
+
+TEST_F(BatchOutputs, TheFixedReportGoesWhereItIsSentToo) {
+    ASSERT_EQ(run_in_folder({"moon"}).status, 0);
+    const std::string report = folder.read("mresults.out");
+    const Outcome outcome = run_in_folder({"moon", "--output", (streams / "moon.txt").string()});
+    EXPECT_EQ(outcome.output, (streams / "moon.txt").string() + "\n");
+    EXPECT_EQ(bytes_of(streams / "moon.txt"), report);
+    EXPECT_EQ(run_in_folder({"moon", "--output", "-"}).output, report);
+}
+
+TEST_F(BatchOutputs, NeverReplaceAFileOfTheProgram) {
+    const std::string place = folder.read("loc.vsk");
+    const std::string list = folder.read("loc.txt");
+    for (const char* name : {"loc.vsk", "./pref.vsk", "loc.txt"}) {
+        const std::string path = (folder / name).string();
+        expect_failure(run_in_folder({"prayer", "--format", "csv", "--output", path}),
+                       "is a file of the program");
+        expect_failure(run_map({"--csv", path}), "is a file of the program");
+        expect_failure(run_map({"--format", "json", "--output", path}), "is a file of the program");
+    }
+    EXPECT_EQ(folder.read("loc.vsk"), place);
+    EXPECT_TRUE(folder.read("loc.txt") == list) << "the list of places has changed";
+    const std::string own = (folder / "times.txt").string();
+    EXPECT_EQ(run_in_folder({"prayer", "--output", own}).status, 0);
+    EXPECT_EQ(run_in_folder({"prayer", "--output", own}).status, 0) << "a text of the user's own is replaced";
+}
+
+TEST_F(BatchOutputs, OfAnotherFormatAreAUsageError) {
+    for (const char* format : {"xml", "CSV", ""})
+        EXPECT_EQ(run_in_folder({"prayer", "--format", format}).status, 2) << format;
+    EXPECT_EQ(run_map({"--format", "text"}).status, 2) << "a map has no text";
+}
+
 TEST_F(BatchOutputs, TakeTheUsersUmask) {
     const auto as = [](mode_t mask) { return [mask] { ::umask(mask); }; };
     const std::string picture = (folder / "map.out.gif").string();

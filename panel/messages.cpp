@@ -101,7 +101,7 @@ QString chosen_in(const QPointer<QFileDialog>& dialog, const QString& proposed) 
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->selectFile(QFileInfo(proposed).fileName());
     const bool agreed = dialog->exec() == QDialog::Accepted;
-    const QString chosen = agreed && dialog != nullptr ? dialog->selectedFiles().value(0) : QString();
+    QString chosen = agreed && dialog != nullptr ? dialog->selectedFiles().value(0) : QString();
     delete dialog;
     return chosen;
 }

@@ -139,8 +139,8 @@ Viewer::Viewer(const QString& path, RunPointer run, QWidget* parent)
 
 /// Report, place and period; a text that is no report has its file's name, but for the guide.
 QString Viewer::title() const {
-    const QString name = QFileInfo(path_).fileName();
-    const QString report = title_of(head_, language_);
+    QString name = QFileInfo(path_).fileName();
+    QString report = title_of(head_, language_);
     if (!report.isEmpty())
         return report;
     return name == QLatin1String("help.txt") ? text_of(guide, language_) : name;

@@ -222,7 +222,7 @@ QString fixed_family(const QString& told) {
     if (is_fixed(told))
         return told;
     for (const char* name : {"DejaVu Sans Mono", "Noto Sans Mono", "Liberation Mono", "monospace"})
-        if (const QString family = QString::fromLatin1(name); is_fixed(family))
+        if (QString family = QString::fromLatin1(name); is_fixed(family))
             return family;
     for (const QString& family : QFontDatabase::families(QFontDatabase::Latin))
         if (QFontDatabase::isFixedPitch(family))

@@ -17,9 +17,9 @@ enum class VisibilityClass {
 };
 
 /// The classes with a colour of their own, in the order of their numbers.
-inline constexpr std::array<VisibilityClass, 6> painted_classes{VisibilityClass::unknown,     VisibilityClass::impossible,
-                                            VisibilityClass::optical_aid, VisibilityClass::second_band,
-                                            VisibilityClass::third_band,  VisibilityClass::easily_visible};
+inline constexpr std::array<VisibilityClass, 6> painted_classes{
+    VisibilityClass::unknown,     VisibilityClass::impossible, VisibilityClass::optical_aid,
+    VisibilityClass::second_band, VisibilityClass::third_band, VisibilityClass::easily_visible};
 
 /// A colour of the map and of its sheet.
 struct ClassColour {

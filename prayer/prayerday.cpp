@@ -62,14 +62,12 @@ private:
         const auto [rise, set, horizon_altitude] = search(Target::sun);
         sunset_altitude_ = horizon_altitude;
         if (is(rise, NoEvent::up) || is(rise, NoEvent::down)) {
-            day_.sunrise = rise;
-            day_.sunset = set;
+            day_.times.shuroq = rise;
+            day_.times.maghreb = set;
         } else {
-            day_.sunrise = moved(rise, -settings_.city);
-            day_.sunset = moved(set, settings_.add_maghreb / 60.0);
+            day_.times.shuroq = moved(rise, -settings_.city);
+            day_.times.maghreb = moved(set, settings_.add_maghreb / 60.0);
         }
-        day_.times.shuroq = day_.sunrise;
-        day_.times.maghreb = day_.sunset;
     }
 
     void search_twilights(TaggedTime& fajer, TaggedTime& isha) const {
@@ -96,9 +94,9 @@ private:
     }
 
     void take_night_fraction(TaggedTime& fajer, TaggedTime& isha) {
-        const double* shuroq = hours_of(day_.sunrise);
-        const double* maghreb = hours_of(day_.sunset);
-        if (shuroq == nullptr || (maghreb == nullptr && !is(day_.sunset, NoEvent::none)))
+        const double* shuroq = hours_of(day_.times.shuroq);
+        const double* maghreb = hours_of(day_.times.maghreb);
+        if (shuroq == nullptr || (maghreb == nullptr && !is(day_.times.maghreb, NoEvent::none)))
             throw RunTimeFailure(TwinWords{"The alternative method for high latitudes needs Shuroq and "
                                            "Maghreb, but a day of this location has none.",
                                            "تحتاج الحسابات البديلة لخطوط العرض العليا إلى الشروق و المغرب، و "
@@ -113,7 +111,7 @@ private:
     void find_aser() {
         const TaggedTime shadow = search(Target::aser).set;
         const double* hours = hours_of(shadow);
-        if (is(day_.sunset, NoEvent::down))
+        if (is(day_.times.maghreb, NoEvent::down))
             day_.times.aser = NoEvent::down;
         else if (hours == nullptr)
             day_.times.aser = NoEvent::none;
@@ -147,8 +145,9 @@ private:
             require_finite(t + settings_.preferences.add_dhohur / 60, {"a clock time", "وقت"});
         if (altitude <= sunset_altitude_)
             day_.times.dhohur = NoEvent::none;
-        if (shown_alike(day_.sunrise, day_.sunset, settings_.precision) && !is(day_.sunrise, NoEvent::up))
-            day_.times.dhohur = day_.sunrise;
+        if (shown_alike(day_.times.shuroq, day_.times.maghreb, settings_.precision) &&
+            !is(day_.times.shuroq, NoEvent::up))
+            day_.times.dhohur = day_.times.shuroq;
     }
 
     Ephemeris& ephemeris_;

@@ -58,10 +58,8 @@ inline constexpr std::array<TaggedTime PrayerTimes::*, 6> six_times{
 struct PrayerDay {
     int summer_hours = 0;
     PrayerTimes times;
-    TaggedTime sunrise = NoEvent::none; ///< after the city offset
-    TaggedTime sunset = NoEvent::none;  ///< after the added minutes
-    bool by_night_fraction = false;     ///< Fajer and Isha are a fraction of the night
-    bool refused = false;               ///< the alternative method was needed beyond its latitudes
+    bool by_night_fraction = false; ///< Fajer and Isha are a fraction of the night
+    bool refused = false;           ///< the alternative method was needed beyond its latitudes
 };
 
 /// The prayer times of one civil day.

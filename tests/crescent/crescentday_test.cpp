@@ -31,8 +31,8 @@ TEST_F(CrescentMode, LeavesTheEventsOfItsDay) {
     run(jd_of(2026, 5, 1), 0);
     const PrayerDay day =
         prayer_day(named_ephemeris(), read_prayer_settings(DayMode::report), jd_of(2026, 5, 1), 0);
-    EXPECT_EQ(sunriseout, day.sunrise);
-    EXPECT_EQ(sunsetout, day.sunset);
+    EXPECT_EQ(sunriseout, day.times.shuroq);
+    EXPECT_EQ(sunsetout, day.times.maghreb);
     const RiseSet moon = moon_rise_set(named_ephemeris(), read_pref(), read_loc(), jd_of(2026, 5, 1), 2);
     EXPECT_EQ(moonriseout, moon.rise);
     EXPECT_EQ(moonsetout, moon.set);

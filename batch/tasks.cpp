@@ -85,7 +85,7 @@ RunPointer stored_ephemeris() {
         report_refused(refused->told);
         return nullptr;
     }
-    const RunPointer run = ephemeris_run(loaded_theory(), settings);
+    RunPointer run = ephemeris_run(loaded_theory(), settings);
     if (run == nullptr)
         std::cerr << end_before_start.text.in(Language::english) << "\n";
     return run;

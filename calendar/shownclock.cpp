@@ -47,9 +47,11 @@ ShownClock shown_clock(int precision, double hours) {
 
 std::string text_of(const ShownClock& clock) {
     const char* two_digits = "00";
+    const int hours = clock.seconds / seconds_per_hour;
+    const int minutes = clock.seconds / seconds_per_minute % 60;
     std::string text;
-    append_number(text, clock.seconds / seconds_per_hour, two_digits);
-    append_number(text += ':', clock.seconds / seconds_per_minute % 60, two_digits);
+    append_number(text, hours, two_digits);
+    append_number(text += ':', minutes, two_digits);
     if (clock.to_second)
         append_number(text += ':', clock.seconds % seconds_per_minute, two_digits);
     return text;

@@ -230,8 +230,8 @@ void write_no_crescent(Report& report) {
 /// The whole report is that of its row; without one there is the short report.
 class CrescentReportRun final : public RunOf<Circumstances> {
 public:
-    CrescentReportRun(CrescentRecords values, std::optional<Circumstances> circumstances)
-        : values_(std::move(values)), circumstances_(std::move(circumstances)) {}
+    CrescentReportRun(CrescentRecords values, const std::optional<Circumstances>& circumstances)
+        : values_(std::move(values)), circumstances_(circumstances) {}
 
     const char* task() const override { return "crescent"; }
     const char* report_name() const override { return "visib.out"; }

@@ -19,7 +19,7 @@ namespace halvane {
 struct TextPlace {
     std::int64_t line = 0;
     int column = 0;
-    auto operator<=>(const TextPlace&) const = default;
+    auto operator<=>(const TextPlace&) const = default; // NOLINT(modernize-use-nullptr): none is written
 };
 
 /// The text of a file as it was when it was opened, of any size. It stays as it was, whatever later takes the

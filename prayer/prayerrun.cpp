@@ -70,6 +70,7 @@ public:
         Facts facts;
         add_place(facts, settings_.location);
         add_period(facts, period_);
+        add_fact(facts, "alternative_method", forced_year_);
         add_fact(facts, "fajer_angle", settings_.horizon.fajer_angle);
         add_fact(facts, "isha_angle", settings_.horizon.isha_angle);
         return facts;

@@ -53,10 +53,7 @@ private:
 } // namespace
 
 RunPointer today_run(const TheoryPointer& theory, const MachineTime& today) {
-    return std::make_shared<TodayRun>(theory, stored_day_settings(today),
-                                      DateNumbers{static_cast<double>(today.year),
-                                                  static_cast<double>(today.month),
-                                                  static_cast<double>(today.day)});
+    return std::make_shared<TodayRun>(theory, stored_day_settings(today), date_of(today));
 }
 
 } // namespace halvane

@@ -6,12 +6,14 @@
 
 namespace halvane {
 
+DateNumbers date_of(const MachineTime& time) {
+    return {static_cast<double>(time.year), static_cast<double>(time.month), static_cast<double>(time.day)};
+}
+
 CalculationPeriod calculation_period(const CalculationDate& date, const MachineTime& today) {
     if (!date.system_date)
         return {date.start, date.end};
-    const DateNumbers day{static_cast<double>(today.year), static_cast<double>(today.month),
-                          static_cast<double>(today.day)};
-    return {day, day};
+    return {date_of(today), date_of(today)};
 }
 
 RunDays days_of(const DateNumbers& start, const DateNumbers& end) {

@@ -12,6 +12,9 @@
 
 namespace halvane {
 
+/// The date of a machine's clock.
+DateNumbers date_of(const MachineTime& time);
+
 /// First and last day of a run: those of the stored record, or today for both when it follows the system's
 /// date.
 struct CalculationPeriod {

@@ -107,9 +107,8 @@ RunOutcome do_row(Progress& progress, double percent, YieldPlace place, Work&& w
 /// Error  raises RunTimeFailure; an earlier report then stands.
 RunOutcome write_report(const Run& run, Progress& progress);
 
-/// Writes a run to `path` in a format; "-" is standard output. Returns as above, but no machine format is
-/// left with some of its rows: when the run is cancelled or refused an earlier file stands. Error  raises
-/// RunTimeFailure; an earlier file then stands.
+/// The same to `path` in a format; "-" is standard output. No machine format is left with some of its rows:
+/// when the run is cancelled or refused an earlier file stands.
 RunOutcome write_run(const Run& run, ReportFormat format, const std::string& path, Progress& progress);
 
 } // namespace halvane

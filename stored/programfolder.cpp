@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "stored/programfolder.h"
 
+#include <algorithm>
 #include <array>
 #include <filesystem>
 #include <system_error>
@@ -19,15 +20,16 @@ std::string joined(const std::string& base, std::string_view name) {
     return (std::filesystem::path(base) / name).string();
 }
 
+bool is_there(const std::string& path) {
+    std::error_code ignored;
+    return std::filesystem::exists(path, ignored);
+}
+
 bool holds_series(const std::string& base) {
     static constexpr std::array<std::string_view, 4> names{"termfull.vsk", "term.vsk", "mterm.vsk",
                                                            "elp.vsk"};
-    for (const std::string_view name : names) {
-        std::error_code ignored;
-        if (std::filesystem::exists(joined(base, name), ignored))
-            return true;
-    }
-    return false;
+    return std::any_of(names.begin(), names.end(),
+                       [&base](std::string_view name) { return is_there(joined(base, name)); });
 }
 
 } // namespace
@@ -57,6 +59,11 @@ std::string program_path(std::string_view name) {
 
 std::string series_path(std::string_view name) {
     return joined(holds_series(program_folder()) ? program_folder() : executable_folder(), name);
+}
+
+std::string delivered_path(std::string_view name) {
+    std::string path = program_path(name);
+    return is_there(path) ? path : joined(executable_folder(), name);
 }
 
 } // namespace halvane

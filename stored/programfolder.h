@@ -25,4 +25,8 @@ std::string program_path(std::string_view name);
 /// program folder holds none of the four series files (a folder of settings only).
 std::string series_path(std::string_view name);
 
+/// `name`, a delivered file that no user writes, within the program folder, or within the executable's folder
+/// when the program folder has none of that name.
+std::string delivered_path(std::string_view name);
+
 } // namespace halvane

@@ -102,11 +102,7 @@ std::vector<ClassColour> bare_map_colours(const std::function<ClassColour(int x,
 }
 
 std::string map_picture_path() {
-    std::error_code ignored;
-    std::string own = program_path("map.gif");
-    if (std::filesystem::exists(own, ignored))
-        return own;
-    return (std::filesystem::path(executable_folder()) / "map.gif").string();
+    return delivered_path("map.gif");
 }
 
 std::string whole_map_picture() {

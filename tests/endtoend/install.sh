@@ -9,7 +9,7 @@ open_screen
 cmake --install "$build" --prefix "$folder/first" >/dev/null || fail "cmake --install"
 mv "$folder/first" "$folder/moved folder"
 moved="$folder/moved folder"
-for name in "$data"/*.vsk "$data"/*.txt "$data"/*.gif; do
+for name in "$data"/*.vsk "$data"/*.txt "$data"/*.csv "$data"/*.gif; do
     [ "$(basename "$name")" = CMakeLists.txt ] && continue
     cmp -s "$name" "$moved/$(basename "$name")" || fail "$(basename "$name") is not installed"
 done

@@ -3,7 +3,7 @@
 
 #include "base/failure.h"
 #include "stored/textfile.h"
-#include "zones/zonerule.h"
+#include "zones/zonefile.h"
 
 #include <algorithm>
 #include <chrono>
@@ -29,7 +29,8 @@ bool is_alias_of_the_machine(std::string_view name) {
 /// The zones of the system; none when it has no zone files.
 const date::tzdb* installed_zones() {
     try {
-        return &date::get_tzdb();
+        const date::tzdb& zones = date::get_tzdb();
+        return zones.zones.empty() ? nullptr : &zones;
     } catch (const std::exception&) {
         return nullptr;
     }
@@ -52,16 +53,6 @@ const date::time_zone* find_zone(const date::tzdb& zones, const std::string& nam
         zones.zones.begin(), zones.zones.end(), name,
         [](const date::time_zone& zone, const std::string& wanted) { return zone.name() < wanted; });
     return found != zones.zones.end() && found->name() == name ? &*found : nullptr;
-}
-
-/// The last line of a zone file, which holds the rule of the years to come; files of the first version have
-/// none.
-std::string_view last_line(std::string_view bytes) {
-    if (!bytes.ends_with('\n'))
-        return {};
-    bytes.remove_suffix(1);
-    const std::size_t before = bytes.rfind('\n');
-    return before == std::string_view::npos ? std::string_view() : bytes.substr(before + 1);
 }
 
 std::int64_t second_of(double jd) {
@@ -91,8 +82,8 @@ struct TimeZone::Rules {
         int offset;         ///< [s]
     };
     std::string name;
-    std::vector<Period> periods;  ///< the first one has no beginning
-    std::optional<ZoneRule> rule; ///< from the beginning of the last period on
+    std::vector<Period> periods; ///< the first one has no beginning
+    std::optional<RuleOfFile> rule;
 };
 
 std::shared_ptr<const TimeZone::Rules> TimeZone::read(const std::string& name) {
@@ -113,7 +104,7 @@ std::shared_ptr<const TimeZone::Rules> TimeZone::read(const std::string& name) {
             {info.begin.time_since_epoch().count(), static_cast<int>(info.offset.count())});
         at = info.end;
     }
-    rules->rule = ZoneRule::read(last_line(*file));
+    rules->rule = rule_of_zone_file(*file);
     return rules;
 }
 
@@ -128,8 +119,8 @@ int TimeZone::offset_at_second(std::int64_t utc_second) const {
     const auto next = std::upper_bound(
         periods.begin() + 1, periods.end(), utc_second,
         [](std::int64_t second, const Rules::Period& period) { return second < period.begin; });
-    if (next == periods.end() && rules_->rule)
-        return rules_->rule->offset_at_second(utc_second);
+    if (next == periods.end() && rules_->rule && utc_second > rules_->rule->last_change)
+        return rules_->rule->rule.offset_at_second(utc_second);
     return (next - 1)->offset;
 }
 

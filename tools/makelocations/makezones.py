@@ -75,7 +75,7 @@ def main(arguments):
         sys.exit(f"makezones: {failure}")
     unfinished = Path(output_file + ".new")
     with open(unfinished, "w", encoding="ascii", newline="") as table:
-        writer = csv.writer(table)
+        writer = csv.writer(table, lineterminator="\n")
         writer.writerow(["name", "latitude", "longitude", "zone"])
         writer.writerows(rows)
     unfinished.replace(output_file)

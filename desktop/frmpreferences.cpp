@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/frmpreferences.h"
 
+#include "base/numberformat.h"
 #include "desktop/refusedvalue.h"
 #include "panel/formpage.h"
 #include "panel/messages.h"
@@ -8,7 +9,9 @@
 #include "panel/numberlists.h"
 #include "panel/panelstyle.h"
 #include "panel/panelsupport.h"
+#include "routines/machineclock.h"
 #include "ui_frmpreferences.h"
+#include "zones/summertime.h"
 
 namespace halvane {
 
@@ -32,6 +35,7 @@ constexpr ControlText twins[] = {
     {"lbltmonth", "Month:", "الشهر"},
     {"lblfday", "Day:", "اليوم"},
     {"lbltday", "Day:", "اليوم"},
+    {"cmdzone", "From the time &zone", "من المن&طقة الزمنية"},
     {"fraadd", "Addition", "الاحتياط"},
     {"lblsubfaj", "Subtract", "إطرح"},
     {"lblsubfaj2", "Minutes from Fajer", "دقيقة من وقت الفجر"},
@@ -61,6 +65,10 @@ constexpr ControlText twins[] = {
     {"cbofday@spoken", "Summer time from, day", "بداية التوقيت الصيفي، اليوم"},
     {"cbotmonth@spoken", "Summer time to, month", "نهاية التوقيت الصيفي، الشهر"},
     {"cbotday@spoken", "Summer time to, day", "نهاية التوقيت الصيفي، اليوم"},
+    {"cmdzone@spoken", "Summer time from the time zone of the location",
+     "التوقيت الصيفي من المنطقة الزمنية للموقع"},
+    {"cmdzone@tip", "Fills in this year's summer time at the stored location",
+     "يعبئ التوقيت الصيفي لهذه السنة في الموقع المحفوظ"},
     {"txtsubfaj@spoken", "Subtract minutes from Fajer", "إطرح دقيقة من وقت الفجر"},
     {"txtadddoh@spoken", "Add minutes to Dhohur", "أضف دقيقة على وقت الظهر"},
     {"txtaddasr@spoken", "Add minutes to Asr", "أضف دقيقة على وقت العصر"},
@@ -73,6 +81,27 @@ constexpr ControlText twins[] = {
 constexpr TwinText angle_title{"Angle Error!", "خطأ"};
 constexpr TwinText fajer_refused{"Fajer Angle Must Be Positive!", "زاوية الفجر يجب أن تكون موجبة"};
 constexpr TwinText isha_refused{"Isha Angle Must Be Positive!", "زاوية العشاء يجب أن تكون موجبة"};
+
+constexpr TwinText summer_title{"Summer Time", "التوقيت الصيفي"};
+
+/// The summer time of this year at the stored location; a failure that only means that it cannot be known is
+/// a refusal.
+SummerTime summer_time_here(const Location& location, int year) {
+    try {
+        return summer_time_at(location, year);
+    } catch (const RunTimeFailure& failure) {
+        return Refusal{
+            summer_title,
+            {words_of(failure.parts(), Language::english), words_of(failure.parts(), Language::arabic)}};
+    }
+}
+
+Refusal no_summer_time(const std::string& place, int year) {
+    const std::string when = std::to_string(year);
+    return {summer_title,
+            {"There is no summer time in \"" + place + "\" in " + when + ".",
+             "لا يوجد توقيت صيفي في \"" + place + "\" سنة " + when + "."}};
+}
 
 constexpr const char* longest_angle = "-18.255";
 constexpr const char* longest_minutes = "-88.5";
@@ -90,6 +119,7 @@ frmpreferences::frmpreferences(QWidget* owner)
     connect(ui_->cbotwi, &QComboBox::currentIndexChanged, this, &frmpreferences::cbotwi_click);
     connect(ui_->cbotwi, &QComboBox::activated, this, &frmpreferences::cbotwi_click);
     connect(ui_->optsum, &QRadioButton::toggled, this, &frmpreferences::enable_summer_span);
+    connect(ui_->cmdzone, &QPushButton::clicked, this, &frmpreferences::cmdzone_click);
     connect(ui_->cmddef, &QPushButton::clicked, this, &frmpreferences::cmddef_click);
     connect(ui_->cmdok, &QPushButton::clicked, this, &frmpreferences::cmdok_click);
     connect(ui_->cmdcan, &QPushButton::clicked, this, &QDialog::reject);
@@ -124,12 +154,7 @@ void frmpreferences::show_panel(const PreferencesPanel& panel) {
     choose_entry(*ui_->cbotwi, panel.authority);
     show_angles(panel.angles);
     ui_->chkhl->setChecked(panel.high_latitude);
-    (panel.summer_time ? ui_->optsum : ui_->optnosum)->setChecked(true);
-    enable_summer_span(panel.summer_time);
-    choose_entry(*ui_->cbofmonth, panel.from_month);
-    choose_entry(*ui_->cbofday, panel.from_day);
-    choose_entry(*ui_->cbotmonth, panel.to_month);
-    choose_entry(*ui_->cbotday, panel.to_day);
+    show_summer_time(panel);
     ui_->txtsubfaj->setText(QString::fromStdString(panel.subtract_fajer));
     ui_->txtadddoh->setText(QString::fromStdString(panel.add_dhohur));
     ui_->txtaddasr->setText(QString::fromStdString(panel.add_asr));
@@ -139,6 +164,15 @@ void frmpreferences::show_panel(const PreferencesPanel& panel) {
     (panel.standard_asr ? ui_->optsha : ui_->opthan)->setChecked(true);
     (panel.minutes ? ui_->optmin : ui_->optsec)->setChecked(true);
     (panel.language == Language::english ? ui_->opten : ui_->optar)->setChecked(true);
+}
+
+void frmpreferences::show_summer_time(const PreferencesPanel& panel) {
+    (panel.summer_time ? ui_->optsum : ui_->optnosum)->setChecked(true);
+    enable_summer_span(panel.summer_time);
+    choose_entry(*ui_->cbofmonth, panel.from_month);
+    choose_entry(*ui_->cbofday, panel.from_day);
+    choose_entry(*ui_->cbotmonth, panel.to_month);
+    choose_entry(*ui_->cbotday, panel.to_day);
 }
 
 void frmpreferences::show_angles(const AngleBoxes& angles) {
@@ -183,6 +217,28 @@ void frmpreferences::cbotwi_click() {
 
 void frmpreferences::cmddef_click() {
     show_panel(form_.defaults(shown()));
+}
+
+void frmpreferences::cmdzone_click() {
+    const Location location = read_loc();
+    const int year = machine_time().year;
+    const SummerTime found = summer_time_here(location, year);
+    if (const auto* refusal = std::get_if<Refusal>(&found)) {
+        warn(this, *refusal, language());
+        return;
+    }
+    PreferencesPanel panel = shown();
+    panel.summer_time = false;
+    if (const auto* span = std::get_if<SummerSpan>(&found)) {
+        panel.summer_time = true;
+        panel.from_month = plain_number(span->first.month);
+        panel.from_day = plain_number(span->first.day);
+        panel.to_month = plain_number(span->last.month);
+        panel.to_day = plain_number(span->last.day);
+    }
+    show_summer_time(panel);
+    if (!panel.summer_time)
+        warn(this, no_summer_time(location.name, year), language());
 }
 
 /// Whether the record can be in force; a value that keeps it from that is told.

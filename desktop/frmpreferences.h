@@ -23,6 +23,8 @@ public:
 
     void cbotwi_click();
     void cmddef_click();
+    /// Shows this year's summer time at the stored location, by its time zone; tells what keeps it from that.
+    void cmdzone_click();
     /// Stores, rebuilds the main panel and closes; a negative angle or a value without times is refused.
     void cmdok_click();
 
@@ -30,6 +32,7 @@ private:
     void fill_lists();
     void set_sizes();
     void show_panel(const PreferencesPanel& panel);
+    void show_summer_time(const PreferencesPanel& panel);
     void show_angles(const AngleBoxes& angles);
     PreferencesPanel shown() const;
     void enable_summer_span(bool enabled);

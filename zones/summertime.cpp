@@ -4,6 +4,7 @@
 #include "calendar/civildate.h"
 #include "calendar/modjul.h"
 #include "calendar/zonetext.h"
+#include "zones/zonelist.h"
 
 #include <cmath>
 #include <string>
@@ -56,6 +57,18 @@ Refusal several_spans(const Words& words) {
                  ". لا تتسع الخيارات إلا لفترة واحدة."}};
 }
 
+Refusal no_zone(const std::string& place) {
+    return {
+        title,
+        {"The time zone of \"" + place +
+             "\" is not known: no town of the delivered list has this name and stands there. Please set the "
+             "days "
+             "of the summer time yourself.",
+         "المنطقة الزمنية للموقع \"" + place +
+             "\" غير معروفة: ليس في القائمة الأصلية مدينة بهذا الاسم في هذا المكان. يرجى تحديد أيام التوقيت "
+             "الصيفي يدويا."}};
+}
+
 } // namespace
 
 SummerTime summer_time_of(const TimeZone& zone, double standard_hours, int year) {
@@ -86,6 +99,13 @@ SummerTime summer_time_of(const TimeZone& zone, double standard_hours, int year)
     if (firsts.empty())
         return summer.front() ? SummerTime(ahead_all_year(words)) : NoSummerTime{};
     return SummerSpan{civil_date(start + firsts.front()), civil_date(start + lasts.front())};
+}
+
+SummerTime summer_time_at(const Location& location, int year) {
+    const std::optional<std::string> zone = read_zone_list().zone_of(location);
+    if (!zone)
+        return no_zone(location.name);
+    return summer_time_of(TimeZone(*zone), location.zone, year);
 }
 
 } // namespace halvane

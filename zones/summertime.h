@@ -3,6 +3,7 @@
 
 #include "base/datenumbers.h"
 #include "base/twintext.h"
+#include "stored/loc.h"
 #include "zones/timezone.h"
 
 #include <variant>
@@ -32,5 +33,11 @@ using SummerTime = std::variant<SummerSpan, NoSummerTime, Refusal>;
 /// Refused: clocks that are neither at the zone nor one hour ahead of it (half an hour on Lord Howe Island,
 /// an hour back), more than one span (a Ramadan without summer time), an hour ahead all year.
 SummerTime summer_time_of(const TimeZone& zone, double standard_hours, int year);
+
+/// The summer time of a year at a location, by the zone that `zones.csv` names for it. Reads `zones.csv`.
+/// Refused besides: a location without a zone there.
+/// Error  raises RunTimeFailure for a missing or damaged `zones.csv`, and where the system does not know the
+/// zone.
+SummerTime summer_time_at(const Location& location, int year);
 
 } // namespace halvane

@@ -4,8 +4,10 @@
 #include "ephemeris/series.h"
 #include "panel/panelsupport.h"
 #include "routines/seriesloader.h"
+#include "stored/loc.h"
 #include "stored/pref.h"
 #include "tests/panel/panelchecks.h"
+#include "tests/support/places.h"
 
 #include <QComboBox>
 #include <QDir>
@@ -34,6 +36,7 @@ constexpr ControlText captions[] = {
     {"lbltmonth", "Month:", "الشهر"},
     {"lblfday", "Day:", "اليوم"},
     {"lbltday", "Day:", "اليوم"},
+    {"cmdzone", "From the time &zone", "من المن&طقة الزمنية"},
     {"fraadd", "Addition", "الاحتياط"},
     {"lblsubfaj", "Subtract", "إطرح"},
     {"lblsubfaj2", "Minutes from Fajer", "دقيقة من وقت الفجر"},
@@ -234,6 +237,100 @@ TEST_F(PreferencesTest, TheThirtyFirstOfAprilIsStored) {
     EXPECT_EQ(read_pref().summer_from_day, 31);
     EXPECT_EQ(read_pref().summer_time, "1");
     EXPECT_TRUE(messages.empty());
+}
+
+TEST_F(PreferencesTest, TheTimeZoneGivesThisYearsSummerTime) {
+    // 2024, by the US rule: second Sunday of March to the day before the first Sunday of November.
+    write_loc(place_at({-74, 0}, {40, 43}, -5, "New York"));
+    const std::string before = content("pref.vsk");
+    frmpreferences form;
+    form.show();
+    click(form, "cmdzone");
+    EXPECT_TRUE(messages.empty());
+    EXPECT_TRUE(checked(form, "optsum"));
+    EXPECT_EQ(chosen(form, "cbofmonth"), "3");
+    EXPECT_EQ(chosen(form, "cbofday"), "10");
+    EXPECT_EQ(chosen(form, "cbotmonth"), "11");
+    EXPECT_EQ(chosen(form, "cbotday"), "2");
+    for (const char* name : summer_span)
+        EXPECT_TRUE(enabled(form, name)) << name;
+    EXPECT_EQ(content("pref.vsk"), before) << "stored before Ok";
+    click(form, "cmdok");
+    EXPECT_EQ(content("pref.vsk"),
+              "18,18,3,10,11,2,0,0,0,\"1\",\"0\",\"1\",\"1\",#TRUE#,\"0\",\"1\",0,0\r\n");
+}
+
+TEST_F(PreferencesTest, TheTimeZoneLeavesEveryOtherControl) {
+    write_loc(place_at({151, 12}, {-33, 52}, 10, "Sydney"));
+    frmpreferences form;
+    form.show();
+    choose(form, "cbotwi", "Custom");
+    enter(form, "txtfaj", "abc");
+    enter(form, "txtadddoh", "7");
+    click(form, "optsec");
+    click(form, "optar");
+    click(form, "cmdzone");
+    // By Australia's rule: first Sunday of October to the day before the first Sunday of April.
+    EXPECT_EQ(chosen(form, "cbofmonth"), "10");
+    EXPECT_EQ(chosen(form, "cbofday"), "6");
+    EXPECT_EQ(chosen(form, "cbotmonth"), "4");
+    EXPECT_EQ(chosen(form, "cbotday"), "6");
+    EXPECT_EQ(text(form, "txtfaj"), "abc");
+    EXPECT_EQ(text(form, "txtadddoh"), "7");
+    EXPECT_TRUE(checked(form, "optsec"));
+    EXPECT_TRUE(checked(form, "optar"));
+    EXPECT_TRUE(messages.empty());
+}
+
+TEST_F(PreferencesTest, ATimeZoneWithoutSummerTimeTurnsItOffAndSaysSo) {
+    write_loc(place_at({46, 43}, {24, 41}, 3, "Riyadh"));
+    put("pref.vsk", "18,18,3,28,11,30,0,0,0,\"1\",\"0\",\"1\",\"1\",#TRUE#,\"0\",\"1\",0,0\r\n");
+    frmpreferences form;
+    form.show();
+    click(form, "cmdzone");
+    ASSERT_EQ(messages.size(), 1U);
+    expect_warning(messages[0], "Summer Time", "There is no summer time in \"Riyadh\" in 2024.");
+    EXPECT_TRUE(checked(form, "optnosum"));
+    EXPECT_EQ(chosen(form, "cbofday"), "28");
+    EXPECT_FALSE(enabled(form, "cbofday"));
+}
+
+TEST_F(PreferencesTest, ASummerTimeThatCannotBeKnownIsToldAndChangesNothing) {
+    struct Row {
+        Location location;
+        const char* text;
+    };
+    for (const Row& row : {Row{place_at({-95, -33}, {33, 40}, -6, "Paris"),
+                               "The time zone of \"Paris\" is not known: no town of the delivered list has "
+                               "this name and stands there. "
+                               "Please set the days of the summer time yourself."},
+                           Row{place_at({35, 56}, {31, 57}, 2, "Amman"),
+                               "In 2024 the clock of Asia/Amman is one hour ahead of UTC+2, the "
+                               "location's time zone, on every "
+                               "day. Please look at the time zone in the Location menu."}}) {
+        write_loc(row.location);
+        messages.clear();
+        frmpreferences form;
+        form.show();
+        click(form, "cmdzone");
+        ASSERT_EQ(messages.size(), 1U);
+        expect_warning(messages[0], "Summer Time", row.text);
+        EXPECT_TRUE(checked(form, "optnosum"));
+        EXPECT_EQ(chosen(form, "cbofmonth"), "4");
+        EXPECT_EQ(chosen(form, "cbotmonth"), "10");
+    }
+}
+
+TEST_F(PreferencesTest, AMissingListOfZonesIsToldAndThePanelStays) {
+    remove(zone_list_file);
+    set_language(Language::arabic);
+    frmpreferences form;
+    form.show();
+    click(form, "cmdzone");
+    ASSERT_EQ(messages.size(), 1U);
+    EXPECT_EQ(messages[0].title, "التوقيت الصيفي");
+    EXPECT_TRUE(messages[0].text.contains("zones.csv")) << messages[0].text.toStdString();
+    EXPECT_TRUE(form.isVisible());
 }
 
 TEST_F(PreferencesTest, OkStoresEveryControl) {
@@ -478,10 +575,11 @@ TEST_F(PreferencesTest, FocusSelectsTheWholeTextOfEveryBox) {
 
 TEST_F(PreferencesTest, TabVisitsTheControlsInReadingOrder) {
     frmpreferences form;
-    EXPECT_EQ(tab_order(form).join(u' '),
-              "cbotwi txtfaj txtisha chkhl optnosum optsum cbofmonth cbofday cbotmonth cbotday txtsubfaj "
-              "txtadddoh txtaddasr txtaddmag chkeleset chkelefaj optsha opthan optmin optsec opten optar "
-              "cmddef cmdok cmdcan");
+    EXPECT_EQ(
+        tab_order(form).join(u' '),
+        "cbotwi txtfaj txtisha chkhl optnosum optsum cmdzone cbofmonth cbofday cbotmonth cbotday "
+        "txtsubfaj txtadddoh txtaddasr txtaddmag chkeleset chkelefaj optsha opthan optmin optsec opten optar "
+        "cmddef cmdok cmdcan");
 }
 
 TEST_F(PreferencesTest, EveryControlIsReachedAndNamed) {

@@ -133,8 +133,9 @@ TEST(SummerTime, AsPreferencesGivesTheClockOfTheZoneOnEveryDay) {
             preferences.summer_from_day = span->first.day;
             preferences.summer_to_month = span->last.month;
             preferences.summer_to_day = span->last.day;
+            const int leap_days = (year - 2021) / 4;
             constexpr double jd_2024 = 2460310.5;
-            const double start = jd_2024 + 365 * (year - 2024) + (year - 2021) / 4;
+            const double start = jd_2024 + 365 * (year - 2024) + leap_days;
             for (double jd = start; jd < start + 365; ++jd)
                 EXPECT_EQ(3600 * (hours + summer_hours_of(preferences, jd)), zone.offset_on(jd))
                     << name << ' ' << jd;

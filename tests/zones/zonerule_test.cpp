@@ -8,7 +8,8 @@
 namespace halvane {
 namespace {
 
-constexpr int hour = 3600;
+constexpr std::int64_t hour = 3600;
+constexpr std::int64_t quarter = hour / 4;
 constexpr std::int64_t day = 86400;
 // Days from 1970 January 1: 2023 January 1 (a Sunday of a common year) and 2024 January 1 (a Monday of a leap
 // year).
@@ -16,7 +17,7 @@ constexpr std::int64_t start_of_2023 = 19358 * day;
 constexpr std::int64_t start_of_2024 = 19723 * day;
 
 /// The rule holds from the second `change` on, and not before it.
-void expect_change(std::string_view text, std::int64_t change, int before, int after) {
+void expect_change(std::string_view text, std::int64_t change, std::int64_t before, std::int64_t after) {
     const std::optional<ZoneRule> rule = ZoneRule::read(text);
     ASSERT_TRUE(rule) << text;
     EXPECT_EQ(rule->offset_at_second(change - 1), before) << text;
@@ -27,7 +28,7 @@ TEST(ZoneRule, OfAClockWithoutChanges) {
     for (const auto& [text, offset] : {std::pair("UTC0", 0),
                                        {"<+03>-3", 3 * hour},
                                        {"EST5", -5 * hour},
-                                       {"<+0545>-5:45", 5 * hour + 45 * 60},
+                                       {"<+0545>-5:45", 5 * hour + 3 * quarter},
                                        {"LMT-0:09:21", 9 * 60 + 21},
                                        {"XYZ+12", -12 * hour}}) {
         const std::optional<ZoneRule> rule = ZoneRule::read(text);

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "base/datenumbers.h"
+#include "base/twintext.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace halvane {
+
+/// What the days of a timetable are.
+enum class SpanKind { month, year, hijri_month, hijri_year, dates };
+
+/// The days of a timetable, both ends inside.
+struct DaySpan {
+    SpanKind kind = SpanKind::dates;
+    double first = 0; ///< 0 h of the first civil date                                            [d]
+    double last = 0;  ///< 0 h of the last one                                                    [d]
+
+    int days() const { return static_cast<int>(last - first) + 1; }
+    bool operator==(const DaySpan&) const = default;
+};
+
+/// At most so many days make one timetable.
+inline constexpr int most_days = 36600;
+
+/// A span, or why there is none.
+struct SpanAnswer {
+    DaySpan span;
+    std::optional<TwinWords> refused;
+};
+
+SpanAnswer month_span(double year, double month);
+SpanAnswer year_span(double year);
+SpanAnswer hijri_month_span(double year, double month);
+SpanAnswer hijri_year_span(double year);
+SpanAnswer dates_span(const DateNumbers& from, const DateNumbers& to);
+
+// The same from a command line's texts: "2026-02", "2026", "1447-09", "1447", "2026-02-18".
+SpanAnswer month_span(std::string_view text);
+SpanAnswer year_span(std::string_view text);
+SpanAnswer hijri_month_span(std::string_view text);
+SpanAnswer hijri_year_span(std::string_view text);
+SpanAnswer dates_span(std::string_view from, std::string_view to);
+
+} // namespace halvane

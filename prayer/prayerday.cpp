@@ -6,7 +6,7 @@
 #include "calendar/shownclock.h"
 #include "ephemeris/coordinates.h"
 #include "ephemeris/modgeneral.h"
-#include "ephemeris/sun.h"
+#include "events/suntransit.h"
 #include "prayer/highlatitude.h"
 #include "settings/enginesettings.h"
 
@@ -119,26 +119,9 @@ private:
             day_.times.aser = moved(shadow, settings_.preferences.add_asr / 60);
     }
 
-    double transit(double equation_of_time) const {
-        return (day_.summer_hours + 12) + (settings_.zone_offset - equation_of_time) / 60;
-    }
-
     void find_dhohur() {
-        constexpr double tolerance = 6.94444e-05; // a quarter of a second
-        double t = transit(
-            geocentric_sun_low(ephemeris_, Instant::of_ut1(jd_ + 0.5 - clock_ahead_ / 24)).equation_of_time);
-        Instant instant = start_;
-        SunPlace sun;
-        SearchGuard guard({"the Sun's transit", "عبور الشمس"});
-        for (;;) {
-            instant = Instant::of_ut1(jd_ - (clock_ahead_ - t) / 24);
-            sun = geocentric_sun_medium(ephemeris_, instant);
-            const double next = guard.check(transit(sun.equation_of_time));
-            const double change = std::fabs(t - next);
-            t = next;
-            if (change <= tolerance)
-                break;
-        }
+        const auto [t, instant, sun] = find_sun_transit(
+            ephemeris_, jd_, {clock_ahead_, day_.summer_hours + 12.0, settings_.zone_offset});
         const double altitude =
             altitude_of(ephemeris_, instant, settings_.observer, sun.right_ascension, sun.declination);
         day_.times.dhohur =
@@ -176,6 +159,16 @@ PrayerSettings prayer_settings(const Preferences& preferences, const Location& l
     settings.precision = precision_of(settings.preferences);
     settings.high_latitude = mode == DayMode::report && settings.preferences.high_latitude == 1;
     return settings;
+}
+
+bool forces_year(const PrayerSettings& settings) {
+    return settings.high_latitude && settings.latitude > lowest_alternative_latitude &&
+           settings.latitude <= highest_alternative_latitude;
+}
+
+void force_year(PrayerSettings& settings) {
+    settings.precision = 1;
+    settings.horizon.fajer_angle = settings.horizon.isha_angle = alternative_twilight_angle;
 }
 
 PrayerSettings read_prayer_settings(DayMode mode) {

@@ -36,7 +36,12 @@ struct PrayerSettings {
 /// Error  raises RunTimeFailure for added minutes that are not finite.
 PrayerSettings prayer_settings(const Preferences& preferences, const Location& location, DayMode mode);
 
-/// The same by `pref.vsk` and `loc.vsk`.
+/// Whether the alternative method makes the times: it works on whole calendar years then.
+bool forces_year(const PrayerSettings& settings);
+/// What such a run takes in the place of its own angles and precision.
+void force_year(PrayerSettings& settings);
+
+/// The settings by `pref.vsk` and `loc.vsk`.
 PrayerSettings read_prayer_settings(DayMode mode);
 
 /// The six times of a day on its own clock [h], or why there are none. Dhohur and Isha may lie outside 0 to

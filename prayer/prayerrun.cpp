@@ -21,12 +21,6 @@ const TwinMessage high_latitude_message{
 
 namespace {
 
-/// The alternative method works on a whole calendar year.
-bool forces_year(const PrayerSettings& settings) {
-    return settings.high_latitude && settings.latitude > lowest_alternative_latitude &&
-           settings.latitude <= highest_alternative_latitude;
-}
-
 class PrayerRun final : public RunOf<PrayerRow> {
 public:
     PrayerRun(TheoryPointer theory, const DaySettings& stored)
@@ -36,10 +30,8 @@ public:
           days_(forced_year_ ? days_of({stored.date.start.year, 1, 1}, {stored.date.start.year, 12, 31})
                              : days_of(stored.date.start, stored.date.end)),
           period_(report_period(stored.date, days_)) {
-        if (forced_year_) {
-            settings_.precision = 1;
-            settings_.horizon.fajer_angle = settings_.horizon.isha_angle = alternative_twilight_angle;
-        }
+        if (forced_year_)
+            force_year(settings_);
     }
 
     const char* task() const override { return "prayer"; }

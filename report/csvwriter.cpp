@@ -10,12 +10,9 @@ std::string field_of(std::monostate /*missing*/) {
     return {};
 }
 std::string field_of(const std::string& text) {
-    if (text.find_first_of(",\"\r\n") == std::string::npos)
-        return text;
-    std::string quoted = "\"";
-    for (const char c : text)
-        quoted.append(c == '"' ? 2 : 1, c);
-    return quoted + '"';
+    std::string field;
+    append_csv_field(field, text);
+    return field;
 }
 std::string field_of(bool flag) {
     return flag ? "true" : "false";
@@ -37,6 +34,17 @@ std::string field_of(const MomentValue& moment) {
 }
 
 } // namespace
+
+void append_csv_field(std::string& line, std::string_view text) {
+    if (text.find_first_of(",\"\r\n") == std::string_view::npos) {
+        line += text;
+        return;
+    }
+    line += '"';
+    for (const char c : text)
+        line.append(c == '"' ? 2 : 1, c);
+    line += '"';
+}
 
 void CsvWriter::begin(std::string_view /*task*/, const Facts& /*facts*/, std::span<const Column> columns) {
     for (std::size_t i = 0; i < columns.size(); ++i)

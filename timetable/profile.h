@@ -58,6 +58,7 @@ struct PageSettings {
     PaperSize paper = PaperSize::a4;
     std::optional<int> alarm_minutes; ///< of calendar events, before the prayer; none without   [min]
 
+    bool shows(TimetableColumn column) const;
     bool operator==(const PageSettings&) const = default;
 };
 

@@ -3,6 +3,7 @@
 
 #include "base/datenumbers.h"
 #include "base/twintext.h"
+#include "calendar/yearlimits.h"
 
 #include <optional>
 #include <string>
@@ -25,6 +26,8 @@ struct DaySpan {
 
 /// At most so many days make one timetable.
 inline constexpr int most_days = 36600;
+/// Hijri years of a timetable; they lie within theory_years.
+inline constexpr YearRange hijri_timetable_years{1, 9600};
 
 /// A span, or why there is none.
 struct SpanAnswer {

@@ -5,11 +5,13 @@
 #include "base/progress.h"
 #include "calendar/moddateconv.h"
 #include "calendar/taggedtime.h"
-#include "ephemeris/theory.h"
+#include "ephemeris/ephemeris.h"
 #include "stored/loc.h"
 #include "stored/pref.h"
 #include "timetable/daytimes.h"
+#include "timetable/moonofday.h"
 #include "timetable/profile.h"
+#include "timetable/skytime.h"
 #include "timetable/span.h"
 #include "zones/timezone.h"
 
@@ -18,19 +20,6 @@
 #include <vector>
 
 namespace halvane {
-
-/// What made a time of a row.
-enum class TimeSource {
-    sky,      ///< the Sun: its depression, its transit, its rise or set, a shadow
-    interval, ///< minutes after Maghreb
-    // The rules of high latitudes:
-    middle,
-    seventh,
-    angle,
-    nearest_latitude,
-    share,
-    year
-};
 
 /// Whether a rule and not the Sun's place made a time: such a time carries a mark.
 bool is_by_rule(TimeSource source);
@@ -53,18 +42,6 @@ struct RowTime {
     TimeSource source = TimeSource::sky;
 
     bool operator==(const RowTime&) const = default;
-};
-
-/// The Moon on a day: one of the four phases when it falls on the date, else what lies between two.
-enum class MoonOfDay {
-    new_moon,
-    waxing_crescent,
-    first_quarter,
-    waxing_gibbous,
-    full_moon,
-    waning_gibbous,
-    last_quarter,
-    waning_crescent
 };
 
 /// A day of a timetable.
@@ -117,15 +94,19 @@ struct ZoneDifference {
 struct Timetable {
     TimetableSettings settings;
     std::vector<TimetableRow> rows;
+    bool to_second = false; ///< its clocks are to the second, not to the minute
     ZoneDifference zone_difference;
     std::vector<TimeSource> rules; ///< that made times of the rows, each once
 };
 
 /// Calculates a timetable. Values in, values out: any number of threads may do so at once.
-/// In     theory  with `term.vsk` and `mterm.vsk`; with `elp.vsk` where the Moon's column is wanted
+/// In     theory  with `term.vsk` and `mterm.vsk`; where the Moon's column is wanted with the two others too
 /// Returns nothing when it has been cancelled.
 /// Error  raises RunTimeFailure, as the prayer day does; also where the year method is refused.
 std::optional<Timetable> make_timetable(const TheoryPointer& theory, const TimetableSettings& settings,
+                                        Progress& progress);
+/// The same by an ephemeris that one thread uses for several places.
+std::optional<Timetable> make_timetable(Ephemeris& ephemeris, const TimetableSettings& settings,
                                         Progress& progress);
 
 /// Seconds since 1970 January 1 0 h Universal Time of a clock in a row.

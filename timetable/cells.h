@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "timetable/timetable.h"
+
+#include <string>
+
+namespace halvane {
+
+/// The times of a row that a column shows: one, or none or some for Jumu'ah and the Sun at the Qiblah; empty
+/// for a column without times.
+std::vector<RowTime> times_in(const TimetableRow& row, TimetableColumn column);
+bool has_times(TimetableColumn column);
+
+/// "04:57", or "04:57:12".
+std::string clock_text(const LocalClock& clock, bool seconds);
+
+/// The value of a column as CSV has it: ISO date, "1447-09-01", "Friday", "04:57", "waxing_crescent"; an
+/// empty text for a time that does not exist, several ones apart by a blank; the rules as
+/// "fajer:seventh isha:seventh".
+std::string machine_text(const Timetable& timetable, const TimetableRow& row, TimetableColumn column);
+
+/// "1447-09-01"
+std::string iso_hijri(const HijriDate& date);
+
+/// "new_moon", "waxing_crescent" ...
+const char* key_of(MoonOfDay moon);
+
+} // namespace halvane

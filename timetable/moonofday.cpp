@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#include "timetable/moonofday.h"
+
+#include "events/phase.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace halvane {
+namespace {
+
+constexpr double new_moon_of_2000 = 2451550.1; // lunation 0                                        [d]
+constexpr double mean_month = 29.530588861;    // Meeus, Astronomical Algorithms, chapter "Phases of the Moon"
+constexpr int quarters = 4;
+
+} // namespace
+
+MoonPhases::MoonPhases(Ephemeris& ephemeris, double first, double last) {
+    // A phase comes within 15 hours of its mean one, so one month more on each side is enough.
+    const double first_lunation = std::floor((first - new_moon_of_2000) / mean_month) - 1;
+    const double last_lunation = std::ceil((last - new_moon_of_2000) / mean_month) + 1;
+    for (double k = first_lunation; k <= last_lunation; ++k)
+        for (int quarter = 0; quarter < quarters; ++quarter) {
+            const auto phase = static_cast<Phase>(quarter);
+            const double estimate = phase_estimate(phase, k + quarter / static_cast<double>(quarters));
+            const Instant moment = Instant::of_dynamical(refined_phase(ephemeris, phase, estimate));
+            moments_.push_back({moment.ut1(), static_cast<MoonOfDay>(2 * quarter)});
+        }
+}
+
+MoonOfDay MoonPhases::on(double start, double end) const {
+    const auto next = std::find_if(moments_.begin(), moments_.end(),
+                                   [start](const Moment& moment) { return moment.jd >= start; });
+    if (next->jd < end)
+        return next->phase;
+    return static_cast<MoonOfDay>(static_cast<int>(std::prev(next)->phase) + 1);
+}
+
+} // namespace halvane

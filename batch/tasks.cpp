@@ -2,6 +2,7 @@
 #include "batch/tasks.h"
 
 #include "batch/runoutput.h"
+#include "batch/timetabletask.h"
 #include "calendar/yearlimits.h"
 #include "prayer/moonrun.h"
 #include "prayer/prayerrun.h"
@@ -127,6 +128,7 @@ std::vector<Task> batch_tasks() {
         run_task("ephemeris", "Table of the Sun or the Moon, into ephemeris.out", stored_ephemeris),
         run_task("telescope", "Pointing numbers of Sun, Moon and crescent, on standard output",
                  stored_telescope, moon_below_horizon.text.in(Language::english)),
+        timetable_task({}),
     };
 }
 

@@ -49,6 +49,12 @@ bool has_times(TimetableColumn column) {
     }
 }
 
+bool is_iqamah(TimetableColumn column) {
+    using enum TimetableColumn;
+    return column == fajer_iqamah || column == dhohur_iqamah || column == aser_iqamah ||
+           column == maghreb_iqamah || column == isha_iqamah;
+}
+
 std::vector<RowTime> times_in(const TimetableRow& row, TimetableColumn column) {
     switch (column) {
     case TimetableColumn::imsak:

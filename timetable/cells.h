@@ -11,6 +11,7 @@ namespace halvane {
 /// for a column without times.
 std::vector<RowTime> times_in(const TimetableRow& row, TimetableColumn column);
 bool has_times(TimetableColumn column);
+bool is_iqamah(TimetableColumn column);
 
 /// "04:57", or "04:57:12".
 std::string clock_text(const LocalClock& clock, bool seconds);

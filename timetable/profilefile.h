@@ -16,9 +16,6 @@ namespace halvane {
 ///        key, a value that is none, a number beyond its limits.
 Profile profile_of_text(const std::string& text, const std::string& name, const std::string& path);
 
-/// The INI text of a profile, every key in it.
-std::string text_of(const Profile& profile);
-
 /// Why a text cannot name a profile; nothing for one that can: letters, digits, blanks, "-", "_", at most 40.
 std::optional<TwinWords> refused_profile_name(std::string_view name);
 

@@ -17,6 +17,16 @@ enum class TimetableFormat { csv, display_csv, ics, json, html, pdf };
 const char* name_of(TimetableFormat format);
 std::span<const TimetableFormat> timetable_formats();
 
+/// The name of the layout that display_csv_of writes.
+inline constexpr const char* display_layout = "display";
+/// The columns that its rows need.
+std::vector<TimetableColumn> display_columns();
+
+/// The text of a timetable in a format but PDF, whose painter needs more than this room.
+/// In     stamp  seconds since 1970 of the export                                                [s]
+std::string text_of_timetable(const Timetable& timetable, const PageSettings& page, TimetableFormat format,
+                              std::int64_t stamp);
+
 // The texts of a timetable in a format; each is whole.
 
 /// RFC 4180: a row of keys, then the days; UTF-8, CR LF.

@@ -1,0 +1,362 @@
+// SPDX-License-Identifier: MIT
+#include "batch/timetabletask.h"
+
+#include "base/failure.h"
+#include "batch/nearestname.h"
+#include "batch/runoutput.h"
+#include "calendar/locationclock.h"
+#include "calendar/modjul.h"
+#include "routines/machineclock.h"
+#include "routines/seriesloader.h"
+#include "stored/loclist.h"
+#include "stored/outputfile.h"
+#include "stored/programfolder.h"
+#include "stored/textfile.h"
+#include "stored/unfinishedfile.h"
+#include "timetable/manyplaces.h"
+#include "timetable/profilefile.h"
+#include "timetable/profilekeys.h"
+#include "timetable/timetablefiles.h"
+#include "timetable/timetableplaces.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <filesystem>
+#include <initializer_list>
+#include <iostream>
+#include <memory>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace halvane {
+namespace {
+
+struct TimetableOptions {
+    std::string month, year, hijri_month, hijri_year, from, to;
+    std::string place, places_file, zone_name;
+    std::optional<double> latitude, longitude, zone, height;
+    std::string profile, columns, layout, language, paper, clock;
+    std::string format = "csv";
+    std::string output;
+};
+
+/// A mistake on the command line.
+class UsageMistake : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+SpanAnswer span_answer(const TimetableOptions& options) {
+    if (!options.month.empty())
+        return month_span(options.month);
+    if (!options.year.empty())
+        return year_span(options.year);
+    if (!options.hijri_month.empty())
+        return hijri_month_span(options.hijri_month);
+    if (!options.hijri_year.empty())
+        return hijri_year_span(options.hijri_year);
+    return dates_span(options.from, options.to);
+}
+
+DaySpan span_of(const TimetableOptions& options) {
+    const SpanAnswer answer = span_answer(options);
+    if (answer.refused)
+        throw UsageMistake(answer.refused->english);
+    return answer.span;
+}
+
+/// A choice of the command line in the place of the profile's; it is in `names`.
+template <class Value>
+void choose(Value& value, const std::string& name,
+            std::initializer_list<std::pair<const char*, Value>> names) {
+    for (const auto& [known, meaning] : names)
+        if (name == known)
+            value = meaning;
+}
+
+void choose_page(PageSettings& page, const TimetableOptions& options) {
+    if (!options.columns.empty()) {
+        std::string unknown;
+        page.columns = columns_of(options.columns, unknown);
+        if (page.columns.empty())
+            throw UsageMistake("--columns: there is no column \"" + unknown + "\"");
+    }
+    choose(page.language, options.language,
+           {{"en", PageLanguage::english}, {"ar", PageLanguage::arabic}, {"both", PageLanguage::both}});
+    choose(page.paper, options.paper, {{"A4", PaperSize::a4}, {"Letter", PaperSize::letter}});
+    choose(page.clock, options.clock, {{"24", ClockFace::hours_24}, {"12", ClockFace::hours_12}});
+}
+
+/// The profile of a run. What --layout needs is among its columns.
+Profile profile_of(const TimetableOptions& options) {
+    Profile profile = find_profile(options.profile, read_pref());
+    choose_page(profile.page, options);
+    if (options.layout == display_layout)
+        profile.page.columns = display_columns();
+    return profile;
+}
+
+TimetableFormat format_of(const TimetableOptions& options) {
+    if (options.layout == display_layout)
+        return TimetableFormat::display_csv;
+    for (const TimetableFormat format : timetable_formats())
+        if (options.format == name_of(format))
+            return format;
+    return TimetableFormat::csv;
+}
+
+bool is_given(const TimetableOptions& options) {
+    return options.latitude || options.longitude;
+}
+
+void check_place(const TimetableOptions& options) {
+    if (options.latitude.has_value() != options.longitude.has_value())
+        throw UsageMistake("--latitude and --longitude belong together");
+    const int ways =
+        (options.place.empty() ? 0 : 1) + (options.places_file.empty() ? 0 : 1) + (is_given(options) ? 1 : 0);
+    if (ways > 1)
+        throw UsageMistake("--place, --places and --latitude with --longitude exclude each other");
+    if ((options.zone || options.height) && !is_given(options))
+        throw UsageMistake("--zone and --height belong to --latitude and --longitude");
+    if (options.zone && !options.zone_name.empty())
+        throw UsageMistake("--zone and --zone-name exclude each other");
+    if (!options.zone_name.empty() && !is_zone_name(options.zone_name))
+        throw UsageMistake("there is no time zone \"" + options.zone_name + "\"");
+}
+
+void check_listed(const std::string& name) {
+    if (find_location(name))
+        return;
+    std::vector<std::string> names;
+    for (const Location& location : read_location_list())
+        names.push_back(location.name);
+    const std::string nearest = names.empty() ? "" : "; the nearest is \"" + nearest_name(name, names) + "\"";
+    throw UsageMistake("there is no place \"" + name + "\" in the list of locations" + nearest);
+}
+
+TimetablePlace given_place_of(const TimetableOptions& options) {
+    const GivenPlace given{
+        "",          *options.latitude, *options.longitude, options.height.value_or(0), options.zone_name,
+        options.zone};
+    if (const std::optional<TwinWords> refused = refused_place(given))
+        throw UsageMistake(refused->english);
+    return given_place(given);
+}
+
+TimetablePlace place_of(const TimetableOptions& options) {
+    if (is_given(options))
+        return given_place_of(options);
+    if (!options.place.empty())
+        check_listed(options.place);
+    TimetablePlace place = options.place.empty() ? stored_place() : listed_place(options.place);
+    if (!options.zone_name.empty())
+        place.zone = TimeZone(options.zone_name);
+    return place;
+}
+
+std::string fixed_name(std::string name) {
+    for (char& c : name)
+        if (c == '/' || c == '\\' || static_cast<unsigned char>(c) < ' ')
+            c = '-';
+    return name;
+}
+
+std::string file_name(const std::string& name, const TimetableOptions& options) {
+    return fixed_name(name) + "." + (options.layout.empty() ? options.format : std::string("csv"));
+}
+
+/// Seconds since 1970 of the machine's clock.
+std::int64_t now_utc() {
+    constexpr double unix_epoch = 2440587.5;
+    const MachineTime now = universal_time();
+    double jd = 0;
+    modjul(now.year, now.month, now.day, 0, jd);
+    return std::llround((jd - unix_epoch) * seconds_per_day + now.hour * seconds_per_hour +
+                        now.minute * 60.0 + now.second);
+}
+
+/// The series that a profile's columns need.
+void load_needed(const Profile& profile) {
+    if (profile.page.shows(TimetableColumn::moon_phase)) {
+        load_series();
+        return;
+    }
+    load_term();
+    load_mterm();
+}
+
+class TimetableWork {
+public:
+    TimetableWork(const TimetableOptions& options, PdfMaker pdf_of)
+        : options_(options), pdf_of_(std::move(pdf_of)), span_(span_of(options)),
+          format_(format_of(options)) {
+        check_place(options_);
+        profile_ = profile_of(options_);
+    }
+
+    int run(Progress& progress) {
+        load_needed(profile_);
+        return options_.places_file.empty() ? run_one(progress) : run_many(progress);
+    }
+
+private:
+    std::string text_of(const Timetable& timetable) const {
+        const PageSettings& page = profile_.page;
+        return format_ == TimetableFormat::pdf ? pdf_of_(timetable, page)
+                                               : text_of_timetable(timetable, page, format_, now_utc());
+    }
+
+    int cancelled() const {
+        std::cerr << "Cancelled: what is there is whole.\n";
+        return status_failure;
+    }
+
+    int run_one(Progress& progress) {
+        const TimetablePlace place = place_of(options_);
+        const std::string path = options_.output.empty()
+                                     ? program_path(file_name("timetable-" + place.location.name, options_))
+                                     : options_.output;
+        require_no_program_file(path);
+        const std::optional<Timetable> timetable =
+            make_timetable(loaded_theory(), {place, profile_, span_}, progress);
+        if (!timetable)
+            return cancelled();
+        save(path, text_of(*timetable));
+        if (!is_standard_output(path))
+            std::cout << path << "\n";
+        return status_done;
+    }
+
+    int run_many(Progress& progress) {
+        const std::string folder = options_.output.empty() ? program_folder() : options_.output;
+        if (!std::filesystem::is_directory(folder))
+            throw UsageMistake("--output: \"" + folder + "\" is no folder; --places writes one file a place");
+        std::vector<TimetableSettings> settings;
+        std::vector<std::string> paths;
+        for (const GivenPlace& given :
+             places_of_text(read_text_file(options_.places_file), options_.places_file)) {
+            settings.push_back({given_place(given), profile_, span_});
+            paths.push_back(free_path(folder, settings.back().place.location.name, paths));
+        }
+        const bool all = make_timetables(
+            loaded_theory(), settings,
+            [&](std::size_t number, const Timetable& timetable) { save(paths[number], text_of(timetable)); },
+            progress);
+        if (!all)
+            return cancelled();
+        for (const std::string& path : paths)
+            std::cout << path << "\n";
+        return status_done;
+    }
+
+    /// A path that no other place of the run has: two may be of one name.
+    std::string free_path(const std::string& folder, const std::string& name,
+                          const std::vector<std::string>& taken) const {
+        for (int number = 1;; ++number) {
+            const std::string numbered = number == 1 ? name : name + "-" + std::to_string(number);
+            std::string path = (std::filesystem::path(folder) / file_name(numbered, options_)).string();
+            require_no_program_file(path);
+            if (std::find(taken.begin(), taken.end(), path) == taken.end())
+                return path;
+        }
+    }
+
+    static void save(const std::string& path, const std::string& bytes) { save_result(path, bytes); }
+
+    const TimetableOptions& options_;
+    PdfMaker pdf_of_;
+    DaySpan span_;
+    TimetableFormat format_;
+    Profile profile_;
+};
+
+int run_timetable(const TimetableOptions& options, const PdfMaker& pdf_of, Progress& progress) {
+    try {
+        return TimetableWork(options, pdf_of).run(progress);
+    } catch (const UsageMistake& mistake) {
+        std::cerr << "halvane-report: " << mistake.what() << ".\n";
+        return status_usage;
+    }
+}
+
+std::vector<std::string> format_names() {
+    std::vector<std::string> names;
+    for (const TimetableFormat format : timetable_formats())
+        names.emplace_back(name_of(format));
+    return names;
+}
+
+void add_span_options(CLI::App& command, TimetableOptions& options) {
+    CLI::Option_group* span = command.add_option_group("Span", "One of these");
+    span->add_option("--month", options.month, "A civil month")->type_name("YYYY-MM");
+    span->add_option("--year", options.year, "A civil year")->type_name("YYYY");
+    span->add_option("--hijri-month", options.hijri_month, "A Hijri month")->type_name("YYYY-MM");
+    span->add_option("--hijri-year", options.hijri_year, "A Hijri year")->type_name("YYYY");
+    CLI::Option* from =
+        span->add_option("--from", options.from, "First date, with --to")->type_name("YYYY-MM-DD");
+    span->require_option(1);
+    CLI::Option* to = command.add_option("--to", options.to, "Last date")->type_name("YYYY-MM-DD");
+    from->needs(to);
+    to->needs(from);
+}
+
+void add_place_options(CLI::App& command, TimetableOptions& options) {
+    command.add_option("--place", options.place, "A place of the list; the stored one when none is given")
+        ->type_name("NAME");
+    command
+        .add_option("--places", options.places_file,
+                    "A CSV file of places (name,latitude,longitude,zone_name,zone,height): one file each")
+        ->type_name("FILE");
+    command.add_option("--latitude", options.latitude, "North positive, with --longitude")->type_name("DEG");
+    command.add_option("--longitude", options.longitude, "East positive")->type_name("DEG");
+    command.add_option("--zone-name", options.zone_name, "Time zone, such as Asia/Amman")->type_name("IANA");
+    command.add_option("--zone", options.zone, "Hours from Universal Time, all the year")->type_name("H");
+    command.add_option("--height", options.height, "Above sea level, in metres")->type_name("M");
+}
+
+void add_page_options(CLI::App& command, TimetableOptions& options) {
+    const auto one_of = [&command](const char* name, std::string& target, const char* description,
+                                   const std::vector<std::string>& choices) {
+        command.add_option(name, target, std::string(description) + choice_of(choices))
+            ->type_name("NAME")
+            ->check(CLI::IsMember(choices).description(""));
+    };
+    command
+        .add_option("--profile", options.profile,
+                    "Rules: a stored profile or an authority's key; the preferences when none is given")
+        ->type_name("NAME");
+    command.add_option("--columns", options.columns, "Keys of the columns in their order")
+        ->type_name("KEY,...");
+    one_of("--layout", options.layout, "Columns of a kind of screens: ", {display_layout});
+    one_of("--language", options.language, "Language of the page: ", {"en", "ar", "both"});
+    one_of("--paper", options.paper, "Paper: ", {"A4", "Letter"});
+    one_of("--clock", options.clock, "Hours of the page: ", {"24", "12"});
+    one_of("--format", options.format, "", format_names());
+    command
+        .add_option("--output", options.output,
+                    "File to write, - for standard output; the folder of the files with --places")
+        ->type_name("FILE");
+}
+
+} // namespace
+
+Task timetable_task(PdfMaker pdf_of) {
+    const auto options = std::make_shared<TimetableOptions>();
+    return {"timetable", "Prayer times of a month or a year to print, import or subscribe to",
+            [options](CLI::App& command) {
+                add_span_options(command, *options);
+                add_place_options(command, *options);
+                add_page_options(command, *options);
+            },
+            [options, pdf_of = std::move(pdf_of)](Progress& progress) {
+                return run_timetable(*options, pdf_of, progress);
+            }};
+}
+
+} // namespace halvane

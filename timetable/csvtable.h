@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace halvane {
+
+/// A row of a CSV text.
+struct CsvRow {
+    int line = 0; ///< in which it begins, from 1
+    std::vector<std::string> fields;
+};
+
+/// A CSV text with a head row.
+struct CsvTable {
+    CsvRow head;
+    std::vector<CsvRow> rows; ///< each with as many fields as the head; empty lines are passed over
+
+    /// The column of a heading, small and capital letters alike; nothing without it.
+    std::optional<std::size_t> column(std::string_view heading) const;
+};
+
+/// Reads RFC 4180. A byte order mark is passed over; the separator is the comma, the semicolon or the tab
+/// that the head row has most of.
+/// Error  raises RunTimeFailure (damaged file) naming `path`, the line and what is wrong: no head, an open
+///        quote mark, another number of fields than the head.
+CsvTable read_csv_table(std::string_view text, const std::string& path);
+
+/// The failure of a line of a file.
+[[noreturn]] void raise_bad_line(const std::string& path, int line, const std::string& english,
+                                 const std::string& arabic);
+
+} // namespace halvane

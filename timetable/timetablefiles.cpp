@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#include "timetable/timetablefiles.h"
+
+#include <stdexcept>
+
+namespace halvane {
+
+const char* name_of(TimetableFormat format) {
+    switch (format) {
+    case TimetableFormat::csv:
+    case TimetableFormat::display_csv:
+        return "csv";
+    case TimetableFormat::ics:
+        return "ics";
+    case TimetableFormat::json:
+        return "json";
+    case TimetableFormat::html:
+        return "html";
+    case TimetableFormat::pdf:
+        return "pdf";
+    }
+    throw std::logic_error("a format of timetables without a name");
+}
+
+std::span<const TimetableFormat> timetable_formats() {
+    static constexpr TimetableFormat formats[] = {TimetableFormat::csv, TimetableFormat::ics,
+                                                  TimetableFormat::json, TimetableFormat::html,
+                                                  TimetableFormat::pdf};
+    return formats;
+}
+
+std::vector<TimetableColumn> display_columns() {
+    using enum TimetableColumn;
+    return {date, fajer, shuroq, dhohur, aser_standard, aser_hanafi, maghreb, isha};
+}
+
+std::string text_of_timetable(const Timetable& timetable, const PageSettings& page, TimetableFormat format,
+                              std::int64_t /*stamp*/) {
+    switch (format) {
+    case TimetableFormat::csv:
+        return csv_of(timetable, page);
+    case TimetableFormat::display_csv:
+    case TimetableFormat::ics:
+    case TimetableFormat::json:
+    case TimetableFormat::html:
+    case TimetableFormat::pdf:
+        break;
+    }
+    throw std::logic_error("the painter makes the PDF");
+}
+
+} // namespace halvane

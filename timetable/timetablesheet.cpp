@@ -1,0 +1,273 @@
+// SPDX-License-Identifier: MIT
+#include "timetable/timetablesheet.h"
+
+#include "base/numberformat.h"
+#include "calendar/modday.h"
+#include "timetable/cells.h"
+#include "timetable/sheetnotes.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <span>
+
+namespace halvane {
+namespace {
+
+using Rows = std::span<const TimetableRow>;
+
+constexpr std::array<TwinText, 8> moon_names{{{"New Moon", "محاق"},
+                                              {"crescent", "هلال"},
+                                              {"first quarter", "تربيع أول"},
+                                              {"gibbous", "أحدب"},
+                                              {"Full Moon", "بدر"},
+                                              {"gibbous", "أحدب"},
+                                              {"last quarter", "تربيع ثاني"},
+                                              {"crescent", "هلال"}}};
+
+/// Why there is no time.
+TwinText word_of(NoEvent reason) {
+    switch (reason) {
+    case NoEvent::up:
+        return {"up", "طالعة"};
+    case NoEvent::down:
+        return {"down", "غائبة"};
+    case NoEvent::bright:
+        return {"bright", "مضيئة"};
+    case NoEvent::dark:
+        return {"dark", "مظلمة"};
+    case NoEvent::none:
+        break;
+    }
+    return {"–", "–"};
+}
+
+TwinWords alike(const std::string& text) {
+    return {text, text};
+}
+
+TwinWords joined(const TwinWords& a, const char* between, const TwinWords& b) {
+    return {a.english + between + b.english, a.arabic + between + b.arabic};
+}
+
+TwinWords civil_month(double month) {
+    const int number = static_cast<int>(month);
+    return {civil_month_name(number, Language::english), civil_month_name(number, Language::arabic)};
+}
+
+TwinWords hijri_month(double month) {
+    return {hijri_month_name(month, Language::english), hijri_month_name(month, Language::arabic)};
+}
+
+TwinWords with_number(const TwinWords& words, double number) {
+    return joined(words, " ", alike(plain_number(number)));
+}
+
+/// "February 2026", or "February - March 2026", "December 2026 - January 2027".
+TwinWords month_range(const TwinWords& first, double first_year, const TwinWords& last, double last_year) {
+    if (first_year != last_year)
+        return joined(with_number(first, first_year), " – ", with_number(last, last_year));
+    if (first.english == last.english)
+        return with_number(first, first_year);
+    return with_number(joined(first, " – ", last), first_year);
+}
+
+TwinWords civil_range(Rows rows) {
+    return month_range(civil_month(rows.front().date.month), rows.front().date.year,
+                       civil_month(rows.back().date.month), rows.back().date.year);
+}
+
+TwinWords hijri_range(Rows rows) {
+    return month_range(hijri_month(rows.front().hijri.month), rows.front().hijri.year,
+                       hijri_month(rows.back().hijri.month), rows.back().hijri.year);
+}
+
+/// "31°57'"
+std::string degrees_text(double angle) {
+    constexpr int minutes_of_degree = 60;
+    const long minutes = std::lround(std::fabs(angle) * minutes_of_degree);
+    return plain_number(static_cast<double>(minutes / minutes_of_degree)) + "°" +
+           format_number(static_cast<double>(minutes % minutes_of_degree), "00") + "'";
+}
+
+TwinWords coordinates_of(const Location& location) {
+    const double latitude = latitude_of(location);
+    const double longitude = longitude_of(location);
+    const std::string height = plain_number(std::round(location.elevation));
+    return {degrees_text(latitude) + (latitude >= 0 ? " N, " : " S, ") + degrees_text(longitude) +
+                (longitude >= 0 ? " E, " : " W, ") + height + " m",
+            degrees_text(latitude) + (latitude >= 0 ? " شمالا، " : " جنوبا، ") + degrees_text(longitude) +
+                (longitude >= 0 ? " شرقا، " : " غربا، ") + height + " م"};
+}
+
+bool is_hijri(SpanKind kind) {
+    return kind == SpanKind::hijri_month || kind == SpanKind::hijri_year;
+}
+
+constexpr int half_day = 43200; // [s]
+
+std::string twelve_hours(const LocalClock& clock, bool seconds) {
+    constexpr int hour = 3600;
+    LocalClock shown = clock;
+    shown.seconds %= half_day;
+    if (shown.seconds < hour)
+        shown.seconds += half_day;
+    const std::string text = clock_text(shown, seconds);
+    return text.starts_with('0') ? text.substr(1) : text;
+}
+
+TwinWords clock_words(const LocalClock& clock, bool seconds, ClockFace face) {
+    if (face == ClockFace::hours_24)
+        return alike(clock_text(clock, seconds));
+    const std::string text = twelve_hours(clock, seconds);
+    return clock.seconds < half_day ? TwinWords{text + " am", text + " ص"}
+                                    : TwinWords{text + " pm", text + " م"};
+}
+
+std::string arabic_digits(const std::string& text) {
+    constexpr std::array<const char*, 10> digits{"٠", "١", "٢", "٣", "٤", "٥", "٦", "٧", "٨", "٩"};
+    std::string result;
+    for (const char c : text)
+        if (c >= '0' && c <= '9')
+            result += digits.at(static_cast<std::size_t>(c - '0'));
+        else
+            result += c;
+    return result;
+}
+
+/// Lays out the rows of one sheet.
+class SheetMaker {
+public:
+    SheetMaker(const Timetable& timetable, const PageSettings& page, Rows rows)
+        : timetable_(timetable), page_(page), rows_(rows), by_hijri_(is_hijri(timetable.settings.span.kind)) {
+    }
+
+    TimetableSheet run() {
+        const TwinWords title{"Prayer times", "مواقيت الصلاة"};
+        const TwinWords own = by_hijri_ ? hijri_range(rows_) : civil_range(rows_);
+        TimetableSheet sheet;
+        sheet.title = {title.english + ", " + own.english, title.arabic + "، " + own.arabic};
+        sheet.hijri_months = by_hijri_ ? civil_range(rows_) : hijri_range(rows_);
+        sheet.place = alike(timetable_.settings.place.location.name);
+        sheet.coordinates = coordinates_of(timetable_.settings.place.location);
+        sheet.zone = zone_words(timetable_.settings.place, rows_);
+        sheet.rules = rules_words(timetable_.settings.profile, page_.names);
+        for (const TimetableColumn column : page_.columns)
+            sheet.columns.push_back({column, heading(column)});
+        for (const TimetableRow& row : rows_)
+            sheet.rows.push_back(row_of(row));
+        sheet.notes = notes_of(timetable_, page_, rows_);
+        if (page_.digits == PageDigits::arabic)
+            take_digits(sheet);
+        return sheet;
+    }
+
+private:
+    TwinWords heading(TimetableColumn column) const {
+        const ColumnNames& names = names_of(column);
+        return page_.names == PrayerNames::common ? names.common : names.halvane;
+    }
+
+    SheetRow row_of(const TimetableRow& row) const {
+        SheetRow result;
+        for (const TimetableColumn column : page_.columns)
+            result.cells.push_back(cell(row, column));
+        result.friday = row.is_friday();
+        result.hijri_month_begins = row.hijri.day == 1;
+        result.clock_changes = row.clock_changes;
+        return result;
+    }
+
+    SheetCell cell(const TimetableRow& row, TimetableColumn column) const {
+        switch (column) {
+        case TimetableColumn::date:
+            return {date_words(row)};
+        case TimetableColumn::weekday:
+            return {weekday_words(row)};
+        case TimetableColumn::hijri:
+            return {hijri_words(row)};
+        case TimetableColumn::moon_phase:
+            return {moon_names.at(static_cast<std::size_t>(row.moon))};
+        case TimetableColumn::rules:
+            return {alike(machine_text(timetable_, row, column))};
+        default:
+            return times_cell(row, column);
+        }
+    }
+
+    TwinWords date_words(const TimetableRow& row) const {
+        const TwinWords day = alike(plain_number(row.date.day));
+        if (!by_hijri_ || !(is_first(row) || row.date.day == 1))
+            return day;
+        return joined(day, " ", civil_month(row.date.month));
+    }
+
+    TwinWords hijri_words(const TimetableRow& row) const {
+        const TwinWords day = alike(plain_number(row.hijri.day));
+        if (by_hijri_ || !(is_first(row) || row.hijri.day == 1))
+            return day;
+        return joined(day, " ", hijri_month(row.hijri.month));
+    }
+
+    bool is_first(const TimetableRow& row) const { return &row == &rows_.front(); }
+
+    static TwinWords weekday_words(const TimetableRow& row) {
+        constexpr std::size_t short_name = 3;
+        const double noon = row.jd + 0.5;
+        return {weekday_name(noon, Language::english).substr(0, short_name),
+                weekday_name(noon, Language::arabic)};
+    }
+
+    SheetCell times_cell(const TimetableRow& row, TimetableColumn column) const {
+        SheetCell cell;
+        for (const RowTime& time : times_in(row, column)) {
+            const TwinWords words = time.clock ? clock_words(*time.clock, timetable_.to_second, page_.clock)
+                                               : missing_words(time, column);
+            cell.text = cell.text.english.empty() ? words : joined(cell.text, "  ", words);
+            cell.marked = cell.marked || is_by_rule(time.source);
+        }
+        return cell;
+    }
+
+    /// An iqamah that is not held has an empty cell.
+    static TwinWords missing_words(const RowTime& time, TimetableColumn column) {
+        return is_iqamah(column) ? TwinWords() : TwinWords(word_of(time.missing));
+    }
+
+    static void take_digits(TimetableSheet& sheet) {
+        for (TwinWords* words :
+             {&sheet.title, &sheet.hijri_months, &sheet.coordinates, &sheet.zone, &sheet.rules})
+            words->arabic = arabic_digits(words->arabic);
+        for (SheetRow& row : sheet.rows)
+            for (SheetCell& cell : row.cells)
+                cell.text.arabic = arabic_digits(cell.text.arabic);
+        for (TwinWords& note : sheet.notes)
+            note.arabic = arabic_digits(note.arabic);
+    }
+
+    const Timetable& timetable_;
+    const PageSettings& page_;
+    Rows rows_;
+    bool by_hijri_;
+};
+
+} // namespace
+
+std::vector<TimetableSheet> sheets_of(const Timetable& timetable, const PageSettings& page) {
+    const bool by_hijri = is_hijri(timetable.settings.span.kind);
+    const auto month_of = [by_hijri](const TimetableRow& row) {
+        return by_hijri ? row.hijri.month : row.date.month;
+    };
+    const Rows rows(timetable.rows);
+    std::vector<TimetableSheet> sheets;
+    for (std::size_t first = 0; first < rows.size();) {
+        std::size_t end = first + 1;
+        while (end < rows.size() && month_of(rows[end]) == month_of(rows[first]))
+            ++end;
+        sheets.push_back(SheetMaker(timetable, page, rows.subspan(first, end - first)).run());
+        first = end;
+    }
+    return sheets;
+}
+
+} // namespace halvane

@@ -6,6 +6,7 @@
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/orientationterms.h"
 #include "ephemeris/sun.h"
+#include "ephemeris/sunplace.h"
 
 #include <cmath>
 #include <limits>
@@ -13,13 +14,28 @@
 
 namespace halvane {
 
-Ephemeris::Interpolated::Interpolated(const Theory& theory)
-    : sun(theory, fast_sun_values), moon(theory, periodic_moon_values),
-      orientation(theory, orientation_values), low_orientation(theory, low_orientation_values) {}
+namespace {
+
+constexpr std::size_t days_of_map = 8;
+constexpr std::size_t days_of_year = 512;
+
+std::size_t days_of_sun_and_earth(SeriesUse use) {
+    return use == SeriesUse::interpolated_year ? days_of_year : days_of_map;
+}
+
+} // namespace
+
+Ephemeris::Interpolated::Interpolated(const Theory& theory, SeriesUse use)
+    : sun(theory, fast_sun_values, days_of_map), moon(theory, periodic_moon_values, days_of_map),
+      orientation(theory, orientation_values, days_of_sun_and_earth(use)),
+      low_orientation(theory, low_orientation_values, days_of_map) {
+    if (use == SeriesUse::interpolated_year)
+        earth.emplace(theory, earth_medium_values, days_of_year);
+}
 
 Ephemeris::Ephemeris(TheoryPointer theory, SeriesUse use) : theory_(std::move(theory)) {
-    if (use == SeriesUse::interpolated)
-        interpolated_ = std::make_unique<Interpolated>(*theory_);
+    if (use != SeriesUse::each_instant)
+        interpolated_ = std::make_unique<Interpolated>(*theory_, use);
 }
 
 const Orientation& Ephemeris::orientation(const Instant& instant) {

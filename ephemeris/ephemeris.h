@@ -13,8 +13,13 @@
 namespace halvane {
 
 /// Whether what does not depend on the observer is computed from the series for each instant, or taken from
-/// polynomials through half a day each, which pays for thousands of places within days of each other.
-enum class SeriesUse { each_instant, interpolated };
+/// polynomials through half a day each.
+enum class SeriesUse {
+    each_instant,
+    interpolated,      ///< pays for thousands of places within days of each other
+    interpolated_year, ///< keeps the polynomials of a year, that of the medium Sun among them: pays for
+                       ///< places that take the days of one year after each other
+};
 
 enum class Body { sun, moon };
 
@@ -64,8 +69,9 @@ public:
 
     /// The interpolated functions, where they are in use.
     struct Interpolated {
-        explicit Interpolated(const Theory& theory);
+        Interpolated(const Theory& theory, SeriesUse use);
         InterpolatedSeries sun, moon, orientation, low_orientation;
+        std::optional<InterpolatedSeries> earth; ///< with SeriesUse::interpolated_year
     };
     Interpolated* interpolated() { return interpolated_.get(); }
 

@@ -9,7 +9,7 @@ namespace halvane {
 
 namespace {
 
-constexpr double piece_length = 0.5;
+constexpr double piece_length = 0.5; // two pieces a day
 
 /// Newton's divided differences, in place.
 template <std::size_t N>
@@ -35,8 +35,8 @@ InterpolatedSeries::Nodes InterpolatedSeries::chebyshev_nodes() {
     return node;
 }
 
-InterpolatedSeries::InterpolatedSeries(const Theory& theory, Function function)
-    : theory_(&theory), function_(function), node_(chebyshev_nodes()) {}
+InterpolatedSeries::InterpolatedSeries(const Theory& theory, Function function, std::size_t days_kept)
+    : theory_(&theory), function_(function), node_(chebyshev_nodes()), pieces_(days_kept * pieces_of_day) {}
 
 void InterpolatedSeries::compute(Piece& piece) const {
     for (std::size_t i = 0; i < nodes; ++i) {
@@ -53,7 +53,7 @@ InterpolatedSeries::Values InterpolatedSeries::at(double days) {
         return function_(*theory_, days);
     const double position = days / piece_length;
     const double index = floor_of(position);
-    Piece& piece = pieces_[static_cast<std::size_t>(static_cast<long long>(index)) & (kept_pieces - 1)];
+    Piece& piece = pieces_[static_cast<std::size_t>(static_cast<long long>(index)) & (pieces_.size() - 1)];
     if (piece.index != index) {
         piece.index = index;
         compute(piece);

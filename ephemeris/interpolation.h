@@ -3,13 +3,14 @@
 
 #include <array>
 #include <cstddef>
+#include <vector>
 
 namespace halvane {
 
 class Theory;
 
 /// Up to four smooth functions of time, from polynomials through their values at Chebyshev nodes. The pieces
-/// are half a day long and computed when first asked for; the last 16 are kept.
+/// are half a day long and computed when first asked for; those of the last days are kept.
 /// Accuracy  3e-10 deg (tests/events), which is the rounding of the series' own arguments: a Julian day in a
 ///           double cannot tell the Moon's place to better than 6e-9 deg.
 class InterpolatedSeries {
@@ -18,7 +19,8 @@ public:
     /// `days` of dynamical time from 2000. The first value may be an angle that jumps by 360.
     using Function = Values (*)(const Theory& theory, double days);
     /// `theory` must outlive the series.
-    InterpolatedSeries(const Theory& theory, Function function);
+    /// In     days_kept  of neighbouring days whose pieces are kept: a power of two
+    InterpolatedSeries(const Theory& theory, Function function, std::size_t days_kept);
 
     Values at(double days);
 
@@ -26,7 +28,7 @@ private:
     static constexpr std::size_t nodes = 7;
     using Nodes = std::array<double, nodes>;
     static Nodes chebyshev_nodes();
-    static constexpr std::size_t kept_pieces = 16;
+    static constexpr std::size_t pieces_of_day = 2;
     struct Piece {
         double index = 0.5; ///< whole for a piece that has been computed
         std::array<Values, nodes> coefficients{};
@@ -36,7 +38,7 @@ private:
     const Theory* theory_;
     Function function_;
     Nodes node_;
-    std::array<Piece, kept_pieces> pieces_{};
+    std::vector<Piece> pieces_;
 };
 
 } // namespace halvane

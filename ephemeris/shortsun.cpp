@@ -30,12 +30,26 @@ EarthPlace earth_medium(const Theory& theory, double tau) {
             (s[8] + tau * (s[9] + tau * (s[10] + tau * (s[11] + tau * s[12])))) / unit};
 }
 
+constexpr double days_of_millennium = 365250;
+
+EarthPlace earth_at(Ephemeris& ephemeris, double days) {
+    Ephemeris::Interpolated* interpolated = ephemeris.interpolated();
+    if (interpolated == nullptr || !interpolated->earth)
+        return earth_medium(ephemeris.theory(), days / days_of_millennium);
+    const auto [longitude, latitude, radius, none] = interpolated->earth->at(days);
+    return {longitude * radians_per_degree, latitude * radians_per_degree, radius};
+}
+
 } // namespace
+
+InterpolatedSeries::Values earth_medium_values(const Theory& theory, double days) {
+    const EarthPlace earth = earth_medium(theory, days / days_of_millennium);
+    return {earth.longitude * degrees_per_radian, earth.latitude * degrees_per_radian, earth.radius};
+}
 
 SunPlace geocentric_sun_medium(Ephemeris& ephemeris, const Instant& instant) {
     const Orientation& orientation = ephemeris.orientation(instant);
-    const double tau = orientation.dynamical_days / 365250;
-    const EarthPlace earth = earth_medium(ephemeris.theory(), tau);
+    const EarthPlace earth = earth_at(ephemeris, orientation.dynamical_days);
     return apparent_sun(orientation, earth, -0.0056916111 / earth.radius);
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ephemeris/interpolation.h"
 #include "ephemeris/orientation.h"
 #include "ephemeris/sun.h"
 
@@ -17,6 +18,10 @@ struct EarthPlace {
     double latitude;
     double radius;
 };
+
+/// Longitude, not reduced [deg], latitude [deg] and radius [AU] of the Earth by the medium series; `days` of
+/// dynamical time from 2000.
+InterpolatedSeries::Values earth_medium_values(const Theory& theory, double days);
 
 /// Apparent geocentric place from the Earth's heliocentric one, by the FK5 correction, the aberration [deg]
 /// and the nutation; with the equation of time.

@@ -46,10 +46,16 @@ private:
         const std::atomic<bool>& given_up_;
     };
 
+    /// For a few places the polynomials would cost more than they save.
+    SeriesUse series_use() const {
+        constexpr std::size_t few_places = 4;
+        return settings_.size() > few_places ? SeriesUse::interpolated_year : SeriesUse::each_instant;
+    }
+
     void work() {
         try {
             Told progress(given_up_);
-            Ephemeris ephemeris(theory_);
+            Ephemeris ephemeris(theory_, series_use());
             for (std::size_t number = next_++; number < settings_.size() && !given_up_; number = next_++) {
                 const std::optional<Timetable> timetable =
                     make_timetable(ephemeris, settings_[number], progress);

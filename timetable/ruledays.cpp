@@ -85,9 +85,11 @@ public:
           city_(prayer_settings(Preferences(), settings.place.location, DayMode::today).city) {}
 
     SkyDay day(double jd) override {
-        SkyDay day = of_nights(jd, ruled_night(jd - 1), ruled_night(jd), nights_.sky());
+        const Night before = ruled_night(jd - 1); // before the other: the two last ones are kept
+        SkyDay day = of_nights(jd, before, ruled_night(jd), nights_.sky());
         if (borrows() && !is_in_order(day.times)) {
-            day = of_nights(jd, lower_night(jd - 1), lower_night(jd), lower_.sky());
+            const Night lower_before = lower_night(jd - 1);
+            day = of_nights(jd, lower_before, lower_night(jd), lower_.sky());
             take_source(day, TimeSource::nearest_latitude);
         }
         return day;

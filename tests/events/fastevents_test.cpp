@@ -20,6 +20,7 @@
 #include "stored/pref.h"
 #include "tests/golden/goldenreport.h"
 #include "tests/support/places.h"
+#include "tests/support/programfolder.h"
 
 #include <algorithm>
 #include <cmath>
@@ -216,6 +217,25 @@ protected:
     Ephemeris by_the_series{loaded_theory()};
     Ephemeris interpolated{loaded_theory(), SeriesUse::interpolated};
 };
+
+TEST(InterpolatedYear, GivesTheMediumSunsOwnPlaces) {
+    const TemporaryProgramFolder folder;
+    load_term();
+    load_mterm();
+    Ephemeris by_the_series(loaded_theory());
+    Ephemeris year(loaded_theory(), SeriesUse::interpolated_year);
+    double worst = 0;
+    for (const double first : {2415020.5, 2451544.5, 2461041.5, 2488069.5})
+        for (int i = 0; i < 9000; ++i) {
+            const Instant instant = Instant::of_ut1(first + 0.0417 * i);
+            const SunPlace sun = geocentric_sun_medium(by_the_series, instant);
+            const SunPlace near = geocentric_sun_medium(year, instant);
+            worst = std::max({worst, std::fabs(rev180(sun.right_ascension - near.right_ascension)),
+                              std::fabs(sun.declination - near.declination)});
+            ASSERT_NEAR(sun.radius, near.radius, 1e-12);
+        }
+    EXPECT_LT(worst, 3e-10);
+}
 
 TEST_F(Interpolation, GivesTheSeriesOwnPlaces) {
     const Observer observer = observer_at(-70, -40, 0);

@@ -71,7 +71,8 @@ TEST_F(Timetables, ByAZonesRulesAgreeWithTheReportWhereTheStoredClockDoes) {
 }
 
 /// The report takes the declination of the Aser's noon shadow at 12 h of the clock, a night's search at the
-/// transit: up to an hour apart the declination moves by 1', which is 3 s of the afternoon.
+/// transit. In Istanbul they are 1.3 h apart in January: the declination moves by 0.8', the noon's altitude
+/// with it, and the low winter Sun stands at the longer shadow's altitude 4 s later.
 TEST_F(Timetables, ByTheirOwnNightsAgreeWithTheReport) {
     for (const char* name : {"Makkah", "Jakarta", "Sydney", "Istanbul"}) {
         Preferences preferences;
@@ -86,7 +87,7 @@ TEST_F(Timetables, ByTheirOwnNightsAgreeWithTheReport) {
         for (std::size_t i = 0; i < report.rows.size(); ++i)
             for (const DayTime time : day_times)
                 ASSERT_NEAR(seconds_of(report.rows[i].times[time]), seconds_of(nights.rows[i].times[time]),
-                            time == DayTime::aser ? 3 : 1)
+                            time == DayTime::aser ? 5 : 1)
                     << name << ", day " << i << ", time " << static_cast<int>(time);
     }
 }

@@ -12,19 +12,6 @@ namespace {
 constexpr int seconds_of_hour = 3600;
 constexpr int seconds_of_minute = 60;
 
-void append_two_digits(std::string& text, int number) {
-    text += static_cast<char>('0' + number / 10);
-    text += static_cast<char>('0' + number % 10);
-}
-
-/// The column of one of the six times.
-TimetableColumn column_of(DayTime time) {
-    constexpr std::array<TimetableColumn, 6> columns{TimetableColumn::fajer,   TimetableColumn::shuroq,
-                                                     TimetableColumn::dhohur,  TimetableColumn::aser,
-                                                     TimetableColumn::maghreb, TimetableColumn::isha};
-    return columns.at(static_cast<std::size_t>(time));
-}
-
 std::string rules_text(const TimetableRow& row) {
     std::string text;
     for (const DayTime time : day_times)
@@ -35,6 +22,18 @@ std::string rules_text(const TimetableRow& row) {
 }
 
 } // namespace
+
+void append_two_digits(std::string& text, int number) {
+    text += static_cast<char>('0' + number / 10);
+    text += static_cast<char>('0' + number % 10);
+}
+
+TimetableColumn column_of(DayTime time) {
+    constexpr std::array<TimetableColumn, 6> columns{TimetableColumn::fajer,   TimetableColumn::shuroq,
+                                                     TimetableColumn::dhohur,  TimetableColumn::aser,
+                                                     TimetableColumn::maghreb, TimetableColumn::isha};
+    return columns.at(static_cast<std::size_t>(time));
+}
 
 bool has_times(TimetableColumn column) {
     switch (column) {

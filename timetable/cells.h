@@ -13,6 +13,12 @@ std::vector<RowTime> times_in(const TimetableRow& row, TimetableColumn column);
 bool has_times(TimetableColumn column);
 bool is_iqamah(TimetableColumn column);
 
+/// The column of a time of the day.
+TimetableColumn column_of(DayTime time);
+
+/// Two digits of a number from 0 to 99, put behind `text`.
+void append_two_digits(std::string& text, int number);
+
 /// "04:57", or "04:57:12".
 std::string clock_text(const LocalClock& clock, bool seconds);
 

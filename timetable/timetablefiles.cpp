@@ -29,19 +29,17 @@ std::span<const TimetableFormat> timetable_formats() {
     return formats;
 }
 
-std::vector<TimetableColumn> display_columns() {
-    using enum TimetableColumn;
-    return {date, fajer, shuroq, dhohur, aser_standard, aser_hanafi, maghreb, isha};
-}
-
 std::string text_of_timetable(const Timetable& timetable, const PageSettings& page, TimetableFormat format,
-                              std::int64_t /*stamp*/) {
+                              std::int64_t stamp) {
     switch (format) {
     case TimetableFormat::csv:
         return csv_of(timetable, page);
     case TimetableFormat::display_csv:
+        return display_csv_of(timetable);
     case TimetableFormat::ics:
+        return ics_of(timetable, page, stamp);
     case TimetableFormat::json:
+        return json_of(timetable, page);
     case TimetableFormat::html:
     case TimetableFormat::pdf:
         break;

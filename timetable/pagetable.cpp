@@ -1,0 +1,297 @@
+// SPDX-License-Identifier: MIT
+#include "timetable/pagetable.h"
+
+#include <QPen>
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+#include <sstream>
+#include <string>
+
+namespace halvane {
+namespace {
+
+constexpr double greatest_points = 11;
+constexpr double reference_points = 10;
+constexpr double least_side_by_side = 7.6; ///< smaller cells have their languages below one another  [pt]
+constexpr double stacked_part = 0.8;       ///< of the font, in such cells
+constexpr double heading_part = 0.88;      ///< of the font
+constexpr double greatest_heading = 8.8;   ///< [pt]
+constexpr double padding = 1.0 * page_units;
+constexpr double word_padding = 1.5 * page_units;    ///< words reach to both sides of their column
+constexpr double heading_padding = 1.1 * page_units; ///< above and below
+constexpr double greatest_row_height = 7.2 * page_units;
+constexpr int usual_rows = 31;             ///< so that the months of a year have rows alike
+constexpr double half_figure = 0.357;      ///< of the em: a figure's middle above the baseline
+constexpr double between_languages = 0.55; ///< in a cell, of the em
+
+PageFont font_of(double points, bool bold, const QColor& colour = PageColours::ink) {
+    PageFont font;
+    font.points = points;
+    font.bold = bold;
+    font.colour = colour;
+    return font;
+}
+
+/// The width of a text by a font of one point.
+double width_per_point(const std::string& text, bool bold, Language language) {
+    return PageText(text, font_of(reference_points, bold), language).width() / reference_points;
+}
+
+double widest_word(const std::string& text, Language language) {
+    std::istringstream words(text);
+    double widest = 0;
+    for (std::string word; words >> word;)
+        widest = std::max(widest, width_per_point(word, true, language));
+    return widest;
+}
+
+/// Whether a column's cells are words, which begin below one another; figures end so.
+bool holds_words(TimetableColumn column) {
+    switch (column) {
+    case TimetableColumn::weekday:
+    case TimetableColumn::hijri:
+    case TimetableColumn::moon_phase:
+    case TimetableColumn::rules:
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool alike(const TwinWords& words) {
+    return words.english == words.arabic;
+}
+
+double heading_points(double points) {
+    return std::min(greatest_heading, heading_part * points);
+}
+
+/// The greatest font whose lines a row of `height` holds                                          [pt]
+double points_of_row(double height, bool stacked) {
+    const double ems = stacked ? 2 * stacked_part * 1.16 : 1.5;
+    return height / (ems * em_of(font_of(1, false)));
+}
+
+/// Widths that fill `whole`: the narrowest columns are widened first, until they are alike.
+std::vector<double> filled(std::vector<double> widths, double whole) {
+    std::vector<double> rising = widths;
+    std::sort(rising.begin(), rising.end());
+    double sum = 0;
+    double level = 0;
+    for (std::size_t count = 1; count <= rising.size(); ++count) {
+        sum += rising[count - 1];
+        double wider = 0;
+        for (std::size_t other = count; other < rising.size(); ++other)
+            wider += rising[other];
+        level = (whole - wider) / static_cast<double>(count);
+        if (count == rising.size() || level <= rising[count])
+            break;
+    }
+    for (double& width : widths)
+        width = std::max(width, level);
+    return widths;
+}
+
+} // namespace
+
+PageTable::PageTable(const TimetableSheet& sheet, PageLanguage language, double width)
+    : sheet_(sheet), language_(language), width_(width), columns_(sheet.columns.size()) {
+    measure();
+    points_ = points_of_width();
+    if (both() && points_ < least_side_by_side) {
+        stacked_ = true;
+        measure();
+        points_ = points_of_width();
+    }
+    share_width();
+}
+
+Language PageTable::first_language() const {
+    return mirrored() ? Language::arabic : Language::english;
+}
+
+double PageTable::cell_width(const TwinWords& words, bool bold) const {
+    if (!both() || alike(words))
+        return width_per_point(words.in(first_language()), bold, first_language());
+    const double english = width_per_point(words.english, bold, Language::english);
+    const double arabic = width_per_point(words.arabic, bold, Language::arabic);
+    if (stacked_)
+        return stacked_part * std::max(english, arabic);
+    return english + between_languages * em_of(font_of(1, false)) + arabic;
+}
+
+double PageTable::heading_width(const TwinWords& heading) const {
+    double widest = 0;
+    for (const Language language : languages)
+        if (both() || language == first_language())
+            widest = std::max(widest, widest_word(heading.in(language), language));
+    return widest;
+}
+
+void PageTable::measure() {
+    const double mark = width_per_point(rule_mark, false, first_language());
+    for (std::size_t number = 0; number < columns_.size(); ++number) {
+        Column& column = columns_[number];
+        column = {};
+        column.words = holds_words(sheet_.columns[number].column);
+        column.heading = heading_width(sheet_.columns[number].heading);
+        for (const SheetRow& row : sheet_.rows) {
+            const SheetCell& cell = row.cells[number];
+            column.block =
+                std::max(column.block, cell_width(cell.text, row.friday || row.hijri_month_begins));
+            if (cell.marked)
+                column.mark = mark;
+        }
+    }
+}
+
+double PageTable::natural_width(const Column& column, double points) const {
+    return std::max(points * (column.block + 2 * column.mark), heading_points(points) * column.heading) +
+           2 * (column.words ? word_padding : padding);
+}
+
+double PageTable::points_of_width() const {
+    const auto whole = [this](double points) {
+        double sum = 0;
+        for (const Column& column : columns_)
+            sum += natural_width(column, points);
+        return sum;
+    };
+    double points = greatest_points;
+    while (points > 3 && whole(points) > width_)
+        points -= 0.1;
+    return points;
+}
+
+void PageTable::share_width() {
+    std::vector<double> widths;
+    widths.reserve(columns_.size());
+    for (const Column& column : columns_)
+        widths.push_back(natural_width(column, points_));
+    widths = filled(std::move(widths), width_);
+    double left = 0;
+    for (std::size_t number = 0; number < columns_.size(); ++number) {
+        columns_[number].width = widths[number];
+        columns_[number].left = mirrored() ? width_ - left - widths[number] : left;
+        left += widths[number];
+    }
+}
+
+std::vector<PageText> PageTable::heading_lines(std::size_t number) const {
+    const TwinWords& heading = sheet_.columns[number].heading;
+    const PageFont font = font_of(heading_points(points_), true, Qt::white);
+    const double width = columns_[number].width - padding;
+    std::vector<PageText> lines;
+    for (const Language language : languages)
+        if (both() || language == first_language())
+            lines.emplace_back(heading.in(language), font, language, width);
+    return lines;
+}
+
+double PageTable::heading_height() const {
+    double highest = 0;
+    for (std::size_t number = 0; number < columns_.size(); ++number) {
+        double height = 0;
+        for (const PageText& text : heading_lines(number))
+            height += text.height();
+        highest = std::max(highest, height);
+    }
+    return highest + 2 * heading_padding;
+}
+
+double PageTable::least_height(double row_height) const {
+    return heading_height() + row_height * std::max(usual_rows, static_cast<int>(sheet_.rows.size()));
+}
+
+double PageTable::paint(QPainter& painter, const QRectF& room) const {
+    const double top = room.top() + heading_height();
+    const int rows = std::max(usual_rows, static_cast<int>(sheet_.rows.size()));
+    const double height = std::min(greatest_row_height, (room.bottom() - top) / rows);
+    paint_headings(painter, QRectF(room.left(), room.top(), width_, top - room.top()));
+    QRectF row(room.left(), top, width_, height);
+    for (const SheetRow& content : sheet_.rows) {
+        paint_row(painter, row, content);
+        row.translate(0, height);
+    }
+    painter.setPen(QPen(PageColours::green, 0.4 * page_units));
+    painter.drawLine(row.topLeft(), row.topRight());
+    return row.top();
+}
+
+void PageTable::paint_headings(QPainter& painter, const QRectF& room) const {
+    painter.fillRect(room, PageColours::green);
+    const double em = em_of(font_of(heading_points(points_), true));
+    for (std::size_t number = 0; number < columns_.size(); ++number) {
+        const std::vector<PageText> lines = heading_lines(number);
+        double height = 0;
+        for (const PageText& text : lines)
+            height += text.height();
+        QPointF place(room.left() + columns_[number].left + columns_[number].width / 2,
+                      room.center().y() - height / 2);
+        for (const PageText& text : lines) {
+            text.draw(painter, place + QPointF(0, baseline_below_top * em), LineAnchor::centre);
+            place.ry() += text.height();
+        }
+    }
+}
+
+void PageTable::paint_row(QPainter& painter, const QRectF& row, const SheetRow& content) const {
+    if (content.friday)
+        painter.fillRect(row, PageColours::friday);
+    QPen pen(PageColours::hairline, 0.15 * page_units);
+    if (content.hijri_month_begins)
+        pen = QPen(PageColours::green, 0.5 * page_units);
+    else if (content.clock_changes)
+        pen = QPen(PageColours::quiet, 0.3 * page_units, Qt::DashLine);
+    painter.setPen(pen);
+    painter.drawLine(row.topLeft(), row.topRight());
+    for (std::size_t number = 0; number < columns_.size(); ++number) {
+        const Column& column = columns_[number];
+        const QRectF place(row.left() + column.left, row.top(), column.width, row.height());
+        paint_cell(painter, place, number, content);
+    }
+}
+
+void PageTable::paint_cell(QPainter& painter, const QRectF& place, std::size_t number,
+                           const SheetRow& row) const {
+    const Column& column = columns_[number];
+    const SheetCell& cell = row.cells[number];
+    const bool begins = row.hijri_month_begins && sheet_.columns[number].column == TimetableColumn::hijri;
+    PageFont font = font_of(std::min(points_, points_of_row(place.height(), stacked_)), row.friday || begins,
+                            begins ? PageColours::green : PageColours::ink);
+    const double half = font.points * column.block / 2;
+    const double left = place.center().x() - half;
+    const double right = place.center().x() + half;
+    const double middle = place.center().y() + half_figure * em_of(font);
+    if (both() && !alike(cell.text))
+        return paint_twins(painter, cell.text, font, left, right, place.center().y());
+    const PageText text(cell.text.in(first_language()), font, first_language());
+    const bool at_right = column.words ? mirrored() : true;
+    text.draw(painter, QPointF(at_right ? right : left, middle),
+              at_right ? LineAnchor::right : LineAnchor::left);
+    if (cell.marked)
+        paint_mark(painter, font, mirrored() ? right - text.width() : right, middle);
+}
+
+void PageTable::paint_twins(QPainter& painter, const TwinWords& words, PageFont font, double left,
+                            double right, double centre) const {
+    double english = centre + half_figure * em_of(font);
+    double arabic = english;
+    if (stacked_) {
+        font.points *= stacked_part;
+        english = centre - 0.14 * em_of(font);
+        arabic = centre + 0.94 * em_of(font);
+    }
+    PageText(words.english, font, Language::english).draw(painter, QPointF(left, english), LineAnchor::left);
+    PageText(words.arabic, font, Language::arabic).draw(painter, QPointF(right, arabic), LineAnchor::right);
+}
+
+void PageTable::paint_mark(QPainter& painter, PageFont font, double at, double baseline) const {
+    font.bold = false;
+    font.colour = PageColours::green;
+    const PageText mark(rule_mark, font, first_language());
+    mark.draw(painter, QPointF(at, baseline), mirrored() ? LineAnchor::right : LineAnchor::left);
+}
+
+} // namespace halvane

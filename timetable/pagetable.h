@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "timetable/pagetext.h"
+#include "timetable/timetablesheet.h"
+
+#include <QColor>
+#include <QPainter>
+#include <QRectF>
+#include <vector>
+
+namespace halvane {
+
+/// The colours of a page.
+struct PageColours {
+    static constexpr QColor green{0x1B, 0x7F, 0x5C};
+    static constexpr QColor ink{0x1C, 0x27, 0x23};
+    static constexpr QColor quiet{0x51, 0x60, 0x5A};
+    static constexpr QColor hairline{0xD3, 0xDD, 0xD8};
+    static constexpr QColor friday{0xE3, 0xF1, 0xEA};
+};
+
+/// Where the first line's baseline lies below the top of a text                                  [em]
+inline constexpr double baseline_below_top = 1.03;
+
+/// The table of a page: its columns share the width, its rows the height.
+class PageTable {
+public:
+    /// In     width  of the table                                                            [page units]
+    PageTable(const TimetableSheet& sheet, PageLanguage language, double width);
+
+    /// How high it is at least, with rows of `row_height`                                     [page units]
+    double least_height(double row_height) const;
+
+    /// Paints it at the top of `room`, and gives where it ends                                [page units]
+    double paint(QPainter& painter, const QRectF& room) const;
+
+private:
+    /// A column; its widths by a font of one point are in page units.
+    struct Column {
+        double block = 0;   ///< of its widest cell, by a font of one point
+        double mark = 0;    ///< of the mark behind a time, by the same; 0 where none stands
+        double heading = 0; ///< of its heading's longest word, by the same
+        bool words = false; ///< its cells are words and no figures
+        double left = 0;    ///< from the table's left side                                   [page units]
+        double width = 0;   ///< [page units]
+    };
+
+    bool both() const { return language_ == PageLanguage::both; }
+    bool mirrored() const { return language_ == PageLanguage::arabic; }
+    /// That of the page, or the first of both.
+    Language first_language() const;
+
+    void measure();
+    double cell_width(const TwinWords& words, bool bold) const;
+    double heading_width(const TwinWords& heading) const;
+    double natural_width(const Column& column, double points) const;
+    double points_of_width() const;
+    void share_width();
+
+    std::vector<PageText> heading_lines(std::size_t number) const;
+    double heading_height() const;
+    void paint_headings(QPainter& painter, const QRectF& room) const;
+    void paint_row(QPainter& painter, const QRectF& row, const SheetRow& content) const;
+    void paint_cell(QPainter& painter, const QRectF& place, std::size_t number, const SheetRow& row) const;
+    void paint_twins(QPainter& painter, const TwinWords& words, PageFont font, double left, double right,
+                     double centre) const;
+    void paint_mark(QPainter& painter, PageFont font, double at, double baseline) const;
+
+    const TimetableSheet& sheet_;
+    PageLanguage language_;
+    double width_;
+    std::vector<Column> columns_;
+    bool stacked_ = false; ///< the languages of a cell stand below one another
+    double points_ = 0;    ///< of the cells, as far as the width goes
+};
+
+} // namespace halvane

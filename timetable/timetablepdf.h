@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "timetable/timetablesheet.h"
+
+#include <span>
+#include <string>
+
+namespace halvane {
+
+/// The pages of a timetable as a PDF file: fonts embedded, texts that can be searched and copied.
+/// A QGuiApplication must be running.
+std::string pdf_of(const Timetable& timetable, const PageSettings& page);
+
+/// The same of sheets that are there, one a page.
+/// In     title  of the document
+std::string pdf_of(std::span<const TimetableSheet> sheets, const PageSettings& page,
+                   const std::string& title);
+
+} // namespace halvane

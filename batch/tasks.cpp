@@ -111,7 +111,7 @@ int report_refused(const Refusal& refused) {
     return status_failure;
 }
 
-std::vector<Task> batch_tasks() {
+std::vector<Task> batch_tasks(const PdfMaker& pdf) {
     return {
         run_task("prayer", "Prayer times of the stored period, into results.out", prayer_of_period,
                  high_latitude_message.text.in(Language::english)),
@@ -128,7 +128,7 @@ std::vector<Task> batch_tasks() {
         run_task("ephemeris", "Table of the Sun or the Moon, into ephemeris.out", stored_ephemeris),
         run_task("telescope", "Pointing numbers of Sun, Moon and crescent, on standard output",
                  stored_telescope, moon_below_horizon.text.in(Language::english)),
-        timetable_task({}),
+        timetable_task(pdf),
     };
 }
 

@@ -193,11 +193,12 @@ void load_needed(const Profile& profile) {
 
 class TimetableWork {
 public:
-    TimetableWork(const TimetableOptions& options, PdfMaker pdf_of)
-        : options_(options), pdf_of_(std::move(pdf_of)), span_(span_of(options)),
-          format_(format_of(options)) {
+    TimetableWork(const TimetableOptions& options, const PdfMaker& pdf)
+        : options_(options), pdf_(pdf), span_(span_of(options)), format_(format_of(options)) {
         check_place(options_);
         profile_ = profile_of(options_);
+        if (format_ == TimetableFormat::pdf)
+            pdf_.begin();
     }
 
     int run(Progress& progress) {
@@ -208,7 +209,7 @@ public:
 private:
     std::string text_of(const Timetable& timetable) const {
         const PageSettings& page = profile_.page;
-        return format_ == TimetableFormat::pdf ? pdf_of_(timetable, page)
+        return format_ == TimetableFormat::pdf ? pdf_.pdf_of(timetable, page)
                                                : text_of_timetable(timetable, page, format_, now_utc());
     }
 
@@ -270,15 +271,15 @@ private:
     static void save(const std::string& path, const std::string& bytes) { save_result(path, bytes); }
 
     const TimetableOptions& options_;
-    PdfMaker pdf_of_;
+    const PdfMaker& pdf_;
     DaySpan span_;
     TimetableFormat format_;
     Profile profile_;
 };
 
-int run_timetable(const TimetableOptions& options, const PdfMaker& pdf_of, Progress& progress) {
+int run_timetable(const TimetableOptions& options, const PdfMaker& pdf, Progress& progress) {
     try {
-        return TimetableWork(options, pdf_of).run(progress);
+        return TimetableWork(options, pdf).run(progress);
     } catch (const UsageMistake& mistake) {
         std::cerr << "halvane-report: " << mistake.what() << ".\n";
         return status_usage;
@@ -346,7 +347,7 @@ void add_page_options(CLI::App& command, TimetableOptions& options) {
 
 } // namespace
 
-Task timetable_task(PdfMaker pdf_of) {
+Task timetable_task(const PdfMaker& pdf) {
     const auto options = std::make_shared<TimetableOptions>();
     return {"timetable", "Prayer times of a month or a year to print, import or subscribe to",
             [options](CLI::App& command) {
@@ -354,9 +355,7 @@ Task timetable_task(PdfMaker pdf_of) {
                 add_place_options(command, *options);
                 add_page_options(command, *options);
             },
-            [options, pdf_of = std::move(pdf_of)](Progress& progress) {
-                return run_timetable(*options, pdf_of, progress);
-            }};
+            [options, pdf](Progress& progress) { return run_timetable(*options, pdf, progress); }};
 }
 
 } // namespace halvane

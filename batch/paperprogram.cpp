@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#include "batch/paperprogram.h"
+
+#include "base/failure.h"
+#include "stored/programfolder.h"
+
+#include <cerrno>
+#include <string>
+#include <unistd.h>
+
+namespace halvane {
+namespace {
+
+RunTimeFailure no_paper_program(const std::string& path, int error) {
+    const FailureParts parts = file_failure(FileAction::open, path, error).parts();
+    return RunTimeFailure(TwinWords{words_of(parts, Language::english) + " This program makes the PDF files.",
+                                    words_of(parts, Language::arabic) + " هذا البرنامج يصنع ملفات PDF."},
+                          parts.kind);
+}
+
+} // namespace
+
+void become_paper_program(char** words) {
+    const std::string path = executable_folder() + "/halvane-paper";
+    execv(path.c_str(), words);
+    throw no_paper_program(path, errno);
+}
+
+} // namespace halvane

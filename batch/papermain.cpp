@@ -4,6 +4,7 @@
 #include "timetable/timetablepdf.h"
 
 #include <QGuiApplication>
+#include <QLoggingCategory>
 #include <optional>
 
 int main(int argc, char** argv) {
@@ -11,6 +12,7 @@ int main(int argc, char** argv) {
         application; // fonts need one; nothing is shown, so a display is never asked for
     const auto begin = [&] {
         qputenv("QT_QPA_PLATFORM", "offscreen");
+        QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false")); // of a missing session
         application.emplace(argc, argv);
     };
     const auto pdf_of = [](const halvane::Timetable& timetable, const halvane::PageSettings& page) {

@@ -46,9 +46,10 @@ double widest_word(const std::string& text, Language language) {
     return widest;
 }
 
-/// Whether a column's cells are words, which begin below one another; figures end so.
+/// Whether a column's cells begin below one another, as words do; figures end so.
 bool holds_words(TimetableColumn column) {
     switch (column) {
+    case TimetableColumn::date:
     case TimetableColumn::weekday:
     case TimetableColumn::hijri:
     case TimetableColumn::moon_phase:
@@ -61,6 +62,20 @@ bool holds_words(TimetableColumn column) {
 
 bool alike(const TwinWords& words) {
     return words.english == words.arabic;
+}
+
+/// The number that a text begins with, as the day of a date does.
+std::string leading_number(const std::string& text) {
+    return text.substr(0, text.find_first_not_of("0123456789"));
+}
+
+double number_width(const TwinWords& words, bool bold) {
+    return width_per_point(leading_number(words.english), bold, Language::english);
+}
+
+/// In bold type the numbers are wider; a column has place for both.
+bool is_bold(const SheetRow& row) {
+    return row.friday || row.hijri_month_begins;
 }
 
 double heading_points(double points) {
@@ -121,6 +136,10 @@ double PageTable::cell_width(const TwinWords& words, bool bold) const {
     return english + between_languages * em_of(font_of(1, false)) + arabic;
 }
 
+double PageTable::indent(const Column& column, const TwinWords& words, bool bold) {
+    return column.numbers > 0 ? column.numbers - number_width(words, bold) : 0;
+}
+
 double PageTable::heading_width(const TwinWords& heading) const {
     double widest = 0;
     for (const Language language : languages)
@@ -136,10 +155,14 @@ void PageTable::measure() {
         column = {};
         column.words = holds_words(sheet_.columns[number].column);
         column.heading = heading_width(sheet_.columns[number].heading);
+        for (const SheetRow& row : sheet_.rows)
+            if (column.words && !mirrored())
+                column.numbers = std::max(column.numbers, number_width(row.cells[number].text, is_bold(row)));
         for (const SheetRow& row : sheet_.rows) {
             const SheetCell& cell = row.cells[number];
+            const bool bold = is_bold(row);
             column.block =
-                std::max(column.block, cell_width(cell.text, row.friday || row.hijri_month_begins));
+                std::max(column.block, indent(column, cell.text, bold) + cell_width(cell.text, bold));
             if (cell.marked)
                 column.mark = mark;
         }
@@ -261,9 +284,11 @@ void PageTable::paint_cell(QPainter& painter, const QRectF& place, std::size_t n
     PageFont font = font_of(std::min(points_, points_of_row(place.height(), stacked_)), row.friday || begins,
                             begins ? PageColours::green : PageColours::ink);
     const double half = font.points * column.block / 2;
-    const double left = place.center().x() - half;
+    const double left = place.center().x() - half + font.points * indent(column, cell.text, font.bold);
     const double right = place.center().x() + half;
     const double middle = place.center().y() + half_figure * em_of(font);
+    if (cell.text.english.empty())
+        return;
     if (both() && !alike(cell.text))
         return paint_twins(painter, cell.text, font, left, right, place.center().y());
     const PageText text(cell.text.in(first_language()), font, first_language());

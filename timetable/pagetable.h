@@ -41,7 +41,8 @@ private:
         double block = 0;   ///< of its widest cell, by a font of one point
         double mark = 0;    ///< of the mark behind a time, by the same; 0 where none stands
         double heading = 0; ///< of its heading's longest word, by the same
-        bool words = false; ///< its cells are words and no figures
+        double numbers = 0; ///< of the longest number that a cell begins with, by the same
+        bool words = false; ///< its cells begin below one another; figures end so
         double left = 0;    ///< from the table's left side                                   [page units]
         double width = 0;   ///< [page units]
     };
@@ -53,6 +54,8 @@ private:
 
     void measure();
     double cell_width(const TwinWords& words, bool bold) const;
+    /// How far a cell's text is moved so that the numbers at its start end below one another.
+    static double indent(const Column& column, const TwinWords& words, bool bold);
     double heading_width(const TwinWords& heading) const;
     double natural_width(const Column& column, double points) const;
     double points_of_width() const;

@@ -26,11 +26,6 @@ std::string offset_text(int seconds) {
     return text;
 }
 
-/// Keeps a sign or a Latin name in its order within Arabic text.
-std::string left_to_right(const std::string& text) {
-    return "\u2066" + text + "\u2069";
-}
-
 std::vector<int> offsets_of(Rows rows) {
     std::vector<int> offsets;
     for (const TimetableRow& row : rows)
@@ -143,6 +138,10 @@ void note_night(std::vector<TwinWords>& notes, const Profile& profile, const Pag
 }
 
 } // namespace
+
+std::string left_to_right(const std::string& text) {
+    return "\u2066" + text + "\u2069";
+}
 
 TwinWords zone_words(const TimetablePlace& place, Rows rows) {
     std::string offsets;

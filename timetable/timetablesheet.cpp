@@ -96,8 +96,9 @@ TwinWords coordinates_of(const Location& location) {
     const std::string height = plain_number(std::round(location.elevation));
     return {degrees_text(latitude) + (latitude >= 0 ? " N, " : " S, ") + degrees_text(longitude) +
                 (longitude >= 0 ? " E, " : " W, ") + height + " m",
-            degrees_text(latitude) + (latitude >= 0 ? " شمالا، " : " جنوبا، ") + degrees_text(longitude) +
-                (longitude >= 0 ? " شرقا، " : " غربا، ") + height + " م"};
+            left_to_right(degrees_text(latitude)) + (latitude >= 0 ? " شمالا، " : " جنوبا، ") +
+                left_to_right(degrees_text(longitude)) + (longitude >= 0 ? " شرقا، " : " غربا، ") + height +
+                " م"};
 }
 
 bool is_hijri(SpanKind kind) {

@@ -2,6 +2,7 @@
 #include "timetable/pagetable.h"
 
 #include <QPen>
+#include <QString>
 #include <algorithm>
 #include <cmath>
 #include <iterator>
@@ -69,6 +70,11 @@ std::string leading_number(const std::string& text) {
     return text.substr(0, text.find_first_not_of("0123456789"));
 }
 
+bool has_figures(const std::string& text) {
+    const QString letters = QString::fromStdString(text);
+    return std::any_of(letters.begin(), letters.end(), [](QChar letter) { return letter.isDigit(); });
+}
+
 double number_width(const TwinWords& words, bool bold) {
     return width_per_point(leading_number(words.english), bold, Language::english);
 }
@@ -84,7 +90,7 @@ double heading_points(double points) {
 
 /// The greatest font whose lines a row of `height` holds                                          [pt]
 double points_of_row(double height, bool stacked) {
-    const double ems = stacked ? 2 * stacked_part * 1.16 : 1.5;
+    const double ems = stacked ? 2 * stacked_part * 1.24 : 1.5;
     return height / (ems * em_of(font_of(1, false)));
 }
 
@@ -280,43 +286,63 @@ void PageTable::paint_cell(QPainter& painter, const QRectF& place, std::size_t n
                            const SheetRow& row) const {
     const Column& column = columns_[number];
     const SheetCell& cell = row.cells[number];
-    const bool begins = row.hijri_month_begins && sheet_.columns[number].column == TimetableColumn::hijri;
-    PageFont font = font_of(std::min(points_, points_of_row(place.height(), stacked_)), row.friday || begins,
-                            begins ? PageColours::green : PageColours::ink);
-    const double half = font.points * column.block / 2;
-    const double left = place.center().x() - half + font.points * indent(column, cell.text, font.bold);
-    const double right = place.center().x() + half;
-    const double middle = place.center().y() + half_figure * em_of(font);
-    if (cell.text.english.empty())
+    if (cell.text.in(first_language()).empty())
         return;
-    if (both() && !alike(cell.text))
-        return paint_twins(painter, cell.text, font, left, right, place.center().y());
-    const PageText text(cell.text.in(first_language()), font, first_language());
-    const bool at_right = column.words ? mirrored() : true;
-    text.draw(painter, QPointF(at_right ? right : left, middle),
-              at_right ? LineAnchor::right : LineAnchor::left);
+    const bool begins = row.hijri_month_begins && sheet_.columns[number].column == TimetableColumn::hijri;
+    const PageFont font = font_of(std::min(points_, points_of_row(place.height(), stacked_)),
+                                  row.friday || begins, begins ? PageColours::green : PageColours::ink);
+    const double half = font.points * column.block / 2;
+    const double indented = font.points * indent(column, cell.text, font.bold);
+    const QRectF block(place.center().x() - half + indented, place.top(), 2 * half - indented,
+                       place.height());
+    const double mark = !both() || alike(cell.text)
+                            ? paint_text(painter, block, font, cell.text, column.words)
+                        : stacked_ ? paint_stacked(painter, block, font, cell.text)
+                                   : paint_side_by_side(painter, block, font, cell.text);
     if (cell.marked)
-        paint_mark(painter, font, mirrored() ? right - text.width() : right, middle);
+        paint_mark(painter, font, QPointF(mark, block.center().y() + half_figure * em_of(font)));
 }
 
-void PageTable::paint_twins(QPainter& painter, const TwinWords& words, PageFont font, double left,
-                            double right, double centre) const {
-    double english = centre + half_figure * em_of(font);
-    double arabic = english;
-    if (stacked_) {
-        font.points *= stacked_part;
-        english = centre - 0.14 * em_of(font);
-        arabic = centre + 0.94 * em_of(font);
-    }
-    PageText(words.english, font, Language::english).draw(painter, QPointF(left, english), LineAnchor::left);
-    PageText(words.arabic, font, Language::arabic).draw(painter, QPointF(right, arabic), LineAnchor::right);
+double PageTable::paint_text(QPainter& painter, const QRectF& block, const PageFont& font,
+                             const TwinWords& words, bool begin_alike) const {
+    const std::string& shown = words.in(first_language());
+    const PageText text(shown, font, first_language());
+    const double baseline = block.center().y() + half_figure * em_of(font);
+    if (begin_alike && !mirrored())
+        text.draw(painter, QPointF(block.left(), baseline), LineAnchor::left);
+    else if (begin_alike || has_figures(shown))
+        text.draw(painter, QPointF(block.right(), baseline), LineAnchor::right);
+    else
+        text.draw(painter, QPointF(block.center().x(), baseline), LineAnchor::centre);
+    return mirrored() ? block.right() - text.width() : block.right();
 }
 
-void PageTable::paint_mark(QPainter& painter, PageFont font, double at, double baseline) const {
+double PageTable::paint_side_by_side(QPainter& painter, const QRectF& block, const PageFont& font,
+                                     const TwinWords& words) const {
+    const double baseline = block.center().y() + half_figure * em_of(font);
+    PageText(words.english, font, Language::english)
+        .draw(painter, QPointF(block.left(), baseline), LineAnchor::left);
+    PageText(words.arabic, font, Language::arabic)
+        .draw(painter, QPointF(block.right(), baseline), LineAnchor::right);
+    return block.right();
+}
+
+double PageTable::paint_stacked(QPainter& painter, const QRectF& block, PageFont font,
+                                const TwinWords& words) const {
+    font.points *= stacked_part;
+    const QPointF middle = block.center();
+    const PageText english(words.english, font, Language::english);
+    const PageText arabic(words.arabic, font, Language::arabic);
+    english.draw(painter, middle - QPointF(0, 0.16 * em_of(font)), LineAnchor::centre);
+    arabic.draw(painter, middle + QPointF(0, 0.94 * em_of(font)), LineAnchor::centre);
+    return middle.x() + std::max(english.width(), arabic.width()) / 2;
+}
+
+void PageTable::paint_mark(QPainter& painter, PageFont font, const QPointF& place) const {
     font.bold = false;
     font.colour = PageColours::green;
     const PageText mark(rule_mark, font, first_language());
-    mark.draw(painter, QPointF(at, baseline), mirrored() ? LineAnchor::right : LineAnchor::left);
+    mark.draw(painter, place, mirrored() ? LineAnchor::right : LineAnchor::left);
 }
 
 } // namespace halvane

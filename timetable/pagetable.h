@@ -66,9 +66,13 @@ private:
     void paint_headings(QPainter& painter, const QRectF& room) const;
     void paint_row(QPainter& painter, const QRectF& row, const SheetRow& content) const;
     void paint_cell(QPainter& painter, const QRectF& place, std::size_t number, const SheetRow& row) const;
-    void paint_twins(QPainter& painter, const TwinWords& words, PageFont font, double left, double right,
-                     double centre) const;
-    void paint_mark(QPainter& painter, PageFont font, double at, double baseline) const;
+    // Each paints a cell's text in the middle of its row and gives where a mark behind it begins.
+    double paint_text(QPainter& painter, const QRectF& block, const PageFont& font, const TwinWords& words,
+                      bool begin_alike) const;
+    double paint_side_by_side(QPainter& painter, const QRectF& block, const PageFont& font,
+                              const TwinWords& words) const;
+    double paint_stacked(QPainter& painter, const QRectF& block, PageFont font, const TwinWords& words) const;
+    void paint_mark(QPainter& painter, PageFont font, const QPointF& place) const;
 
     const TimetableSheet& sheet_;
     PageLanguage language_;

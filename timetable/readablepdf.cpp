@@ -30,7 +30,11 @@ QByteArray in_brackets(Code code) {
 }
 
 bool is_presentation_form(char16_t letter) {
-    return (letter >= 0xFB50 && letter <= 0xFDFF) || (letter >= 0xFE70 && letter <= 0xFEFE);
+    return (letter >= 0xFB00 && letter <= 0xFDFF) || (letter >= 0xFE70 && letter <= 0xFEFE);
+}
+
+bool is_right_to_left(QChar letter) {
+    return letter.direction() == QChar::DirR || letter.direction() == QChar::DirAL;
 }
 
 /// The letters of a shape, in their order.
@@ -75,6 +79,10 @@ FontTexts texts_of(const std::map<Code, char16_t>& shapes, Code free) {
         const QString letters = letters_of(shape);
         if (shape == 0 || letters.isEmpty())
             continue;
+        if (!is_right_to_left(letters[0])) {
+            font.texts[code] = letters;
+            continue;
+        }
         font.texts[code] = letters.left(1);
         for (const QChar letter : letters.mid(1)) {
             const auto [place, added] = inkless.try_emplace(letter, free);
@@ -99,7 +107,10 @@ QByteArray map_of(const FontTexts& font) {
             of_block = std::min(left, most_of_block);
             map += QByteArray::number(of_block) + " beginbfchar\n";
         }
-        map += in_brackets(code) + ' ' + in_brackets(text[0].unicode()) + '\n';
+        map += in_brackets(code) + " <";
+        for (const QChar letter : text)
+            map += hexadecimal(letter.unicode());
+        map += ">\n";
         --left;
         if (--of_block == 0)
             map += "endbfchar\n";

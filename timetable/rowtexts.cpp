@@ -1,34 +1,25 @@
 // SPDX-License-Identifier: MIT
 #include "timetable/rowtexts.h"
 
-#include <stdexcept>
+#include "calendar/civildate.h"
+#include "report/valuetext.h"
+#include "stored/windows1256.h"
+#include "timetable/cells.h"
+
+#include <cstdlib>
 
 namespace halvane {
+namespace {
+
+void append_two(std::string& text, char sign, int number) {
+    append_two_digits(text += sign, number);
+}
+
+} // namespace
+
 const TwinText& name_of(TimetableColumn column, PrayerNames names) {
     const ColumnNames& both = names_of(column);
     return names == PrayerNames::halvane ? both.halvane : both.common;
-}
-
-TwinText words_of(TimeSource source) {
-    switch (source) {
-    case TimeSource::sky:
-        return {"by the Sun", "حسب الشمس"};
-    case TimeSource::interval:
-        return {"by an interval after Maghreb", "بعد المغرب بمدة ثابتة"};
-    case TimeSource::middle:
-        return {"by the middle of the night", "حسب منتصف الليل"};
-    case TimeSource::seventh:
-        return {"by a seventh of the night", "حسب سبع الليل"};
-    case TimeSource::angle:
-        return {"by the angle's part of the night", "حسب نسبة الزاوية من الليل"};
-    case TimeSource::nearest_latitude:
-        return {"by the nearest latitude", "حسب أقرب العروض"};
-    case TimeSource::share:
-        return {"by the share of the night at a lower latitude", "حسب نسبة الليل في عرض أدنى"};
-    case TimeSource::year:
-        return {"by the alternative method of high latitudes", "حسب الطريقة البديلة للعروض العالية"};
-    }
-    throw std::logic_error("a source of times without words");
 }
 
 std::string text_in(PageLanguage language, const TwinWords& words) {
@@ -37,6 +28,24 @@ std::string text_in(PageLanguage language, const TwinWords& words) {
     if (language == PageLanguage::english || words.english == words.arabic)
         return words.english;
     return words.english + " / " + words.arabic;
+}
+
+std::string instant_text(const TimetableRow& row, const LocalClock& clock) {
+    constexpr int day = 86400;
+    if (clock.offset % 60 != 0) {
+        const int universal = clock.seconds - clock.offset + (clock.day + 1) * day;
+        return instant_text(row, {universal / day - 1, universal % day, 0});
+    }
+    std::string text = clock.day == 0 ? iso_date(row.date) : iso_date(civil_date(row.jd + clock.day));
+    (text += 'T') += clock_text(clock, true);
+    const int minutes = std::abs(clock.offset) / 60;
+    append_two(text, clock.offset < 0 ? '-' : '+', minutes / 60);
+    append_two(text, ':', minutes % 60);
+    return text;
+}
+
+std::string as_utf8(const std::string& text) {
+    return is_utf8(text) ? text : utf8_of_windows1256(text);
 }
 
 } // namespace halvane

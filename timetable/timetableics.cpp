@@ -2,9 +2,9 @@
 #include "base/failure.h"
 #include "base/numberformat.h"
 #include "base/version.h"
-#include "stored/windows1256.h"
 #include "timetable/cells.h"
 #include "timetable/rowtexts.h"
+#include "timetable/sheetnotes.h"
 #include "timetable/timetablefiles.h"
 
 #include <chrono>
@@ -42,7 +42,7 @@ void append_line(std::string& text, std::string_view line) {
 /// A value of the type TEXT (3.3.11).
 std::string escaped(const std::string& text) {
     std::string value;
-    for (const char c : is_utf8(text) ? text : utf8_of_windows1256(text)) {
+    for (const char c : as_utf8(text)) {
         if (c == '\n')
             value += "\\n";
         else if (c == '\\' || c == ';' || c == ',')
@@ -106,6 +106,7 @@ private:
     void add_hijri_month(const TimetableRow& row);
     void line(std::string_view content) { append_line(text_, content); }
 
+    const Profile& profile_;
     const PageSettings& page_;
     std::string text_;
     std::string stamp_;
@@ -113,7 +114,8 @@ private:
     std::string uid_end_;
 };
 
-Calendar::Calendar(const Timetable& timetable, const PageSettings& page, std::int64_t stamp) : page_(page) {
+Calendar::Calendar(const Timetable& timetable, const PageSettings& page, std::int64_t stamp)
+    : profile_(timetable.settings.profile), page_(page) {
     const Location& location = timetable.settings.place.location;
     const double latitude = latitude_of(location);
     const double longitude = longitude_of(location);
@@ -154,7 +156,7 @@ void Calendar::add_moment(const TimetableRow& row, const RowTime& time, Timetabl
     line("DTSTART:" + utc_text(utc_seconds(row, *time.clock)));
     end_event(summary);
     if (is_by_rule(time.source))
-        line("DESCRIPTION:" + escaped(text_in(page_.language, words_of(time.source))));
+        line("DESCRIPTION:" + escaped(text_in(page_.language, words_of(time.source, profile_))));
     if (page_.alarm_minutes) {
         line("BEGIN:VALARM");
         line("ACTION:DISPLAY");

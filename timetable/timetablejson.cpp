@@ -7,11 +7,10 @@
 #include "report/valuetext.h"
 #include "timetable/cells.h"
 #include "timetable/rowtexts.h"
+#include "timetable/sheetnotes.h"
 #include "timetable/timetablefiles.h"
 
 #include <nlohmann/json.hpp>
-
-#include <cstdlib>
 
 namespace halvane {
 namespace {
@@ -97,7 +96,7 @@ Json whole(double value) {
 }
 
 Json json_of(const Location& location) {
-    return {{"name", location.name},
+    return {{"name", as_utf8(location.name)},
             {"latitude", number(latitude_of(location))},
             {"longitude", number(longitude_of(location))},
             {"elevation", number(location.elevation)},
@@ -164,7 +163,7 @@ Json high_latitude_of(const Profile& profile) {
 }
 
 Json json_of(const Profile& profile) {
-    Json rules{{"name", profile.name},
+    Json rules{{"name", as_utf8(profile.name)},
                {"of_preferences", profile.preferences.has_value()},
                {"authority", authority_of(profile)},
                {"fajer_angle", number(profile.fajer_angle)},
@@ -216,25 +215,6 @@ const char* type_of(TimetableColumn column) {
     default:
         return "time";
     }
-}
-
-void append_two(std::string& text, char sign, int number) {
-    append_two_digits(text += sign, number);
-}
-
-/// "2026-02-18T04:57:00+03:00"; in Universal Time ("Z") where the offset has seconds, which the form has not.
-std::string instant_text(const TimetableRow& row, const LocalClock& clock) {
-    constexpr int day = 86400;
-    if (clock.offset % 60 != 0) {
-        const int universal = clock.seconds - clock.offset + (clock.day + 1) * day;
-        return instant_text(row, {universal / day - 1, universal % day, 0});
-    }
-    std::string text = clock.day == 0 ? iso_date(row.date) : iso_date(civil_date(row.jd + clock.day));
-    (text += 'T') += clock_text(clock, true);
-    const int minutes = std::abs(clock.offset) / 60;
-    append_two(text, clock.offset < 0 ? '-' : '+', minutes / 60);
-    append_two(text, ':', minutes % 60);
-    return text;
 }
 
 /// A time; null where there is none without a reason, as an iqamah that the profile has not.
@@ -299,7 +279,8 @@ Json columns_of(const PageSettings& page) {
 Json notes_of(const Timetable& timetable) {
     Json notes{{"rules", Json::array()}, {"clock_changes", Json::array()}};
     for (const TimeSource source : timetable.rules)
-        notes["rules"].push_back({{"key", key_of(source)}, {"text", twin(words_of(source))}});
+        notes["rules"].push_back(
+            {{"key", key_of(source)}, {"text", twin(words_of(source, timetable.settings.profile))}});
     for (const TimetableRow& row : timetable.rows)
         if (row.clock_changes)
             notes["clock_changes"].push_back(iso_date(row.date));
@@ -314,22 +295,18 @@ Json json_of(const ZoneDifference& difference) {
             {"last", iso_date(civil_date(difference.last))}};
 }
 
-/// Bytes that are not UTF-8, as an unlucky name of a place may hold, are replaced.
-std::string dumped(const Json& json) {
-    return json.dump(-1, ' ', false, Json::error_handler_t::replace);
-}
-
 } // namespace
 
 std::string json_of(const Timetable& timetable, const PageSettings& page) {
     constexpr std::size_t usual_column = 90;
-    std::string text = dumped({{"program", "Halvane"},
-                               {"version", version},
-                               {"task", "timetable"},
-                               {"settings", json_of(timetable.settings)},
-                               {"zone_difference", json_of(timetable.zone_difference)},
-                               {"notes", notes_of(timetable)},
-                               {"columns", columns_of(page)}});
+    std::string text = Json({{"program", "Halvane"},
+                             {"version", version},
+                             {"task", "timetable"},
+                             {"settings", json_of(timetable.settings)},
+                             {"zone_difference", json_of(timetable.zone_difference)},
+                             {"notes", notes_of(timetable)},
+                             {"columns", columns_of(page)}})
+                           .dump();
     text.reserve(text.size() + timetable.rows.size() * page.columns.size() * usual_column);
     text.pop_back(); // the object goes on
     text += ",\"rows\":[";
@@ -338,7 +315,7 @@ std::string json_of(const Timetable& timetable, const PageSettings& page) {
         for (const TimetableColumn column : page.columns)
             values[names_of(column).key] = json_of(timetable, row, column);
         text += &row == timetable.rows.data() ? "\n" : ",\n";
-        text += dumped(values);
+        text += values.dump();
     }
     return text += "\n]}\n";
 }

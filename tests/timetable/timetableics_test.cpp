@@ -127,7 +127,7 @@ TEST(CalendarFile, TellsOfARuleThatMadeATime) {
     Timetable timetable = one_fajer();
     timetable.rows[0].times[DayTime::fajer].source = TimeSource::seventh;
     const std::string text = ics_of(timetable, {}, stamp);
-    EXPECT_NE(text.find("\r\nDESCRIPTION:by a seventh of the night\r\n"), std::string::npos) << text;
+    EXPECT_NE(text.find("\r\nDESCRIPTION:by one seventh of the night\r\n"), std::string::npos) << text;
 }
 
 TEST(CalendarFile, ChangesOneEventWithOneMinute) {

@@ -145,9 +145,9 @@ public:
 
     TimetableSheet run() {
         const TwinWords title{"Prayer times", "مواقيت الصلاة"};
-        const TwinWords own = by_hijri_ ? hijri_range(rows_) : civil_range(rows_);
         TimetableSheet sheet;
-        sheet.title = {title.english + ", " + own.english, title.arabic + "، " + own.arabic};
+        sheet.month = by_hijri_ ? hijri_range(rows_) : civil_range(rows_);
+        sheet.title = {title.english + ", " + sheet.month.english, title.arabic + "، " + sheet.month.arabic};
         sheet.hijri_months = by_hijri_ ? civil_range(rows_) : hijri_range(rows_);
         sheet.place = alike(timetable_.settings.place.location.name);
         sheet.coordinates = coordinates_of(timetable_.settings.place.location);
@@ -237,7 +237,7 @@ private:
 
     static void take_digits(TimetableSheet& sheet) {
         for (TwinWords* words :
-             {&sheet.title, &sheet.hijri_months, &sheet.coordinates, &sheet.zone, &sheet.rules})
+             {&sheet.title, &sheet.month, &sheet.hijri_months, &sheet.coordinates, &sheet.zone, &sheet.rules})
             words->arabic = arabic_digits(words->arabic);
         for (SheetRow& row : sheet.rows)
             for (SheetCell& cell : row.cells)

@@ -42,6 +42,7 @@ struct TimetableSheet {
     std::vector<SheetColumn> columns;
     std::vector<SheetRow> rows;
     std::vector<TwinWords> notes; ///< rules of marked times, clock changes, zone differences, iqamah
+    TwinWords month;              ///< "February 2026"
 };
 
 /// The sheets of a timetable: one for each civil month, or Hijri month when its span is of such.

@@ -41,6 +41,7 @@ std::string text_of_timetable(const Timetable& timetable, const PageSettings& pa
     case TimetableFormat::json:
         return json_of(timetable, page);
     case TimetableFormat::html:
+        return html_of(timetable, page);
     case TimetableFormat::pdf:
         break;
     }

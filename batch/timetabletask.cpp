@@ -13,6 +13,7 @@
 #include "stored/programfolder.h"
 #include "stored/textfile.h"
 #include "stored/unfinishedfile.h"
+#include "timetable/comparetable.h"
 #include "timetable/manyplaces.h"
 #include "timetable/profilefile.h"
 #include "timetable/profilekeys.h"
@@ -41,6 +42,7 @@ struct TimetableOptions {
     std::string month, year, hijri_month, hijri_year, from, to;
     std::string place, places_file, zone_name;
     std::optional<double> latitude, longitude, zone, height;
+    std::string compare;
     std::string profile, columns, layout, language, paper, clock;
     std::string format = "csv";
     std::string output;
@@ -202,6 +204,8 @@ public:
     }
 
     int run(Progress& progress) {
+        if (!options_.compare.empty())
+            return compare(progress);
         load_needed(profile_);
         return options_.places_file.empty() ? run_one(progress) : run_many(progress);
     }
@@ -231,6 +235,24 @@ private:
         save(path, text_of(*timetable));
         if (!is_standard_output(path))
             std::cout << path << "\n";
+        return status_done;
+    }
+
+    /// Tells how far a table of the user's is from the timetable.
+    int compare(Progress& progress) {
+        if (!options_.places_file.empty())
+            throw UsageMistake("--compare and --places exclude each other");
+        const ForeignTable table = foreign_table_of_text(read_text_file(options_.compare), options_.compare);
+        profile_.page.columns = table.columns;
+        load_needed(profile_);
+        const std::optional<Timetable> timetable =
+            make_timetable(loaded_theory(), {place_of(options_), profile_, span_}, progress);
+        if (!timetable)
+            return cancelled();
+        const std::string path = options_.output.empty() ? std::string(standard_output) : options_.output;
+        require_no_program_file(path);
+        const TwinWords words = comparison_text(compare_table(table, *timetable), profile_.page.names);
+        save(path, profile_.page.language == PageLanguage::arabic ? words.arabic : words.english);
         return status_done;
     }
 
@@ -339,6 +361,10 @@ void add_page_options(CLI::App& command, TimetableOptions& options) {
     one_of("--paper", options.paper, "Paper: ", {"A4", "Letter"});
     one_of("--clock", options.clock, "Hours of the page: ", {"24", "12"});
     one_of("--format", options.format, "", format_names());
+    command
+        .add_option("--compare", options.compare,
+                    "A CSV table of times to compare with: prints the differences in the place of a file")
+        ->type_name("FILE");
     command
         .add_option("--output", options.output,
                     "File to write, - for standard output; the folder of the files with --places")

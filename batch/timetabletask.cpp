@@ -303,7 +303,8 @@ int run_timetable(const TimetableOptions& options, const PdfMaker& pdf, Progress
     try {
         return TimetableWork(options, pdf).run(progress);
     } catch (const UsageMistake& mistake) {
-        std::cerr << "halvane-report: " << mistake.what() << ".\n";
+        const std::string words = mistake.what();
+        std::cerr << "halvane-report: " << words << (words.ends_with('.') ? "\n" : ".\n");
         return status_usage;
     }
 }

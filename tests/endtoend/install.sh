@@ -15,6 +15,8 @@ for name in "$data"/*.vsk "$data"/*.txt "$data"/*.csv "$data"/*.gif; do
 done
 [ "$(find "$moved/images" -type f | wc -l)" = "$(find "$data/images" -type f | wc -l)" ] || fail "the pictures"
 [ "$("$moved/halvane-report" today | wc -l)" = 6 ] || fail "today's times from the moved folder"
+"$moved/halvane-report" timetable --month 2026-02 --format pdf --output - | head -c 5 | grep -q %PDF- ||
+    fail "a PDF file from the moved folder"
 
 echo "The program from the moved folder"
 "$moved/halvane" &

@@ -213,8 +213,11 @@ public:
 private:
     std::string text_of(const Timetable& timetable) const {
         const PageSettings& page = profile_.page;
-        return format_ == TimetableFormat::pdf ? pdf_.pdf_of(timetable, page)
-                                               : text_of_timetable(timetable, page, format_, now_utc());
+        if (format_ == TimetableFormat::pdf)
+            return pdf_.pdf_of(timetable, page);
+        const bool adds_rules = format_ == TimetableFormat::csv && options_.columns.empty();
+        return text_of_timetable(timetable, adds_rules ? with_rules(timetable, page) : page, format_,
+                                 now_utc());
     }
 
     int cancelled() const {

@@ -21,6 +21,17 @@ std::string rules_text(const TimetableRow& row) {
     return text;
 }
 
+constexpr int half_day = 43200; // [s]
+
+std::string twelve_hours(const LocalClock& clock, bool seconds) {
+    LocalClock shown = clock;
+    shown.seconds %= half_day;
+    if (shown.seconds < seconds_of_hour)
+        shown.seconds += half_day;
+    const std::string text = clock_text(shown, seconds);
+    return text.starts_with('0') ? text.substr(1) : text;
+}
+
 } // namespace
 
 void append_two_digits(std::string& text, int number) {
@@ -112,6 +123,14 @@ std::string clock_text(const LocalClock& clock, bool seconds) {
         append_two_digits(text, clock.seconds % 60);
     }
     return text;
+}
+
+TwinWords clock_words(const LocalClock& clock, bool seconds, ClockFace face) {
+    if (face == ClockFace::hours_24)
+        return TwinWords(clock_text(clock, seconds), clock_text(clock, seconds));
+    const std::string text = twelve_hours(clock, seconds);
+    return clock.seconds < half_day ? TwinWords{text + " am", text + " ص"}
+                                    : TwinWords{text + " pm", text + " م"};
 }
 
 std::string machine_text(const Timetable& timetable, const TimetableRow& row, TimetableColumn column) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/twintext.h"
 #include "timetable/timetable.h"
 
 #include <string>
@@ -21,6 +22,9 @@ void append_two_digits(std::string& text, int number);
 
 /// "04:57", or "04:57:12".
 std::string clock_text(const LocalClock& clock, bool seconds);
+
+/// The same on a page's face: "4:57 am" in 12 hours.
+TwinWords clock_words(const LocalClock& clock, bool seconds, ClockFace face);
 
 /// The value of a column as CSV has it: ISO date, "1447-09-01", "Friday", "04:57", "waxing_crescent"; an
 /// empty text for a time that does not exist, several ones apart by a blank; the rules as

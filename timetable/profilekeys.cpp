@@ -186,6 +186,41 @@ constexpr ProfileKey word_key(const char* section, const char* key) {
             [](const Profile& profile) { return word_of(member(profile), words); }};
 }
 
+// Which member a key stands for.
+constexpr auto the_hanafi = [](auto& profile) -> auto& {
+    return profile.hanafi;
+};
+constexpr auto the_height_counts = [](auto& profile) -> auto& {
+    return profile.height_counts;
+};
+constexpr auto the_high_latitude = [](auto& profile) -> auto& {
+    return profile.high_latitude;
+};
+constexpr auto the_rule_use = [](auto& profile) -> auto& {
+    return profile.rule_use;
+};
+constexpr auto the_night_until_fajer = [](auto& profile) -> auto& {
+    return profile.night_until_fajer;
+};
+constexpr auto the_seconds = [](auto& profile) -> auto& {
+    return profile.seconds;
+};
+constexpr auto the_clock = [](auto& profile) -> auto& {
+    return profile.page.clock;
+};
+constexpr auto the_names = [](auto& profile) -> auto& {
+    return profile.page.names;
+};
+constexpr auto the_digits = [](auto& profile) -> auto& {
+    return profile.page.digits;
+};
+constexpr auto the_language = [](auto& profile) -> auto& {
+    return profile.page.language;
+};
+constexpr auto the_paper = [](auto& profile) -> auto& {
+    return profile.page.paper;
+};
+
 constexpr ProfileKey keys[] = {
     {"rules", "authority",
      [](Profile& profile, std::string_view value) -> std::string {
@@ -220,43 +255,38 @@ constexpr ProfileKey keys[] = {
          return take_number_or_0(profile.maghreb_angle, value, least_angle, greatest_angle);
      },
      [](const Profile& profile) { return plain_number(profile.maghreb_angle); }},
-    word_key < shadow_words, [](auto& profile) -> auto& {return profile.hanafi;
-} // namespace
-> ("rules", "aser"), word_key < height_words, [](auto& profile) -> auto& {
-    return profile.height_counts;
-}
-> ("rules", "height"), word_key < rule_words, [](auto& profile) -> auto& {
-    return profile.high_latitude;
-}
-> ("rules", "high_latitude"), word_key < use_words, [](auto& profile) -> auto& {
-    return profile.rule_use;
-}
-> ("rules", "high_latitude_use"),
+    word_key<shadow_words, the_hanafi>("rules", "aser"),
+    word_key<height_words, the_height_counts>("rules", "height"),
+    word_key<rule_words, the_high_latitude>("rules", "high_latitude"),
+    word_key<use_words, the_rule_use>("rules", "high_latitude_use"),
     {"rules", "reference_latitude",
      [](Profile& profile, std::string_view value) {
          return take_number_or_0(profile.reference_latitude, value, 1, greatest_reference);
      },
      [](const Profile& profile) { return plain_number(profile.reference_latitude); }},
-    word_key < night_words, [](auto& profile) -> auto& {
-    return profile.night_until_fajer;
-}
-> ("rules", "night_until"),
+    word_key<night_words, the_night_until_fajer>("rules", "night_until"),
     {"rules", "imsak_minutes",
      [](Profile& profile, std::string_view value) {
          return take_number(profile.imsak_minutes, value, 0, most_imsak_minutes);
      },
      [](const Profile& profile) { return plain_number(profile.imsak_minutes); }},
-    word_key < yes_words, [](auto& profile) -> auto& {
-    return profile.seconds;
-}
-> ("rules", "seconds"), added_key<DayTime::fajer>("fajer"), added_key<DayTime::shuroq>("shuroq"),
-    added_key<DayTime::dhohur>("dhohur"), added_key<DayTime::aser>("aser"),
-    added_key<DayTime::maghreb>("maghreb"), added_key<DayTime::isha>("isha"),
-    rounding_key<DayTime::fajer>("fajer"), rounding_key<DayTime::shuroq>("shuroq"),
-    rounding_key<DayTime::dhohur>("dhohur"), rounding_key<DayTime::aser>("aser"),
-    rounding_key<DayTime::maghreb>("maghreb"), rounding_key<DayTime::isha>("isha"),
-    iqamah_key<DayTime::fajer>("fajer"), iqamah_key<DayTime::dhohur>("dhohur"),
-    iqamah_key<DayTime::aser>("aser"), iqamah_key<DayTime::maghreb>("maghreb"),
+    word_key<yes_words, the_seconds>("rules", "seconds"),
+    added_key<DayTime::fajer>("fajer"),
+    added_key<DayTime::shuroq>("shuroq"),
+    added_key<DayTime::dhohur>("dhohur"),
+    added_key<DayTime::aser>("aser"),
+    added_key<DayTime::maghreb>("maghreb"),
+    added_key<DayTime::isha>("isha"),
+    rounding_key<DayTime::fajer>("fajer"),
+    rounding_key<DayTime::shuroq>("shuroq"),
+    rounding_key<DayTime::dhohur>("dhohur"),
+    rounding_key<DayTime::aser>("aser"),
+    rounding_key<DayTime::maghreb>("maghreb"),
+    rounding_key<DayTime::isha>("isha"),
+    iqamah_key<DayTime::fajer>("fajer"),
+    iqamah_key<DayTime::dhohur>("dhohur"),
+    iqamah_key<DayTime::aser>("aser"),
+    iqamah_key<DayTime::maghreb>("maghreb"),
     iqamah_key<DayTime::isha>("isha"),
     {"iqamah", "jumuah",
      [](Profile& profile, std::string_view value) -> std::string {
@@ -267,22 +297,11 @@ constexpr ProfileKey keys[] = {
          return good;
      },
      [](const Profile& profile) { return profile.jumuah.empty() ? "none" : jumuah_text(profile.jumuah); }},
-    word_key < clock_words, [](auto& profile) -> auto& {
-    return profile.page.clock;
-}
-> ("page", "clock"), word_key < names_words, [](auto& profile) -> auto& {
-    return profile.page.names;
-}
-> ("page", "names"), word_key < digits_words, [](auto& profile) -> auto& {
-    return profile.page.digits;
-}
-> ("page", "digits"), word_key < language_words, [](auto& profile) -> auto& {
-    return profile.page.language;
-}
-> ("page", "language"), word_key < paper_words, [](auto& profile) -> auto& {
-    return profile.page.paper;
-}
-> ("page", "paper"),
+    word_key<clock_words, the_clock>("page", "clock"),
+    word_key<names_words, the_names>("page", "names"),
+    word_key<digits_words, the_digits>("page", "digits"),
+    word_key<language_words, the_language>("page", "language"),
+    word_key<paper_words, the_paper>("page", "paper"),
     {"page", "alarm_minutes",
      [](Profile& profile, std::string_view value) -> std::string {
          profile.page.alarm_minutes.reset();

@@ -65,9 +65,15 @@ TwinWords isha_words(const Profile& profile, PrayerNames names) {
 TwinWords source_of_rules(const Profile& profile) {
     if (profile.preferences)
         return {"by the preferences", "حسب الخيارات"};
-    if (const Authority* authority = find_authority(profile.authority))
-        return authority->name;
-    return {profile.name, profile.name};
+    const Authority* authority = find_authority(profile.authority);
+    if (profile.name.empty())
+        return authority != nullptr ? TwinWords(authority->name) : TwinWords();
+    TwinWords words{"profile " + profile.name, "القواعد: " + profile.name};
+    if (authority != nullptr) {
+        words.english += std::string(", after ") + authority->name.english;
+        words.arabic += std::string("، عن ") + authority->name.arabic;
+    }
+    return words;
 }
 
 std::string added_words(const Profile& profile, PrayerNames names, Language language) {
@@ -126,6 +132,21 @@ void note_clock_changes(std::vector<TwinWords>& notes, Rows rows) {
             notes.push_back(
                 {"The clock changes on " + date.english + ".", "تتغير الساعة في " + date.arabic + "."});
         }
+}
+
+void note_jumuah(std::vector<TwinWords>& notes, Rows rows, const Timetable& timetable,
+                 const PageSettings& page) {
+    const auto friday =
+        std::find_if(rows.begin(), rows.end(), [](const TimetableRow& row) { return !row.jumuah.empty(); });
+    if (friday == rows.end() || page.shows(TimetableColumn::jumuah))
+        return;
+    TwinWords clocks;
+    for (const RowTime& time : friday->jumuah) {
+        const TwinWords words = clock_words(*time.clock, timetable.to_second, page.clock);
+        clocks.english += (clocks.english.empty() ? "" : ", ") + words.english;
+        clocks.arabic += (clocks.arabic.empty() ? "" : "، ") + words.arabic;
+    }
+    notes.push_back({"Jumu'ah: " + clocks.english, "الجمعة: " + clocks.arabic});
 }
 
 void note_night(std::vector<TwinWords>& notes, const Profile& profile, const PageSettings& page) {
@@ -226,6 +247,7 @@ std::vector<TwinWords> notes_of(const Timetable& timetable, const PageSettings& 
             notes.push_back({"* " + words.english + ", not by the Sun's own place.",
                              "* " + words.arabic + "، لا بموضع الشمس نفسه."});
         }
+    note_jumuah(notes, rows, timetable, page);
     note_missing(notes, rows);
     note_clock_changes(notes, rows);
     note_night(notes, timetable.settings.profile, page);

@@ -29,6 +29,12 @@ std::span<const TimetableFormat> timetable_formats() {
     return formats;
 }
 
+PageSettings with_rules(const Timetable& timetable, PageSettings page) {
+    if (!timetable.rules.empty() && !page.shows(TimetableColumn::rules))
+        page.columns.push_back(TimetableColumn::rules);
+    return page;
+}
+
 std::string text_of_timetable(const Timetable& timetable, const PageSettings& page, TimetableFormat format,
                               std::int64_t stamp) {
     switch (format) {

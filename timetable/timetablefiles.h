@@ -22,6 +22,9 @@ inline constexpr const char* display_layout = "display";
 /// The columns that its rows need.
 std::vector<TimetableColumn> display_columns();
 
+/// A page with the column of rules, where a rule has made a time: CSV has no other place for the marks.
+PageSettings with_rules(const Timetable& timetable, PageSettings page);
+
 /// The text of a timetable in a format but PDF, whose painter needs more than this room.
 /// In     stamp  seconds since 1970 of the export                                                [s]
 std::string text_of_timetable(const Timetable& timetable, const PageSettings& page, TimetableFormat format,

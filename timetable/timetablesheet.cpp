@@ -105,26 +105,6 @@ bool is_hijri(SpanKind kind) {
     return kind == SpanKind::hijri_month || kind == SpanKind::hijri_year;
 }
 
-constexpr int half_day = 43200; // [s]
-
-std::string twelve_hours(const LocalClock& clock, bool seconds) {
-    constexpr int hour = 3600;
-    LocalClock shown = clock;
-    shown.seconds %= half_day;
-    if (shown.seconds < hour)
-        shown.seconds += half_day;
-    const std::string text = clock_text(shown, seconds);
-    return text.starts_with('0') ? text.substr(1) : text;
-}
-
-TwinWords clock_words(const LocalClock& clock, bool seconds, ClockFace face) {
-    if (face == ClockFace::hours_24)
-        return alike(clock_text(clock, seconds));
-    const std::string text = twelve_hours(clock, seconds);
-    return clock.seconds < half_day ? TwinWords{text + " am", text + " ص"}
-                                    : TwinWords{text + " pm", text + " م"};
-}
-
 std::string arabic_digits(const std::string& text) {
     constexpr std::array<const char*, 10> digits{"٠", "١", "٢", "٣", "٤", "٥", "٦", "٧", "٨", "٩"};
     std::string result;
@@ -225,7 +205,7 @@ private:
             const TwinWords words = time.clock ? clock_words(*time.clock, timetable_.to_second, page_.clock)
                                                : missing_words(time, column);
             cell.text = cell.text.english.empty() ? words : joined(cell.text, "  ", words);
-            cell.marked = cell.marked || is_by_rule(time.source);
+            cell.marked = cell.marked || (is_by_rule(time.source) && !is_iqamah(column));
         }
         return cell;
     }

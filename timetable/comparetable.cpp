@@ -159,6 +159,7 @@ std::string text_in(const TableComparison& comparison, PrayerNames names, Langua
     if (comparison.twelve_hours)
         (text += half_days.in(language)) += '\n';
     std::vector<std::string> head;
+    head.reserve(headings.size());
     for (const TwinText& heading : headings)
         head.emplace_back(heading.in(language));
     text += '\n' + table_line("", head);

@@ -96,7 +96,7 @@ std::string escaped(const std::string& given) {
 class HtmlFile {
 public:
     HtmlFile(std::span<const TimetableSheet> sheets, const Timetable& timetable, const PageSettings& page)
-        : sheets_(sheets), timetable_(timetable), page_(page), row_(timetable.rows.begin()) {}
+        : sheets_(sheets), page_(page), row_(timetable.rows.begin()) {}
 
     std::string run();
 
@@ -118,7 +118,6 @@ private:
     bool is_arabic() const { return page_.language == PageLanguage::arabic; }
 
     std::span<const TimetableSheet> sheets_;
-    const Timetable& timetable_;
     const PageSettings& page_;
     std::vector<TimetableRow>::const_iterator row_;
     std::string text_;
@@ -203,7 +202,7 @@ std::string HtmlFile::cell_text(const SheetCell& cell, TimetableColumn column) c
     const std::vector<RowTime> times = times_in(*row_, column);
     if (times.empty() || !all_have_clocks(times))
         return words(cell.text);
-    const std::string shown = escaped(is_arabic() ? cell.text.arabic : cell.text.english);
+    std::string shown = escaped(is_arabic() ? cell.text.arabic : cell.text.english);
     if (times.size() > 1 || row_->date.year < 1) // HTML knows no dates before the year 1
         return shown;
     return "<time datetime=\"" + instant_text(*row_, *times.front().clock) + "\">" + shown + "</time>";

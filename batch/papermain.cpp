@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// halvane-paper: halvane-report with painter and fonts, which it becomes for PDF files.
+// halvane-paper: halvane-report with a painter, which it becomes for PDF files.
 #include "batch/batchprogram.h"
 #include "timetable/timetablepdf.h"
 
@@ -8,10 +8,9 @@
 #include <optional>
 
 int main(int argc, char** argv) {
-    std::optional<QGuiApplication>
-        application; // fonts need one; nothing is shown, so a display is never asked for
+    std::optional<QGuiApplication> application; // fonts need one
     const auto begin = [&] {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+        qputenv("QT_QPA_PLATFORM", "offscreen");                                   // nothing is shown
         QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false")); // of a missing session
         application.emplace(argc, argv);
     };

@@ -9,8 +9,8 @@ namespace halvane {
 struct PageSettings;
 struct Timetable;
 
-/// How a program of the batch comes to PDF files. halvane-report knows neither fonts nor painters, so it
-/// becomes halvane-paper, which has the same command line.
+/// How a program of the batch comes to PDF files. halvane-report has no painter, so it becomes halvane-paper,
+/// which has the same command line.
 struct PdfMaker {
     /// Asked once the command line is read, before anything is calculated. It returns where `pdf_of` is
     /// there; else the process goes on as another program. Error  raises RunTimeFailure

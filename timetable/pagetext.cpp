@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "timetable/pagetext.h"
 
+#include <QFontMetricsF>
 #include <QStringList>
 #include <QTextOption>
 #include <algorithm>
@@ -47,6 +48,12 @@ double start_of(double width, LineAnchor anchor) {
 }
 
 } // namespace
+
+bool has_font(Language language) {
+    constexpr char32_t latin = U'A';
+    constexpr char32_t alef = U'\u0627';
+    return QFontMetricsF(font_of(PageFont())).inFontUcs4(language == Language::english ? latin : alef);
+}
 
 double em_of(const PageFont& font) {
     constexpr double millimetres_of_point = 25.4 / 72;

@@ -23,6 +23,10 @@ struct PageFont {
     QColor colour;
 };
 
+/// Whether the system has a font with a letter of the language, for want of which a page would be without
+/// words.
+bool has_font(Language language);
+
 /// The em of a font                                                                        [page units]
 double em_of(const PageFont& font);
 

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "timetable/timetablepdf.h"
 
+#include "base/failure.h"
 #include "timetable/pagepainter.h"
+#include "timetable/pagetext.h"
 #include "timetable/readablepdf.h"
 
 #include <QBuffer>
@@ -22,6 +24,17 @@ void set_up(QPdfWriter& writer, const PageSettings& page, const std::string& tit
     writer.setCreator(QStringLiteral("Halvane"));
 }
 
+/// Error  raises RunTimeFailure when the pages would be without their words.
+void require_fonts(PageLanguage language) {
+    const bool english = language != PageLanguage::arabic;
+    const bool arabic = language != PageLanguage::english;
+    if ((english && !has_font(Language::english)) || (arabic && !has_font(Language::arabic)))
+        throw RunTimeFailure(
+            TwinWords{"There is no font for the pages. Noto Sans and Noto Sans Arabic are in the package "
+                      "fonts-noto-core.",
+                      "لا يوجد خط للصفحات. Noto Sans و Noto Sans Arabic في الحزمة fonts-noto-core."});
+}
+
 /// "Amman: Prayer times, February 2026 - Prayer times, March 2026", in the page's first language.
 std::string document_title(std::span<const TimetableSheet> sheets, const PageSettings& page) {
     if (sheets.empty())
@@ -35,6 +48,7 @@ std::string document_title(std::span<const TimetableSheet> sheets, const PageSet
 
 std::string pdf_of(std::span<const TimetableSheet> sheets, const PageSettings& page,
                    const std::string& title) {
+    require_fonts(page.language);
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);

@@ -10,6 +10,7 @@ namespace halvane {
 
 /// The pages of a timetable as a PDF file: fonts embedded, texts that can be searched and copied.
 /// A QGuiApplication must be running.
+/// Error  raises RunTimeFailure when the system has no font for the page's languages.
 std::string pdf_of(const Timetable& timetable, const PageSettings& page);
 
 /// The same of sheets that are there, one a page.

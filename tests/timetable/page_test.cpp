@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <gtest/gtest.h>
+#include <ostream>
 
 namespace halvane {
 namespace {
@@ -103,6 +104,12 @@ struct PageCase {
     PaperSize paper;
     bool full;
 };
+
+void PrintTo(const PageCase& page, std::ostream* stream) {
+    constexpr const char* names[] = {"English", "Arabic", "both"};
+    *stream << names[static_cast<int>(page.language)] << (page.paper == PaperSize::a4 ? ", A4" : ", Letter")
+            << (page.full ? ", full" : "");
+}
 
 class PageMargins : public testing::TestWithParam<PageCase> {};
 

@@ -147,9 +147,19 @@ def check_places(programs):
 
 
 def check_light(report):
-    """The program of scripts and servers needs no windows and no fonts."""
+    """The program of scripts and servers does without Qt."""
     libraries = told("ldd", report).decode()
-    expect("libc.so" in libraries and not re.search("libQt|libfontconfig|libX11", libraries), f"{report}: {libraries}")
+    expect("libc.so" in libraries and "libQt" not in libraries, f"{report}: {libraries}")
+
+
+def check_fontless(programs, scratch):
+    """Without any font there is no page without words."""
+    fonts = scratch / "fonts.conf"
+    fonts.write_text('<?xml version="1.0"?><fontconfig><dir>/nowhere</dir></fontconfig>')
+    os.environ["FONTCONFIG_FILE"] = str(fonts)
+    done = programs.timetable("--month", "2026-02", "--format", "pdf", "--output", "-")
+    del os.environ["FONTCONFIG_FILE"]
+    expect(done.returncode == 1 and not done.stdout and b"no font" in done.stderr, f"without fonts: {done.stderr}")
 
 
 def check_failures(programs, scratch):
@@ -187,6 +197,7 @@ def main(source, report):
             check_year(programs)
             check_places(programs)
             check_light(report)
+            check_fontless(programs, scratch)
             check_failures(programs, scratch)
         except Difference as difference:
             print(f"FAILED: {difference}")

@@ -39,6 +39,12 @@ double added_beside(const Profile& profile, DayTime time) {
     return profile.preferences || !beside ? 0 : profile.added[time] / minutes_per_hour;
 }
 
+/// A smoothed Isha is a clock alone: one before Maghreb is past midnight.
+SkyTime after_maghreb(const SkyTime& isha, const SkyTime& maghreb) {
+    const bool past_midnight = isha && maghreb && *isha.hours < *maghreb.hours;
+    return past_midnight ? isha.after(hours_per_day) : isha;
+}
+
 SkyTime smoothed(const SmoothedTwilight& twilight) {
     return {twilight.clock.seconds / 3600.0,
             twilight.mark == TwilightMark::none ? TimeSource::sky : TimeSource::year};
@@ -119,8 +125,8 @@ private:
         const auto index = static_cast<std::size_t>(jd - first_of_year_);
         OfSix<SkyTime> result = plain(days_.at(index).times);
         result[DayTime::fajer] = smoothed(smoothed_.at(index).fajer);
-        result[DayTime::isha] =
-            smoothed(smoothed_.at(index).isha).after(added_beside(settings_.profile, DayTime::isha));
+        result[DayTime::isha] = after_maghreb(smoothed(smoothed_.at(index).isha), result[DayTime::maghreb])
+                                    .after(added_beside(settings_.profile, DayTime::isha));
         return result;
     }
 

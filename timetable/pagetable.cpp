@@ -96,19 +96,17 @@ double points_of_row(double height, bool stacked) {
 
 /// Widths that fill `whole`: the narrowest columns are widened first, until they are alike.
 std::vector<double> filled(std::vector<double> widths, double whole) {
-    std::vector<double> rising = widths;
-    std::sort(rising.begin(), rising.end());
-    double sum = 0;
-    double level = 0;
-    for (std::size_t count = 1; count <= rising.size(); ++count) {
-        sum += rising[count - 1];
-        double wider = 0;
-        for (std::size_t other = count; other < rising.size(); ++other)
-            wider += rising[other];
-        level = (whole - wider) / static_cast<double>(count);
-        if (count == rising.size() || level <= rising[count])
+    std::vector<double> falling = widths;
+    std::sort(falling.rbegin(), falling.rend());
+    double left = whole;
+    auto count = static_cast<double>(falling.size());
+    for (const double width : falling) {
+        if (width * count <= left)
             break;
+        left -= width;
+        --count;
     }
+    const double level = count > 0 ? left / count : 0;
     for (double& width : widths)
         width = std::max(width, level);
     return widths;

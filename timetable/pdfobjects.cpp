@@ -25,7 +25,7 @@ qsizetype value_place(const QByteArray& dictionary, const QByteArray& key) {
 
 /// The places of the objects in a table that begins with "xref\n0 N\n"; none for any other.
 std::map<int, int> table_of(const QByteArray& file, int table) {
-    constexpr int entry_size = 20;
+    constexpr qsizetype entry_size = 20;
     const QByteArray head = "xref\n0 ";
     std::map<int, int> places;
     if (file.mid(table, head.size()) != head)
@@ -136,7 +136,7 @@ QByteArray stream_data(const QByteArray& object) {
     const qsizetype end = object.lastIndexOf("endstream");
     if (place < 0 || end < place)
         return {};
-    const QByteArray data = object.mid(place + begin.size(), end - place - begin.size());
+    QByteArray data = object.mid(place + begin.size(), end - place - begin.size());
     if (!object.left(place).contains("/FlateDecode"))
         return data;
     QByteArray packed(4, '\0');

@@ -159,7 +159,7 @@ FontTexts make_readable(PdfObjects& file, int number) {
     const Code glyphs = width_count(descendant);
     if (glyphs == 0 || map_number == 0)
         return {};
-    const FontTexts texts = texts_of(shapes_of(stream_data(file.object(map_number))), glyphs);
+    FontTexts texts = texts_of(shapes_of(stream_data(file.object(map_number))), glyphs);
     const Code codes = texts.texts.empty() ? glyphs : std::max(glyphs, texts.texts.rbegin()->first + 1);
     if (codes > glyphs)
         descendant =
@@ -206,10 +206,10 @@ private:
     }
 
     static QByteArray inkless(const std::vector<Code>& letters) {
-        QByteArray shown = "3 Tr ";
-        for (auto letter = letters.rbegin(); letter != letters.rend(); ++letter)
-            shown += in_brackets(*letter) + " Tj ";
-        return shown + "0 Tr ";
+        QByteArray shown;
+        for (const Code letter : letters)
+            shown.prepend(in_brackets(letter) + " Tj ");
+        return "3 Tr " + shown + "0 Tr ";
     }
 
     const std::map<QByteArray, FontTexts>& fonts_;

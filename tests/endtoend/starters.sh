@@ -15,7 +15,7 @@ fail() {
 
 package=$folder/opt
 mkdir "$package" "$folder/bin" "$folder/home" "$folder/elsewhere"
-cp "$source"/data/*.vsk "$source"/data/*.txt "$package"
+cp "$source"/data/*.vsk "$source"/data/*.txt "$source"/data/*.csv "$package"
 cp "$binaries/halvane-report" "$binaries/halvane-paper" "$binaries/halvane" "$binaries/alert63.exe" "$package"
 for starter in halvane halvane-report userfolder; do
     sed "s|/opt/halvane|$package|g" "$source/packaging/debian/$starter" >"$folder/bin/$starter"

@@ -13,6 +13,7 @@
 #include "stored/programfolder.h"
 #include "stored/textfile.h"
 #include "stored/unfinishedfile.h"
+#include "timetable/clockunits.h"
 #include "timetable/comparetable.h"
 #include "timetable/manyplaces.h"
 #include "timetable/profilefile.h"
@@ -175,7 +176,6 @@ std::string file_name(const std::string& name, const TimetableOptions& options) 
 
 /// Seconds since 1970 of the machine's clock.
 std::int64_t now_utc() {
-    constexpr double unix_epoch = 2440587.5;
     const MachineTime now = universal_time();
     double jd = 0;
     modjul(now.year, now.month, now.day, 0, jd);

@@ -3,14 +3,12 @@
 
 #include "calendar/modday.h"
 #include "report/valuetext.h"
+#include "timetable/clockunits.h"
 
 #include <array>
 
 namespace halvane {
 namespace {
-
-constexpr int seconds_of_hour = 3600;
-constexpr int seconds_of_minute = 60;
 
 std::string rules_text(const TimetableRow& row) {
     std::string text;

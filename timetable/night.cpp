@@ -2,13 +2,12 @@
 #include "timetable/night.h"
 
 #include "events/suntransit.h"
+#include "timetable/clockunits.h"
 
 #include <cmath>
 
 namespace halvane {
 namespace {
-
-constexpr double hours_per_day = 24;
 
 class NightSearch {
 public:
@@ -67,7 +66,7 @@ SkyTime aser_before(Ephemeris& ephemeris, const NightSky& sky, double jd, const 
                     int shadow_lengths) {
     Horizon horizon = sky.horizon;
     horizon.shadow_lengths = shadow_lengths;
-    const double start = night.transit - hours_per_day / 2;
+    const double start = night.transit - hours_per_day / 2.0;
     const RiseSet found =
         find_rise_set(ephemeris, Target::aser, Instant::of_ut1(jd + start / 24), sky.observer, horizon);
     return SkyTime(found.set).after(start);

@@ -47,20 +47,6 @@ double widest_word(const std::string& text, Language language) {
     return widest;
 }
 
-/// Whether a column's cells begin below one another, as words do; figures end so.
-bool holds_words(TimetableColumn column) {
-    switch (column) {
-    case TimetableColumn::date:
-    case TimetableColumn::weekday:
-    case TimetableColumn::hijri:
-    case TimetableColumn::moon_phase:
-    case TimetableColumn::rules:
-        return true;
-    default:
-        return false;
-    }
-}
-
 bool alike(const TwinWords& words) {
     return words.english == words.arabic;
 }
@@ -157,7 +143,7 @@ void PageTable::measure() {
     for (std::size_t number = 0; number < columns_.size(); ++number) {
         Column& column = columns_[number];
         column = {};
-        column.words = holds_words(sheet_.columns[number].column);
+        column.words = !has_times(sheet_.columns[number].column);
         column.heading = heading_width(sheet_.columns[number].heading);
         for (const SheetRow& row : sheet_.rows)
             if (column.words && !mirrored())

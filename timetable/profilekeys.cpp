@@ -2,6 +2,7 @@
 #include "timetable/profilekeys.h"
 
 #include "base/numberformat.h"
+#include "timetable/clockunits.h"
 
 #include <algorithm>
 #include <array>
@@ -11,9 +12,6 @@
 
 namespace halvane {
 namespace {
-
-constexpr int minutes_of_hour = 60;
-constexpr int hours_of_day = 24;
 
 std::optional<double> number_of(std::string_view text) {
     double value = 0;
@@ -33,7 +31,7 @@ std::optional<int> clock_of(std::string_view text) {
     const char* const middle = text.data() + colon;
     const char* const last = text.data() + text.size();
     if (std::from_chars(text.data(), middle, hours).ptr != middle ||
-        std::from_chars(middle + 1, last, minutes).ptr != last || hours < 0 || hours >= hours_of_day ||
+        std::from_chars(middle + 1, last, minutes).ptr != last || hours < 0 || hours >= hours_per_day ||
         minutes < 0 || minutes >= minutes_of_hour)
         return std::nullopt;
     return hours * minutes_of_hour + minutes;

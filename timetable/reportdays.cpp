@@ -4,6 +4,7 @@
 #include "calendar/modjul.h"
 #include "prayer/highlatitude.h"
 #include "prayer/prayerrun.h"
+#include "timetable/clockunits.h"
 #include "timetable/skydays.h"
 
 #include <array>
@@ -11,9 +12,6 @@
 
 namespace halvane {
 namespace {
-
-constexpr double hours_per_day = 24;
-constexpr double minutes_per_hour = 60;
 
 /// A profile's rules in the form of the stored preferences.
 Preferences preferences_of(const Profile& profile) {
@@ -36,7 +34,7 @@ Preferences preferences_of(const Profile& profile) {
 /// What the preferences have no word for, on top of the times                                       [h]
 double added_beside(const Profile& profile, DayTime time) {
     const bool beside = time == DayTime::shuroq || time == DayTime::isha;
-    return profile.preferences || !beside ? 0 : profile.added[time] / minutes_per_hour;
+    return profile.preferences || !beside ? 0 : profile.added[time] / minutes_of_hour;
 }
 
 /// A smoothed Isha is a clock alone: one before Maghreb is past midnight.

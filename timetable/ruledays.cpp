@@ -2,6 +2,7 @@
 #include "calendar/civildate.h"
 #include "calendar/moddateconv.h"
 #include "prayer/prayerday.h"
+#include "timetable/clockunits.h"
 #include "timetable/highlatituderules.h"
 #include "timetable/night.h"
 #include "timetable/skydays.h"
@@ -12,10 +13,6 @@
 
 namespace halvane {
 namespace {
-
-constexpr double hours_per_day = 24;
-constexpr double minutes_per_hour = 60;
-constexpr int ramadan = 9;
 
 NightSky sky_of(const TimetableSettings& settings) {
     const Profile& profile = settings.profile;
@@ -136,7 +133,7 @@ private:
         return fasting ? profile().isha_minutes_ramadan : profile().isha_minutes;
     }
 
-    double added_hours(DayTime time) const { return profile().added[time] / minutes_per_hour; }
+    double added_hours(DayTime time) const { return profile().added[time] / minutes_of_hour; }
 
     SkyDay of_nights(double jd, const Night& before, const Night& after, const NightSky& sky) {
         const double clock = ahead(jd);
@@ -181,7 +178,7 @@ private:
         const double late = added_hours(DayTime::isha);
         if (isha_by_angle())
             return after.isha.after(clock + late);
-        SkyTime time = day.times[DayTime::maghreb].after(isha_minutes(jd) / minutes_per_hour + late);
+        SkyTime time = day.times[DayTime::maghreb].after(isha_minutes(jd) / minutes_of_hour + late);
         time.source = TimeSource::interval;
         return time;
     }

@@ -39,10 +39,7 @@ std::string number(double value) {
 }
 
 TwinWords name_of(DayTime time, PrayerNames names) {
-    constexpr TimetableColumn columns[] = {TimetableColumn::fajer,   TimetableColumn::shuroq,
-                                           TimetableColumn::dhohur,  TimetableColumn::aser,
-                                           TimetableColumn::maghreb, TimetableColumn::isha};
-    const ColumnNames& column = names_of(columns[static_cast<std::size_t>(time)]);
+    const ColumnNames& column = names_of(column_of(time));
     return names == PrayerNames::common ? column.common : column.halvane;
 }
 

@@ -5,13 +5,12 @@
 #include "calendar/modjul.h"
 #include "calendar/modsummer.h"
 #include "prayer/highlatitude.h"
+#include "timetable/clockunits.h"
 
 #include <algorithm>
 
 namespace halvane {
 namespace {
-
-constexpr int seconds_of_hour = 3600;
 
 /// The smaller of a year's offsets in its two halves.
 int standard_offset(const TimeZone& zone, double year) {

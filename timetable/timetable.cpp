@@ -8,6 +8,7 @@
 #include "qibla/direction.h"
 #include "qibla/qibladay.h"
 #include "settings/enginesettings.h"
+#include "timetable/clockunits.h"
 #include "timetable/skydays.h"
 
 #include <algorithm>
@@ -15,11 +16,6 @@
 
 namespace halvane {
 namespace {
-
-constexpr double unix_epoch = 2440587.5; // 1970 January 1, 0 h
-constexpr int seconds_of_day = 86400;
-constexpr int seconds_of_hour = 3600;
-constexpr int seconds_of_minute = 60;
 
 std::int64_t seconds_since_epoch(double jd) {
     return std::llround((jd - unix_epoch) * seconds_of_day);

@@ -2,6 +2,7 @@
 #include "calendar/locationclock.h"
 #include "report/valuetext.h"
 #include "timetable/cells.h"
+#include "timetable/clockunits.h"
 #include "timetable/timetablefiles.h"
 
 namespace halvane {
@@ -10,7 +11,6 @@ namespace {
 constexpr const char* head = "d_date,fajr_begins,fajr_jamah,sunrise,zuhr_begins,zuhr_jamah,asr_mithl_1,"
                              "asr_mithl_2,asr_jamah,maghrib_begins,maghrib_jamah,isha_begins,isha_jamah,"
                              "is_ramadan,hijri_date\n";
-constexpr double ramadan = 9;
 
 /// "04:57", the nearest minute of a clock with seconds; empty where there is no time.
 std::string minute_text(const RowTime& time) {

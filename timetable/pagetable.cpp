@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "timetable/pagetable.h"
 
+#include "timetable/cells.h"
+
 #include <QPen>
 #include <QString>
 #include <algorithm>

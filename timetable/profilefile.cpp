@@ -29,8 +29,8 @@ public:
     void run() {
         profile_.page.columns.clear();
         const int bad_line = ini_parse_stream(next_line, this, take_value, this);
-        if (bad_line > 0 || too_long_ > 0)
-            raise_bad_line(path_, too_long_ > 0 ? too_long_ : bad_line,
+        if (bad_line > 0 || unreadable_ > 0)
+            raise_bad_line(path_, unreadable_ > 0 ? unreadable_ : bad_line,
                            "wanted \"key = value\" or \"[section]\"",
                            "المطلوب \"key = value\" أو \"[section]\"");
         if (!refused_.english.empty())
@@ -50,8 +50,9 @@ private:
         ++line_;
         const std::size_t length = std::min(rest_.find('\n'), rest_.size() - 1) + 1;
         const std::size_t taken = std::min(length, size - 1);
-        if (taken < length && too_long_ == 0)
-            too_long_ = line_;
+        const bool is_text = rest_.substr(0, length).find('\0') == std::string_view::npos;
+        if ((taken < length || !is_text) && unreadable_ == 0)
+            unreadable_ = line_;
         std::memcpy(buffer, rest_.data(), taken);
         buffer[taken] = '\0';
         rest_.remove_prefix(length);
@@ -71,7 +72,7 @@ private:
     const std::string& path_;
     Profile& profile_;
     int line_ = 0;
-    int too_long_ = 0; ///< first line that the parser cannot take
+    int unreadable_ = 0; ///< first line that the parser cannot take
     TwinWords refused_;
     int refused_line_ = 0;
 };

@@ -69,7 +69,11 @@ SkyTime aser_before(Ephemeris& ephemeris, const NightSky& sky, double jd, const 
     const double start = night.transit - hours_per_day / 2.0;
     const RiseSet found =
         find_rise_set(ephemeris, Target::aser, Instant::of_ut1(jd + start / 24), sky.observer, horizon);
-    return SkyTime(found.set).after(start);
+    const SkyTime aser = SkyTime(found.set).after(start);
+    // A noon Sun on the horizon has a shadow so long that it has grown at once, and less than the
+    // refraction's two formulae differ: the search then falls before noon or finds nothing.
+    const bool at_noon = aser ? *aser.hours < night.transit : aser.missing == NoEvent::down;
+    return at_noon ? SkyTime(night.transit, TimeSource::sky) : aser;
 }
 
 } // namespace halvane

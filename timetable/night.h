@@ -37,7 +37,7 @@ double transit_of_date(Ephemeris& ephemeris, double longitude, double jd, double
 /// Accuracy  as find_rise_set.
 Night night_after(Ephemeris& ephemeris, const NightSky& sky, double jd, double transit);
 
-/// The afternoon's moment at which a shadow has grown, from 0 h of the date                          [h, UT]
+/// The afternoon's moment at which a shadow has grown, from 0 h of the date; not before the transit   [h, UT]
 SkyTime aser_before(Ephemeris& ephemeris, const NightSky& sky, double jd, const Night& night,
                     int shadow_lengths);
 

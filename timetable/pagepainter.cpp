@@ -207,19 +207,26 @@ private:
         painter_.drawLine(QPointF(left_, bottom_ - 4.2 * page_units),
                           QPointF(right_, bottom_ - 4.2 * page_units));
         const double top = bottom_ - 3.8 * page_units;
-        const PageSide whole{sides_.front().language, left_, right_};
-        SideWriter(&painter_, whole).write_pair(program_name, page_words(number, pages), font, font, top);
+        if (sides_.size() == 1)
+            SideWriter(&painter_, sides_.front())
+                .write_pair(program_name, page_words(sides_.front().language, number, pages), font, font,
+                            top);
+        else
+            write_foot_of_both(font, top, number, pages);
     }
 
-    std::string page_words(int number, int pages) const {
-        std::string words;
+    void write_foot_of_both(const PageFont& font, double top, int number, int pages) const {
         for (const PageSide& side : sides_)
-            words += (words.empty() ? "" : "  ·  ") + page_words_in(side.language, number, pages);
-        return words;
+            SideWriter(&painter_, side).write(page_words(side.language, number, pages), font, top);
+        const QPointF middle((left_ + right_) / 2, top + baseline_below_top * em_of(font));
+        PageText(program_name, font, Language::english).draw(painter_, middle, LineAnchor::centre);
     }
 
-    static std::string page_words_in(Language language, int number, int pages) {
-        return QString::fromUtf8(page_of_pages.in(language)).arg(number).arg(pages).toStdString();
+    std::string page_words(Language language, int number, int pages) const {
+        std::string words =
+            QString::fromUtf8(page_of_pages.in(language)).arg(number).arg(pages).toStdString();
+        const bool arabic = language == Language::arabic && settings_.digits == PageDigits::arabic;
+        return arabic ? arabic_digits(words) : words;
     }
 
     QPainter& painter_;

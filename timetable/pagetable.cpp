@@ -49,8 +49,10 @@ double widest_word(const std::string& text, Language language) {
     return widest;
 }
 
+/// Whether a cell says in Arabic what it says in English, but for its digits: a page in both then has it
+/// once.
 bool alike(const TwinWords& words) {
-    return words.english == words.arabic;
+    return words.arabic == words.english || words.arabic == arabic_digits(words.english);
 }
 
 /// The number that a text begins with, as the day of a date does.
@@ -118,9 +120,13 @@ Language PageTable::first_language() const {
     return mirrored() ? Language::arabic : Language::english;
 }
 
+const std::string& PageTable::said_once(const TwinWords& words) const {
+    return both() ? words.arabic : words.in(first_language()); // in the digits of the page
+}
+
 double PageTable::cell_width(const TwinWords& words, bool bold) const {
     if (!both() || alike(words))
-        return width_per_point(words.in(first_language()), bold, first_language());
+        return width_per_point(said_once(words), bold, first_language());
     const double english = width_per_point(words.english, bold, Language::english);
     const double arabic = width_per_point(words.arabic, bold, Language::arabic);
     if (stacked_)
@@ -291,7 +297,7 @@ void PageTable::paint_cell(QPainter& painter, const QRectF& place, std::size_t n
 
 double PageTable::paint_text(QPainter& painter, const QRectF& block, const PageFont& font,
                              const TwinWords& words, bool begin_alike) const {
-    const std::string& shown = words.in(first_language());
+    const std::string& shown = said_once(words);
     const PageText text(shown, font, first_language());
     const double baseline = block.center().y() + half_figure * em_of(font);
     if (begin_alike && !mirrored())

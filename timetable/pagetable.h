@@ -53,6 +53,8 @@ private:
     Language first_language() const;
 
     void measure();
+    /// What a cell says in the page's only language, or alike in both.
+    const std::string& said_once(const TwinWords& words) const;
     double cell_width(const TwinWords& words, bool bold) const;
     /// How far a cell's text is moved so that the numbers at its start end below one another.
     static double indent(const Column& column, const TwinWords& words, bool bold);

@@ -90,30 +90,26 @@ std::string degrees_text(double angle) {
            format_number(static_cast<double>(minutes % minutes_of_degree), "00") + "'";
 }
 
+/// The same within Arabic text, where the degrees of Arabic-Indic digits would go behind the minutes.
+std::string arabic_degrees_text(double angle) {
+    const std::string sign = "°";
+    std::string text = degrees_text(angle);
+    text.insert(text.find(sign) + sign.size(), "\u200e");
+    return left_to_right(text);
+}
+
 TwinWords coordinates_of(const Location& location) {
     const double latitude = latitude_of(location);
     const double longitude = longitude_of(location);
     const std::string height = plain_number(std::round(location.elevation));
     return {degrees_text(latitude) + (latitude >= 0 ? " N, " : " S, ") + degrees_text(longitude) +
                 (longitude >= 0 ? " E, " : " W, ") + height + " m",
-            left_to_right(degrees_text(latitude)) + (latitude >= 0 ? " شمالا، " : " جنوبا، ") +
-                left_to_right(degrees_text(longitude)) + (longitude >= 0 ? " شرقا، " : " غربا، ") + height +
-                " م"};
+            arabic_degrees_text(latitude) + (latitude >= 0 ? " شمالا، " : " جنوبا، ") +
+                arabic_degrees_text(longitude) + (longitude >= 0 ? " شرقا، " : " غربا، ") + height + " م"};
 }
 
 bool is_hijri(SpanKind kind) {
     return kind == SpanKind::hijri_month || kind == SpanKind::hijri_year;
-}
-
-std::string arabic_digits(const std::string& text) {
-    constexpr std::array<const char*, 10> digits{"٠", "١", "٢", "٣", "٤", "٥", "٦", "٧", "٨", "٩"};
-    std::string result;
-    for (const char c : text)
-        if (c >= '0' && c <= '9')
-            result += digits.at(static_cast<std::size_t>(c - '0'));
-        else
-            result += c;
-    return result;
 }
 
 /// Lays out the rows of one sheet.
@@ -233,6 +229,17 @@ private:
 };
 
 } // namespace
+
+std::string arabic_digits(const std::string& text) {
+    constexpr std::array<const char*, 10> digits{"٠", "١", "٢", "٣", "٤", "٥", "٦", "٧", "٨", "٩"};
+    std::string result;
+    for (const char c : text)
+        if (c >= '0' && c <= '9')
+            result += digits.at(static_cast<std::size_t>(c - '0'));
+        else
+            result += c;
+    return result;
+}
 
 std::vector<TimetableSheet> sheets_of(const Timetable& timetable, const PageSettings& page) {
     const bool by_hijri = is_hijri(timetable.settings.span.kind);

@@ -50,6 +50,12 @@ QStringList words_of(const QString& text) {
     return text.split(between, Qt::SkipEmptyParts);
 }
 
+/// Without the marks of direction that Poppler puts around figures.
+QString without_marks(QString text) {
+    static const QRegularExpression marks(QStringLiteral("[\\x{202A}-\\x{202E}]"));
+    return text.remove(marks);
+}
+
 std::set<QString> set_of(const QStringList& words) {
     return {words.begin(), words.end()};
 }
@@ -111,6 +117,21 @@ TEST_F(Pdf, HasEnglishInItsOrder) {
         QStringLiteral("5 +Mon +16 +08:15 ?\\* +09:15 +10:15 +11:15 +12:15 +13:15 ?\\*"));
     EXPECT_TRUE(text.contains(fifth)) << text.toStdString();
     EXPECT_TRUE(text.contains(QStringLiteral("Page 1 of 1")));
+}
+
+TEST_F(Pdf, HasFiguresOnceInBothLanguages) {
+    TimetableSheet sheet = written_sheet();
+    for (SheetRow& row : sheet.rows)
+        for (SheetCell& cell : row.cells)
+            cell.text.arabic = arabic_digits(cell.text.arabic);
+    PageSettings page = page_in(PageLanguage::both);
+    page.digits = PageDigits::arabic;
+    const QString text = told_by("pdftotext", {sheet}, page);
+    EXPECT_TRUE(text.contains(QStringLiteral("٠٨:١٥"))); // of the 5th
+    EXPECT_FALSE(text.contains(QStringLiteral("08:15")));
+    EXPECT_TRUE(text.contains(QStringLiteral("Sha'ban")) && text.contains(QStringLiteral("شعبان")));
+    static const QRegularExpression foot(QStringLiteral("صفحة\\s*١\\s*من\\s*١"));
+    EXPECT_TRUE(without_marks(text).contains(foot));
 }
 
 TEST_F(Pdf, EmbedsItsFontsAsSubsets) {

@@ -22,11 +22,11 @@ struct Authority {
     double isha_minutes = 0;         ///< after Maghreb; 0 where the angle counts                  [min]
     double isha_minutes_ramadan = 0; ///< in its place in Ramadan; 0 as on other days              [min]
     double maghreb_angle = 0;        ///< depression of the Sun; 0 sunset                          [deg]
-    bool hanafi = false;             ///< the Hanafi shadow at Aser
-    bool night_until_fajer = false;  ///< its middle is that of sunset to Fajer, not to sunrise
     OfSix<double> added{};           ///< minutes; one that the sources do not settle is 0         [min]
-    Rounding rounding = Rounding::nearest;
     const char* source = "";
+    Rounding rounding = Rounding::nearest;
+    bool hanafi = false;            ///< the Hanafi shadow at Aser
+    bool night_until_fajer = false; ///< its middle is that of sunset to Fajer, not to sunrise
 };
 
 /// Every authority.

@@ -38,8 +38,9 @@ std::optional<int> clock_of(std::string_view text) {
 }
 
 std::string clock_text(int minutes) {
-    return format_number(minutes / minutes_of_hour, "00") + ":" +
-           format_number(minutes % minutes_of_hour, "00");
+    const int hours = minutes / minutes_of_hour;
+    const int rest = minutes % minutes_of_hour;
+    return format_number(hours, "00") + ":" + format_number(rest, "00");
 }
 
 std::vector<std::string_view> words_of(std::string_view text, std::string_view separators) {

@@ -21,8 +21,10 @@ std::string offset_text(int seconds) {
     constexpr int minute = 60;
     const int size = std::abs(seconds);
     std::string text = (seconds < 0 ? "-" : "+") + std::to_string(size / hour);
-    if (size % hour != 0)
-        text += ":" + format_number(size % hour / minute, "00");
+    if (size % hour != 0) {
+        const int minutes = size % hour / minute;
+        text += ":" + format_number(minutes, "00");
+    }
     return text;
 }
 
@@ -126,8 +128,8 @@ void note_clock_changes(std::vector<TwinWords>& notes, Rows rows) {
     for (const TimetableRow& row : rows)
         if (row.clock_changes) {
             const TwinWords date = date_words(row.date);
-            notes.push_back(
-                {"The clock changes on " + date.english + ".", "تتغير الساعة في " + date.arabic + "."});
+            notes.emplace_back("The clock changes on " + date.english + ".",
+                               "تتغير الساعة في " + date.arabic + ".");
         }
 }
 
@@ -143,7 +145,7 @@ void note_jumuah(std::vector<TwinWords>& notes, Rows rows, const Timetable& time
         clocks.english += (clocks.english.empty() ? "" : ", ") + words.english;
         clocks.arabic += (clocks.arabic.empty() ? "" : "، ") + words.arabic;
     }
-    notes.push_back({"Jumu'ah: " + clocks.english, "الجمعة: " + clocks.arabic});
+    notes.emplace_back("Jumu'ah: " + clocks.english, "الجمعة: " + clocks.arabic);
 }
 
 void note_night(std::vector<TwinWords>& notes, const Profile& profile, const PageSettings& page) {
@@ -151,8 +153,8 @@ void note_night(std::vector<TwinWords>& notes, const Profile& profile, const Pag
         return;
     const TwinWords maghreb = name_of(DayTime::maghreb, page.names);
     const TwinWords end = name_of(profile.night_until_fajer ? DayTime::fajer : DayTime::shuroq, page.names);
-    notes.push_back({"The night is from " + maghreb.english + " to " + end.english + ".",
-                     "الليل من " + maghreb.arabic + " إلى " + end.arabic + "."});
+    notes.emplace_back("The night is from " + maghreb.english + " to " + end.english + ".",
+                       "الليل من " + maghreb.arabic + " إلى " + end.arabic + ".");
 }
 
 } // namespace
@@ -241,8 +243,8 @@ std::vector<TwinWords> notes_of(const Timetable& timetable, const PageSettings& 
     for (const TimeSource source : timetable.rules)
         if (has_source(rows, source)) {
             const TwinWords words = words_of(source, timetable.settings.profile);
-            notes.push_back({"* " + words.english + ", not by the Sun's own place.",
-                             "* " + words.arabic + "، لا بموضع الشمس نفسه."});
+            notes.emplace_back("* " + words.english + ", not by the Sun's own place.",
+                               "* " + words.arabic + "، لا بموضع الشمس نفسه.");
         }
     note_jumuah(notes, rows, timetable, page);
     note_missing(notes, rows);

@@ -247,7 +247,8 @@ const char* key_of(TimeSource source) {
 }
 
 std::int64_t utc_seconds(const TimetableRow& row, const LocalClock& clock) {
-    return seconds_since_epoch(row.jd) + clock.day * seconds_of_day + clock.seconds - clock.offset;
+    return seconds_since_epoch(row.jd) + std::int64_t{clock.day} * seconds_of_day + clock.seconds -
+           clock.offset;
 }
 
 std::optional<Timetable> make_timetable(Ephemeris& ephemeris, const TimetableSettings& settings,

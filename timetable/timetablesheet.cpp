@@ -86,7 +86,7 @@ TwinWords hijri_range(Rows rows) {
 std::string degrees_text(double angle) {
     constexpr int minutes_of_degree = 60;
     const long minutes = std::lround(std::fabs(angle) * minutes_of_degree);
-    return plain_number(static_cast<double>(minutes / minutes_of_degree)) + "°" +
+    return std::to_string(minutes / minutes_of_degree) + "°" +
            format_number(static_cast<double>(minutes % minutes_of_degree), "00") + "'";
 }
 
@@ -173,14 +173,14 @@ private:
     }
 
     TwinWords date_words(const TimetableRow& row) const {
-        const TwinWords day = alike(plain_number(row.date.day));
+        TwinWords day = alike(plain_number(row.date.day));
         if (!by_hijri_ || !(is_first(row) || row.date.day == 1))
             return day;
         return joined(day, " ", civil_month(row.date.month));
     }
 
     TwinWords hijri_words(const TimetableRow& row) const {
-        const TwinWords day = alike(plain_number(row.hijri.day));
+        TwinWords day = alike(plain_number(row.hijri.day));
         if (by_hijri_ || !(is_first(row) || row.hijri.day == 1))
             return day;
         return joined(day, " ", hijri_month(row.hijri.month));

@@ -11,13 +11,12 @@
 #include "panel/numberlists.h"
 #include "panel/panelstyle.h"
 #include "panel/panelsupport.h"
+#include "panel/placenames.h"
 #include "stored/loclist.h"
 #include "ui_frmlocation.h"
 
-#include <QCollator>
 #include <QKeyEvent>
 #include <QSignalBlocker>
-#include <algorithm>
 
 namespace halvane {
 
@@ -112,24 +111,6 @@ QLineEdit& box_of(const QWidget& form, const NumberBox& box) {
     return *form.findChild<QLineEdit*>(QString::fromLatin1(box.control));
 }
 
-/// In alphabetical order whatever the system's language; names that differ in case only keep apart.
-QStringList sorted_names(const std::vector<Location>& locations) {
-    QCollator order{QLocale(QLocale::English)};
-    order.setCaseSensitivity(Qt::CaseInsensitive);
-    std::vector<std::pair<QCollatorSortKey, QString>> keyed;
-    keyed.reserve(locations.size());
-    for (const Location& location : locations) {
-        const QString name = QString::fromStdString(location.name);
-        keyed.emplace_back(order.sortKey(name), name);
-    }
-    std::stable_sort(keyed.begin(), keyed.end(),
-                     [](const auto& a, const auto& b) { return a.first.compare(b.first) < 0; });
-    QStringList names;
-    for (const auto& [key, name] : keyed)
-        names << name;
-    return names;
-}
-
 } // namespace
 
 frmlocation::frmlocation(QWidget* owner)
@@ -202,7 +183,7 @@ void frmlocation::fill_list(const std::vector<Location>& locations) {
     const QSignalBlocker quiet(ui_->List1);
     ui_->txtfind->clear();
     ui_->List1->clear();
-    ui_->List1->addItems(sorted_names(locations));
+    ui_->List1->addItems(sorted_place_names(locations));
     ui_->List1->setCurrentRow(-1);
 }
 

@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
+#include <algorithm>
 #include <utility>
 
 namespace halvane {
@@ -151,10 +152,11 @@ void tell_failure(const std::exception& failure, Language language) {
 }
 
 QString name_of_kind(const QString& name, const SaveKind& kind, const QList<SaveKind>& kinds) {
+    qsizetype ending = 0;
     for (const SaveKind& other : kinds)
         if (name.endsWith(u'.' + other.suffix, Qt::CaseInsensitive))
-            return name.chopped(other.suffix.size()) + kind.suffix;
-    return name.isEmpty() ? name : name + u'.' + kind.suffix;
+            ending = std::max(ending, other.suffix.size() + 1);
+    return name.isEmpty() ? name : name.chopped(ending) + u'.' + kind.suffix;
 }
 
 QString choose_save_file(QWidget* parent, const QString& title, const QString& proposed,
@@ -177,6 +179,17 @@ QString choose_save_file(QWidget* parent, const QString& title, const QString& p
             }
     });
     return chosen_in(dialog, proposed);
+}
+
+QString choose_open_file(QWidget* parent, const QString& title, const QString& filter) {
+    if (chooser())
+        return chooser()(title, {});
+    const QPointer<QFileDialog> dialog(new QFileDialog(parent, title, {}, filter));
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    const bool agreed = dialog->exec() == QDialog::Accepted;
+    const QString chosen = agreed && dialog != nullptr ? dialog->selectedFiles().value(0) : QString();
+    delete dialog;
+    return chosen;
 }
 
 QString choose_picture_file(QWidget* parent, const QString& title, const QString& proposed,

@@ -45,13 +45,17 @@ QString name_of_kind(const QString& name, const SaveKind& kind, const QList<Save
 QString choose_save_file(QWidget* parent, const QString& title, const QString& proposed,
                          const QList<SaveKind>& kinds);
 
+/// Asks which file to open; an empty text when the user gives up.
+/// In     filter  as file dialogs take it
+QString choose_open_file(QWidget* parent, const QString& title, const QString& filter);
+
 /// Asks under which name to save a picture, as choose_save_file does; no question is put about a file that is
 /// there, since the caller may change the name's ending and then asks for the name that it writes.
 QString choose_picture_file(QWidget* parent, const QString& title, const QString& proposed,
                             const QString& filter);
 
-/// Answers choose_save_file and choose_picture_file in the user's place: title and proposed name in, chosen
-/// name out.
+/// Answers choose_save_file, choose_open_file and choose_picture_file in the user's place: title and proposed
+/// name (none for a file to open) in, chosen name out.
 using FileChooser = std::function<QString(const QString& title, const QString& proposed)>;
 
 /// Puts another chooser in place of the file dialog; an empty one gives the dialog back.

@@ -4,8 +4,6 @@
 #include "base/failure.h"
 #include "batch/nearestname.h"
 #include "batch/runoutput.h"
-#include "calendar/locationclock.h"
-#include "calendar/modjul.h"
 #include "routines/machineclock.h"
 #include "routines/seriesloader.h"
 #include "stored/loclist.h"
@@ -24,8 +22,6 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
-#include <cmath>
-#include <cstdint>
 #include <filesystem>
 #include <initializer_list>
 #include <iostream>
@@ -163,24 +159,8 @@ TimetablePlace place_of(const TimetableOptions& options) {
     return place;
 }
 
-std::string fixed_name(std::string name) {
-    for (char& c : name)
-        if (c == '/' || c == '\\' || static_cast<unsigned char>(c) < ' ')
-            c = '-';
-    return name;
-}
-
 std::string file_name(const std::string& name, const TimetableOptions& options) {
-    return fixed_name(name) + "." + (options.layout.empty() ? options.format : std::string("csv"));
-}
-
-/// Seconds since 1970 of the machine's clock.
-std::int64_t now_utc() {
-    const MachineTime now = universal_time();
-    double jd = 0;
-    modjul(now.year, now.month, now.day, 0, jd);
-    return std::llround((jd - unix_epoch) * seconds_per_day + now.hour * seconds_per_hour +
-                        now.minute * 60.0 + now.second);
+    return file_name_of(name) + "." + (options.layout.empty() ? options.format : std::string("csv"));
 }
 
 /// The series that a profile's columns need.
@@ -217,7 +197,7 @@ private:
             return pdf_.pdf_of(timetable, page);
         const bool adds_rules = format_ == TimetableFormat::csv && options_.columns.empty();
         return text_of_timetable(timetable, adds_rules ? with_rules(timetable, page) : page, format_,
-                                 now_utc());
+                                 utc_second_now());
     }
 
     int cancelled() const {

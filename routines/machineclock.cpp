@@ -39,8 +39,12 @@ MachineTime machine_time() {
     return shown_by(local);
 }
 
+std::int64_t utc_second_now() {
+    return fixed_time ? seconds_of(*fixed_time, fixed_zone) : std::time(nullptr);
+}
+
 MachineTime universal_time() {
-    const std::time_t now = fixed_time ? seconds_of(*fixed_time, fixed_zone) : std::time(nullptr);
+    const std::time_t now = utc_second_now();
     std::tm universal{};
     gmtime_r(&now, &universal);
     return shown_by(universal);

@@ -3,6 +3,8 @@
 
 #include "base/machinetime.h"
 
+#include <cstdint>
+
 namespace halvane {
 
 /// The machine's local time now, or what set_machine_time has put in its place.
@@ -10,6 +12,9 @@ MachineTime machine_time();
 
 /// The machine's instant now in Universal Time, whatever zone its clock shows.
 MachineTime universal_time();
+
+/// The same as seconds since 1970 January 1 0 h.
+std::int64_t utc_second_now();
 
 /// Puts a fixed time in place of the machine's clock (tests and reproducible reports).
 void set_machine_time(const MachineTime& time);

@@ -35,6 +35,13 @@ PageSettings with_rules(const Timetable& timetable, PageSettings page) {
     return page;
 }
 
+std::string file_name_of(std::string place) {
+    for (char& c : place)
+        if (c == '/' || c == '\\' || static_cast<unsigned char>(c) < ' ')
+            c = '-';
+    return place;
+}
+
 std::string text_of_timetable(const Timetable& timetable, const PageSettings& page, TimetableFormat format,
                               std::int64_t stamp) {
     switch (format) {

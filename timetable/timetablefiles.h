@@ -17,6 +17,9 @@ enum class TimetableFormat { csv, display_csv, ics, json, html, pdf };
 const char* name_of(TimetableFormat format);
 std::span<const TimetableFormat> timetable_formats();
 
+/// A place's name as the name of a file, without an ending.
+std::string file_name_of(std::string place);
+
 /// The name of the layout that display_csv_of writes.
 inline constexpr const char* display_layout = "display";
 /// The columns that its rows need.

@@ -325,6 +325,13 @@ TwinWords refusal(std::string_view key, const std::string& wanted, std::string_v
             name + ": المطلوب " + wanted + "، و الموجود \"" + value + "\""};
 }
 
+const ProfileKey* find_key(std::string_view section, std::string_view key) {
+    for (const ProfileKey& known : keys)
+        if (section == known.section && key == known.key)
+            return &known;
+    return nullptr;
+}
+
 /// The columns stand one a line, numbered: a list of all would be too long for a line.
 TwinWords take_column(Profile& profile, std::string_view key, std::string_view value) {
     const std::optional<TimetableColumn> column = find_column(value);
@@ -342,13 +349,23 @@ TwinWords take_profile_value(Profile& profile, std::string_view section, std::st
                              std::string_view value) {
     if (section == "columns")
         return take_column(profile, key, value);
-    for (const ProfileKey& known : keys)
-        if (section == known.section && key == known.key) {
-            const std::string wanted = known.take(profile, value);
-            return wanted.empty() ? TwinWords() : refusal(key, wanted, value);
-        }
+    if (find_key(section, key) != nullptr) {
+        const std::string wanted = take_key(profile, section, key, value);
+        return wanted.empty() ? TwinWords() : refusal(key, wanted, value);
+    }
     const std::string name = "[" + std::string(section) + "] " + std::string(key);
     return {"there is no " + name, "لا يوجد " + name};
+}
+
+std::string take_key(Profile& profile, std::string_view section, std::string_view key,
+                     std::string_view value) {
+    const ProfileKey* const known = find_key(section, key);
+    return known == nullptr ? "another key" : known->take(profile, value);
+}
+
+std::string value_of_key(const Profile& profile, std::string_view section, std::string_view key) {
+    const ProfileKey* const known = find_key(section, key);
+    return known == nullptr ? std::string() : known->text(profile);
 }
 
 std::string text_of(const Profile& profile) {

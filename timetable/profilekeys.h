@@ -17,6 +17,14 @@ namespace halvane {
 TwinWords take_profile_value(Profile& profile, std::string_view section, std::string_view key,
                              std::string_view value);
 
+/// The same of a key of the file that is no column's, in fewer words.
+/// Returns what is wanted in the place of the value ("1 ... 30"); an empty text for a good one.
+std::string take_key(Profile& profile, std::string_view section, std::string_view key,
+                     std::string_view value);
+
+/// The value of such a key as the file has it.
+std::string value_of_key(const Profile& profile, std::string_view section, std::string_view key);
+
 /// The text of a profile's file: every key with its value.
 std::string text_of(const Profile& profile);
 

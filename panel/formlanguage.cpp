@@ -10,6 +10,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLibraryInfo>
+#include <QRegularExpression>
 #include <QStyle>
 #include <QTranslator>
 #include <QVariant>
@@ -119,6 +120,11 @@ void use_standard_texts(Language language) {
 
 QString isolated(const QString& text) {
     return QChar(0x2068) + text + QChar(0x2069);
+}
+
+QString with_figures_in_order(QString text) {
+    const QRegularExpression figure(QStringLiteral("([+-]?[0-9](?:[0-9.:-]*[0-9])?°?)"));
+    return text.replace(figure, QStringLiteral("\u2066\\1\u2069"));
 }
 
 } // namespace halvane

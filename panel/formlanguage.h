@@ -55,4 +55,7 @@ void use_standard_texts(Language language);
 /// `text` wrapped so that it keeps its inner order within text of the other direction.
 QString isolated(const QString& text);
 
+/// `text` whose figures keep their signs, points and degrees in order within words of the other direction.
+QString with_figures_in_order(QString text);
+
 } // namespace halvane

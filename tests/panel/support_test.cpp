@@ -549,5 +549,13 @@ TEST_F(SupportTest, TheStoredLanguageIsRead) {
     EXPECT_EQ(stored_language(), Language::arabic);
 }
 
+TEST(FigureTexts, KeepTheirInnerOrder) {
+    EXPECT_EQ(with_figures_in_order(QStringLiteral("الفجر 18.5°، يضاف +60.0.")),
+              QStringLiteral("الفجر \u206618.5°\u2069، يضاف \u2066+60.0\u2069."));
+    EXPECT_EQ(with_figures_in_order(QStringLiteral("من 2026-11-01")),
+              QStringLiteral("من \u20662026-11-01\u2069"));
+    EXPECT_EQ(with_figures_in_order(QStringLiteral("A - B")), QStringLiteral("A - B"));
+}
+
 } // namespace
 } // namespace halvane

@@ -227,6 +227,11 @@ TEST_F(ViewerTest, AnotherKindOfFileGivesTheNameItsEnding) {
     EXPECT_EQ(name_of_kind(QStringLiteral("May.CSV"), text, kinds), QStringLiteral("May.out"));
     EXPECT_EQ(name_of_kind(QStringLiteral("May 1.5"), csv, kinds), QStringLiteral("May 1.5.csv"))
         << "what is no kind's ending belongs to the name";
+    const SaveKind screens{QStringLiteral("Screens (*.display.csv)"), QStringLiteral("display.csv")};
+    EXPECT_EQ(name_of_kind(QStringLiteral("May.display.csv"), text, {csv, screens, text}),
+              QStringLiteral("May.out"));
+    EXPECT_EQ(name_of_kind(QStringLiteral("May.csv"), screens, {csv, screens, text}),
+              QStringLiteral("May.display.csv"));
     EXPECT_EQ(name_of_kind(QString(), csv, kinds), QString());
 }
 

@@ -11,7 +11,6 @@
 #include "stored/programfolder.h"
 #include "stored/textfile.h"
 #include "stored/unfinishedfile.h"
-#include "timetable/clockunits.h"
 #include "timetable/comparetable.h"
 #include "timetable/manyplaces.h"
 #include "timetable/profilefile.h"

@@ -49,6 +49,7 @@ constexpr ControlText twins[] = {
     {"cmdext", "E&xit", "&خروج"},
     {"cmdhel", "&Help", "م&ساعدة"},
     {"cmdcon", "Hejric &Gregorian ", "&هجري ميلا&دي"},
+    {"cmdtable", "T&imetable", "التقويم ال&شهري"},
     {"cmdmoon", "&Moon Times", "&مواقيت القمر"},
     {"cmdcoor", "Sun Moon &Ephemeris", "أ&زياج الشمس و القمر"},
     {"framain", "Desktop", "اللوحة الرئيسة"},
@@ -75,10 +76,10 @@ constexpr ControlText lines[] = {
 };
 
 constexpr std::pair<const char*, const char*> icons[] = {
-    {"cmddat", "date"},        {"cmdloc", "location"},   {"cmdpre", "preferences"}, {"cmdqib", "qiblah"},
-    {"cmdcom", "prayertimes"}, {"cmdale", "alerts"},     {"cmdpha", "moonphases"},  {"cmdcresv", "crescent"},
-    {"cmdtele", "telescope"},  {"cmdext", "exit"},       {"cmdhel", "help"},        {"cmdcon", "hejric"},
-    {"cmdmoon", "moontimes"},  {"cmdcoor", "ephemeris"},
+    {"cmddat", "date"},        {"cmdloc", "location"},    {"cmdpre", "preferences"}, {"cmdqib", "qiblah"},
+    {"cmdcom", "prayertimes"}, {"cmdale", "alerts"},      {"cmdpha", "moonphases"},  {"cmdcresv", "crescent"},
+    {"cmdtele", "telescope"},  {"cmdext", "exit"},        {"cmdhel", "help"},        {"cmdcon", "hejric"},
+    {"cmdmoon", "moontimes"},  {"cmdtable", "timetable"}, {"cmdcoor", "ephemeris"},
 };
 
 std::string short_time(const MachineTime& clock) {

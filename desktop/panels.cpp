@@ -11,6 +11,7 @@
 #include "qibla/frmqib.h"
 #include "tables/frmcoor.h"
 #include "telescope/frmtele.h"
+#include "timetable/frmtimetable.h"
 
 #include <vector>
 
@@ -22,6 +23,7 @@ std::span<const Panel> panels() {
         {"frmdate", "cmddat", true, make_panel<frmdate>},
         {"frmpreferences", "cmdpre", true, make_panel<frmpreferences>},
         {"frmhej", "cmdcon", true, make_panel<frmhej>},
+        {"frmtimetable", "cmdtable", false, make_panel<frmtimetable>},
         {"frmphase", "cmdpha", false, make_panel<frmphase>},
         {"frmqib", "cmdqib", false, make_panel<frmqib>},
         {"frmcoor", "cmdcoor", false, make_panel<frmcoor>},

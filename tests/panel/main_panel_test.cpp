@@ -43,6 +43,7 @@ constexpr ControlText captions[] = {
     {"cmdext", "E&xit", "&خروج"},
     {"cmdhel", "&Help", "م&ساعدة"},
     {"cmdcon", "Hejric &Gregorian ", "&هجري ميلا&دي"},
+    {"cmdtable", "T&imetable", "التقويم ال&شهري"},
     {"cmdmoon", "&Moon Times", "&مواقيت القمر"},
     {"cmdcoor", "Sun Moon &Ephemeris", "أ&زياج الشمس و القمر"},
     {"fratoday", "Prayer Times", "مواقيت الصلاة"},

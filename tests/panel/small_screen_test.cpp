@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "ephemeris/series.h"
-#include "panel/formpage.h"
 #include "panel/panelstyle.h"
 #include "routines/seriesloader.h"
 #include "tests/panel/everyform.h"
@@ -12,6 +11,7 @@
 #include <QLocale>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollArea>
 #include <QTemporaryFile>
 #include <memory>
 
@@ -92,8 +92,9 @@ TEST_P(SmallScreenTest, EveryTextCanBeScrolledTo) {
             qobject_cast<QLabel*>(control) != nullptr || qobject_cast<QAbstractButton*>(control) != nullptr;
         if (!has_text || !control->isVisibleTo(&form()))
             continue;
-        if (auto* page = form().findChild<FormPage*>())
-            page->ensureWidgetVisible(control, 0, 0);
+        for (QWidget* around = control->parentWidget(); around != nullptr; around = around->parentWidget())
+            if (auto* area = qobject_cast<QScrollArea*>(around))
+                area->ensureWidgetVisible(control, 0, 0);
         const QRect place(control->mapTo(&form(), QPoint()), control->size());
         EXPECT_TRUE(form().rect().contains(place)) << control->objectName().toStdString();
     }

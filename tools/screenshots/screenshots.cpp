@@ -17,12 +17,14 @@
 #include "qibla/frmqmap.h"
 #include "routines/machineclock.h"
 #include "routines/seriesloader.h"
+#include "routines/waitseconds.h"
 #include "stored/alert.h"
 #include "stored/date.h"
 #include "stored/loc.h"
 #include "stored/pref.h"
 #include "stored/programfolder.h"
 #include "stored/tele.h"
+#include "timetable/frmtimetable.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -174,6 +176,7 @@ const char* button_with_answer(std::string_view form) {
 }
 
 void take_all(const QString& folder, Language language) {
+    constexpr double a_moment = 0.05; // [s]
     set_sample_settings(language);
     const Camera camera(folder, language);
     frmmain main_panel(panels());
@@ -183,6 +186,9 @@ void take_all(const QString& folder, Language language) {
         const std::unique_ptr<QDialog> form(panel.make(nullptr));
         if (const char* button = button_with_answer(panel.form))
             form->findChild<QPushButton*>(QString::fromLatin1(button))->click();
+        if (const auto* timetable = qobject_cast<frmtimetable*>(form.get()))
+            while (!timetable->is_settled())
+                waitseconds(a_moment);
         camera.take(*form, QString::fromLatin1(panel.form));
     }
     frmqmap qiblah_map;

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "panel/messages.h"
+#include "timetable/timetablefiles.h"
+#include "timetable/timetablesheet.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+class QPrinter;
+
+namespace halvane {
+
+/// The kinds of files of a timetable, the printed page first.
+QList<SaveKind> timetable_kinds(Language language);
+
+/// A timetable in a format, as `halvane-report timetable` writes it.
+std::string bytes_of(const Timetable& timetable, const PageSettings& page, TimetableFormat format);
+
+/// The same of a long timetable: made beside the event loop, so that a cancel is answered at once.
+/// Returns nothing after a cancel.
+std::optional<std::string> bytes_of(const Timetable& timetable, const PageSettings& page,
+                                    TimetableFormat format, Progress& progress);
+
+/// Gives a printer the page's paper, without margins of its own: the page has some.
+void set_paper(QPrinter& printer, PaperSize paper);
+
+/// Prints the pages of the printer's range, each as large as its paper allows.
+/// Returns whether the printer has taken them.
+bool print_pages(QPrinter& printer, const std::vector<TimetableSheet>& sheets, const PageSettings& page);
+
+} // namespace halvane

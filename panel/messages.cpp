@@ -152,11 +152,11 @@ void tell_failure(const std::exception& failure, Language language) {
 }
 
 QString name_of_kind(const QString& name, const SaveKind& kind, const QList<SaveKind>& kinds) {
-    qsizetype ending = 0;
+    qsizetype longest = 0;
     for (const SaveKind& other : kinds)
         if (name.endsWith(u'.' + other.suffix, Qt::CaseInsensitive))
-            ending = std::max(ending, other.suffix.size() + 1);
-    return name.isEmpty() ? name : name.chopped(ending) + u'.' + kind.suffix;
+            longest = std::max(longest, other.suffix.size() + 1);
+    return name.isEmpty() ? name : name.chopped(longest) + u'.' + kind.suffix;
 }
 
 QString choose_save_file(QWidget* parent, const QString& title, const QString& proposed,
@@ -187,7 +187,7 @@ QString choose_open_file(QWidget* parent, const QString& title, const QString& f
     const QPointer<QFileDialog> dialog(new QFileDialog(parent, title, {}, filter));
     dialog->setFileMode(QFileDialog::ExistingFile);
     const bool agreed = dialog->exec() == QDialog::Accepted;
-    const QString chosen = agreed && dialog != nullptr ? dialog->selectedFiles().value(0) : QString();
+    QString chosen = agreed && dialog != nullptr ? dialog->selectedFiles().value(0) : QString();
     delete dialog;
     return chosen;
 }

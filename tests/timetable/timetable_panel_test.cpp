@@ -17,11 +17,13 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QCompleter>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPainter>
 #include <QPlainTextEdit>
+#include <QPrinter>
 #include <QPushButton>
 #include <QTabWidget>
 #include <algorithm>
@@ -620,6 +622,22 @@ TEST_F(TimetablePanelTest, ThePageIsPaintedAtTheScreensScale) {
             inked += qGray(image.pixel(column, row)) < 128 ? 1 : 0;
     EXPECT_GT(inked, image.width() * image.height() / 200);
     EXPECT_LT(inked, image.width() * image.height() / 4);
+}
+
+TEST_F(TimetablePanelTest, APrinterTakesThePagesOfItsRange) {
+    frmtimetable form;
+    pick(form, "cbokind", QStringLiteral("A year"));
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(QString::fromStdString(path("printed.pdf")));
+    set_paper(printer, PaperSize::letter);
+    printer.setFromTo(2, 4);
+    ASSERT_TRUE(print_pages(printer, page(form).sheets(), PageSettings{}));
+    QFile file(printer.outputFileName());
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll().count("/Type /Page\n"), 3);
+    printer.setFromTo(13, 14);
+    EXPECT_FALSE(print_pages(printer, page(form).sheets(), PageSettings{}));
 }
 
 TEST_F(TimetablePanelTest, LetterPaperIsShorter) {

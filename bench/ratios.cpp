@@ -355,7 +355,8 @@ constexpr ProgramWork program_works[]{
 /// The delivered places as a table for the timetable.
 void write_places(const TemporaryFolder& folder) {
     std::string text = "name,latitude,longitude,zone_name\n";
-    for (const ZonedPlace& place : read_zone_list().places())
+    const ZoneList zones = read_zone_list();
+    for (const ZonedPlace& place : zones.places())
         text += place.name + "," + plain_number(place.latitude) + "," + plain_number(place.longitude) + "," +
                 place.zone + "\n";
     folder.write(places_file, text);

@@ -10,7 +10,8 @@
 
 namespace halvane {
 
-/// The stored location by its stored zone and summer dates. Reads `loc.vsk`, `pref.vsk` and `zones.csv`.
+/// The stored location by its stored zone and summer dates. Reads `loc.vsk`, `pref.vsk` and, where it is
+/// there, `zones.csv`.
 TimetablePlace stored_place();
 
 /// A place of the list, by the rules of its time zone where it is known, else as the stored one.

@@ -2,7 +2,9 @@
 #include "base/failure.h"
 #include "base/version.h"
 #include "tests/timetable/handmadetimetable.h"
+#include "tests/timetable/timetables.h"
 #include "timetable/timetablefiles.h"
+#include "timetable/timetableplaces.h"
 
 #include <gtest/gtest.h>
 #include <libical/ical.h>
@@ -222,6 +224,28 @@ TEST(CalendarFile, IsSoundToASecondReader) {
     event = icalcomponent_get_next_component(calendar.get(), ICAL_VEVENT_COMPONENT);
     // Fajer of the first day: 5:10 on a clock three hours ahead.
     EXPECT_EQ(icaltime_as_timet(icalcomponent_get_dtstart(event)), 1771372800 + 5 * 3600 + 600 - 3 * 3600);
+}
+
+using CalendarFiles = TimetableTest;
+
+TEST_F(CalendarFiles, OfAYearOfTwentyPlacesAreSoundToASecondReader) {
+    for (const char* name : twenty_places) {
+        Profile profile = authority_profile(*find_authority("mwl"));
+        profile.jumuah = {13 * 60};
+        profile.page.language = PageLanguage::both;
+        const Timetable timetable = timetable_of(listed_place(name), profile, year_span(2026).span);
+        const Component calendar(icalparser_parse_string(ics_of(timetable, profile.page, stamp).c_str()));
+        ASSERT_NE(calendar, nullptr) << name;
+        EXPECT_EQ(icalcomponent_count_errors(calendar.get()), 0) << name;
+        EXPECT_EQ(icalrestriction_check(calendar.get()), 1) << name;
+        int events = 52; // the Fridays of 2026
+        for (const TimetableRow& row : timetable.rows) {
+            events += row.hijri.day == 1 ? 1 : 0;
+            for (const DayTime time : prayed_times)
+                events += row.times[time].clock ? 1 : 0;
+        }
+        EXPECT_EQ(icalcomponent_count_components(calendar.get(), ICAL_VEVENT_COMPONENT), events) << name;
+    }
 }
 
 } // namespace

@@ -6,10 +6,17 @@
 #include "tests/support/programfolder.h"
 #include "timetable/timetable.h"
 
+#include <array>
 #include <gtest/gtest.h>
 #include <string>
 
 namespace halvane {
+
+/// Twenty places of the list: every continent, both hemispheres, the tropics and up to 60 degrees north.
+inline constexpr std::array<const char*, 20> twenty_places{
+    "Amman",        "Makkah", "Madinah", "Cairo",      "Jakarta",     "Kuala Lumpur", "Karachi",
+    "Istanbul",     "London", "Oslo",    "New York",   "Los Angeles", "Sydney",       "Cape Town",
+    "Buenos Aires", "Tokyo",  "Moscow",  "Casablanca", "Nairobi",     "Tehran"};
 
 /// A program folder with the series loaded, for tests of timetables.
 class TimetableTest : public testing::Test {

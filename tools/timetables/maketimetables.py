@@ -30,6 +30,9 @@ EXAMPLES = {
     **{f"oslo-{rule}": ["--place", "Oslo", "--month", "2026-06", "--profile", f"Oslo-{rule}"] for rule in RULES},
 }
 PICTURED = ("amman", "makkah", "london", "oslo-seventh")
+# Each example beside the same place and month by other rules.
+OTHER_RULES = {"oslo": "Oslo-seventh"}
+USUAL_OTHER_RULES = "egypt"
 # A table that adds and takes off minutes, beside a timetable of the same angles that does not.
 COMPARED_PLACE = ["--place", "Jakarta", "--month", "2026-02"]
 TABLE, PLAIN = ["--profile", "kemenag", "--format", "csv"], ["--profile", "Jakarta-plain"]
@@ -38,6 +41,19 @@ TABLE, PLAIN = ["--profile", "kemenag", "--format", "csv"], ["--profile", "Jakar
 def timetable(program, folder, words, output):
     command = [program, "--folder", folder, "--now", NOW, "timetable", *words, "--output", output]
     subprocess.run([str(word) for word in command], check=True, stdout=subprocess.DEVNULL)
+
+
+def without_page(words):
+    """The place and the days of an example."""
+    pairs = zip(words[::2], words[1::2])
+    return [word for pair in pairs if pair[0] not in ("--profile", "--language") for word in pair]
+
+
+def compare(program, folder, name, words, output):
+    other = Path(folder) / "other.csv"
+    rules = OTHER_RULES.get(name.split("-")[0], USUAL_OTHER_RULES)
+    timetable(program, folder, [*without_page(words), "--profile", rules, "--format", "csv"], other)
+    timetable(program, folder, [*words, "--compare", other], output / f"{name}-compared.txt")
 
 
 def picture_of_page(pdf, picture):
@@ -76,6 +92,7 @@ def main(arguments):
         for name, words in EXAMPLES.items():
             for form in FORMATS:
                 timetable(program, folder, [*words, "--format", form], output / f"{name}.{form}")
+            compare(program, folder, name, words, output)
             if name in PICTURED:
                 picture_of_page(output / f"{name}.pdf", output / f"{name}-page.png")
         for name in ("amman", "makkah"):

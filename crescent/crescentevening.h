@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "crescent/quantities.h"
+#include "stored/visib.h"
+
+#include <optional>
+
+namespace halvane {
+
+/// Sun and Moon at one instant, from the Earth's centre and from the observer's place; airless.
+struct CrescentSky {
+    double universal = 0;           ///< Julian day, UT1                                        [d]
+    CrescentQuantities geocentric;  ///< directions from the Earth's centre, against the observer's horizon
+    CrescentQuantities topocentric; ///< directions from the observer's place
+    double parallax = 0;            ///< of the Moon, horizontal                                [deg]
+};
+
+/// What the criteria of crescent visibility judge: the evening of a new crescent or the morning of an old
+/// one, at one place.
+struct CrescentEvening {
+    CrescentKind kind = CrescentKind::new_crescent;
+    double day = 0;         ///< 0 h of the civil date, without a zone                          [d]
+    double conjunction = 0; ///< geocentric, in longitude; Julian day, UT1                      [d]
+    double sun_event = 0;   ///< sunset or sunrise; Julian day, UT1                             [d]
+    double moon_event = 0;  ///< moonset or moonrise; Julian day, UT1                           [d]
+    CrescentSky at_sun_event;
+    CrescentSky at_best_time;
+
+    /// From the Sun's setting to the Moon's, or from the Moon's rising to the Sun's             [min]
+    double lag() const;
+    /// From the conjunction to a Julian day in UT1, or from that to it in a morning             [h]
+    double age(double universal) const;
+};
+
+/// The geocentric conjunction nearest to a Julian day within a week of it, both UT1              [d]
+double geocentric_conjunction(Ephemeris& ephemeris, double universal);
+
+/// The evening or the morning of a civil date, which begins and ends with the mean time of the place's
+/// longitude; the Moon's event is the one within twelve hours of the Sun's. The horizon is that of the sea
+/// in standard air: the Sun's centre at -50', the Moon's upper limb at -34'. Where the lag is not positive,
+/// the earlier of the two events stands for Best Time. Nothing when the Sun or the Moon has no event.
+/// In     day          0 h of the civil date, without a zone                                     [d]
+///        conjunction  geocentric; Julian day, UT1                                               [d]
+/// Error  as find_rise_set.
+std::optional<CrescentEvening> crescent_evening(Ephemeris& ephemeris, const Observer& observer,
+                                                CrescentKind kind, double day, double conjunction);
+
+/// The sky of an instant.
+CrescentSky crescent_sky(Ephemeris& ephemeris, const Observer& observer, double universal);
+
+} // namespace halvane

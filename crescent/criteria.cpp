@@ -15,6 +15,11 @@ double line_of_width(double width) {
     return width * (-6.3226 + width * (0.7319 - 0.1018 * width));
 }
 
+/// The part of the two lines of Caldwell and Laney that the azimuths give.
+double saao_line(double daz) {
+    return 0.0004 * daz * daz * daz - 0.0157 * daz * daz - 0.0145 * daz;
+}
+
 } // namespace
 
 double vesk_value(double arcv, double width) {
@@ -67,8 +72,12 @@ double apparent_lower_limb(double altitude, double semidiameter) {
     return h + 1.02 / std::tan((h + 10.3 / (h + 5.11)) * radians_per_degree) / 60;
 }
 
+double saao_value(double limb, double daz) {
+    return limb - saao_line(daz);
+}
+
 VisibilityClass saao_class(double limb, double daz) {
-    const double line = 0.0004 * daz * daz * daz - 0.0157 * daz * daz - 0.0145 * daz;
+    const double line = saao_line(daz);
     if (limb - (line + 8.1912) >= 0)
         return VisibilityClass::easily_visible;
     return limb - (line + 6.2912) >= 0 ? VisibilityClass::optical_aid : VisibilityClass::not_possible;

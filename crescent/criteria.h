@@ -87,6 +87,8 @@ std::optional<VisibilityClass> yallop_class(double q);
 /// Apparent altitude of the Moon's lower limb from its airless altitude and semidiameter       [deg]
 /// Source Saemundsson, Sky and Telescope 72, 70 (1986) (refraction).
 double apparent_lower_limb(double altitude, double semidiameter);
+/// Height of the lower limb above the cubic that the two lines of the criterion share            [deg]
+double saao_value(double limb, double daz);
 /// `limb` is the apparent altitude of the lower limb at sunset or sunrise [deg].
 /// Source Caldwell and Laney, African Skies 5, 15 (2001).
 VisibilityClass saao_class(double limb, double daz);

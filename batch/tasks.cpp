@@ -120,6 +120,7 @@ std::vector<Task> batch_tasks(const PdfMaker& pdf) {
         phases_task(),
         crescent_task(),
         map_task(),
+        criteria_task(),
         run_task("qibla-sun", "When the Sun stands in the direction of the Qiblah, into results.out",
                  [] { return qiblah_of_period(QiblahMark::sun); }),
         run_task("qibla-shadow",

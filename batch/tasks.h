@@ -37,6 +37,7 @@ std::vector<Task> batch_tasks(const PdfMaker& pdf = {});
 Task phases_task();
 Task crescent_task();
 Task map_task();
+Task criteria_task();
 
 /// Prints what keeps a task from starting; gives its exit status.
 int report_refused(const Refusal& refused);

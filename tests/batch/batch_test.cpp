@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <csignal>
+#include <nlohmann/json.hpp>
 #include <thread>
 
 namespace halvane {
@@ -37,6 +38,28 @@ TEST_F(BatchTest, PrintsTodaysSixTimes) {
     EXPECT_TRUE(holds(bytes_of(golden_folder("prayer/delivered-year") / "results.out"),
                       "18/02/2026     05:54     07:16     12:50     16:00     18:25     19:47"));
     EXPECT_FALSE(folder.has("results.out"));
+}
+
+TEST_F(BatchTest, ListsTheCriteria) {
+    const Outcome text = run_in_folder({"criteria"});
+    EXPECT_EQ(text.status, 0);
+    EXPECT_EQ(text.errors, "");
+    EXPECT_TRUE(holds(text.output, "yallop-1997: Yallop as published"));
+    const Outcome made = run_in_folder({"criteria", "--format", "json"});
+    EXPECT_EQ(made.status, 0);
+    const nlohmann::json list = nlohmann::json::parse(made.output);
+    EXPECT_EQ(list["task"], "criteria");
+    // Yallop, NAO Technical Note 69: class A above 0.216, class F has no border below.
+    int of_yallop = 0;
+    for (const auto& row : list["rows"])
+        if (row["criterion"] == "yallop-1997") {
+            ++of_yallop;
+            EXPECT_EQ(row["class"] == 0, row["border"].is_null());
+            EXPECT_EQ(row["class"] == 5, row["border"] == 0.216);
+        }
+    EXPECT_EQ(of_yallop, 6);
+    const Outcome wrong = run_in_folder({"criteria", "--format", "xml"});
+    EXPECT_EQ(wrong.status, 2);
 }
 
 TEST_F(BatchTest, TakesTheSeriesOfItsOwnFolderForAFolderOfSettings) {

@@ -50,13 +50,13 @@ struct CataloguedCriterion {
     TwinText name;
     const char* source; ///< a book, a paper or the body that decided
     ObservationMoment moment;
-    TwinText frame;        ///< of the places that are measured
-    TwinText measure_name; ///< what the measure is
-    const char* unit;      ///< of the measure; empty for a mere number
+    bool of_mornings = true; ///< whether it judges old crescents too
+    TwinText frame;          ///< of the places that are measured
+    TwinText measure_name;   ///< what the measure is
+    const char* unit;        ///< of the measure; empty for a mere number
     /// Nothing where the criterion has no answer.
     std::optional<double> (*measure)(const CrescentEvening& evening, const CriteriaSettings& settings);
     std::array<CriterionClass, most_classes> classes; ///< the lowest first; empty ones end the list
-    bool of_mornings = true;                          ///< whether it judges old crescents too
     std::optional<JudgedPlace> place = std::nullopt;  ///< nothing: the observer's own
 
     /// The classes without the empty ones at the end.

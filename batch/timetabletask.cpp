@@ -26,6 +26,8 @@
 #include <iostream>
 #include <memory>
 #include <optional>
+#include <set>
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -101,12 +103,15 @@ Profile profile_of(const TimetableOptions& options) {
 }
 
 TimetableFormat format_of(const TimetableOptions& options) {
-    if (options.layout == display_layout)
-        return TimetableFormat::display_csv;
-    for (const TimetableFormat format : timetable_formats())
-        if (options.format == name_of(format))
-            return format;
-    return TimetableFormat::csv;
+    const std::span<const TimetableFormat> formats = timetable_formats();
+    const auto found = std::find_if(formats.begin(), formats.end(), [&options](TimetableFormat format) {
+        return options.format == name_of(format);
+    });
+    if (options.layout.empty())
+        return *found; // the command line takes no other name
+    if (*found != TimetableFormat::csv)
+        throw UsageMistake("--layout is of CSV files");
+    return TimetableFormat::display_csv;
 }
 
 bool is_given(const TimetableOptions& options) {
@@ -122,6 +127,8 @@ void check_place(const TimetableOptions& options) {
         throw UsageMistake("--place, --places and --latitude with --longitude exclude each other");
     if ((options.zone || options.height) && !is_given(options))
         throw UsageMistake("--zone and --height belong to --latitude and --longitude");
+    if (!options.zone_name.empty() && !options.places_file.empty())
+        throw UsageMistake("--places names the time zone of each place; --zone-name does not go with it");
     if (options.zone && !options.zone_name.empty())
         throw UsageMistake("--zone and --zone-name exclude each other");
     if (!options.zone_name.empty() && !is_zone_name(options.zone_name))
@@ -159,7 +166,7 @@ TimetablePlace place_of(const TimetableOptions& options) {
 }
 
 std::string file_name(const std::string& name, const TimetableOptions& options) {
-    return file_name_of(name) + "." + (options.layout.empty() ? options.format : std::string("csv"));
+    return file_name_of(name) + "." + options.format;
 }
 
 /// The series that a profile's columns need.
@@ -214,7 +221,7 @@ private:
             make_timetable(loaded_theory(), {place, profile_, span_}, progress);
         if (!timetable)
             return cancelled();
-        save(path, text_of(*timetable));
+        save_result(path, text_of(*timetable));
         if (!is_standard_output(path))
             std::cout << path << "\n";
         return status_done;
@@ -234,7 +241,7 @@ private:
         const std::string path = options_.output.empty() ? std::string(standard_output) : options_.output;
         require_no_program_file(path);
         const TwinWords words = comparison_text(compare_table(table, *timetable), profile_.page.names);
-        save(path, profile_.page.language == PageLanguage::arabic ? words.arabic : words.english);
+        save_result(path, profile_.page.language == PageLanguage::arabic ? words.arabic : words.english);
         return status_done;
     }
 
@@ -244,14 +251,17 @@ private:
             throw UsageMistake("--output: \"" + folder + "\" is no folder; --places writes one file a place");
         std::vector<TimetableSettings> settings;
         std::vector<std::string> paths;
+        std::set<std::string> taken;
         for (const GivenPlace& given :
              places_of_text(read_text_file(options_.places_file), options_.places_file)) {
             settings.push_back({given_place(given), profile_, span_});
-            paths.push_back(free_path(folder, settings.back().place.location.name, paths));
+            paths.push_back(free_path(folder, settings.back().place.location.name, taken));
         }
         const bool all = make_timetables(
             loaded_theory(), settings,
-            [&](std::size_t number, const Timetable& timetable) { save(paths[number], text_of(timetable)); },
+            [&](std::size_t number, const Timetable& timetable) {
+                save_result(paths[number], text_of(timetable));
+            },
             progress);
         if (!all)
             return cancelled();
@@ -262,17 +272,15 @@ private:
 
     /// A path that no other place of the run has: two may be of one name.
     std::string free_path(const std::string& folder, const std::string& name,
-                          const std::vector<std::string>& taken) const {
+                          std::set<std::string>& taken) const {
         for (int number = 1;; ++number) {
             const std::string numbered = number == 1 ? name : name + "-" + std::to_string(number);
             std::string path = (std::filesystem::path(folder) / file_name(numbered, options_)).string();
             require_no_program_file(path);
-            if (std::find(taken.begin(), taken.end(), path) == taken.end())
+            if (taken.insert(path).second)
                 return path;
         }
     }
-
-    static void save(const std::string& path, const std::string& bytes) { save_result(path, bytes); }
 
     const TimetableOptions& options_;
     const PdfMaker& pdf_;

@@ -807,17 +807,18 @@ void frmtimetable::cmdcompare_click() {
     if (self == nullptr || name.isEmpty())
         return;
     try {
-        compare(name, *settings);
+        compare(name, std::move(*settings));
     } catch (const RunTimeFailure& failure) {
         if (self != nullptr)
             tell(words_of(failure, language_));
     }
 }
 
-void frmtimetable::compare(const QString& name, const TimetableSettings& settings) {
+void frmtimetable::compare(const QString& name, TimetableSettings settings) {
     const QPointer<frmtimetable> self(this);
     const std::string path = name.toStdString();
     const ForeignTable table = foreign_table_of_text(read_text_file(path), path);
+    settings.profile.page.columns = table.columns; // whichever the page shows
     const std::optional<Timetable> timetable = calculated(settings);
     if (self == nullptr || !timetable)
         return;

@@ -88,7 +88,7 @@ private:
                                        TimetableFormat format);
     void save(const QString& name, TimetableSettings settings);
     void print(const Timetable& timetable);
-    void compare(const QString& name, const TimetableSettings& settings);
+    void compare(const QString& name, TimetableSettings settings);
     bool may_take_name(const std::string& name);
     void tell(const QString& words);
     void show_state(const QString& words);

@@ -13,6 +13,9 @@ namespace halvane {
 
 /// What the days of a timetable are.
 enum class SpanKind { month, year, hijri_month, hijri_year, dates };
+constexpr bool is_hijri(SpanKind kind) {
+    return kind == SpanKind::hijri_month || kind == SpanKind::hijri_year;
+}
 
 /// The days of a timetable, both ends inside.
 struct DaySpan {
@@ -27,7 +30,7 @@ struct DaySpan {
 /// At most so many days make one timetable.
 inline constexpr int most_days = 36600;
 /// Hijri years of a timetable; they lie within theory_years.
-inline constexpr YearRange hijri_timetable_years{1, 9600};
+inline constexpr YearRange hijri_timetable_years{1, hijri_theory_years.last};
 
 /// A span, or why there is none.
 struct SpanAnswer {

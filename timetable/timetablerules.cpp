@@ -19,10 +19,6 @@ constexpr double half_day = 0.5;
 constexpr TwinText year_not_whole{"a year is a whole number", "السنة رقم صحيح"};
 constexpr TwinText no_column{"Choose at least one column.", "اختر عمودا واحدا على الأقل."};
 
-bool is_hijri(SpanKind kind) {
-    return kind == SpanKind::hijri_month || kind == SpanKind::hijri_year;
-}
-
 std::string with_point(std::string text) {
     return text.ends_with('.') ? text : std::move(text) + ".";
 }

@@ -108,10 +108,6 @@ TwinWords coordinates_of(const Location& location) {
                 arabic_degrees_text(longitude) + (longitude >= 0 ? " شرقا، " : " غربا، ") + height + " م"};
 }
 
-bool is_hijri(SpanKind kind) {
-    return kind == SpanKind::hijri_month || kind == SpanKind::hijri_year;
-}
-
 /// Lays out the rows of one sheet.
 class SheetMaker {
 public:

@@ -66,6 +66,8 @@ CASES = [
     ([*MONTH, "--places", "far.csv"], 1, "line 2: a latitude is from"),
     ([*MONTH, "--places", "none.csv"], 1, "No such file"),
     ([*MONTH, "--places", "hole.csv", "--place", "Oslo"], 2, "exclude each other"),
+    ([*MONTH, "--places", "hole.csv", "--zone-name", "Asia/Amman"], 2, "does not go with it"),
+    ([*MONTH, "--layout", "display", "--format", "ics"], 2, "of CSV files"),
     ([*MONTH, "--compare", "empty.csv"], 1, "head row is missing"),
     ([*MONTH, "--compare", "hole.csv"], 1, "column"),
     ([*MONTH, "--output", "/dev/full"], 1, "No space left"),

@@ -25,6 +25,7 @@
 #include <QPlainTextEdit>
 #include <QPrinter>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QTabWidget>
 #include <algorithm>
 #include <filesystem>
@@ -603,6 +604,19 @@ TEST_F(TimetablePanelTest, ComparesWithATableOfTheUser) {
     click(form, "cmdcompare");
     ASSERT_EQ(messages.size(), 1U);
     EXPECT_TRUE(messages[0].text.contains(QStringLiteral("pref.vsk")));
+}
+
+TEST_F(TimetablePanelTest, ComparesColumnsThatThePageDoesNotShow) {
+    frmtimetable form;
+    settle(form);
+    saved_as(form, "screen.display.csv");
+    chosen_file = QString::fromStdString(path("screen.display.csv"));
+    click(form, "cmdcompare");
+    QWidget* const window = open_window("frmcomparison");
+    ASSERT_NE(window, nullptr);
+    const QString text = control<QPlainTextEdit>(*window, "txtcomparison").toPlainText();
+    const QRegularExpression hanafi(QStringLiteral("Aser \\(Hanafi\\) +30 "));
+    EXPECT_TRUE(text.contains(hanafi)) << text.toStdString();
 }
 
 // Paper

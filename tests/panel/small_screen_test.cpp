@@ -13,6 +13,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QTemporaryFile>
+#include <QTest>
 #include <memory>
 
 // Every form on the smallest screen that it must serve: 1920 x 1080 at a scale of 2.
@@ -22,6 +23,7 @@ namespace {
 
 constexpr int screen_width = 960;  // [device independent pixels]
 constexpr int screen_height = 540; // [device independent pixels]
+constexpr int layout_wait = 5000;  // [ms]
 constexpr int window_frame = 36;   // of a desktop's title bar [device independent pixels]
 
 using FormAndLanguage = std::tuple<std::string, Language>;
@@ -78,6 +80,9 @@ TEST_P(SmallScreenTest, TheFocusShowsItsControlWhole) {
             continue;
         control->setFocus(Qt::TabFocusReason);
         QCoreApplication::processEvents();
+        // A form that calculates may be laying out the words that just came.
+        static_cast<void>(
+            QTest::qWaitFor([control] { return !control->visibleRegion().isEmpty(); }, layout_wait));
         const QRect place(control->mapTo(&form(), QPoint()), control->size());
         EXPECT_TRUE(form().rect().contains(place))
             << control->objectName().toStdString() << " at " << place.x() << ' ' << place.y() << ", "

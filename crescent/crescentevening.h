@@ -2,6 +2,7 @@
 #pragma once
 
 #include "crescent/quantities.h"
+#include "crescent/skyplaces.h"
 #include "stored/visib.h"
 
 #include <optional>
@@ -37,13 +38,23 @@ struct CrescentEvening {
 double geocentric_conjunction(Ephemeris& ephemeris, double universal);
 
 /// The evening or the morning of a civil date, which begins and ends with the mean time of the place's
-/// longitude; the Moon's event is the one within twelve hours of the Sun's. The horizon is that of the sea
-/// in standard air: the Sun's centre at -50', the Moon's upper limb at -34'. Where the lag is not positive,
-/// the earlier of the two events stands for Best Time. Nothing when the Sun or the Moon has no event.
+/// longitude: the Sun's event nearest to its noon, and the Moon's nearest to the Sun's, within half a day
+/// each. The horizon is that of the sea in standard air: the upper limbs stand there, as they are seen from
+/// the place. Where the lag is not positive, the earlier of the two events stands for Best Time. Nothing when
+/// the Sun or the Moon has no event.
 /// In     day          0 h of the civil date, without a zone                                     [d]
 ///        conjunction  geocentric; Julian day, UT1                                               [d]
-/// Error  as find_rise_set.
+/// Accuracy  events 1 s, the places those of the series (docs/accuracy.md).
 std::optional<CrescentEvening> crescent_evening(Ephemeris& ephemeris, const Observer& observer,
+                                                CrescentKind kind, double day, double conjunction);
+
+/// The sky that crescent_evening asks for anywhere on Earth.
+/// In     day  0 h of the civil date, without a zone                                             [d]
+SkyPolynomials sky_around_date(Ephemeris& ephemeris, double day);
+
+/// The evening or the morning of a date whose sky is at hand: for thousands of places. Any number of threads
+/// may ask at once. In     sky  as sky_around_date gives it for `day`
+std::optional<CrescentEvening> crescent_evening(const SkyPolynomials& sky, const Observer& observer,
                                                 CrescentKind kind, double day, double conjunction);
 
 /// The sky of an instant.

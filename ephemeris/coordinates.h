@@ -6,6 +6,12 @@
 
 namespace halvane {
 
+/// The sizes of the bodies, as every parallax and semidiameter takes them.
+inline constexpr double earth_radius_km = 6378.137;              ///< of the equator
+inline constexpr double moon_over_earth_radius = 0.2725076;      ///<
+inline constexpr double sun_parallax_at_1_au = 0.00244277777778; ///< horizontal              [deg]
+inline constexpr double sun_semidiameter_at_1_au = 0.266563889;  ///<                         [deg]
+
 /// Radius to an observer from the Earth's centre, in equatorial radii.
 struct GeocentricRadius {
     double sine = 0;   ///< rho sin phi'

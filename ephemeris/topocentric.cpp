@@ -10,19 +10,14 @@
 namespace halvane {
 namespace {
 
-constexpr double earth_radius_km = 6378.137;
-
 /// Horizontal parallax                                                                    [rad]
 double parallax_of(char body, double distance) {
-    constexpr double sun_parallax_at_1_au = 0.00244277777778;
     return body == 'S' ? sun_parallax_at_1_au / distance * radians_per_degree
                        : asin(earth_radius_km / distance);
 }
 
 /// Geocentric semidiameter                                                                [rad]
 double semidiameter_of(char body, double distance) {
-    constexpr double sun_semidiameter_at_1_au = 0.266563889;
-    constexpr double moon_over_earth_radius = 0.2725076;
     return body == 'S' ? sun_semidiameter_at_1_au / distance * radians_per_degree
                        : asin(moon_over_earth_radius * earth_radius_km / distance);
 }

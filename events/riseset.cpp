@@ -20,10 +20,9 @@ double horizon_dip(double height) {
 }
 
 double horizon_refraction(double pressure, double temperature) {
-    constexpr double standard = 0.5692857;
     if (pressure == 1010 && temperature == 10)
-        return standard;
-    return standard * (0.28 * pressure / (temperature + 273));
+        return standard_horizon_refraction;
+    return standard_horizon_refraction * (0.28 * pressure / (temperature + 273));
 }
 
 namespace {

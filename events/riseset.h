@@ -44,6 +44,9 @@ RiseSet find_rise_set(Ephemeris& ephemeris, Target target, const Instant& start,
 /// Dip of the horizon for a height above sea level, negative below it                     [m -> deg]
 double horizon_dip(double height);
 
+/// Refraction at the horizon in standard air                                               [deg]
+inline constexpr double standard_horizon_refraction = 0.5692857;
+
 /// Refraction at the horizon by pressure [mb] and temperature [deg C]; the pair 1010 and 10 is the standard
 /// one                                                                                    [deg]
 double horizon_refraction(double pressure, double temperature);

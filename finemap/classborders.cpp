@@ -1,0 +1,480 @@
+// SPDX-License-Identifier: MIT
+#include "finemap/classborders.h"
+
+#include "base/sharedwork.h"
+#include "events/bracketedroot.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <unordered_map>
+
+namespace halvane {
+namespace {
+
+/// Where the class changes on the way along a side.
+struct Crossing {
+    MapPosition place;
+    MapClass before, after;
+    std::size_t point = 0; ///< its index
+};
+
+using Crossings = std::vector<Crossing>;
+
+MapPosition between(const MapPosition& a, const MapPosition& b, double share) {
+    return {a.longitude + share * (b.longitude - a.longitude),
+            a.latitude + share * (b.latitude - a.latitude)};
+}
+
+double distance(const MapPosition& a, const MapPosition& b) {
+    return std::hypot(b.longitude - a.longitude, b.latitude - a.latitude);
+}
+
+bool differ_in_sign(std::optional<double> a, std::optional<double> b) {
+    return a && b && (*a < 0) != (*b < 0);
+}
+
+/// Finds the crossings of one side.
+class SideSearch {
+public:
+    SideSearch(const MapJudge& judge, const MapPosition& from, const MapPosition& to)
+        : judge_(judge), from_(from), to_(to), length_(distance(from, to)) {}
+
+    Crossings find() {
+        constexpr int depth = 8;
+        find(0, at(0), 1, at(1), depth);
+        return std::move(found_);
+    }
+
+private:
+    static constexpr double tolerance = 1e-6; // [deg]
+
+    JudgedPlaceOfMap at(double share) const { return judge_.judge(between(from_, to_, share)); }
+
+    void add(double share, MapClass before, MapClass after) {
+        // Corners belong to several sides: a crossing keeps off them.
+        const double off = tolerance / length_;
+        found_.push_back({between(from_, to_, std::clamp(share, off, 1 - off)), before, after});
+    }
+
+    void find(double a, const JudgedPlaceOfMap& at_a, double b, const JudgedPlaceOfMap& at_b, int depth) {
+        if (at_a.map_class == at_b.map_class)
+            return;
+        if (depth == 0 || (b - a) * length_ < 4 * tolerance) {
+            add((a + b) / 2, at_a.map_class, at_b.map_class);
+            return;
+        }
+        const auto [low, high] = around_change(a, at_a, b, at_b);
+        const JudgedPlaceOfMap at_low = at(low);
+        const JudgedPlaceOfMap at_high = at(high);
+        find(a, at_a, low, at_low, depth - 1);
+        if (at_low.map_class != at_high.map_class)
+            add((low + high) / 2, at_low.map_class, at_high.map_class);
+        find(high, at_high, b, at_b, depth - 1);
+    }
+
+    struct Interval {
+        double low, high;
+    };
+
+    /// A short interval in which the class changes.
+    Interval around_change(double a, const JudgedPlaceOfMap& at_a, double b, const JudgedPlaceOfMap& at_b) {
+        const ClassBorder border(judge_.settings(), at_a.map_class, at_b.map_class);
+        const std::optional<double> margin_a = border.margin(at_a);
+        const std::optional<double> margin_b = border.margin(at_b);
+        if (!differ_in_sign(margin_a, margin_b))
+            return halved(a, at_a.map_class, b);
+        const auto margin = [&](double share) { return border.margin(at(share)).value_or(*margin_a); };
+        const double root = bracketed_root(margin, a, *margin_a, b, *margin_b, tolerance / length_ / 4);
+        const double off = tolerance / length_;
+        return {std::max(a, root - off), std::min(b, root + off)};
+    }
+
+    Interval halved(double a, MapClass class_a, double b) {
+        while ((b - a) * length_ > tolerance) {
+            const double middle = (a + b) / 2;
+            (at(middle).map_class == class_a ? a : b) = middle;
+        }
+        return {a, b};
+    }
+
+    const MapJudge& judge_;
+    MapPosition from_, to_;
+    double length_;
+    Crossings found_;
+};
+
+/// The sides that a cell brings along; the others are those of its neighbours.
+enum class Side { south, west, diagonal };
+
+/// A corner of the grid.
+struct Corner {
+    std::size_t column, row;
+};
+
+/// The crossings on the sides of one row of cells.
+class RowCrossings {
+public:
+    Crossings* of(std::size_t column, Side side) {
+        const auto found = crossings_.find(key(column, side));
+        return found == crossings_.end() ? nullptr : &found->second;
+    }
+    const Crossings* of(std::size_t column, Side side) const {
+        const auto found = crossings_.find(key(column, side));
+        return found == crossings_.end() ? nullptr : &found->second;
+    }
+    void put(std::size_t column, Side side, Crossings crossings) {
+        order_.push_back(key(column, side));
+        crossings_.emplace(order_.back(), std::move(crossings));
+    }
+    /// Gives every crossing a point of its own.
+    void number(std::vector<MapPosition>& points) {
+        for (const std::size_t each : order_)
+            for (Crossing& crossing : crossings_.at(each)) {
+                crossing.point = points.size();
+                points.push_back(crossing.place);
+            }
+    }
+
+private:
+    static std::size_t key(std::size_t column, Side side) {
+        return column * 3 + static_cast<std::size_t>(side);
+    }
+
+    std::vector<std::size_t> order_;
+    std::unordered_map<std::size_t, Crossings> crossings_;
+};
+
+/// A triangle of the grid, its corners counter-clockwise.
+using Triangle = std::array<Corner, 3>;
+
+/// Joins the crossings of a triangle by lines.
+class TriangleLines {
+public:
+    struct Lines {
+        std::vector<MapPosition> points; ///< beside those of the crossings
+        std::vector<BorderSegment> segments;
+    };
+
+    /// In     first_point  the index of the first of `lines.points`
+    TriangleLines(const MapJudge& judge, std::size_t first_point, Lines& lines)
+        : judge_(judge), first_point_(first_point), lines_(lines) {}
+
+    /// In     around  the crossings on the way around, counter-clockwise
+    void join(Crossings around, const std::array<MapPosition, 3>& corners) {
+        corners_ = corners;
+        while (around.size() > 1 && join_neighbours(around)) {
+        }
+        if (!around.empty())
+            join_in_middle(around);
+    }
+
+private:
+    /// Cuts off the class between two crossings that lead into it and back. The shortest such line first.
+    bool join_neighbours(Crossings& around) {
+        std::size_t best = around.size();
+        double shortest = 0;
+        for (std::size_t i = 0; i < around.size(); ++i) {
+            const Crossing& into = around[i];
+            const Crossing& back = around[(i + 1) % around.size()];
+            const double length = distance(into.place, back.place);
+            if (into.before == back.after && (best == around.size() || length < shortest)) {
+                best = i;
+                shortest = length;
+            }
+        }
+        if (best == around.size())
+            return false;
+        const std::size_t next = (best + 1) % around.size();
+        add_bent(around[next], around[best]);
+        around.erase(around.begin() + static_cast<std::ptrdiff_t>(std::max(best, next)));
+        around.erase(around.begin() + static_cast<std::ptrdiff_t>(std::min(best, next)));
+        return true;
+    }
+
+    /// Three classes or more meet in one point.
+    void join_in_middle(const Crossings& around) {
+        MapPosition middle;
+        for (const Crossing& crossing : around) {
+            middle.longitude += crossing.place.longitude / static_cast<double>(around.size());
+            middle.latitude += crossing.place.latitude / static_cast<double>(around.size());
+        }
+        const std::size_t point = add_point(middle);
+        for (const Crossing& crossing : around)
+            lines_.segments.push_back({point, crossing.point, crossing.after, crossing.before});
+    }
+
+    std::size_t add_point(const MapPosition& place) {
+        lines_.points.push_back(place);
+        return first_point_ + lines_.points.size() - 1;
+    }
+
+    /// The line from the crossing that leads out of a class to the one that leads into it: the class is on
+    /// its left.
+    void add_bent(const Crossing& out, const Crossing& into) {
+        constexpr int depth = 4;
+        const ClassBorder border(judge_.settings(), into.after, into.before);
+        std::vector<MapPosition> bends;
+        bend(border, out.place, into.place, depth, bends);
+        std::size_t last = out.point;
+        for (const MapPosition& place : bends) {
+            const std::size_t next = add_point(place);
+            lines_.segments.push_back({last, next, into.after, into.before});
+            last = next;
+        }
+        lines_.segments.push_back({last, into.point, into.after, into.before});
+    }
+
+    /// Bends a line towards the border until it is as near as it should be.
+    void bend(const ClassBorder& border, const MapPosition& a, const MapPosition& b, int depth,
+              std::vector<MapPosition>& bends) {
+        const std::optional<MapPosition> place = depth > 0 ? bent_middle(border, a, b) : std::nullopt;
+        if (!place)
+            return;
+        bend(border, a, *place, depth - 1, bends);
+        bends.push_back(*place);
+        bend(border, *place, b, depth - 1, bends);
+    }
+
+    /// Where the border passes the middle of a line; nothing where that is near enough or out of reach.
+    std::optional<MapPosition> bent_middle(const ClassBorder& border, const MapPosition& a,
+                                           const MapPosition& b) const {
+        constexpr double near_enough = 1e-4; // [deg]
+        constexpr double reach = 0.3;        // of the line's length
+        constexpr double first_look = 0.02;  // of the line's length
+        const double length = distance(a, b);
+        if (length < near_enough)
+            return std::nullopt;
+        const MapPosition middle = between(a, b, 0.5);
+        const MapPosition across{-(b.latitude - a.latitude) / length, (b.longitude - a.longitude) / length};
+        const auto beside = [&](double by) {
+            return MapPosition{middle.longitude + by * across.longitude,
+                               middle.latitude + by * across.latitude};
+        };
+        const auto margin = [&](double by) { return border.margin(judge_.judge(beside(by))); };
+        double x0 = 0;
+        double x1 = first_look * length;
+        std::optional<double> y0 = margin(x0);
+        std::optional<double> y1 = margin(x1);
+        constexpr int secants = 3;
+        for (int i = 0; i < secants; ++i) {
+            if (!y0 || !y1 || *y0 == *y1)
+                return std::nullopt;
+            const double next = x1 - *y1 * (x1 - x0) / (*y1 - *y0);
+            if (!(std::fabs(next) < reach * length) || (i == 0 && std::fabs(next) < near_enough))
+                return std::nullopt;
+            x0 = x1;
+            y0 = y1;
+            x1 = next;
+            y1 = margin(x1);
+        }
+        const MapPosition place = beside(x1);
+        return y1 && is_inside(place) ? std::optional(place) : std::nullopt;
+    }
+
+    bool is_inside(const MapPosition& place) const {
+        constexpr double least = 1e-7; // [square degrees]
+        for (std::size_t i = 0; i < corners_.size(); ++i) {
+            const MapPosition& a = corners_[i];
+            const MapPosition& b = corners_[(i + 1) % corners_.size()];
+            if ((b.longitude - a.longitude) * (place.latitude - a.latitude) -
+                    (b.latitude - a.latitude) * (place.longitude - a.longitude) <
+                least)
+                return false;
+        }
+        return true;
+    }
+
+    const MapJudge& judge_;
+    const std::size_t first_point_;
+    Lines& lines_;
+    std::array<MapPosition, 3> corners_{};
+};
+
+class BorderSearch {
+public:
+    BorderSearch(const MapJudge& judge, const MapPart& part)
+        : judge_(judge), part_(part), rows_(part.rows), lines_(part.rows - 1) {}
+
+    bool find_crossings(Progress& progress) {
+        const auto begin = [this]() -> DoPiece { return [this](std::size_t row) { search_row(row); }; };
+        if (!share_work(part_.rows, begin, progress))
+            return false;
+        for (RowCrossings& row : rows_)
+            row.number(borders_.points);
+        return true;
+    }
+
+    bool join(Progress& progress) {
+        const auto begin = [this]() -> DoPiece { return [this](std::size_t row) { join_row(row); }; };
+        return share_work(part_.rows - 1, begin, progress);
+    }
+
+    ClassBorders take_borders() {
+        for (const TriangleLines::Lines& lines : lines_)
+            append(lines);
+        add_frame();
+        return std::move(borders_);
+    }
+
+private:
+    MapPosition place(const Corner& corner) const {
+        return {part_.longitude(corner.column), part_.latitude(corner.row)};
+    }
+    MapClass class_at(const Corner& corner) const { return part_.at(corner.column, corner.row).map_class; }
+
+    /// Neighbouring cells lean to opposite sides.
+    static bool leans_east(std::size_t column, std::size_t row) { return (column + row) % 2 == 0; }
+
+    /// A side of a cell from its southern or its western end.
+    struct Ends {
+        Corner from, to;
+    };
+    static Ends ends_of(std::size_t column, std::size_t row, Side side) {
+        switch (side) {
+        case Side::south:
+            return {{column, row}, {column + 1, row}};
+        case Side::west:
+            return {{column, row}, {column, row + 1}};
+        case Side::diagonal:
+            break;
+        }
+        return leans_east(column, row) ? Ends{{column, row}, {column + 1, row + 1}}
+                                       : Ends{{column + 1, row}, {column, row + 1}};
+    }
+
+    void search_row(std::size_t row) {
+        const bool last_row = row + 1 == part_.rows;
+        for (std::size_t column = 0; column < part_.columns; ++column) {
+            const bool last_column = column + 1 == part_.columns;
+            if (!last_column)
+                search_side(column, row, Side::south);
+            if (!last_row)
+                search_side(column, row, Side::west);
+            if (!last_row && !last_column)
+                search_side(column, row, Side::diagonal);
+        }
+    }
+
+    void search_side(std::size_t column, std::size_t row, Side side) {
+        const auto [from, to] = ends_of(column, row, side);
+        if (class_at(from) != class_at(to))
+            rows_[row].put(column, side, SideSearch(judge_, place(from), place(to)).find());
+    }
+
+    void join_row(std::size_t row) {
+        TriangleLines lines(judge_, borders_.points.size(), lines_[row]);
+        for (std::size_t column = 0; column + 1 < part_.columns; ++column)
+            for (const Triangle& triangle : triangles(column, row))
+                if (!is_of_one_class(triangle))
+                    lines.join(around(triangle),
+                               {place(triangle[0]), place(triangle[1]), place(triangle[2])});
+    }
+
+    static std::array<Triangle, 2> triangles(std::size_t column, std::size_t row) {
+        const Corner south_west{column, row};
+        const Corner south_east{column + 1, row};
+        const Corner north_east{column + 1, row + 1};
+        const Corner north_west{column, row + 1};
+        if (leans_east(column, row))
+            return {Triangle{south_west, south_east, north_east},
+                    Triangle{south_west, north_east, north_west}};
+        return {Triangle{south_west, south_east, north_west}, Triangle{south_east, north_east, north_west}};
+    }
+
+    bool is_of_one_class(const Triangle& triangle) const {
+        return class_at(triangle[0]) == class_at(triangle[1]) &&
+               class_at(triangle[0]) == class_at(triangle[2]);
+    }
+
+    Crossings around(const Triangle& triangle) const {
+        Crossings found;
+        for (std::size_t i = 0; i < triangle.size(); ++i) {
+            const Crossings side = on_the_way(triangle[i], triangle[(i + 1) % triangle.size()]);
+            found.insert(found.end(), side.begin(), side.end());
+        }
+        return found;
+    }
+
+    /// The crossings from one corner to a neighbouring one.
+    Crossings on_the_way(const Corner& from, const Corner& to) const {
+        const Corner south_west{std::min(from.column, to.column), std::min(from.row, to.row)};
+        const Side side = from.row == to.row         ? Side::south
+                          : from.column == to.column ? Side::west
+                                                     : Side::diagonal;
+        const Crossings* crossings = rows_[south_west.row].of(south_west.column, side);
+        if (crossings == nullptr)
+            return {};
+        Crossings way = *crossings;
+        const Corner first = ends_of(south_west.column, south_west.row, side).from;
+        if (first.column != from.column || first.row != from.row) {
+            std::reverse(way.begin(), way.end());
+            for (Crossing& crossing : way)
+                std::swap(crossing.before, crossing.after);
+        }
+        return way;
+    }
+
+    /// Takes the lines of a row over: their own points follow those that are there.
+    void append(const TriangleLines::Lines& lines) {
+        const std::size_t crossings = crossing_points();
+        const std::size_t moved = borders_.points.size() - crossings;
+        const auto moved_point = [&](std::size_t point) { return point < crossings ? point : point + moved; };
+        borders_.points.insert(borders_.points.end(), lines.points.begin(), lines.points.end());
+        for (const BorderSegment& segment : lines.segments)
+            borders_.segments.push_back(
+                {moved_point(segment.from), moved_point(segment.to), segment.left, segment.right});
+    }
+
+    std::size_t crossing_points() {
+        if (!crossing_points_)
+            crossing_points_ = borders_.points.size();
+        return *crossing_points_;
+    }
+
+    void add_frame() {
+        const std::size_t east = part_.columns - 1;
+        const std::size_t north = part_.rows - 1;
+        const std::array<Corner, 4> corners{{{0, 0}, {east, 0}, {east, north}, {0, north}}};
+        const std::size_t first = borders_.points.size();
+        for (const Corner& corner : corners)
+            borders_.points.push_back(place(corner));
+        for (std::size_t i = 0; i < corners.size(); ++i)
+            add_frame_side(corners[i], first + i, corners[(i + 1) % corners.size()],
+                           first + (i + 1) % corners.size());
+    }
+
+    void add_frame_side(const Corner& from, std::size_t from_point, const Corner& to, std::size_t to_point) {
+        const auto step = [](std::size_t a, std::size_t b) { return a < b ? a + 1 : a > b ? a - 1 : a; };
+        MapClass inside = class_at(from);
+        std::size_t last = from_point;
+        for (Corner now = from; now.column != to.column || now.row != to.row;) {
+            const Corner next{step(now.column, to.column), step(now.row, to.row)};
+            for (const Crossing& crossing : on_the_way(now, next)) {
+                borders_.frame.push_back({last, crossing.point, inside, inside});
+                last = crossing.point;
+                inside = crossing.after;
+            }
+            now = next;
+        }
+        borders_.frame.push_back({last, to_point, inside, inside});
+    }
+
+    const MapJudge& judge_;
+    const MapPart& part_;
+    std::vector<RowCrossings> rows_;
+    std::vector<TriangleLines::Lines> lines_; ///< by row of cells
+    std::optional<std::size_t> crossing_points_;
+    ClassBorders borders_;
+};
+
+} // namespace
+
+std::optional<ClassBorders> class_borders(const MapJudge& judge, const MapPart& part, Progress& progress) {
+    BorderSearch search(judge, part);
+    if (!search.find_crossings(progress) || !search.join(progress))
+        return std::nullopt;
+    return search.take_borders();
+}
+
+} // namespace halvane

@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: MIT
+#include "finemap/finemap.h"
+
+#include "base/failure.h"
+#include "base/sharedwork.h"
+#include "finemap/classborders.h"
+#include "finemap/zones.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <utility>
+
+namespace halvane {
+namespace {
+
+constexpr double date_line = 180;
+constexpr double not_finite = std::numeric_limits<double>::quiet_NaN();
+
+/// Tells a stage's progress as a part of the whole.
+class StageProgress final : public Progress {
+public:
+    StageProgress(Progress& whole, double first, double last) : whole_(whole), first_(first), last_(last) {}
+    void percent(double value) override { whole_.percent(first_ + (last_ - first_) * value / 100); }
+    bool yield() override { return whole_.yield(); }
+
+private:
+    Progress& whole_;
+    double first_, last_;
+};
+
+MapNode node_of(const JudgedPlaceOfMap& place) {
+    MapNode node;
+    node.map_class = place.map_class;
+    node.value = place.value.value_or(not_finite);
+    if (!place.evening) {
+        node.lag = node.age = node.altitude = node.elongation = static_cast<float>(not_finite);
+        return node;
+    }
+    const CrescentEvening& evening = *place.evening;
+    node.lag = static_cast<float>(evening.lag());
+    node.age = static_cast<float>(evening.age(evening.sun_event));
+    node.altitude = static_cast<float>(evening.at_sun_event.topocentric.moon_altitude);
+    node.elongation = static_cast<float>(evening.at_sun_event.topocentric.elongation);
+    return node;
+}
+
+/// The places of a grid from one degree to another, both at whole steps and within their limits.
+std::size_t places_within(double first, double last, double step) {
+    return static_cast<std::size_t>(std::lround((last - first) / step)) + 1;
+}
+
+MapPart empty_part(double west, double east, double south, double north, double step) {
+    MapPart part{west, south, step, places_within(west, east, step), places_within(south, north, step), {}};
+    part.nodes.resize(part.columns * part.rows);
+    return part;
+}
+
+/// The grids that cover a window, to the next whole steps outside it.
+std::vector<MapPart> parts_of(const MapWindow& window, double step) {
+    const auto down = [step](double degrees) { return std::floor(degrees / step) * step; };
+    const auto up = [step](double degrees) { return std::ceil(degrees / step) * step; };
+    const double south = std::max(down(window.south), most_southern);
+    const double north = std::min(up(window.north), most_northern);
+    const double west = down(window.west);
+    const double east = up(window.east);
+    std::vector<MapPart> parts;
+    if (west < date_line)
+        parts.push_back(empty_part(west, std::min(east, date_line), south, north, step));
+    if (east > date_line)
+        parts.push_back(empty_part(std::max(west, date_line), east, south, north, step));
+    return parts;
+}
+
+bool judge_part(const MapJudge& judge, MapPart& part, Progress& progress) {
+    const auto begin = [&]() -> DoPiece {
+        return [&](std::size_t row) {
+            for (std::size_t column = 0; column < part.columns; ++column)
+                part.nodes[row * part.columns + column] =
+                    node_of(judge.judge({part.longitude(column), part.latitude(row)}));
+        };
+    };
+    return share_work(part.rows, begin, progress);
+}
+
+/// Adds the zones of a part to those of the same class.
+void add_zones(std::vector<MapZone>& zones, std::vector<MapZone> added) {
+    for (MapZone& zone : added) {
+        auto place = std::find_if(zones.begin(), zones.end(),
+                                  [&zone](const MapZone& each) { return each.map_class >= zone.map_class; });
+        if (place == zones.end() || place->map_class != zone.map_class)
+            place = zones.insert(place, {zone.map_class, {}});
+        for (ZonePolygon& polygon : zone.polygons)
+            place->polygons.push_back(std::move(polygon));
+    }
+}
+
+bool make_part(const MapJudge& judge, FineMap& map, MapPart& part, double first, double last,
+               Progress& progress) {
+    constexpr double judging = 0.8; // of a part's time
+    const double judged = first + (last - first) * judging;
+    StageProgress of_places(progress, first, judged);
+    StageProgress of_borders(progress, judged, last);
+    if (!judge_part(judge, part, of_places))
+        return false;
+    const std::optional<ClassBorders> borders = class_borders(judge, part, of_borders);
+    if (!borders)
+        return false;
+    add_zones(map.zones, zones_within(*borders));
+    return true;
+}
+
+} // namespace
+
+std::optional<TwinWords> refused_map(const FineMapSettings& settings) {
+    const CataloguedCriterion& criterion = *settings.criterion;
+    if (criterion.place)
+        return TwinWords(
+            std::string(criterion.name.english) + " judges by one place alone, so there is no map of it.",
+            "يحكم معيار " + std::string(criterion.name.arabic) + " بمكان واحد فقط، فلا خريطة له.");
+    if (settings.kind == CrescentKind::old_crescent && !criterion.of_mornings)
+        return TwinWords(std::string(criterion.name.english) +
+                             " judges new crescents alone, so there is no map of a morning.",
+                         "معيار " + std::string(criterion.name.arabic) +
+                             " لهلال أول الشهر فقط، فلا خريطة له في الصباح.");
+    return std::nullopt;
+}
+
+std::optional<FineMap> make_fine_map(const TheoryPointer& theory, const FineMapSettings& settings,
+                                     Progress& progress) {
+    if (const std::optional<TwinWords> refused = refused_map(settings))
+        throw RunTimeFailure(*refused);
+    Ephemeris ephemeris(theory);
+    const SkyPolynomials sky = sky_around_date(ephemeris, settings.day);
+    FineMap map{settings, parts_of(settings.window, settings.step), {}};
+    double columns = 0;
+    for (const MapPart& part : map.parts)
+        columns += static_cast<double>(part.columns);
+    double first = 0;
+    for (MapPart& part : map.parts) {
+        const double last = first + 100 * static_cast<double>(part.columns) / columns;
+        const MapJudge judge(map.settings, sky, part.west < date_line ? 0 : -2 * date_line);
+        if (!make_part(judge, map, part, first, last, progress))
+            return std::nullopt;
+        first = last;
+    }
+    return map;
+}
+
+} // namespace halvane

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#include "finemap/mapplaces.h"
+
+#include <algorithm>
+
+namespace halvane {
+namespace {
+
+MapClass class_of(const FineMapSettings& settings, const CrescentEvening& evening,
+                  const std::optional<double>& value) {
+    if (evening.age(evening.sun_event) <= 0)
+        return MapClass::conjunction_to_come;
+    if (evening.lag() <= 0)
+        return MapClass::moon_goes_first;
+    if (!value)
+        return MapClass::no_answer;
+    return map_class_of(class_of_value(*settings.criterion, *value));
+}
+
+} // namespace
+
+JudgedPlaceOfMap judged(const FineMapSettings& settings, const MapPosition& place,
+                        const std::optional<CrescentEvening>& evening) {
+    if (!evening)
+        return {place, std::nullopt, std::nullopt, MapClass::no_event};
+    const std::optional<double> value = criterion_value(*settings.criterion, *evening, settings.limits);
+    return {place, evening, value, class_of(settings, *evening, value)};
+}
+
+JudgedPlaceOfMap MapJudge::judge(const MapPosition& place) const {
+    return judged(settings_, place,
+                  crescent_evening(sky_, observer_at(place.longitude + shift_, place.latitude, 0),
+                                   settings_.kind, settings_.day, settings_.conjunction));
+}
+
+PlaceAnswer answer_at(Ephemeris& ephemeris, const FineMapSettings& settings, const MapPosition& place) {
+    const double longitude = place.longitude > 180 ? place.longitude - 360 : place.longitude;
+    const JudgedPlaceOfMap answer =
+        judged(settings, place,
+               crescent_evening(ephemeris, observer_at(longitude, place.latitude, 0), settings.kind,
+                                settings.day, settings.conjunction));
+    return {answer.map_class, answer.value, answer.evening};
+}
+
+ClassBorder::ClassBorder(const FineMapSettings& settings, MapClass a, MapClass b) {
+    const auto either_is = [a, b](MapClass sought) { return a == sought || b == sought; };
+    if (either_is(MapClass::no_event))
+        return;
+    if (either_is(MapClass::conjunction_to_come)) {
+        by_ = By::age;
+    } else if (either_is(MapClass::moon_goes_first)) {
+        by_ = By::lag;
+    } else if (const auto one = band_of(a), other = band_of(b); one && other) {
+        by_ = By::value;
+        border_ = settings.criterion->bands()[std::min(*one, *other) + 1].border;
+    }
+}
+
+std::optional<double> ClassBorder::margin(const JudgedPlaceOfMap& place) const {
+    if (!place.evening)
+        return std::nullopt;
+    switch (by_) {
+    case By::value:
+        return place.value ? std::optional(*place.value - border_) : std::nullopt;
+    case By::lag:
+        return place.evening->lag();
+    case By::age:
+        return place.evening->age(place.evening->sun_event);
+    case By::nothing:
+        break;
+    }
+    return std::nullopt;
+}
+
+} // namespace halvane

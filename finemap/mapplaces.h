@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "finemap/finemap.h"
+
+#include <optional>
+
+namespace halvane {
+
+/// One place of a map with what its class follows from.
+struct JudgedPlaceOfMap {
+    MapPosition place;
+    std::optional<CrescentEvening> evening;
+    std::optional<double> value; ///< of the measure
+    MapClass map_class = MapClass::no_event;
+};
+
+/// Judges the places of a part of a map by the sky of its date. Constant: any number of threads may ask.
+class MapJudge {
+public:
+    /// In     sky    around the date of `settings`
+    ///        shift  from the window's longitudes to those of observers: 0, or -360 beyond the date line
+    MapJudge(const FineMapSettings& settings, const SkyPolynomials& sky, double shift)
+        : settings_(settings), sky_(sky), shift_(shift) {}
+
+    const FineMapSettings& settings() const { return settings_; }
+    JudgedPlaceOfMap judge(const MapPosition& place) const;
+
+private:
+    const FineMapSettings& settings_;
+    const SkyPolynomials& sky_;
+    double shift_;
+};
+
+/// The class of a place's evening, with the measure that it follows from.
+JudgedPlaceOfMap judged(const FineMapSettings& settings, const MapPosition& place,
+                        const std::optional<CrescentEvening>& evening);
+
+/// What tells two neighbouring classes apart: positive on one side of their border, negative on the other,
+/// in the measure's unit, minutes or hours. Nothing where only the classes themselves tell: at the edge of
+/// what a criterion answers, or of where there are events.
+class ClassBorder {
+public:
+    /// In     a, b  two classes of a map of `settings`, in any order
+    ClassBorder(const FineMapSettings& settings, MapClass a, MapClass b);
+
+    std::optional<double> margin(const JudgedPlaceOfMap& place) const;
+
+private:
+    enum class By { nothing, value, lag, age };
+    By by_ = By::nothing;
+    double border_ = 0;
+};
+
+} // namespace halvane

@@ -7,8 +7,10 @@
 #include "crescent/localsky.h"
 #include "ephemeris/modgeneral.h"
 #include "events/bracketedroot.h"
+#include "events/parabola.h"
 #include "events/phase.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
@@ -21,6 +23,13 @@ constexpr double hours_per_day = 24;
 constexpr double minutes_per_day = 1440;
 constexpr double half_a_day = 0.5;
 constexpr double event_tolerance = 2e-9; ///< what a Julian day in a double can hold             [d]
+/// A secant that is no longer leaves less than a thousandth of its length.
+constexpr double last_step = 2e-6; // [d]
+
+/// By which the hour angle of a body grows                                                     [deg/d]
+constexpr double degrees_a_day(Body body) {
+    return body == Body::sun ? degrees_per_turn : 347.8;
+}
 
 /// Looks for the setting or the rising of a body over one place. `Places` gives the SkyPlaces of a Julian
 /// day in UT1.
@@ -31,42 +40,62 @@ public:
         : places_(places), observer_(observer), body_(body), sets_(sets) {}
 
     /// The event within half a day of `centre` that is nearest to it; Julian day, UT1                [d]
-    std::optional<double> nearest_to(double centre) {
+    /// In     near  about when it should be, if that is known
+    std::optional<double> nearest_to(double centre, std::optional<double> near) {
+        if (near)
+            if (const std::optional<double> event = refined(*near, centre))
+                return event;
         if (const std::optional<double> event = by_hour_angle(centre))
             return event;
         return by_hours(centre);
     }
 
+    /// The lesser of how far the body comes above the horizon of the event and how far below, in the half
+    /// day before the event and the one after, or the reverse for a rising                        [deg]
+    double margin(double centre) {
+        const double transit = centre - sky(centre).hour_angle(body_) / turning();
+        const double lower_transit = transit + (sets_ ? half_a_day : -half_a_day);
+        return std::min(height(turning_point(transit)), -height(turning_point(lower_transit)));
+    }
+
 private:
     /// Degrees a day by which the hour angle grows.
-    double turning() const { return body_ == Body::sun ? 360.0 : 347.8; }
+    double turning() const { return degrees_a_day(body_); }
 
     LocalSky sky(double universal) { return {places_(universal), observer_}; }
     double height(double universal) { return sky(universal).height_over_event(body_); }
 
-    /// From the hour angle of the event, by secants. Nothing where the body meets the horizon at a small
-    /// angle: there may be no event then, or two.
+    /// From the hour angle of the event; nothing where refined gives none.
     std::optional<double> by_hour_angle(double centre) {
-        constexpr double steep = 0.2; // sine of the hour angle
-        constexpr int most_steps = 8;
         const LocalSky start = sky(centre);
         const double cosine = cosine_of_event(start);
-        if (!(1 - cosine * cosine > steep * steep))
+        if (!(std::fabs(cosine) < 1))
             return std::nullopt;
         const double at_event = std::acos(cosine) * degrees_per_radian * (sets_ ? 1 : -1);
-        double before = centre;
-        double height_before = start.height_over_event(body_);
-        double event = centre + rev180(at_event - start.hour_angle(body_)) / turning();
-        double at = height(event);
+        return refined(centre + rev180(at_event - start.hour_angle(body_)) / turning(), centre);
+    }
+
+    /// An event from a guess, by secants. Nothing where the body meets the horizon at a small angle: there
+    /// may be no event then, or two.
+    std::optional<double> refined(double guess, double centre) {
+        constexpr double steep = 0.2; // sine of the hour angle
+        constexpr int most_steps = 8;
+        const LocalSky start = sky(guess);
+        const double sine = start.sine_hour_angle(body_) * (sets_ ? 1 : -1);
+        if (!(sine > steep))
+            return std::nullopt;
+        double slope =
+            -turning() * observer_.cosine_latitude * start.cosine_declination(body_) * (sets_ ? sine : -sine);
+        double event = guess;
+        double at = start.height_over_event(body_);
         for (int step = 0; step < most_steps; ++step) {
-            // The altitude bends too much for a secant from the first guess: its slope is that of the event.
-            const double slope = step == 0 ? slope_at(event) : (at - height_before) / (event - before);
-            before = event;
-            height_before = at;
+            const double before = event;
             event -= at / slope;
-            if (std::fabs(event - before) <= event_tolerance)
+            if (std::fabs(event - before) <= last_step)
                 return std::fabs(event - centre) < half_a_day ? std::optional(event) : std::nullopt;
+            const double at_before = at;
             at = height(event);
+            slope = (at - at_before) / (event - before);
         }
         return std::nullopt;
     }
@@ -78,13 +107,6 @@ private:
         const double altitude = (body_ == Body::sun ? of_sun : of_moon) * radians_per_degree;
         return (std::sin(altitude) - observer_.sine_latitude * sky.sine_declination(body_)) /
                (observer_.cosine_latitude * sky.cosine_declination(body_));
-    }
-
-    /// Change of the altitude by the turning of the Earth                                      [deg/d]
-    double slope_at(double universal) {
-        const LocalSky now = sky(universal);
-        return -turning() * observer_.cosine_latitude * now.cosine_declination(body_) *
-               std::sin(now.hour_angle(body_) * radians_per_degree);
     }
 
     /// From the altitude of every hour, the crests and troughs between the hours included.
@@ -109,8 +131,7 @@ private:
         for (std::size_t hour = 1; hour < hours; ++hour) {
             take(time_of(hour - 1), heights[hour - 1], time_of(hour), heights[hour]);
             if (hour + 1 < hours && is_turn(heights[hour - 1], heights[hour], heights[hour + 1])) {
-                const double top = heights[hour] < 0 ? 1 : -1;
-                const double turn = turning_point(time_of(hour - 1), time_of(hour + 1), top);
+                const double turn = turning_point(time_of(hour));
                 const double at_turn = height(turn);
                 if ((at_turn < 0) != (heights[hour] < 0)) {
                     take(time_of(hour - 1), heights[hour - 1], turn, at_turn);
@@ -128,30 +149,16 @@ private:
         return before >= 0 && now >= 0 && after >= 0 && now <= before && now <= after;
     }
 
-    /// Where the height is greatest (`top` 1) or least (-1), by golden sections.
-    double turning_point(double a, double b, double top) {
-        constexpr double golden = 0.61803398874989485;
-        constexpr double tolerance = 1e-6;
-        double left = b - golden * (b - a);
-        double right = a + golden * (b - a);
-        double at_left = top * height(left);
-        double at_right = top * height(right);
-        while (b - a > tolerance) {
-            if (at_left > at_right) {
-                b = right;
-                right = left;
-                at_right = at_left;
-                left = b - golden * (b - a);
-                at_left = top * height(left);
-            } else {
-                a = left;
-                left = right;
-                at_left = at_right;
-                right = a + golden * (b - a);
-                at_right = top * height(right);
-            }
+    /// Where the height is greatest or least near an hour: the vertex of a parabola through the heights two
+    /// hours apart, then of others through nearer ones.
+    double turning_point(double hour) {
+        double turn = hour;
+        for (const double apart : {2 / hours_per_day, 1 / hours_per_day, 0.1 / hours_per_day}) {
+            const Parabola parabola =
+                parabola_through(height(turn - apart), height(turn), height(turn + apart));
+            turn += std::clamp(parabola.extremum_x, -1.0, 1.0) * apart;
         }
-        return (a + b) / 2;
+        return turn;
     }
 
     Places& places_;
@@ -173,15 +180,28 @@ CrescentSky sky_of(const SkyPlaces& places, const Observer& observer, double uni
     return {universal, sky.geocentric(), sky.topocentric(), sky.parallax()};
 }
 
+/// Noon by the mean time of a longitude; Julian day, UT1                                           [d]
+double mean_noon(double day, double longitude) {
+    return day + half_a_day - longitude / degrees_per_turn;
+}
+
+/// An evening from that of a near place, when there is one.
 template <class Places>
 std::optional<CrescentEvening> evening_of(Places& places, const Observer& observer, CrescentKind kind,
-                                          double day, double conjunction) {
+                                          double day, double conjunction, const NearEvening* near) {
     const bool sets = kind == CrescentKind::new_crescent;
-    const double noon = day + half_a_day - observer.longitude / degrees_per_turn;
-    const auto sun_event = EventSearch(places, observer, Body::sun, sets).nearest_to(noon);
+    const double noon = mean_noon(day, observer.longitude);
+    const auto guess = [&](double CrescentEvening::*event, Body body) -> std::optional<double> {
+        if (near == nullptr)
+            return std::nullopt;
+        return near->evening.*event - (observer.longitude - near->longitude) / degrees_a_day(body);
+    };
+    const auto sun_event = EventSearch(places, observer, Body::sun, sets)
+                               .nearest_to(noon, guess(&CrescentEvening::sun_event, Body::sun));
     if (!sun_event)
         return std::nullopt;
-    const auto moon_event = EventSearch(places, observer, Body::moon, sets).nearest_to(*sun_event);
+    const auto moon_event = EventSearch(places, observer, Body::moon, sets)
+                                .nearest_to(*sun_event, guess(&CrescentEvening::moon_event, Body::moon));
     if (!moon_event)
         return std::nullopt;
     CrescentEvening evening;
@@ -192,7 +212,8 @@ std::optional<CrescentEvening> evening_of(Places& places, const Observer& observ
     evening.moon_event = *moon_event;
     evening.at_sun_event = sky_of(places(evening.sun_event), observer, evening.sun_event);
     const double best = best_time_of(evening);
-    evening.at_best_time = sky_of(places(best), observer, best);
+    evening.at_best_time =
+        best == evening.sun_event ? evening.at_sun_event : sky_of(places(best), observer, best);
     return evening;
 }
 
@@ -220,7 +241,19 @@ CrescentSky crescent_sky(Ephemeris& ephemeris, const Observer& observer, double 
 std::optional<CrescentEvening> crescent_evening(Ephemeris& ephemeris, const Observer& observer,
                                                 CrescentKind kind, double day, double conjunction) {
     const auto places = [&ephemeris](double universal) { return sky_places(ephemeris, universal); };
-    return evening_of(places, observer, kind, day, conjunction);
+    return evening_of(places, observer, kind, day, conjunction, nullptr);
+}
+
+double event_margin(const SkyPolynomials& sky, const Observer& observer, CrescentKind kind, double day) {
+    const auto places = [&sky](double universal) { return sky.at(universal); };
+    const bool sets = kind == CrescentKind::new_crescent;
+    const double noon = mean_noon(day, observer.longitude);
+    EventSearch of_sun(places, observer, Body::sun, sets);
+    const double sun_margin = of_sun.margin(noon);
+    const auto sun_event = of_sun.nearest_to(noon, std::nullopt);
+    if (!sun_event)
+        return sun_margin;
+    return std::min(sun_margin, EventSearch(places, observer, Body::moon, sets).margin(*sun_event));
 }
 
 SkyPolynomials sky_around_date(Ephemeris& ephemeris, double day) {
@@ -231,9 +264,10 @@ SkyPolynomials sky_around_date(Ephemeris& ephemeris, double day) {
 }
 
 std::optional<CrescentEvening> crescent_evening(const SkyPolynomials& sky, const Observer& observer,
-                                                CrescentKind kind, double day, double conjunction) {
+                                                CrescentKind kind, double day, double conjunction,
+                                                const NearEvening* near) {
     const auto places = [&sky](double universal) { return sky.at(universal); };
-    return evening_of(places, observer, kind, day, conjunction);
+    return evening_of(places, observer, kind, day, conjunction, near);
 }
 
 } // namespace halvane

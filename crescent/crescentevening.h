@@ -52,10 +52,24 @@ std::optional<CrescentEvening> crescent_evening(Ephemeris& ephemeris, const Obse
 /// In     day  0 h of the civil date, without a zone                                             [d]
 SkyPolynomials sky_around_date(Ephemeris& ephemeris, double day);
 
+/// The evening of the same date at a place nearby, from which a search starts sooner.
+struct NearEvening {
+    double longitude; ///< of that place                                                          [deg]
+    const CrescentEvening& evening;
+};
+
 /// The evening or the morning of a date whose sky is at hand: for thousands of places. Any number of threads
-/// may ask at once. In     sky  as sky_around_date gives it for `day`
+/// may ask at once.
+/// In     sky   as sky_around_date gives it for `day`
+///        near  may be null; it changes the result by no more than 1 ms
 std::optional<CrescentEvening> crescent_evening(const SkyPolynomials& sky, const Observer& observer,
-                                                CrescentKind kind, double day, double conjunction);
+                                                CrescentKind kind, double day, double conjunction,
+                                                const NearEvening* near);
+
+/// By how much the Sun and the Moon pass the horizon of their events, both ways, in the half days around
+/// them; negative where one of them stays above or below it and has none. It goes through 0 smoothly from
+/// place to place                                                                                [deg]
+double event_margin(const SkyPolynomials& sky, const Observer& observer, CrescentKind kind, double day);
 
 /// The sky of an instant.
 CrescentSky crescent_sky(Ephemeris& ephemeris, const Observer& observer, double universal);

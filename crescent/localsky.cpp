@@ -65,6 +65,11 @@ double LocalSky::hour_angle(Body body) const {
     return degrees(std::atan2(-dot(place, east_), meridian));
 }
 
+double LocalSky::sine_hour_angle(Body body) const {
+    const SkyVector& place = centre(body);
+    return -dot(place, east_) / std::hypot(place[0], place[1]);
+}
+
 double LocalSky::sine_declination(Body body) const {
     return centre(body)[2] / length(centre(body));
 }

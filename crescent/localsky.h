@@ -23,6 +23,7 @@ public:
 
     /// East of the meridian negative, geocentric, -180 to 180                                   [deg]
     double hour_angle(Body body) const;
+    double sine_hour_angle(Body body) const;
     /// Sine and cosine of the geocentric declination.
     double sine_declination(Body body) const;
     double cosine_declination(Body body) const;

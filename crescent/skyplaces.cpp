@@ -43,8 +43,8 @@ SkyPolynomials::Piece SkyPolynomials::piece_of(Ephemeris& ephemeris, double midd
     for (std::size_t k = 0; k < nodes; ++k) {
         const double x = std::cos(pi * (static_cast<double>(k) + 0.5) / nodes);
         const SkyPlaces places = sky_places(ephemeris, middle + x * piece_days / 2);
-        at_nodes[k] = {places.sun[0],  places.sun[1],  places.sun[2],       places.moon[0],
-                       places.moon[1], places.moon[2], places.sidereal_time};
+        at_nodes[k] = {places.sun[0],  places.sun[1],  places.sun[2],        places.moon[0],
+                       places.moon[1], places.moon[2], places.sidereal_time, 0};
     }
     // The powers of T0, T1 and so on: T(n+1) = 2 x T(n) - T(n-1).
     std::array<std::array<double, nodes>, nodes> powers{};
@@ -53,12 +53,14 @@ SkyPolynomials::Piece SkyPolynomials::piece_of(Ephemeris& ephemeris, double midd
     for (std::size_t n = 2; n < nodes; ++n)
         for (std::size_t power = 0; power < nodes; ++power)
             powers[n][power] = (power > 0 ? 2 * powers[n - 1][power - 1] : 0) - powers[n - 2][power];
-    Piece piece{};
+    // What is left beside the middle's values is small, and so is its rounding.
+    const std::array<double, values> at_middle = at_nodes[nodes / 2];
+    Piece piece{at_middle};
     for (std::size_t value = 0; value < values; ++value)
         for (std::size_t n = 0; n < nodes; ++n) {
             double sum = 0;
             for (std::size_t k = 0; k < nodes; ++k)
-                sum += at_nodes[k][value] *
+                sum += (at_nodes[k][value] - at_middle[value]) *
                        std::cos(pi * static_cast<double>(n) * (static_cast<double>(k) + 0.5) / nodes);
             const double coefficient = sum * (n == 0 ? 1.0 : 2.0) / nodes;
             for (std::size_t power = 0; power <= n; ++power)

@@ -34,7 +34,7 @@ public:
 
 private:
     static constexpr std::size_t nodes = 9;
-    static constexpr std::size_t values = 7;
+    static constexpr std::size_t values = 8; ///< the last one is not used: eight fill whole vectors
     using Piece = std::array<std::array<double, values>, nodes>; ///< by power of the piece's own time
 
     static Piece piece_of(Ephemeris& ephemeris, double middle);

@@ -30,6 +30,13 @@ double distance(const MapPosition& a, const MapPosition& b) {
     return std::hypot(b.longitude - a.longitude, b.latitude - a.latitude);
 }
 
+Crossings reversed(Crossings way) {
+    std::reverse(way.begin(), way.end());
+    for (Crossing& crossing : way)
+        std::swap(crossing.before, crossing.after);
+    return way;
+}
+
 bool differ_in_sign(std::optional<double> a, std::optional<double> b) {
     return a && b && (*a < 0) != (*b < 0);
 }
@@ -42,14 +49,19 @@ public:
 
     Crossings find() {
         constexpr int depth = 8;
-        find(0, at(0), 1, at(1), depth);
+        const JudgedPlaceOfMap first = at(0);
+        const JudgedPlaceOfMap last = at(1);
+        find(0, first, 1, last, depth);
         return std::move(found_);
     }
 
 private:
-    static constexpr double tolerance = 1e-6; // [deg]
+    static constexpr double tolerance = 1e-5; // [deg]
 
-    JudgedPlaceOfMap at(double share) const { return judge_.judge(between(from_, to_, share)); }
+    const JudgedPlaceOfMap& at(double share) {
+        last_ = judge_.judge(between(from_, to_, share), last_ ? &*last_ : nullptr);
+        return *last_;
+    }
 
     void add(double share, MapClass before, MapClass after) {
         // Corners belong to several sides: a crossing keeps off them.
@@ -79,12 +91,14 @@ private:
 
     /// A short interval in which the class changes.
     Interval around_change(double a, const JudgedPlaceOfMap& at_a, double b, const JudgedPlaceOfMap& at_b) {
-        const ClassBorder border(judge_.settings(), at_a.map_class, at_b.map_class);
+        const ClassBorder border(judge_, at_a.map_class, at_b.map_class);
         const std::optional<double> margin_a = border.margin(at_a);
         const std::optional<double> margin_b = border.margin(at_b);
         if (!differ_in_sign(margin_a, margin_b))
             return halved(a, at_a.map_class, b);
-        const auto margin = [&](double share) { return border.margin(at(share)).value_or(*margin_a); };
+        const auto margin = [&](double share) {
+            return border.margin_at(between(from_, to_, share), last_).value_or(*margin_a);
+        };
         const double root = bracketed_root(margin, a, *margin_a, b, *margin_b, tolerance / length_ / 4);
         const double off = tolerance / length_;
         return {std::max(a, root - off), std::min(b, root + off)};
@@ -101,6 +115,7 @@ private:
     const MapJudge& judge_;
     MapPosition from_, to_;
     double length_;
+    std::optional<JudgedPlaceOfMap> last_;
     Crossings found_;
 };
 
@@ -148,6 +163,14 @@ private:
 /// A triangle of the grid, its corners counter-clockwise.
 using Triangle = std::array<Corner, 3>;
 
+/// A triangle with the classes of its corners and what its sides are crossed by; a side begins at the corner
+/// of its number and goes counter-clockwise.
+struct CrossedTriangle {
+    std::array<MapPosition, 3> corners;
+    std::array<MapClass, 3> classes;
+    std::array<Crossings, 3> sides;
+};
+
 /// Joins the crossings of a triangle by lines.
 class TriangleLines {
 public:
@@ -160,18 +183,37 @@ public:
     TriangleLines(const MapJudge& judge, std::size_t first_point, Lines& lines)
         : judge_(judge), first_point_(first_point), lines_(lines) {}
 
-    /// In     around  the crossings on the way around, counter-clockwise
-    void join(Crossings around, const std::array<MapPosition, 3>& corners) {
-        corners_ = corners;
-        while (around.size() > 1 && join_neighbours(around)) {
+    void join(const CrossedTriangle& triangle) {
+        constexpr int depth = 7;
+        join(triangle, depth);
+    }
+
+private:
+    /// A line through a triangle: the crossing that leads out of a class and the one that leads into it.
+    struct Line {
+        Crossing out, into;
+    };
+
+    void join(const CrossedTriangle& triangle, int depth) {
+        Crossings around;
+        for (const Crossings& side : triangle.sides)
+            around.insert(around.end(), side.begin(), side.end());
+        std::vector<Line> found;
+        while (std::optional<Line> line = take_neighbours(around))
+            found.push_back(std::move(*line));
+        if (!around.empty() && depth > 0) {
+            join_quarters(triangle, depth - 1);
+            return;
         }
+        corners_ = triangle.corners;
+        for (const Line& line : found)
+            add_bent(line);
         if (!around.empty())
             join_in_middle(around);
     }
 
-private:
-    /// Cuts off the class between two crossings that lead into it and back. The shortest such line first.
-    bool join_neighbours(Crossings& around) {
+    /// Takes out two crossings that lead into a class and back. The nearest two first.
+    static std::optional<Line> take_neighbours(Crossings& around) {
         std::size_t best = around.size();
         double shortest = 0;
         for (std::size_t i = 0; i < around.size(); ++i) {
@@ -184,15 +226,65 @@ private:
             }
         }
         if (best == around.size())
-            return false;
+            return std::nullopt;
         const std::size_t next = (best + 1) % around.size();
-        add_bent(around[next], around[best]);
+        const Line line{around[next], around[best]};
         around.erase(around.begin() + static_cast<std::ptrdiff_t>(std::max(best, next)));
         around.erase(around.begin() + static_cast<std::ptrdiff_t>(std::min(best, next)));
-        return true;
+        return line;
     }
 
-    /// Three classes or more meet in one point.
+    /// Three classes or more meet in the triangle: looks for the point in its quarters.
+    void join_quarters(const CrossedTriangle& whole, int depth) {
+        std::array<MapPosition, 3> middles;
+        std::array<MapClass, 3> classes{};
+        std::array<Crossings, 3> first, second; // halves of the sides
+        for (std::size_t i = 0; i < middles.size(); ++i) {
+            const MapPosition& from = whole.corners[i];
+            middles[i] = between(from, whole.corners[(i + 1) % middles.size()], 0.5);
+            classes[i] = whole.classes[i];
+            for (const Crossing& crossing : whole.sides[i]) {
+                const bool is_first = distance(from, crossing.place) < distance(from, middles[i]);
+                (is_first ? first : second)[i].push_back(crossing);
+                if (is_first)
+                    classes[i] = crossing.after;
+            }
+        }
+        std::array<Crossings, 3> inner; // from a middle to the next one
+        for (std::size_t i = 0; i < inner.size(); ++i) {
+            const std::size_t next = (i + 1) % inner.size();
+            inner[i] = inner_side(middles[i], classes[i], middles[next], classes[next]);
+        }
+        for (std::size_t i = 0; i < middles.size(); ++i) {
+            const std::size_t last = (i + 2) % middles.size();
+            join({{whole.corners[i], middles[i], middles[last]},
+                  {whole.classes[i], classes[i], classes[last]},
+                  {first[i], reversed(inner[last]), second[last]}},
+                 depth);
+        }
+        join({middles, classes, inner}, depth);
+    }
+
+    /// The crossings between two points whose classes are known.
+    Crossings inner_side(const MapPosition& from, MapClass class_from, const MapPosition& to,
+                         MapClass class_to) {
+        if (class_from == class_to)
+            return {};
+        Crossings found = SideSearch(judge_, from, to).find();
+        // Beside a crossing of the outer side a middle may be judged otherwise than from there.
+        constexpr double at_end = 1e-3; // of the side
+        if (found.empty())
+            found.push_back({between(from, to, 0.5), class_from, class_to});
+        if (found.front().before != class_from)
+            found.insert(found.begin(),
+                         {between(from, found.front().place, at_end), class_from, found.front().before});
+        if (found.back().after != class_to)
+            found.push_back({between(to, found.back().place, at_end), found.back().after, class_to});
+        for (Crossing& crossing : found)
+            crossing.point = add_point(crossing.place);
+        return found;
+    }
+
     void join_in_middle(const Crossings& around) {
         MapPosition middle;
         for (const Crossing& crossing : around) {
@@ -209,20 +301,20 @@ private:
         return first_point_ + lines_.points.size() - 1;
     }
 
-    /// The line from the crossing that leads out of a class to the one that leads into it: the class is on
-    /// its left.
-    void add_bent(const Crossing& out, const Crossing& into) {
-        constexpr int depth = 4;
-        const ClassBorder border(judge_.settings(), into.after, into.before);
+    /// The class is on the left of the line.
+    void add_bent(const Line& line) {
+        constexpr int depth = 6;
+        const MapClass left = line.into.after;
+        const MapClass right = line.into.before;
         std::vector<MapPosition> bends;
-        bend(border, out.place, into.place, depth, bends);
-        std::size_t last = out.point;
+        bend(ClassBorder(judge_, left, right), line.out.place, line.into.place, depth, bends);
+        std::size_t last = line.out.point;
         for (const MapPosition& place : bends) {
             const std::size_t next = add_point(place);
-            lines_.segments.push_back({last, next, into.after, into.before});
+            lines_.segments.push_back({last, next, left, right});
             last = next;
         }
-        lines_.segments.push_back({last, into.point, into.after, into.before});
+        lines_.segments.push_back({last, line.into.point, left, right});
     }
 
     /// Bends a line towards the border until it is as near as it should be.
@@ -239,9 +331,8 @@ private:
     /// Where the border passes the middle of a line; nothing where that is near enough or out of reach.
     std::optional<MapPosition> bent_middle(const ClassBorder& border, const MapPosition& a,
                                            const MapPosition& b) const {
-        constexpr double near_enough = 1e-4; // [deg]
-        constexpr double reach = 0.3;        // of the line's length
-        constexpr double first_look = 0.02;  // of the line's length
+        const double near_enough = border.is_of_events() ? 1e-3 : 5e-5; // [deg]
+        constexpr double first_look = 0.005;                            // of the line's length
         const double length = distance(a, b);
         if (length < near_enough)
             return std::nullopt;
@@ -251,25 +342,43 @@ private:
             return MapPosition{middle.longitude + by * across.longitude,
                                middle.latitude + by * across.latitude};
         };
-        const auto margin = [&](double by) { return border.margin(judge_.judge(beside(by))); };
-        double x0 = 0;
-        double x1 = first_look * length;
-        std::optional<double> y0 = margin(x0);
-        std::optional<double> y1 = margin(x1);
-        constexpr int secants = 3;
-        for (int i = 0; i < secants; ++i) {
-            if (!y0 || !y1 || *y0 == *y1)
-                return std::nullopt;
-            const double next = x1 - *y1 * (x1 - x0) / (*y1 - *y0);
-            if (!(std::fabs(next) < reach * length) || (i == 0 && std::fabs(next) < near_enough))
-                return std::nullopt;
-            x0 = x1;
-            y0 = y1;
-            x1 = next;
-            y1 = margin(x1);
+        std::optional<JudgedPlaceOfMap> last;
+        const auto margin = [&](double by) { return border.margin_at(beside(by), last); };
+        const double look = first_look * length;
+        const std::optional<double> here = margin(0);
+        const std::optional<double> left = margin(look);
+        const std::optional<double> there = left ? left : margin(-look);
+        if (!here || !there)
+            return std::nullopt;
+        const double off = *here / (*here - *there) * (left ? look : -look);
+        if (std::fabs(off) < near_enough)
+            return std::nullopt;
+        const std::optional<double> passes = passed_at(margin, *here, off, length);
+        if (!passes || !is_inside(beside(*passes)))
+            return std::nullopt;
+        return beside(*passes);
+    }
+
+    /// Where the margin changes its sign on the line across: on either side of what is expected, then further
+    /// off on both sides.
+    template <class Margin>
+    static std::optional<double> passed_at(const Margin& margin, double here, double expected,
+                                           double length) {
+        constexpr double reach = 0.3;     // of the line's length
+        constexpr double accuracy = 5e-6; // [deg]
+        constexpr int most_nearer = 6;
+        for (double by : {2 * expected, reach * length, -reach * length}) {
+            if (!(std::fabs(by) <= reach * length))
+                continue;
+            std::optional<double> there = margin(by);
+            // Further off there may be no answer.
+            for (int nearer = 0; !there && nearer < most_nearer; ++nearer)
+                there = margin(by *= 0.7);
+            if (differ_in_sign(here, there))
+                return bracketed_root([&](double x) { return margin(x).value_or(here); }, 0, here, by, *there,
+                                      accuracy);
         }
-        const MapPosition place = beside(x1);
-        return y1 && is_inside(place) ? std::optional(place) : std::nullopt;
+        return std::nullopt;
     }
 
     bool is_inside(const MapPosition& place) const {
@@ -367,8 +476,7 @@ private:
         for (std::size_t column = 0; column + 1 < part_.columns; ++column)
             for (const Triangle& triangle : triangles(column, row))
                 if (!is_of_one_class(triangle))
-                    lines.join(around(triangle),
-                               {place(triangle[0]), place(triangle[1]), place(triangle[2])});
+                    lines.join(crossed(triangle));
     }
 
     static std::array<Triangle, 2> triangles(std::size_t column, std::size_t row) {
@@ -387,13 +495,14 @@ private:
                class_at(triangle[0]) == class_at(triangle[2]);
     }
 
-    Crossings around(const Triangle& triangle) const {
-        Crossings found;
+    CrossedTriangle crossed(const Triangle& triangle) const {
+        CrossedTriangle crossed;
         for (std::size_t i = 0; i < triangle.size(); ++i) {
-            const Crossings side = on_the_way(triangle[i], triangle[(i + 1) % triangle.size()]);
-            found.insert(found.end(), side.begin(), side.end());
+            crossed.corners[i] = place(triangle[i]);
+            crossed.classes[i] = class_at(triangle[i]);
+            crossed.sides[i] = on_the_way(triangle[i], triangle[(i + 1) % triangle.size()]);
         }
-        return found;
+        return crossed;
     }
 
     /// The crossings from one corner to a neighbouring one.
@@ -405,14 +514,9 @@ private:
         const Crossings* crossings = rows_[south_west.row].of(south_west.column, side);
         if (crossings == nullptr)
             return {};
-        Crossings way = *crossings;
         const Corner first = ends_of(south_west.column, south_west.row, side).from;
-        if (first.column != from.column || first.row != from.row) {
-            std::reverse(way.begin(), way.end());
-            for (Crossing& crossing : way)
-                std::swap(crossing.before, crossing.after);
-        }
-        return way;
+        const bool is_this_way = first.column == from.column && first.row == from.row;
+        return is_this_way ? *crossings : reversed(*crossings);
     }
 
     /// Takes the lines of a row over: their own points follow those that are there.

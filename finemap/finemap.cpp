@@ -75,9 +75,11 @@ std::vector<MapPart> parts_of(const MapWindow& window, double step) {
 bool judge_part(const MapJudge& judge, MapPart& part, Progress& progress) {
     const auto begin = [&]() -> DoPiece {
         return [&](std::size_t row) {
-            for (std::size_t column = 0; column < part.columns; ++column)
-                part.nodes[row * part.columns + column] =
-                    node_of(judge.judge({part.longitude(column), part.latitude(row)}));
+            std::optional<JudgedPlaceOfMap> last;
+            for (std::size_t column = 0; column < part.columns; ++column) {
+                last = judge.judge({part.longitude(column), part.latitude(row)}, last ? &*last : nullptr);
+                part.nodes[row * part.columns + column] = node_of(*last);
+            }
         };
     };
     return share_work(part.rows, begin, progress);

@@ -27,10 +27,14 @@ JudgedPlaceOfMap judged(const FineMapSettings& settings, const MapPosition& plac
     return {place, evening, value, class_of(settings, *evening, value)};
 }
 
-JudgedPlaceOfMap MapJudge::judge(const MapPosition& place) const {
+JudgedPlaceOfMap MapJudge::judge(const MapPosition& place, const JudgedPlaceOfMap* near) const {
+    std::optional<NearEvening> known;
+    if (near != nullptr && near->evening)
+        known.emplace(NearEvening{near->place.longitude + shift_, *near->evening});
     return judged(settings_, place,
                   crescent_evening(sky_, observer_at(place.longitude + shift_, place.latitude, 0),
-                                   settings_.kind, settings_.day, settings_.conjunction));
+                                   settings_.kind, settings_.day, settings_.conjunction,
+                                   known ? &*known : nullptr));
 }
 
 PlaceAnswer answer_at(Ephemeris& ephemeris, const FineMapSettings& settings, const MapPosition& place) {
@@ -42,21 +46,28 @@ PlaceAnswer answer_at(Ephemeris& ephemeris, const FineMapSettings& settings, con
     return {answer.map_class, answer.value, answer.evening};
 }
 
-ClassBorder::ClassBorder(const FineMapSettings& settings, MapClass a, MapClass b) {
+double MapJudge::event_margin(const MapPosition& place) const {
+    return halvane::event_margin(sky_, observer_at(place.longitude + shift_, place.latitude, 0),
+                                 settings_.kind, settings_.day);
+}
+
+ClassBorder::ClassBorder(const MapJudge& judge, MapClass a, MapClass b) : judge_(judge) {
     const auto either_is = [a, b](MapClass sought) { return a == sought || b == sought; };
-    if (either_is(MapClass::no_event))
-        return;
-    if (either_is(MapClass::conjunction_to_come)) {
+    if (either_is(MapClass::no_event)) {
+        by_ = By::events;
+    } else if (either_is(MapClass::conjunction_to_come)) {
         by_ = By::age;
     } else if (either_is(MapClass::moon_goes_first)) {
         by_ = By::lag;
     } else if (const auto one = band_of(a), other = band_of(b); one && other) {
         by_ = By::value;
-        border_ = settings.criterion->bands()[std::min(*one, *other) + 1].border;
+        border_ = judge.settings().criterion->bands()[std::min(*one, *other) + 1].border;
     }
 }
 
 std::optional<double> ClassBorder::margin(const JudgedPlaceOfMap& place) const {
+    if (by_ == By::events)
+        return judge_.event_margin(place.place);
     if (!place.evening)
         return std::nullopt;
     switch (by_) {
@@ -66,10 +77,19 @@ std::optional<double> ClassBorder::margin(const JudgedPlaceOfMap& place) const {
         return place.evening->lag();
     case By::age:
         return place.evening->age(place.evening->sun_event);
+    case By::events:
     case By::nothing:
         break;
     }
     return std::nullopt;
+}
+
+std::optional<double> ClassBorder::margin_at(const MapPosition& place,
+                                             std::optional<JudgedPlaceOfMap>& last) const {
+    if (by_ == By::events)
+        return judge_.event_margin(place);
+    last = judge_.judge(place, last ? &*last : nullptr);
+    return margin(*last);
 }
 
 } // namespace halvane

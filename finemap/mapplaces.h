@@ -24,7 +24,11 @@ public:
         : settings_(settings), sky_(sky), shift_(shift) {}
 
     const FineMapSettings& settings() const { return settings_; }
-    JudgedPlaceOfMap judge(const MapPosition& place) const;
+    /// In     near  a place judged before, better the nearer it is; may be null
+    JudgedPlaceOfMap judge(const MapPosition& place, const JudgedPlaceOfMap* near) const;
+
+    /// event_margin of a place                                                                  [deg]
+    double event_margin(const MapPosition& place) const;
 
 private:
     const FineMapSettings& settings_;
@@ -37,17 +41,23 @@ JudgedPlaceOfMap judged(const FineMapSettings& settings, const MapPosition& plac
                         const std::optional<CrescentEvening>& evening);
 
 /// What tells two neighbouring classes apart: positive on one side of their border, negative on the other,
-/// in the measure's unit, minutes or hours. Nothing where only the classes themselves tell: at the edge of
-/// what a criterion answers, or of where there are events.
+/// in the measure's unit, minutes, hours or degrees. Nothing at the edge of what a criterion answers, where
+/// only the classes themselves tell.
 class ClassBorder {
 public:
-    /// In     a, b  two classes of a map of `settings`, in any order
-    ClassBorder(const FineMapSettings& settings, MapClass a, MapClass b);
+    /// In     a, b  two classes of a map, in any order
+    ClassBorder(const MapJudge& judge, MapClass a, MapClass b);
+
+    /// Whether it is the edge of where there are events.
+    bool is_of_events() const { return by_ == By::events; }
 
     std::optional<double> margin(const JudgedPlaceOfMap& place) const;
+    /// In,out last  a place judged before, then this one, if it has to be judged
+    std::optional<double> margin_at(const MapPosition& place, std::optional<JudgedPlaceOfMap>& last) const;
 
 private:
-    enum class By { nothing, value, lag, age };
+    enum class By { nothing, value, lag, age, events };
+    const MapJudge& judge_;
     By by_ = By::nothing;
     double border_ = 0;
 };

@@ -47,15 +47,22 @@ public:
                 return event;
         if (const std::optional<double> event = by_hour_angle(centre))
             return event;
+        if (stays_away(centre))
+            return std::nullopt;
         return by_hours(centre);
     }
 
     /// The lesser of how far the body comes above the horizon of the event and how far below, in the half
     /// day before the event and the one after, or the reverse for a rising                        [deg]
     double margin(double centre) {
-        const double transit = centre - sky(centre).hour_angle(body_) / turning();
-        const double lower_transit = transit + (sets_ ? half_a_day : -half_a_day);
-        return std::min(height(turning_point(transit)), -height(turning_point(lower_transit)));
+        const Transits at = transits(centre);
+        const double above = height(at.upper);
+        const double below = -height(at.lower);
+        if (above + far_off < below)
+            return height(turning_point(at.upper));
+        if (below + far_off < above)
+            return -height(turning_point(at.lower));
+        return std::min(height(turning_point(at.upper)), -height(turning_point(at.lower)));
     }
 
 private:
@@ -64,6 +71,26 @@ private:
 
     LocalSky sky(double universal) { return {places_(universal), observer_}; }
     double height(double universal) { return sky(universal).height_over_event(body_); }
+
+    /// More than the altitude of a transit is changed by what the declination changes in a day   [deg]
+    static constexpr double far_off = 8;
+
+    /// The transit nearest to `centre`, and the lower one on the side of the event.
+    struct Transits {
+        double upper, lower;
+    };
+    Transits transits(double centre) {
+        const double upper = centre - sky(centre).hour_angle(body_) / turning();
+        return {upper, upper + (sets_ ? half_a_day : -half_a_day)};
+    }
+
+    /// Whether the body stays so far above or below the horizon that the change of its declination in a day
+    /// cannot bring it there.
+    bool stays_away(double centre) {
+        const double change = body_ == Body::sun ? 1 : far_off; // [deg]
+        const Transits at = transits(centre);
+        return height(at.upper) < -change || height(at.lower) > change;
+    }
 
     /// From the hour angle of the event; nothing where refined gives none.
     std::optional<double> by_hour_angle(double centre) {
@@ -153,7 +180,7 @@ private:
     /// hours apart, then of others through nearer ones.
     double turning_point(double hour) {
         double turn = hour;
-        for (const double apart : {2 / hours_per_day, 1 / hours_per_day, 0.1 / hours_per_day}) {
+        for (const double apart : {2 / hours_per_day, 0.2 / hours_per_day}) {
             const Parabola parabola =
                 parabola_through(height(turn - apart), height(turn), height(turn + apart));
             turn += std::clamp(parabola.extremum_x, -1.0, 1.0) * apart;

@@ -57,6 +57,7 @@ public:
 
 private:
     static constexpr double tolerance = 1e-5; // [deg]
+    static constexpr double of_events = 1e-4; // [deg]
 
     const JudgedPlaceOfMap& at(double share) {
         last_ = judge_.judge(between(from_, to_, share), last_ ? &*last_ : nullptr);
@@ -99,8 +100,8 @@ private:
         const auto margin = [&](double share) {
             return border.margin_at(between(from_, to_, share), last_).value_or(*margin_a);
         };
-        const double root = bracketed_root(margin, a, *margin_a, b, *margin_b, tolerance / length_ / 4);
-        const double off = tolerance / length_;
+        const double off = (border.is_of_events() ? of_events : tolerance) / length_;
+        const double root = bracketed_root(margin, a, *margin_a, b, *margin_b, off / 4);
         return {std::max(a, root - off), std::min(b, root + off)};
     }
 
@@ -303,11 +304,13 @@ private:
 
     /// The class is on the left of the line.
     void add_bent(const Line& line) {
-        constexpr int depth = 6;
         const MapClass left = line.into.after;
         const MapClass right = line.into.before;
         std::vector<MapPosition> bends;
-        bend(ClassBorder(judge_, left, right), line.out.place, line.into.place, depth, bends);
+        const ClassBorder border(judge_, left, right);
+        constexpr int depth = 6;
+        constexpr int depth_of_events = 3; // they cost more to look at
+        bend(border, line.out.place, line.into.place, border.is_of_events() ? depth_of_events : depth, bends);
         std::size_t last = line.out.point;
         for (const MapPosition& place : bends) {
             const std::size_t next = add_point(place);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ephemeris/ephemeris.h"
+#include "ephemeris/illumination.h"
 #include "ephemeris/moon.h"
 #include "ephemeris/sun.h"
 
@@ -23,12 +24,6 @@ struct CrescentQuantities {
     double relative_azimuth() const { return moon_azimuth - sun_azimuth; }
     double width_minutes() const { return width * 60; } ///< [arc minutes]
     double magnitude() const;
-};
-
-/// Equatorial place                                                                           [deg]
-struct EquatorialPlace {
-    double right_ascension;
-    double declination;
 };
 
 /// In     moon, sun     geocentric or topocentric, both alike

@@ -5,6 +5,7 @@
 #include "calendar/modjul.h"
 #include "calendar/modsummer.h"
 #include "ephemeris/coordinates.h"
+#include "ephemeris/illumination.h"
 #include "ephemeris/modgeneral.h"
 #include "ephemeris/moon.h"
 #include "ephemeris/sun.h"
@@ -18,6 +19,8 @@ namespace {
 using std::cos;
 using std::sin;
 using std::tan;
+
+constexpr double half_turn = 180; // [deg]
 
 Instant instant_of(const TelescopeSettings& settings, const Preferences& preferences,
                    const Location& location) {
@@ -45,15 +48,6 @@ double parallactic_angle(Ephemeris& ephemeris, const Instant& instant, const Obs
         radians_per_degree;
     const double d = moon.topocentric_declination * radians_per_degree;
     return atan2(tan(observer.latitude * radians_per_degree) * cos(d) - sin(d) * cos(h), sin(h)) *
-           degrees_per_radian;
-}
-
-/// Position angle of the lit limb, from the north of the Moon's disc to the east        [deg]
-double bright_limb_angle(const SunPlace& sun, const MoonPlace& moon) {
-    const double difference = (sun.right_ascension - moon.right_ascension) * radians_per_degree;
-    const double d0 = sun.declination * radians_per_degree;
-    const double d = moon.declination * radians_per_degree;
-    return atan2(sin(d0) * cos(d) - cos(d0) * sin(d) * cos(difference), cos(d0) * sin(difference)) *
            degrees_per_radian;
 }
 
@@ -89,8 +83,12 @@ std::optional<TelescopePointing> pointing_of(Ephemeris& ephemeris, const Telesco
     if (require_finite(pointing.moon.altitude, {"the Moon's altitude", "ارتفاع القمر"}) <
         lowest_moon_altitude)
         return std::nullopt;
-    pointing.zenith_angle =
-        rev360(bright_limb_angle(sun, moon) - parallactic_angle(ephemeris, instant, observer, moon));
+    const EquatorialPlace moon_centre{moon.right_ascension, moon.declination};
+    const EquatorialPlace sun_centre{sun.right_ascension, sun.declination};
+    const double limb_angle = bright_limb_angle(moon_centre, sun_centre);
+    pointing.zenith_angle = rev360(limb_angle - parallactic_angle(ephemeris, instant, observer, moon));
+    pointing.phase = {moon_illumination(moon_centre, sun_centre, sun.radius, moon.distance).fraction,
+                      rev360(moon.longitude - sun.longitude) < half_turn, rev360(limb_angle)};
     pointing.crescent = limb_place(pointing.moon, moon.topocentric_semidiameter, pointing.zenith_angle);
 
     for (SkyPlace* place : {&pointing.sun, &pointing.moon, &pointing.crescent}) {

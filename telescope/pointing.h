@@ -5,6 +5,7 @@
 #include "stored/loc.h"
 #include "stored/pref.h"
 #include "stored/tele.h"
+#include "telescope/moonphase.h"
 
 #include <optional>
 
@@ -25,6 +26,7 @@ struct TelescopePointing {
     SkyPlace crescent;       ///< the middle of the Moon's lit limb
     double zenith_angle = 0; ///< of the lit limb on the Moon's disc: 0 towards the zenith, then towards the
                              ///< left of an upright view; 0 to below 360                [deg]
+    MoonPhase phase;
 };
 
 /// The Moon is not answered for below this airless altitude                                 [deg]

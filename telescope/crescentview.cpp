@@ -38,8 +38,14 @@ void CrescentView::show_picture(const QString& name, bool zenith_below) {
     update();
 }
 
-void CrescentView::set_texts(const QString& zenith, const QString& missing) {
+void CrescentView::show_phase(const std::optional<DrawnPhase>& phase) {
+    phase_ = phase;
+    update();
+}
+
+void CrescentView::set_texts(const QString& zenith, const QString& lit, const QString& missing) {
     zenith_ = zenith;
+    lit_ = lit;
     missing_ = missing;
 }
 
@@ -53,9 +59,20 @@ void CrescentView::paintEvent(QPaintEvent* /*event*/) {
     painter.fillRect(square, sky);
     if (name_.isEmpty())
         return;
-    draw_picture(painter, square);
-    if (has_picture())
+    if (phase_) {
+        painter.setFont(small_font());
+        paint_phase(painter, square, *phase_, lit_);
+    } else {
+        draw_picture(painter, square);
+    }
+    if (phase_ || has_picture())
         draw_zenith_mark(painter, square);
+}
+
+QFont CrescentView::small_font() const {
+    QFont small = font();
+    small.setPointSizeF(small.pointSizeF() * mark_size);
+    return small;
 }
 
 void CrescentView::draw_picture(QPainter& painter, const QRect& square) const {
@@ -73,11 +90,9 @@ void CrescentView::draw_picture(QPainter& painter, const QRect& square) const {
 }
 
 void CrescentView::draw_zenith_mark(QPainter& painter, const QRect& square) const {
-    QFont small = font();
-    small.setPointSizeF(small.pointSizeF() * mark_size);
-    painter.setFont(small);
+    painter.setFont(small_font());
     painter.setPen(mark);
-    const int gap = QFontMetrics(small).lineSpacing() / 4;
+    const int gap = painter.fontMetrics().lineSpacing() / 4;
     const QRect place = square.adjusted(gap, gap, -gap, -gap);
     const int side = zenith_below_ ? Qt::AlignBottom : Qt::AlignTop;
     painter.drawText(place, Qt::AlignLeft | side,

@@ -41,6 +41,9 @@ constexpr ControlText twins[] = {
     {"fraflip", "Picture", "الصورة"},
     {"chkflph", "Horizontal Flip", "قلب أفقي"},
     {"chkflpv", "Vertical Flip", "قلب رأسي"},
+    {"chkphase", "True Phase", "الطور الحقيقي"},
+    {"chkphase@tip", "Draws the Moon as much as it is lit, in place of the crescent's picture",
+     "يرسم القمر بقدر ما هو مضيء بدلا من صورة الهلال"},
     {"fraread", "Pointing", "التوجيه"},
     {"lblra", "R.A.", "المطلع المستقيم"},
     {"lbldec", "Declination", "الميل"},
@@ -60,6 +63,8 @@ constexpr ControlText twins[] = {
 };
 
 constexpr TwinText zenith{"Zenith", "سمت الرأس"};
+constexpr TwinText lit{"Lit", "مضيء"};
+constexpr TwinText no_phase{"Phase: ----\n", "الطور: ----\n"};
 constexpr TwinText missing{"The picture %1 is not in the folder of pictures.",
                            "الصورة %1 غير موجودة في مجلد الصور."};
 /// The bright limb's direction in the picture: as the eye sees it, and mirrored by each of the flips.
@@ -93,12 +98,14 @@ frmtele::frmtele(QWidget* owner)
     : QDialog(owner), ui_(std::make_unique<Ui::frmtele>()), language_(stored_language()) {
     ui_->setupUi(this);
     apply_language(*this, twins, language_);
-    ui_->pctcresimg->set_texts(text_of(zenith, language_), text_of(missing, language_));
+    ui_->pctcresimg->set_texts(text_of(zenith, language_), text_of(lit, language_),
+                               text_of(missing, language_));
     fill_lists();
     set_sizes();
     select_whole_text_on_focus(*this);
     load(read_tele());
     show_limb();
+    show_phase();
     connect_controls();
     fit_form(*this, Qt::Horizontal | Qt::Vertical);
 }
@@ -117,7 +124,8 @@ void frmtele::set_sizes() {
     ui_->txtyear->setMaxLength(year_length);
     shape_number_box(*ui_->txtyear, longest_year);
     keep_left_to_right(*ui_->readtable);
-    ui_->lbllimb->setMinimumWidth(limb_width());
+    ui_->lbllimb->setMinimumWidth(words_width());
+    ui_->lblphase->setTextInteractionFlags(Qt::TextSelectableByMouse);
     for (const ReadOut& readout : telescope_readouts({})) {
         QLabel& label = read_out(readout.label);
         scale_font(label, read_out_size);
@@ -126,15 +134,17 @@ void frmtele::set_sizes() {
     }
 }
 
-/// Room for the longest caption of the limb, so that a flip moves nothing.
-int frmtele::limb_width() const {
-    int width = 0;
-    for (const bool horizontal : {false, true})
-        for (const bool vertical : {false, true}) {
-            const QString words =
-                text_of(limb_words(horizontal, vertical), language_).arg(isolated(QStringLiteral("888°")));
-            width = std::max(width, ui_->lbllimb->fontMetrics().size(0, words).width());
+/// Room for the longest words below the picture, so that nothing moves when they change.
+int frmtele::words_width() const {
+    QStringList all;
+    for (const bool one : {false, true})
+        for (const bool other : {false, true}) {
+            all += text_of(limb_words(one, other), language_).arg(isolated(QStringLiteral("888°")));
+            all += text_of(phase_words({one ? 0.111 : 0.888, other, 288}, '\n'), language_);
         }
+    int width = 0;
+    for (const QString& words : all)
+        width = std::max(width, ui_->lbllimb->fontMetrics().size(0, words).width());
     return width;
 }
 
@@ -146,6 +156,7 @@ void frmtele::connect_controls() {
         connect(option, &QRadioButton::clicked, this, &frmtele::cmdcalc_click);
     for (QCheckBox* flip : {ui_->chkflph, ui_->chkflpv})
         connect(flip, &QCheckBox::clicked, this, &frmtele::flip_click);
+    connect(ui_->chkphase, &QCheckBox::toggled, this, &frmtele::show_phase);
 }
 
 void frmtele::load(const TelescopeSettings& settings) {
@@ -206,6 +217,7 @@ void frmtele::cmdcalc_click() {
         return;
     }
     zenith_angle_ = pointing->zenith_angle;
+    phase_ = pointing->phase;
     show_picture();
     for (const ReadOut& readout : telescope_readouts(*pointing))
         read_out(readout.label).setText(QString::fromStdString(readout.text));
@@ -224,6 +236,21 @@ void frmtele::show_picture() {
     ui_->pctcresimg->show_picture(
         QString::fromStdString(crescent_picture(*zenith_angle_, horizontal, vertical)), vertical);
     show_limb();
+    show_phase();
+}
+
+/// The phase in words, and drawn in place of the picture where that is chosen.
+void frmtele::show_phase() {
+    const auto words = [&](char separator) {
+        return phase_ ? text_of(phase_words(*phase_, separator), language_) : text_of(no_phase, language_);
+    };
+    ui_->lblphase->setText(with_figures_in_order(words('\n')));
+    ui_->pctcresimg->setAccessibleDescription(words(' '));
+    const bool is_drawn = phase_ && ui_->chkphase->isChecked();
+    ui_->pctcresimg->show_phase(
+        is_drawn ? std::optional(DrawnPhase{phase_->fraction, *zenith_angle_, ui_->chkflph->isChecked(),
+                                            ui_->chkflpv->isChecked()})
+                 : std::nullopt);
 }
 
 void frmtele::show_limb() {

@@ -3,6 +3,7 @@
 
 #include "panel/formlanguage.h"
 #include "stored/tele.h"
+#include "telescope/moonphase.h"
 
 #include <QDialog>
 #include <memory>
@@ -37,12 +38,14 @@ private:
     TelescopeSettings shown() const;
     void show_picture();
     void show_limb();
-    int limb_width() const;
+    void show_phase();
+    int words_width() const;
     QLabel& read_out(const char* name) const;
 
     std::unique_ptr<Ui::frmtele> ui_;
     Language language_;
     std::optional<double> zenith_angle_; ///< of the bright limb, once computed                 [deg]
+    std::optional<MoonPhase> phase_;     ///< once computed
 };
 
 /// The texts of `frmtele`.

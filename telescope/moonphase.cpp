@@ -8,9 +8,29 @@
 #include <string>
 
 namespace halvane {
+namespace {
+
+/// The lit part as it is shown, in tenths of a per cent.
+long shown_tenths(const MoonPhase& phase) {
+    return std::lround(phase.fraction * 1000);
+}
+
+TwinWords lit_words(const MoonPhase& phase) {
+    const TwinText name = phase_name(phase);
+    const std::string part = format_number(static_cast<double>(shown_tenths(phase)) / 10, "0.0");
+    return {std::string(name.english) + ", " + part + " % lit",
+            std::string(name.arabic) + "، المضاء منه " + part + " %"};
+}
+
+TwinWords limb_words(const MoonPhase& phase) {
+    const std::string angle = plain_number(rev360(round_half_even(phase.limb_angle))) + "°";
+    return {"bright limb at " + angle + " from north", "الحافة المضيئة عند " + angle + " من الشمال"};
+}
+
+} // namespace
 
 TwinText phase_name(const MoonPhase& phase) {
-    const long shown = std::lround(phase.fraction * 1000); // tenths of a per cent
+    const long shown = shown_tenths(phase);
     if (shown == 0)
         return {"New Moon", "محاق"};
     if (shown == 1000)
@@ -24,14 +44,10 @@ TwinText phase_name(const MoonPhase& phase) {
                         : TwinText{"Waning gibbous", "أحدب متناقص"};
 }
 
-TwinWords phase_words(const MoonPhase& phase) {
-    constexpr double tenths_of_whole = 1000;
-    const TwinText name = phase_name(phase);
-    const std::string part =
-        format_number(static_cast<double>(std::lround(phase.fraction * tenths_of_whole)) / 10, "0.0");
-    const std::string angle = plain_number(rev360(round_half_even(phase.limb_angle)));
-    return {std::string(name.english) + ", " + part + " % lit, bright limb at " + angle + "°",
-            std::string(name.arabic) + "، المضاء منه " + part + " %، الحافة المضيئة عند " + angle + "°"};
+TwinWords phase_words(const MoonPhase& phase, char separator) {
+    const TwinWords lit = lit_words(phase);
+    const TwinWords limb = limb_words(phase);
+    return {lit.english + "," + separator + limb.english, lit.arabic + "،" + separator + limb.arabic};
 }
 
 } // namespace halvane

@@ -17,7 +17,8 @@ struct MoonPhase {
 /// of their own only where that figure shows them.
 TwinText phase_name(const MoonPhase& phase);
 
-/// "Waxing crescent, 3.2 % lit, bright limb at 251°": the position angle, to the degree.
-TwinWords phase_words(const MoonPhase& phase);
+/// "Waxing crescent, 3.2 % lit, bright limb at 251° from north": the position angle, to the degree.
+/// In     separator  behind the comma before the bright limb
+TwinWords phase_words(const MoonPhase& phase, char separator = ' ');
 
 } // namespace halvane

@@ -337,6 +337,88 @@ TEST_F(TeleTest, TheCaptionOfTheLimbFollowsTheStoredFlipsBeforeAnyCalculation) {
     EXPECT_TRUE(caption(form, "lbllimb").contains(QStringLiteral("----")));
 }
 
+/// The direction of the lit side of a drawn phase and the part of the disc that is lit, by counting.
+struct Counted {
+    double direction;
+    double fraction;
+};
+
+Counted counted(const QImage& drawn) {
+    const double centre = (drawn.width() - 1) / 2.0;
+    const double disc = 0.29 * drawn.width();
+    double left = 0;
+    double up = 0;
+    double lit = 0;
+    double all = 0;
+    for (int y = 0; y < drawn.height(); ++y)
+        for (int x = 0; x < drawn.width(); ++x) {
+            if (std::hypot(x - centre, y - centre) > disc * 0.98)
+                continue;
+            ++all;
+            if (qGray(drawn.pixel(x, y)) <= 190)
+                continue;
+            ++lit;
+            left += centre - x;
+            up += centre - y;
+        }
+    return {std::atan2(left, up) * 180 / std::numbers::pi, lit / all};
+}
+
+TEST_F(TeleTest, TheDrawnPhaseHasItsLitPartAndItsDirection) {
+    CrescentView view;
+    view.resize(400, 400);
+    view.show_picture(QStringLiteral("190.gif"), false);
+    for (const double fraction : {0.1, 0.35, 0.5, 0.6786, 0.95})
+        for (const double direction : {0.0, 73.0, 190.0, 300.0})
+            for (const bool horizontal : {false, true})
+                for (const bool vertical : {false, true}) {
+                    view.show_phase(DrawnPhase{fraction, direction, horizontal, vertical});
+                    const Counted seen = counted(view.grab().toImage());
+                    double expected = horizontal ? -direction : direction;
+                    if (vertical)
+                        expected = 180 - expected;
+                    EXPECT_NEAR(seen.fraction, fraction, 0.03) << fraction << ' ' << direction;
+                    EXPECT_LT(std::fabs(std::remainder(seen.direction - expected, 360)), 3)
+                        << fraction << ' ' << direction;
+                }
+}
+
+TEST_F(TeleTest, AFullDiscIsLitAndANewOneDarkButForItsOutline) {
+    CrescentView view;
+    view.resize(400, 400);
+    view.show_picture(QStringLiteral("190.gif"), false);
+    view.show_phase(DrawnPhase{1, 40, false, false});
+    EXPECT_EQ(counted(view.grab().toImage()).fraction, 1);
+    view.show_phase(DrawnPhase{0, 40, false, false});
+    const QImage dark = view.grab().toImage();
+    EXPECT_EQ(counted(dark).fraction, 0);
+    EXPECT_GT(qGray(dark.pixel(200, 200 + 116)), 100) << "the outline";
+    EXPECT_GT(qGray(dark.pixel(200, 200)), qGray(dark.pixel(3, 396))) << "the light of the Earth";
+}
+
+// The Swiss Ephemeris has 2.63 % of the disc lit then.
+TEST_F(TeleTest, ThePhaseIsToldAndDrawnWhereItIsChosen) {
+    in_both_languages<frmtele>([](QWidget& form, Language language) {
+        form.show();
+        auto& view = control<CrescentView>(form, "pctcresimg");
+        EXPECT_TRUE(caption(form, "lblphase").contains(QStringLiteral("----")));
+        click(form, "cmdcalc");
+        EXPECT_FALSE(view.phase()) << "the crescent's picture stands until the phase is chosen";
+        click(form, "chkphase");
+        ASSERT_TRUE(view.phase());
+        EXPECT_EQ(view.picture(), QStringLiteral("190.gif"));
+        click(form, "chkflph");
+        EXPECT_TRUE(view.phase()->flip_horizontal);
+        EXPECT_TRUE(view.accessibleDescription().startsWith(
+            language == Language::english ? QStringLiteral("Waxing crescent, 2.6 % lit")
+                                          : QStringLiteral("هلال متزايد، المضاء منه 2.6")))
+            << view.accessibleDescription().toStdString();
+        EXPECT_EQ(cut_texts(form), QStringList());
+        click(form, "chkphase");
+        EXPECT_FALSE(view.phase());
+    });
+}
+
 TEST_F(TeleTest, TheReadOutsCanBeSelectedAndCopied) {
     frmtele form;
     form.show();

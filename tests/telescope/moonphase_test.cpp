@@ -9,12 +9,13 @@ namespace {
 
 TEST(MoonPhase, WordsTellNameLitPartAndBrightLimb) {
     const TwinWords words = phase_words({0.0318, true, 251.4});
-    EXPECT_EQ(words.english, "Waxing crescent, 3.2 % lit, bright limb at 251°");
-    EXPECT_EQ(words.arabic, "هلال متزايد، المضاء منه 3.2 %، الحافة المضيئة عند 251°");
+    EXPECT_EQ(words.english, "Waxing crescent, 3.2 % lit, bright limb at 251° from north");
+    EXPECT_EQ(words.arabic, "هلال متزايد، المضاء منه 3.2 %، الحافة المضيئة عند 251° من الشمال");
 }
 
 TEST(MoonPhase, ALimbJustShortOfNorthIsAtNorth) {
-    EXPECT_EQ(phase_words({0.7, false, 359.6}).english, "Waning gibbous, 70.0 % lit, bright limb at 0°");
+    EXPECT_EQ(phase_words({0.7, false, 359.6}).english,
+              "Waning gibbous, 70.0 % lit, bright limb at 0° from north");
 }
 
 TEST(MoonPhase, NamesFollowTheFigureThatIsShown) {

@@ -15,6 +15,7 @@
 #include "stored/loc.h"
 #include "stored/pref.h"
 #include "tests/golden/goldenreport.h"
+#include "tests/support/places.h"
 
 #include <cmath>
 
@@ -259,6 +260,25 @@ TEST_F(Telescope, TheCrescentLiesOnTheDiscTowardsTheSunForTwoHundredInstants) {
 TEST_F(Telescope, ADateWithoutAFiniteDayIsARunTimeFailure) {
     EXPECT_THROW(pointing_of(at(1.7e308, 1, 1, 0, 0)), RunTimeFailure);
     EXPECT_THROW(pointing_of(at(1e200, 1, 1, 0, 0)), RunTimeFailure);
+}
+
+// Meeus, Astronomical Algorithms, example 48.a: 1992 April 12, 0 h dynamical time, 59 s ahead of UT.
+TEST_F(Telescope, ThePhaseIsThatOfTheExampleOfMeeus) {
+    const auto pointing = telescope_pointing(loaded_theory(), at(1992, 4, 11, 23, 59), Preferences{},
+                                             place_at({0, 0}, {0, 0}, 0, "Null"));
+    ASSERT_TRUE(pointing);
+    EXPECT_NEAR(pointing->phase.fraction, 0.6786, 0.00005);
+    EXPECT_NEAR(pointing->phase.limb_angle, 285.0, 0.05);
+    EXPECT_TRUE(pointing->phase.waxing);
+}
+
+// Last quarter on 1992 April 24, 21:40 UT (Astronomical Almanac).
+TEST_F(Telescope, TheMoonOfTheMorningWanes) {
+    const auto pointing = telescope_pointing(loaded_theory(), at(1992, 4, 25, 6, 0), Preferences{},
+                                             place_at({0, 0}, {0, 0}, 0, "Null"));
+    ASSERT_TRUE(pointing);
+    EXPECT_FALSE(pointing->phase.waxing);
+    EXPECT_NEAR(pointing->phase.fraction, 0.5, 0.05);
 }
 
 } // namespace

@@ -39,6 +39,17 @@ struct CrescentRefusal {
 std::optional<CrescentRefusal> refused_conjunction(const CrescentSettings& settings);
 std::optional<CrescentRefusal> refused_user_time(const CrescentSettings& settings);
 
+/// The choices with both approximate dates led to the crescent that comes next: the first of which one of the
+/// three days of observation is today or later.
+/// In     run    of the kind of crescent and the reference that are looked for
+///        today  civil date
+CrescentSettings coming_crescent(const TheoryPointer& theory, const CrescentRecords& run,
+                                 const DateNumbers& today);
+
+/// Two lines: the conjunction's date and local clock; the same in UT, and the Hijri month that it begins, or
+/// ends for an old crescent.
+TwinWords conjunction_words(const Conjunction& conjunction, const CrescentRecords& run);
+
 /// What the crescent visibility panel keeps between its buttons: the conjunction that its choices have led
 /// to. Any change of the choices drops it, so that no calculation sees one of other choices.
 class CrescentRules {

@@ -11,8 +11,11 @@
 #include "panel/panelstyle.h"
 #include "panel/panelsupport.h"
 #include "routines/crescentday.h"
+#include "routines/machineclock.h"
 #include "routines/seriesloader.h"
 #include "ui_frmcresv.h"
+
+#include <algorithm>
 
 namespace halvane {
 
@@ -35,6 +38,7 @@ constexpr ControlText twins[] = {
     {"lblmonthh", "Month:", "الشهر"},
     {"lblyearh", "Year:", "السنة"},
     {"cmdprev", "&Find Conjunction", "إي&جاد الاقتران"},
+    {"cmdnext", "Ne&xt Crescent", "الهلال القا&دم"},
     {"fraday", "Day of Observation", "يوم الرصد"},
     {"fratime", "Time of Calculations", "وقت الحسابات"},
     {"optbest", "&Best Time", "أف&ضل وقت"},
@@ -53,11 +57,16 @@ constexpr ControlText twins[] = {
     {"cbom@spoken", "User Time: minute", "الوقت المحدد: الدقيقة"},
     {"cmdprev@tip", "Finds the conjunction nearest to the date and the days to calculate for",
      "يجد الاقتران الأقرب إلى التاريخ و الأيام التي يمكن الحساب لها"},
+    {"cmdnext@tip", "Takes today's date to the crescent that comes next, and finds its conjunction",
+     "يأخذ تاريخ اليوم إلى الهلال القادم و يجد اقترانه"},
     {"cmdcalc@tip", "The report of the chosen day and time, once the conjunction is found",
      "تقرير اليوم و الوقت المختارين بعد إيجاد الاقتران"},
     {"cmdmap@tip", "Where in the world the crescent can be seen, once the conjunction is found",
      "أماكن رؤية الهلال في العالم بعد إيجاد الاقتران"},
 };
+
+constexpr TwinText not_found_yet{"The conjunction has not been looked for yet.\n",
+                                 "لم يتم البحث عن الاقتران بعد.\n"};
 
 } // namespace
 
@@ -92,8 +101,24 @@ void frmcresv::set_sizes() {
     set_spacing(*this);
     shape_number_box(*ui_->txtyear, "-88888");
     shape_number_box(*ui_->txtyearh, "-88888");
+    ui_->lblfound->setMinimumWidth(found_width());
+    ui_->lblfound->setTextInteractionFlags(Qt::TextSelectableByMouse);
     for (QRadioButton* day : {ui_->optconj, ui_->optone, ui_->opttwo})
         fit_width(*day, text_of(day_captions(false)[2], language_) + QStringLiteral("MM"));
+}
+
+/// Room for the longest words of a conjunction, so that finding one moves nothing.
+int frmcresv::found_width() const {
+    constexpr double any_day = 2461041.5;
+    constexpr int days_of_year = 365;
+    CrescentRecords run;
+    run.settings.geocentric = true;
+    int width = 0;
+    for (int day = 0; day < days_of_year; ++day) {
+        const QString words = text_of(conjunction_words({0, any_day + day, 0}, run), language_);
+        width = std::max(width, ui_->lblfound->fontMetrics().size(0, words).width());
+    }
+    return width;
 }
 
 void frmcresv::connect_controls() {
@@ -109,6 +134,7 @@ void frmcresv::connect_controls() {
     connect(ui_->optgre, &QRadioButton::toggled, this, &frmcresv::enable_date_entry);
     connect(ui_->optspe, &QRadioButton::toggled, this, &frmcresv::enable_user_time);
     connect(ui_->cmdprev, &QPushButton::clicked, this, &frmcresv::cmdprev_click);
+    connect(ui_->cmdnext, &QPushButton::clicked, this, &frmcresv::cmdnext_click);
     connect(ui_->cmdcalc, &QPushButton::clicked, this, &frmcresv::cmdcalc_click);
     connect(ui_->cmdmap, &QPushButton::clicked, this, &frmcresv::cmdmap_click);
     connect(ui_->cmdclose, &QPushButton::clicked, this, &frmcresv::cmdclose_click);
@@ -214,6 +240,8 @@ void frmcresv::show_days() {
         else
             days[i]->setText(date);
     }
+    ui_->lblfound->setText(form_.is_prepared() ? with_figures_in_order(text_of(found_, language_))
+                                               : text_of(not_found_yet, language_));
     ui_->cmdcalc->setEnabled(form_.is_prepared());
     ui_->cmdmap->setEnabled(form_.is_prepared());
     (form_.is_prepared() ? ui_->cmdcalc : ui_->cmdprev)->setDefault(true);
@@ -224,8 +252,24 @@ void frmcresv::cmdprev_click() {
     close_map();
     if (refuse(refused_conjunction(shown())))
         return;
-    conjunctionstart = form_.prepare(loaded_theory(), read_crescent_records(shown())).dynamical;
+    const CrescentRecords run = read_crescent_records(shown());
+    const Conjunction conjunction = form_.prepare(loaded_theory(), run);
+    conjunctionstart = conjunction.dynamical;
+    found_ = conjunction_words(conjunction, run);
     show_days();
+}
+
+void frmcresv::cmdnext_click() {
+    const MachineTime now = machine_time();
+    const CrescentSettings coming = coming_crescent(
+        loaded_theory(), read_crescent_records(shown()),
+        {static_cast<double>(now.year), static_cast<double>(now.month), static_cast<double>(now.day)});
+    choose_entry(*ui_->cboday, coming.day);
+    choose_entry(*ui_->cbomonth, coming.month);
+    ui_->txtyear->setText(QString::fromStdString(coming.year));
+    ui_->cbomh->setCurrentIndex(coming.hijri_month);
+    ui_->txtyearh->setText(QString::fromStdString(coming.hijri_year));
+    cmdprev_click();
 }
 
 bool frmcresv::refuse(const std::optional<CrescentRefusal>& refused) {

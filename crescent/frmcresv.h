@@ -27,6 +27,7 @@ public:
     ~frmcresv() override;
 
     void cmdprev_click();  ///< finds the conjunction and offers its days
+    void cmdnext_click();  ///< takes the machine's date to the crescent that comes next and finds it
     void cmdcalc_click();  ///< stores the choices, writes `visib.out` and shows it
     void cmdmap_click();   ///< stores the choices and opens `frmmap`
     void cmdclose_click(); ///< stores the choices and closes
@@ -46,11 +47,13 @@ private:
     void enable_user_time();
     void show_events();
     void show_days();
+    int found_width() const;
     bool refuse(const std::optional<CrescentRefusal>& refused); ///< tells it; false for none
 
     std::unique_ptr<Ui::frmcresv> ui_;
     Language language_;
     CrescentRules form_;
+    TwinWords found_; ///< the conjunction that form_ keeps
     QPointer<frmmap> map_;
 };
 

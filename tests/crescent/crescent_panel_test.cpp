@@ -4,6 +4,7 @@
 #include "ephemeris/series.h"
 #include "panel/panelsupport.h"
 #include "routines/crescentday.h"
+#include "routines/machineclock.h"
 #include "routines/seriesloader.h"
 #include "stored/loc.h"
 #include "stored/visib.h"
@@ -290,6 +291,48 @@ TEST_F(CrescentPanel, FindingTheConjunctionWritesNoFile) {
     click(form, "cmdprev");
     EXPECT_EQ(content("visib.vsk"), before);
     EXPECT_FALSE(exists("visib.out"));
+}
+
+// New Moon on 2025 April 27, 19:31 UT (Astronomical Almanac).
+TEST_F(CrescentPanel, NextCrescentTakesTheMachinesDateAndFindsWithoutStoring) {
+    set_machine_time({2025, 4, 3, 9, 0, 0});
+    const std::string before = content("visib.vsk");
+    for (const char* calendar : {"optgre", "opthej"})
+        for (const char* kind : {"optnew", "optold"}) {
+            frmcresv form;
+            click(form, calendar);
+            click(form, kind);
+            click(form, "cmdnext");
+            EXPECT_EQ(days(form)[0], QStringLiteral("27/04/2025  CE")) << calendar << kind;
+            EXPECT_TRUE(enabled(form, "cmdcalc"));
+            EXPECT_EQ(chosen(form, "cboday"), QStringLiteral("27"));
+            EXPECT_EQ(chosen(form, "cbomonth"), QStringLiteral("4"));
+            EXPECT_EQ(text(form, "txtyear"), QStringLiteral("2025"));
+            const QString month =
+                kind == std::string("optnew") ? QStringLiteral("Thul Kea'deh") : QStringLiteral("Shawwal");
+            EXPECT_EQ(chosen(form, "cbomh"), month);
+            EXPECT_EQ(text(form, "txtyearh"), QStringLiteral("1446"));
+            EXPECT_TRUE(caption(form, "lblfound").contains(month));
+        }
+    EXPECT_EQ(content("visib.vsk"), before);
+    EXPECT_FALSE(exists("visib.out"));
+}
+
+TEST_F(CrescentPanel, TheWordsOfTheConjunctionComeAndGoWithIt) {
+    in_both_languages<frmcresv>([](QWidget& form, Language language) {
+        form.show();
+        const QString before = caption(form, "lblfound");
+        const int width = form.width();
+        click(form, "cmdprev");
+        QCoreApplication::processEvents();
+        const QString words = caption(form, "lblfound");
+        EXPECT_TRUE(words.contains(language == Language::english ? QStringLiteral("Saturday")
+                                                                 : QStringLiteral("السبت")));
+        EXPECT_EQ(cut_texts(form), QStringList());
+        EXPECT_EQ(form.width(), width);
+        click(form, "optold");
+        EXPECT_EQ(caption(form, "lblfound"), before);
+    });
 }
 
 TEST_F(CrescentPanel, EveryChangeOfTheDateOrTheKindTakesTheConjunctionBack) {

@@ -31,6 +31,13 @@ CrescentChoice chosen(const CrescentSettings& settings) {
     return choice;
 }
 
+double chosen_day(const CrescentChoice& choice, const Conjunction& conjunction) {
+    const DateNumbers date = civil_date(conjunction.local);
+    double day = 0;
+    modjul(date.year, date.month, date.day, 0, day);
+    return day + (choice.new_crescent ? choice.days : -choice.days);
+}
+
 HijriDate hijri_looked_for(double day, bool new_crescent) {
     constexpr double one_week = 7;
     return hijri_of_day_number(std::floor(day + (new_crescent ? one_week : -one_week)));
@@ -101,9 +108,7 @@ std::optional<Circumstances> crescent_circumstances(Ephemeris& ephemeris, const 
     c.conjunction = conjunction.local;
     const bool is_new = c.choice.new_crescent;
 
-    const DateNumbers date = civil_date(conjunction.local);
-    modjul(date.year, date.month, date.day, 0, c.day);
-    c.day += is_new ? c.choice.days : -c.choice.days;
+    c.day = chosen_day(c.choice, conjunction);
     const double clock_ahead = (run.location.zone + c.summer_hours) / 24;
     about_place(run.location.name,
                 [&] { about_day(c.day, [&] { take_events(ephemeris, run, c.day, clock_ahead, events); }); });

@@ -60,6 +60,9 @@ struct Circumstances {
 std::optional<Circumstances> crescent_circumstances(Ephemeris& ephemeris, const CrescentRecords& run,
                                                     const Conjunction& conjunction, DayEvents& events);
 
+/// 0 h of the chosen local date                                                                 [d]
+double chosen_day(const CrescentChoice& choice, const Conjunction& conjunction);
+
 /// A date in the Hijri month whose crescent is looked for on a day.
 HijriDate hijri_looked_for(double day, bool new_crescent);
 

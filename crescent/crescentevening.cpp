@@ -65,6 +65,14 @@ public:
         return std::min(height(turning_point(at.upper)), -height(turning_point(at.lower)));
     }
 
+    /// Why there is no event within half a day of `centre`.
+    NoEvent missing(double centre) {
+        const Transits at = transits(centre);
+        if (height(turning_point(at.upper)) < 0)
+            return NoEvent::down;
+        return height(turning_point(at.lower)) > 0 ? NoEvent::up : NoEvent::none;
+    }
+
 private:
     /// Degrees a day by which the hour angle grows.
     double turning() const { return degrees_a_day(body_); }
@@ -244,6 +252,14 @@ std::optional<CrescentEvening> evening_of(Places& places, const Observer& observ
     return evening;
 }
 
+CrescentEvent event_near(Ephemeris& ephemeris, const Observer& observer, Body body, CrescentKind kind,
+                         double centre) {
+    const auto places = [&ephemeris](double universal) { return sky_places(ephemeris, universal); };
+    EventSearch search(places, observer, body, kind == CrescentKind::new_crescent);
+    const auto event = search.nearest_to(centre, std::nullopt);
+    return {event, event ? NoEvent::none : search.missing(centre)};
+}
+
 } // namespace
 
 double CrescentEvening::lag() const {
@@ -263,6 +279,15 @@ double geocentric_conjunction(Ephemeris& ephemeris, double universal) {
 
 CrescentSky crescent_sky(Ephemeris& ephemeris, const Observer& observer, double universal) {
     return sky_of(sky_places(ephemeris, universal), observer, universal);
+}
+
+CrescentEvent sun_event_on(Ephemeris& ephemeris, const Observer& observer, CrescentKind kind, double day) {
+    return event_near(ephemeris, observer, Body::sun, kind, mean_noon(day, observer.longitude));
+}
+
+CrescentEvent moon_event_near(Ephemeris& ephemeris, const Observer& observer, CrescentKind kind,
+                              double sun_event) {
+    return event_near(ephemeris, observer, Body::moon, kind, sun_event);
 }
 
 std::optional<CrescentEvening> crescent_evening(Ephemeris& ephemeris, const Observer& observer,

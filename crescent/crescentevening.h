@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "calendar/taggedtime.h"
 #include "crescent/quantities.h"
 #include "crescent/skyplaces.h"
 #include "stored/visib.h"
@@ -36,6 +37,20 @@ struct CrescentEvening {
 
 /// The geocentric conjunction nearest to a Julian day within a week of it, both UT1              [d]
 double geocentric_conjunction(Ephemeris& ephemeris, double universal);
+
+/// A rise or a set, or why there is none.
+struct CrescentEvent {
+    std::optional<double> universal; ///< Julian day, UT1                                         [d]
+    NoEvent missing = NoEvent::none; ///< without one: the body stays up, or down, or neither
+};
+
+/// The Sun's event as crescent_evening takes it.
+/// In     day  0 h of the civil date, without a zone                                             [d]
+CrescentEvent sun_event_on(Ephemeris& ephemeris, const Observer& observer, CrescentKind kind, double day);
+
+/// The Moon's event as crescent_evening takes it. In     sun_event  Julian day, UT1               [d]
+CrescentEvent moon_event_near(Ephemeris& ephemeris, const Observer& observer, CrescentKind kind,
+                              double sun_event);
 
 /// The evening or the morning of a civil date, which begins and ends with the mean time of the place's
 /// longitude: the Sun's event nearest to its noon, and the Moon's nearest to the Sun's, within half a day

@@ -10,8 +10,10 @@
 #include "crescent/crescentcolumns.h"
 #include "crescent/criteria.h"
 #include "crescent/notes.h"
+#include "crescent/shortanswer.h"
 #include "report/head.h"
 #include "report/reportrun.h"
+#include "settings/enginesettings.h"
 
 #include <initializer_list>
 #include <memory>
@@ -230,11 +232,23 @@ void write_no_crescent(Report& report) {
 /// The whole report is that of its row; without one there is the short report.
 class CrescentReportRun final : public RunOf<Circumstances> {
 public:
-    CrescentReportRun(CrescentRecords values, const std::optional<Circumstances>& circumstances)
-        : values_(std::move(values)), circumstances_(circumstances) {}
+    CrescentReportRun(TheoryPointer theory, CrescentRecords values, const Conjunction& conjunction,
+                      const std::optional<Circumstances>& circumstances)
+        : theory_(std::move(theory)), values_(std::move(values)), conjunction_(conjunction),
+          circumstances_(circumstances) {}
 
     const char* task() const override { return "crescent"; }
     const char* report_name() const override { return "visib.out"; }
+
+    TwinWords short_answer() const override {
+        Ephemeris ephemeris(theory_);
+        const double hours_ahead = values_.location.zone + conjunction_.summer_hours;
+        const double conjunction = geocentric_conjunction(ephemeris, conjunction_.local - hours_ahead / 24);
+        return words_of(
+            halvane::short_answer(ephemeris, observer_of(values_.location), kind_of(values_.settings),
+                                  chosen_day(chosen(values_.settings), conjunction_), conjunction),
+            hours_ahead, values_.location.name);
+    }
 
     RunOutcome each_row(const TakeRow& take, Progress& /*progress*/) const override {
         if (circumstances_)
@@ -260,7 +274,9 @@ private:
             write_no_crescent(report);
     }
 
+    TheoryPointer theory_;
     CrescentRecords values_;
+    Conjunction conjunction_;
     std::optional<Circumstances> circumstances_;
 };
 
@@ -270,7 +286,7 @@ RunPointer crescent_run(const TheoryPointer& theory, const CrescentRecords& valu
                         const Conjunction& conjunction, DayEvents& events) {
     Ephemeris ephemeris(theory);
     return std::make_shared<CrescentReportRun>(
-        values, crescent_circumstances(ephemeris, values, conjunction, events));
+        theory, values, conjunction, crescent_circumstances(ephemeris, values, conjunction, events));
 }
 
 } // namespace halvane

@@ -21,6 +21,9 @@
 #include <QPrinter>
 #include <QPushButton>
 #include <QShortcut>
+#include <QSplitter>
+#include <QTextEdit>
+#include <QTextOption>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -56,6 +59,7 @@ constexpr ControlText twins[] = {
     {"cmdpdf", "P&DF", "P&DF"},
     {"cmdclose", "Cl&ose", "&إغلاق"},
     {"txtreport@spoken", "Text of the file", "نص الملف"},
+    {"txtanswer@spoken", "Short answer", "الجواب المختصر"},
 };
 
 constexpr TwinText not_found{"Not found", "غير موجود"};
@@ -210,10 +214,40 @@ void Viewer::set_button_heights() {
         button->setFixedHeight(height);
 }
 
+/// The short answer of a run in words: wrapped, in the direction of the language.
+QTextEdit* Viewer::make_answer(const QString& words) {
+    auto* const answer = new QTextEdit(this);
+    answer->setObjectName(QStringLiteral("txtanswer"));
+    answer->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    answer->setTabChangesFocus(true);
+    QTextOption option = answer->document()->defaultTextOption();
+    option.setTextDirection(direction_of(language_));
+    answer->document()->setDefaultTextOption(option);
+    answer->setPlainText(with_figures_in_order(words));
+    return answer;
+}
+
+/// The text, below the short answer of its run.
+QWidget* Viewer::make_reading() {
+    const QString words = run_ != nullptr && is_file_ ? text_of(run_->short_answer(), language_) : QString();
+    if (words.isEmpty())
+        return view_;
+    constexpr int share_of_answer = 2;
+    constexpr int share_of_text = 3;
+    auto* const both = new QSplitter(Qt::Vertical, this);
+    both->setChildrenCollapsible(false);
+    answer_ = make_answer(words);
+    both->addWidget(answer_);
+    both->addWidget(view_);
+    both->setStretchFactor(0, share_of_answer);
+    both->setStretchFactor(1, share_of_text);
+    return both;
+}
+
 void Viewer::build() {
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(make_find_bar());
-    layout->addWidget(view_, 1);
+    layout->addWidget(make_reading(), 1);
     layout->addLayout(make_action_bar());
     set_spacing(*this);
     apply_language(*this, twins, language_);
@@ -328,6 +362,11 @@ void Viewer::set_type(double points) {
     QFont font = view_->font();
     font.setPointSizeF(std::clamp(points, smallest_type, largest_type));
     view_->setFont(font);
+    if (answer_ == nullptr)
+        return;
+    QFont words = answer_->font();
+    words.setPointSizeF(font.pointSizeF());
+    answer_->setFont(words);
 }
 
 void Viewer::zoom_in() {

@@ -15,6 +15,7 @@ class QLabel;
 class QLineEdit;
 class QPrinter;
 class QPushButton;
+class QTextEdit;
 class QTimer;
 
 namespace halvane {
@@ -23,7 +24,8 @@ class TextView;
 
 /// Shows a text file for reading: fixed-width letters, left to right, the columns as they stand in the file.
 /// Finds, zooms, copies, saves under another name, prints and makes a PDF, of the text as it is shown: what
-/// takes the file's name later makes no difference.
+/// takes the file's name later makes no difference. A run's short answer stands above its report, in words of
+/// the language.
 class Viewer : public QWidget {
     Q_OBJECT
 public:
@@ -66,6 +68,8 @@ private:
     QPushButton* add_button(const char* name, void (Viewer::*action)());
     QPushButton* add_small_button(const char* name, void (Viewer::*action)());
     void build();
+    QWidget* make_reading();
+    QTextEdit* make_answer(const QString& words);
     QLayout* make_find_bar();
     QLayout* make_action_bar();
     void set_button_heights();
@@ -90,6 +94,7 @@ private:
     std::shared_ptr<const KeptText> text_;
     ReportHead head_;
     TextView* view_;
+    QTextEdit* answer_ = nullptr; ///< where the run has one
     QLineEdit* find_box_;
     QLabel* found_;
     QTimer* find_timer_;

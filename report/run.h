@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/progress.h"
+#include "base/twintext.h"
 #include "report/column.h"
 #include "report/report.h"
 #include "report/tablewriter.h"
@@ -27,6 +28,8 @@ public:
     virtual const char* task() const = 0;
     /// The bare name of its report; empty for one that is for a terminal, with its line ends.
     virtual const char* report_name() const = 0;
+    /// What is shown above the report on a screen: its answer in lines of words. None for most.
+    virtual TwinWords short_answer() const { return {}; }
     /// Writes the fixed report. Returns how the run ended; a refused one has no closing block.
     virtual RunOutcome write(Report& report, Progress& progress) const = 0;
     /// Writes the rows in a machine format.

@@ -59,9 +59,9 @@ constexpr ControlText twins[] = {
     {"cmdpdf", "P&DF", "P&DF"},
     {"cmdclose", "Cl&ose", "&إغلاق"},
     {"txtreport@spoken", "Text of the file", "نص الملف"},
-    {"txtanswer@spoken", "Short answer", "الجواب المختصر"},
 };
 
+constexpr TwinText answer_name{"Short answer", "الجواب المختصر"};
 constexpr TwinText not_found{"Not found", "غير موجود"};
 constexpr TwinText finding{"Searching: %1 %", "جار البحث: %1 %"};
 constexpr TwinText guide{"User's Guide", "دليل المستخدم"};
@@ -219,6 +219,7 @@ QTextEdit* Viewer::make_answer(const QString& words) {
     auto* const answer = new QTextEdit(this);
     answer->setObjectName(QStringLiteral("txtanswer"));
     answer->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    answer->setAccessibleName(text_of(answer_name, language_));
     answer->setTabChangesFocus(true);
     QTextOption option = answer->document()->defaultTextOption();
     option.setTextDirection(direction_of(language_));

@@ -413,6 +413,18 @@ TEST_F(CrescentPanel, CalculateStoresTheChoicesAndShowsTheReport) {
     EXPECT_NE(report.find("- Calculations are Topocentric.\r\n"), std::string::npos);
 }
 
+TEST_F(CrescentPanel, TheReportComesWithTheShortAnswerOfItsDay) {
+    frmcresv form;
+    click(form, "cmdprev");
+    click(form, "opttwo");
+    click(form, "cmdcalc");
+    ASSERT_NE(platform_double.shown_run, nullptr);
+    const TwinWords answer = platform_double.shown_run->short_answer();
+    EXPECT_EQ(answer.english.find("Evening of Monday 31 March 2025, "), 0U) << answer.english;
+    EXPECT_EQ(answer.arabic.find("مساء الاثنين 31 آذار 2025، "), 0U) << answer.arabic;
+    EXPECT_EQ(content("visib.out").find(answer.english), std::string::npos);
+}
+
 TEST_F(CrescentPanel, ATimeBeforeTheConjunctionIsNoError) {
     frmcresv form;
     click(form, "cmdprev");

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "crescent/shortanswer.h"
 
+#include "calendar/yearlimits.h"
 #include "crescent/crescentreport.h"
 #include "routines/seriesloader.h"
 #include "tests/crescent/crescentfixture.h"
@@ -164,6 +165,15 @@ TEST_F(Answer, OfTheEveningBeforeANewMoonNamesItsConjunction) {
     const ShortAnswer answer = answer_at(35.93, 31.95, CrescentKind::new_crescent, {2025, 2, 27});
     EXPECT_FALSE(answer.has_crescent());
     EXPECT_TRUE(holds(words_of(answer, 2, "Amman").english, "Friday 28 February 2025, 02:45\n"));
+}
+
+TEST_F(Answer, IsGivenAtTheEdgesOfTheYears) {
+    for (const int year : {static_cast<int>(theory_years.first), static_cast<int>(theory_years.last)})
+        for (int month = 1; month <= 12; ++month)
+            for (const double latitude : {-75.0, -35.0, 0.0, 52.0, 67.0, 89.0})
+                for (const CrescentKind kind : {CrescentKind::new_crescent, CrescentKind::old_crescent})
+                    EXPECT_NO_THROW(words_of(answer_at(30, latitude, kind, {year, month, 15}), 2, "Edge"))
+                        << year << ' ' << month << ' ' << latitude;
 }
 
 // The sunset of Hilo falls on the next date in Universal Time.

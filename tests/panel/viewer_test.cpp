@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QPushButton>
+#include <QTextEdit>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
@@ -166,6 +167,8 @@ TEST_F(ViewerTest, SaveAsToAFolderThatIsNotThereIsTold) {
 /// A run of one row.
 class OneRow final : public RunOf<int> {
 public:
+    explicit OneRow(TwinWords answer = {}) : answer_(std::move(answer)) {}
+    TwinWords short_answer() const override { return answer_; }
     const char* task() const override { return "one"; }
     const char* report_name() const override { return "results.out"; }
     RunOutcome each_row(const TakeRow& take, Progress& progress) const override {
@@ -185,6 +188,8 @@ private:
     void write_head(Report& /*report*/) const override {}
     void write_row(Report& /*report*/, const int& /*row*/, int /*number*/) const override {}
     void write_closing(Report& /*report*/, RunOutcome /*outcome*/, int /*rows*/) const override {}
+
+    TwinWords answer_;
 };
 
 TEST_F(ViewerTest, AReportOfARunIsSavedInTheFormatOfTheNamesEnding) {
@@ -397,6 +402,48 @@ TEST_P(ViewerBothLanguages, EveryControlIsNamedReachedAndWhole) {
     Viewer viewer(file());
     expect_usable(viewer);
     expect_captions(viewer, viewer_twins(), GetParam());
+}
+
+TEST_P(ViewerBothLanguages, TheShortAnswerStandsAboveTheReportInItsLanguage) {
+    set_language(GetParam());
+    const bool is_english = GetParam() == Language::english;
+    Viewer viewer(file(),
+                  std::make_shared<OneRow>(TwinWords("First line\nlag -4.5 min", "السطر\nالمكث -4.5 دقيقة")));
+    viewer.resize(800, 500);
+    viewer.show();
+    QCoreApplication::processEvents();
+    auto& answer = control<QTextEdit>(viewer, "txtanswer");
+    EXPECT_TRUE(answer.isReadOnly());
+    EXPECT_EQ(answer.toPlainText(), is_english
+                                        ? with_figures_in_order(QStringLiteral("First line\nlag -4.5 min"))
+                                        : with_figures_in_order(QStringLiteral("السطر\nالمكث -4.5 دقيقة")));
+    const QRect first_letter = answer.cursorRect();
+    EXPECT_EQ(first_letter.center().x() < answer.width() / 2, is_english) << "begins on its language's side";
+    const auto top_of = [&](QWidget& widget) { return widget.mapTo(&viewer, QPoint()).y(); };
+    EXPECT_LT(top_of(answer) + answer.height(), top_of(viewer.view()) + 1);
+    EXPECT_TRUE(viewer.view().hasFocus());
+    EXPECT_GT(viewer.view().height(), answer.height());
+    expect_usable(viewer);
+}
+
+TEST_F(ViewerTest, TheShortAnswerIsSelectedCopiedAndLeftByKeys) {
+    Viewer viewer(file(), std::make_shared<OneRow>(TwinWords("The answer", "الجواب")));
+    viewer.show();
+    auto& answer = control<QTextEdit>(viewer, "txtanswer");
+    answer.setFocus();
+    QTest::keyClick(&answer, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(&answer, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("The answer"));
+    const double size = answer.font().pointSizeF();
+    viewer.zoom_in();
+    EXPECT_EQ(answer.font().pointSizeF(), size + 1);
+    QTest::keyClick(&answer, Qt::Key_Escape);
+    EXPECT_FALSE(viewer.isVisible());
+}
+
+TEST_F(ViewerTest, AReportWithoutAShortAnswerStandsAlone) {
+    Viewer viewer(file(), std::make_shared<OneRow>());
+    EXPECT_EQ(viewer.findChild<QTextEdit*>(QStringLiteral("txtanswer")), nullptr);
 }
 
 INSTANTIATE_TEST_SUITE_P(In, ViewerBothLanguages, ::testing::ValuesIn(languages), language_name);

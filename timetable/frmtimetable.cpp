@@ -21,11 +21,13 @@
 #include "timetable/columnlist.h"
 #include "timetable/comparetable.h"
 #include "timetable/comparisonwindow.h"
+#include "timetable/pageprinter.h"
 #include "timetable/profilefile.h"
 #include "timetable/sheetnotes.h"
 #include "timetable/timetablecaptions.h"
 #include "timetable/timetablejob.h"
 #include "timetable/timetableoutput.h"
+#include "timetable/timetablepdf.h"
 #include "ui_frmtimetable.h"
 
 #include <QApplication>
@@ -578,7 +580,7 @@ void frmtimetable::calculate() {
     show_rules();
     ChoiceAnswer answer = settings_of(choice);
     if (tell_wrong(wrong, answer.wrong)) {
-        ui_->preview->show_pages({}, choice.profile.page);
+        ui_->preview->show_sheets({}, choice.profile.page);
         show_words(*ui_->lblzonediff, {});
         show_page();
         return;
@@ -619,7 +621,7 @@ void frmtimetable::show_rules() {
 
 void frmtimetable::show_timetable() {
     if (job_->failure() != nullptr) {
-        ui_->preview->show_pages({}, PageSettings{});
+        ui_->preview->show_sheets({}, PageSettings{});
         show_page();
         show_failure(job_->failure());
         return;
@@ -627,7 +629,7 @@ void frmtimetable::show_timetable() {
     const int page = ui_->preview->page();
     timetable_ = job_->take_result();
     const PageSettings& settings = timetable_->settings.profile.page;
-    ui_->preview->show_pages(sheets_of(*timetable_, settings), settings);
+    ui_->preview->show_sheets(sheets_of(*timetable_, settings), settings);
     ui_->preview->show_page(page);
     show_words(*ui_->lblzonediff, join(zone_difference_words(*timetable_), language_));
     show_state({});
@@ -793,7 +795,10 @@ void frmtimetable::print(const Timetable& timetable) {
     if (!printer.outputFileName().isEmpty()) {
         if (const auto bytes = file_of(printed, page, TimetableFormat::pdf))
             save_result(printer.outputFileName().toStdString(), *bytes);
-    } else if (!print_pages(printer, sheets_of(printed, page), page))
+        return;
+    }
+    const std::vector<TimetableSheet> sheets = sheets_of(printed, page);
+    if (!print_pages(printer, painted_pages(sheets, page)))
         tell(text_of(not_printed, language_));
 }
 

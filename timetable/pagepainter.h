@@ -1,16 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "timetable/pageframe.h"
 #include "timetable/timetablesheet.h"
 
 #include <QPainter>
 #include <QRectF>
-#include <QSizeF>
 
 namespace halvane {
-
-/// A sheet of paper, upright                                                                       [mm]
-QSizeF paper_size(PaperSize paper);
 
 /// Paints a month on a page: head, table, notes and foot, within margins of 15 mm. The same on a screen, on
 /// paper and in a PDF: every length is a part of the paper's. In     paper   where the whole sheet of paper

@@ -1,27 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "timetable/pageframe.h"
 #include "timetable/pagetext.h"
 #include "timetable/timetablesheet.h"
 
-#include <QColor>
 #include <QPainter>
 #include <QRectF>
 #include <vector>
 
 namespace halvane {
-
-/// The colours of a page.
-struct PageColours {
-    static constexpr QColor green{0x1B, 0x7F, 0x5C};
-    static constexpr QColor ink{0x1C, 0x27, 0x23};
-    static constexpr QColor quiet{0x51, 0x60, 0x5A};
-    static constexpr QColor hairline{0xD3, 0xDD, 0xD8};
-    static constexpr QColor friday{0xE3, 0xF1, 0xEA};
-};
-
-/// Where the first line's baseline lies below the top of a text                                  [em]
-inline constexpr double baseline_below_top = 1.03;
 
 /// The table of a page: its columns share the width, its rows the height.
 class PageTable {

@@ -5,6 +5,7 @@
 #include "calendar/civildate.h"
 #include "calendar/modday.h"
 #include "timetable/cells.h"
+#include "timetable/placewords.h"
 
 #include <algorithm>
 #include <cmath>
@@ -16,18 +17,6 @@ namespace {
 using Rows = std::span<const TimetableRow>;
 
 /// "+3", "+5:30", "-3:30"
-std::string offset_text(int seconds) {
-    constexpr int hour = 3600;
-    constexpr int minute = 60;
-    const int size = std::abs(seconds);
-    std::string text = (seconds < 0 ? "-" : "+") + std::to_string(size / hour);
-    if (size % hour != 0) {
-        const int minutes = size % hour / minute;
-        text += ":" + format_number(minutes, "00");
-    }
-    return text;
-}
-
 std::vector<int> offsets_of(Rows rows) {
     std::vector<int> offsets;
     for (const TimetableRow& row : rows)
@@ -159,18 +148,8 @@ void note_night(std::vector<TwinWords>& notes, const Profile& profile, const Pag
 
 } // namespace
 
-std::string left_to_right(const std::string& text) {
-    return "\u2066" + text + "\u2069";
-}
-
 TwinWords zone_words(const TimetablePlace& place, Rows rows) {
-    std::string offsets;
-    for (const int offset : offsets_of(rows))
-        offsets += (offsets.empty() ? "UT " : ", UT ") + offset_text(offset);
-    if (!place.zone)
-        return {"Time zone " + offsets, "التوقيت " + left_to_right(offsets)};
-    const std::string text = place.zone->name() + " (" + offsets + ")";
-    return {"Time zone " + text, "التوقيت " + left_to_right(text)};
+    return zone_words(place, offsets_of(rows));
 }
 
 TwinWords rules_words(const Profile& profile, PrayerNames names) {

@@ -10,9 +10,6 @@
 
 namespace halvane {
 
-/// Keeps a sign, an angle or a Latin name in its order within Arabic text.
-std::string left_to_right(const std::string& text);
-
 /// "Time zone Asia/Amman (UT +3)", with every offset of the rows.
 TwinWords zone_words(const TimetablePlace& place, std::span<const TimetableRow> rows);
 

@@ -3,14 +3,10 @@
 
 #include "routines/machineclock.h"
 #include "routines/waitseconds.h"
-#include "timetable/pagepainter.h"
 #include "timetable/timetablepdf.h"
 #include "timetable/timetablerules.h"
 
-#include <QPainter>
-#include <QPrinter>
 #include <QThreadPool>
-#include <algorithm>
 #include <chrono>
 #include <future>
 #include <memory>
@@ -33,12 +29,6 @@ constexpr KindWords kinds[] = {
     {TimetableFormat::json, {"JSON", "JSON"}},
     {TimetableFormat::html, {"Web page", "صفحة ويب"}},
 };
-
-/// The largest place of a sheet's form in the middle of what a printer takes.
-QRectF placed(const QSizeF& sheet, const QRectF& room) {
-    const QSizeF size = sheet.scaled(room.size(), Qt::KeepAspectRatio);
-    return {room.center() - QPointF(size.width(), size.height()) / 2, size};
-}
 
 } // namespace
 
@@ -73,29 +63,6 @@ std::optional<std::string> bytes_of(const Timetable& timetable, const PageSettin
             return std::nullopt;
     }
     return bytes.get();
-}
-
-void set_paper(QPrinter& printer, PaperSize paper) {
-    printer.setFullPage(true);
-    printer.setPageSize(QPageSize(paper == PaperSize::a4 ? QPageSize::A4 : QPageSize::Letter));
-    printer.setPageOrientation(QPageLayout::Portrait);
-}
-
-bool print_pages(QPrinter& printer, const std::vector<TimetableSheet>& sheets, const PageSettings& page) {
-    const int pages = static_cast<int>(sheets.size());
-    const int first = std::max(1, printer.fromPage());
-    const int last = printer.toPage() > 0 ? std::min(printer.toPage(), pages) : pages;
-    QPainter painter;
-    if (first > last || !painter.begin(&printer))
-        return false;
-    const QRectF room = printer.paperRect(QPrinter::DevicePixel);
-    for (int number = first; number <= last; ++number) {
-        if (number > first && !printer.newPage())
-            return false;
-        paint_page(painter, placed(paper_size(page.paper), QRectF(QPointF(), room.size())),
-                   sheets[static_cast<std::size_t>(number - 1)], page, number, pages);
-    }
-    return painter.end() && printer.printerState() != QPrinter::Error;
 }
 
 } // namespace halvane

@@ -3,13 +3,10 @@
 
 #include "panel/messages.h"
 #include "timetable/timetablefiles.h"
-#include "timetable/timetablesheet.h"
 
 #include <optional>
 #include <string>
 #include <vector>
-
-class QPrinter;
 
 namespace halvane {
 
@@ -23,12 +20,5 @@ std::string bytes_of(const Timetable& timetable, const PageSettings& page, Timet
 /// Returns nothing after a cancel.
 std::optional<std::string> bytes_of(const Timetable& timetable, const PageSettings& page,
                                     TimetableFormat format, Progress& progress);
-
-/// Gives a printer the page's paper, without margins of its own: the page has some.
-void set_paper(QPrinter& printer, PaperSize paper);
-
-/// Prints the pages of the printer's range, each as large as its paper allows.
-/// Returns whether the printer has taken them.
-bool print_pages(QPrinter& printer, const std::vector<TimetableSheet>& sheets, const PageSettings& page);
 
 } // namespace halvane

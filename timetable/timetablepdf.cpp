@@ -1,39 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "timetable/timetablepdf.h"
 
-#include "base/failure.h"
 #include "timetable/pagepainter.h"
-#include "timetable/pagetext.h"
-#include "timetable/readablepdf.h"
-
-#include <QBuffer>
-#include <QPainter>
-#include <QPdfWriter>
-#include <QString>
 
 namespace halvane {
 namespace {
-
-constexpr int dots_per_inch = 1200;
-
-void set_up(QPdfWriter& writer, const PageSettings& page, const std::string& title) {
-    writer.setResolution(dots_per_inch);
-    writer.setPageSize(QPageSize(page.paper == PaperSize::a4 ? QPageSize::A4 : QPageSize::Letter));
-    writer.setPageMargins(QMarginsF(0, 0, 0, 0));
-    writer.setTitle(QString::fromStdString(title));
-    writer.setCreator(QStringLiteral("Halvane"));
-}
-
-/// Error  raises RunTimeFailure when the pages would be without their words.
-void require_fonts(PageLanguage language) {
-    const bool english = language != PageLanguage::arabic;
-    const bool arabic = language != PageLanguage::english;
-    if ((english && !has_font(Language::english)) || (arabic && !has_font(Language::arabic)))
-        throw RunTimeFailure(
-            TwinWords{"There is no font for the pages. Noto Sans and Noto Sans Arabic are in the package "
-                      "fonts-noto-core.",
-                      "لا يوجد خط للصفحات. Noto Sans و Noto Sans Arabic في الحزمة fonts-noto-core."});
-}
 
 /// "Amman: Prayer times, February 2026 - Prayer times, March 2026", in the page's first language.
 std::string document_title(std::span<const TimetableSheet> sheets, const PageSettings& page) {
@@ -46,25 +17,17 @@ std::string document_title(std::span<const TimetableSheet> sheets, const PageSet
 
 } // namespace
 
+PaintedPages painted_pages(std::span<const TimetableSheet> sheets, const PageSettings& page) {
+    const int count = static_cast<int>(sheets.size());
+    return {page.paper, page.language, count,
+            [sheets, &page, count](QPainter& painter, const QRectF& room, int number) {
+                paint_page(painter, room, sheets[static_cast<std::size_t>(number - 1)], page, number, count);
+            }};
+}
+
 std::string pdf_of(std::span<const TimetableSheet> sheets, const PageSettings& page,
                    const std::string& title) {
-    require_fonts(page.language);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    {
-        QPdfWriter writer(&buffer);
-        set_up(writer, page, title);
-        QPainter painter(&writer);
-        const QRectF paper(0, 0, writer.width(), writer.height());
-        int number = 0;
-        for (const TimetableSheet& sheet : sheets) {
-            if (++number > 1)
-                writer.newPage();
-            paint_page(painter, paper, sheet, page, number, static_cast<int>(sheets.size()));
-        }
-    }
-    return readable_pdf(bytes).toStdString();
+    return pdf_of(painted_pages(sheets, page), title);
 }
 
 std::string pdf_of(const Timetable& timetable, const PageSettings& page) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "timetable/pdfpages.h"
 #include "timetable/timetablesheet.h"
 
 #include <span>
@@ -13,7 +14,10 @@ namespace halvane {
 /// Error  raises RunTimeFailure when the system has no font for the page's languages.
 std::string pdf_of(const Timetable& timetable, const PageSettings& page);
 
-/// The same of sheets that are there, one a page.
+/// Sheets that are there, one a page; they and the settings must outlive what is painted.
+PaintedPages painted_pages(std::span<const TimetableSheet> sheets, const PageSettings& page);
+
+/// The same as a PDF file.
 /// In     title  of the document
 std::string pdf_of(std::span<const TimetableSheet> sheets, const PageSettings& page,
                    const std::string& title);

@@ -4,11 +4,11 @@
 #include "base/numberformat.h"
 #include "calendar/modday.h"
 #include "timetable/cells.h"
+#include "timetable/placewords.h"
 #include "timetable/sheetnotes.h"
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <span>
 
 namespace halvane {
@@ -82,32 +82,6 @@ TwinWords hijri_range(Rows rows) {
                        hijri_month(rows.back().hijri.month), rows.back().hijri.year);
 }
 
-/// "31°57'"
-std::string degrees_text(double angle) {
-    constexpr int minutes_of_degree = 60;
-    const long minutes = std::lround(std::fabs(angle) * minutes_of_degree);
-    return std::to_string(minutes / minutes_of_degree) + "°" +
-           format_number(static_cast<double>(minutes % minutes_of_degree), "00") + "'";
-}
-
-/// The same within Arabic text, where the degrees of Arabic-Indic digits would go behind the minutes.
-std::string arabic_degrees_text(double angle) {
-    const std::string sign = "°";
-    std::string text = degrees_text(angle);
-    text.insert(text.find(sign) + sign.size(), "\u200e");
-    return left_to_right(text);
-}
-
-TwinWords coordinates_of(const Location& location) {
-    const double latitude = latitude_of(location);
-    const double longitude = longitude_of(location);
-    const std::string height = plain_number(std::round(location.elevation));
-    return {degrees_text(latitude) + (latitude >= 0 ? " N, " : " S, ") + degrees_text(longitude) +
-                (longitude >= 0 ? " E, " : " W, ") + height + " m",
-            arabic_degrees_text(latitude) + (latitude >= 0 ? " شمالا، " : " جنوبا، ") +
-                arabic_degrees_text(longitude) + (longitude >= 0 ? " شرقا، " : " غربا، ") + height + " م"};
-}
-
 /// Lays out the rows of one sheet.
 class SheetMaker {
 public:
@@ -122,7 +96,7 @@ public:
         sheet.title = {title.english + ", " + sheet.month.english, title.arabic + "، " + sheet.month.arabic};
         sheet.hijri_months = by_hijri_ ? civil_range(rows_) : hijri_range(rows_);
         sheet.place = alike(timetable_.settings.place.location.name);
-        sheet.coordinates = coordinates_of(timetable_.settings.place.location);
+        sheet.coordinates = coordinates_words(timetable_.settings.place.location);
         sheet.zone = zone_words(timetable_.settings.place, rows_);
         sheet.rules = rules_words(timetable_.settings.profile, page_.names);
         for (const TimetableColumn column : page_.columns)

@@ -7,10 +7,12 @@
 #include "stored/pref.h"
 #include "tests/panel/panelchecks.h"
 #include "timetable/frmtimetable.h"
+#include "timetable/pageprinter.h"
 #include "timetable/pageview.h"
 #include "timetable/profilefile.h"
 #include "timetable/timetablecaptions.h"
 #include "timetable/timetableoutput.h"
+#include "timetable/timetablepdf.h"
 #include "timetable/timetableplaces.h"
 
 #include <QAbstractItemModel>
@@ -646,12 +648,14 @@ TEST_F(TimetablePanelTest, APrinterTakesThePagesOfItsRange) {
     printer.setOutputFileName(QString::fromStdString(path("printed.pdf")));
     set_paper(printer, PaperSize::letter);
     printer.setFromTo(2, 4);
-    ASSERT_TRUE(print_pages(printer, page(form).sheets(), PageSettings{}));
+    const std::vector<TimetableSheet>& sheets = page(form).sheets();
+    const PageSettings settings;
+    ASSERT_TRUE(print_pages(printer, painted_pages(sheets, settings)));
     QFile file(printer.outputFileName());
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_EQ(file.readAll().count("/Type /Page\n"), 3);
     printer.setFromTo(13, 14);
-    EXPECT_FALSE(print_pages(printer, page(form).sheets(), PageSettings{}));
+    EXPECT_FALSE(print_pages(printer, painted_pages(sheets, settings)));
 }
 
 TEST_F(TimetablePanelTest, LetterPaperIsShorter) {

@@ -70,7 +70,7 @@ void tell_series() {
         std::cerr << "halvane-report: " << note << "\n";
 }
 
-int run(int argc, char** argv, const PdfMaker& pdf) {
+int run(int argc, char** argv, const PageMaker& pages) {
     CLI::App app("The reports of Halvane without its panels, from the stored files of a folder.",
                  "halvane-report");
     app.set_version_flag("--version", std::string("halvane-report ") + version);
@@ -91,7 +91,7 @@ int run(int argc, char** argv, const PdfMaker& pdf) {
         ->check([&time](const std::string& text) { return read_now(text, time); });
     app.fallthrough();
 
-    std::vector<Task> tasks = batch_tasks(pdf);
+    std::vector<Task> tasks = batch_tasks(pages);
     for (Task& task : tasks) {
         CLI::App* subcommand = app.add_subcommand(task.name, task.description);
         if (task.add_options)
@@ -124,10 +124,10 @@ int run(int argc, char** argv, const PdfMaker& pdf) {
 
 } // namespace
 
-int run_batch(int argc, char** argv, const PdfMaker& pdf) {
+int run_batch(int argc, char** argv, const PageMaker& pages) {
     begin_program();
     try {
-        const int status = run(argc, argv, pdf);
+        const int status = run(argc, argv, pages);
         finish_standard_output();
         return status;
     } catch (const std::exception& failure) {

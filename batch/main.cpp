@@ -3,5 +3,5 @@
 #include "batch/paperprogram.h"
 
 int main(int argc, char** argv) {
-    return halvane::run_batch(argc, argv, {[argv] { halvane::become_paper_program(argv); }, {}});
+    return halvane::run_batch(argc, argv, {[argv] { halvane::become_paper_program(argv); }});
 }

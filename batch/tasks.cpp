@@ -3,6 +3,7 @@
 
 #include "batch/runoutput.h"
 #include "batch/timetabletask.h"
+#include "batch/watchtask.h"
 #include "calendar/yearlimits.h"
 #include "prayer/moonrun.h"
 #include "prayer/prayerrun.h"
@@ -111,7 +112,7 @@ int report_refused(const Refusal& refused) {
     return status_failure;
 }
 
-std::vector<Task> batch_tasks(const PdfMaker& pdf) {
+std::vector<Task> batch_tasks(const PageMaker& pages) {
     return {
         run_task("prayer", "Prayer times of the stored period, into results.out", prayer_of_period,
                  high_latitude_message.text.in(Language::english)),
@@ -129,7 +130,8 @@ std::vector<Task> batch_tasks(const PdfMaker& pdf) {
         run_task("ephemeris", "Table of the Sun or the Moon, into ephemeris.out", stored_ephemeris),
         run_task("telescope", "Pointing numbers of Sun, Moon and crescent, on standard output",
                  stored_telescope, moon_below_horizon.text.in(Language::english)),
-        timetable_task(pdf),
+        timetable_task(pages),
+        watch_task(pages),
     };
 }
 

@@ -3,7 +3,7 @@
 
 #include "base/progress.h"
 #include "base/twintext.h"
-#include "batch/pdfmaker.h"
+#include "batch/pagemaker.h"
 
 #include <functional>
 #include <string>
@@ -30,8 +30,8 @@ inline constexpr int status_failure = 1;
 inline constexpr int status_usage = 2;
 
 /// Every task, in the order of the help.
-/// In     pdf  who makes PDF files
-std::vector<Task> batch_tasks(const PdfMaker& pdf = {});
+/// In     pages  who paints
+std::vector<Task> batch_tasks(const PageMaker& pages = {});
 
 /// The tasks of the rooms beside `prayer`.
 Task phases_task();

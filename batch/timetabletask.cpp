@@ -2,11 +2,11 @@
 #include "batch/timetabletask.h"
 
 #include "base/failure.h"
-#include "batch/nearestname.h"
+#include "batch/placeoptions.h"
 #include "batch/runoutput.h"
+#include "batch/usagemistake.h"
 #include "routines/machineclock.h"
 #include "routines/seriesloader.h"
-#include "stored/loclist.h"
 #include "stored/outputfile.h"
 #include "stored/programfolder.h"
 #include "stored/textfile.h"
@@ -28,7 +28,6 @@
 #include <optional>
 #include <set>
 #include <span>
-#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -38,18 +37,12 @@ namespace {
 
 struct TimetableOptions {
     std::string month, year, hijri_month, hijri_year, from, to;
-    std::string place, places_file, zone_name;
-    std::optional<double> latitude, longitude, zone, height;
+    PlaceOptions place;
+    std::string places_file;
     std::string compare;
     std::string profile, columns, layout, language, paper, clock;
     std::string format = "csv";
     std::string output;
-};
-
-/// A mistake on the command line.
-class UsageMistake : public std::runtime_error {
-public:
-    using std::runtime_error::runtime_error;
 };
 
 SpanAnswer span_answer(const TimetableOptions& options) {
@@ -114,55 +107,14 @@ TimetableFormat format_of(const TimetableOptions& options) {
     return TimetableFormat::display_csv;
 }
 
-bool is_given(const TimetableOptions& options) {
-    return options.latitude || options.longitude;
-}
-
 void check_place(const TimetableOptions& options) {
-    if (options.latitude.has_value() != options.longitude.has_value())
-        throw UsageMistake("--latitude and --longitude belong together");
-    const int ways =
-        (options.place.empty() ? 0 : 1) + (options.places_file.empty() ? 0 : 1) + (is_given(options) ? 1 : 0);
-    if (ways > 1)
-        throw UsageMistake("--place, --places and --latitude with --longitude exclude each other");
-    if ((options.zone || options.height) && !is_given(options))
-        throw UsageMistake("--zone and --height belong to --latitude and --longitude");
-    if (!options.zone_name.empty() && !options.places_file.empty())
-        throw UsageMistake("--places names the time zone of each place; --zone-name does not go with it");
-    if (options.zone && !options.zone_name.empty())
-        throw UsageMistake("--zone and --zone-name exclude each other");
-    if (!options.zone_name.empty() && !is_zone_name(options.zone_name))
-        throw UsageMistake("there is no time zone \"" + options.zone_name + "\"");
-}
-
-void check_listed(const std::string& name) {
-    if (find_location(name))
+    check_place_options(options.place);
+    if (options.places_file.empty())
         return;
-    std::vector<std::string> names;
-    for (const Location& location : read_location_list())
-        names.push_back(location.name);
-    const std::string nearest = names.empty() ? "" : "; the nearest is \"" + nearest_name(name, names) + "\"";
-    throw UsageMistake("there is no place \"" + name + "\" in the list of locations" + nearest);
-}
-
-TimetablePlace given_place_of(const TimetableOptions& options) {
-    const GivenPlace given{
-        "",          *options.latitude, *options.longitude, options.height.value_or(0), options.zone_name,
-        options.zone};
-    if (const std::optional<TwinWords> refused = refused_place(given))
-        throw UsageMistake(refused->english);
-    return given_place(given);
-}
-
-TimetablePlace place_of(const TimetableOptions& options) {
-    if (is_given(options))
-        return given_place_of(options);
-    if (!options.place.empty())
-        check_listed(options.place);
-    TimetablePlace place = options.place.empty() ? stored_place() : listed_place(options.place);
-    if (!options.zone_name.empty())
-        place.zone = TimeZone(options.zone_name);
-    return place;
+    if (!options.place.place.empty() || options.place.by_numbers())
+        throw UsageMistake("--place, --places and --latitude with --longitude exclude each other");
+    if (!options.place.zone_name.empty())
+        throw UsageMistake("--places names the time zone of each place; --zone-name does not go with it");
 }
 
 std::string file_name(const std::string& name, const TimetableOptions& options) {
@@ -181,12 +133,12 @@ void load_needed(const Profile& profile) {
 
 class TimetableWork {
 public:
-    TimetableWork(const TimetableOptions& options, const PdfMaker& pdf)
-        : options_(options), pdf_(pdf), span_(span_of(options)), format_(format_of(options)) {
+    TimetableWork(const TimetableOptions& options, const PageMaker& pages)
+        : options_(options), pages_(pages), span_(span_of(options)), format_(format_of(options)) {
         check_place(options_);
         profile_ = profile_of(options_);
         if (format_ == TimetableFormat::pdf)
-            pdf_.begin();
+            pages_.begin();
     }
 
     int run(Progress& progress) {
@@ -200,7 +152,7 @@ private:
     std::string text_of(const Timetable& timetable) const {
         const PageSettings& page = profile_.page;
         if (format_ == TimetableFormat::pdf)
-            return pdf_.pdf_of(timetable, page);
+            return pages_.timetable_pdf(timetable, page);
         const bool adds_rules = format_ == TimetableFormat::csv && options_.columns.empty();
         return text_of_timetable(timetable, adds_rules ? with_rules(timetable, page) : page, format_,
                                  utc_second_now());
@@ -212,7 +164,7 @@ private:
     }
 
     int run_one(Progress& progress) {
-        const TimetablePlace place = place_of(options_);
+        const TimetablePlace place = place_of(options_.place);
         const std::string path = options_.output.empty()
                                      ? program_path(file_name("timetable-" + place.location.name, options_))
                                      : options_.output;
@@ -235,7 +187,7 @@ private:
         profile_.page.columns = table.columns;
         load_needed(profile_);
         const std::optional<Timetable> timetable =
-            make_timetable(loaded_theory(), {place_of(options_), profile_, span_}, progress);
+            make_timetable(loaded_theory(), {place_of(options_.place), profile_, span_}, progress);
         if (!timetable)
             return cancelled();
         const std::string path = options_.output.empty() ? std::string(standard_output) : options_.output;
@@ -283,19 +235,17 @@ private:
     }
 
     const TimetableOptions& options_;
-    const PdfMaker& pdf_;
+    const PageMaker& pages_;
     DaySpan span_;
     TimetableFormat format_;
     Profile profile_;
 };
 
-int run_timetable(const TimetableOptions& options, const PdfMaker& pdf, Progress& progress) {
+int run_timetable(const TimetableOptions& options, const PageMaker& pages, Progress& progress) {
     try {
-        return TimetableWork(options, pdf).run(progress);
+        return TimetableWork(options, pages).run(progress);
     } catch (const UsageMistake& mistake) {
-        const std::string words = mistake.what();
-        std::cerr << "halvane-report: " << words << (words.ends_with('.') ? "\n" : ".\n");
-        return status_usage;
+        return tell_mistake(mistake);
     }
 }
 
@@ -320,18 +270,12 @@ void add_span_options(CLI::App& command, TimetableOptions& options) {
     to->needs(from);
 }
 
-void add_place_options(CLI::App& command, TimetableOptions& options) {
-    command.add_option("--place", options.place, "A place of the list; the stored one when none is given")
-        ->type_name("NAME");
+void add_places_options(CLI::App& command, TimetableOptions& options) {
+    add_place_options(command, options.place);
     command
         .add_option("--places", options.places_file,
                     "A CSV file of places (name,latitude,longitude,zone_name,zone,height): one file each")
         ->type_name("FILE");
-    command.add_option("--latitude", options.latitude, "North positive, with --longitude")->type_name("DEG");
-    command.add_option("--longitude", options.longitude, "East positive")->type_name("DEG");
-    command.add_option("--zone-name", options.zone_name, "Time zone, such as Asia/Amman")->type_name("IANA");
-    command.add_option("--zone", options.zone, "Hours from Universal Time, all the year")->type_name("H");
-    command.add_option("--height", options.height, "Above sea level, in metres")->type_name("M");
 }
 
 void add_page_options(CLI::App& command, TimetableOptions& options) {
@@ -364,15 +308,15 @@ void add_page_options(CLI::App& command, TimetableOptions& options) {
 
 } // namespace
 
-Task timetable_task(const PdfMaker& pdf) {
+Task timetable_task(const PageMaker& pages) {
     const auto options = std::make_shared<TimetableOptions>();
     return {"timetable", "Prayer times of a month or a year to print, import or subscribe to",
             [options](CLI::App& command) {
                 add_span_options(command, *options);
-                add_place_options(command, *options);
+                add_places_options(command, *options);
                 add_page_options(command, *options);
             },
-            [options, pdf](Progress& progress) { return run_timetable(*options, pdf, progress); }};
+            [options, pages](Progress& progress) { return run_timetable(*options, pages, progress); }};
 }
 
 } // namespace halvane

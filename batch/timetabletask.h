@@ -6,6 +6,6 @@
 namespace halvane {
 
 /// The task of timetables.
-Task timetable_task(const PdfMaker& pdf);
+Task timetable_task(const PageMaker& pages);
 
 } // namespace halvane

@@ -2,6 +2,7 @@
 #include "timetable/placewords.h"
 
 #include "base/numberformat.h"
+#include "calendar/modday.h"
 
 #include <cmath>
 #include <cstdlib>
@@ -38,6 +39,23 @@ std::string arabic_degrees_text(double angle) {
 }
 
 } // namespace
+
+TwinWords alike(const std::string& text) {
+    return {text, text};
+}
+
+TwinWords joined(const TwinWords& a, const char* between, const TwinWords& b) {
+    return {a.english + between + b.english, a.arabic + between + b.arabic};
+}
+
+TwinWords date_words(const DateNumbers& date) {
+    const int month = static_cast<int>(date.month);
+    const auto in = [&](Language language) {
+        return plain_number(date.day) + " " + civil_month_name(month, language) + " " +
+               plain_number(date.year);
+    };
+    return {in(Language::english), in(Language::arabic)};
+}
 
 TwinWords coordinates_words(const Location& location) {
     const double latitude = latitude_of(location);

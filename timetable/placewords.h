@@ -9,6 +9,14 @@
 
 namespace halvane {
 
+/// A text that both languages share.
+TwinWords alike(const std::string& text);
+
+TwinWords joined(const TwinWords& a, const char* between, const TwinWords& b);
+
+/// "18 February 2026"
+TwinWords date_words(const DateNumbers& date);
+
 /// Keeps a sign, an angle or a Latin name in its order within Arabic text.
 std::string left_to_right(const std::string& text);
 

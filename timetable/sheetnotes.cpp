@@ -107,12 +107,6 @@ void note_missing(std::vector<TwinWords>& notes, Rows rows) {
             notes.emplace_back(reason.words);
 }
 
-TwinWords date_words(const DateNumbers& date) {
-    const int month = static_cast<int>(date.month);
-    return {number(date.day) + " " + civil_month_name(month, Language::english) + " " + number(date.year),
-            number(date.day) + " " + civil_month_name(month, Language::arabic) + " " + number(date.year)};
-}
-
 void note_clock_changes(std::vector<TwinWords>& notes, Rows rows) {
     for (const TimetableRow& row : rows)
         if (row.clock_changes) {

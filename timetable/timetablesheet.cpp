@@ -42,14 +42,6 @@ TwinText word_of(NoEvent reason) {
     return {"–", "–"};
 }
 
-TwinWords alike(const std::string& text) {
-    return {text, text};
-}
-
-TwinWords joined(const TwinWords& a, const char* between, const TwinWords& b) {
-    return {a.english + between + b.english, a.arabic + between + b.arabic};
-}
-
 TwinWords civil_month(double month) {
     const int number = static_cast<int>(month);
     return {civil_month_name(number, Language::english), civil_month_name(number, Language::arabic)};

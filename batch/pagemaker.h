@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+#include <string>
+
+namespace halvane {
+
+struct CrescentWatch;
+struct PageSettings;
+struct Timetable;
+struct WatchPage;
+
+/// How a program of the batch comes to painted pages. halvane-report has no painter, so it becomes
+/// halvane-paper, which has the same command line. Any number of threads may ask for pages at once.
+struct PageMaker {
+    /// Asked once the command line is read, before anything is calculated. It returns where the other
+    /// functions are there; else the process goes on as another program. Error  raises RunTimeFailure
+    std::function<void()> begin = nullptr;
+    /// The pages of a timetable as a PDF file's bytes.
+    std::function<std::string(const Timetable&, const PageSettings&)> timetable_pdf = nullptr;
+    /// The pages of a watch as a PDF file's bytes.
+    std::function<std::string(const CrescentWatch&, const WatchPage&)> watch_pdf = nullptr;
+    /// The same as a PNG picture, one page below the other. In     width  [pixels]
+    std::function<std::string(const CrescentWatch&, const WatchPage&, int width)> watch_png = nullptr;
+};
+
+} // namespace halvane

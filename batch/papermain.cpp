@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-// halvane-paper: halvane-report with a painter, which it becomes for PDF files.
+// halvane-paper: halvane-report with a painter, which it becomes for painted pages.
 #include "batch/batchprogram.h"
 #include "timetable/timetablepdf.h"
+#include "watch/watchpaper.h"
 
 #include <QGuiApplication>
 #include <QLoggingCategory>
@@ -9,13 +10,18 @@
 
 int main(int argc, char** argv) {
     std::optional<QGuiApplication> application; // fonts need one
-    const auto begin = [&] {
+    halvane::PageMaker pages;
+    pages.begin = [&] {
         qputenv("QT_QPA_PLATFORM", "offscreen");                                   // nothing is shown
         QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false")); // of a missing session
         application.emplace(argc, argv);
     };
-    const auto pdf_of = [](const halvane::Timetable& timetable, const halvane::PageSettings& page) {
+    pages.timetable_pdf = [](const halvane::Timetable& timetable, const halvane::PageSettings& page) {
         return halvane::pdf_of(timetable, page);
     };
-    return halvane::run_batch(argc, argv, {begin, pdf_of});
+    pages.watch_pdf = [](const halvane::CrescentWatch& watch, const halvane::WatchPage& page) {
+        return halvane::pdf_of(watch, page);
+    };
+    pages.watch_png = halvane::png_of;
+    return halvane::run_batch(argc, argv, pages);
 }

@@ -13,8 +13,8 @@ namespace {
 
 RunTimeFailure no_paper_program(const std::string& path, int error) {
     const FailureParts parts = file_failure(FileAction::open, path, error).parts();
-    return RunTimeFailure(TwinWords{words_of(parts, Language::english) + " This program makes the PDF files.",
-                                    words_of(parts, Language::arabic) + " هذا البرنامج يصنع ملفات PDF."},
+    return RunTimeFailure(TwinWords{words_of(parts, Language::english) + " This program makes the pages.",
+                                    words_of(parts, Language::arabic) + " هذا البرنامج يصنع الصفحات."},
                           parts.kind);
 }
 

@@ -9,7 +9,9 @@
 #include "ephemeris/modgeneral.h"
 #include "settings/enginesettings.h"
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace halvane {
 namespace {
@@ -105,10 +107,24 @@ private:
         else if (watch_.moon_event.missing == NoEvent::up)
             other += (watch_.is_new() ? longest_watch : -longest_watch) / hours_per_day;
         add_rows(std::min(sun, other), std::max(sun, other));
+        if (watch_.moon_event.missing == NoEvent::up)
+            keep_dark_rows();
         // At the Sun's event its limb is on the horizon and twilight begins or ends, whatever the last
         // digits.
         WatchRow& of_sun = watch_.is_new() ? watch_.rows.front() : watch_.rows.back();
         of_sun.brightness = SkyBrightness::civil_twilight;
+    }
+
+    /// Of a Moon that stays up: from the Sun's event until the Sun is above the horizon on the other side.
+    void keep_dark_rows() {
+        std::vector<WatchRow>& rows = watch_.rows;
+        const auto in_daylight = [](const WatchRow& row) {
+            return row.brightness == SkyBrightness::daylight;
+        };
+        if (watch_.is_new())
+            rows.erase(std::find_if(rows.begin() + 1, rows.end(), in_daylight), rows.end());
+        else
+            rows.erase(rows.begin(), std::find_if(rows.rbegin() + 1, rows.rend(), in_daylight).base());
     }
 
     WatchPointing pointing_at(double universal) {

@@ -75,7 +75,7 @@ struct CrescentWatch {
     CrescentEvent moon_event;        ///< moonset or moonrise within twelve hours of it
     std::optional<double> best_time; ///< none unless the lag is positive; Julian day, UT1       [d]
     /// From sunset to moonset, or from moonrise to sunrise; the Sun's event alone when the Moon is down. Of a
-    /// Moon that stays up, as far as `longest_watch`.
+    /// Moon that stays up, as long as the Sun is down, `longest_watch` at most.
     std::vector<WatchRow> rows;
     std::optional<WatchPointing> pointing; ///< at Best Time, else at the Sun's event; none of a Moon below it
     std::vector<WatchVerdict> verdicts;    ///< of the criteria that judge this kind, in the catalogue's order

@@ -195,20 +195,17 @@ private:
         const TwinWords local_words = moment_words(here);
         facts.push_back({TwinText{"Conjunction, Universal Time", "الاقتران، التوقيت العالمي"}, universal});
         facts.push_back({TwinText{"Conjunction, local clock", "الاقتران، الساعة المحلية"}, local_words});
+        facts.push_back({is_new_ ? TwinText{"Age at sunset", "العمر عند الغروب"}
+                                 : TwinText{"Sunrise to conjunction", "من الشروق إلى الاقتران"},
+                         age_words(watch_.sun_event)});
+        facts.push_back({is_new_ ? TwinText{"Age at Best Time", "العمر عند أفضل وقت"}
+                                 : TwinText{"Best Time to conjunction", "من أفضل وقت إلى الاقتران"},
+                         watch_.best_time ? age_words(*watch_.best_time) : alike(none)});
         facts.push_back(
             {sun_event_words(kind()), event_words(watch_.sun_event, sun_row().places.sun_azimuth)});
         facts.push_back({moon_event_words(kind()), moon_words()});
         facts.push_back({TwinText{"Lag of the Moon", "مكث القمر"}, lag_words()});
         facts.push_back({TwinText{"Best Time", "أفضل وقت"}, best_time_words()});
-        facts.push_back({is_new_
-                             ? TwinText{"Age at sunset", "العمر عند الغروب"}
-                             : TwinText{"Time to conjunction at sunrise", "الوقت إلى الاقتران عند الشروق"},
-                         age_words(watch_.sun_event)});
-        if (watch_.best_time)
-            facts.push_back(
-                {is_new_ ? TwinText{"Age at Best Time", "العمر عند أفضل وقت"}
-                         : TwinText{"Time to conjunction at Best Time", "الوقت إلى الاقتران عند أفضل وقت"},
-                 age_words(*watch_.best_time)});
     }
 
     CrescentKind kind() const { return watch_.settings.kind; }
@@ -332,7 +329,8 @@ private:
              azimuth_words(pointing.azimuth_offset)},
             {TwinText{"From the Sun along a great circle", "عن الشمس على دائرة عظمى"},
              degrees_words(pointing.from_sun.separation)},
-            {TwinText{"in the position angle", "بزاوية موضع"}, degrees_words(pointing.from_sun.angle, 1)},
+            {TwinText{"Its position angle at the Sun", "زاوية موضعه عند الشمس"},
+             degrees_words(pointing.from_sun.angle, 1)},
             {TwinText{"Position angle of the bright limb", "زاوية موضع الحافة المضيئة"},
              degrees_words(pointing.bright_limb, 1)},
             {TwinText{"Semidiameter, width", "نصف القطر و السمك"},
@@ -427,6 +425,10 @@ private:
 };
 
 } // namespace
+
+WatchSheet sheet_of(const CrescentWatch& watch) {
+    return SheetMaker(watch).run();
+}
 
 std::string fixed_number(double value, int decimals) {
     const std::string text = format_number(

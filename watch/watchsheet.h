@@ -36,13 +36,13 @@ struct VerdictWords {
 
 /// A watch as the texts of its pages: the same on a screen, on paper and in a file.
 struct WatchSheet {
-    TwinWords title;       ///< "New crescent of Ramadan 1447"
-    TwinWords evening;     ///< "Evening of Wednesday 18 February 2026"
-    TwinWords hijri;       ///< "Hijri date of the day: 30 Sha'ban 1447 (tabular)"
-    TwinWords place;       ///< name
-    TwinWords coordinates; ///< "31°57' N, 35°56' E, 779 m"
-    TwinWords zone;        ///< "Time zone Asia/Amman (UT +3)"
-    std::vector<WatchFact> facts;
+    TwinWords title;                 ///< "New crescent of Ramadan 1447"
+    TwinWords evening;               ///< "Evening of Wednesday 18 February 2026"
+    TwinWords hijri;                 ///< "Hijri date of the day: 30 Sha'ban 1447 (tabular)"
+    TwinWords place;                 ///< name
+    TwinWords coordinates;           ///< "31°57' N, 35°56' E, 779 m"
+    TwinWords zone;                  ///< "Time zone Asia/Amman (UT +3)"
+    std::vector<WatchFact> facts;    ///< conjunction and age, then the evening: a half each
     std::vector<TwinWords> warnings; ///< why there is nothing to be seen
     std::vector<WatchColumn> columns;
     std::vector<WatchTableRow> rows;

@@ -19,7 +19,7 @@ namespace {
 
 constexpr double small_points = 7.5;
 constexpr double verdict_points = 7;
-constexpr double note_points = 6.5;
+constexpr double note_points = 6;
 constexpr double title_points = 9;
 constexpr double after_block = 2 * page_units;
 
@@ -52,7 +52,7 @@ public:
                                                              size_.width() - page_margin},
           table_(sheet_, language_, whole_.left, whole_.right) {
         constexpr Sizes usual{92 * page_units, 4.6 * page_units};
-        constexpr Sizes least{56 * page_units, 3.5 * page_units};
+        constexpr Sizes least{48 * page_units, 3.3 * page_units};
         constexpr int steps = 24;
         lay_out(least);
         const std::pair<std::size_t, std::size_t> fewest = left_over();

@@ -272,10 +272,9 @@ private:
         switch (watch_.moon_event.missing) {
         case NoEvent::up:
             return TwinText{
-                "The Moon stays above the horizon within twelve hours of the Sun's event: there is no "
-                "lag and no Best Time, and the table goes twelve hours far.",
-                "يبقى القمر فوق الأفق خلال اثنتي عشرة ساعة: لا مكث و لا أفضل وقت، و الجدول "
-                "لاثنتي عشرة ساعة."};
+                "The Moon stays above the horizon: there is no lag and no Best Time, and the table goes "
+                "as far as the night.",
+                "يبقى القمر فوق الأفق: لا مكث و لا أفضل وقت، و الجدول لليل كله."};
         case NoEvent::down:
             return TwinText{"The Moon stays below the horizon all day: nothing can be seen.",
                             "يبقى القمر تحت الأفق طوال اليوم: لا يمكن رؤية شيء."};

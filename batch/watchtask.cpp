@@ -9,10 +9,10 @@
 #include "stored/programfolder.h"
 #include "stored/unfinishedfile.h"
 #include "timetable/span.h"
-#include "timetable/timetablefiles.h"
 #include "watch/crescentwatch.h"
 #include "watch/watchcsv.h"
 #include "watch/watchpage.h"
+#include "watch/watchrules.h"
 #include "watch/watchsheet.h"
 
 #include <CLI/CLI.hpp>
@@ -31,7 +31,7 @@ struct WatchOptions {
     std::string date;
     bool old_crescent = false;
     PlaceOptions place;
-    std::string format = "pdf";
+    std::string format = name_of(WatchFormat::pdf);
     std::string language = "en";
     std::string paper = "A4";
     std::optional<int> width;
@@ -48,7 +48,7 @@ double day_of(const WatchOptions& options) {
 void check_width(const WatchOptions& options) {
     if (!options.width)
         return;
-    if (options.format != "png")
+    if (options.format != name_of(WatchFormat::png))
         throw UsageMistake("--width is of PNG pictures");
     if (*options.width < least_picture_width || *options.width > greatest_picture_width)
         throw UsageMistake("--width is from " + std::to_string(least_picture_width) + " to " +
@@ -61,17 +61,16 @@ WatchPage page_of(const WatchOptions& options) {
 }
 
 std::string bytes_of(const CrescentWatch& watch, const WatchOptions& options, const PageMaker& pages) {
-    if (options.format == "csv")
+    if (options.format == name_of(WatchFormat::csv))
         return csv_of(watch);
-    if (options.format == "png")
+    if (options.format == name_of(WatchFormat::png))
         return pages.watch_png(watch, page_of(options), options.width.value_or(usual_picture_width));
     return pages.watch_pdf(watch, page_of(options));
 }
 
-/// "watch-Amman-2026-02-18.pdf" in the program folder.
-std::string usual_path(const WatchOptions& options, const TimetablePlace& place) {
-    return program_path(file_name_of("watch-" + place.location.name + "-" + options.date) + "." +
-                        options.format);
+/// In the program folder.
+std::string usual_path(const WatchOptions& options, const WatchSettings& settings) {
+    return program_path(watch_file_name(settings, *watch_format_of("." + options.format)));
 }
 
 int watch_crescent(const WatchOptions& options, const PageMaker& pages) {
@@ -80,10 +79,10 @@ int watch_crescent(const WatchOptions& options, const PageMaker& pages) {
     settings.kind = options.old_crescent ? CrescentKind::old_crescent : CrescentKind::new_crescent;
     check_place_options(options.place);
     check_width(options);
-    if (options.format != "csv")
+    if (options.format != name_of(WatchFormat::csv))
         pages.begin();
     settings.place = place_of(options.place);
-    const std::string path = options.output.empty() ? usual_path(options, settings.place) : options.output;
+    const std::string path = options.output.empty() ? usual_path(options, settings) : options.output;
     require_no_program_file(path);
     load_series();
     const auto answer = crescent_watch(loaded_theory(), settings);
@@ -103,6 +102,13 @@ int run_watch(const WatchOptions& options, const PageMaker& pages) {
     }
 }
 
+std::vector<std::string> format_names() {
+    std::vector<std::string> names;
+    for (const WatchFormat format : watch_formats())
+        names.emplace_back(name_of(format));
+    return names;
+}
+
 void add_watch_options(CLI::App& command, WatchOptions& options) {
     const auto one_of = [&command](const char* name, std::string& target, const char* description,
                                    const std::vector<std::string>& choices) {
@@ -115,7 +121,7 @@ void add_watch_options(CLI::App& command, WatchOptions& options) {
         ->required();
     command.add_flag("--old", options.old_crescent, "The old crescent before sunrise, not the new one");
     add_place_options(command, options.place);
-    one_of("--format", options.format, "", {"pdf", "png", "csv"});
+    one_of("--format", options.format, "", format_names());
     one_of("--language", options.language, "Language of the page: ", {"en", "ar"});
     one_of("--paper", options.paper, "Paper: ", {"A4", "Letter"});
     command.add_option("--width", options.width, "Of a PNG picture")->type_name("PIXELS");

@@ -133,11 +133,15 @@ TwinWords conjunction_words(const Conjunction& conjunction, const CrescentRecord
                 ". " + bounds.arabic + month.arabic + "."};
 }
 
-std::array<std::string, 3> CrescentRules::dates(bool new_crescent) const {
+std::array<DateNumbers, 3> CrescentRules::days(bool new_crescent) const {
     const std::array<DateNumbers, 5> candidates = candidate_dates(conjunction_.value());
     const std::size_t nearest = new_crescent ? 1 : 3;
-    return {day_caption(candidates[0]), day_caption(candidates[nearest]),
-            day_caption(candidates[nearest + 1])};
+    return {candidates[0], candidates[nearest], candidates[nearest + 1]};
+}
+
+std::array<std::string, 3> CrescentRules::dates(bool new_crescent) const {
+    const std::array<DateNumbers, 3> shown = days(new_crescent);
+    return {day_caption(shown[0]), day_caption(shown[1]), day_caption(shown[2])};
 }
 
 RunPointer CrescentRules::calculate(const TheoryPointer& theory, const CrescentRecords& run,

@@ -62,8 +62,10 @@ public:
     void reset() { conjunction_.reset(); }
     bool is_prepared() const { return conjunction_.has_value(); }
 
-    /// The dates to choose from, in the order of the panel: the conjunction's, then one and two days after it
+    /// The days to choose from, in the order of the panel: the conjunction's, then one and two days after it
     /// (new crescent) or before it (old). Only when prepared.
+    std::array<DateNumbers, 3> days(bool new_crescent) const;
+    /// The same as captions.
     std::array<std::string, 3> dates(bool new_crescent) const;
 
     /// Stores the choices and calculates their report. Only when prepared.

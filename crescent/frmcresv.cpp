@@ -47,6 +47,7 @@ constexpr ControlText twins[] = {
     {"lblm", "Minute:", "الدقيقة"},
     {"cmdcalc", "&Calculate", "إجراء ال&حسابات"},
     {"cmdmap", "World &Map", "خريطة ال&عالم"},
+    {"cmdwatch", "&Watch Sheet", "ورقة ال&رصد"},
     {"cmdclose", "Clo&se", "إ&غلاق"},
     {"cboday@spoken", "Gregorian day", "اليوم الميلادي"},
     {"cbomonth@spoken", "Gregorian month", "الشهر الميلادي"},
@@ -63,6 +64,9 @@ constexpr ControlText twins[] = {
      "تقرير اليوم و الوقت المختارين بعد إيجاد الاقتران"},
     {"cmdmap@tip", "Where in the world the crescent can be seen, once the conjunction is found",
      "أماكن رؤية الهلال في العالم بعد إيجاد الاقتران"},
+    {"cmdwatch@tip",
+     "A page for who watches for the crescent: of the chosen day, or of today before one is found",
+     "صفحة لمن يرصد الهلال: لليوم المختار، أو لهذا اليوم قبل إيجاد الاقتران"},
 };
 
 constexpr TwinText not_found_yet{"The conjunction has not been looked for yet.\n",
@@ -137,6 +141,7 @@ void frmcresv::connect_controls() {
     connect(ui_->cmdnext, &QPushButton::clicked, this, &frmcresv::cmdnext_click);
     connect(ui_->cmdcalc, &QPushButton::clicked, this, &frmcresv::cmdcalc_click);
     connect(ui_->cmdmap, &QPushButton::clicked, this, &frmcresv::cmdmap_click);
+    connect(ui_->cmdwatch, &QPushButton::clicked, this, &frmcresv::cmdwatch_click);
     connect(ui_->cmdclose, &QPushButton::clicked, this, &frmcresv::cmdclose_click);
 }
 
@@ -306,6 +311,14 @@ void frmcresv::cmdmap_click() {
     map_->show();
     map_->raise();
     map_->activateWindow();
+}
+
+void frmcresv::cmdwatch_click() {
+    const CrescentSettings settings = shown();
+    std::optional<DateNumbers> date;
+    if (form_.is_prepared())
+        date = form_.days(settings.new_crescent).at(static_cast<std::size_t>(chosen(settings).days));
+    emit watch_wanted(kind_of(settings), date);
 }
 
 void frmcresv::cmdclose_click() {

@@ -8,6 +8,7 @@
 #include <QDialog>
 #include <QPointer>
 #include <memory>
+#include <optional>
 
 namespace halvane {
 
@@ -31,7 +32,13 @@ public:
     void cmdcalc_click();  ///< stores the choices, writes `visib.out` and shows it
     void cmdmap_click();   ///< stores the choices and opens `frmmap`
     void cmdclose_click(); ///< stores the choices and closes
+    void cmdwatch_click(); ///< asks for the watch sheet of the chosen day
     void done(int result) override;
+
+signals:
+    /// The watch sheet is wanted, which another room makes.
+    /// In     date  the chosen day; none before the conjunction is found
+    void watch_wanted(halvane::CrescentKind kind, const std::optional<halvane::DateNumbers>& date);
 
 private:
     void fill_lists();

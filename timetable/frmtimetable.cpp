@@ -4,6 +4,7 @@
 #include "base/failure.h"
 #include "calendar/hijriconversion.h"
 #include "calendar/locationclock.h"
+#include "panel/choicelists.h"
 #include "panel/formpage.h"
 #include "panel/frmwait.h"
 #include "panel/messages.h"
@@ -31,13 +32,11 @@
 #include "ui_frmtimetable.h"
 
 #include <QApplication>
-#include <QCompleter>
 #include <QFileInfo>
 #include <QPointer>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QScopedValueRollback>
-#include <QScreen>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QTimer>
@@ -117,22 +116,6 @@ std::pair<const char*, const char*> place_of(ChoicePart part, SpanKind kind) {
     return {"txtmaghreb", "lblangleswrong"};
 }
 
-/// A list that can be typed in: what is typed is looked for anywhere in the entries.
-void filter_while_typing(QComboBox& list) {
-    list.completer()->setFilterMode(Qt::MatchContains);
-    list.completer()->setCompletionMode(QCompleter::PopupCompletion);
-    list.completer()->setCaseSensitivity(Qt::CaseInsensitive);
-    list.setCurrentIndex(-1);
-}
-
-/// Entries of any length neither widen the panel nor are cut in the open list.
-void limit_width(QComboBox& list) {
-    constexpr int letters = 24;
-    list.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    list.setMinimumContentsLength(letters);
-    list.setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-}
-
 void choose_data(QComboBox& list, const QVariant& data) {
     list.setCurrentIndex(std::max(0, list.findData(data)));
 }
@@ -149,18 +132,6 @@ void show_whole(QScrollArea& area, const QWidget& control) {
     const QRect place(control.mapTo(area.widget(), QPoint()), control.size());
     area.ensureVisible(place.center().x(), place.center().y(), place.width() / 2,
                        place.height() / 2 + space_unit(area));
-}
-
-void make_bold(QLabel& label) {
-    QFont font = label.font();
-    font.setBold(true);
-    label.setFont(font);
-}
-
-/// Shows a label's words, or hides a label without any.
-void show_words(QLabel& label, const QString& words) {
-    label.setText(words);
-    label.setVisible(!words.isEmpty());
 }
 
 } // namespace
@@ -187,7 +158,7 @@ frmtimetable::frmtimetable(QWidget* owner)
     select_whole_text_on_focus(*this);
     connect_controls();
     fit_form(*this, Qt::Horizontal | Qt::Vertical);
-    show_whole_page();
+    show_whole_page(*this, *ui_->areapreview, *ui_->preview);
     calculate();
 }
 
@@ -264,17 +235,6 @@ void frmtimetable::set_sizes() {
     for (QLayout* column : {ui_->tabtimetablecolumn, ui_->tabrulescolumn})
         column->setContentsMargins({});
     ui_->areapreview->setMinimumWidth(ui_->preview->minimumSizeHint().width() + bar);
-}
-
-/// Opens the window so large that the page is seen whole, as far as the screen has room.
-void frmtimetable::show_whole_page() {
-    constexpr double of_the_screen = 0.9;
-    constexpr int readable_width = 620;
-    const QSize screen_room = screen()->availableSize() * of_the_screen;
-    const QSize page(readable_width, ui_->preview->heightForWidth(readable_width));
-    const QSize preview = ui_->areapreview->minimumSize();
-    const QSize whole = size() + (page - preview).expandedTo(QSize(0, 0));
-    resize(whole.boundedTo(screen_room).expandedTo(size()));
 }
 
 // --- Controls ---

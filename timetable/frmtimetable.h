@@ -48,7 +48,6 @@ private:
     void fill_months();
     void fill_profiles();
     void set_sizes();
-    void show_whole_page();
     void connect_controls();
     void connect_choices();
     void connect_buttons();

@@ -4,6 +4,7 @@
 #include "timetable/pageframe.h"
 
 #include <QPainter>
+#include <QScreen>
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -69,6 +70,15 @@ void PaperView::paintEvent(QPaintEvent* /*event*/) {
     if (picture_.size() != picture_size())
         picture_ = painted();
     QPainter(this).drawPixmap(0, 0, picture_);
+}
+
+void show_whole_page(QWidget& window, const QWidget& area, const PaperView& view) {
+    constexpr double of_the_screen = 0.9;
+    constexpr int readable_width = 620;
+    const QSize screen_room = window.screen()->availableSize() * of_the_screen;
+    const QSize page(readable_width, view.heightForWidth(readable_width));
+    const QSize whole = window.size() + (page - area.minimumSize()).expandedTo(QSize(0, 0));
+    window.resize(whole.boundedTo(screen_room).expandedTo(window.size()));
 }
 
 } // namespace halvane

@@ -39,4 +39,7 @@ private:
     QPixmap picture_; ///< of the page at the size and scale at which it was painted last; null: to be painted
 };
 
+/// Makes a window so large that the page in its scroll area is seen whole, as far as the screen has room.
+void show_whole_page(QWidget& window, const QWidget& area, const PaperView& view);
+
 } // namespace halvane

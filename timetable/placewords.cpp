@@ -38,6 +38,10 @@ std::string arabic_degrees_text(double angle) {
     return left_to_right(text);
 }
 
+std::string with_point(std::string text) {
+    return text.ends_with('.') ? text : std::move(text) + ".";
+}
+
 } // namespace
 
 TwinWords alike(const std::string& text) {
@@ -46,6 +50,13 @@ TwinWords alike(const std::string& text) {
 
 TwinWords joined(const TwinWords& a, const char* between, const TwinWords& b) {
     return {a.english + between + b.english, a.arabic + between + b.arabic};
+}
+
+TwinWords sentence(const TwinWords& words) {
+    std::string english = with_point(words.english);
+    if (english.front() >= 'a' && english.front() <= 'z')
+        english.front() = static_cast<char>(english.front() - 'a' + 'A');
+    return {std::move(english), with_point(words.arabic)};
 }
 
 TwinWords date_words(const DateNumbers& date) {

@@ -14,6 +14,9 @@ TwinWords alike(const std::string& text);
 
 TwinWords joined(const TwinWords& a, const char* between, const TwinWords& b);
 
+/// Words of a refusal as a sentence that stands alone.
+TwinWords sentence(const TwinWords& words);
+
 /// "18 February 2026"
 TwinWords date_words(const DateNumbers& date);
 

@@ -121,6 +121,21 @@ TimetablePlace listed_place(const std::string& name) {
     return {*location, zone, read_pref(), zone};
 }
 
+std::optional<TimetablePlace> chosen_place(const std::optional<std::string>& name) {
+    if (!name)
+        return stored_place();
+    if (!find_location(*name))
+        return std::nullopt;
+    return listed_place(*name);
+}
+
+TwinWords unknown_place(const std::string& name) {
+    if (name.empty())
+        return {"Choose a place of the list.", "اختر موقعا من القائمة."};
+    return {"There is no place \"" + name + "\" in the list.",
+            "لا يوجد موقع باسم \"" + name + "\" في القائمة."};
+}
+
 std::optional<TwinWords> refused_place(const GivenPlace& place) {
     if (!(std::fabs(place.latitude) <= farthest_latitude))
         return beyond("a latitude", "خط العرض", -farthest_latitude, farthest_latitude);

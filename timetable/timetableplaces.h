@@ -19,6 +19,13 @@ TimetablePlace stored_place();
 /// Error  raises RunTimeFailure for a name that the list has not, telling the nearest.
 TimetablePlace listed_place(const std::string& name);
 
+/// The place of that name in the list, without one the stored location; nothing for a name that the list has
+/// not.
+std::optional<TimetablePlace> chosen_place(const std::optional<std::string>& name);
+
+/// What is told of such a name, in whole sentences.
+TwinWords unknown_place(const std::string& name);
+
 /// A place by its numbers.
 struct GivenPlace {
     std::string name;           ///< empty: its coordinates

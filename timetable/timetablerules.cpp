@@ -3,6 +3,7 @@
 
 #include "calendar/civildate.h"
 #include "stored/loclist.h"
+#include "timetable/placewords.h"
 #include "timetable/profilefile.h"
 #include "timetable/profilekeys.h"
 #include "timetable/timetableplaces.h"
@@ -19,36 +20,8 @@ constexpr double half_day = 0.5;
 constexpr TwinText year_not_whole{"a year is a whole number", "السنة رقم صحيح"};
 constexpr TwinText no_column{"Choose at least one column.", "اختر عمودا واحدا على الأقل."};
 
-std::string with_point(std::string text) {
-    return text.ends_with('.') ? text : std::move(text) + ".";
-}
-
-/// Words of a refusal as a sentence that stands alone.
-TwinWords sentence(const TwinWords& words) {
-    std::string english = with_point(words.english);
-    if (english.front() >= 'a' && english.front() <= 'z')
-        english.front() = static_cast<char>(english.front() - 'a' + 'A');
-    return {std::move(english), with_point(words.arabic)};
-}
-
 bool is_whole(double number) {
     return std::floor(number) == number;
-}
-
-/// The place of a choice; nothing for a name that the list has not.
-std::optional<TimetablePlace> place_of(const std::optional<std::string>& name) {
-    if (!name)
-        return stored_place();
-    if (!find_location(*name))
-        return std::nullopt;
-    return listed_place(*name);
-}
-
-TwinWords unknown_place(const std::string& name) {
-    if (name.empty())
-        return {"Choose a place of the list.", "اختر موقعا من القائمة."};
-    return {"There is no place \"" + name + "\" in the list.",
-            "لا يوجد موقع باسم \"" + name + "\" في القائمة."};
 }
 
 TwinWords unknown_zone(const std::string& name) {
@@ -122,7 +95,7 @@ ChoiceAnswer settings_of(const TimetableChoice& choice) {
     const SpanAnswer span = span_of(choice.span);
     if (span.refused)
         refuse(ChoicePart::span, sentence(*span.refused));
-    std::optional<TimetablePlace> place = place_of(choice.place);
+    std::optional<TimetablePlace> place = chosen_place(choice.place);
     if (!place)
         refuse(ChoicePart::place, unknown_place(*choice.place));
     const bool is_zone = !choice.zone || is_zone_name(*choice.zone);
@@ -144,7 +117,7 @@ void require_storable(const Profile& profile) {
 }
 
 std::string known_zone_of(const std::optional<std::string>& name) {
-    const std::optional<TimetablePlace> place = place_of(name);
+    const std::optional<TimetablePlace> place = chosen_place(name);
     return place && place->known_zone ? place->known_zone->name() : std::string();
 }
 

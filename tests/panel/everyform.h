@@ -6,6 +6,7 @@
 #include "desktop/panels.h"
 #include "panel/panelsupport.h"
 #include "qibla/frmqmap.h"
+#include "watch/frmwatch.h"
 
 #include <memory>
 #include <string>
@@ -15,7 +16,7 @@ namespace halvane {
 
 /// Every form of the program by its name: those that the main panel opens are found in its list.
 inline std::vector<std::string> form_names() {
-    std::vector<std::string> names{"frmmain", "frmmap", "frmqmap"};
+    std::vector<std::string> names{"frmmain", "frmmap", "frmqmap", "frmwatch"};
     for (const Panel& panel : panels())
         names.emplace_back(panel.form);
     return names;
@@ -32,6 +33,8 @@ inline std::unique_ptr<QWidget> make_form(const std::string& name) {
         return std::make_unique<frmmap>(nullptr);
     if (name == "frmqmap")
         return std::make_unique<frmqmap>(nullptr);
+    if (name == "frmwatch")
+        return std::make_unique<frmwatch>(nullptr);
     for (const Panel& panel : panels())
         if (name == panel.form)
             return std::unique_ptr<QWidget>(panel.make(nullptr));

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <utility>
 
 namespace halvane {
@@ -202,10 +203,12 @@ double WatchPointing::horns_tilt() const {
 }
 
 int WatchPointing::higher_horn() const {
-    // The horns lie a quarter of a turn from the limb's middle, to the right (-90) and to the left (+90).
-    const double right = std::cos((zenith_angle - 90) * radians_per_degree);
-    const double left = std::cos((zenith_angle + 90) * radians_per_degree);
-    return right > left ? 1 : right < left ? -1 : 0;
+    // The horns lie a quarter of a turn from the limb's middle; angles grow from the zenith to the left.
+    const double horn = (zenith_angle + 90) * radians_per_degree;
+    const double left_and_up = std::sin(horn) * std::cos(horn);
+    if (std::fabs(left_and_up) < std::numeric_limits<double>::epsilon() * degrees_per_radian)
+        return 0;
+    return left_and_up > 0 ? -1 : 1;
 }
 
 std::optional<double> CrescentWatch::lag() const {

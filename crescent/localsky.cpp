@@ -80,7 +80,7 @@ double LocalSky::cosine_declination(Body body) const {
 
 HorizonPlace LocalSky::horizon_place(const SkyVector& place) const {
     return {degrees(std::asin(dot(place, up_) / length(place))),
-            degrees(std::atan2(dot(place, east_), dot(place, north_)))};
+            rev360(degrees(std::atan2(dot(place, east_), dot(place, north_))))};
 }
 
 CrescentQuantities LocalSky::quantities(const SkyVector& moon, const SkyVector& sun,

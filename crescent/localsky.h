@@ -9,7 +9,7 @@ namespace halvane {
 /// Where a body stands over an observer's horizon, airless                                       [deg]
 struct HorizonPlace {
     double altitude = 0;
-    double azimuth = 0; ///< -180 to 180, 0 north, 90 east
+    double azimuth = 0; ///< 0 to below 360, 0 north, 90 east
 };
 
 /// The sky of one instant over one place: the two bodies from the Earth's centre and from the place.

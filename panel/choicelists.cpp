@@ -1,11 +1,28 @@
 // SPDX-License-Identifier: MIT
 #include "panel/choicelists.h"
 
+#include "panel/panelstyle.h"
+
+#include <QApplication>
 #include <QComboBox>
 #include <QCompleter>
 #include <QLabel>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QStyle>
 
 namespace halvane {
+
+namespace {
+
+/// Scrolls to a control of an area; a list is shown whole, not its current entry alone.
+void show_whole(QScrollArea& area, const QWidget& control) {
+    const QRect place(control.mapTo(area.widget(), QPoint()), control.size());
+    area.ensureVisible(place.center().x(), place.center().y(), place.width() / 2,
+                       place.height() / 2 + space_unit(area));
+}
+
+} // namespace
 
 void filter_while_typing(QComboBox& list) {
     list.completer()->setFilterMode(Qt::MatchContains);
@@ -30,6 +47,24 @@ void make_bold(QLabel& label) {
 void show_words(QLabel& label, const QString& words) {
     label.setText(words);
     label.setVisible(!words.isEmpty());
+}
+
+void shape_choices(QScrollArea& area, int lines) {
+    area.setMinimumHeight(lines * area.fontMetrics().lineSpacing());
+    area.setMinimumWidth(area.widget()->sizeHint().width() +
+                         area.style()->pixelMetric(QStyle::PM_ScrollBarExtent));
+    // What is behind it shows through.
+    area.viewport()->setAutoFillBackground(false);
+    area.widget()->setAutoFillBackground(false);
+}
+
+void keep_focus_in_sight(QScrollArea& area) {
+    const auto show_focus = [&area] {
+        if (QWidget* now = QApplication::focusWidget(); now != nullptr && area.isAncestorOf(now))
+            show_whole(area, *now);
+    };
+    QObject::connect(qApp, &QApplication::focusChanged, &area, show_focus);
+    QObject::connect(area.verticalScrollBar(), &QScrollBar::rangeChanged, &area, show_focus);
 }
 
 } // namespace halvane

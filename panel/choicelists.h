@@ -3,6 +3,7 @@
 
 class QComboBox;
 class QLabel;
+class QScrollArea;
 class QString;
 
 namespace halvane {
@@ -17,5 +18,12 @@ void make_bold(QLabel& label);
 
 /// Shows a label's words, or hides a label without any.
 void show_words(QLabel& label, const QString& words);
+
+/// Makes a scroll area as wide as the choices in it, which scroll up and down only.
+/// In     lines  of text that it shows at least
+void shape_choices(QScrollArea& area, int lines);
+
+/// Scrolls a control of the area into sight whenever it gets the focus, a list whole.
+void keep_focus_in_sight(QScrollArea& area);
 
 } // namespace halvane

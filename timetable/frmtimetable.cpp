@@ -31,7 +31,6 @@
 #include "timetable/timetablepdf.h"
 #include "ui_frmtimetable.h"
 
-#include <QApplication>
 #include <QFileInfo>
 #include <QPointer>
 #include <QPrintDialog>
@@ -127,13 +126,6 @@ QString join(const std::vector<TwinWords>& words, Language language) {
     return lines.join(u'\n');
 }
 
-/// Scrolls to a control of an area; a list is shown whole, not its current entry alone.
-void show_whole(QScrollArea& area, const QWidget& control) {
-    const QRect place(control.mapTo(area.widget(), QPoint()), control.size());
-    area.ensureVisible(place.center().x(), place.center().y(), place.width() / 2,
-                       place.height() / 2 + space_unit(area));
-}
-
 } // namespace
 
 frmtimetable::frmtimetable(QWidget* owner)
@@ -224,16 +216,11 @@ void frmtimetable::set_sizes() {
     const int line = fontMetrics().lineSpacing();
     ui_->lstcolumns->setFixedHeight(shown_columns * (line + space_unit(*this) / 2));
     ui_->areapreview->setMinimumHeight(least_preview_lines * line);
-    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-    for (QScrollArea* area : {ui_->areachoices, ui_->arearules}) {
-        area->setMinimumHeight(least_preview_lines * line);
-        area->setMinimumWidth(area->widget()->sizeHint().width() + bar);
-        // The page of the tab shows through.
-        area->viewport()->setAutoFillBackground(false);
-        area->widget()->setAutoFillBackground(false);
-    }
+    for (QScrollArea* area : {ui_->areachoices, ui_->arearules})
+        shape_choices(*area, least_preview_lines);
     for (QLayout* column : {ui_->tabtimetablecolumn, ui_->tabrulescolumn})
         column->setContentsMargins({});
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     ui_->areapreview->setMinimumWidth(ui_->preview->minimumSizeHint().width() + bar);
 }
 
@@ -246,14 +233,8 @@ void frmtimetable::connect_controls() {
     connect(job_, &TimetableJob::advanced, this,
             [this](int percent) { show_state(text_of(calculating, language_).arg(percent)); });
     connect(job_, &TimetableJob::ended, this, &frmtimetable::show_timetable);
-    const auto show_focus = [this] {
-        for (QScrollArea* area : {ui_->areachoices, ui_->arearules})
-            if (QWidget* now = QApplication::focusWidget(); now != nullptr && area->isAncestorOf(now))
-                show_whole(*area, *now);
-    };
-    connect(qApp, &QApplication::focusChanged, this, show_focus);
-    for (const QScrollArea* area : {ui_->areachoices, ui_->arearules})
-        connect(area->verticalScrollBar(), &QScrollBar::rangeChanged, this, show_focus);
+    for (QScrollArea* area : {ui_->areachoices, ui_->arearules})
+        keep_focus_in_sight(*area);
 }
 
 void frmtimetable::connect_choices() {

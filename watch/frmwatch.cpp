@@ -43,15 +43,15 @@ constexpr ControlText twins[] = {
     {"optnew", "&New (evening)", "أ&ول الشهر (مساء)"},
     {"optold", "&Old (morning)", "&آخر الشهر (صباحا)"},
     {"fradate", "Date", "التاريخ"},
-    {"cmdbefore", "Day &before", "ا&ليوم السابق"},
+    {"cmdbefore", "Day &before", "اليوم ال&سابق"},
     {"cmdafter", "Day &after", "اليوم ال&تالي"},
     {"fraplace", "Place", "الموقع"},
     {"optlisted", "A place of the l&ist:", "موقع من ال&قائمة:"},
     {"frapage", "Page", "الصفحة"},
     {"lbllanguage", "&Language:", "ال&لغة:"},
-    {"lblpaper", "Pap&er:", "ال&ورق:"},
-    {"cmdprevious", "Pre&vious page", "الصفحة ال&سابقة"},
-    {"cmdnext", "Ne&xt page", "الصفحة التا&لية"},
+    {"lblpaper", "Pap&er:", "الو&رق:"},
+    {"cmdprevious", "Pre&vious page", "الصفحة السا&بقة"},
+    {"cmdnext", "Ne&xt page", "الصفحة التالي&ة"},
     {"cmdsave", "&Save As...", "&حفظ باسم..."},
     {"cmdprint", "&Print...", "&طباعة..."},
     {"cmdclose", "&Close", "إ&غلاق"},
@@ -150,6 +150,7 @@ void frmwatch::set_sizes() {
     set_spacing(*this);
     shape_number_box(*ui_->txtyear, longest_year);
     limit_width(*ui_->cboplace);
+    shape_choices(*ui_->areachoices, least_preview_lines);
     ui_->areapreview->setMinimumHeight(least_preview_lines * fontMetrics().lineSpacing());
     const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     ui_->areapreview->setMinimumWidth(ui_->preview->minimumSizeHint().width() + bar);
@@ -157,6 +158,7 @@ void frmwatch::set_sizes() {
 
 void frmwatch::connect_controls() {
     connect(pause_, &QTimer::timeout, this, &frmwatch::calculate);
+    keep_focus_in_sight(*ui_->areachoices);
     connect(ui_->optnew, &QRadioButton::toggled, this, &frmwatch::change);
     for (QComboBox* list : {ui_->cboday, ui_->cbomonth, ui_->cbolanguage, ui_->cbopaper})
         connect(list, &QComboBox::currentIndexChanged, this, &frmwatch::change);

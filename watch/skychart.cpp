@@ -192,7 +192,10 @@ private:
         painter_.setPen(QPen(PageColours::ink, 3 * hair));
         painter_.drawLine(QPointF(frame_.left(), y), QPointF(frame_.right(), y));
         constexpr TwinText horizon{"Horizon", "الأفق"};
-        write_words(horizon, QPointF(frame_.left() + page_units, y + 2.8 * page_units), LineAnchor::left);
+        const PageText text(horizon.in(language_), font(PageColours::ink), language_);
+        const QPointF baseline(frame_.left() + page_units, y + 2.8 * page_units);
+        text.draw(painter_, baseline, LineAnchor::left);
+        taken_.emplace_back(baseline - QPointF(0, em()), QSizeF(text.width(), 1.2 * em()));
     }
 
     // --- The ways ---
@@ -317,16 +320,18 @@ private:
     /// "Sunset 18:25" and "Moonset 19:30", where the ways have them.
     void write_events() {
         const bool is_new = watch_.is_new();
-        write_event(sun_event_words(watch_.settings.kind), watch_.sun_event,
-                    is_new ? sun_.first() : sun_.last(), sun_.radius, side_of(true));
+        write_event(sun_event_words(watch_.settings.kind), watch_.sun_event, sun_, is_new, true);
         if (watch_.moon_event.universal && watch_.moon_is_up())
-            write_event(moon_event_words(watch_.settings.kind), *watch_.moon_event.universal,
-                        is_new ? moon_.last() : moon_.first(), moon_.radius, side_of(false));
+            write_event(moon_event_words(watch_.settings.kind), *watch_.moon_event.universal, moon_, !is_new,
+                        false);
     }
 
-    void write_event(const TwinText& words, double universal, const ChartPoint& point, double radius,
-                     LabelSide side) {
-        label(std::string(words.in(language_)) + " " + minute(universal), point, radius,
+    void write_event(const TwinText& words, double universal, const Way& way, bool at_first, bool is_sun) {
+        const ChartPoint point = at_first ? way.first() : way.last();
+        const ChartPoint other = at_first ? way.last() : way.first();
+        const LabelSide outward = point.azimuth > other.azimuth ? LabelSide::right : LabelSide::left;
+        const LabelSide side = way.is_flat() ? outward : side_of(is_sun);
+        label(std::string(words.in(language_)) + " " + minute(universal), point, way.radius,
               {side, opposite(side), LabelSide::above, LabelSide::below});
     }
 
@@ -340,8 +345,10 @@ private:
         painter_.drawLine(at(moon), at(sun));
         painter_.setPen(QPen(PageColours::green, 3 * hair));
         painter_.setBrush(Qt::NoBrush);
-        for (const ChartPoint& point : {moon, sun})
+        for (const ChartPoint& point : {moon, sun}) {
             painter_.drawEllipse(at(point), ring(), ring());
+            taken_.emplace_back(at(point) - QPointF(ring(), ring()), QSizeF(2 * ring(), 2 * ring()));
+        }
     }
 
     double ring() const { return moon_.radius * degree_ + 0.9 * page_units; }
@@ -391,11 +398,6 @@ private:
 
     void write(const std::string& text, const QPointF& baseline, LineAnchor anchor, const QColor& colour) {
         PageText(text, font(colour), Language::english).draw(painter_, baseline, anchor);
-    }
-
-    void write_words(const TwinText& words, const QPointF& baseline, LineAnchor anchor, bool bold = false) {
-        PageText(words.in(language_), font(PageColours::ink, bold), language_)
-            .draw(painter_, baseline, anchor);
     }
 
     QPainter& painter_;

@@ -19,6 +19,8 @@ namespace {
 
 constexpr double small_points = 7.5;
 constexpr double verdict_points = 7;
+constexpr double orientation_points = 7;
+constexpr double figure_width = 54 * page_units;
 constexpr double note_points = 6;
 constexpr double title_points = 9;
 constexpr double after_block = 2 * page_units;
@@ -267,22 +269,33 @@ private:
     void add_pictures(double height) {
         blocks_.push_back(
             {height + after_block, [this, height](QPainter& painter, double top) {
-                 const double side = std::min(54 * page_units, height - 12 * page_units);
-                 const PageSide figure = part(whole_, whole_.width() - side, whole_.width());
-                 const PageSide chart =
-                     watch_->pointing ? part(whole_, 0, whole_.width() - side - between_columns) : whole_;
+                 const PageSide beside = part(whole_, whole_.width() - figure_width, whole_.width());
+                 const PageSide chart = watch_->pointing
+                                            ? part(whole_, 0, whole_.width() - figure_width - between_columns)
+                                            : whole_;
                  paint_sky_chart(painter, QRectF(chart.left, top, chart.width(), height), *watch_, language_);
                  if (watch_->pointing)
-                     paint_figure(painter, QRectF(figure.left, top, side, side), figure);
+                     paint_figure(painter, QRectF(beside.left, top, beside.width(), height));
              }});
     }
 
-    void paint_figure(QPainter& painter, const QRectF& square, const PageSide& side) const {
+    /// The figure in the middle of a room, above its words.
+    void paint_figure(QPainter& painter, const QRectF& room) const {
+        constexpr double gap = 0.8 * page_units;
+        const PageSide side{language_, room.left(), room.right()};
+        const double words = write_orientation(nullptr, 0, side);
+        const double size = std::min(room.width(), room.height() - gap - words);
+        const QRectF square(room.center().x() - size / 2, room.top(), size, size);
         paint_crescent_figure(painter, square, *watch_->pointing, language_);
-        double top = square.bottom() + 0.8 * page_units;
+        write_orientation(&painter, square.bottom() + gap, side);
+    }
+
+    double write_orientation(QPainter* painter, double top, const PageSide& side) const {
         for (const TwinWords& words : sheet_.orientation)
-            top = SideWriter(&painter, side)
-                      .write(words.in(language_), page_font(7, false, PageColours::ink), top);
+            top =
+                SideWriter(painter, side)
+                    .write(words.in(language_), page_font(orientation_points, false, PageColours::ink), top);
+        return top;
     }
 
     double write_verdicts(QPainter* painter, double top, std::size_t from, std::size_t to,

@@ -23,8 +23,7 @@ inline constexpr double lowest_refracted = -1;
 
 /// The altitude at which standard air shows a body                                             [deg]
 /// Bennett's refraction is that of the apparent altitude, so this solves for it; `refracted` of the
-/// telescope's read-outs puts the airless altitude in its place, which raises a body on the horizon 5'
-/// more.
+/// telescope's read-outs puts the airless altitude in its place, which gives 5.5' more on the horizon.
 /// In     airless  from lowest_refracted to 90                                                 [deg]
 /// Source Bennett, Journal of Navigation 35, 255 (1982).
 double apparent_altitude(double airless);

@@ -63,6 +63,7 @@ TEST(Guide, EverySectionIsThereInBothLanguages) {
                               "PRAYER TIMES: THE REPORT",
                               "MOON TIMES: THE REPORT",
                               "TIMETABLE",
+                              "WATCH SHEET",
                               "PRAYER ALERTS",
                               "MESSAGES",
                               "FILES",
@@ -74,6 +75,7 @@ TEST(Guide, EverySectionIsThereInBothLanguages) {
                               "جدول مواقيت الصلاة",
                               "جدول مواقيت القمر",
                               "التقويم الشهري",
+                              "ورقة الرصد",
                               "منبه الصلاة",
                               "الرسائل",
                               "الملفات"})

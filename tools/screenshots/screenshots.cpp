@@ -25,6 +25,7 @@
 #include "stored/programfolder.h"
 #include "stored/tele.h"
 #include "timetable/frmtimetable.h"
+#include "watch/frmwatch.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -138,6 +139,15 @@ void take_crescent(const Camera& camera) {
     camera.take(map, QStringLiteral("frmmap"));
 }
 
+/// The watch sheet of the first evening after the conjunction of 6 June 2024.
+void take_watch(const Camera& camera) {
+    frmwatch watch;
+    watch.choose(CrescentKind::new_crescent, DateNumbers{2024, 6, 7});
+    watch.show();
+    settle();
+    camera.take(watch, QStringLiteral("frmwatch"));
+}
+
 void take_alert(const Camera& camera, Language language) {
     const Alert alert{Alert::Kind::window, Prayer::aser,         Athan::mecca, shown_clock(1, 16 + 19.0 / 60),
                       Prayer::maghreb,     shown_clock(1, 19.75)};
@@ -194,6 +204,7 @@ void take_all(const QString& folder, Language language) {
     frmqmap qiblah_map;
     camera.take(qiblah_map, QStringLiteral("frmqmap"));
     take_crescent(camera);
+    take_watch(camera);
     take_alert(camera, language);
     take_shared_windows(camera, language);
 }

@@ -193,6 +193,27 @@ TEST_F(Watch, NeedsACrescent) {
         crescent_watch(loaded_theory(), settings_at("Amman", {2026, 2, 23}))));
 }
 
+TEST_F(Watch, FindsTheNearestConjunctionInFarYears) {
+    // The Moon leaves the Sun by 10 to 16 degrees a day, and passes it within 6: a conjunction that is not
+    // where the two are side by side shows.
+    for (const double year : {-4000.0, -1000.0, 622.0, 5000.0, 9999.0}) {
+        int watches = 0;
+        for (int day = 0; day < 30; ++day) {
+            WatchSettings settings = settings_at("Makkah", {year, 6, 1});
+            settings.day += day;
+            const auto answer = crescent_watch(loaded_theory(), settings);
+            if (const auto* watch = std::get_if<CrescentWatch>(&answer)) {
+                ++watches;
+                const double elongation = watch->rows.front().places.elongation;
+                const double age = std::fabs(watch->age(watch->sun_event)) / 24;
+                EXPECT_LT(elongation, 16 * age + 7) << year << " " << day;
+                EXPECT_GT(elongation, 10 * age - 4) << year << " " << day;
+            }
+        }
+        EXPECT_GE(watches, 13) << year; // a week on both sides
+    }
+}
+
 TEST_F(Watch, IsThatOfTheDateOnThePlacesClock) {
     // Apia counts thirteen hours ahead of Universal Time at 172 degrees west: its date is not that of its
     // longitude.

@@ -30,6 +30,7 @@ struct CountedCrescent {
 
 CountedCrescent counted(double phase_angle, double zenith_angle) {
     constexpr int size = 601;
+    constexpr int middle = size / 2;
     constexpr double radius = 290;
     const QPainterPath path = lit_part(radius, phase_angle, zenith_angle);
     CountedCrescent result;
@@ -37,7 +38,7 @@ CountedCrescent counted(double phase_angle, double zenith_angle) {
     double disc = 0;
     for (int y = 0; y < size; ++y)
         for (int x = 0; x < size; ++x) {
-            const QPointF point(x - size / 2, y - size / 2);
+            const QPointF point(x - middle, y - middle);
             if (point.x() * point.x() + point.y() * point.y() > radius * radius)
                 continue;
             ++disc;

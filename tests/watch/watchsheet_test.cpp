@@ -18,7 +18,7 @@ protected:
     }
 
     static bool is_arabic(const std::string& text) {
-        return text.find("\xd8") != std::string::npos || text.find("\xd9") != std::string::npos;
+        return text.find('\xd8') != std::string::npos || text.find('\xd9') != std::string::npos;
     }
 };
 

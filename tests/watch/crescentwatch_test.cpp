@@ -186,9 +186,12 @@ TEST_F(Watch, NeedsASunset) {
 }
 
 TEST_F(Watch, NeedsACrescent) {
-    // The conjunctions of 17 February and of 19 March 2026: Astronomical Almanac.
-    const NoWatch none = no_watch_at("Amman", {2026, 3, 3});
-    EXPECT_EQ(civil_date(none.far_conjunction.value()), (DateNumbers{2026, 3, 19}));
+    // The conjunctions are on 17 February, 12:01, and on 19 March 2026, 1:23 UT (Astronomical Almanac); the
+    // middle between them is on 4 March, 6:42.
+    EXPECT_EQ(civil_date(no_watch_at("Amman", {2026, 3, 3}).far_conjunction.value()),
+              (DateNumbers{2026, 2, 17}));
+    EXPECT_EQ(civil_date(no_watch_at("Amman", {2026, 3, 4}).far_conjunction.value()),
+              (DateNumbers{2026, 3, 19}));
     EXPECT_TRUE(std::holds_alternative<CrescentWatch>(
         crescent_watch(loaded_theory(), settings_at("Amman", {2026, 2, 23}))));
 }

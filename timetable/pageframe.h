@@ -32,7 +32,7 @@ inline constexpr double between_columns = 6 * page_units; ///< of two texts side
 /// A sheet of paper, upright                                                                       [mm]
 QSizeF paper_size(PaperSize paper);
 
-PageFont page_font(double points, bool bold, const QColor& colour);
+PageFont page_font(double points, bool bold, const QColor& colour = PageColours::ink);
 
 /// A column of the page for one language: the whole width, or a part of it.
 struct PageSide {

@@ -14,9 +14,10 @@ namespace {
 
 constexpr int dots_per_inch = 1200;
 
-void set_up(QPdfWriter& writer, PaperSize paper, const std::string& title) {
+void set_up(QPdfWriter& writer, const PaintedPages& pages, const std::string& title) {
     writer.setResolution(dots_per_inch);
-    writer.setPageSize(QPageSize(paper == PaperSize::a4 ? QPageSize::A4 : QPageSize::Letter));
+    writer.setPageSize(QPageSize(pages.paper == PaperSize::a4 ? QPageSize::A4 : QPageSize::Letter));
+    writer.setPageOrientation(pages.is_landscape ? QPageLayout::Landscape : QPageLayout::Portrait);
     writer.setPageMargins(QMarginsF(0, 0, 0, 0));
     writer.setTitle(QString::fromStdString(title));
     writer.setCreator(QStringLiteral("Halvane"));
@@ -41,7 +42,7 @@ std::string pdf_of(const PaintedPages& pages, const std::string& title) {
     buffer.open(QIODevice::WriteOnly);
     {
         QPdfWriter writer(&buffer);
-        set_up(writer, pages.paper, title);
+        set_up(writer, pages, title);
         QPainter painter(&writer);
         const QRectF room(0, 0, writer.width(), writer.height());
         for (int number = 1; number <= pages.count; ++number) {

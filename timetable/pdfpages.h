@@ -18,6 +18,7 @@ struct PaintedPages {
     /// Paints a page. In     room    where the whole sheet of paper lies, in the painter's coordinates
     ///                       number  from 1 on
     std::function<void(QPainter& painter, const QRectF& room, int number)> paint;
+    bool is_landscape = false; ///< else the paper stands upright
 };
 
 /// Pages as a PDF file: fonts embedded, texts that can be searched and copied.

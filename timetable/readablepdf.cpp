@@ -234,7 +234,9 @@ QByteArray readable_pdf(const QByteArray& pdf) {
     }
     for (const int content : contents) {
         const QByteArray data = stream_data(file->object(content));
-        file->replace(content, stream_object(ContentWriter(fonts).written(data)));
+        const QByteArray written = ContentWriter(fonts).written(data);
+        if (written != data)
+            file->replace(content, stream_object(written));
     }
     return file->updated();
 }

@@ -21,6 +21,19 @@ public:
     bool yield() override { return true; }
 };
 
+/// Tells a stage's progress as a part of the whole.
+class StageProgress final : public Progress {
+public:
+    /// In     first, last  what the whole shows at the stage's start and end, 0 to 100
+    StageProgress(Progress& whole, double first, double last) : whole_(whole), first_(first), last_(last) {}
+    void percent(double value) override { whole_.percent(first_ + (last_ - first_) * value / 100); }
+    bool yield() override { return whole_.yield(); }
+
+private:
+    Progress& whole_;
+    double first_, last_;
+};
+
 /// How a run ended.
 enum class RunOutcome {
     done,      ///< the report is complete

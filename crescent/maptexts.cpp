@@ -20,13 +20,24 @@ std::vector<LegendLine> map_legend(const CriterionRow& criterion) {
     return legend;
 }
 
-std::string map_hijri_text(const MapRun& run, Language language) {
+TwinText map_title(CrescentKind kind) {
+    if (kind == CrescentKind::new_crescent)
+        return {"New Crescent Visibility", "رؤية هلال أول الشهر"};
+    return {"Old Crescent Visibility", "رؤية هلال آخر الشهر"};
+}
+
+std::string hijri_month_of(double conjunction_day, CrescentKind kind, Language language) {
+    constexpr double days_back = 2;
     constexpr double days_shifted_new = 10;
     constexpr double days_shifted_old = -5;
-    const DateNumbers date = civil_date(run.conjunction.days[4]);
-    const double shift = run.kind == CrescentKind::new_crescent ? days_shifted_new : days_shifted_old;
+    const DateNumbers date = civil_date(conjunction_day - days_back);
+    const double shift = kind == CrescentKind::new_crescent ? days_shifted_new : days_shifted_old;
     const HijriDate hijri = hijri_of_civil(date.year, date.month, date.day + shift);
     return hijri_month_name(hijri.month, language) + " " + plain_number(hijri.year);
+}
+
+std::string map_hijri_text(const MapRun& run, Language language) {
+    return hijri_month_of(run.conjunction.days[0], run.kind, language);
 }
 
 std::string map_date_text(double day, Language language) {
@@ -36,12 +47,10 @@ std::string map_date_text(double day, Language language) {
 }
 
 std::vector<std::string> map_information(const MapRun& run, Language language) {
-    constexpr TwinText new_title{"New Crescent Visibility", "رؤية هلال أول الشهر"};
-    constexpr TwinText old_title{"Old Crescent Visibility", "رؤية هلال آخر الشهر"};
     const std::string name = row_of(run.criterion).name.in(language);
-    return {(run.kind == CrescentKind::new_crescent ? new_title : old_title).in(language),
-            TwinWords(name + " Criterion", " معيار " + name).in(language), map_hijri_text(run, language),
-            weekday_name(run.day + 0.5, language), map_date_text(run.day, language)};
+    return {map_title(run.kind).in(language), TwinWords(name + " Criterion", " معيار " + name).in(language),
+            map_hijri_text(run, language), weekday_name(run.day + 0.5, language),
+            map_date_text(run.day, language)};
 }
 
 } // namespace halvane

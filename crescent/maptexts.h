@@ -20,6 +20,12 @@ std::string map_hijri_text(const MapRun& run, Language language);
 /// The five information lines: title, criterion, Hijri month and year, weekday, civil date.
 std::vector<std::string> map_information(const MapRun& run, Language language);
 
+/// "New Crescent Visibility", "Old Crescent Visibility".
+TwinText map_title(CrescentKind kind);
+
+/// The Hijri month and year that a crescent begins or ends. In     conjunction_day  0 h of its date    [d]
+std::string hijri_month_of(double conjunction_day, CrescentKind kind, Language language);
+
 /// Whole day, month name and year of a day's 0 h.
 std::string map_date_text(double day, Language language);
 

@@ -44,15 +44,17 @@ bool lies_within(const fs::path& file, const fs::path& folder) {
     return false;
 }
 
-/// A stored file, a profile, a series, the lists of places and their zones, the guide or a program. Some file
-/// systems let every file run, so that this right alone says nothing of a name with an ending.
+/// A stored file, a profile, a series, the lists of places and their zones, the world's lines, the guide or a
+/// program. Some file systems let every file run, so that this right alone says nothing of a name with an
+/// ending.
 bool is_data_or_program(const fs::path& file) {
     const std::string ending = ending_of(file.string());
     std::error_code ignored;
     const fs::file_status status = fs::status(file, ignored);
     const bool can_run = (status.permissions() & fs::perms::owner_exec) != fs::perms::none;
     const fs::path name = file.filename();
-    const bool is_delivered_text = name == "loc.txt" || name == "zones.csv" || name == "help.txt";
+    const bool is_delivered_text =
+        name == "loc.txt" || name == "zones.csv" || name == "world.txt" || name == "help.txt";
     const bool is_profile = ending == ".ini" && name.string().starts_with("profile-");
     return fs::is_regular_file(status) && (ending == ".vsk" || is_delivered_text || is_profile ||
                                            ending == ".exe" || (ending.empty() && can_run));

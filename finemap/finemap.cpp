@@ -17,18 +17,6 @@ namespace {
 constexpr double date_line = 180;
 constexpr double not_finite = std::numeric_limits<double>::quiet_NaN();
 
-/// Tells a stage's progress as a part of the whole.
-class StageProgress final : public Progress {
-public:
-    StageProgress(Progress& whole, double first, double last) : whole_(whole), first_(first), last_(last) {}
-    void percent(double value) override { whole_.percent(first_ + (last_ - first_) * value / 100); }
-    bool yield() override { return whole_.yield(); }
-
-private:
-    Progress& whole_;
-    double first_, last_;
-};
-
 MapNode node_of(const JudgedPlaceOfMap& place) {
     MapNode node;
     node.map_class = place.map_class;

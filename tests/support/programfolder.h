@@ -31,6 +31,7 @@ inline constexpr const char* stored_files[]{"pref.vsk",  "loc.vsk",  "loc.txt", 
                                             "visib.vsk", "coor.vsk", "tele.vsk", "alert.vsk"};
 inline constexpr const char* series_files[]{"termfull.vsk", "term.vsk", "mterm.vsk", "elp.vsk"};
 inline constexpr const char* zone_list_file = "zones.csv";
+inline constexpr const char* world_file = "world.txt";
 
 /// An empty folder of its own, gone with the object.
 class TemporaryFolder {
@@ -74,8 +75,8 @@ private:
     std::filesystem::path path_;
 };
 
-/// A program folder of its own with the stored files of `source` and links to the delivered series files and
-/// zones. The program folder of before comes back at its end.
+/// A program folder of its own with the stored files of `source` and links to the delivered series files,
+/// zones and lines of the world. The program folder of before comes back at its end.
 class TemporaryProgramFolder : public TemporaryFolder {
 public:
     explicit TemporaryProgramFolder(const std::filesystem::path& source = HALVANE_DATA)
@@ -85,7 +86,8 @@ public:
                 std::filesystem::copy_file(source / file, path() / file);
         for (const char* file : series_files)
             std::filesystem::create_symlink(delivered(file), path() / file);
-        std::filesystem::create_symlink(delivered(zone_list_file), path() / zone_list_file);
+        for (const char* file : {zone_list_file, world_file})
+            std::filesystem::create_symlink(delivered(file), path() / file);
         set_program_folder(path().string());
     }
     TemporaryProgramFolder(const TemporaryProgramFolder&) = delete;

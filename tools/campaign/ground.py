@@ -14,7 +14,7 @@ import time
 
 SERIES = ["term.vsk", "termfull.vsk", "mterm.vsk", "elp.vsk"]
 RECORDS = ["pref.vsk", "loc.vsk", "date.vsk", "phase.vsk", "visib.vsk", "coor.vsk", "tele.vsk", "alert.vsk"]
-LISTS = ["loc.txt", "zones.csv"]
+LISTS = ["loc.txt", "zones.csv", "world.txt"]
 PICTURES = ["map.gif", "qmap.gif"]
 
 # The tasks of the batch program and the report of each; None where it prints.

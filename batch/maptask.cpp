@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "batch/tasks.h"
 
+#include "batch/finemaptask.h"
 #include "batch/mappicture.h"
 #include "batch/runoutput.h"
+#include "batch/usagemistake.h"
 #include "crescent/conjunction.h"
 #include "crescent/crescentrules.h"
 #include "crescent/maptable.h"
@@ -26,10 +28,29 @@ constexpr const char* picture_format = "gif";
 
 struct MapOptions {
     std::string criterion = criteria().front().key;
-    int day = 0;
+    std::string day = "0";
     std::string format = picture_format; ///< or that of a table of rows
     std::string file;
     std::string table;
+    bool is_fine = false;
+    FineMapOptions fine; ///< what only fine maps have
+};
+
+/// The texts that an option takes with --fine, and without it.
+class ChoiceOf {
+public:
+    ChoiceOf(CLI::App& command, const CLI::Validator& plain, std::vector<std::string> fine)
+        : fine_wanted_(command.get_option("--fine")), plain_(plain),
+          fine_(CLI::IsMember(std::move(fine)).description("")) {}
+
+    std::string operator()(const std::string& text) const {
+        return fine_wanted_->count() > 0 ? fine_(text) : plain_(text);
+    }
+
+private:
+    const CLI::Option* fine_wanted_;
+    CLI::Validator plain_;
+    CLI::Validator fine_;
 };
 
 /// Keeps the points of a map and tells how far it has come.
@@ -56,13 +77,19 @@ std::vector<std::string> criterion_keys() {
     return keys;
 }
 
+int number_of_day(const std::string& text) {
+    int number = 0;
+    CLI::detail::lexical_cast(text, number); // the command line takes no other text
+    return number;
+}
+
 MapRun map_run(const CrescentRecords& crescent, const MapOptions& options) {
     Ephemeris ephemeris(loaded_theory());
     MapRun run;
     run.criterion = criterion_of(options.criterion).value();
     run.kind = kind_of(crescent.settings);
     run.conjunction = map_conjunction(ephemeris, find_conjunction(ephemeris, crescent).dynamical);
-    run.day = map_day(run.conjunction, run.kind, options.day);
+    run.day = map_day(run.conjunction, run.kind, number_of_day(options.day));
     return run;
 }
 
@@ -123,37 +150,107 @@ int run_map(const MapOptions& options, Progress& progress) {
     return status_done;
 }
 
+std::vector<std::string> plain_formats() {
+    std::vector<std::string> formats{picture_format};
+    for (const ReportFormat format : report_formats())
+        if (format != ReportFormat::text)
+            formats.emplace_back(name_of(format));
+    return formats;
+}
+
+std::vector<std::string> fine_formats() {
+    std::vector<std::string> formats;
+    for (const MapFormat format : map_formats)
+        formats.emplace_back(name_of(format));
+    return formats;
+}
+
+CLI::Validator one_of(const std::vector<std::string>& names) {
+    return CLI::IsMember(names).description("");
+}
+
+/// The options of both kinds of map, which take other texts with --fine.
+void add_map_options(CLI::App& command, MapOptions& options) {
+    const std::vector<std::string> keys = criterion_keys();
+    command
+        .add_option("--criterion", options.criterion, choice_of(keys) + "; with --fine any key of criteria")
+        ->type_name("NAME")
+        ->check(ChoiceOf(command, one_of(keys), catalogue_keys()));
+    command
+        .add_option("--day", options.day,
+                    "0 the conjunction's date; 1, 2 days from it; with --fine all for the three")
+        ->type_name("DAY")
+        ->check(ChoiceOf(command, CLI::Range(0, 2), {"0", "1", "2", "all"}));
+    command
+        .add_option("--format", options.format,
+                    choice_of(plain_formats()) + "; with --fine " + choice_of(fine_formats()))
+        ->type_name("FORMAT")
+        ->check(ChoiceOf(command, one_of(plain_formats()), fine_formats()));
+    command
+        .add_option("--output", options.file,
+                    "Picture to write, or rows in another format, - for standard output; the "
+                    "Hijri month's name when neither file is given")
+        ->type_name("FILE");
+    command
+        .add_option("--csv", options.table,
+                    "Table of every painted point in drawing order, - for standard output")
+        ->type_name("FILE");
+}
+
+/// Adds what only fine maps have, and gives it.
+std::vector<CLI::Option*> add_fine_options(CLI::App& command, MapOptions& options) {
+    std::vector<CLI::Option*> added = add_look_options(command, options.fine);
+    added.push_back(command
+                        .add_option("--date", options.fine.date,
+                                    "The evening or the morning, with the nearest conjunction")
+                        ->type_name("YYYY-MM-DD")
+                        ->excludes(command.get_option("--day")));
+    for (CLI::Option* const option : added)
+        option->group("With --fine");
+    return added;
+}
+
+/// Error  raises UsageMistake for an option that the kind of map has not.
+void require_options_of(const std::vector<CLI::Option*>& of_one_kind, bool is_fine) {
+    for (const CLI::Option* const option : of_one_kind) {
+        const bool is_plain = option->get_name() == "--csv";
+        if (option->count() > 0 && is_plain == is_fine)
+            throw UsageMistake(option->get_name() +
+                               (is_fine ? " does not go with --fine" : " goes with --fine only"));
+    }
+}
+
+FineMapOptions fine_options(const MapOptions& options) {
+    FineMapOptions fine = options.fine;
+    fine.criterion = options.criterion;
+    fine.day = options.day;
+    fine.format = options.format == picture_format ? name_of(MapFormat::png) : options.format;
+    fine.output = options.file;
+    return fine;
+}
+
 } // namespace
 
-Task map_task() {
+Task map_task(const PageMaker& painter) {
     const auto options = std::make_shared<MapOptions>();
-    return {"map", "World map of the stored crescent's visibility",
-            [options](CLI::App& command) {
-                const std::vector<std::string> keys = criterion_keys();
-                command.add_option("--criterion", options->criterion, choice_of(keys))
-                    ->type_name("NAME")
-                    ->check(CLI::IsMember(keys).description(""));
-                command.add_option("--day", options->day, "0 the conjunction's date; 1, 2 days from it")
-                    ->type_name("DAY")
-                    ->check(CLI::Range(0, 2).description(""));
-                std::vector<std::string> formats{picture_format};
-                for (const ReportFormat format : report_formats())
-                    if (format != ReportFormat::text)
-                        formats.emplace_back(name_of(format));
-                command.add_option("--format", options->format, choice_of(formats))
-                    ->type_name("FORMAT")
-                    ->check(CLI::IsMember(formats).description(""));
-                command
-                    .add_option("--output", options->file,
-                                "Picture to write, or rows in another format, - for standard output; the "
-                                "Hijri month's name when neither file is given")
-                    ->type_name("FILE");
-                command
-                    .add_option("--csv", options->table,
-                                "Table of every painted point in drawing order, - for standard output")
-                    ->type_name("FILE");
+    const auto of_fine = std::make_shared<std::vector<CLI::Option*>>();
+    return {"map", "World map of the stored crescent's visibility, or a fine map by any criterion",
+            [options, of_fine](CLI::App& command) {
+                command.add_flag("--fine", options->is_fine, "A map of smooth zones");
+                add_map_options(command, *options);
+                *of_fine = add_fine_options(command, *options);
+                // Each is refused with the kind of map that has none of it.
+                of_fine->push_back(command.get_option("--csv"));
             },
-            [options](Progress& progress) { return run_map(*options, progress); }};
+            [options, of_fine, painter](Progress& progress) {
+                try {
+                    require_options_of(*of_fine, options->is_fine);
+                    return options->is_fine ? run_fine_map(fine_options(*options), painter, progress)
+                                            : run_map(*options, progress);
+                } catch (const UsageMistake& mistake) {
+                    return tell_mistake(mistake);
+                }
+            }};
 }
 
 } // namespace halvane

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "finemap/mapdocument.h"
+
 #include <functional>
 #include <string>
 
@@ -23,6 +25,9 @@ struct PageMaker {
     std::function<std::string(const CrescentWatch&, const WatchPage&)> watch_pdf = nullptr;
     /// The same as a PNG picture, one page below the other. In     width  [pixels]
     std::function<std::string(const CrescentWatch&, const WatchPage&, int width)> watch_png = nullptr;
+    /// A file of maps, as draw_maps of the room finemap/.
+    std::function<void(const MapDocument&, const WorldOutline&, MapFormat, const TakeBytes&)> draw_maps =
+        nullptr;
 };
 
 } // namespace halvane

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // halvane-paper: halvane-report with a painter, which it becomes for painted pages.
 #include "batch/batchprogram.h"
+#include "finemap/mappicturefiles.h"
 #include "timetable/timetablepdf.h"
 #include "watch/watchpaper.h"
 
@@ -23,5 +24,6 @@ int main(int argc, char** argv) {
         return halvane::pdf_of(watch, page);
     };
     pages.watch_png = halvane::png_of;
+    pages.draw_maps = halvane::draw_maps;
     return halvane::run_batch(argc, argv, pages);
 }

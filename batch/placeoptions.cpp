@@ -1,27 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "batch/placeoptions.h"
 
-#include "batch/nearestname.h"
+#include "batch/listedlocation.h"
 #include "batch/usagemistake.h"
-#include "stored/loclist.h"
 #include "timetable/timetableplaces.h"
 
 #include <CLI/CLI.hpp>
 
-#include <vector>
-
 namespace halvane {
 namespace {
-
-void check_listed(const std::string& name) {
-    if (find_location(name))
-        return;
-    std::vector<std::string> names;
-    for (const Location& location : read_location_list())
-        names.push_back(location.name);
-    const std::string nearest = names.empty() ? "" : "; the nearest is \"" + nearest_name(name, names) + "\"";
-    throw UsageMistake("there is no place \"" + name + "\" in the list of locations" + nearest);
-}
 
 TimetablePlace given_place_of(const PlaceOptions& options) {
     const GivenPlace given{
@@ -61,7 +48,7 @@ TimetablePlace place_of(const PlaceOptions& options) {
     if (options.by_numbers())
         return given_place_of(options);
     if (!options.place.empty())
-        check_listed(options.place);
+        listed_location(options.place);
     TimetablePlace place = options.place.empty() ? stored_place() : listed_place(options.place);
     if (!options.zone_name.empty())
         place.zone = TimeZone(options.zone_name);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "batch/tasks.h"
 
+#include "batch/finemaptask.h"
 #include "batch/runoutput.h"
 #include "batch/timetabletask.h"
 #include "batch/watchtask.h"
@@ -120,7 +121,8 @@ std::vector<Task> batch_tasks(const PageMaker& pages) {
         run_task("today", "Today's six prayer times, on standard output", times_of_today),
         phases_task(),
         crescent_task(),
-        map_task(),
+        map_task(pages),
+        atlas_task(pages),
         criteria_task(),
         run_task("qibla-sun", "When the Sun stands in the direction of the Qiblah, into results.out",
                  [] { return qiblah_of_period(QiblahMark::sun); }),

@@ -36,7 +36,7 @@ std::vector<Task> batch_tasks(const PageMaker& pages = {});
 /// The tasks of the rooms beside `prayer`.
 Task phases_task();
 Task crescent_task();
-Task map_task();
+Task map_task(const PageMaker& pages);
 Task criteria_task();
 
 /// Prints what keeps a task from starting; gives its exit status.

@@ -9,6 +9,8 @@ namespace halvane {
 namespace {
 
 constexpr double circle = 360;
+/// How far lines may be from where they belong; the gaps between two zones lie below the line between them.
+constexpr double of_tolerance = 0.25;
 
 /// A half of the plane: the points whose coordinate is on the inner side of a limit.
 struct HalfPlane {
@@ -79,13 +81,22 @@ double distance_from(const QPointF& a, const QPointF& b, const QPointF& point) {
     return std::fabs(way.x() * to_point.y() - way.y() * to_point.x()) / length;
 }
 
-/// A line without the points that lie on the way between their neighbours.
+/// A line without the points that lie on the way between others: none is farther from it than `tolerance`.
 QPolygonF simplified(const QPolygonF& line, double tolerance) {
+    constexpr qsizetype most_left_out = 64; // bounds the time, which grows with its square
     QPolygonF kept;
+    qsizetype last = 0;
+    const auto is_straight = [&](qsizetype end) {
+        for (qsizetype i = last + 1; i < end; ++i)
+            if (distance_from(line[last], line[end], line[i]) > tolerance)
+                return false;
+        return true;
+    };
     for (qsizetype i = 0; i < line.size(); ++i)
-        if (kept.isEmpty() || i + 1 == line.size() ||
-            distance_from(kept.back(), line[i + 1], line[i]) > tolerance)
+        if (i == 0 || i + 1 == line.size() || i - last > most_left_out || !is_straight(i + 1)) {
             kept << line[i];
+            last = i;
+        }
     return kept;
 }
 
@@ -139,8 +150,8 @@ bool MapGeometry::sees(const WorldBox& box, double shift) const {
     const QRectF place(point(double{box.west} + shift, box.north),
                        point(double{box.east} + shift, box.south));
     const bool is_speck = place.width() + place.height() < precision_.tolerance;
-    return !is_speck && place.left() <= visible_.right() && place.right() >= visible_.left() &&
-           place.top() <= visible_.bottom() && place.bottom() >= visible_.top();
+    return !is_speck && place.left() < visible_.right() && place.right() > visible_.left() &&
+           place.top() < visible_.bottom() && place.bottom() > visible_.top();
 }
 
 template <class Visit>
@@ -164,7 +175,7 @@ QPolygonF MapGeometry::shown_points(const std::vector<WorldPoint>& points, std::
         shown << next;
         latest = next;
     }
-    return shown;
+    return simplified(shown, of_tolerance * precision_.tolerance);
 }
 
 QPainterPath MapGeometry::land(const WorldOutline& world) const {
@@ -220,12 +231,16 @@ QPolygonF MapGeometry::drawn(const MapRing& points, bool closed) const {
     return shown;
 }
 
+QPolygonF MapGeometry::thinned(const MapRing& points, bool closed) const {
+    return simplified(drawn(points, closed), of_tolerance * precision_.tolerance);
+}
+
 QPainterPath MapGeometry::zone(const MapZone& zone) const {
     QPainterPath path;
     path.setFillRule(Qt::OddEvenFill);
     const auto add = [&](const MapRing& ring) {
         if (!ring.empty())
-            add_ring(path, clipped_ring(drawn(ring, false), visible_));
+            add_ring(path, clipped_ring(thinned(ring, true), visible_));
     };
     for (const ZonePolygon& polygon : zone.polygons) {
         add(polygon.outer);
@@ -237,8 +252,7 @@ QPainterPath MapGeometry::zone(const MapZone& zone) const {
 
 QPainterPath MapGeometry::line(const MapRing& points, bool closed) const {
     QPainterPath path;
-    constexpr double of_tolerance = 0.2;
-    add_clipped_line(path, simplified(drawn(points, closed), of_tolerance * precision_.tolerance), visible_);
+    add_clipped_line(path, thinned(points, closed), visible_);
     return path;
 }
 

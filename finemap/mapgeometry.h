@@ -48,6 +48,7 @@ private:
     double rounded(double coordinate) const {
         return precision_.unit > 0 ? std::round(coordinate / precision_.unit) * precision_.unit : coordinate;
     }
+    QPolygonF thinned(const MapRing& points, bool closed) const;
     bool sees(const WorldBox& box, double shift) const;
     template <class Visit>
     void each_shown(const std::vector<WorldLine>& lines, Visit visit) const;

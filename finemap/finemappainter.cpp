@@ -21,10 +21,10 @@ constexpr double millimetre = page_units;
 constexpr double mark_size = 0.95 * millimetre;
 constexpr double mark_spacing = 11 * millimetre;
 
-constexpr QColor coast_colour{0x4A, 0x52, 0x5C};
-constexpr QColor border_colour{0x7A, 0x80, 0x88};
+constexpr QColor coast_colour{0x2A, 0x2F, 0x37};
+constexpr QColor border_colour{0x5E, 0x64, 0x6C};
 constexpr QColor grid_colour{0xB4, 0xBC, 0xC4};
-constexpr QColor zone_border_colour{0x30, 0x36, 0x3E};
+constexpr QColor zone_border_colour{0x14, 0x18, 0x1E};
 constexpr QColor moon_line_colour{0x8E, 0x10, 0x22};
 constexpr QColor conjunction_line_colour{0x2A, 0x14, 0x0A};
 constexpr QColor place_colour{0x10, 0x14, 0x1A};

@@ -87,7 +87,8 @@ ValueLines value_lines_of(const FineMap& map, MapQuantity quantity) {
 /// "10 min", "6°"
 std::string value_text(MapQuantity quantity, double level, Language language) {
     const std::string unit = unit_of(quantity).in(language);
-    return plain_number(std::round(level * 10) / 10) + (unit == "°" ? "" : " ") + unit;
+    constexpr const char* left_to_right = "\u200E"; // keeps a minus sign before its number in Arabic
+    return left_to_right + plain_number(std::round(level * 10) / 10) + (unit == "°" ? "" : " ") + unit;
 }
 
 /// Between the lines of a grid in a window of so many units for a degree                          [deg]

@@ -66,8 +66,12 @@ FineSheet::Layout FineSheet::layout_of(const QSizeF& size) const {
     const MapWindow& window = settings().window;
     const double wanted = std::min(map_height, shape_of(window) * (cell_width - degrees_left));
     const double row_height = beside_map + wanted + (rows > 1 ? between_maps / 2 : 0);
+    const auto left_of_column = [&](std::size_t column) {
+        const std::size_t shown = language() == Language::arabic ? columns - 1 - column : column;
+        return left + static_cast<double>(shown) * (cell_width + between_maps);
+    };
     for (std::size_t i = 0; i < maps_.size(); ++i) {
-        const double cell_left = left + static_cast<double>(i % columns) * (cell_width + between_maps);
+        const double cell_left = left_of_column(i % columns);
         const double cell_top = top + static_cast<double>(i / columns) * row_height;
         const double map_top = cell_top + (columns > 1 ? caption_height : 0);
         layout.frames.push_back(fitted_frame(
@@ -76,9 +80,9 @@ FineSheet::Layout FineSheet::layout_of(const QSizeF& size) const {
             layout.caption_tops.push_back(cell_top);
     }
     const double maps_bottom = top + static_cast<double>(rows) * row_height;
-    layout.legend =
-        has_free_cell ? QPointF(right - cell_width + degrees_left, maps_bottom - row_height + caption_height)
-                      : QPointF(left, maps_bottom + above_legend);
+    layout.legend = has_free_cell ? QPointF(left_of_column(columns - 1) + degrees_left,
+                                            maps_bottom - row_height + caption_height)
+                                  : QPointF(left, maps_bottom + above_legend);
     layout.legend_width -= has_free_cell ? degrees_left : 0;
     layout.bottom =
         std::max(maps_bottom, layout.legend.y() + MapLegend(*maps_.front(), layout.legend_width).height());

@@ -63,4 +63,5 @@ def main():
     print("| least | | " + " | ".join(f"{least[n][0]:.1f} ({least[n][1]})" for n in EYES) + " |")
 
 
-main()
+if __name__ == "__main__":
+    main()

@@ -526,7 +526,7 @@ void frmtimetable::calculate() {
         show_page();
         return;
     }
-    job_->start(loaded_theory(), std::move(*answer.settings));
+    job_->start(loaded_theory(), *answer.settings);
 }
 
 /// Tells every wrong value below its box, the first below the page too, and hides what was told before.

@@ -1,48 +1,27 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "panel/besidejob.h"
 #include "timetable/timetable.h"
 
-#include <QObject>
-#include <exception>
 #include <memory>
 #include <optional>
-
-class QTimer;
 
 namespace halvane {
 
 /// Calculates timetables beside the event loop, one after the other: a new one cancels the one before.
-class TimetableJob : public QObject {
+class TimetableJob : public BesideJob {
     Q_OBJECT
 public:
-    explicit TimetableJob(QObject* parent = nullptr);
-    TimetableJob(const TimetableJob&) = delete;
-    TimetableJob& operator=(const TimetableJob&) = delete;
-    ~TimetableJob() override;
+    using BesideJob::BesideJob;
 
-    void start(const TheoryPointer& theory, TimetableSettings settings);
-    /// Neither signal comes any more.
-    void cancel();
-    bool is_running() const { return job_ != nullptr; }
+    void start(const TheoryPointer& theory, const TimetableSettings& settings);
 
     /// What the last work gave; nothing after a failure.
     std::optional<Timetable> take_result();
-    /// Why it gave nothing.
-    std::exception_ptr failure() const { return failure_; }
-
-signals:
-    void advanced(int percent);
-    void ended();
 
 private:
-    struct Shared;
-    void look();
-
-    std::shared_ptr<Shared> job_; ///< under way
-    QTimer* timer_;
-    std::optional<Timetable> result_;
-    std::exception_ptr failure_;
+    std::shared_ptr<std::optional<Timetable>> result_;
 };
 
 } // namespace halvane

@@ -1,16 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "timetable/timetableoutput.h"
 
+#include "panel/besidework.h"
 #include "routines/machineclock.h"
-#include "routines/waitseconds.h"
 #include "timetable/timetablepdf.h"
 #include "timetable/timetablerules.h"
-
-#include <QThreadPool>
-#include <chrono>
-#include <future>
-#include <memory>
-#include <utility>
 
 namespace halvane {
 
@@ -49,20 +43,7 @@ std::string bytes_of(const Timetable& timetable, const PageSettings& page, Timet
 
 std::optional<std::string> bytes_of(const Timetable& timetable, const PageSettings& page,
                                     TimetableFormat format, Progress& progress) {
-    constexpr double a_moment = 0.02; // [s]
-    // After a cancel nobody waits for the rest: the work owns all that it needs.
-    std::packaged_task<std::string()> work(
-        [timetable, page, format] { return bytes_of(timetable, page, format); });
-    std::future<std::string> bytes = work.get_future();
-    QThreadPool::globalInstance()->start(
-        [shared = std::make_shared<std::packaged_task<std::string()>>(std::move(work))] { (*shared)(); });
-    progress.percent(0);
-    while (bytes.wait_for(std::chrono::seconds(0)) != std::future_status::ready) {
-        waitseconds(a_moment);
-        if (!progress.yield())
-            return std::nullopt;
-    }
-    return bytes.get();
+    return made_beside([timetable, page, format] { return bytes_of(timetable, page, format); }, progress);
 }
 
 } // namespace halvane

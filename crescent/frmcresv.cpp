@@ -305,6 +305,7 @@ void frmcresv::cmdmap_click() {
     crescentkind = kind_of(settings);
     if (!map_) {
         map_ = new frmmap(this);
+        connect(map_, &frmmap::fine_map_wanted, this, &frmcresv::fine_map_wanted);
         map_->setAttribute(Qt::WA_DeleteOnClose);
     }
     map_->choose_day(chosen(settings).days);

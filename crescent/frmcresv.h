@@ -9,6 +9,7 @@
 #include <QPointer>
 #include <memory>
 #include <optional>
+#include <string>
 
 namespace halvane {
 
@@ -39,6 +40,9 @@ signals:
     /// The watch sheet is wanted, which another room makes.
     /// In     date  the chosen day; none before the conjunction is found
     void watch_wanted(halvane::CrescentKind kind, const std::optional<halvane::DateNumbers>& date);
+    /// As frmmap::fine_map_wanted.
+    void fine_map_wanted(halvane::CrescentKind kind, double conjunction, int day,
+                         const std::string& criterion);
 
 private:
     void fill_lists();

@@ -30,10 +30,13 @@ constexpr ControlText twins[] = {
     {"lblcri", "C&riterion:", "ال&معيار"},
     {"cmddraw", "&Draw", "&رسم"},
     {"cmdstop", "S&top", "إي&قاف"},
+    {"cmdfine", "&Fine Map", "الخريطة ال&دقيقة"},
     {"cmdsave", "&Save", "&حفظ"},
     {"cmdclose", "&Close", "إ&غلاق"},
     {"cbocri@spoken", "Criterion", "المعيار"},
     {"pic@spoken", "World map", "خريطة العالم"},
+    {"cmdfine@tip", "Smooth zones by any criterion, to enlarge and to print",
+     "مناطق ناعمة بأي معيار، للتكبير و الطباعة"},
 };
 
 constexpr TwinText save_title{"Save the Map", "حفظ الخريطة"};
@@ -127,6 +130,7 @@ void frmmap::set_sizes() {
 void frmmap::connect_controls() {
     connect(ui_->cmddraw, &QPushButton::clicked, this, &frmmap::cmddraw_click);
     connect(ui_->cmdstop, &QPushButton::clicked, this, &frmmap::cmdstop_click);
+    connect(ui_->cmdfine, &QPushButton::clicked, this, &frmmap::cmdfine_click);
     connect(ui_->cmdsave, &QPushButton::clicked, this, &frmmap::cmdsave_click);
     connect(ui_->cmdclose, &QPushButton::clicked, this, &frmmap::accept);
     for (QRadioButton* day : {ui_->opt0, ui_->opt1, ui_->opt2})
@@ -158,12 +162,16 @@ void frmmap::show_clean_map() {
     }
 }
 
+int frmmap::shown_day() const {
+    return ui_->opt2->isChecked() ? 2 : ui_->opt1->isChecked() ? 1 : 0;
+}
+
 MapRun frmmap::shown_run() const {
     MapRun run;
     run.criterion = Criterion{ui_->cbocri->currentIndex()}; // the list is the table
     run.kind = kind_;
     run.conjunction = conjunction_;
-    run.day = map_day(conjunction_, kind_, ui_->opt2->isChecked() ? 2 : ui_->opt1->isChecked() ? 1 : 0);
+    run.day = map_day(conjunction_, kind_, shown_day());
     return run;
 }
 
@@ -251,6 +259,10 @@ void frmmap::cmdsave_click() {
 }
 
 /// The name to save under, asked for until it is new or may be replaced; empty when the user gives up.
+void frmmap::cmdfine_click() {
+    emit fine_map_wanted(kind_, conjunction_.universal, shown_day(), row_of(shown_run().criterion).key);
+}
+
 QString frmmap::ask_for_name() {
     const QPointer<frmmap> self(this);
     QString name = QString::fromStdString(program_path(gif_name(map_hijri_text(shown_run(), language_))));

@@ -8,6 +8,7 @@
 #include <QDialog>
 #include <memory>
 #include <optional>
+#include <string>
 
 namespace halvane {
 
@@ -26,12 +27,21 @@ public:
 
     void cmddraw_click(); ///< draws until the world is done, Stop is pressed or the panel closed
     void cmdstop_click(); ///< stops a drawing and loads the panel anew; what is painted stays
+    void cmdfine_click(); ///< asks for the fine map of the chosen day and criterion
     void cmdsave_click(); ///< saves the picture as a GIF file; a failure is told in `lblsave`
     void done(int result) override;
 
     /// Chooses the day that the map was opened for: 0, 1, 2 as map_day() counts. The same day once more
     /// leaves the user's own choice.
     void choose_day(int choice);
+
+signals:
+    /// The fine map is wanted, which another room makes.
+    /// In     conjunction  geocentric; Julian day, UT1                                           [d]
+    ///        day          0, 1, 2 as map_day() counts
+    ///        criterion    its key
+    void fine_map_wanted(halvane::CrescentKind kind, double conjunction, int day,
+                         const std::string& criterion);
 
 protected:
     bool event(QEvent* event) override;
@@ -44,6 +54,7 @@ private:
     void connect_controls();
     void load();
     void show_clean_map();
+    int shown_day() const;
     MapRun shown_run() const;
     bool is_drawing_of_choice() const;
     void show_progress(int percent);

@@ -4,6 +4,7 @@
 #include "crescent/frmmap.h"
 #include "desktop/frmmain.h"
 #include "desktop/panels.h"
+#include "finemap/frmfinemap.h"
 #include "panel/panelsupport.h"
 #include "qibla/frmqmap.h"
 #include "watch/frmwatch.h"
@@ -16,7 +17,7 @@ namespace halvane {
 
 /// Every form of the program by its name: those that the main panel opens are found in its list.
 inline std::vector<std::string> form_names() {
-    std::vector<std::string> names{"frmmain", "frmmap", "frmqmap", "frmwatch"};
+    std::vector<std::string> names{"frmmain", "frmmap", "frmqmap", "frmwatch", "frmfinemap"};
     for (const Panel& panel : panels())
         names.emplace_back(panel.form);
     return names;
@@ -35,6 +36,8 @@ inline std::unique_ptr<QWidget> make_form(const std::string& name) {
         return std::make_unique<frmqmap>(nullptr);
     if (name == "frmwatch")
         return std::make_unique<frmwatch>(nullptr);
+    if (name == "frmfinemap")
+        return std::make_unique<frmfinemap>(nullptr);
     for (const Panel& panel : panels())
         if (name == panel.form)
             return std::unique_ptr<QWidget>(panel.make(nullptr));

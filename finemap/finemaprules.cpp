@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+#include "finemap/finemaprules.h"
+
+#include "base/numberformat.h"
+#include "calendar/civildate.h"
+#include "calendar/yearlimits.h"
+#include "crescent/shortanswer.h"
+#include "events/lowriseset.h"
+#include "finemap/mapstyle.h"
+
+#include <charconv>
+#include <cmath>
+
+namespace halvane {
+namespace {
+
+TwinWords operator+(const TwinWords& first, const TwinWords& second) {
+    return {first.english + second.english, first.arabic + second.arabic};
+}
+
+TwinWords number(double value, std::string_view pattern) {
+    const std::string text = format_number(value, pattern);
+    return {text, text};
+}
+
+double observer_longitude(double longitude) {
+    return longitude > 180 ? longitude - 360 : longitude;
+}
+
+TwinWords value_words(const CataloguedCriterion& criterion, double value) {
+    const std::string_view unit = criterion.unit;
+    const TwinWords shown = number(value, unit == "min" ? "0.0" : unit == "deg" ? "0.00" : "0.000");
+    const TwinText behind = unit == "min"   ? TwinText{" min", " دقيقة"}
+                            : unit == "deg" ? TwinText{"°", "°"}
+                                            : TwinText{"", ""};
+    return TwinText{" · ", " · "} + TwinWords(criterion.measure_name) + TwinText{" = ", " = "} + shown +
+           behind;
+}
+
+} // namespace
+
+std::vector<double> days_of_crescent(double conjunction, CrescentKind kind) {
+    constexpr int evenings = 3;
+    const double date = std::floor(conjunction - 0.5) + 0.5;
+    std::vector<double> days;
+    for (int day = 0; day < evenings; ++day)
+        days.push_back(kind == CrescentKind::new_crescent ? date + day : date - day);
+    return days;
+}
+
+std::optional<double> conjunction_after(Ephemeris& ephemeris, double conjunction, int months) {
+    constexpr double synodic_month = 29.530588853; // Meeus, Astronomical Algorithms, chapter 49
+    const double near = conjunction + months * synodic_month;
+    if (!theory_years.holds(civil_date(near - synodic_month).year) ||
+        !theory_years.holds(civil_date(near + synodic_month).year))
+        return std::nullopt;
+    return geocentric_conjunction(ephemeris, near);
+}
+
+std::vector<const CataloguedCriterion*> mapped_criteria(CrescentKind kind) {
+    std::vector<const CataloguedCriterion*> mapped;
+    for (const CataloguedCriterion& criterion : catalogued_criteria()) {
+        FineMapSettings settings;
+        settings.kind = kind;
+        settings.criterion = &criterion;
+        if (!refused_map(settings))
+            mapped.push_back(&criterion);
+    }
+    return mapped;
+}
+
+std::string place_text(const MapPosition& place) {
+    const double longitude = observer_longitude(place.longitude);
+    return format_number(std::fabs(place.latitude), "0.00") + (place.latitude < 0 ? "° S  " : "° N  ") +
+           format_number(std::fabs(longitude), "0.00") + (longitude < 0 ? "° W" : "° E");
+}
+
+TwinWords answer_words(const FineMapSettings& settings, const PlaceAnswer& answer) {
+    TwinWords words = words_of(*settings.criterion, answer.map_class, settings.kind);
+    if (!answer.evening)
+        return words;
+    const CrescentEvening& evening = *answer.evening;
+    const CrescentQuantities& q = evening.at_sun_event.topocentric;
+    words = words + TwinText{" · lag ", " · المكث "} + number(evening.lag(), "0.0") +
+            TwinText{" min, age ", " دقيقة، العمر "} + number(evening.age(evening.sun_event), "0.0") +
+            TwinText{" h, altitude ", " ساعة، الارتفاع "} + number(q.moon_altitude, "0.0") +
+            TwinText{"°, elongation ", "°، الاستطالة "} + number(q.elongation, "0.0") + TwinText{"°", "°"};
+    return answer.value ? words + value_words(*settings.criterion, *answer.value) : words;
+}
+
+TwinWords numbers_of_place(Ephemeris& ephemeris, const FineMapSettings& settings, const MapPosition& place) {
+    const Observer observer = observer_at(observer_longitude(place.longitude), place.latitude, 0);
+    return words_of(
+        short_answer(ephemeris, observer, settings.kind, settings.day, settings.conjunction, settings.limits),
+        0, place_text(place) + " (UT)");
+}
+
+Location location_at(const MapPosition& place, const Location& stored) {
+    constexpr double seconds_of_degree = 3600;
+    Location location = stored;
+    location.name = place_text(place);
+    const auto split = [](double angle, double& degrees, double& minutes, double& seconds) {
+        const double whole = std::round(std::fabs(angle) * seconds_of_degree);
+        degrees = std::floor(whole / seconds_of_degree);
+        minutes = std::floor(std::fmod(whole, seconds_of_degree) / 60);
+        seconds = std::fmod(whole, 60);
+    };
+    const double longitude = observer_longitude(place.longitude);
+    split(longitude, location.longitude_degrees, location.longitude_minutes, location.longitude_seconds);
+    split(place.latitude, location.latitude_degrees, location.latitude_minutes, location.latitude_seconds);
+    location.east = longitude >= 0;
+    location.west = !location.east;
+    location.north = place.latitude >= 0;
+    location.south = !location.north;
+    location.elevation = 0;
+    location.zone = zone_of_longitude(longitude);
+    location.city_offset = 0;
+    return location;
+}
+
+TypedLimit typed_limit(const std::string& text) {
+    constexpr double far_beyond = 1000;
+    const std::size_t first = text.find_first_not_of(' ');
+    if (first == std::string::npos)
+        return {};
+    const std::size_t last = text.find_last_not_of(' ');
+    double value = 0;
+    const auto [end, error] = std::from_chars(text.data() + first, text.data() + last + 1, value);
+    if (error != std::errc() || end != text.data() + last + 1 || !(std::fabs(value) <= far_beyond))
+        return {std::nullopt, true};
+    return {value, false};
+}
+
+} // namespace halvane

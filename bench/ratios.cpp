@@ -17,6 +17,7 @@
 #include "ephemeris/sun.h"
 #include "events/dayevents.h"
 #include "events/phase.h"
+#include "finemap/finemap.h"
 #include "prayer/moonday.h"
 #include "prayer/moonrun.h"
 #include "prayer/prayerday.h"
@@ -289,6 +290,66 @@ bool print_threads() {
     return times.ours <= must * times.reference;
 }
 
+/// A fine map of the world from 80 degrees north to 80 south.
+FineMapSettings fine_map_of(Ephemeris& ephemeris, double step) {
+    constexpr double evening = 2461089.5; // 2026 February 18
+    FineMapSettings settings;
+    settings.day = evening;
+    settings.conjunction = geocentric_conjunction(ephemeris, evening);
+    settings.criterion = catalogued_criterion("yallop-1997");
+    settings.window = {-180, -80, 180, 80};
+    settings.step = step;
+    return settings;
+}
+
+void make_in_memory(const FineMapSettings& settings) {
+    NoProgress progress;
+    sink = static_cast<double>(make_fine_map(loaded_theory(), settings, progress)->zones.size());
+}
+
+struct FineMapLimit {
+    const char* name;
+    double step;       ///< [deg]
+    double must_clock; ///< [s]
+};
+
+/// Fine maps on all cores, by the clock, and their processor time against as many Moons of the Swiss
+/// Ephemeris.
+bool print_fine_maps() {
+    constexpr double must_ratio = 0.4;
+    constexpr double milliseconds = 1e3;
+    constexpr double moons = 11700; // of moons_of_the_grid
+    constexpr int runs = 5;
+    const TemporaryProgramFolder folder;
+    load_series();
+    Ephemeris ephemeris(loaded_theory());
+    std::printf("\n| Work | By the clock | Must | Processor | As many Moons | Ratio | Must |\n"
+                "|---|---:|---:|---:|---:|---:|---:|\n");
+    bool kept = true;
+    for (const auto& [name, step, must_clock] : {FineMapLimit{"sketch of the world, every 5°", 5, 0.1},
+                                                 {"fine map of the world, every 1°", 1, 0.15},
+                                                 {"fine map of the world, every 0.25°", 0.25, 1.5}}) {
+        const FineMapSettings settings = fine_map_of(ephemeris, step);
+        const double places = (360 / step + 1) * (160 / step + 1);
+        const Work make = [&settings] { make_in_memory(settings); };
+        const Times processor = shortest_times(
+            make, [&settings] { moons_of_the_grid(settings.day); }, runs);
+        const double clock = shortest_times_by_clock(
+                                 make, [] {}, runs)
+                                 .ours;
+        const double reference = processor.reference * places / moons;
+        const double ratio = processor.ours / reference;
+        std::printf("| %s | %.0f ms | %.0f ms | %.0f ms | %.0f ms | %.3f | %.2f |\n", name,
+                    clock * milliseconds, must_clock * milliseconds, processor.ours * milliseconds,
+                    reference * milliseconds, ratio, must_ratio);
+        std::fflush(stdout);
+        // A sketch is too small for its borders to be a small part of it.
+        const bool is_judged = step <= 0.25;
+        kept = kept && clock <= must_clock && (!is_judged || ratio <= must_ratio);
+    }
+    return kept;
+}
+
 /// A crescent's calculation, with its conjunction, against 60 places of each body on top of its two day
 /// calculations. The report's file, which is forced onto the disk, is not in it.
 bool print_crescent() {
@@ -350,7 +411,10 @@ constexpr ProgramWork program_works[]{
     {"timetable --year 2026 --output - --format html", 40},
     {"timetable --year 2026 --output - --format pdf", 1000, 200},
     {"timetable --year 2026 --places places.csv --output .", 6000, 100, 3},
-    {"timetable --year 2026 --places places.csv --output . --profile mwl", 6000, 100, 3}};
+    {"timetable --year 2026 --places places.csv --output . --profile mwl", 6000, 100, 3},
+    {"map --fine --date 2026-02-18 --step 0.25 --format geojson --output -", 0, 150, 3},
+    {"map --fine --date 2026-02-18 --step 1 --format png --output -", 0, 150, 3},
+    {"map --fine --date 2026-02-18 --width 30000 --format png --output -", 20000, 1000, 1}};
 
 /// The delivered places as a table for the timetable.
 void write_places(const TemporaryFolder& folder) {
@@ -412,17 +476,20 @@ std::string processor() {
 } // namespace
 
 /// Prints what the engine and the reports take, as tables in Markdown; with the argument "threads" only the
-/// table of two threads. Exit status 1 when a limit is passed.
+/// table of two threads, with "maps" only that of the fine maps. Exit status 1 when a limit is passed.
 int main(int argc, char** argv) {
     try {
         if (argc > 1 && std::string_view(argv[1]) == "threads")
             return print_threads() ? 0 : 1;
+        if (argc > 1 && std::string_view(argv[1]) == "maps")
+            return print_fine_maps() ? 0 : 1;
         std::printf("%s, %s vectors, %s, one thread\n", processor().c_str(), series_sums().instructions,
                     HALVANE_BUILD);
         const bool programs_kept = print_programs();
         const bool crescent_kept = print_crescent();
         const bool ratios_kept = print_ratios();
-        return print_threads() && programs_kept && crescent_kept && ratios_kept ? 0 : 1;
+        const bool maps_kept = print_fine_maps();
+        return maps_kept && print_threads() && programs_kept && crescent_kept && ratios_kept ? 0 : 1;
     } catch (const std::exception& failure) {
         std::cerr << failure.what() << "\n";
         return 1;

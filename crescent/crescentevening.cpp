@@ -220,23 +220,20 @@ double mean_noon(double day, double longitude) {
     return day + half_a_day - longitude / degrees_per_turn;
 }
 
-/// An evening from that of a near place, when there is one.
 template <class Places>
 std::optional<CrescentEvening> evening_of(Places& places, const Observer& observer, CrescentKind kind,
-                                          double day, double conjunction, const NearEvening* near) {
+                                          double day, double conjunction, const EventGuess* guess) {
     const bool sets = kind == CrescentKind::new_crescent;
-    const double noon = mean_noon(day, observer.longitude);
-    const auto guess = [&](double CrescentEvening::*event, Body body) -> std::optional<double> {
-        if (near == nullptr)
-            return std::nullopt;
-        return near->evening.*event - (observer.longitude - near->longitude) / degrees_a_day(body);
+    const auto guessed = [guess](double EventGuess::*event) {
+        return guess == nullptr ? std::nullopt : std::optional(guess->*event);
     };
-    const auto sun_event = EventSearch(places, observer, Body::sun, sets)
-                               .nearest_to(noon, guess(&CrescentEvening::sun_event, Body::sun));
+    const auto sun_event =
+        EventSearch(places, observer, Body::sun, sets)
+            .nearest_to(mean_noon(day, observer.longitude), guessed(&EventGuess::sun_event));
     if (!sun_event)
         return std::nullopt;
     const auto moon_event = EventSearch(places, observer, Body::moon, sets)
-                                .nearest_to(*sun_event, guess(&CrescentEvening::moon_event, Body::moon));
+                                .nearest_to(*sun_event, guessed(&EventGuess::moon_event));
     if (!moon_event)
         return std::nullopt;
     CrescentEvening evening;
@@ -302,6 +299,8 @@ double event_margin(const SkyPolynomials& sky, const Observer& observer, Crescen
     const double noon = mean_noon(day, observer.longitude);
     EventSearch of_sun(places, observer, Body::sun, sets);
     const double sun_margin = of_sun.margin(noon);
+    if (sun_margin < 0)
+        return sun_margin;
     const auto sun_event = of_sun.nearest_to(noon, std::nullopt);
     if (!sun_event)
         return sun_margin;
@@ -317,9 +316,14 @@ SkyPolynomials sky_around_date(Ephemeris& ephemeris, double day) {
 
 std::optional<CrescentEvening> crescent_evening(const SkyPolynomials& sky, const Observer& observer,
                                                 CrescentKind kind, double day, double conjunction,
-                                                const NearEvening* near) {
+                                                const EventGuess* guess) {
     const auto places = [&sky](double universal) { return sky.at(universal); };
-    return evening_of(places, observer, kind, day, conjunction, near);
+    return evening_of(places, observer, kind, day, conjunction, guess);
+}
+
+EventGuess guess_from(const CrescentEvening& evening, double east) {
+    return {evening.sun_event - east / degrees_a_day(Body::sun),
+            evening.moon_event - east / degrees_a_day(Body::moon)};
 }
 
 } // namespace halvane

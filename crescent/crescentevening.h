@@ -67,19 +67,23 @@ std::optional<CrescentEvening> crescent_evening(Ephemeris& ephemeris, const Obse
 /// In     day  0 h of the civil date, without a zone                                             [d]
 SkyPolynomials sky_around_date(Ephemeris& ephemeris, double day);
 
-/// The evening of the same date at a place nearby, from which a search starts sooner.
-struct NearEvening {
-    double longitude; ///< of that place                                                          [deg]
-    const CrescentEvening& evening;
+/// About when the events of an evening are, from which a search starts sooner.
+struct EventGuess {
+    double sun_event;  ///< Julian day, UT1                                                       [d]
+    double moon_event; ///< Julian day, UT1                                                       [d]
 };
+
+/// The guess for a place from the evening of another one nearby on the same date.
+/// In     east  how far the place is east of the other                                           [deg]
+EventGuess guess_from(const CrescentEvening& evening, double east);
 
 /// The evening or the morning of a date whose sky is at hand: for thousands of places. Any number of threads
 /// may ask at once.
-/// In     sky   as sky_around_date gives it for `day`
-///        near  may be null; it changes the result by no more than 1 ms
+/// In     sky    as sky_around_date gives it for `day`
+///        guess  may be null; it changes the result by no more than 1 ms
 std::optional<CrescentEvening> crescent_evening(const SkyPolynomials& sky, const Observer& observer,
                                                 CrescentKind kind, double day, double conjunction,
-                                                const NearEvening* near);
+                                                const EventGuess* guess);
 
 /// By how much the Sun and the Moon pass the horizon of their events, both ways, in the half days around
 /// them; negative where one of them stays above or below it and has none. It goes through 0 smoothly from

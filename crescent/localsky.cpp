@@ -27,9 +27,10 @@ double degrees(double radians) {
     return radians * degrees_per_radian;
 }
 
-/// Of a Moon so far away                                                                  [km -> deg]
+/// Of a Moon so far away: the arc sine by its series, of which more is not seen in a double [km -> deg]
 double moon_semidiameter(double distance) {
-    return degrees(std::asin(moon_over_earth_radius * earth_radius_km / distance));
+    const double sine = moon_over_earth_radius * earth_radius_km / distance;
+    return degrees(sine * (1 + sine * sine / 6));
 }
 
 } // namespace
@@ -79,8 +80,8 @@ double LocalSky::cosine_declination(Body body) const {
 }
 
 HorizonPlace LocalSky::horizon_place(const SkyVector& place) const {
-    return {degrees(std::asin(dot(place, up_) / length(place))),
-            rev360(degrees(std::atan2(dot(place, east_), dot(place, north_))))};
+    const double azimuth = degrees(std::atan2(dot(place, east_), dot(place, north_)));
+    return {degrees(std::asin(dot(place, up_) / length(place))), azimuth < 0 ? azimuth + 360 : azimuth};
 }
 
 CrescentQuantities LocalSky::quantities(const SkyVector& moon, const SkyVector& sun,

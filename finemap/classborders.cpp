@@ -44,8 +44,10 @@ bool differ_in_sign(std::optional<double> a, std::optional<double> b) {
 /// Finds the crossings of one side.
 class SideSearch {
 public:
-    SideSearch(const MapJudge& judge, const MapPosition& from, const MapPosition& to)
-        : judge_(judge), from_(from), to_(to), length_(distance(from, to)) {}
+    /// In,out last  a place judged before, better the nearer it is; then the last of the side
+    SideSearch(const MapJudge& judge, const MapPosition& from, const MapPosition& to,
+               std::optional<JudgedPlaceOfMap>& last)
+        : judge_(judge), from_(from), to_(to), length_(distance(from, to)), last_(last) {}
 
     Crossings find() {
         constexpr int depth = 8;
@@ -116,7 +118,7 @@ private:
     const MapJudge& judge_;
     MapPosition from_, to_;
     double length_;
-    std::optional<JudgedPlaceOfMap> last_;
+    std::optional<JudgedPlaceOfMap>& last_;
     Crossings found_;
 };
 
@@ -271,7 +273,7 @@ private:
                          MapClass class_to) {
         if (class_from == class_to)
             return {};
-        Crossings found = SideSearch(judge_, from, to).find();
+        Crossings found = SideSearch(judge_, from, to, last_).find();
         // Beside a crossing of the outer side a middle may be judged otherwise than from there.
         constexpr double at_end = 1e-3; // of the side
         if (found.empty())
@@ -333,7 +335,7 @@ private:
 
     /// Where the border passes the middle of a line; nothing where that is near enough or out of reach.
     std::optional<MapPosition> bent_middle(const ClassBorder& border, const MapPosition& a,
-                                           const MapPosition& b) const {
+                                           const MapPosition& b) {
         const double near_enough = border.is_of_events() ? 1e-3 : 5e-5; // [deg]
         constexpr double first_look = 0.005;                            // of the line's length
         const double length = distance(a, b);
@@ -345,8 +347,7 @@ private:
             return MapPosition{middle.longitude + by * across.longitude,
                                middle.latitude + by * across.latitude};
         };
-        std::optional<JudgedPlaceOfMap> last;
-        const auto margin = [&](double by) { return border.margin_at(beside(by), last); };
+        const auto margin = [&](double by) { return border.margin_at(beside(by), last_); };
         const double look = first_look * length;
         const std::optional<double> here = margin(0);
         const std::optional<double> left = margin(look);
@@ -401,6 +402,7 @@ private:
     const std::size_t first_point_;
     Lines& lines_;
     std::array<MapPosition, 3> corners_{};
+    std::optional<JudgedPlaceOfMap> last_; ///< judged
 };
 
 class BorderSearch {
@@ -457,21 +459,22 @@ private:
 
     void search_row(std::size_t row) {
         const bool last_row = row + 1 == part_.rows;
+        std::optional<JudgedPlaceOfMap> last;
         for (std::size_t column = 0; column < part_.columns; ++column) {
             const bool last_column = column + 1 == part_.columns;
             if (!last_column)
-                search_side(column, row, Side::south);
+                search_side(column, row, Side::south, last);
             if (!last_row)
-                search_side(column, row, Side::west);
+                search_side(column, row, Side::west, last);
             if (!last_row && !last_column)
-                search_side(column, row, Side::diagonal);
+                search_side(column, row, Side::diagonal, last);
         }
     }
 
-    void search_side(std::size_t column, std::size_t row, Side side) {
+    void search_side(std::size_t column, std::size_t row, Side side, std::optional<JudgedPlaceOfMap>& last) {
         const auto [from, to] = ends_of(column, row, side);
         if (class_at(from) != class_at(to))
-            rows_[row].put(column, side, SideSearch(judge_, place(from), place(to)).find());
+            rows_[row].put(column, side, SideSearch(judge_, place(from), place(to), last).find());
     }
 
     void join_row(std::size_t row) {

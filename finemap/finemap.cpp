@@ -63,11 +63,9 @@ std::vector<MapPart> parts_of(const MapWindow& window, double step) {
 bool judge_part(const MapJudge& judge, MapPart& part, Progress& progress) {
     const auto begin = [&]() -> DoPiece {
         return [&](std::size_t row) {
-            std::optional<JudgedPlaceOfMap> last;
-            for (std::size_t column = 0; column < part.columns; ++column) {
-                last = judge.judge({part.longitude(column), part.latitude(row)}, last ? &*last : nullptr);
-                part.nodes[row * part.columns + column] = node_of(*last);
-            }
+            MapJudge::OfRow judge_of_row(judge, part.latitude(row));
+            for (std::size_t column = 0; column < part.columns; ++column)
+                part.nodes[row * part.columns + column] = node_of(judge_of_row.at(part.longitude(column)));
         };
     };
     return share_work(part.rows, begin, progress);

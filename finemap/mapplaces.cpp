@@ -27,14 +27,35 @@ JudgedPlaceOfMap judged(const FineMapSettings& settings, const MapPosition& plac
     return {place, evening, value, class_of(settings, *evening, value)};
 }
 
+JudgedPlaceOfMap MapJudge::judge(const MapPosition& place, const Observer& observer,
+                                 const EventGuess* guess) const {
+    return judged(
+        settings_, place,
+        crescent_evening(sky_, observer, settings_.kind, settings_.day, settings_.conjunction, guess));
+}
+
 JudgedPlaceOfMap MapJudge::judge(const MapPosition& place, const JudgedPlaceOfMap* near) const {
-    std::optional<NearEvening> known;
+    std::optional<EventGuess> guess;
     if (near != nullptr && near->evening)
-        known.emplace(NearEvening{near->place.longitude + shift_, *near->evening});
-    return judged(settings_, place,
-                  crescent_evening(sky_, observer_at(place.longitude + shift_, place.latitude, 0),
-                                   settings_.kind, settings_.day, settings_.conjunction,
-                                   known ? &*known : nullptr));
+        guess = guess_from(*near->evening, place.longitude - near->place.longitude);
+    return judge(place, observer_at(place.longitude + shift_, place.latitude, 0), guess ? &*guess : nullptr);
+}
+
+MapJudge::OfRow::OfRow(const MapJudge& judge, double latitude)
+    : judge_(judge), observer_(observer_at(0, latitude, 0)), latitude_(latitude) {}
+
+/// The events go on as they went from the place before to the last one.
+JudgedPlaceOfMap MapJudge::OfRow::at(double longitude) {
+    std::optional<EventGuess> guess;
+    if (last_ && before_)
+        guess = {2 * last_->sun_event - before_->sun_event, 2 * last_->moon_event - before_->moon_event};
+    observer_.longitude = longitude + judge_.shift_;
+    JudgedPlaceOfMap place = judge_.judge({longitude, latitude_}, observer_, guess ? &*guess : nullptr);
+    before_ = last_;
+    last_.reset();
+    if (place.evening)
+        last_ = {place.evening->sun_event, place.evening->moon_event};
+    return place;
 }
 
 PlaceAnswer answer_at(Ephemeris& ephemeris, const FineMapSettings& settings, const MapPosition& place) {

@@ -27,10 +27,25 @@ public:
     /// In     near  a place judged before, better the nearer it is; may be null
     JudgedPlaceOfMap judge(const MapPosition& place, const JudgedPlaceOfMap* near) const;
 
+    /// The judge of the places along a parallel, asked in equal steps from west to east.
+    class OfRow {
+    public:
+        OfRow(const MapJudge& judge, double latitude);
+        JudgedPlaceOfMap at(double longitude);
+
+    private:
+        const MapJudge& judge_;
+        Observer observer_;
+        double latitude_;
+        std::optional<EventGuess> last_, before_; ///< the events of the last two places
+    };
+
     /// event_margin of a place                                                                  [deg]
     double event_margin(const MapPosition& place) const;
 
 private:
+    JudgedPlaceOfMap judge(const MapPosition& place, const Observer& observer, const EventGuess* guess) const;
+
     const FineMapSettings& settings_;
     const SkyPolynomials& sky_;
     double shift_;

@@ -16,15 +16,16 @@ namespace halvane {
 class BesideJob : public QObject {
     Q_OBJECT
 public:
-    /// Runs on another thread, which is done when it returns. It owns or shares all that it needs: after a
-    /// cancel nobody waits for it.
+    /// Runs on the job's own thread, which is done when it returns. It owns or shares all that it needs.
     using Work = std::function<void(Progress& progress)>;
 
     explicit BesideJob(QObject* parent = nullptr);
     BesideJob(const BesideJob&) = delete;
     BesideJob& operator=(const BesideJob&) = delete;
+    /// Cancels, and waits until the work has learned of it.
     ~BesideJob() override;
 
+    /// The work begins once the one before has learned of its cancel.
     void start(Work work);
     /// The work learns of it when it next asks its progress. Neither signal comes any more.
     void cancel();
@@ -39,8 +40,10 @@ signals:
 
 private:
     struct Shared;
+    class Worker;
     void look();
 
+    std::unique_ptr<Worker> worker_;
     std::shared_ptr<Shared> job_; ///< under way
     QTimer* timer_;
     std::exception_ptr failure_;

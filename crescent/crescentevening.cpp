@@ -126,6 +126,8 @@ private:
         for (int step = 0; step < most_steps; ++step) {
             const double before = event;
             event -= at / slope;
+            if (!(std::fabs(event - centre) < 2 * half_a_day))
+                return std::nullopt; // far from it there is another sky
             if (std::fabs(event - before) <= last_step)
                 return std::fabs(event - centre) < half_a_day ? std::optional(event) : std::nullopt;
             const double at_before = at;

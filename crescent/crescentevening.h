@@ -55,7 +55,7 @@ CrescentEvent moon_event_near(Ephemeris& ephemeris, const Observer& observer, Cr
 /// The evening or the morning of a civil date, which begins and ends with the mean time of the place's
 /// longitude: the Sun's event nearest to its noon, and the Moon's nearest to the Sun's, within half a day
 /// each. The horizon is that of the sea in standard air: the upper limbs stand there, as they are seen from
-/// the place. Where the lag is not positive, the earlier of the two events stands for Best Time. Nothing when
+/// the place. Where the lag is not positive, the later of the two events stands for Best Time. Nothing when
 /// the Sun or the Moon has no event.
 /// In     day          0 h of the civil date, without a zone                                     [d]
 ///        conjunction  geocentric; Julian day, UT1                                               [d]

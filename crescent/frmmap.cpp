@@ -258,11 +258,11 @@ void frmmap::cmdsave_click() {
     }
 }
 
-/// The name to save under, asked for until it is new or may be replaced; empty when the user gives up.
 void frmmap::cmdfine_click() {
     emit fine_map_wanted(kind_, conjunction_.universal, shown_day(), row_of(shown_run().criterion).key);
 }
 
+/// The name to save under, asked for until it is new or may be replaced; empty when the user gives up.
 QString frmmap::ask_for_name() {
     const QPointer<frmmap> self(this);
     QString name = QString::fromStdString(program_path(gif_name(map_hijri_text(shown_run(), language_))));

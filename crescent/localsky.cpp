@@ -27,7 +27,7 @@ double degrees(double radians) {
     return radians * degrees_per_radian;
 }
 
-/// Of a Moon so far away: the arc sine by its series, of which more is not seen in a double [km -> deg]
+/// Of a Moon so far away: the arc sine by its series, to 2e-11 deg                 [km -> deg]
 double moon_semidiameter(double distance) {
     const double sine = moon_over_earth_radius * earth_radius_km / distance;
     return degrees(sine * (1 + sine * sine / 6));

@@ -37,11 +37,18 @@ void FineMapView::show_world(WorldOutline world) {
 }
 
 void FineMapView::show_map(std::shared_ptr<const FineMap> map, const MapLook& look) {
-    const bool other_window = map_ == nullptr || !(map_->settings.window == map->settings.window);
+    const bool other_window = !(window_ == map->settings.window);
     painter_ = std::make_unique<FineMapPainter>(*map, world_, look);
     map_ = std::move(map);
+    window_ = map_->settings.window;
     if (other_window)
         show_whole();
+    refresh();
+}
+
+void FineMapView::clear() {
+    painter_.reset();
+    map_.reset();
     refresh();
 }
 

@@ -22,7 +22,9 @@ public:
     void show_world(WorldOutline world);
     /// Shows a map; the part of the world stays, unless the map's window is another.
     void show_map(std::shared_ptr<const FineMap> map, const MapLook& look);
-    /// The map that is shown; null before the first.
+    /// Shows no map; the part of the world stays for the next.
+    void clear();
+    /// The map that is shown; null when there is none.
     const FineMap* map() const { return map_.get(); }
 
     /// Shows all of the map.
@@ -74,6 +76,7 @@ private:
     WorldOutline world_;
     std::shared_ptr<const FineMap> map_;
     std::unique_ptr<FineMapPainter> painter_;
+    MapWindow window_; ///< of the map that is shown, or was
     MapPosition centre_;
     double scale_ = 0; ///< device independent pixels for a degree; 0 for all of the map
     std::optional<MapPosition> picked_;

@@ -27,7 +27,6 @@
 #include <QPointer>
 #include <QScopedValueRollback>
 #include <QScreen>
-#include <QScrollBar>
 #include <QTimer>
 #include <algorithm>
 
@@ -84,6 +83,7 @@ constexpr TwinText no_place_words{"Click a place of the map, or press Space for 
                                   "انقر مكانا على الخريطة، أو اضغط مفتاح المسافة للمكان تحت التقاطع."};
 constexpr TwinText making_words{"Being made: %1 %", "جار الحساب: %1 %"};
 constexpr TwinText stopped_words{"Stopped. What is shown is a sketch.", "أوقف. المعروض رسم تقريبي."};
+constexpr TwinText stopped_early_words{"Stopped. Nothing is shown.", "أوقف. لا يعرض شيء."};
 constexpr TwinText wrong_limit{"A limit is a number, or nothing.", "الحد رقم، أو لا شيء."};
 constexpr TwinText no_limit{"One limit at least is needed.", "يلزم حد واحد على الأقل."};
 constexpr TwinText unknown_place{"There is no such place in the list.", "لا يوجد مكان كهذا في القائمة."};
@@ -238,11 +238,7 @@ void frmfinemap::set_sizes() {
     const int line = fontMetrics().lineSpacing();
     ui_->lblplace->setMinimumHeight(2 * line);
     ui_->txtnumbers->setMinimumHeight(numbers_lines * line);
-    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-    ui_->areachoices->setMinimumHeight(numbers_lines * line);
-    ui_->areachoices->setMinimumWidth(ui_->choices->sizeHint().width() + bar);
-    ui_->areachoices->viewport()->setAutoFillBackground(false);
-    ui_->choices->setAutoFillBackground(false);
+    shape_choices(*ui_->areachoices, numbers_lines);
     ui_->tabmapcolumn->setContentsMargins({});
 }
 
@@ -274,12 +270,7 @@ void frmfinemap::connect_controls() {
     connect(ui_->cmdstop, &QPushButton::clicked, this, &frmfinemap::cmdstop_click);
     connect(ui_->cmdsave, &QPushButton::clicked, this, &frmfinemap::cmdsave_click);
     connect(ui_->cmdclose, &QPushButton::clicked, this, &QDialog::reject);
-    const auto show_focus = [this] {
-        if (QWidget* now = QApplication::focusWidget(); now != nullptr && ui_->areachoices->isAncestorOf(now))
-            ui_->areachoices->ensureWidgetVisible(now);
-    };
-    connect(qApp, &QApplication::focusChanged, this, show_focus);
-    connect(ui_->areachoices->verticalScrollBar(), &QScrollBar::rangeChanged, this, show_focus);
+    keep_focus_in_sight(*ui_->areachoices);
 }
 
 void frmfinemap::connect_view() {
@@ -415,24 +406,35 @@ void frmfinemap::calculate() {
     pause_->stop();
     job_->cancel();
     map_.reset();
-    wanted_ = shown_settings();
-    ui_->cmdstop->setEnabled(wanted_.has_value());
-    if (!wanted_) {
+    is_of_choices_ = false;
+    const std::optional<FineMapSettings> wanted = shown_settings();
+    ui_->cmdstop->setEnabled(wanted.has_value());
+    if (!wanted) {
+        show_nothing();
         show_state(ui_->lbllimitwrong->text());
         return;
     }
     show_state(text_of(making_words, language_).arg(0));
-    job_->start(loaded_theory(), *wanted_);
+    job_->start(loaded_theory(), *wanted);
+}
+
+/// A map of other choices does not stay where none of the new ones comes.
+void frmfinemap::show_nothing() {
+    shown_.reset();
+    ui_->view->clear();
+    ui_->lblplace->clear();
 }
 
 void frmfinemap::show_sketch(const std::shared_ptr<const FineMap>& sketch) {
     shown_ = sketch;
+    is_of_choices_ = true;
     show_look();
 }
 
 void frmfinemap::show_result() {
     ui_->cmdstop->setEnabled(false);
     if (job_->failure() != nullptr) {
+        show_nothing();
         try {
             std::rethrow_exception(job_->failure());
         } catch (const RunTimeFailure& failure) {
@@ -442,6 +444,7 @@ void frmfinemap::show_result() {
     }
     map_ = job_->map();
     shown_ = map_;
+    is_of_choices_ = true;
     show_look();
     show_state(QString::fromStdString(evening_text(map_->settings, language_)));
     if (picked_)
@@ -465,7 +468,9 @@ void frmfinemap::cmdstop_click() {
     pause_->stop();
     job_->cancel();
     ui_->cmdstop->setEnabled(false);
-    show_state(text_of(stopped_words, language_));
+    if (!is_of_choices_)
+        show_nothing();
+    show_state(text_of(is_of_choices_ ? stopped_words : stopped_early_words, language_));
 }
 
 void frmfinemap::done(int result) {

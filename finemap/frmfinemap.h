@@ -61,6 +61,7 @@ private:
     void change_kind();
     void move_month(int months);
     void calculate();
+    void show_nothing();
     void show_sketch(const std::shared_ptr<const FineMap>& sketch);
     void show_result();
     void show_look();
@@ -85,12 +86,12 @@ private:
     FineMapJob* job_;
     QTimer* pause_;
     double conjunction_ = 0;
-    std::optional<FineMapSettings> wanted_; ///< of the map under way, or shown
-    std::shared_ptr<const FineMap> shown_;  ///< a sketch or a map
+    std::shared_ptr<const FineMap> shown_; ///< a sketch or a map
     std::shared_ptr<const FineMap> map_;
     std::vector<Location> marks_;
     std::optional<MapPosition> picked_;
-    bool showing_ = false; ///< the program fills the boxes, not the user
+    bool is_of_choices_ = false; ///< whether what is shown is of what is chosen
+    bool showing_ = false;       ///< the program fills the boxes, not the user
 };
 
 /// The texts of `frmfinemap` that do not depend on its map.

@@ -36,8 +36,8 @@ struct SheetTexts {
     std::string month;       ///< "Ramadan 1447"
     std::string criterion;   ///< "Yallop as published"
     std::string source;      ///< of the criterion
-    std::string conjunction; ///< "Conjunction: 17 February 2026, 12:01 UT; 15:01 in Amman (UTC+3)"
-    std::string step;        ///< "Judged at every 0.5° and at the borders of the zones"
+    std::string conjunction; ///< "Geocentric conjunction: 17 February 2026, 12:01 UT; 15:01 in Amman (UTC+3)"
+    std::string step;        ///< "Judged at every 0.5° and along the borders"
     std::string credits;     ///< "Halvane 5.3.9. Coasts and borders: Natural Earth."
 };
 

@@ -148,6 +148,7 @@ TEST_F(FineMapPanelTest, TellsAWrongLimitWhereItIsTyped) {
         settle(form);
         EXPECT_EQ(words(form, "lbllimitwrong"), "A limit is a number, or nothing.") << wrong;
         EXPECT_EQ(form.map(), nullptr);
+        EXPECT_EQ(view(form).map(), nullptr);
     }
     enter(form, "txtlag", "40");
     settle(form);
@@ -302,6 +303,11 @@ TEST_F(FineMapPanelTest, StopsAtAnyMoment) {
         click(form, "cmdstop");
         EXPECT_TRUE(form.is_settled());
         EXPECT_FALSE(enabled(form, "cmdstop"));
+        const FineMap* shown = view(form).map();
+        if (shown == nullptr)
+            EXPECT_EQ(words(form, "lblstate"), "Stopped. Nothing is shown.");
+        else
+            EXPECT_EQ(shown->settings.day, std::floor(conjunction() - 0.5) + 0.5 + moment % 3);
     }
     form.choose(CrescentKind::new_crescent, conjunction(), 1, "yallop-1997");
     settle(form);

@@ -81,7 +81,7 @@ TwinWords answer_words(const FineMapSettings& settings, const PlaceAnswer& answe
         return words;
     const CrescentEvening& evening = *answer.evening;
     const CrescentQuantities& q = evening.at_sun_event.topocentric;
-    words = words + TwinText{" · lag ", " · المكث "} + number(evening.lag(), "0.0") +
+    words = words + TwinText{"\nlag ", "\nالمكث "} + number(evening.lag(), "0.0") +
             TwinText{" min, age ", " دقيقة، العمر "} + number(evening.age(evening.sun_event), "0.0") +
             TwinText{" h, altitude ", " ساعة، الارتفاع "} + number(q.moon_altitude, "0.0") +
             TwinText{"°, elongation ", "°، الاستطالة "} + number(q.elongation, "0.0") + TwinText{"°", "°"};

@@ -23,7 +23,8 @@ std::vector<const CataloguedCriterion*> mapped_criteria(CrescentKind kind);
 /// A place as it is told: "31.95° N  35.93° E".
 std::string place_text(const MapPosition& place);
 
-/// What a map says of a place, in a line: the class, then lag, age, altitude, elongation and the measure.
+/// What a map says of a place: a line with the class, then one with lag, age, altitude, elongation and the
+/// measure.
 TwinWords answer_words(const FineMapSettings& settings, const PlaceAnswer& answer);
 
 /// All the numbers of a place, with what every criterion says of it; clocks in Universal Time.

@@ -14,6 +14,7 @@
 #include "panel/formpage.h"
 #include "panel/frmwait.h"
 #include "panel/messages.h"
+#include "panel/namelabel.h"
 #include "panel/numberlists.h"
 #include "panel/panelstyle.h"
 #include "panel/panelsupport.h"
@@ -236,7 +237,10 @@ void frmfinemap::set_sizes() {
     for (QComboBox* list : {ui_->cbocriterion, ui_->cboplace})
         limit_width(*list);
     const int line = fontMetrics().lineSpacing();
-    ui_->lblplace->setMinimumHeight(2 * line);
+    constexpr int place_lines = 3;
+    ui_->lblplace->setMinimumHeight(place_lines * line);
+    for (QPushButton* button : {ui_->cmdlarger, ui_->cmdsmaller})
+        button->setFixedWidth(place_lines * line);
     ui_->txtnumbers->setMinimumHeight(numbers_lines * line);
     shape_choices(*ui_->areachoices, numbers_lines);
     ui_->tabmapcolumn->setContentsMargins({});
@@ -462,6 +466,7 @@ void frmfinemap::show_look() {
 
 void frmfinemap::show_state(const QString& words) {
     ui_->lblstate->setText(words);
+    ui_->lblstate->setToolTip(plain_tip(words));
 }
 
 void frmfinemap::cmdstop_click() {
@@ -494,7 +499,7 @@ void frmfinemap::point_at(const std::optional<MapPosition>& place) {
     Ephemeris ephemeris(loaded_theory());
     const FineMapSettings& settings = shown_->settings;
     const QString words = text_of(answer_words(settings, answer_at(ephemeris, settings, *place)), language_);
-    ui_->lblplace->setText(QString::fromStdString(place_text(*place)) + u'\n' + in_order(words));
+    ui_->lblplace->setText(isolated(QString::fromStdString(place_text(*place))) + u'\n' + in_order(words));
     ui_->view->setAccessibleDescription(ui_->lblplace->text());
 }
 

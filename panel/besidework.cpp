@@ -3,10 +3,10 @@
 
 #include "routines/waitseconds.h"
 
-#include <QThreadPool>
 #include <chrono>
 #include <future>
 #include <memory>
+#include <thread>
 #include <utility>
 
 namespace halvane {
@@ -15,7 +15,7 @@ std::optional<std::string> made_beside(std::function<std::string()> work, Progre
     constexpr double a_moment = 0.02; // [s]
     const auto task = std::make_shared<std::packaged_task<std::string()>>(std::move(work));
     std::future<std::string> bytes = task->get_future();
-    QThreadPool::globalInstance()->start([task] { (*task)(); });
+    std::thread([task] { (*task)(); }).detach();
     progress.percent(0);
     while (bytes.wait_for(std::chrono::seconds(0)) != std::future_status::ready) {
         waitseconds(a_moment);

@@ -7,6 +7,7 @@
 #include <condition_variable>
 #include <exception>
 #include <mutex>
+#include <system_error>
 #include <thread>
 #include <vector>
 
@@ -18,20 +19,45 @@ public:
     SharedWork(std::size_t pieces, const std::function<DoPiece()>& begin) : pieces_(pieces), begin_(begin) {}
 
     bool run(Progress& progress) {
-        const std::size_t cores = std::max(1U, std::thread::hardware_concurrency());
-        under_way_ = std::min(cores, pieces_);
-        std::vector<std::thread> threads;
-        for (std::size_t i = 0, count = under_way_; i < count; ++i)
-            threads.emplace_back([this] { work(); });
-        watch(progress);
-        for (std::thread& thread : threads)
-            thread.join();
+        {
+            Threads threads(given_up_);
+            start(threads.all);
+            watch(threads.all.size(), progress);
+        }
         if (failure_)
             std::rethrow_exception(failure_);
         return done_ == pieces_;
     }
 
 private:
+    /// Joins its threads at its end, also when a failure is raised beside them; they begin no piece then.
+    struct Threads {
+        explicit Threads(std::atomic<bool>& no_more_pieces) : given_up(no_more_pieces) {}
+        Threads(const Threads&) = delete;
+        Threads& operator=(const Threads&) = delete;
+        ~Threads() {
+            given_up = true;
+            for (std::thread& thread : all)
+                thread.join();
+        }
+        std::atomic<bool>& given_up;
+        std::vector<std::thread> all;
+    };
+
+    /// Starts a thread on each core. Where the system gives fewer, these do all; none is a failure.
+    void start(std::vector<std::thread>& threads) {
+        const std::size_t cores = std::max(1U, std::thread::hardware_concurrency());
+        const std::size_t wanted = std::min(cores, pieces_);
+        threads.reserve(wanted);
+        try {
+            while (threads.size() < wanted)
+                threads.emplace_back([this] { work(); });
+        } catch (const std::system_error&) {
+            if (threads.empty())
+                throw;
+        }
+    }
+
     void work() {
         try {
             const DoPiece do_piece = begin_();
@@ -46,15 +72,15 @@ private:
             given_up_ = true;
         }
         const std::lock_guard lock(mutex_);
-        --under_way_;
+        ++ended_threads_;
         ended_.notify_one();
     }
 
     /// Tells how far the threads have come, and hands a cancel on to them.
-    void watch(Progress& progress) {
+    void watch(std::size_t threads, Progress& progress) {
         constexpr std::chrono::milliseconds pace(20);
         std::unique_lock lock(mutex_);
-        while (under_way_ > 0) {
+        while (ended_threads_ < threads) {
             ended_.wait_for(lock, pace);
             lock.unlock();
             progress.percent(100.0 * static_cast<double>(done_) / static_cast<double>(pieces_));
@@ -71,7 +97,7 @@ private:
     std::atomic<bool> given_up_{false};
     std::mutex mutex_;
     std::condition_variable ended_;
-    std::size_t under_way_ = 0;
+    std::size_t ended_threads_ = 0;
     std::exception_ptr failure_;
 };
 

@@ -1,31 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "crescent/shortanswer.h"
 
-#include "base/numberformat.h"
 #include "crescent/daywords.h"
+#include "crescent/measurewords.h"
 
-#include <cmath>
 #include <string>
-#include <string_view>
 
 namespace halvane {
 namespace {
 
 bool judges(const CataloguedCriterion& criterion, CrescentKind kind) {
     return kind == CrescentKind::new_crescent || criterion.of_mornings;
-}
-
-TwinWords operator+(const TwinWords& first, const TwinWords& second) {
-    return {first.english + second.english, first.arabic + second.arabic};
-}
-
-/// A text that is the same in both languages: a number, a clock, a name.
-TwinWords plain(const std::string& text) {
-    return {text, text};
-}
-
-TwinWords number(double value, std::string_view pattern) {
-    return plain(format_number(value, pattern));
 }
 
 class AnswerWords {
@@ -43,7 +28,7 @@ public:
         else
             words = words + events() + no_crescent();
         if (!answer_.verdicts.empty())
-            words = words + plain("\n");
+            words = words + plain_words("\n");
         for (const CrescentVerdict& verdict : answer_.verdicts)
             words = words + line_of(verdict);
         words.english.pop_back();
@@ -57,11 +42,11 @@ private:
         return is_new_ ? of_new : of_old;
     }
 
-    TwinWords clock(double universal) const { return plain(clock_words(universal + days_ahead_)); }
+    TwinWords clock(double universal) const { return plain_words(clock_words(universal + days_ahead_)); }
 
     TwinWords head() const {
         return by_kind({"Evening of ", "مساء "}, {"Morning of ", "صباح "}) + day_words(answer_.day) +
-               TwinText{", ", "، "} + plain(place_ + "\n");
+               TwinText{", ", "، "} + plain_words(place_ + "\n");
     }
 
     TwinWords no_event() const {
@@ -78,8 +63,8 @@ private:
         const CrescentEvening& evening = *answer_.evening;
         return by_kind({"Sunset ", "غروب الشمس "}, {"Sunrise ", "شروق الشمس "}) + clock(evening.sun_event) +
                by_kind({", moonset ", "، غروب القمر "}, {", moonrise ", "، شروق القمر "}) +
-               clock(evening.moon_event) + TwinText{", lag ", "، المكث "} + number(evening.lag(), "0.0") +
-               TwinText{" min\n", " دقيقة\n"};
+               clock(evening.moon_event) + TwinText{", lag ", "، المكث "} +
+               number_words(evening.lag(), "0.0") + TwinText{" min\n", " دقيقة\n"};
     }
 
     TwinWords best_time() const {
@@ -87,11 +72,11 @@ private:
         const CrescentSky& sky = evening.at_best_time;
         const CrescentQuantities& q = sky.topocentric;
         return TwinText{"Best Time ", "أفضل وقت "} + clock(sky.universal) +
-               TwinText{": Moon's altitude ", ": ارتفاع القمر "} + number(q.moon_altitude, "0.0") +
-               TwinText{"°, azimuth ", "°، سمته "} + number(q.moon_azimuth, "0.0") +
-               TwinText{"°, elongation ", "°، استطالته "} + number(q.elongation, "0.0") +
-               TwinText{"°, width ", "°، سمكه "} + number(q.width_minutes(), "0.00") +
-               TwinText{"', age ", " دقيقة قوسية، عمره "} + number(age_at(sky.universal), "0.0") +
+               TwinText{": Moon's altitude ", ": ارتفاع القمر "} + number_words(q.moon_altitude, "0.0") +
+               TwinText{"°, azimuth ", "°، سمته "} + number_words(q.moon_azimuth, "0.0") +
+               TwinText{"°, elongation ", "°، استطالته "} + number_words(q.elongation, "0.0") +
+               TwinText{"°, width ", "°، سمكه "} + number_words(q.width_minutes(), "0.00") +
+               TwinText{"', age ", " دقيقة قوسية، عمره "} + number_words(age_at(sky.universal), "0.0") +
                TwinText{" h\n", " ساعة\n"};
     }
 
@@ -115,7 +100,7 @@ private:
                 by_kind({"The conjunction comes only after sunset: ", "يحدث الاقتران بعد غروب الشمس: "},
                         {"The conjunction was already before sunrise: ", "حدث الاقتران قبل شروق الشمس: "}) +
                 day_words(evening.conjunction + days_ahead_) + TwinText{", ", "، "} +
-                clock(evening.conjunction) + plain("\n");
+                clock(evening.conjunction) + plain_words("\n");
         if (evening.lag() <= 0)
             words =
                 words + by_kind({"The Moon does not set after the Sun.\n", "لا يغرب القمر بعد الشمس.\n"},
@@ -125,19 +110,12 @@ private:
 
     static TwinWords line_of(const CrescentVerdict& verdict) {
         const CataloguedCriterion& criterion = *verdict.criterion;
-        const TwinWords name = TwinWords(criterion.name) + plain(": ");
+        const TwinWords name = TwinWords(criterion.name) + plain_words(": ");
         if (!verdict.value)
             return name + TwinText{"no answer, beyond its published range\n", "لا جواب، خارج مداه المنشور\n"};
-        return name + criterion.bands()[class_of_value(criterion, *verdict.value)].text + plain(" (") +
-               criterion.measure_name + plain(" = ") + measure(*verdict.value, criterion.unit) + plain(")\n");
-    }
-
-    static TwinWords measure(double value, std::string_view unit) {
-        if (unit == "deg")
-            return number(value, "0.00") + plain("°");
-        if (unit == "min")
-            return number(value, "0.0") + TwinText{" min", " دقيقة"};
-        return number(value, "0.000");
+        return name + criterion.bands()[class_of_value(criterion, *verdict.value)].text + plain_words(" (") +
+               criterion.measure_name + plain_words(" = ") + measure_words(*verdict.value, criterion.unit) +
+               plain_words(")\n");
     }
 
     const ShortAnswer& answer_;

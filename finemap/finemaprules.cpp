@@ -4,6 +4,7 @@
 #include "base/numberformat.h"
 #include "calendar/civildate.h"
 #include "calendar/yearlimits.h"
+#include "crescent/measurewords.h"
 #include "crescent/shortanswer.h"
 #include "events/lowriseset.h"
 #include "finemap/mapstyle.h"
@@ -14,27 +15,13 @@
 namespace halvane {
 namespace {
 
-TwinWords operator+(const TwinWords& first, const TwinWords& second) {
-    return {first.english + second.english, first.arabic + second.arabic};
-}
-
-TwinWords number(double value, std::string_view pattern) {
-    const std::string text = format_number(value, pattern);
-    return {text, text};
-}
-
 double observer_longitude(double longitude) {
     return longitude > 180 ? longitude - 360 : longitude;
 }
 
 TwinWords value_words(const CataloguedCriterion& criterion, double value) {
-    const std::string_view unit = criterion.unit;
-    const TwinWords shown = number(value, unit == "min" ? "0.0" : unit == "deg" ? "0.00" : "0.000");
-    const TwinText behind = unit == "min"   ? TwinText{" min", " دقيقة"}
-                            : unit == "deg" ? TwinText{"°", "°"}
-                                            : TwinText{"", ""};
-    return TwinText{" · ", " · "} + TwinWords(criterion.measure_name) + TwinText{" = ", " = "} + shown +
-           behind;
+    return plain_words(" · ") + TwinWords(criterion.measure_name) + plain_words(" = ") +
+           measure_words(value, criterion.unit);
 }
 
 } // namespace
@@ -81,10 +68,11 @@ TwinWords answer_words(const FineMapSettings& settings, const PlaceAnswer& answe
         return words;
     const CrescentEvening& evening = *answer.evening;
     const CrescentQuantities& q = evening.at_sun_event.topocentric;
-    words = words + TwinText{"\nlag ", "\nالمكث "} + number(evening.lag(), "0.0") +
-            TwinText{" min, age ", " دقيقة، العمر "} + number(evening.age(evening.sun_event), "0.0") +
-            TwinText{" h, altitude ", " ساعة، الارتفاع "} + number(q.moon_altitude, "0.0") +
-            TwinText{"°, elongation ", "°، الاستطالة "} + number(q.elongation, "0.0") + TwinText{"°", "°"};
+    words = words + TwinText{"\nlag ", "\nالمكث "} + number_words(evening.lag(), "0.0") +
+            TwinText{" min, age ", " دقيقة، العمر "} + number_words(evening.age(evening.sun_event), "0.0") +
+            TwinText{" h, altitude ", " ساعة، الارتفاع "} + number_words(q.moon_altitude, "0.0") +
+            TwinText{"°, elongation ", "°، الاستطالة "} + number_words(q.elongation, "0.0") +
+            TwinText{"°", "°"};
     return answer.value ? words + value_words(*settings.criterion, *answer.value) : words;
 }
 

@@ -13,20 +13,6 @@
 namespace halvane {
 namespace {
 
-double quantity_of(const MapNode& node, MapQuantity quantity) {
-    switch (quantity) {
-    case MapQuantity::lag:
-        return node.lag;
-    case MapQuantity::age:
-        return node.age;
-    case MapQuantity::altitude:
-        return node.altitude;
-    case MapQuantity::elongation:
-        break;
-    }
-    return node.elongation;
-}
-
 /// A side of a cell between two nodes, as a number that both cells know it by.
 using SideKey = std::uint64_t;
 
@@ -158,6 +144,20 @@ private:
 };
 
 } // namespace
+
+float quantity_of(const MapNode& node, MapQuantity quantity) {
+    switch (quantity) {
+    case MapQuantity::lag:
+        return node.lag;
+    case MapQuantity::age:
+        return node.age;
+    case MapQuantity::altitude:
+        return node.altitude;
+    case MapQuantity::elongation:
+        break;
+    }
+    return node.elongation;
+}
 
 std::vector<MapLine> map_lines(const FineMap& map, MapQuantity quantity, double every) {
     std::vector<MapLine> lines;

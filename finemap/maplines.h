@@ -8,6 +8,9 @@ namespace halvane {
 /// What lines of equal value are drawn of; each as in MapNode.
 enum class MapQuantity { lag, age, altitude, elongation };
 
+/// A quantity of a node, as in MapNode.
+float quantity_of(const MapNode& node, MapQuantity quantity);
+
 /// A line of equal value.
 struct MapLine {
     double level = 0; ///< [min], [h] or [deg]

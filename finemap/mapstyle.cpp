@@ -175,18 +175,4 @@ const char* key_of(MapQuantity quantity) {
     return "elongation";
 }
 
-float quantity_of(const MapNode& node, MapQuantity quantity) {
-    switch (quantity) {
-    case MapQuantity::lag:
-        return node.lag;
-    case MapQuantity::age:
-        return node.age;
-    case MapQuantity::altitude:
-        return node.altitude;
-    case MapQuantity::elongation:
-        break;
-    }
-    return node.elongation;
-}
-
 } // namespace halvane

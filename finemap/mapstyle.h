@@ -62,7 +62,4 @@ const char* key_of(MapQuantity quantity);
 inline constexpr MapQuantity map_quantities[] = {MapQuantity::lag, MapQuantity::age, MapQuantity::altitude,
                                                  MapQuantity::elongation};
 
-/// A quantity of a node.
-float quantity_of(const MapNode& node, MapQuantity quantity);
-
 } // namespace halvane

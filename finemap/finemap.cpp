@@ -14,7 +14,6 @@
 namespace halvane {
 namespace {
 
-constexpr double date_line = 180;
 constexpr double not_finite = std::numeric_limits<double>::quiet_NaN();
 
 MapNode node_of(const JudgedPlaceOfMap& place) {
@@ -127,7 +126,7 @@ std::optional<FineMap> make_fine_map(const TheoryPointer& theory, const FineMapS
     double first = 0;
     for (MapPart& part : map.parts) {
         const double last = first + 100 * static_cast<double>(part.columns) / columns;
-        const MapJudge judge(map.settings, sky, part.west < date_line ? 0 : -2 * date_line);
+        const MapJudge judge(map.settings, sky, part.shift());
         if (!make_part(judge, map, part, first, last, progress))
             return std::nullopt;
         first = last;

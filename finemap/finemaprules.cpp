@@ -15,10 +15,6 @@
 namespace halvane {
 namespace {
 
-double observer_longitude(double longitude) {
-    return longitude > 180 ? longitude - 360 : longitude;
-}
-
 TwinWords value_words(const CataloguedCriterion& criterion, double value) {
     return plain_words(" · ") + TwinWords(criterion.measure_name) + plain_words(" = ") +
            measure_words(value, criterion.unit);

@@ -45,7 +45,7 @@ using Steps = std::map<PointNumber, std::vector<PointNumber>>;
 
 class BorderFinder {
 public:
-    explicit BorderFinder(const FineMap& map) {
+    explicit BorderFinder(const FineMap& map) : has_date_line_(map.parts.size() > 1) {
         for (const MapZone& zone : map.zones)
             for (const ZonePolygon& polygon : zone.polygons) {
                 add(polygon.outer, zone.map_class);
@@ -70,6 +70,11 @@ public:
 private:
     using Classes = std::pair<MapClass, MapClass>;
 
+    /// The parts of a map meet at the date line, where the classes are of two dates: that is no border.
+    bool is_side_of_parts(const MapPosition& from, const MapPosition& to) const {
+        return has_date_line_ && from.longitude == date_line && to.longitude == date_line;
+    }
+
     void add(const MapRing& ring, MapClass map_class) {
         if (ring.empty())
             return;
@@ -77,8 +82,10 @@ private:
         PointNumber from = first;
         for (std::size_t i = 1; i <= ring.size(); ++i) {
             const PointNumber to = i == ring.size() ? first : points_.number_of(ring[i]);
-            edges_[edge_key(from, to)] = map_class;
-            order_.emplace_back(from, to);
+            if (!is_side_of_parts(points_.at(from), points_.at(to))) {
+                edges_[edge_key(from, to)] = map_class;
+                order_.emplace_back(from, to);
+            }
             from = to;
         }
     }
@@ -113,6 +120,7 @@ private:
         return border;
     }
 
+    bool has_date_line_;
     PointList points_;
     std::unordered_map<std::uint64_t, MapClass> edges_;
     std::vector<std::pair<PointNumber, PointNumber>> order_;

@@ -14,9 +14,8 @@ void add_rows(std::string& text, const FineMap& map, const std::string& head_of_
         for (std::size_t row = 0; row < part.rows; ++row)
             for (std::size_t column = 0; column < part.columns; ++column) {
                 const MapNode& node = part.at(column, row);
-                const double longitude = part.longitude(column);
                 text += head_of_row;
-                text += exact_number(longitude > 180 ? longitude - 360 : longitude) + ",";
+                text += exact_number(part.longitude(column) + part.shift()) + ",";
                 text += exact_number(part.latitude(row)) + ",";
                 text += std::to_string(number_of(*map.settings.criterion, node.map_class)) + ",";
                 text += (std::isfinite(node.value) ? exact_number(node.value) : std::string()) + "\r\n";

@@ -59,11 +59,10 @@ JudgedPlaceOfMap MapJudge::OfRow::at(double longitude) {
 }
 
 PlaceAnswer answer_at(Ephemeris& ephemeris, const FineMapSettings& settings, const MapPosition& place) {
-    const double longitude = place.longitude > 180 ? place.longitude - 360 : place.longitude;
-    const JudgedPlaceOfMap answer =
-        judged(settings, place,
-               crescent_evening(ephemeris, observer_at(longitude, place.latitude, 0), settings.kind,
-                                settings.day, settings.conjunction));
+    const JudgedPlaceOfMap answer = judged(
+        settings, place,
+        crescent_evening(ephemeris, observer_at(observer_longitude(place.longitude), place.latitude, 0),
+                         settings.kind, settings.day, settings.conjunction));
     return {answer.map_class, answer.value, answer.evening};
 }
 

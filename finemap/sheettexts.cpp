@@ -107,7 +107,7 @@ std::string evening_text(const FineMapSettings& settings, Language language) {
 }
 
 std::string longitude_text(double longitude, Language language) {
-    const double shown = longitude > 180 ? longitude - 360 : longitude;
+    const double shown = observer_longitude(longitude);
     if (std::fabs(shown) == 180)
         return "180°";
     return angle_text(shown, {"E", "ق"}, {"W", "غ"}, language);

@@ -8,7 +8,9 @@
 
 #include <cmath>
 #include <gtest/gtest.h>
+#include <map>
 #include <set>
+#include <sstream>
 #include <string>
 
 namespace halvane {
@@ -38,9 +40,13 @@ FineMap two_squares() {
     return map;
 }
 
-FineMap real_map(const char* key) {
+/// A map at 1 degree.
+FineMap real_map(const char* key, const MapWindow& window = {}, double day = ramadan_1447) {
+    const TemporaryProgramFolder folder;
+    load_series();
     FineMapSettings settings;
-    settings.day = ramadan_1447;
+    settings.window = window;
+    settings.day = day;
     settings.conjunction = geocentric_conjunction(named_ephemeris(), ramadan_1447);
     settings.criterion = catalogued_criterion(key);
     settings.step = 1;
@@ -125,6 +131,42 @@ TEST(MapBorders, ARingAroundAZoneIsClosed) {
     EXPECT_EQ(borders[0].points.size(), 4U);
 }
 
+/// On 2026 February 17 the conjunction, at 12:01 UT, is still to come in the evening west of the date line
+/// and is 18 hours old east of it.
+FineMap map_across_the_date_line() {
+    return real_map("mabims-2021", {170, 0, 190, 20}, ramadan_1447 - 1);
+}
+
+/// How often the classes differ on the two sides of the date line.
+int steps_at_the_date_line(const FineMap& map) {
+    int steps = 0;
+    for (std::size_t row = 0; row < map.parts[0].rows; ++row)
+        steps += map.parts[0].at(map.parts[0].columns - 1, row).map_class != map.parts[1].at(0, row).map_class
+                     ? 1
+                     : 0;
+    return steps;
+}
+
+TEST(MapBorders, TheDateLineIsNone) {
+    // Two squares whose common side is the date line, then the same line within one date.
+    FineMap map = two_squares();
+    map.zones = {{MapClass::band_0, {{{{179, 0}, {180, 0}, {180, 1}, {179, 1}}, {}}}},
+                 {MapClass::moon_goes_first, {{{{180, 0}, {181, 0}, {181, 1}, {180, 1}}, {}}}}};
+    EXPECT_EQ(borders_of(map).size(), 1U);
+    map.parts.push_back(map.parts[0]);
+    EXPECT_TRUE(borders_of(map).empty());
+}
+
+TEST(MapBorders, NoneOfAMapRunsAlongTheDateLine) {
+    const FineMap map = map_across_the_date_line();
+    ASSERT_EQ(map.parts.size(), 2U);
+    ASSERT_EQ(steps_at_the_date_line(map), 21) << "the map has nothing to show";
+    for (const MapBorder& border : borders_of(map))
+        for (std::size_t i = 1; i < border.points.size(); ++i)
+            EXPECT_FALSE(border.points[i - 1].longitude == 180 && border.points[i].longitude == 180)
+                << border.points[i].latitude;
+}
+
 TEST(MapBorders, HaveTheNamesOfWhatChangesThere) {
     using enum MapClass;
     EXPECT_EQ(named_border(band_2, moon_goes_first), NamedBorder::moon_with_sun);
@@ -174,8 +216,6 @@ TEST(MapStyles, NumbersAreThoseOfTheSmallMap) {
 class MarkPlaces : public testing::TestWithParam<const char*> {};
 
 TEST_P(MarkPlaces, LieInTheirZonesAndMissNone) {
-    const TemporaryProgramFolder folder;
-    load_series();
     const FineMap map = real_map(GetParam());
     const MapFrame frame{map.settings.window, 0, 0, 26700, 12600};
     const std::vector<PlacedMark> marks = mark_places(map, frame, {1100, 95});
@@ -194,8 +234,6 @@ INSTANTIATE_TEST_SUITE_P(Criteria, MarkPlaces,
                          testing::Values("vesk", "yallop-1997", "saao-2001", "maunder"));
 
 TEST(MarkPlaces, StandBesideTheirNeighboursAsTheyDidInAnotherPart) {
-    const TemporaryProgramFolder folder;
-    load_series();
     const FineMap map = real_map("vesk");
     const MapFrame whole{map.settings.window, 0, 0, 26700, 12608.333333};
     MapFrame part = whole;
@@ -220,6 +258,27 @@ TEST(MapFiles, CsvHasARowForEachPlace) {
     const FineMap map = two_squares();
     EXPECT_EQ(csv_of({&map, 1}), "longitude,latitude,class,value\r\n"
                                  "0,0,3,0\r\n1,0,3,1\r\n2,0,7,2\r\n0,1,3,3\r\n1,1,3,4\r\n2,1,7,5\r\n");
+}
+
+TEST(MapFiles, CsvHasEachPlaceOnceAcrossTheDateLine) {
+    const FineMap map = map_across_the_date_line();
+    std::istringstream rows(csv_of({&map, 1}));
+    std::string row;
+    std::getline(rows, row);
+    std::set<std::string> places;
+    std::size_t count = 0;
+    std::map<std::string, std::string> numbers;
+    for (; std::getline(rows, row); ++count) {
+        const std::size_t behind_latitude = row.find(',', row.find(',') + 1);
+        EXPECT_TRUE(places.insert(row.substr(0, behind_latitude)).second) << row;
+        numbers.try_emplace(row.substr(0, behind_latitude), row.substr(behind_latitude + 1, 1));
+    }
+    EXPECT_EQ(count, 2U * 11 * 21);
+    const auto number_at = [&map](const MapNode& node) {
+        return std::to_string(number_of(*map.settings.criterion, node.map_class));
+    };
+    EXPECT_EQ(numbers["180,0"], number_at(map.parts[0].at(10, 0)));
+    EXPECT_EQ(numbers["-180,0"], number_at(map.parts[1].at(0, 0)));
 }
 
 TEST(MapFiles, CsvOfSeveralMapsIsDated) {

@@ -46,7 +46,9 @@ std::string png_of(const CrescentWatch& watch, const WatchPage& page, int width)
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
+    if (!image.save(&buffer, "PNG"))
+        throw RunTimeFailure(
+            TwinWords{"The picture could not be written as PNG.", "تعذرت كتابة الصورة بصيغة PNG."});
     return bytes.toStdString();
 }
 

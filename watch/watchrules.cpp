@@ -9,6 +9,7 @@
 #include "timetable/timetablefiles.h"
 #include "timetable/timetableplaces.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -16,6 +17,16 @@ namespace halvane {
 namespace {
 
 constexpr std::array<WatchFormat, 3> formats{WatchFormat::pdf, WatchFormat::png, WatchFormat::csv};
+
+/// In     ending  in small letters; the name may have it in capitals
+bool has_ending(std::string_view name, std::string_view ending) {
+    const auto small = [](char letter) {
+        return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+    };
+    return name.size() >= ending.size() &&
+           std::equal(ending.begin(), ending.end(), name.end() - static_cast<std::ptrdiff_t>(ending.size()),
+                      [&small](char wanted, char found) { return wanted == small(found); });
+}
 
 } // namespace
 
@@ -48,7 +59,7 @@ std::span<const WatchFormat> watch_formats() {
 
 std::optional<WatchFormat> watch_format_of(std::string_view file_name) {
     for (const WatchFormat format : formats)
-        if (file_name.ends_with(std::string(".") + name_of(format)))
+        if (has_ending(file_name, std::string(".") + name_of(format)))
             return format;
     return std::nullopt;
 }

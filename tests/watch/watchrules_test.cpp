@@ -40,7 +40,10 @@ TEST_F(WatchRules, KnowTheFormatsByTheirEndings) {
     EXPECT_EQ(watch_format_of("a/sheet.png"), WatchFormat::png);
     EXPECT_EQ(watch_format_of("sheet.csv"), WatchFormat::csv);
     EXPECT_EQ(watch_format_of("sheet.pdf"), WatchFormat::pdf);
+    EXPECT_EQ(watch_format_of("sheet.PNG"), WatchFormat::png);
+    EXPECT_EQ(watch_format_of("SHEET.Csv"), WatchFormat::csv);
     EXPECT_EQ(watch_format_of("pdf"), std::nullopt);
+    EXPECT_EQ(watch_format_of("sheet.png.txt"), std::nullopt);
     EXPECT_EQ(watch_file_name(settings_at("Cape Town", {2026, 2, 18}), WatchFormat::csv),
               "watch-Cape Town-2026-02-18.csv");
 }

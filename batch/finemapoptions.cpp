@@ -49,7 +49,7 @@ MapWindow window_of(const FineMapOptions& options, double step) {
     if (sides.size() != 4)
         throw UsageMistake("--window: wanted W,S,E,N in degrees, found \"" + options.window + "\"");
     MapWindow window{sides[0], sides[1], sides[2], sides[3]};
-    if (window.east <= window.west && window.east >= -180)
+    if (window.east < window.west && window.east >= -180)
         window.east += 360; // it crosses the date line
     if (const std::optional<TwinWords> refused = refused_window(window, step))
         throw UsageMistake("--window: " + refused->english);

@@ -47,6 +47,7 @@ REFUSED = [
     (["map", "--fine", "--window", "1,2,3,nan"], "wanted W,S,E,N"),
     (["map", "--fine", "--window", "0,0,10,90"], "from -85 to 85"),
     (["map", "--fine", "--window", "0,10,10,0"], "its north above its south"),
+    (["map", "--fine", "--window", "10,0,10,5"], "at least one step wide"),
     (["map", "--fine", "--window", "190,0,200,10"], "from -180 to below 180"),
     (["map", "--fine", "--width", "63"], "from 64 to 30000"),
     (["map", "--fine", "--width", "30001"], "from 64 to 30000"),

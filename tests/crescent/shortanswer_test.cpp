@@ -3,6 +3,7 @@
 
 #include "calendar/yearlimits.h"
 #include "crescent/crescentreport.h"
+#include "crescent/measurewords.h"
 #include "routines/seriesloader.h"
 #include "tests/crescent/crescentfixture.h"
 #include "tests/crescent/nineskies.h"
@@ -191,6 +192,14 @@ TEST_F(Answer, OfAReportIsOfItsOwnDateAndClock) {
     EXPECT_EQ(words.find("Evening of Saturday 29 March 2025, Hilo\nSunset 18:34, moonset 19:15, lag 41."), 0U)
         << words;
     EXPECT_TRUE(holds(words, "Yallop as published: B: visible in perfect conditions (q = 0.03")) << words;
+}
+
+TEST(MeasureWords, HaveTheUnitBehindTheNumber) {
+    EXPECT_EQ(measure_words(7.254, "deg").english, "7.25°");
+    EXPECT_EQ(measure_words(7.254, "deg").arabic, "7.25°");
+    EXPECT_EQ(measure_words(41.34, "min").english, "41.3 min");
+    EXPECT_EQ(measure_words(41.34, "min").arabic, "41.3 دقيقة");
+    EXPECT_EQ(measure_words(-0.2154, "").english, "-0.215");
 }
 
 } // namespace

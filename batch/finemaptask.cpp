@@ -10,6 +10,7 @@
 #include "crescent/crescentrules.h"
 #include "crescent/maptexts.h"
 #include "crescent/visibilitymap.h"
+#include "events/phase.h"
 #include "finemap/mapstyle.h"
 #include "report/valuetext.h"
 #include "routines/seriesloader.h"
@@ -87,11 +88,10 @@ CrescentDates dates_of_choices(Ephemeris& ephemeris, const CrescentRecords& cres
 
 /// The conjunctions of a civil year.
 std::vector<CrescentDates> dates_of_year(Ephemeris& ephemeris, const DaySpan& year, CrescentKind kind) {
-    constexpr double month = 29.530588853; // mean synodic month, Meeus, Astronomical Algorithms, chapter 49
     std::vector<CrescentDates> dates;
     for (double conjunction = geocentric_conjunction(ephemeris, year.first);
          date_of(conjunction) <= year.last;
-         conjunction = geocentric_conjunction(ephemeris, conjunction + month))
+         conjunction = geocentric_conjunction(ephemeris, conjunction + synodic_month))
         if (date_of(conjunction) >= year.first)
             dates.push_back({conjunction, days_of(conjunction, kind)});
     return dates;

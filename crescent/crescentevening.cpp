@@ -271,9 +271,25 @@ double CrescentEvening::age(double universal) const {
     return (kind == CrescentKind::new_crescent ? days : -days) * hours_per_day;
 }
 
-double geocentric_conjunction(Ephemeris& ephemeris, double universal) {
-    const double estimate = phase_estimate(Phase::new_moon, nearest_lunation(civil_date(universal)));
+namespace {
+
+/// The geocentric conjunction of a whole lunation index; Julian day, UT1                          [d]
+double conjunction_of(Ephemeris& ephemeris, double lunation) {
+    const double estimate = phase_estimate(Phase::new_moon, lunation);
     return Instant::of_dynamical(refined_phase(ephemeris, Phase::new_moon, estimate)).ut1();
+}
+
+} // namespace
+
+double geocentric_conjunction(Ephemeris& ephemeris, double universal) {
+    constexpr double surely_nearest = 14; // no month is as short as twice this                     [d]
+    const double lunation = std::round(mean_lunation(Instant::of_ut1(universal).dynamical()));
+    const double found = conjunction_of(ephemeris, lunation);
+    const double away = universal - found;
+    if (std::fabs(away) < surely_nearest)
+        return found;
+    const double other = conjunction_of(ephemeris, lunation + (away > 0 ? 1 : -1));
+    return std::fabs(universal - other) < std::fabs(away) ? other : found;
 }
 
 CrescentSky crescent_sky(Ephemeris& ephemeris, const Observer& observer, double universal) {

@@ -35,7 +35,7 @@ struct CrescentEvening {
     double age(double universal) const;
 };
 
-/// The geocentric conjunction nearest to a Julian day within a week of it, both UT1              [d]
+/// The geocentric conjunction in longitude nearest to a Julian day, both UT1                      [d]
 double geocentric_conjunction(Ephemeris& ephemeris, double universal);
 
 /// A rise or a set, or why there is none.

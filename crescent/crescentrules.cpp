@@ -9,6 +9,7 @@
 #include "crescent/crescentreport.h"
 #include "crescent/daywords.h"
 #include "crescent/maptexts.h"
+#include "events/phase.h"
 
 #include <cmath>
 
@@ -94,7 +95,6 @@ void fill_dates(CrescentSettings& settings, const Conjunction& conjunction) {
 
 CrescentSettings coming_crescent(const TheoryPointer& theory, const CrescentRecords& run,
                                  const DateNumbers& today) {
-    constexpr double synodic_month = 29.53;
     Ephemeris ephemeris(theory);
     CrescentRecords near = run;
     near.settings.gregorian = true;

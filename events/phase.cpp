@@ -84,6 +84,11 @@ double elongation_of(Phase phase) {
 
 } // namespace
 
+double mean_lunation(double dynamical) {
+    constexpr double new_moon_of_2000 = 2451550.09766; // mean; Meeus, 2nd ed., chapter 49
+    return (dynamical - new_moon_of_2000) / synodic_month;
+}
+
 double phase_estimate(Phase phase, double k) {
     const double t = k / 1236.85;
     const double t2 = t * t;

@@ -12,8 +12,15 @@ enum class Phase { new_moon, first_quarter, full_moon, last_quarter };
 /// Days that the Moon takes for one degree of elongation.
 inline constexpr double days_per_degree = 0.082077778;
 
+/// Mean synodic month; Meeus, Astronomical Algorithms, 2nd ed., chapter 49, where it multiplies k      [d]
+inline constexpr double synodic_month = 29.530588861;
+
 /// A search for a phase ends when a step is below a quarter of a second                               [d]
 inline constexpr double phase_tolerance = 0.00000289;
+
+/// The lunation index k of a Julian day of dynamical time, with its fraction, by lunations of one length:
+/// their phases are less than a day from the mean ones of the book in the years -4000 to 10000.
+double mean_lunation(double dynamical);
 
 /// A phase by the published mean lunations with periodic terms.
 /// In     phase  which

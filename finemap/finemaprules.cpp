@@ -7,6 +7,7 @@
 #include "crescent/measurewords.h"
 #include "crescent/shortanswer.h"
 #include "events/lowriseset.h"
+#include "events/phase.h"
 #include "finemap/mapstyle.h"
 
 #include <charconv>
@@ -32,7 +33,6 @@ std::vector<double> days_of_crescent(double conjunction, CrescentKind kind) {
 }
 
 std::optional<double> conjunction_after(Ephemeris& ephemeris, double conjunction, int months) {
-    constexpr double synodic_month = 29.530588853; // Meeus, Astronomical Algorithms, chapter 49
     const double near = conjunction + months * synodic_month;
     if (!theory_years.holds(civil_date(near - synodic_month).year) ||
         !theory_years.holds(civil_date(near + synodic_month).year))

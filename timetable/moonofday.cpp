@@ -9,16 +9,14 @@
 namespace halvane {
 namespace {
 
-constexpr double new_moon_of_2000 = 2451550.1; // lunation 0                                        [d]
-constexpr double mean_month = 29.530588861;    // Meeus, Astronomical Algorithms, chapter "Phases of the Moon"
 constexpr int quarters = 4;
 
 } // namespace
 
 MoonPhases::MoonPhases(Ephemeris& ephemeris, double first, double last) {
     // A phase comes within 15 hours of its mean one, so one month more on each side is enough.
-    const double first_lunation = std::floor((first - new_moon_of_2000) / mean_month) - 1;
-    const double last_lunation = std::ceil((last - new_moon_of_2000) / mean_month) + 1;
+    const double first_lunation = std::floor(mean_lunation(first)) - 1;
+    const double last_lunation = std::ceil(mean_lunation(last)) + 1;
     for (double k = first_lunation; k <= last_lunation; ++k)
         for (int quarter = 0; quarter < quarters; ++quarter) {
             const auto phase = static_cast<Phase>(quarter);

@@ -32,23 +32,6 @@ std::optional<double> apparent_of(double airless) {
     return apparent_altitude(airless);
 }
 
-/// The geocentric conjunction nearest to a Julian day, both UT1. In years far from ours the lunation that its
-/// date is counted to is another one, by some months.
-double nearest_conjunction(Ephemeris& ephemeris, double universal) {
-    constexpr double month = 29.530588861; // mean synodic, Meeus, chapter "Phases of the Moon"   [d]
-    constexpr int tries = 3;
-    double asked = universal;
-    double found = geocentric_conjunction(ephemeris, asked);
-    for (int i = 0; i < tries; ++i) {
-        const double months = std::round((universal - found) / month);
-        if (months == 0)
-            break;
-        asked += months * month;
-        found = geocentric_conjunction(ephemeris, asked);
-    }
-    return found;
-}
-
 /// Calculates a watch, part by part.
 class Watcher {
 public:
@@ -62,7 +45,7 @@ public:
         if (!sun.universal)
             return NoWatch{sun.missing, std::nullopt};
         watch_.sun_event = *sun.universal;
-        watch_.conjunction = nearest_conjunction(ephemeris_, watch_.sun_event);
+        watch_.conjunction = geocentric_conjunction(ephemeris_, watch_.sun_event);
         if (std::fabs(watch_.sun_event - watch_.conjunction) > farthest_conjunction)
             return NoWatch{NoEvent::none, watch_.conjunction};
         watch_.moon_event = moon_event_near(ephemeris_, watch_.observer, kind(), watch_.sun_event);

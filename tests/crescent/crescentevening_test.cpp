@@ -2,11 +2,15 @@
 #include "crescent/crescentevening.h"
 
 #include "crescent/criteria.h"
+#include "events/phase.h"
 #include "tests/crescent/crescentfixture.h"
 #include "tests/crescent/nineskies.h"
 
 #include <array>
+#include <cmath>
+#include <cstdlib>
 #include <gtest/gtest.h>
+#include <string>
 
 namespace halvane {
 namespace {
@@ -71,6 +75,48 @@ TEST_F(Evening, WithoutSunsetThereIsNone) {
             crescent_evening(named_ephemeris(), observer, CrescentKind::new_crescent, day, conjunction));
     }
 }
+
+class ConjunctionsOfAYear : public CrescentTest, public ::testing::WithParamInterface<int> {};
+
+// No month is shorter than 29.2 d or longer than 29.9 d, so a year has twelve or thirteen conjunctions.
+TEST_P(ConjunctionsOfAYear, FollowEachOther) {
+    const double first = julian_day({GetParam(), 1, 1});
+    const double end = julian_day({GetParam() + 1, 1, 1});
+    int found = 0;
+    double conjunction = geocentric_conjunction(named_ephemeris(), first);
+    EXPECT_LT(std::fabs(conjunction - first), 15);
+    while (conjunction < end) {
+        found += conjunction >= first ? 1 : 0;
+        ASSERT_LE(found, 13);
+        const double next = geocentric_conjunction(named_ephemeris(), conjunction + synodic_month);
+        EXPECT_GT(next - conjunction, 29.2);
+        EXPECT_LT(next - conjunction, 29.9);
+        conjunction = next;
+    }
+    EXPECT_GE(found, 12);
+}
+
+TEST_P(ConjunctionsOfAYear, AreTheNearestOfEachDay) {
+    const double first = julian_day({GetParam(), 1, 1});
+    double known = geocentric_conjunction(named_ephemeris(), first);
+    double next = geocentric_conjunction(named_ephemeris(), known + synodic_month);
+    const double end = known + 60;
+    for (double day = known; day < end; day += 0.25) {
+        if (day >= next) {
+            known = next;
+            next = geocentric_conjunction(named_ephemeris(), known + synodic_month);
+        }
+        const double nearest = day - known < next - day ? known : next;
+        EXPECT_NEAR(geocentric_conjunction(named_ephemeris(), day), nearest, second) << day;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(OfTheTheories, ConjunctionsOfAYear,
+                         ::testing::Values(-3999, -3000, 1, 2026, 3500, 5000, 9000, 9990),
+                         [](const auto& tried) {
+                             return (tried.param < 0 ? "Before" : "Of") +
+                                    std::to_string(std::abs(tried.param));
+                         });
 
 } // namespace
 } // namespace halvane

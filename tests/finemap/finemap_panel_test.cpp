@@ -350,5 +350,19 @@ TEST_F(FineMapPanelTest, TheYearsOfTheTheoriesEnd) {
     EXPECT_FALSE(conjunction_after(ephemeris, in_9999, 1));
 }
 
+TEST_F(FineMapPanelTest, StepsToTheNextConjunctionInFarYears) {
+    Ephemeris ephemeris(loaded_theory());
+    constexpr double in_9000 = 5008600;
+    constexpr double in_3000_bc = 625700;
+    for (const double day : {in_9000, in_3000_bc}) {
+        const double conjunction = geocentric_conjunction(ephemeris, day);
+        for (const int months : {1, -1}) {
+            const double moved = conjunction_after(ephemeris, conjunction, months).value() - conjunction;
+            EXPECT_GT(moved * months, 29.2) << day;
+            EXPECT_LT(moved * months, 29.9) << day;
+        }
+    }
+}
+
 } // namespace
 } // namespace halvane

@@ -8,6 +8,7 @@
 #include "crescent/mapmarks.h"
 #include "crescent/maptexts.h"
 #include "ephemeris/series.h"
+#include "events/phase.h"
 #include "routines/namedengine.h"
 #include "routines/seriesloader.h"
 #include "stored/programfolder.h"
@@ -51,11 +52,10 @@ void count_contacts(const MapRun& run, Contacts& contacts) {
 
 Contacts contacts_of_years(int lunations) {
     constexpr double january_2020 = 2458872.4; // near the New Moon of 24 January 2020
-    constexpr double month = 29.530588853;     // mean synodic month, Meeus, Astronomical Algorithms
     Contacts contacts;
     for (int lunation = 0; lunation < lunations; ++lunation) {
         MapRun run;
-        run.conjunction = map_conjunction(named_ephemeris(), january_2020 + month * lunation);
+        run.conjunction = map_conjunction(named_ephemeris(), january_2020 + synodic_month * lunation);
         for (const CrescentKind kind : {CrescentKind::new_crescent, CrescentKind::old_crescent})
             for (int criterion = 0; criterion < static_cast<int>(criteria().size()); ++criterion)
                 for (int day = 0; day <= 2; ++day) {

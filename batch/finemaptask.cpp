@@ -11,6 +11,7 @@
 #include "crescent/maptexts.h"
 #include "crescent/visibilitymap.h"
 #include "events/phase.h"
+#include "finemap/finemaprules.h"
 #include "finemap/mapstyle.h"
 #include "report/valuetext.h"
 #include "routines/seriesloader.h"
@@ -40,19 +41,6 @@ struct CrescentDates {
     std::vector<double> days; ///< 0 h of each                                                   [d]
 };
 
-double date_of(double jd) {
-    return std::floor(jd - 0.5) + 0.5;
-}
-
-/// The date of a conjunction and the two after it, or before it for an old crescent.
-std::vector<double> days_of(double conjunction, CrescentKind kind) {
-    const double way = kind == CrescentKind::new_crescent ? 1 : -1;
-    std::vector<double> days;
-    for (int day = 0; day < evenings; ++day)
-        days.push_back(date_of(conjunction) + way * day);
-    return days;
-}
-
 double day_of_text(const std::string& text) {
     const SpanAnswer answer = dates_span(text, text);
     if (answer.refused)
@@ -66,11 +54,12 @@ CrescentDates dates_near(Ephemeris& ephemeris, const std::string& text) {
     constexpr double farthest = 3;
     const double day = day_of_text(text);
     const double conjunction = geocentric_conjunction(ephemeris, day + noon);
-    const double away = day - date_of(conjunction);
+    const double away = day - start_of_date(conjunction);
     if (std::fabs(away) > farthest)
         throw UsageMistake("--date: the nearest conjunction is on " +
-                           iso_date(civil_date(date_of(conjunction))) + ", " + plain_number(std::fabs(away)) +
-                           " days from " + text + "; a crescent is looked for within 3 days of it");
+                           iso_date(civil_date(start_of_date(conjunction))) + ", " +
+                           plain_number(std::fabs(away)) + " days from " + text +
+                           "; a crescent is looked for within 3 days of it");
     return {conjunction, {day}};
 }
 
@@ -90,10 +79,10 @@ CrescentDates dates_of_choices(Ephemeris& ephemeris, const CrescentRecords& cres
 std::vector<CrescentDates> dates_of_year(Ephemeris& ephemeris, const DaySpan& year, CrescentKind kind) {
     std::vector<CrescentDates> dates;
     for (double conjunction = geocentric_conjunction(ephemeris, year.first);
-         date_of(conjunction) <= year.last;
+         start_of_date(conjunction) <= year.last;
          conjunction = geocentric_conjunction(ephemeris, conjunction + synodic_month))
-        if (date_of(conjunction) >= year.first)
-            dates.push_back({conjunction, days_of(conjunction, kind)});
+        if (start_of_date(conjunction) >= year.first)
+            dates.push_back({conjunction, days_of_crescent(conjunction, kind)});
     return dates;
 }
 
@@ -107,7 +96,7 @@ std::vector<CrescentDates> dates_of_hijri_year(Ephemeris& ephemeris, double year
         const double first_day =
             next > months ? day_number_of_hijri(year + 1, 1, 1) : day_number_of_hijri(year, next, 1);
         const double conjunction = geocentric_conjunction(ephemeris, first_day - 1);
-        dates.push_back({conjunction, days_of(conjunction, kind)});
+        dates.push_back({conjunction, days_of_crescent(conjunction, kind)});
     }
     return dates;
 }
@@ -216,7 +205,7 @@ private:
 };
 
 std::string name_of_month(const CrescentDates& dates, CrescentKind kind) {
-    return hijri_month_of(date_of(dates.conjunction), kind, Language::english);
+    return hijri_month_of(start_of_date(dates.conjunction), kind, Language::english);
 }
 
 int run_one_date(const FineMapOptions& options, const PageMaker& painter, Progress& progress) {

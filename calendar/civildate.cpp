@@ -14,6 +14,10 @@ DateNumbers civil_date(double jd) {
     return date;
 }
 
+double start_of_date(double jd) {
+    return std::floor(jd - 0.5) + 0.5;
+}
+
 double hours_of_day(double jd) {
     const double value = jd + 0.5;
     return (value - std::floor(value)) * 24;

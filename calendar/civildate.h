@@ -19,6 +19,9 @@ auto about_day(double jd, Work&& work) {
     }
 }
 
+/// 0 h of the civil date that a Julian day lies in                                             [d]
+double start_of_date(double jd);
+
 /// Hours passed of the civil day that a Julian day lies in, from 0 to below 24.
 double hours_of_day(double jd);
 

@@ -25,7 +25,7 @@ TwinWords value_words(const CataloguedCriterion& criterion, double value) {
 
 std::vector<double> days_of_crescent(double conjunction, CrescentKind kind) {
     constexpr int evenings = 3;
-    const double date = std::floor(conjunction - 0.5) + 0.5;
+    const double date = start_of_date(conjunction);
     std::vector<double> days;
     for (int day = 0; day < evenings; ++day)
         days.push_back(kind == CrescentKind::new_crescent ? date + day : date - day);

@@ -16,17 +16,12 @@ namespace {
 
 constexpr double half_minute = 0.5 / 1440;
 
-/// 0 h of the date that a Julian day lies in.
-double date_of(double jd) {
-    return std::floor(jd - 0.5) + 0.5;
-}
-
 /// "17 February 2026, 12:01", to the minute.
 std::string moment_text(double jd, Language language) {
     const double minute = jd + half_minute;
     const int whole = static_cast<int>(std::floor(hours_of_day(minute) * 60));
     const std::string comma = language == Language::english ? ", " : "، ";
-    return map_date_text(date_of(minute), language) + comma + format_number(whole / 60, "00") + ":" +
+    return map_date_text(start_of_date(minute), language) + comma + format_number(whole / 60, "00") + ":" +
            format_number(whole % 60, "00");
 }
 
@@ -38,7 +33,7 @@ std::string clock_text(double jd, Language language) {
 /// The local clock behind the Universal Time; with its date where that differs.
 std::string local_text(double conjunction, const SheetClock& clock, Language language) {
     const double local = conjunction + clock.hours_ahead / 24;
-    const bool same_date = date_of(local + half_minute) == date_of(conjunction + half_minute);
+    const bool same_date = start_of_date(local + half_minute) == start_of_date(conjunction + half_minute);
     const std::string shown = same_date ? clock_text(local, language) : moment_text(local, language);
     const std::string zone = " (" + zone_text(clock.hours_ahead) + ")";
     return language == Language::english ? "; " + shown + " in " + clock.place + zone
@@ -82,7 +77,7 @@ SheetTexts sheet_texts(const FineMapSettings& settings, const std::optional<Shee
                        Language language) {
     SheetTexts texts;
     texts.title = map_title(settings.kind).in(language);
-    texts.month = hijri_month_of(date_of(settings.conjunction), settings.kind, language);
+    texts.month = hijri_month_of(start_of_date(settings.conjunction), settings.kind, language);
     texts.criterion = settings.criterion->name.in(language);
     texts.source = settings.criterion->source;
     texts.conjunction = conjunction_text(settings.conjunction, clock, language);

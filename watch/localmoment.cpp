@@ -13,7 +13,7 @@ namespace halvane {
 namespace {
 
 LocalMoment moment_at(double universal, int offset) {
-    const double midnight = std::floor(universal - 0.5) + 0.5;
+    const double midnight = start_of_date(universal);
     const int seconds = static_cast<int>(std::lround((universal - midnight) * seconds_of_day)) + offset;
     const int days = static_cast<int>(std::floor(static_cast<double>(seconds) / seconds_of_day));
     return {midnight + days, seconds - days * seconds_of_day, offset};

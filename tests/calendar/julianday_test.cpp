@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "calendar/civildate.h"
 #include "calendar/modday.h"
 #include "calendar/modjul.h"
 #include "calendar/platformdate.h"
@@ -30,6 +31,12 @@ Civil civil(double value) {
     Civil date{};
     modjuc(value, date.year, date.month, date.day);
     return date;
+}
+
+TEST(JulianDay, StartsItsDateAtMidnight) {
+    for (const double jd : {2461089.5, 2461089.75, 2461090.0, 2461090.49})
+        EXPECT_EQ(start_of_date(jd), 2461089.5) << jd;
+    EXPECT_EQ(start_of_date(-0.75), -1.5);
 }
 
 // Meeus, Astronomical Algorithms, chapter 7: examples 7.a and 7.b and the table of page 62.

@@ -3,7 +3,6 @@
 
 #include "calendar/civildate.h"
 #include "crescent/circumstances.h"
-#include "crescent/conjunction.h"
 #include "crescent/localsky.h"
 #include "ephemeris/modgeneral.h"
 #include "events/bracketedroot.h"
@@ -298,6 +297,20 @@ CrescentSky crescent_sky(Ephemeris& ephemeris, const Observer& observer, double 
 
 CrescentEvent sun_event_on(Ephemeris& ephemeris, const Observer& observer, CrescentKind kind, double day) {
     return event_near(ephemeris, observer, Body::sun, kind, mean_noon(day, observer.longitude));
+}
+
+EventOfDate sun_event_of_date(Ephemeris& ephemeris, const Observer& observer, CrescentKind kind, double date,
+                              const std::function<double(double)>& hours_ahead) {
+    EventOfDate none{{}, date};
+    for (const double moved : {0.0, 1.0, -1.0}) {
+        const CrescentEvent event = sun_event_on(ephemeris, observer, kind, date + moved);
+        if (event.universal &&
+            start_of_date(*event.universal + hours_ahead(*event.universal) / hours_per_day) == date)
+            return {event, date + moved};
+        if (moved == 0 && !event.universal)
+            none.sun = event;
+    }
+    return none;
 }
 
 CrescentEvent moon_event_near(Ephemeris& ephemeris, const Observer& observer, CrescentKind kind,

@@ -6,6 +6,7 @@
 #include "crescent/skyplaces.h"
 #include "stored/visib.h"
 
+#include <functional>
 #include <optional>
 
 namespace halvane {
@@ -47,6 +48,18 @@ struct CrescentEvent {
 /// The Sun's event as crescent_evening takes it.
 /// In     day  0 h of the civil date, without a zone                                             [d]
 CrescentEvent sun_event_on(Ephemeris& ephemeris, const Observer& observer, CrescentKind kind, double day);
+
+/// The Sun's event on a civil date of a place's clock.
+struct EventOfDate {
+    CrescentEvent sun;   ///< without one and without a reason where the events fall on the dates around it
+    double mean_day = 0; ///< the date by the mean time of the longitude, as crescent_evening takes it: the
+                         ///< date itself, the one after or the one before; 0 h of it           [d]
+};
+
+/// In     date         0 h of the civil date on the clock                                        [d]
+///        hours_ahead  of the clock, of Universal Time, at a Julian day in UT1                   [h]
+EventOfDate sun_event_of_date(Ephemeris& ephemeris, const Observer& observer, CrescentKind kind, double date,
+                              const std::function<double(double)>& hours_ahead);
 
 /// The Moon's event as crescent_evening takes it. In     sun_event  Julian day, UT1               [d]
 CrescentEvent moon_event_near(Ephemeris& ephemeris, const Observer& observer, CrescentKind kind,

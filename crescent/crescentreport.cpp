@@ -244,10 +244,13 @@ public:
         Ephemeris ephemeris(theory_);
         const double hours_ahead = values_.location.zone + conjunction_.summer_hours;
         const double conjunction = geocentric_conjunction(ephemeris, conjunction_.local - hours_ahead / 24);
-        return words_of(
-            halvane::short_answer(ephemeris, observer_of(values_.location), kind_of(values_.settings),
-                                  chosen_day(chosen(values_.settings), conjunction_), conjunction),
-            hours_ahead, values_.location.name);
+        const Observer observer = observer_of(values_.location);
+        const CrescentKind kind = kind_of(values_.settings);
+        const double date = chosen_day(chosen(values_.settings), conjunction_);
+        const EventOfDate sun =
+            sun_event_of_date(ephemeris, observer, kind, date, [=](double) { return hours_ahead; });
+        return words_of(halvane::short_answer(ephemeris, observer, kind, date, sun, conjunction), hours_ahead,
+                        values_.location.name);
     }
 
     RunOutcome each_row(const TakeRow& take, Progress& /*progress*/) const override {

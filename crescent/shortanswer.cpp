@@ -132,16 +132,23 @@ bool ShortAnswer::has_crescent() const {
 
 ShortAnswer short_answer(Ephemeris& ephemeris, const Observer& observer, CrescentKind kind, double day,
                          double conjunction, const CriteriaSettings& settings) {
+    const EventOfDate sun{sun_event_on(ephemeris, observer, kind, day), day};
+    return short_answer(ephemeris, observer, kind, day, sun, conjunction, settings);
+}
+
+ShortAnswer short_answer(Ephemeris& ephemeris, const Observer& observer, CrescentKind kind, double date,
+                         const EventOfDate& sun, double conjunction, const CriteriaSettings& settings) {
     ShortAnswer answer;
     answer.kind = kind;
-    answer.day = day;
-    answer.has_sun_event = sun_event_on(ephemeris, observer, kind, day).universal.has_value();
-    answer.evening = crescent_evening(ephemeris, observer, kind, day, conjunction);
+    answer.day = date;
+    answer.has_sun_event = sun.sun.universal.has_value();
+    if (answer.has_sun_event)
+        answer.evening = crescent_evening(ephemeris, observer, kind, sun.mean_day, conjunction);
     for (const CataloguedCriterion& criterion : catalogued_criteria()) {
         if (!judges(criterion, kind) || !(criterion.place || answer.has_crescent()))
             continue;
         const auto evening = criterion.place
-                                 ? judged_evening(ephemeris, criterion, observer, kind, day, conjunction)
+                                 ? judged_evening(ephemeris, criterion, observer, kind, date, conjunction)
                                  : answer.evening;
         answer.verdicts.push_back(
             {&criterion, evening ? criterion_value(criterion, *evening, settings) : std::nullopt});

@@ -18,7 +18,7 @@ struct CrescentVerdict {
 /// Whether a crescent can be looked for on a day at a place, and what each criterion says of it.
 struct ShortAnswer {
     CrescentKind kind = CrescentKind::new_crescent;
-    double day = 0;                         ///< 0 h of the civil date, without a zone           [d]
+    double day = 0;                         ///< 0 h of the civil date                           [d]
     bool has_sun_event = false;             ///< whether the Sun sets, or rises for an old crescent
     std::optional<CrescentEvening> evening; ///< nothing when the Sun or the Moon has no event
     /// Of every criterion that judges this kind; of those alone that judge by a place of their own when there
@@ -35,6 +35,11 @@ struct ShortAnswer {
 /// Error  as crescent_evening.
 ShortAnswer short_answer(Ephemeris& ephemeris, const Observer& observer, CrescentKind kind, double day,
                          double conjunction, const CriteriaSettings& settings = {});
+
+/// The same for a civil date of a place's clock.
+/// In     date  0 h of it; `sun` is of it                                                       [d]
+ShortAnswer short_answer(Ephemeris& ephemeris, const Observer& observer, CrescentKind kind, double date,
+                         const EventOfDate& sun, double conjunction, const CriteriaSettings& settings = {});
 
 /// The answer in lines: the day, then the events, the lag and what stands in the sky at Best Time, or why
 /// there is no crescent; then a line for each verdict. In     hours_ahead  of the local clock, of Universal

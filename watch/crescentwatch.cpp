@@ -18,13 +18,9 @@ namespace halvane {
 namespace {
 
 constexpr double seconds_per_day = 86400;
+constexpr double seconds_per_hour = 3600;
 constexpr double minutes_per_day = 1440;
 constexpr double hours_per_day = 24;
-
-/// 0 h of the civil date that a local Julian day lies in                                        [d]
-double date_of(double local) {
-    return std::floor(local - 0.5) + 0.5;
-}
 
 std::optional<double> apparent_of(double airless) {
     if (airless < lowest_refracted)
@@ -41,10 +37,14 @@ public:
     }
 
     std::variant<CrescentWatch, NoWatch> run() {
-        const CrescentEvent sun = sun_event();
-        if (!sun.universal)
-            return NoWatch{sun.missing, std::nullopt};
-        watch_.sun_event = *sun.universal;
+        const EventOfDate event = sun_event_of_date(
+            ephemeris_, watch_.observer, kind(), watch_.settings.day, [this](double universal) {
+                return clock_offset(watch_.settings.place, universal) / seconds_per_hour;
+            });
+        if (!event.sun.universal)
+            return NoWatch{event.sun.missing, std::nullopt};
+        watch_.sun_event = *event.sun.universal;
+        judged_day_ = event.mean_day;
         watch_.conjunction = geocentric_conjunction(ephemeris_, watch_.sun_event);
         if (std::fabs(watch_.sun_event - watch_.conjunction) > farthest_conjunction)
             return NoWatch{NoEvent::none, watch_.conjunction};
@@ -60,26 +60,6 @@ public:
 
 private:
     CrescentKind kind() const { return watch_.settings.kind; }
-
-    /// The Sun's event on the civil date of the place's clock, which may differ from that of its longitude.
-    CrescentEvent sun_event() {
-        const double day = watch_.settings.day;
-        CrescentEvent first;
-        for (const double moved : {0.0, 1.0, -1.0}) {
-            CrescentEvent event = sun_event_on(ephemeris_, watch_.observer, kind(), day + moved);
-            if (event.universal && local_date(*event.universal) == day) {
-                judged_day_ = day + moved;
-                return event;
-            }
-            if (moved == 0 && !event.universal)
-                first = event;
-        }
-        return first;
-    }
-
-    double local_date(double universal) const {
-        return date_of(universal + clock_offset(watch_.settings.place, universal) / seconds_per_day);
-    }
 
     WatchRow row_at(double universal) {
         WatchRow row;
@@ -230,8 +210,7 @@ double CrescentWatch::age(double universal) const {
 int clock_offset(const TimetablePlace& place, double universal) {
     if (place.zone)
         return place.zone->offset_at(universal);
-    constexpr double seconds_per_hour = 3600;
-    const double date = date_of(universal + place.location.zone / hours_per_day);
+    const double date = start_of_date(universal + place.location.zone / hours_per_day);
     return static_cast<int>(
         std::lround((place.location.zone + summer_hours_of(place.preferences, date)) * seconds_per_hour));
 }

@@ -2,9 +2,12 @@
 #include "crescent/shortanswer.h"
 
 #include "calendar/yearlimits.h"
+#include "crescent/circumstances.h"
 #include "crescent/crescentreport.h"
+#include "crescent/daywords.h"
 #include "crescent/measurewords.h"
 #include "routines/seriesloader.h"
+#include "settings/enginesettings.h"
 #include "tests/crescent/crescentfixture.h"
 #include "tests/crescent/nineskies.h"
 #include "tests/support/places.h"
@@ -200,6 +203,36 @@ TEST(MeasureWords, HaveTheUnitBehindTheNumber) {
     EXPECT_EQ(measure_words(41.34, "min").english, "41.3 min");
     EXPECT_EQ(measure_words(41.34, "min").arabic, "41.3 دقيقة");
     EXPECT_EQ(measure_words(-0.2154, "").english, "-0.215");
+}
+
+// Apia counts thirteen hours ahead of Universal Time at 172 degrees west: its date is not that of its
+// longitude.
+TEST_F(Answer, OfAReportIsOfTheSunsetOfItsReportWhereTheClockIsADayAhead) {
+    write_loc(place_at({-171, 46}, {-13, 50}, 13, "Apia"));
+    for (const bool new_crescent : {true, false}) {
+        CrescentSettings settings = crescent_near(18, 2, 2026, new_crescent);
+        settings.at_sun = true;
+        const CrescentRecords run = read_crescent_records(settings);
+        const Conjunction conjunction = find_conjunction(named_ephemeris(), run);
+        DayEvents events;
+        const auto circumstances =
+            crescent_circumstances(named_ephemeris(), run, conjunction, events).value();
+        const Observer observer = observer_of(run.location);
+        const CrescentKind kind = kind_of(settings);
+        const double hours_ahead = run.location.zone + conjunction.summer_hours;
+        const EventOfDate sun = sun_event_of_date(named_ephemeris(), observer, kind, circumstances.day,
+                                                  [=](double) { return hours_ahead; });
+        EXPECT_EQ(sun.mean_day, circumstances.day - 1);
+        const ShortAnswer answer = short_answer(named_ephemeris(), observer, kind, circumstances.day, sun,
+                                                geocentric_conjunction(named_ephemeris(), circumstances.day));
+        const double sunset = circumstances.day + (circumstances.sun_event - hours_ahead) / 24;
+        constexpr double two_minutes = 2.0 / 1440; // the report's horizon may be that of the height
+        EXPECT_NEAR(answer.evening.value().sun_event, sunset, two_minutes);
+        const std::string words =
+            crescent_run(loaded_theory(), run, conjunction, events)->short_answer().english;
+        EXPECT_EQ(words, words_of(answer, hours_ahead, "Apia").english);
+        EXPECT_TRUE(holds(words, day_words(circumstances.day).english + ", Apia\n")) << words;
+    }
 }
 
 } // namespace

@@ -74,9 +74,11 @@ TwinWords answer_words(const FineMapSettings& settings, const PlaceAnswer& answe
 
 TwinWords numbers_of_place(Ephemeris& ephemeris, const FineMapSettings& settings, const MapPosition& place) {
     const Observer observer = observer_at(observer_longitude(place.longitude), place.latitude, 0);
-    return words_of(
-        short_answer(ephemeris, observer, settings.kind, settings.day, settings.conjunction, settings.limits),
-        0, place_text(place) + " (UT)");
+    const ShortAnswer answer =
+        short_answer(ephemeris, observer, settings.kind, settings.day, settings.conjunction, settings.limits);
+    const std::string name = place_text(place) + " (UT)";
+    // The marks keep its order beside Arabic words.
+    return {words_of(answer, 0, name).english, words_of(answer, 0, "\u2066" + name + "\u2069").arabic};
 }
 
 Location location_at(const MapPosition& place, const Location& stored) {

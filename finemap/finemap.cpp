@@ -52,10 +52,10 @@ std::vector<MapPart> parts_of(const MapWindow& window, double step) {
     const double west = down(window.west);
     const double east = up(window.east);
     std::vector<MapPart> parts;
-    if (west < date_line)
-        parts.push_back(empty_part(west, std::min(east, date_line), south, north, step));
-    if (east > date_line)
-        parts.push_back(empty_part(std::max(west, date_line), east, south, north, step));
+    if (west < antimeridian)
+        parts.push_back(empty_part(west, std::min(east, antimeridian), south, north, step));
+    if (east > antimeridian)
+        parts.push_back(empty_part(std::max(west, antimeridian), east, south, north, step));
     return parts;
 }
 

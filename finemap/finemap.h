@@ -26,14 +26,14 @@ inline constexpr double most_northern = 85;
 inline constexpr double most_southern = -85;
 
 /// The meridian where the dates of evenings step by a day                                        [deg]
-inline constexpr double date_line = 180;
+inline constexpr double antimeridian = 180;
 
 /// From the longitudes of a window beyond the date line to those of observers                    [deg]
 inline constexpr double shift_beyond_date_line = -360;
 
 /// The longitude of an observer, -180 to 180, from that of a window                              [deg]
 constexpr double observer_longitude(double longitude) {
-    return longitude > date_line ? longitude + shift_beyond_date_line : longitude;
+    return longitude > antimeridian ? longitude + shift_beyond_date_line : longitude;
 }
 
 /// What a map is made of.
@@ -71,7 +71,7 @@ struct MapPart {
     std::vector<MapNode> nodes; ///< row by row
 
     /// From its longitudes to those of observers: its first column may be the date line itself    [deg]
-    double shift() const { return west < date_line ? 0 : shift_beyond_date_line; }
+    double shift() const { return west < antimeridian ? 0 : shift_beyond_date_line; }
     double longitude(std::size_t column) const { return west + static_cast<double>(column) * step; }
     double latitude(std::size_t row) const { return south + static_cast<double>(row) * step; }
     const MapNode& at(std::size_t column, std::size_t row) const { return nodes[row * columns + column]; }

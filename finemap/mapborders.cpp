@@ -72,7 +72,7 @@ private:
 
     /// The parts of a map meet at the date line, where the classes are of two dates: that is no border.
     bool is_side_of_parts(const MapPosition& from, const MapPosition& to) const {
-        return has_date_line_ && from.longitude == date_line && to.longitude == date_line;
+        return has_date_line_ && from.longitude == antimeridian && to.longitude == antimeridian;
     }
 
     void add(const MapRing& ring, MapClass map_class) {

@@ -29,8 +29,9 @@ std::string coordinate_text(double value) {
 
 /// How far a polygon is moved so that its longitudes are from -180 to 180: none crosses the 180th meridian.
 double shift_of(const ZonePolygon& polygon) {
-    const bool is_beyond = std::any_of(polygon.outer.begin(), polygon.outer.end(),
-                                       [](const MapPosition& place) { return place.longitude > date_line; });
+    const bool is_beyond =
+        std::any_of(polygon.outer.begin(), polygon.outer.end(),
+                    [](const MapPosition& place) { return place.longitude > antimeridian; });
     return is_beyond ? shift_beyond_date_line : 0;
 }
 

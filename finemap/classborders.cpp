@@ -336,7 +336,7 @@ private:
     /// Where the border passes the middle of a line; nothing where that is near enough or out of reach.
     std::optional<MapPosition> bent_middle(const ClassBorder& border, const MapPosition& a,
                                            const MapPosition& b) {
-        const double near_enough = border.is_of_events() ? 1e-3 : 5e-5; // [deg]
+        const double near_enough = border.is_of_events() ? 2e-3 : 1e-4; // [deg]
         constexpr double first_look = 0.005;                            // of the line's length
         const double length = distance(a, b);
         if (length < near_enough)
@@ -354,13 +354,37 @@ private:
         const std::optional<double> there = left ? left : margin(-look);
         if (!here || !there)
             return std::nullopt;
-        const double off = *here / (*here - *there) * (left ? look : -look);
+        const double first = left ? look : -look;
+        const double off = *here / (*here - *there) * first;
         if (std::fabs(off) < near_enough)
             return std::nullopt;
-        const std::optional<double> passes = passed_at(margin, *here, off, length);
+        std::optional<double> passes = passed_near(margin, {first, *there}, off, length, near_enough);
+        if (!passes)
+            passes = passed_at(margin, *here, off, length);
         if (!passes || !is_inside(beside(*passes)))
             return std::nullopt;
         return beside(*passes);
+    }
+
+    /// A point of the line across with its margin.
+    struct Looked {
+        double off, margin;
+    };
+
+    /// Where the border passes by one more secant, when that is sure enough.
+    template <class Margin>
+    static std::optional<double> passed_near(const Margin& margin, const Looked& last, double expected,
+                                             double length, double near_enough) {
+        constexpr double reach = 0.3; // of the line's length
+        if (!(std::fabs(expected) < reach * length))
+            return std::nullopt;
+        const std::optional<double> there = margin(expected);
+        if (!there || *there == last.margin)
+            return std::nullopt;
+        const double passes = expected - *there * (expected - last.off) / (*there - last.margin);
+        if (std::fabs(passes - expected) < near_enough)
+            return passes;
+        return std::nullopt;
     }
 
     /// Where the margin changes its sign on the line across: on either side of what is expected, then further

@@ -203,7 +203,7 @@ private:
             around.insert(around.end(), side.begin(), side.end());
         std::vector<Line> found;
         while (std::optional<Line> line = take_neighbours(around))
-            found.push_back(std::move(*line));
+            found.push_back(*line);
         if (!around.empty() && depth > 0) {
             join_quarters(triangle, depth - 1);
             return;

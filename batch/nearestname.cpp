@@ -26,6 +26,11 @@ std::size_t changes_between(std::string_view a, std::string_view b) {
 } // namespace
 
 std::string nearest_name(std::string_view word, const std::vector<std::string>& names) {
+    const auto begun = std::find_if(names.begin(), names.end(), [word](const std::string& name) {
+        return !word.empty() && name.starts_with(word);
+    });
+    if (begun != names.end())
+        return *begun;
     return *std::min_element(names.begin(), names.end(), [word](const std::string& a, const std::string& b) {
         return changes_between(word, a) < changes_between(word, b);
     });

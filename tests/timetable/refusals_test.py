@@ -41,7 +41,7 @@ CASES = [
     (["--from", "2026-02-20"], 2, "--to"),
     ([], 2, "required"),
     ([*MONTH, "--year", "2026"], 2, "2 were given"),
-    ([*MONTH, "--place", "Osl"], 2, 'the nearest is "Osh"'),
+    ([*MONTH, "--place", "Osl"], 2, 'the nearest is "Oslo"'),
     ([*MONTH, "--latitude", "91", "--longitude", "3", "--zone", "1"], 2, "from -90 to 90"),
     ([*MONTH, "--latitude", "nan", "--longitude", "3", "--zone", "1"], 2, "from -90 to 90"),
     ([*MONTH, "--latitude", "50", "--longitude", "3"], 2, "time zone is missing"),

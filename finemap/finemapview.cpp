@@ -29,42 +29,24 @@ FineMapView::FineMapView(QWidget* parent) : QWidget(parent) {
     setCursor(Qt::CrossCursor);
 }
 
-FineMapView::~FineMapView() = default;
-
-void FineMapView::show_world(WorldOutline world) {
-    world_ = std::move(world);
-    refresh();
-}
-
-void FineMapView::show_map(std::shared_ptr<const FineMap> map, const MapLook& look) {
-    const bool other_window = !(window_ == map->settings.window);
-    painter_ = std::make_unique<FineMapPainter>(*map, world_, look);
-    map_ = std::move(map);
-    window_ = map_->settings.window;
-    if (other_window)
+void FineMapView::show_map(ShownMapPointer map) {
+    shown_ = std::move(map);
+    if (shown_ != nullptr && !(window_ == shown_->map().settings.window)) {
+        window_ = shown_->map().settings.window;
         show_whole();
-    refresh();
-}
-
-void FineMapView::clear() {
-    painter_.reset();
-    map_.reset();
+    }
     refresh();
 }
 
 void FineMapView::show_whole() {
     scale_ = 0;
-    if (map_ == nullptr)
-        return;
-    const MapWindow& window = map_->settings.window;
-    centre_ = {(window.west + window.east) / 2, (window.south + window.north) / 2};
+    centre_ = {(window_.west + window_.east) / 2, (window_.south + window_.north) / 2};
     refresh();
 }
 
 /// At which all of the map fits.
 double FineMapView::least_scale() const {
-    const MapWindow& window = map_->settings.window;
-    return std::min(width() / (window.east - window.west), height() / (window.north - window.south));
+    return std::min(width() / (window_.east - window_.west), height() / (window_.north - window_.south));
 }
 
 QPointF FineMapView::middle() const {
@@ -72,7 +54,7 @@ QPointF FineMapView::middle() const {
 }
 
 void FineMapView::enlarge(double factor, const QPointF& about) {
-    if (map_ == nullptr)
+    if (shown_ == nullptr)
         return;
     const double before = std::max(scale_, least_scale());
     const double now = std::clamp(before * factor, least_scale(), std::max(greatest_scale, least_scale()));
@@ -85,7 +67,7 @@ void FineMapView::enlarge(double factor, const QPointF& about) {
 }
 
 void FineMapView::move_by(const QPointF& way) {
-    if (map_ == nullptr || scale_ == 0)
+    if (shown_ == nullptr || scale_ == 0)
         return;
     centre_.longitude -= way.x() / scale_;
     centre_.latitude += way.y() / scale_;
@@ -95,13 +77,12 @@ void FineMapView::move_by(const QPointF& way) {
 
 /// Keeps the map's sides at or beyond those of the widget, or the map in the middle where it is smaller.
 void FineMapView::hold_within_map() {
-    const MapWindow& window = map_->settings.window;
     const auto held = [](double centre, double first, double last, double half) {
         return last - first < 2 * half ? (first + last) / 2 : std::clamp(centre, first + half, last - half);
     };
     const double scale = std::max(scale_, least_scale());
-    centre_.longitude = held(centre_.longitude, window.west, window.east, width() / scale / 2);
-    centre_.latitude = held(centre_.latitude, window.south, window.north, height() / scale / 2);
+    centre_.longitude = held(centre_.longitude, window_.west, window_.east, width() / scale / 2);
+    centre_.latitude = held(centre_.latitude, window_.south, window_.north, height() / scale / 2);
 }
 
 void FineMapView::mark_picked(const std::optional<MapPosition>& place) {
@@ -111,9 +92,9 @@ void FineMapView::mark_picked(const std::optional<MapPosition>& place) {
 
 MapFrame FineMapView::frame() const {
     MapFrame frame;
-    if (map_ == nullptr)
+    if (shown_ == nullptr)
         return frame;
-    const MapWindow& whole = map_->settings.window;
+    const MapWindow& whole = window_;
     const double scale = std::max(scale_, least_scale());
     const double half_width = width() / scale / 2;
     const double half_height = height() / scale / 2;
@@ -129,7 +110,7 @@ MapFrame FineMapView::frame() const {
 }
 
 std::optional<MapPosition> FineMapView::place_at(const QPointF& point) const {
-    if (map_ == nullptr)
+    if (shown_ == nullptr)
         return std::nullopt;
     const MapFrame shown = frame();
     const MapPosition place{shown.longitude(point.x()), shown.latitude(point.y())};
@@ -162,13 +143,13 @@ QPixmap FineMapView::painted() const {
     QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.scale(unit, unit);
-    painter_->paint(painter, shown, QRectF(QPointF(), QSizeF(size()) / unit));
+    shown_->painter().paint(painter, shown, QRectF(QPointF(), QSizeF(size()) / unit));
     return picture;
 }
 
 void FineMapView::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    if (map_ == nullptr)
+    if (shown_ == nullptr)
         return;
     if (picture_.isNull())
         picture_ = painted();
@@ -217,8 +198,7 @@ bool FineMapView::event(QEvent* event) {
 }
 
 void FineMapView::resizeEvent(QResizeEvent* event) {
-    if (map_ != nullptr)
-        hold_within_map();
+    hold_within_map();
     refresh();
     QWidget::resizeEvent(event);
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "finemap/finemappainter.h"
+#include "finemap/shownmap.h"
 
 #include <QPixmap>
 #include <QPoint>
@@ -16,16 +16,11 @@ class FineMapView : public QWidget {
     Q_OBJECT
 public:
     explicit FineMapView(QWidget* parent = nullptr);
-    ~FineMapView() override;
 
-    /// The coasts and borders; without them the sea is everywhere.
-    void show_world(WorldOutline world);
-    /// Shows a map; the part of the world stays, unless the map's window is another.
-    void show_map(std::shared_ptr<const FineMap> map, const MapLook& look);
-    /// Shows no map; the part of the world stays for the next.
-    void clear();
+    /// Shows a map, or none; the part of the world stays, unless the map's window is another.
+    void show_map(ShownMapPointer map);
     /// The map that is shown; null when there is none.
-    const FineMap* map() const { return map_.get(); }
+    const FineMap* map() const { return shown_ == nullptr ? nullptr : &shown_->map(); }
 
     /// Shows all of the map.
     void show_whole();
@@ -73,9 +68,7 @@ private:
     void paint_cross(QPainter& painter) const;
     void paint_picked(QPainter& painter) const;
 
-    WorldOutline world_;
-    std::shared_ptr<const FineMap> map_;
-    std::unique_ptr<FineMapPainter> painter_;
+    ShownMapPointer shown_;
     MapWindow window_; ///< of the map that is shown, or was
     MapPosition centre_;
     double scale_ = 0; ///< device independent pixels for a degree; 0 for all of the map

@@ -112,14 +112,10 @@ constexpr double steps[] = {1, 0.5, 0.25};
 constexpr int widths[] = {800, 1600, 3200, 6400, 12800, most_map_width};
 constexpr int pause_after_change = 150; // [ms]
 
-/// As file dialogs take them.
 QList<SaveKind> save_kinds(Language language) {
     QList<SaveKind> all;
-    for (const KindWords& kind : kinds) {
-        const QString ending = QString::fromLatin1(name_of(kind.format));
-        // The mark keeps the pattern's order beside Arabic words.
-        all += {text_of(kind.words, language) + QStringLiteral(" \u200E(*.") + ending + u')', ending};
-    }
+    for (const KindWords& kind : kinds)
+        all += save_kind(text_of(kind.words, language), QString::fromLatin1(name_of(kind.format)));
     return all;
 }
 
@@ -130,15 +126,14 @@ MapFormat format_of_name(const QString& name) {
     return MapFormat::png;
 }
 
-std::string bytes_of(const MapDocument& document, MapFormat format) {
+std::string bytes_of(const MapDocument& document, const WorldOutline& world, MapFormat format) {
     const MapPage page = document.page(1);
     if (format == MapFormat::geojson)
         return geojson_of(page.maps, document.look.language);
     if (format == MapFormat::csv)
         return csv_of(page.maps);
     std::string bytes;
-    draw_maps(document, read_world_outline(), format,
-              [&bytes](std::string_view more) { bytes.append(more); });
+    draw_maps(document, world, format, [&bytes](std::string_view more) { bytes.append(more); });
     return bytes;
 }
 
@@ -150,7 +145,7 @@ std::span<const ControlText> frmfinemap_twins() {
 
 frmfinemap::frmfinemap(QWidget* owner)
     : QDialog(owner), ui_(std::make_unique<Ui::frmfinemap>()), language_(stored_language()),
-      job_(new FineMapJob(this)), pause_(new QTimer(this)) {
+      job_(new FineMapJob(this)), pause_(new QTimer(this)), world_(std::make_shared<const WorldOutline>()) {
     ui_->setupUi(this);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     pause_->setSingleShot(true);
@@ -168,7 +163,7 @@ frmfinemap::frmfinemap(QWidget* owner)
     constexpr double of_the_screen = 0.9;
     resize((screen()->availableSize() * of_the_screen).expandedTo(size()));
     try {
-        ui_->view->show_world(read_world_outline());
+        world_ = std::make_shared<const WorldOutline>(read_world_outline());
     } catch (const RunTimeFailure& failure) {
         show_state(words_of(failure, language_));
     }
@@ -425,7 +420,8 @@ void frmfinemap::calculate() {
 /// A map of other choices does not stay where none of the new ones comes.
 void frmfinemap::show_nothing() {
     shown_.reset();
-    ui_->view->clear();
+    ui_->view->show_map(nullptr);
+    ui_->legend->show_legend(nullptr);
     ui_->lblplace->clear();
 }
 
@@ -459,9 +455,9 @@ void frmfinemap::show_result() {
 void frmfinemap::show_look() {
     if (shown_ == nullptr)
         return;
-    const MapLook look = shown_look();
-    ui_->view->show_map(shown_, look);
-    ui_->legend->show_legend(shown_, look);
+    const auto shown = std::make_shared<const ShownMap>(shown_, world_, shown_look());
+    ui_->view->show_map(shown);
+    ui_->legend->show_legend(shown);
 }
 
 void frmfinemap::show_state(const QString& words) {
@@ -598,7 +594,8 @@ void frmfinemap::save(const QString& name) {
     std::optional<std::string> bytes;
     {
         WaitProgress progress(text_of(saving_words, language_), this);
-        bytes = made_beside([document, format] { return bytes_of(document, format); }, progress);
+        bytes = made_beside([document, world = world_, format] { return bytes_of(document, *world, format); },
+                            progress);
     }
     if (bytes)
         save_result(name.toStdString(), *bytes);

@@ -85,6 +85,7 @@ private:
     Language language_;
     FineMapJob* job_;
     QTimer* pause_;
+    std::shared_ptr<const WorldOutline> world_; ///< an empty one where its file cannot be read
     double conjunction_ = 0;
     std::shared_ptr<const FineMap> shown_; ///< a sketch or a map
     std::shared_ptr<const FineMap> map_;

@@ -22,9 +22,8 @@ LegendView::LegendView(QWidget* parent) : QWidget(parent) {
     setSizePolicy(policy);
 }
 
-void LegendView::show_legend(std::shared_ptr<const FineMap> map, const MapLook& look) {
-    painter_ = std::make_unique<FineMapPainter>(*map, no_world_, look);
-    map_ = std::move(map);
+void LegendView::show_legend(ShownMapPointer map) {
+    shown_ = std::move(map);
     updateGeometry();
     update();
 }
@@ -37,9 +36,9 @@ double LegendView::unit() const {
 }
 
 int LegendView::heightForWidth(int width) const {
-    if (painter_ == nullptr)
+    if (shown_ == nullptr)
         return 0;
-    const MapLegend legend(*painter_, width / unit() - 2 * edge);
+    const MapLegend legend(shown_->painter(), width / unit() - 2 * edge);
     return static_cast<int>(std::ceil((legend.height() + 2 * edge) * unit()));
 }
 
@@ -52,13 +51,13 @@ QSize LegendView::minimumSizeHint() const {
 }
 
 void LegendView::paintEvent(QPaintEvent* /*event*/) {
-    if (painter_ == nullptr)
+    if (shown_ == nullptr)
         return;
     QPainter painter(this);
     painter.fillRect(rect(), Qt::white);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.scale(unit(), unit());
-    MapLegend(*painter_, width() / unit() - 2 * edge).paint(painter, {edge, edge});
+    MapLegend(shown_->painter(), width() / unit() - 2 * edge).paint(painter, {edge, edge});
 }
 
 } // namespace halvane

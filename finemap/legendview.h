@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "finemap/finemappainter.h"
+#include "finemap/shownmap.h"
 
 #include <QWidget>
 #include <memory>
@@ -14,8 +14,8 @@ class LegendView : public QWidget {
 public:
     explicit LegendView(QWidget* parent = nullptr);
 
-    /// Explains a map with its look.
-    void show_legend(std::shared_ptr<const FineMap> map, const MapLook& look);
+    /// Explains a map, or none.
+    void show_legend(ShownMapPointer map);
 
     bool hasHeightForWidth() const override { return true; }
     int heightForWidth(int width) const override;
@@ -28,9 +28,7 @@ protected:
 private:
     double unit() const;
 
-    WorldOutline no_world_;
-    std::shared_ptr<const FineMap> map_;
-    std::unique_ptr<FineMapPainter> painter_;
+    ShownMapPointer shown_;
 };
 
 } // namespace halvane

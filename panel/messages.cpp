@@ -151,6 +151,11 @@ void tell_failure(const std::exception& failure, Language language) {
     present(box);
 }
 
+SaveKind save_kind(const QString& words, const QString& ending) {
+    // The mark keeps the pattern's order beside Arabic words.
+    return {words + QStringLiteral(" \u200E(*.") + ending + u')', ending};
+}
+
 QString name_of_kind(const QString& name, const SaveKind& kind, const QList<SaveKind>& kinds) {
     qsizetype longest = 0;
     for (const SaveKind& other : kinds)

@@ -34,6 +34,10 @@ struct SaveKind {
     QString suffix; ///< without a point; for a name that has none
 };
 
+/// The kind of a format, as file dialogs take it.
+/// In     ending  without a point
+SaveKind save_kind(const QString& words, const QString& ending);
+
 /// `name` with the ending of `kind` in the place of that of another kind, or behind it where it has none of
 /// theirs.
 QString name_of_kind(const QString& name, const SaveKind& kind, const QList<SaveKind>& kinds);

@@ -98,8 +98,7 @@ QList<SaveKind> save_kinds(const QString& name, bool has_run, Language language)
         const bool is_text = format == ReportFormat::text;
         const QString ending = is_text ? QFileInfo(name).suffix() : QString::fromLatin1(name_of(format));
         const QString words = is_text ? text_of(text_kind, language) : ending.toUpper();
-        // The mark keeps the pattern's order beside Arabic words.
-        kinds += {words + QStringLiteral(" \u200E(*.") + ending + u')', ending};
+        kinds += save_kind(words, ending);
     }
     return kinds;
 }

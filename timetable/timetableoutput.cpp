@@ -28,11 +28,8 @@ constexpr KindWords kinds[] = {
 
 QList<SaveKind> timetable_kinds(Language language) {
     QList<SaveKind> all;
-    for (const KindWords& kind : kinds) {
-        const QString ending = QString::fromStdString(ending_of(kind.format));
-        // The mark keeps the pattern's order beside Arabic words.
-        all += {text_of(kind.words, language) + QStringLiteral(" \u200E(*.") + ending + u')', ending};
-    }
+    for (const KindWords& kind : kinds)
+        all += save_kind(text_of(kind.words, language), QString::fromStdString(ending_of(kind.format)));
     return all;
 }
 

@@ -84,13 +84,10 @@ constexpr const char* longest_year = "-88888";
 constexpr int pause_after_change = 200; // [ms]
 constexpr int least_preview_lines = 12;
 
-/// As file dialogs take them.
 QList<SaveKind> save_kinds(Language language) {
     QList<SaveKind> all;
-    for (const KindWords& kind : kinds) {
-        const QString ending = QString::fromLatin1(name_of(kind.format));
-        all += {text_of(kind.words, language) + QStringLiteral(" \u200E(*.") + ending + u')', ending};
-    }
+    for (const KindWords& kind : kinds)
+        all += save_kind(text_of(kind.words, language), QString::fromLatin1(name_of(kind.format)));
     return all;
 }
 

@@ -51,17 +51,24 @@ public:
         return by_hours(centre);
     }
 
+    /// How far a body passes the horizon of its event, and the transit at which it passes it least.
+    struct Passing {
+        double margin;  ///< negative where it does not                                          [deg]
+        double transit; ///< Julian day, UT1                                                      [d]
+    };
+
     /// The lesser of how far the body comes above the horizon of the event and how far below, in the half
-    /// day before the event and the one after, or the reverse for a rising                        [deg]
-    double margin(double centre) {
+    /// day before the event and the one after, or the reverse for a rising.
+    Passing passing(double centre) {
         const Transits at = transits(centre);
         const double above = height(at.upper);
         const double below = -height(at.lower);
-        if (above + far_off < below)
-            return height(turning_point(at.upper));
-        if (below + far_off < above)
-            return -height(turning_point(at.lower));
-        return std::min(height(turning_point(at.upper)), -height(turning_point(at.lower)));
+        // The one that is far from being the lesser need not be exact.
+        const bool is_near_upper = above <= below + far_off;
+        const bool is_near_lower = below <= above + far_off;
+        const Passing upper{is_near_upper ? height(turning_point(at.upper)) : above, at.upper};
+        const Passing lower{is_near_lower ? -height(turning_point(at.lower)) : below, at.lower};
+        return upper.margin < lower.margin ? upper : lower;
     }
 
     /// Why there is no event within half a day of `centre`.
@@ -329,13 +336,14 @@ double event_margin(const SkyPolynomials& sky, const Observer& observer, Crescen
     const bool sets = kind == CrescentKind::new_crescent;
     const double noon = mean_noon(day, observer.longitude);
     EventSearch of_sun(places, observer, Body::sun, sets);
-    const double sun_margin = of_sun.margin(noon);
-    if (sun_margin < 0)
-        return sun_margin;
-    const auto sun_event = of_sun.nearest_to(noon, std::nullopt);
-    if (!sun_event)
-        return sun_margin;
-    return std::min(sun_margin, EventSearch(places, observer, Body::moon, sets).margin(*sun_event));
+    const auto sun = of_sun.passing(noon);
+    if (sun.margin < 0)
+        return sun.margin;
+    // Where the Sun just passes the horizon its event is near that transit, for the Moon's near enough.
+    constexpr double just = 1; // [deg]
+    const double sun_event =
+        sun.margin < just ? sun.transit : of_sun.nearest_to(noon, std::nullopt).value_or(sun.transit);
+    return std::min(sun.margin, EventSearch(places, observer, Body::moon, sets).passing(sun_event).margin);
 }
 
 SkyPolynomials sky_around_date(Ephemeris& ephemeris, double day) {

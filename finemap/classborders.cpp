@@ -49,13 +49,13 @@ public:
                std::optional<JudgedPlaceOfMap>& last)
         : judge_(judge), from_(from), to_(to), length_(distance(from, to)), last_(last) {}
 
-    Crossings find() {
+    /// In     at_from, at_to  the numbers of the side's ends
+    Crossings find(const MapNode& at_from, const MapNode& at_to) {
         constexpr int depth = 8;
-        const JudgedPlaceOfMap first = at(0);
-        const JudgedPlaceOfMap last = at(1);
-        find(0, first, 1, last, depth);
+        find(0, at_from, 1, at_to, depth);
         return std::move(found_);
     }
+    Crossings find() { return find(node_of(at(0)), node_of(at(1))); }
 
 private:
     static constexpr double tolerance = 1e-5; // [deg]
@@ -72,16 +72,21 @@ private:
         found_.push_back({between(from_, to_, std::clamp(share, off, 1 - off)), before, after});
     }
 
-    void find(double a, const JudgedPlaceOfMap& at_a, double b, const JudgedPlaceOfMap& at_b, int depth) {
+    void find(double a, const MapNode& at_a, double b, const MapNode& at_b, int depth) {
         if (at_a.map_class == at_b.map_class)
             return;
         if (depth == 0 || (b - a) * length_ < 4 * tolerance) {
             add((a + b) / 2, at_a.map_class, at_b.map_class);
             return;
         }
-        const auto [low, high] = around_change(a, at_a, b, at_b);
-        const JudgedPlaceOfMap at_low = at(low);
-        const JudgedPlaceOfMap at_high = at(high);
+        const ClassBorder border(judge_, at_a.map_class, at_b.map_class);
+        const auto [low, high] = around_change(border, a, at_a, b, at_b);
+        if (border.is_of_neighbours() && high - low < b - a) {
+            add((low + high) / 2, at_a.map_class, at_b.map_class);
+            return;
+        }
+        const MapNode at_low = node_of(at(low));
+        const MapNode at_high = node_of(at(high));
         find(a, at_a, low, at_low, depth - 1);
         if (at_low.map_class != at_high.map_class)
             add((low + high) / 2, at_low.map_class, at_high.map_class);
@@ -93,10 +98,10 @@ private:
     };
 
     /// A short interval in which the class changes.
-    Interval around_change(double a, const JudgedPlaceOfMap& at_a, double b, const JudgedPlaceOfMap& at_b) {
-        const ClassBorder border(judge_, at_a.map_class, at_b.map_class);
-        const std::optional<double> margin_a = border.margin(at_a);
-        const std::optional<double> margin_b = border.margin(at_b);
+    Interval around_change(const ClassBorder& border, double a, const MapNode& at_a, double b,
+                           const MapNode& at_b) {
+        const std::optional<double> margin_a = border.margin(between(from_, to_, a), at_a);
+        const std::optional<double> margin_b = border.margin(between(from_, to_, b), at_b);
         if (!differ_in_sign(margin_a, margin_b))
             return halved(a, at_a.map_class, b);
         const auto margin = [&](double share) {
@@ -130,13 +135,9 @@ struct Corner {
     std::size_t column, row;
 };
 
-/// The crossings on the sides of one row of cells.
-class RowCrossings {
+/// The crossings on the sides of a piece of a row of cells.
+class PieceCrossings {
 public:
-    Crossings* of(std::size_t column, Side side) {
-        const auto found = crossings_.find(key(column, side));
-        return found == crossings_.end() ? nullptr : &found->second;
-    }
     const Crossings* of(std::size_t column, Side side) const {
         const auto found = crossings_.find(key(column, side));
         return found == crossings_.end() ? nullptr : &found->second;
@@ -328,18 +329,24 @@ private:
         const std::optional<MapPosition> place = depth > 0 ? bent_middle(border, a, b) : std::nullopt;
         if (!place)
             return;
-        bend(border, a, *place, depth - 1, bends);
+        // The halves of a bent line are a quarter as far from the border as it was.
+        const bool is_slight = distance(*place, between(a, b, 0.5)) < 3 * near_enough(border);
+        const int further = is_slight ? 0 : depth - 1;
+        bend(border, a, *place, further, bends);
         bends.push_back(*place);
-        bend(border, *place, b, depth - 1, bends);
+        bend(border, *place, b, further, bends);
     }
+
+    /// How far off a line may be                                                                [deg]
+    static double near_enough(const ClassBorder& border) { return border.is_of_events() ? 2e-3 : 1e-4; }
 
     /// Where the border passes the middle of a line; nothing where that is near enough or out of reach.
     std::optional<MapPosition> bent_middle(const ClassBorder& border, const MapPosition& a,
                                            const MapPosition& b) {
-        const double near_enough = border.is_of_events() ? 2e-3 : 1e-4; // [deg]
-        constexpr double first_look = 0.005;                            // of the line's length
+        constexpr double first_look = 0.005; // of the line's length
+        const double enough = near_enough(border);
         const double length = distance(a, b);
-        if (length < near_enough)
+        if (length < enough)
             return std::nullopt;
         const MapPosition middle = between(a, b, 0.5);
         const MapPosition across{-(b.latitude - a.latitude) / length, (b.longitude - a.longitude) / length};
@@ -356,9 +363,9 @@ private:
             return std::nullopt;
         const double first = left ? look : -look;
         const double off = *here / (*here - *there) * first;
-        if (std::fabs(off) < near_enough)
+        if (std::fabs(off) < enough)
             return std::nullopt;
-        std::optional<double> passes = passed_near(margin, {first, *there}, off, length, near_enough);
+        std::optional<double> passes = passed_near(margin, {first, *there}, off, length, enough);
         if (!passes)
             passes = passed_at(margin, *here, off, length);
         if (!passes || !is_inside(beside(*passes)))
@@ -374,7 +381,7 @@ private:
     /// Where the border passes by one more secant, when that is sure enough.
     template <class Margin>
     static std::optional<double> passed_near(const Margin& margin, const Looked& last, double expected,
-                                             double length, double near_enough) {
+                                             double length, double enough) {
         constexpr double reach = 0.3; // of the line's length
         if (!(std::fabs(expected) < reach * length))
             return std::nullopt;
@@ -382,7 +389,7 @@ private:
         if (!there || *there == last.margin)
             return std::nullopt;
         const double passes = expected - *there * (expected - last.off) / (*there - last.margin);
-        if (std::fabs(passes - expected) < near_enough)
+        if (std::fabs(passes - expected) < enough)
             return passes;
         return std::nullopt;
     }
@@ -432,20 +439,23 @@ private:
 class BorderSearch {
 public:
     BorderSearch(const MapJudge& judge, const MapPart& part)
-        : judge_(judge), part_(part), rows_(part.rows), lines_(part.rows - 1) {}
+        : judge_(judge), part_(part), pieces_of_row_((part.columns + piece - 1) / piece),
+          crossings_(part.rows * pieces_of_row_), lines_((part.rows - 1) * pieces_of_row_) {}
 
     bool find_crossings(Progress& progress) {
-        const auto begin = [this]() -> DoPiece { return [this](std::size_t row) { search_row(row); }; };
-        if (!share_work(part_.rows, begin, progress))
+        const auto begin = [this]() -> DoPiece {
+            return [this](std::size_t number) { search_piece(number); };
+        };
+        if (!share_work(crossings_.size(), begin, progress))
             return false;
-        for (RowCrossings& row : rows_)
-            row.number(borders_.points);
+        for (PieceCrossings& crossings : crossings_)
+            crossings.number(borders_.points);
         return true;
     }
 
     bool join(Progress& progress) {
-        const auto begin = [this]() -> DoPiece { return [this](std::size_t row) { join_row(row); }; };
-        return share_work(part_.rows - 1, begin, progress);
+        const auto begin = [this]() -> DoPiece { return [this](std::size_t number) { join_piece(number); }; };
+        return share_work(lines_.size(), begin, progress);
     }
 
     ClassBorders take_borders() {
@@ -481,10 +491,26 @@ private:
                                        : Ends{{column + 1, row}, {column, row + 1}};
     }
 
-    void search_row(std::size_t row) {
+    /// Rows are cut into pieces: the work of a place differs so much that whole rows do not share out evenly.
+    static constexpr std::size_t piece = 60; // columns
+
+    /// A piece of a row: its columns from the first to before the end.
+    struct Piece {
+        std::size_t row, first, end;
+    };
+    Piece piece_of(std::size_t number) const {
+        const std::size_t first = number % pieces_of_row_ * piece;
+        return {number / pieces_of_row_, first, std::min(first + piece, part_.columns)};
+    }
+    std::size_t number_of(const Corner& corner) const {
+        return corner.row * pieces_of_row_ + corner.column / piece;
+    }
+
+    void search_piece(std::size_t number) {
+        const auto [row, first, end] = piece_of(number);
         const bool last_row = row + 1 == part_.rows;
         std::optional<JudgedPlaceOfMap> last;
-        for (std::size_t column = 0; column < part_.columns; ++column) {
+        for (std::size_t column = first; column < end; ++column) {
             const bool last_column = column + 1 == part_.columns;
             if (!last_column)
                 search_side(column, row, Side::south, last);
@@ -498,12 +524,16 @@ private:
     void search_side(std::size_t column, std::size_t row, Side side, std::optional<JudgedPlaceOfMap>& last) {
         const auto [from, to] = ends_of(column, row, side);
         if (class_at(from) != class_at(to))
-            rows_[row].put(column, side, SideSearch(judge_, place(from), place(to), last).find());
+            crossings_[number_of({column, row})].put(
+                column, side,
+                SideSearch(judge_, place(from), place(to), last)
+                    .find(part_.at(from.column, from.row), part_.at(to.column, to.row)));
     }
 
-    void join_row(std::size_t row) {
-        TriangleLines lines(judge_, borders_.points.size(), lines_[row]);
-        for (std::size_t column = 0; column + 1 < part_.columns; ++column)
+    void join_piece(std::size_t number) {
+        const auto [row, first, end] = piece_of(number);
+        TriangleLines lines(judge_, borders_.points.size(), lines_[number]);
+        for (std::size_t column = first; column < std::min(end, part_.columns - 1); ++column)
             for (const Triangle& triangle : triangles(column, row))
                 if (!is_of_one_class(triangle))
                     lines.join(crossed(triangle));
@@ -541,7 +571,7 @@ private:
         const Side side = from.row == to.row         ? Side::south
                           : from.column == to.column ? Side::west
                                                      : Side::diagonal;
-        const Crossings* crossings = rows_[south_west.row].of(south_west.column, side);
+        const Crossings* crossings = crossings_[number_of(south_west)].of(south_west.column, side);
         if (crossings == nullptr)
             return {};
         const Corner first = ends_of(south_west.column, south_west.row, side).from;
@@ -549,7 +579,7 @@ private:
         return is_this_way ? *crossings : reversed(*crossings);
     }
 
-    /// Takes the lines of a row over: their own points follow those that are there.
+    /// Takes the lines of a piece over: their own points follow those that are there.
     void append(const TriangleLines::Lines& lines) {
         const std::size_t crossings = crossing_points();
         const std::size_t moved = borders_.points.size() - crossings;
@@ -596,8 +626,9 @@ private:
 
     const MapJudge& judge_;
     const MapPart& part_;
-    std::vector<RowCrossings> rows_;
-    std::vector<TriangleLines::Lines> lines_; ///< by row of cells
+    const std::size_t pieces_of_row_;
+    std::vector<PieceCrossings> crossings_;   ///< by piece
+    std::vector<TriangleLines::Lines> lines_; ///< by piece of the rows of cells
     std::optional<std::size_t> crossing_points_;
     ClassBorders borders_;
 };

@@ -8,29 +8,10 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <utility>
 
 namespace halvane {
 namespace {
-
-constexpr double not_finite = std::numeric_limits<double>::quiet_NaN();
-
-MapNode node_of(const JudgedPlaceOfMap& place) {
-    MapNode node;
-    node.map_class = place.map_class;
-    node.value = place.value.value_or(not_finite);
-    if (!place.evening) {
-        node.lag = node.age = node.altitude = node.elongation = static_cast<float>(not_finite);
-        return node;
-    }
-    const CrescentEvening& evening = *place.evening;
-    node.lag = static_cast<float>(evening.lag());
-    node.age = static_cast<float>(evening.age(evening.sun_event));
-    node.altitude = static_cast<float>(evening.at_sun_event.topocentric.moon_altitude);
-    node.elongation = static_cast<float>(evening.at_sun_event.topocentric.elongation);
-    return node;
-}
 
 /// The places of a grid from one degree to another, both at whole steps and within their limits.
 std::size_t places_within(double first, double last, double step) {

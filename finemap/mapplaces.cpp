@@ -2,6 +2,8 @@
 #include "finemap/mapplaces.h"
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 
 namespace halvane {
 namespace {
@@ -25,6 +27,23 @@ JudgedPlaceOfMap judged(const FineMapSettings& settings, const MapPosition& plac
         return {place, std::nullopt, std::nullopt, MapClass::no_event};
     const std::optional<double> value = criterion_value(*settings.criterion, *evening, settings.limits);
     return {place, evening, value, class_of(settings, *evening, value)};
+}
+
+MapNode node_of(const JudgedPlaceOfMap& place) {
+    constexpr double not_finite = std::numeric_limits<double>::quiet_NaN();
+    MapNode node;
+    node.map_class = place.map_class;
+    node.value = place.value.value_or(not_finite);
+    if (!place.evening) {
+        node.lag = node.age = node.altitude = node.elongation = static_cast<float>(not_finite);
+        return node;
+    }
+    const CrescentEvening& evening = *place.evening;
+    node.lag = static_cast<float>(evening.lag());
+    node.age = static_cast<float>(evening.age(evening.sun_event));
+    node.altitude = static_cast<float>(evening.at_sun_event.topocentric.moon_altitude);
+    node.elongation = static_cast<float>(evening.at_sun_event.topocentric.elongation);
+    return node;
 }
 
 JudgedPlaceOfMap MapJudge::judge(const MapPosition& place, const Observer& observer,
@@ -81,13 +100,40 @@ ClassBorder::ClassBorder(const MapJudge& judge, MapClass a, MapClass b) : judge_
         by_ = By::lag;
     } else if (const auto one = band_of(a), other = band_of(b); one && other) {
         by_ = By::value;
+        is_of_neighbours_ = std::max(*one, *other) - std::min(*one, *other) == 1;
         border_ = judge.settings().criterion->bands()[std::min(*one, *other) + 1].border;
     }
 }
 
-std::optional<double> ClassBorder::margin(const JudgedPlaceOfMap& place) const {
+std::optional<double> ClassBorder::margin(const MapPosition& place, const MapNode& node) const {
+    const auto finite = [](double value) {
+        return std::isfinite(value) ? std::optional(value) : std::nullopt;
+    };
+    switch (by_) {
+    case By::value:
+        return finite(node.value - border_);
+    case By::lag:
+        return finite(node.lag);
+    case By::age:
+        return finite(node.age);
+    case By::events:
+        return judge_.event_margin(place);
+    case By::nothing:
+        break;
+    }
+    return std::nullopt;
+}
+
+std::optional<double> ClassBorder::margin_at(const MapPosition& place,
+                                             std::optional<JudgedPlaceOfMap>& last) const {
     if (by_ == By::events)
-        return judge_.event_margin(place.place);
+        return judge_.event_margin(place);
+    last = judge_.judge(place, last ? &*last : nullptr);
+    return margin(*last);
+}
+
+/// From the numbers themselves, which a node has in single precision.
+std::optional<double> ClassBorder::margin(const JudgedPlaceOfMap& place) const {
     if (!place.evening)
         return std::nullopt;
     switch (by_) {
@@ -102,14 +148,6 @@ std::optional<double> ClassBorder::margin(const JudgedPlaceOfMap& place) const {
         break;
     }
     return std::nullopt;
-}
-
-std::optional<double> ClassBorder::margin_at(const MapPosition& place,
-                                             std::optional<JudgedPlaceOfMap>& last) const {
-    if (by_ == By::events)
-        return judge_.event_margin(place);
-    last = judge_.judge(place, last ? &*last : nullptr);
-    return margin(*last);
 }
 
 } // namespace halvane

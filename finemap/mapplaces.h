@@ -15,6 +15,9 @@ struct JudgedPlaceOfMap {
     MapClass map_class = MapClass::no_event;
 };
 
+/// The numbers of a place for the grid.
+MapNode node_of(const JudgedPlaceOfMap& place);
+
 /// Judges the places of a part of a map by the sky of its date. Constant: any number of threads may ask.
 class MapJudge {
 public:
@@ -66,14 +69,21 @@ public:
     /// Whether it is the edge of where there are events.
     bool is_of_events() const { return by_ == By::events; }
 
-    std::optional<double> margin(const JudgedPlaceOfMap& place) const;
+    /// Whether nothing else can be between the two classes than their border.
+    bool is_of_neighbours() const { return is_of_neighbours_; }
+
+    /// In     node  the numbers of `place`
+    std::optional<double> margin(const MapPosition& place, const MapNode& node) const;
     /// In,out last  a place judged before, then this one, if it has to be judged
     std::optional<double> margin_at(const MapPosition& place, std::optional<JudgedPlaceOfMap>& last) const;
 
 private:
     enum class By { nothing, value, lag, age, events };
     const MapJudge& judge_;
+    std::optional<double> margin(const JudgedPlaceOfMap& place) const;
+
     By by_ = By::nothing;
+    bool is_of_neighbours_ = false;
     double border_ = 0;
 };
 

@@ -4,10 +4,12 @@
 
 #include "alerts/alertwindow.h"
 #include "base/failure.h"
+#include "crescent/crescentevening.h"
 #include "crescent/frmcresv.h"
 #include "crescent/frmmap.h"
 #include "desktop/frmmain.h"
 #include "desktop/panels.h"
+#include "finemap/frmfinemap.h"
 #include "panel/frmwait.h"
 #include "panel/messages.h"
 #include "panel/panelstyle.h"
@@ -148,6 +150,20 @@ void take_watch(const Camera& camera) {
     camera.take(watch, QStringLiteral("frmwatch"));
 }
 
+/// The fine map of the same evening.
+void take_fine_map(const Camera& camera) {
+    constexpr double near_6_june = 2460468; // 2024 June 6, noon
+    Ephemeris ephemeris(loaded_theory());
+    frmfinemap map;
+    map.choose(CrescentKind::new_crescent, geocentric_conjunction(ephemeris, near_6_june), 1, "yallop-1997");
+    constexpr QSize usual_window{1180, 660};
+    map.resize(usual_window);
+    map.show();
+    while (!map.is_settled())
+        settle();
+    camera.take(map, QStringLiteral("frmfinemap"));
+}
+
 void take_alert(const Camera& camera, Language language) {
     const Alert alert{Alert::Kind::window, Prayer::aser,         Athan::mecca, shown_clock(1, 16 + 19.0 / 60),
                       Prayer::maghreb,     shown_clock(1, 19.75)};
@@ -205,6 +221,7 @@ void take_all(const QString& folder, Language language) {
     camera.take(qiblah_map, QStringLiteral("frmqmap"));
     take_crescent(camera);
     take_watch(camera);
+    take_fine_map(camera);
     take_alert(camera, language);
     take_shared_windows(camera, language);
 }

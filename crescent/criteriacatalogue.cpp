@@ -211,7 +211,8 @@ constexpr CataloguedCriterion table[] = {
      .classes = {{{.text = no_aid_helps},
                   {-0.97, true, aid_needed},
                   {2, true, {"Could be seen by naked eye", "قد يرى بالعين المجردة"}},
-                  {5.65, true, easily}}}},
+                  {5.65, true, easily}}},
+     .by_eye = 2},
     {.key = "yallop",
      .name = {"Yallop", "يالوب"},
      .source = "Yallop, NAO Technical Note 69 (1997), its line with topocentric quantities",
@@ -226,7 +227,8 @@ constexpr CataloguedCriterion table[] = {
                   {-0.014,
                    false,
                    {"Visible by naked eye in perfect conditions", "يرى بالعين المجردة في ظروف مثالية"}},
-                  {0.216, false, easily}}}},
+                  {0.216, false, easily}}},
+     .by_eye = 3},
     {.key = "saao",
      .name = {"SAAO", "جنوب أفريقيا"},
      .source = "Caldwell and Laney, African Skies 5, 15 (2001), by cubics",
@@ -235,9 +237,8 @@ constexpr CataloguedCriterion table[] = {
      .measure_name = {"lower limb above the cubic", "الحافة السفلى فوق المنحنى"},
      .unit = "deg",
      .measure = saao,
-     .classes = {{{.text = saao_impossible},
-                  {6.2912, true, saao_improbable},
-                  {8.1912, true, saao_probable}}}},
+     .classes = {{{.text = saao_impossible}, {6.2912, true, saao_improbable}, {8.1912, true, saao_probable}}},
+     .by_eye = 2},
     {.key = "yallop-1997",
      .name = {"Yallop as published", "يالوب كما نشر"},
      .source = "Yallop, NAO Technical Note 69 (1997, updated 1998)",
@@ -255,7 +256,8 @@ constexpr CataloguedCriterion table[] = {
             {"C: may need optical aid to find it, then the eye",
              "C: قد يحتاج مرقب/تلسكوب لإيجاده ثم يرى بالعين المجردة"}},
            {-0.014, false, {"B: visible in perfect conditions", "B: يرى بالعين المجردة في ظروف مثالية"}},
-           {0.216, false, {"A: easily visible", "A: يرى بسهولة بالعين المجردة"}}}}},
+           {0.216, false, {"A: easily visible", "A: يرى بسهولة بالعين المجردة"}}}},
+     .by_eye = 4},
     {.key = "saao-2001",
      .name = {"SAAO as published", "جنوب أفريقيا كما نشر"},
      .source = "Caldwell and Laney, African Skies 5, 15 (2001)",
@@ -266,7 +268,8 @@ constexpr CataloguedCriterion table[] = {
      .measure = saao_2001,
      .classes = {{{.text = saao_impossible},
                   {-saao_aid_span, true, saao_improbable},
-                  {0, true, saao_probable}}}},
+                  {0, true, saao_probable}}},
+     .by_eye = 2},
     {.key = "danjon",
      .name = {"Danjon's limit", "حد دانجون"},
      .source = "Danjon, L'Astronomie 46, 57 (1932) and 50, 57 (1936)",
@@ -434,6 +437,10 @@ constexpr bool has_borders_in_order(const CataloguedCriterion& row) {
     return bands.front().border == -std::numeric_limits<double>::infinity();
 }
 
+constexpr bool has_class_of_eye(const CataloguedCriterion& row) {
+    return row.by_eye > 0 && row.by_eye < row.bands().size();
+}
+
 constexpr bool has_measure(const CataloguedCriterion& row) {
     return row.moment != ObservationMoment{} && row.measure != nullptr;
 }
@@ -441,6 +448,8 @@ constexpr bool has_measure(const CataloguedCriterion& row) {
 static_assert(std::all_of(std::begin(table), std::end(table), has_whole_texts), "a criterion lacks a text");
 static_assert(std::all_of(std::begin(table), std::end(table), has_borders_in_order),
               "a criterion's classes are not in order");
+static_assert(std::all_of(std::begin(table), std::end(table), has_class_of_eye),
+              "no class of a criterion is seen by eye, or all are");
 static_assert(std::all_of(std::begin(table), std::end(table), has_measure),
               "a criterion has no moment or no measure");
 

@@ -57,7 +57,8 @@ struct CataloguedCriterion {
     /// Nothing where the criterion has no answer.
     std::optional<double> (*measure)(const CrescentEvening& evening, const CriteriaSettings& settings);
     std::array<CriterionClass, most_classes> classes; ///< the lowest first; empty ones end the list
-    std::optional<JudgedPlace> place = std::nullopt;  ///< nothing: the observer's own
+    std::size_t by_eye = 1; ///< the lowest class of what the eye sees, or of what meets the condition
+    std::optional<JudgedPlace> place = std::nullopt; ///< nothing: the observer's own
 
     /// The classes without the empty ones at the end.
     constexpr std::span<const CriterionClass> bands() const {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/progress.h"
+#include "calendar/yearlimits.h"
 #include "hijri/hijrirules.h"
 
 #include <optional>
@@ -24,9 +25,10 @@ struct MonthMargin {
 /// What is told of a month besides its days.
 enum class MonthNote {
     none = 0,
-    announced = 1,      ///< its start stands in the list of announced ones
-    made_to_fit = 2,    ///< its start is not the rule's: the months before an announced start make room
-    completed = 4,      ///< the month before has 30 days, for want of an evening or a crescent
+    announced = 1, ///< its start stands in the list of announced ones
+    made_to_fit =
+        2,         ///< its start is not the rule's: every month has 29 or 30 days, also beside announced ones
+    completed = 4, ///< the month before has 30 days without a crescent after them
     seen_on_28th = 8,   ///< the month before has 28 days: the crescent was seen on the evening of the 28th
     rule_doubtful = 16, ///< by which rule these years were made is not known
 };

@@ -5,6 +5,7 @@
 #include "crescent/criteriacatalogue.h"
 #include "finemap/finemap.h"
 #include "hijri/announcedstart.h"
+#include "hijri/tabularcycle.h"
 
 #include <cstddef>
 #include <span>
@@ -23,12 +24,6 @@ enum class HijriRuleKind {
     seen_anywhere, ///< the crescent, anywhere in a part of the world
     turkey_1978,   ///< altitude and elongation, anywhere
     istanbul_2016  ///< the same before midnight in Universal Time, with its exception
-};
-
-/// The leap years of a cycle of 30 years.
-struct TabularCycle {
-    int added = 14;        ///< the year y is a leap year where (11 y + added) mod 30 < 11
-    int epoch = 1'948'440; ///< day number of 1 Muharram 1                                      [d]
 };
 
 /// A rule of months.
@@ -67,21 +62,24 @@ struct HijriPlace {
     double hours_ahead = 0; ///< of its clock from Universal Time, by which its dates are counted  [h]
 };
 
+/// By how many days the dates of a place's clock are ahead of those of the mean time of its longitude: 0 but
+/// beyond the date line.
+double days_ahead(const HijriPlace& place);
+
 /// A rule with what it asks for.
 struct HijriSettings {
     const HijriRule* rule = nullptr;
     HijriPlace place;
     const CataloguedCriterion* criterion = nullptr;
-    std::size_t seen_class = 1; ///< the lowest class of the criterion that counts as seen
+    std::size_t seen_class = 1; ///< the lowest class that counts as seen; usually the criterion's `by_eye`
     CriteriaSettings limits;
     MapWindow region{-180, -60, 180, 60}; ///< within which a crescent counts
     SeenBefore before = SeenBefore::any_time;
+    /// Mainland of the Americas (mainland.h) for the exception of Istanbul 2016; empty: without it.
+    MapRing americas;
     /// In the order of their months; as announced_of_text (announcedlist.h) checks them.
     std::vector<AnnouncedStart> announced;
 };
-
-/// The lowest class of a criterion that counts as seen by eye, where the user says nothing.
-std::size_t usual_seen_class(const CataloguedCriterion& criterion);
 
 /// "Seen at Amman by Yallop", "Umm al-Qura", with "announced, else ..." before it where months are announced.
 TwinWords name_of(const HijriSettings& settings);

@@ -120,12 +120,6 @@ Measured mabims_2021_topocentric(const Evening& evening, const Settings& /*setti
     return mabims_margin(evening, evening.at_sun_event.topocentric);
 }
 
-/// Altitude 5 and elongation 8 at sunset, the altitude in the frame of `frame_of_altitude`.
-double istanbul_margin(const Evening& evening, const CrescentQuantities& frame_of_altitude) {
-    const double elongation = elongation_since(evening, evening.at_sun_event.geocentric.elongation);
-    return margin_of(frame_of_altitude.moon_altitude, 5, elongation, 8);
-}
-
 /// Hours that are left of the civil date in Universal Time at sunset.
 double hours_to_midnight(const Evening& evening) {
     return (evening.day + 1 - evening.sun_event) * 24;
@@ -463,6 +457,11 @@ const CataloguedCriterion* catalogued_criterion(std::string_view key) {
     const auto* const found = std::find_if(std::begin(table), std::end(table),
                                            [key](const CataloguedCriterion& row) { return row.key == key; });
     return found == std::end(table) ? nullptr : found;
+}
+
+double istanbul_margin(const Evening& evening, const CrescentQuantities& frame_of_altitude) {
+    const double elongation = elongation_since(evening, evening.at_sun_event.geocentric.elongation);
+    return margin_of(frame_of_altitude.moon_altitude, 5, elongation, 8);
 }
 
 std::optional<double> criterion_value(const CataloguedCriterion& criterion, const CrescentEvening& evening,

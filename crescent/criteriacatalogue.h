@@ -88,6 +88,11 @@ std::optional<CrescentEvening> judged_evening(Ephemeris& ephemeris, const Catalo
 std::optional<double> criterion_value(const CataloguedCriterion& criterion, const CrescentEvening& evening,
                                       const CriteriaSettings& settings = {});
 
+/// By how much the Moon passes the limits of Istanbul at sunset, altitude 5 and elongation 8, by the smaller
+/// margin; the elongation is geocentric and negative while the conjunction is to come. Airless.
+/// In     frame_of_altitude  of the evening's quantities at sunset, those whose altitude counts
+double istanbul_margin(const CrescentEvening& evening, const CrescentQuantities& frame_of_altitude); // [deg]
+
 /// The class that a value of the measure falls into: an index of bands().
 std::size_t class_of_value(const CataloguedCriterion& criterion, double value);
 

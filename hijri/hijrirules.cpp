@@ -153,6 +153,13 @@ constexpr HijriRule table[] = {
               "تقويم واحد للعالم: الحدود نفسها في أي مكان قبل منتصف الليل بالتوقيت العالمي؛ و بعده في بر "
               "الأمريكتين فقط إذا كان الاقتران قبل فجر نيوزيلندا."},
      .source = "Congress on the unification of the Hijri calendar, Istanbul, 28 to 30 May 2016"},
+    {.key = "istanbul-2016-geocentric",
+     .name = {"Istanbul 2016, geocentric", "إسطنبول 2016، مركزي أرضي"},
+     .kind = HijriRuleKind::istanbul_2016_geocentric,
+     .told = {"The same with the altitude from the Earth's centre, a degree higher: the decision leaves open "
+              "which altitude it means.",
+              "الحدود نفسها و الارتفاع من مركز الأرض، و هو أعلى بدرجة: لم يبين القرار أي ارتفاع يقصد."},
+     .source = "Congress on the unification of the Hijri calendar, Istanbul, 28 to 30 May 2016"},
 };
 
 constexpr bool is_whole(const HijriRule& rule) {

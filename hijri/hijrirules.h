@@ -17,13 +17,14 @@ namespace halvane {
 
 /// What decides when a month begins.
 enum class HijriRuleKind {
-    tabular,       ///< a cycle of 30 years
-    umm_al_qura,   ///< the rules of the Umm al-Qura calendar, each for its years
-    seen_at_place, ///< the crescent, at one place
-    mabims,        ///< altitude and elongation, at one place
-    seen_anywhere, ///< the crescent, anywhere in a part of the world
-    turkey_1978,   ///< altitude and elongation, anywhere
-    istanbul_2016  ///< the same before midnight in Universal Time, with its exception
+    tabular,                 ///< a cycle of 30 years
+    umm_al_qura,             ///< the rules of the Umm al-Qura calendar, each for its years
+    seen_at_place,           ///< the crescent, at one place
+    mabims,                  ///< altitude and elongation, at one place
+    seen_anywhere,           ///< the crescent, anywhere in a part of the world
+    turkey_1978,             ///< altitude and elongation, anywhere
+    istanbul_2016,           ///< the same before midnight in Universal Time, with its exception
+    istanbul_2016_geocentric ///< with the altitude from the Earth's centre
 };
 
 /// A rule of months.

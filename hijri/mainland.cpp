@@ -11,11 +11,14 @@ namespace {
 constexpr MapPosition in_the_north{-105, 39.7};
 constexpr MapPosition in_the_south{-47.9, -15.8};
 
+/// The ring by points a quarter of a degree apart at least: whole degrees are asked whether they are land.
 MapRing ring_of(const WorldLine& line) {
+    constexpr double apart = 0.25; // [deg]
     MapRing ring;
-    ring.reserve(line.points.size());
     for (const WorldPoint& point : line.points)
-        ring.push_back({point.longitude, point.latitude});
+        if (ring.empty() || std::fabs(point.longitude - ring.back().longitude) >= apart ||
+            std::fabs(point.latitude - ring.back().latitude) >= apart)
+            ring.push_back({point.longitude, point.latitude});
     return ring;
 }
 
@@ -31,36 +34,55 @@ MapRing mainland_of_the_americas(const WorldOutline& world) {
         if (!may_hold(line.box, in_the_north) || !may_hold(line.box, in_the_south))
             continue;
         MapRing ring = ring_of(line);
-        if (holds(ring, in_the_north) && holds(ring, in_the_south))
+        const Land land(ring);
+        if (land.holds(in_the_north) && land.holds(in_the_south))
             return ring;
     }
     return {};
 }
 
-/// By the sides of the ring that a parallel meets east of the point.
-bool holds(const MapRing& ring, const MapPosition& point) {
-    bool inside = false;
-    for (std::size_t i = 0, before = ring.size() - 1; i < ring.size(); before = i++) {
-        const MapPosition& a = ring[before];
-        const MapPosition& b = ring[i];
-        if ((a.latitude > point.latitude) == (b.latitude > point.latitude))
-            continue;
-        const double part = (point.latitude - a.latitude) / (b.latitude - a.latitude);
-        if (point.longitude < a.longitude + part * (b.longitude - a.longitude))
-            inside = !inside;
-    }
-    return inside;
+Land::Land(const MapRing& coast) : coast_(coast) {
+    if (coast_.empty())
+        return;
+    const auto [south, north] = std::minmax_element(
+        coast_.begin(), coast_.end(), [](const auto& a, const auto& b) { return a.latitude < b.latitude; });
+    south_ = std::floor(south->latitude);
+    for (double latitude = south_; latitude <= north->latitude; ++latitude)
+        of_whole_degrees_.push_back(crossings(latitude));
 }
 
-MapWindow box_of(const MapRing& ring, const MapWindow& window) {
+std::vector<double> Land::crossings(double latitude) const {
+    std::vector<double> crossings;
+    for (std::size_t i = 0, before = coast_.size() - 1; i < coast_.size(); before = i++) {
+        const MapPosition& a = coast_[before];
+        const MapPosition& b = coast_[i];
+        if ((a.latitude > latitude) == (b.latitude > latitude))
+            continue;
+        const double part = (latitude - a.latitude) / (b.latitude - a.latitude);
+        crossings.push_back(a.longitude + part * (b.longitude - a.longitude));
+    }
+    std::sort(crossings.begin(), crossings.end());
+    return crossings;
+}
+
+bool Land::holds(const MapPosition& point) const {
+    const auto is_inside = [&point](const std::vector<double>& crossings) {
+        const auto east = std::upper_bound(crossings.begin(), crossings.end(), point.longitude);
+        return (east - crossings.begin()) % 2 == 1;
+    };
+    const double row = point.latitude - south_;
+    if (row != std::floor(row))
+        return is_inside(crossings(point.latitude));
+    return row >= 0 && row < static_cast<double>(of_whole_degrees_.size()) &&
+           is_inside(of_whole_degrees_[static_cast<std::size_t>(row)]);
+}
+
+MapWindow Land::box_within(const MapWindow& window) const {
     const auto [west, east] = std::minmax_element(
-        ring.begin(), ring.end(), [](const auto& a, const auto& b) { return a.longitude < b.longitude; });
-    const auto [south, north] = std::minmax_element(
-        ring.begin(), ring.end(), [](const auto& a, const auto& b) { return a.latitude < b.latitude; });
-    return {std::max(std::floor(west->longitude), window.west),
-            std::max(std::floor(south->latitude), window.south),
-            std::min(std::ceil(east->longitude), window.east),
-            std::min(std::ceil(north->latitude), window.north)};
+        coast_.begin(), coast_.end(), [](const auto& a, const auto& b) { return a.longitude < b.longitude; });
+    const double north = south_ + static_cast<double>(of_whole_degrees_.size());
+    return {std::max(std::floor(west->longitude), window.west), std::max(south_, window.south),
+            std::min(std::ceil(east->longitude), window.east), std::min(north, window.north)};
 }
 
 } // namespace halvane

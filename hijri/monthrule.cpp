@@ -183,6 +183,7 @@ std::unique_ptr<MonthRule> month_rule(Ephemeris& ephemeris, const HijriSettings&
     case HijriRuleKind::seen_anywhere:
     case HijriRuleKind::turkey_1978:
     case HijriRuleKind::istanbul_2016:
+    case HijriRuleKind::istanbul_2016_geocentric:
         break;
     }
     return seen_anywhere_rule(ephemeris, settings);

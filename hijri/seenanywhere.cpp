@@ -12,7 +12,6 @@
 #include <array>
 #include <cmath>
 #include <limits>
-#include <utility>
 #include <vector>
 
 namespace halvane {
@@ -29,8 +28,8 @@ struct Seen {
     JudgedPlaceOfMap place;
 };
 
-/// A search for the place where a crescent is seen best: on a coarse grid, then at whole degrees wherever
-/// the coarse one leaves room for a better place, then around the best of them.
+/// A search for the place where a crescent is seen best: on a coarse grid, then on a finer one wherever the
+/// coarse one leaves room for a better place, then from the best of them uphill.
 class Search {
 public:
     Search(const SkyPolynomials& sky, double day, double conjunction, const SeenSearch& search)
@@ -45,21 +44,23 @@ public:
 
     std::optional<MonthMargin> best() {
         take_coarse_grid();
-        take_whole_degrees();
+        take_fine_grid();
         if (best_.worth > nothing)
             climb();
         return best_.margin;
     }
 
 private:
-    static constexpr int coarse = 6; // [deg]
+    static constexpr int coarse = 12;      // [deg]
+    static constexpr double fine = 3;      // [deg]
+    static constexpr double of_coasts = 1; // where land counts alone                            [deg]
 
     const MapWindow& region() const { return search_.region; }
     const MapJudge& judge_of(double longitude) const { return longitude < antimeridian ? west_ : east_; }
 
     double worth_of(const JudgedPlaceOfMap& place, const std::optional<MonthMargin>& margin) const {
         constexpr double error_of_sunset = 30; // [s]
-        if (!margin || (search_.land != nullptr && !holds(*search_.land, place.place)))
+        if (!margin)
             return nothing;
         const double worth = margin->value / margin->uncertainty;
         if (!search_.before)
@@ -85,8 +86,12 @@ private:
             take(column++, seen((longitude < antimeridian ? of_west : of_east).at(longitude)));
     }
 
+    bool counts(const MapPosition& place) const {
+        return search_.land == nullptr || search_.land->holds(place);
+    }
+
     void take(Seen seen) {
-        if (seen.worth > best_.worth)
+        if (seen.worth > best_.worth && counts(seen.place.place))
             best_ = std::move(seen);
     }
 
@@ -102,16 +107,23 @@ private:
                   });
     }
 
-    double worth_at(std::size_t column, std::size_t row) const { return worths_[row * columns_ + column]; }
+    /// The places nearer to one of the coarse grid than to the others.
+    struct Cell {
+        double longitude, latitude;
+        double bound; ///< what they may be worth at most
+    };
 
-    /// By how much a place nearer to a coarse one than to the next may be worth more: as much as the
-    /// steepest step to a neighbour. Without one that has a worth, anything may be there.
-    double room_at(std::size_t column, std::size_t row) const {
-        double steepest = nothing;
+    /// What the places around one of the grid may be worth: as much more than it as the steepest step to a
+    /// neighbour is. A place without a worth may have one with it next to it.
+    double bound_of(std::size_t column, std::size_t row) const {
+        const double worth = worths_[row * columns_ + column];
+        double highest = nothing;
+        double steepest = 0;
         const auto look = [&](std::size_t other_column, std::size_t other_row) {
-            const double other = worth_at(other_column, other_row);
-            if (other > nothing)
-                steepest = std::max(steepest, std::fabs(other - worth_at(column, row)));
+            const double other = worths_[other_row * columns_ + other_column];
+            highest = std::max(highest, other);
+            if (other > nothing && worth > nothing)
+                steepest = std::max(steepest, std::fabs(other - worth));
         };
         if (column > 0)
             look(column - 1, row);
@@ -121,54 +133,61 @@ private:
             look(column, row - 1);
         if (row + 1 < rows_)
             look(column, row + 1);
-        return steepest > nothing ? steepest : std::numeric_limits<double>::infinity();
+        if (worth > nothing)
+            return highest > nothing ? worth + steepest : std::numeric_limits<double>::infinity();
+        return highest;
     }
 
-    /// A place without a worth may have one with it next to it.
-    bool is_on_an_edge(std::size_t column, std::size_t row) const {
-        return room_at(column, row) < std::numeric_limits<double>::infinity() &&
-               !(worth_at(column, row) > nothing);
-    }
-
-    bool may_hold_the_best(std::size_t column, std::size_t row) const {
-        const double worth = worth_at(column, row);
-        return worth > nothing ? worth + room_at(column, row) >= best_.worth : is_on_an_edge(column, row);
-    }
-
-    void take_whole_degrees() {
-        std::vector<std::pair<std::size_t, std::size_t>> cells;
+    void take_fine_grid() {
+        std::vector<Cell> cells;
         for (std::size_t row = 0; row < rows_; ++row)
             for (std::size_t column = 0; column < columns_; ++column)
-                if (search_.land != nullptr || may_hold_the_best(column, row))
-                    cells.emplace_back(column, row);
-        for (const auto& [column, row] : cells)
-            take_cell(region().west + static_cast<double>(column) * coarse,
-                      region().south + static_cast<double>(row) * coarse);
+                cells.push_back({region().west + static_cast<double>(column) * coarse,
+                                 region().south + static_cast<double>(row) * coarse, bound_of(column, row)});
+        std::sort(cells.begin(), cells.end(), [](const Cell& a, const Cell& b) { return a.bound > b.bound; });
+        for (const Cell& cell : cells) {
+            if (cell.bound < best_.worth || !(cell.bound > nothing))
+                return;
+            take_cell(cell.longitude, cell.latitude);
+        }
     }
 
     void take_cell(double longitude, double latitude) {
         constexpr double half = coarse / 2;
+        const double step = search_.land == nullptr ? fine : of_coasts;
         const double west = std::max(longitude - half, region().west);
         const double east = std::min(longitude + half, region().east);
         const double north = std::min(latitude + half, region().north);
-        for (double at = std::max(latitude - half, region().south); at <= north; ++at)
-            along(at, west, east, 1, [&](std::size_t, Seen seen) { take(std::move(seen)); });
+        for (double at = std::max(latitude - half, region().south); at <= north; at += step)
+            along(at, west, east, step, [&](std::size_t, Seen seen) { take(std::move(seen)); });
     }
 
-    /// Goes to the better of four neighbours, ever nearer ones.
+    /// Goes to the best of eight neighbours, then to ever nearer ones.
     void climb() {
         constexpr double finest = 0.01; // [deg]
-        constexpr std::array<std::array<double, 2>, 4> ways{{{1, 0}, {-1, 0}, {0, 1}, {0, -1}}};
-        for (double step = 0.5; step > finest; step /= 2) {
-            const MapPosition middle = best_.place.place;
-            for (const auto& [east, north] : ways) {
-                const MapPosition place{middle.longitude + east * step, middle.latitude + north * step};
-                if (place.longitude >= region().west && place.longitude <= region().east &&
-                    place.latitude >= region().south && place.latitude <= region().north &&
-                    (place.longitude < antimeridian) == (middle.longitude < antimeridian))
-                    take(seen(judge_of(place.longitude).judge(place, &best_.place)));
-            }
+        for (double step = fine / 2; step > finest;)
+            if (!stepped(step))
+                step /= 2;
+    }
+
+    bool stepped(double step) {
+        constexpr std::array<std::array<double, 2>, 8> ways{
+            {{1, 0}, {-1, 0}, {0, 1}, {0, -1}, {1, 1}, {1, -1}, {-1, 1}, {-1, -1}}};
+        const JudgedPlaceOfMap middle = best_.place;
+        const double worth = best_.worth;
+        for (const auto& [east, north] : ways) {
+            const MapPosition place{middle.place.longitude + east * step,
+                                    middle.place.latitude + north * step};
+            if (is_within(place) &&
+                (place.longitude < antimeridian) == (middle.place.longitude < antimeridian))
+                take(seen(judge_of(place.longitude).judge(place, &middle)));
         }
+        return best_.worth > worth;
+    }
+
+    bool is_within(const MapPosition& place) const {
+        return place.longitude >= region().west && place.longitude <= region().east &&
+               place.latitude >= region().south && place.latitude <= region().north;
     }
 
     const SeenSearch& search_;
@@ -241,8 +260,20 @@ private:
 
 constexpr MapWindow whole_world{-180, -60, 180, 60};
 
-SeenSearch search_of_1978() {
-    const CataloguedCriterion& criterion = *catalogued_criterion("turkey-1978");
+std::optional<double> geocentric_measure(const CrescentEvening& evening,
+                                         const CriteriaSettings& /*settings*/) {
+    return istanbul_margin(evening, evening.at_sun_event.geocentric);
+}
+
+/// The limits of Istanbul, before midnight and after it.
+CataloguedCriterion limits_of_istanbul(HijriRuleKind kind) {
+    CataloguedCriterion criterion = *catalogued_criterion("turkey-1978");
+    if (kind == HijriRuleKind::istanbul_2016_geocentric)
+        criterion.measure = geocentric_measure;
+    return criterion;
+}
+
+SeenSearch world_search(const CataloguedCriterion& criterion) {
     return {&criterion, criterion.by_eye, {}, whole_world, std::nullopt, nullptr};
 }
 
@@ -253,18 +284,20 @@ public:
 protected:
     std::optional<MonthMargin> margin_of(const SkyPolynomials& sky, double day,
                                          double conjunction) const override {
-        return best_margin(sky, day, conjunction, search_of_1978());
+        return best_margin(sky, day, conjunction, world_search(*catalogued_criterion("turkey-1978")));
     }
 };
 
 class Istanbul2016 final : public SeenAnywhere {
 public:
-    using SeenAnywhere::SeenAnywhere;
+    Istanbul2016(Ephemeris& ephemeris, const HijriSettings& settings)
+        : SeenAnywhere(ephemeris, settings), criterion_(limits_of_istanbul(settings.rule->kind)),
+          americas_(settings.americas) {}
 
 protected:
     std::optional<MonthMargin> margin_of(const SkyPolynomials& sky, double day,
                                          double conjunction) const override {
-        SeenSearch search = search_of_1978();
+        SeenSearch search = world_search(criterion_);
         search.before = day + 1;
         const std::optional<MonthMargin> before_midnight = best_margin(sky, day, conjunction, search);
         if ((before_midnight && before_midnight->value >= 0) || settings().americas.empty())
@@ -285,14 +318,19 @@ private:
         const MonthMargin dawn{MonthMargin::Of::age,
                                (next_fajer(sky, new_zealand, day) - conjunction) * seconds_a_day,
                                theory_error(conjunction).age, "s"};
-        SeenSearch search = search_of_1978();
-        search.land = &settings().americas;
-        search.region = box_of(settings().americas, whole_world);
+        if (dawn.value < -dawn.uncertainty)
+            return dawn;
+        SeenSearch search = world_search(criterion_);
+        search.land = &americas_;
+        search.region = americas_.box_within(whole_world);
         const std::optional<MonthMargin> seen = best_margin(sky, day, conjunction, search);
         if (!seen)
             return std::nullopt;
         return deciding({dawn, *seen});
     }
+
+    CataloguedCriterion criterion_;
+    Land americas_;
 };
 
 } // namespace
@@ -305,7 +343,7 @@ std::optional<MonthMargin> best_margin(const SkyPolynomials& sky, double day, do
 std::unique_ptr<MonthRule> seen_anywhere_rule(Ephemeris& ephemeris, const HijriSettings& settings) {
     if (settings.rule->kind == HijriRuleKind::turkey_1978)
         return std::make_unique<Turkey>(ephemeris, settings);
-    if (settings.rule->kind == HijriRuleKind::istanbul_2016)
+    if (settings.rule->kind != HijriRuleKind::seen_anywhere)
         return std::make_unique<Istanbul2016>(ephemeris, settings);
     return std::make_unique<SeenAnywhere>(ephemeris, settings);
 }

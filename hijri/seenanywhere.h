@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "hijri/mainland.h"
 #include "hijri/monthrule.h"
 
 #include <memory>
@@ -17,8 +18,8 @@ struct SeenSearch {
     std::size_t seen_class = 1;
     CriteriaSettings limits;
     MapWindow region;
-    std::optional<double> before;  ///< sunsets from this Julian day in UT1 on do not count            [d]
-    const MapRing* land = nullptr; ///< what is outside does not count; null: all counts
+    std::optional<double> before; ///< sunsets from this Julian day in UT1 on do not count            [d]
+    const Land* land = nullptr;   ///< what is outside does not count; null: all counts
 };
 
 /// The margin at the place of the part where the crescent is seen best, on the evening of one civil date of
@@ -26,7 +27,7 @@ struct SeenSearch {
 /// In     sky          as sky_around_date gives it for `day`
 ///        day          0 h of the civil date, without a zone                                     [d]
 ///        conjunction  geocentric; Julian day, UT1                                               [d]
-/// Accuracy  the best of the places at whole degrees, and nearer to the best between them
+/// Accuracy  not below that of the best place at whole degrees (tests/hijri)
 std::optional<MonthMargin> best_margin(const SkyPolynomials& sky, double day, double conjunction,
                                        const SeenSearch& search);
 

@@ -60,8 +60,8 @@ MonthMargin age_margin(const CrescentEvening& evening) {
             "s"};
 }
 
-MonthMargin seeing_margin(const CrescentEvening& evening, const CataloguedCriterion& criterion, double value,
-                          std::size_t seen_class) {
+MonthMargin margin_of_value(const CrescentEvening& evening, const CataloguedCriterion& criterion,
+                            double value, std::size_t seen_class) {
     const TheoryError error = theory_error(evening.sun_event);
     const MonthMargin measure{MonthMargin::Of::measure, value - criterion.bands()[seen_class].border,
                               error_of(criterion, error), criterion.unit};
@@ -73,7 +73,7 @@ std::optional<MonthMargin> seeing_margin(const CrescentEvening& evening, const C
     const std::optional<double> value = criterion_value(criterion, evening, limits);
     if (!value)
         return std::nullopt;
-    return seeing_margin(evening, criterion, *value, seen_class);
+    return margin_of_value(evening, criterion, *value, seen_class);
 }
 
 } // namespace halvane

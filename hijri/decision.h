@@ -34,7 +34,7 @@ MonthMargin age_margin(const CrescentEvening& evening);
 std::optional<MonthMargin> seeing_margin(const CrescentEvening& evening, const CataloguedCriterion& criterion,
                                          const CriteriaSettings& limits, std::size_t seen_class);
 /// The same where the criterion's value is known.
-MonthMargin seeing_margin(const CrescentEvening& evening, const CataloguedCriterion& criterion, double value,
-                          std::size_t seen_class);
+MonthMargin margin_of_value(const CrescentEvening& evening, const CataloguedCriterion& criterion,
+                            double value, std::size_t seen_class);
 
 } // namespace halvane

@@ -23,7 +23,7 @@ constexpr double nothing = -std::numeric_limits<double>::infinity();
 
 /// What a place says.
 struct Seen {
-    double worth = nothing; ///< the margin in its own error, or that to the limit if it is less
+    double worth = nothing; ///< the margin in its own error; nothing after the limit
     std::optional<MonthMargin> margin;
     JudgedPlaceOfMap place;
 };
@@ -59,20 +59,14 @@ private:
     const MapJudge& judge_of(double longitude) const { return longitude < antimeridian ? west_ : east_; }
 
     double worth_of(const JudgedPlaceOfMap& place, const std::optional<MonthMargin>& margin) const {
-        constexpr double error_of_sunset = 30; // [s]
-        if (!margin)
-            return nothing;
-        const double worth = margin->value / margin->uncertainty;
-        if (!search_.before)
-            return worth;
-        return std::min(worth,
-                        (*search_.before - place.evening->sun_event) * seconds_a_day / error_of_sunset);
+        const bool is_late = search_.before && place.evening && place.evening->sun_event >= *search_.before;
+        return margin && !is_late ? margin->value / margin->uncertainty : nothing;
     }
 
     Seen seen(JudgedPlaceOfMap place) const {
         std::optional<MonthMargin> margin;
         if (place.evening && place.value)
-            margin = seeing_margin(*place.evening, *search_.criterion, *place.value, search_.seen_class);
+            margin = margin_of_value(*place.evening, *search_.criterion, *place.value, search_.seen_class);
         return {worth_of(place, margin), margin, std::move(place)};
     }
 
@@ -114,7 +108,7 @@ private:
     };
 
     /// What the places around one of the grid may be worth: as much more than it as the steepest step to a
-    /// neighbour is. A place without a worth may have one with it next to it.
+    /// neighbour is. Around a place without a worth beside one with it, anything.
     double bound_of(std::size_t column, std::size_t row) const {
         const double worth = worths_[row * columns_ + column];
         double highest = nothing;
@@ -133,9 +127,10 @@ private:
             look(column, row - 1);
         if (row + 1 < rows_)
             look(column, row + 1);
-        if (worth > nothing)
-            return highest > nothing ? worth + steepest : std::numeric_limits<double>::infinity();
-        return highest;
+        if (!(worth > nothing) && !(highest > nothing))
+            return nothing;
+        return worth > nothing && highest > nothing ? worth + steepest
+                                                    : std::numeric_limits<double>::infinity();
     }
 
     void take_fine_grid() {

@@ -27,7 +27,7 @@ struct SeenSearch {
 /// In     sky          as sky_around_date gives it for `day`
 ///        day          0 h of the civil date, without a zone                                     [d]
 ///        conjunction  geocentric; Julian day, UT1                                               [d]
-/// Accuracy  not below that of the best place at whole degrees (tests/hijri)
+/// Accuracy  not below that of the best place at whole degrees by a tenth of its uncertainty (tests/hijri)
 std::optional<MonthMargin> best_margin(const SkyPolynomials& sky, double day, double conjunction,
                                        const SeenSearch& search);
 

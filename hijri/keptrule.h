@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "calendar/hijricalendar.h"
+#include "ephemeris/theory.h"
+#include "hijri/announcedlist.h"
+#include "hijri/hijrirules.h"
+
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace halvane {
+
+/// A rule of months as a person chooses it. What the rule does not ask for is kept, and not looked at.
+struct HijriChoice {
+    std::string rule;                      ///< key; empty: the first rule
+    std::optional<std::string> place;      ///< name in the list; without it the stored location
+    std::string criterion;                 ///< key; empty: the first criterion of the catalogue
+    std::optional<std::size_t> seen_class; ///< the lowest class that counts as seen, an index of the
+                                           ///< criterion's bands from 1 on; without it the usual one
+    CriteriaSettings limits;
+    MapWindow region = HijriSettings{}.region; ///< longitudes and latitudes                           [deg]
+    SeenBefore before = SeenBefore::any_time;
+    AnnouncedUse announced = AnnouncedUse::none;
+};
+
+/// What of a choice is wrong.
+enum class HijriPart { rule, place, criterion, seen_class, limits, region, announced };
+
+/// The settings of a choice, or what is wrong with it.
+struct HijriAnswer {
+    std::optional<HijriSettings> settings;
+    HijriPart wrong = HijriPart::rule;
+    TwinWords words; ///< of what is wrong, in whole sentences
+};
+
+/// Reads `loc.vsk`, `pref.vsk`, `zones.csv` where the rule asks for a place, `loc.txt` for one of the list,
+/// and `hijri-announced.csv` where announced months are used.
+/// In     year  civil year of whose first day the place's clock is taken
+/// Error  raises RunTimeFailure for a missing or damaged file.
+HijriAnswer settings_of(const HijriChoice& choice, double year);
+
+/// The same of a list that has been read.
+HijriAnswer settings_of(const HijriChoice& choice, double year, const AnnouncedList& announced);
+
+/// "any-time", "midnight", "fajer": the name in files and on the command line.
+const char* key_of(SeenBefore before);
+std::optional<SeenBefore> seen_before_of(std::string_view key);
+/// Every one, in the order of the lists.
+std::span<const SeenBefore> seen_befores();
+
+/// The choice of an INI text.
+/// Error  raises RunTimeFailure (damaged file) naming `path`, the line, the key and what is wrong there.
+HijriChoice hijri_choice_of_text(const std::string& text, const std::string& path);
+/// The text of a choice's file: every key with its value.
+std::string text_of(const HijriChoice& choice);
+
+// The rule that dates outside the panel are told by is a file of the program folder: "hijri-rule.ini".
+
+/// Nothing where no rule was chosen.
+/// Error  raises RunTimeFailure for a damaged file.
+std::optional<HijriChoice> kept_hijri_rule();
+/// Error  raises RunTimeFailure; an earlier file then stands.
+void keep_hijri_rule(const HijriChoice& choice);
+/// As if none had been chosen.
+void forget_hijri_rule();
+
+/// The reckoning of a choice; null for the calendar that is used where nothing is chosen.
+/// Error  raises RunTimeFailure with the words of what is wrong with the choice, and as settings_of.
+HijriReckoningPointer reckoning_of(const TheoryPointer& theory, const HijriChoice& choice, double year);
+
+/// The same of the kept rule; null where none was chosen.
+HijriReckoningPointer kept_reckoning(const TheoryPointer& theory, double year);
+
+} // namespace halvane

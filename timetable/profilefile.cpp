@@ -2,16 +2,13 @@
 #include "timetable/profilefile.h"
 
 #include "base/failure.h"
-#include "base/numberformat.h"
 #include "stored/programfolder.h"
 #include "stored/textfile.h"
-#include "timetable/csvtable.h"
+#include "timetable/inifile.h"
 #include "timetable/profilekeys.h"
 
 #include <algorithm>
-#include <cstring>
 #include <filesystem>
-#include <ini.h>
 #include <system_error>
 
 namespace halvane {
@@ -19,63 +16,6 @@ namespace {
 
 constexpr std::string_view file_begins = "profile-";
 constexpr std::string_view file_ends = ".ini";
-
-/// Reads an INI text line by line, so that a failure can name its line.
-class ProfileReader {
-public:
-    ProfileReader(std::string_view text, const std::string& path, Profile& profile)
-        : rest_(text), path_(path), profile_(profile) {}
-
-    void run() {
-        profile_.page.columns.clear();
-        const int bad_line = ini_parse_stream(next_line, this, take_value, this);
-        if (bad_line > 0 || unreadable_ > 0)
-            raise_bad_line(path_, unreadable_ > 0 ? unreadable_ : bad_line,
-                           "wanted \"key = value\" or \"[section]\"",
-                           "المطلوب \"key = value\" أو \"[section]\"");
-        if (!refused_.english.empty())
-            raise_bad_line(path_, refused_line_, refused_.english, refused_.arabic);
-        if (profile_.page.columns.empty())
-            profile_.page.columns = usual_columns();
-    }
-
-private:
-    static char* next_line(char* buffer, int size, void* self) {
-        return static_cast<ProfileReader*>(self)->line_into(buffer, static_cast<std::size_t>(size));
-    }
-
-    char* line_into(char* buffer, std::size_t size) {
-        if (rest_.empty())
-            return nullptr;
-        ++line_;
-        const std::size_t length = std::min(rest_.find('\n'), rest_.size() - 1) + 1;
-        const std::size_t taken = std::min(length, size - 1);
-        const bool is_text = rest_.substr(0, length).find('\0') == std::string_view::npos;
-        if ((taken < length || !is_text) && unreadable_ == 0)
-            unreadable_ = line_;
-        std::memcpy(buffer, rest_.data(), taken);
-        buffer[taken] = '\0';
-        rest_.remove_prefix(length);
-        return buffer;
-    }
-
-    static int take_value(void* self, const char* section, const char* name, const char* value) {
-        ProfileReader& reader = *static_cast<ProfileReader*>(self);
-        if (reader.refused_.english.empty()) {
-            reader.refused_ = take_profile_value(reader.profile_, section, name, value);
-            reader.refused_line_ = reader.line_;
-        }
-        return 1;
-    }
-
-    std::string_view rest_;
-    const std::string& path_;
-    Profile& profile_;
-    int line_ = 0;
-    int unreadable_ = 0; ///< first line that the parser cannot take
-    TwinWords refused_;
-    int refused_line_ = 0;
-};
 
 std::string path_of(const std::string& name) {
     return program_path(std::string(file_begins) + name + std::string(file_ends));
@@ -106,7 +46,12 @@ TwinWords unknown_profile(const std::string& name) {
 Profile profile_of_text(const std::string& text, const std::string& name, const std::string& path) {
     Profile profile;
     profile.name = name;
-    ProfileReader(text, path, profile).run();
+    profile.page.columns.clear();
+    read_ini_text(text, path, [&](std::string_view section, std::string_view key, std::string_view value) {
+        return take_profile_value(profile, section, key, value);
+    });
+    if (profile.page.columns.empty())
+        profile.page.columns = usual_columns();
     if (const std::optional<TwinWords> refused = refused_profile(profile))
         throw RunTimeFailure(
             TwinWords{path + ": " + refused->english + ".", path + ": " + refused->arabic + "."},

@@ -3,6 +3,8 @@
 
 #include "base/numberformat.h"
 #include "timetable/clockunits.h"
+#include "timetable/inifile.h"
+#include "timetable/inivalues.h"
 
 #include <algorithm>
 #include <array>
@@ -12,14 +14,6 @@
 
 namespace halvane {
 namespace {
-
-std::optional<double> number_of(std::string_view text) {
-    double value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (text.empty() || error != std::errc() || end != text.data() + text.size() || !std::isfinite(value))
-        return std::nullopt;
-    return value;
-}
 
 /// Minutes of the day of "5:30" or "05:30".
 std::optional<int> clock_of(std::string_view text) {
@@ -63,51 +57,14 @@ struct ProfileKey {
     std::string (*text)(const Profile& profile);
 };
 
-constexpr const char* good = "";
-
-std::string take_number(double& target, std::string_view value, double least, double greatest) {
-    const std::optional<double> number = number_of(value);
-    if (!number || *number < least || *number > greatest)
-        return plain_number(least) + " ... " + plain_number(greatest);
-    target = *number;
-    return good;
-}
-
 /// A number for which 0 means that it does not count.
 std::string take_number_or_0(double& target, std::string_view value, double least, double greatest) {
-    if (number_of(value) == 0.0) {
+    if (number_of_text(value) == 0.0) {
         target = 0;
-        return good;
+        return {};
     }
     const std::string wanted = take_number(target, value, least, greatest);
     return wanted.empty() ? wanted : "0, " + wanted;
-}
-
-template <class Value>
-struct Word {
-    const char* word;
-    Value value;
-};
-
-template <class Value, std::size_t count>
-std::string take_word(Value& target, std::string_view value, const std::array<Word<Value>, count>& words) {
-    std::string wanted;
-    for (const Word<Value>& word : words) {
-        if (value == word.word) {
-            target = word.value;
-            return good;
-        }
-        (wanted += wanted.empty() ? "" : ", ") += word.word;
-    }
-    return wanted;
-}
-
-template <class Value, std::size_t count>
-std::string word_of(Value value, const std::array<Word<Value>, count>& words) {
-    for (const Word<Value>& word : words)
-        if (value == word.value)
-            return word.word;
-    return {};
 }
 
 constexpr std::array<Word<bool>, 2> shadow_words{{{"standard", false}, {"hanafi", true}}};
@@ -157,7 +114,7 @@ std::string take_iqamah(Profile& profile, std::string_view value) {
     if (!iqamah)
         return "none, 05:30, +20, +20 up";
     profile.iqamah[time] = *iqamah;
-    return good;
+    return {};
 }
 template <DayTime time>
 std::string iqamah_text(const Profile& profile) {
@@ -226,7 +183,7 @@ constexpr ProfileKey keys[] = {
          if (value != "none" && find_authority(value) == nullptr)
              return "none, mwl, umm-al-qura, ...";
          profile.authority = value == "none" ? "" : value;
-         return good;
+         return {};
      },
      [](const Profile& profile) { return profile.authority.empty() ? "none" : profile.authority; }},
     {"rules", "fajer_angle",
@@ -293,7 +250,7 @@ constexpr ProfileKey keys[] = {
          if (!jumuah)
              return "none, 12:30 13:15";
          profile.jumuah = *jumuah;
-         return good;
+         return {};
      },
      [](const Profile& profile) { return profile.jumuah.empty() ? "none" : jumuah_text(profile.jumuah); }},
     word_key<clock_words, the_clock>("page", "clock"),
@@ -305,25 +262,18 @@ constexpr ProfileKey keys[] = {
      [](Profile& profile, std::string_view value) -> std::string {
          profile.page.alarm_minutes.reset();
          if (value == "none")
-             return good;
+             return {};
          double minutes = 0;
          const std::string wanted = take_number(minutes, value, 0, most_alarm_minutes);
          if (!wanted.empty())
              return "none, " + wanted;
          profile.page.alarm_minutes = static_cast<int>(minutes);
-         return good;
+         return {};
      },
      [](const Profile& profile) {
          return profile.page.alarm_minutes ? std::to_string(*profile.page.alarm_minutes) : "none";
      }},
 }; // namespace halvane
-
-TwinWords refusal(std::string_view key, const std::string& wanted, std::string_view found) {
-    const std::string name(key);
-    const std::string value(found);
-    return {name + ": wanted " + wanted + "; found \"" + value + "\"",
-            name + ": المطلوب " + wanted + "، و الموجود \"" + value + "\""};
-}
 
 const ProfileKey* find_key(std::string_view section, std::string_view key) {
     for (const ProfileKey& known : keys)
@@ -336,7 +286,7 @@ const ProfileKey* find_key(std::string_view section, std::string_view key) {
 TwinWords take_column(Profile& profile, std::string_view key, std::string_view value) {
     const std::optional<TimetableColumn> column = find_column(value);
     if (!column)
-        return refusal(key, "date, fajer, ...", value);
+        return wanted_words(key, "date, fajer, ...", value);
     if (profile.page.shows(*column))
         return {std::string(value) + " stands twice", std::string(value) + " مكرر"};
     profile.page.columns.push_back(*column);
@@ -351,10 +301,9 @@ TwinWords take_profile_value(Profile& profile, std::string_view section, std::st
         return take_column(profile, key, value);
     if (find_key(section, key) != nullptr) {
         const std::string wanted = take_key(profile, section, key, value);
-        return wanted.empty() ? TwinWords() : refusal(key, wanted, value);
+        return wanted.empty() ? TwinWords() : wanted_words(key, wanted, value);
     }
-    const std::string name = "[" + std::string(section) + "] " + std::string(key);
-    return {"there is no " + name, "لا يوجد " + name};
+    return unknown_key_words(section, key);
 }
 
 std::string take_key(Profile& profile, std::string_view section, std::string_view key,
@@ -411,7 +360,7 @@ std::optional<Iqamah> iqamah_of(std::string_view text) {
     if (words.empty() || (words.size() == 1 && words.front() == "none"))
         return Iqamah{};
     if (words.front().starts_with('+')) {
-        const std::optional<double> minutes = number_of(words.front().substr(1));
+        const std::optional<double> minutes = number_of_text(words.front().substr(1));
         const bool up = words.size() == 2 && words.back() == "up";
         if (!minutes || *minutes < 0 || *minutes > most_iqamah_minutes || std::floor(*minutes) != *minutes ||
             (words.size() > 1 && !up))

@@ -3,6 +3,7 @@
 
 #include "base/twintext.h"
 #include "hijri/announcedstart.h"
+#include "timetable/csvtable.h"
 
 #include <optional>
 #include <span>
@@ -13,13 +14,7 @@
 namespace halvane {
 
 /// A line of the list as it stands there: year, month, first day, by whom; a wrong line has other fields.
-struct AnnouncedRow {
-    int line = 0; ///< in which it begins, from 1; 0 where it has not been stored yet
-    std::vector<std::string> fields;
-    std::string unread; ///< the line itself where its quote marks make no fields of it; then there are none
-
-    bool operator==(const AnnouncedRow&) const = default;
-};
+using AnnouncedRow = CsvLine;
 
 /// What is wrong with a line.
 struct AnnouncedProblem {
@@ -41,7 +36,7 @@ struct AnnouncedList {
 /// not go together the one further down has the problem.
 AnnouncedList announced_of_text(std::string_view text);
 
-/// The same of lines that have been edited; a row without a line number is told by the one it will have.
+/// The same of lines that have been edited, told by the line numbers that text_of will give them.
 AnnouncedList announced_of_rows(std::vector<AnnouncedRow> rows);
 
 /// The text of a list's file: the head, then every row, wrong ones too.

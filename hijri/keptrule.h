@@ -18,7 +18,7 @@ namespace halvane {
 struct HijriChoice {
     std::string rule;                      ///< key; empty: the first rule
     std::optional<std::string> place;      ///< name in the list; without it the stored location
-    std::string criterion;                 ///< key; empty: the first criterion of the catalogue
+    std::string criterion = "yallop";      ///< key
     std::optional<std::size_t> seen_class; ///< the lowest class that counts as seen, an index of the
                                            ///< criterion's bands from 1 on; without it the usual one
     CriteriaSettings limits;

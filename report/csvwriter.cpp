@@ -40,6 +40,10 @@ void append_csv_field(std::string& line, std::string_view text) {
         line += text;
         return;
     }
+    append_quoted_csv_field(line, text);
+}
+
+void append_quoted_csv_field(std::string& line, std::string_view text) {
     line += '"';
     for (const char c : text)
         line.append(c == '"' ? 2 : 1, c);

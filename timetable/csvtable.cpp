@@ -68,18 +68,63 @@ private:
     CsvRow row_;
 };
 
+char separator_of_text(std::string_view text) {
+    return separator_of(text.substr(0, text.find('\n')));
+}
+
+std::string_view without_byte_order_mark(std::string_view text) {
+    if (text.starts_with(byte_order_mark))
+        text.remove_prefix(byte_order_mark.size());
+    return text;
+}
+
+/// Takes the first line off a text, with its end.
+std::string_view cut_line(std::string_view& text) {
+    const std::size_t size = std::min(text.find('\n'), text.size() - 1) + 1;
+    const std::string_view line = text.substr(0, size);
+    text.remove_prefix(size);
+    return line;
+}
+
 std::vector<CsvRow> rows_of(std::string_view text, const std::string& path) {
-    Rows rows(separator_of(text.substr(0, text.find('\n'))));
-    while (!text.empty()) {
-        const std::size_t size = std::min(text.find('\n'), text.size() - 1) + 1;
-        if (!rows.take(text.substr(0, size)))
+    Rows rows(separator_of_text(text));
+    while (!text.empty())
+        if (!rows.take(cut_line(text)))
             raise_bad_line(path, rows.line(), "a quote mark within a field stands alone",
                            "علامة تنصيص منفردة داخل حقل");
-        text.remove_prefix(size);
-    }
     if (!rows.finish())
         raise_bad_line(path, rows.line(), "a quote mark is not closed", "علامة تنصيص لم تغلق");
     return std::move(rows.rows);
+}
+
+/// The rows of a whole text; nothing where its quote marks do not go together.
+std::optional<std::vector<CsvLine>> whole_lines(std::string_view text, char separator) {
+    Rows rows(separator);
+    while (!text.empty())
+        if (!rows.take(cut_line(text)))
+            return std::nullopt;
+    if (!rows.finish())
+        return std::nullopt;
+    std::vector<CsvLine> lines;
+    for (CsvRow& row : rows.rows)
+        lines.push_back({row.line, std::move(row.fields), {}});
+    return lines;
+}
+
+std::vector<CsvLine> single_lines(std::string_view text, char separator) {
+    std::vector<CsvLine> lines;
+    for (int number = 1; !text.empty(); ++number) {
+        std::string_view line = cut_line(text);
+        if (std::optional<std::vector<CsvLine>> read = whole_lines(line, separator)) {
+            for (CsvLine& found : *read)
+                lines.push_back({number, std::move(found.fields), {}});
+            continue;
+        }
+        while (line.ends_with('\n') || line.ends_with('\r'))
+            line.remove_suffix(1);
+        lines.push_back({number, {}, std::string(line)});
+    }
+    return lines;
 }
 
 } // namespace
@@ -92,32 +137,45 @@ std::optional<std::size_t> CsvTable::column(std::string_view heading) const {
 }
 
 CsvTable read_csv_table(std::string_view text, const std::string& path) {
-    if (text.starts_with(byte_order_mark))
-        text.remove_prefix(byte_order_mark.size());
-    std::vector<CsvRow> rows = rows_of(text, path);
+    std::vector<CsvRow> rows = rows_of(without_byte_order_mark(text), path);
     if (rows.empty())
         raise_bad_line(path, 1, "the head row is missing", "سطر العناوين مفقود");
     CsvTable table;
     table.head = std::move(rows.front());
     for (std::size_t i = 1; i < rows.size(); ++i) {
         const std::size_t fields = rows[i].fields.size();
-        if (fields != table.head.fields.size())
-            raise_bad_line(path, rows[i].line,
-                           "wanted " + std::to_string(table.head.fields.size()) + " fields, found " +
-                               std::to_string(fields),
-                           "المطلوب " + std::to_string(table.head.fields.size()) + " من الحقول، و الموجود " +
-                               std::to_string(fields));
+        if (fields != table.head.fields.size()) {
+            const TwinWords words = field_count_words(table.head.fields.size(), fields);
+            raise_bad_line(path, rows[i].line, words.english, words.arabic);
+        }
         table.rows.push_back(std::move(rows[i]));
     }
     return table;
 }
 
+std::vector<CsvLine> read_csv_lines(std::string_view text) {
+    text = without_byte_order_mark(text);
+    const char separator = separator_of_text(text);
+    std::optional<std::vector<CsvLine>> lines = whole_lines(text, separator);
+    return lines ? std::move(*lines) : single_lines(text, separator);
+}
+
+TwinWords field_count_words(std::size_t wanted, std::size_t found) {
+    const std::string wanted_count = std::to_string(wanted);
+    const std::string found_count = std::to_string(found);
+    return {"wanted " + wanted_count + " fields, found " + found_count,
+            "المطلوب " + wanted_count + " من الحقول، و الموجود " + found_count};
+}
+
+TwinWords line_words(const std::string& path, int line, const TwinWords& words) {
+    const std::string number = std::to_string(line);
+    return {path + ", line " + number + ": " + words.english + ".",
+            path + "، السطر " + number + ": " + words.arabic + "."};
+}
+
 void raise_bad_line(const std::string& path, int line, const std::string& english,
                     const std::string& arabic) {
-    const std::string number = std::to_string(line);
-    throw RunTimeFailure(TwinWords{path + ", line " + number + ": " + english + ".",
-                                   path + "، السطر " + number + ": " + arabic + "."},
-                         FailureKind::damaged_file);
+    throw RunTimeFailure(line_words(path, line, {english, arabic}), FailureKind::damaged_file);
 }
 
 } // namespace halvane

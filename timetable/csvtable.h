@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/twintext.h"
+
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -29,6 +31,25 @@ struct CsvTable {
 /// Error  raises RunTimeFailure (damaged file) naming `path`, the line and what is wrong: no head, an open
 ///        quote mark, another number of fields than the head.
 CsvTable read_csv_table(std::string_view text, const std::string& path);
+
+/// A row of a CSV text, or a line that is none.
+struct CsvLine {
+    int line = 0; ///< in which it begins, from 1
+    std::vector<std::string> fields;
+    std::string unread; ///< the line itself where its quote marks make no fields of it; then there are none
+
+    bool operator==(const CsvLine&) const = default;
+};
+
+/// Every row of a text, its head too, each with the fields that it has; empty lines are passed over. Where
+/// the quote marks of the text do not go together, each line is read by itself. The rest as read_csv_table.
+std::vector<CsvLine> read_csv_lines(std::string_view text);
+
+/// "wanted 4 fields, found 3"
+TwinWords field_count_words(std::size_t wanted, std::size_t found);
+
+/// "places.csv, line 3: ...", a sentence.
+TwinWords line_words(const std::string& path, int line, const TwinWords& words);
 
 /// The failure of a line of a file.
 [[noreturn]] void raise_bad_line(const std::string& path, int line, const std::string& english,

@@ -17,7 +17,8 @@ namespace halvane {
 /// A rule of months as a person chooses it. What the rule does not ask for is kept, and not looked at.
 struct HijriChoice {
     std::string rule;                      ///< key; empty: the first rule
-    std::optional<std::string> place;      ///< name in the list; without it the stored location
+    std::optional<std::string> place;      ///< name in the list; without it the stored location. "Seen
+                                           ///< here" does not look at it, "seen at a place" needs it
     std::string criterion = "yallop";      ///< key
     std::optional<std::size_t> seen_class; ///< the lowest class that counts as seen, an index of the
                                            ///< criterion's bands from 1 on; without it the usual one
@@ -38,7 +39,8 @@ struct HijriAnswer {
 };
 
 /// Reads `loc.vsk`, `pref.vsk`, `zones.csv` where the rule asks for a place, `loc.txt` for one of the list,
-/// and `hijri-announced.csv` where announced months are used.
+/// `world.txt` where the rule has an exception of the Americas, and `hijri-announced.csv` where announced
+/// months are used.
 /// In     year  civil year of whose first day the place's clock is taken
 /// Error  raises RunTimeFailure for a missing or damaged file.
 HijriAnswer settings_of(const HijriChoice& choice, double year);

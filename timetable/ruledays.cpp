@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "calendar/civildate.h"
-#include "calendar/moddateconv.h"
 #include "prayer/prayerday.h"
 #include "timetable/clockunits.h"
 #include "timetable/highlatituderules.h"
+#include "timetable/hijridays.h"
 #include "timetable/night.h"
 #include "timetable/skydays.h"
 
@@ -76,7 +75,7 @@ void take_source(SkyDay& day, TimeSource source) {
 class RuleDays final : public SkyDays {
 public:
     RuleDays(Ephemeris& ephemeris, const TimetableSettings& settings)
-        : ephemeris_(ephemeris), settings_(settings), nights_(ephemeris, sky_of(settings)),
+        : ephemeris_(ephemeris), settings_(settings), hijri_(settings), nights_(ephemeris, sky_of(settings)),
           lower_(ephemeris, lower_sky()),
           parts_(night_parts(profile().high_latitude, profile().fajer_angle, profile().isha_angle)),
           city_(prayer_settings(Preferences(), settings.place.location, DayMode::today).city) {}
@@ -128,8 +127,7 @@ private:
     double isha_minutes(double jd) const {
         if (profile().isha_minutes_ramadan == 0)
             return profile().isha_minutes;
-        const DateNumbers date = civil_date(jd);
-        const bool fasting = hijri_of_civil(date.year, date.month, date.day).month == ramadan;
+        const bool fasting = hijri_.on(jd).month == ramadan;
         return fasting ? profile().isha_minutes_ramadan : profile().isha_minutes;
     }
 
@@ -185,6 +183,7 @@ private:
 
     Ephemeris& ephemeris_;
     const TimetableSettings& settings_;
+    HijriDays hijri_;
     Nights nights_;
     Nights lower_;
     std::optional<NightParts> parts_;

@@ -223,6 +223,8 @@ std::vector<TwinWords> notes_of(const Timetable& timetable, const PageSettings& 
     note_missing(notes, rows);
     note_clock_changes(notes, rows);
     note_night(notes, timetable.settings.profile, page);
+    if (const HijriReckoningPointer& hijri = timetable.settings.hijri)
+        notes.emplace_back("Hijri dates: " + hijri->name.english, "التواريخ الهجرية: " + hijri->name.arabic);
     for (const TwinWords& words : zone_difference_words(timetable))
         notes.push_back(words);
     return notes;

@@ -17,7 +17,8 @@ TwinWords zone_words(const TimetablePlace& place, std::span<const TimetableRow> 
 TwinWords rules_words(const Profile& profile, PrayerNames names);
 
 /// What a page tells below its table: the rules behind the marks, why times are missing, changes of the
-/// clock, days on which the stored zone differs from the time zone's rules.
+/// clock, by what the Hijri dates are told where it is not the tabular calendar, days on which the stored
+/// zone differs from the time zone's rules.
 std::vector<TwinWords> notes_of(const Timetable& timetable, const PageSettings& page,
                                 std::span<const TimetableRow> rows);
 

@@ -27,9 +27,20 @@ double day_of(double year, double month, double day) {
     return jd;
 }
 
-/// 0 h of the civil date that a tabular Hijri date falls on.
-double day_of_hijri(double year, double month, double day) {
-    return day_number_of_hijri(year, month, day) - 0.5;
+constexpr int months_of_year = 12;
+constexpr double noon_after_midnight = 0.5;
+
+/// The days of Hijri months one after the other.
+SpanAnswer hijri_span(SpanKind kind, HijriMonthNumber first, HijriMonthNumber last,
+                      const HijriReckoningPointer& hijri) {
+    constexpr double middle = 15; // a day that the rule's month of that name has too
+    const HijriCalendar months = hijri
+                                     ? hijri->months(day_number_of_hijri(first.year(), first.month(), middle),
+                                                     day_number_of_hijri(last.year(), last.month(), middle))
+                                     : tabular_months(first, last);
+    const double last_day = months.first_day_of(last).value() + months.days_of(last).value() - 1;
+    return {{kind, months.first_day_of(first).value() - noon_after_midnight, last_day - noon_after_midnight},
+            std::nullopt};
 }
 
 std::optional<TwinWords> refused_by(double year, const YearRange& range) {
@@ -98,19 +109,21 @@ SpanAnswer year_span(double year) {
     return answer(SpanKind::year, day_of(year, 1, 1), day_of(year, 12, 31));
 }
 
-SpanAnswer hijri_month_span(double year, double month) {
+SpanAnswer hijri_month_span(double year, double month, const HijriReckoningPointer& hijri) {
     if (auto words = refused_by(year, hijri_timetable_years))
         return {{}, std::move(words)};
     if (!is_month(month))
         return no_month(month);
-    const double next = month == 12 ? day_of_hijri(year + 1, 1, 1) : day_of_hijri(year, month + 1, 1);
-    return answer(SpanKind::hijri_month, day_of_hijri(year, month, 1), next - 1);
+    const auto number = HijriMonthNumber::of(static_cast<int>(year), static_cast<int>(month));
+    return hijri_span(SpanKind::hijri_month, number, number, hijri);
 }
 
-SpanAnswer hijri_year_span(double year) {
+SpanAnswer hijri_year_span(double year, const HijriReckoningPointer& hijri) {
     if (auto words = refused_by(year, hijri_timetable_years))
         return {{}, std::move(words)};
-    return answer(SpanKind::hijri_year, day_of_hijri(year, 1, 1), day_of_hijri(year + 1, 1, 1) - 1);
+    const int number = static_cast<int>(year);
+    return hijri_span(SpanKind::hijri_year, HijriMonthNumber::of(number, 1),
+                      HijriMonthNumber::of(number, months_of_year), hijri);
 }
 
 SpanAnswer dates_span(const DateNumbers& from, const DateNumbers& to) {
@@ -140,14 +153,14 @@ SpanAnswer year_span(std::string_view text) {
     return numbers ? year_span((*numbers)[0]) : refused_text(text, "YYYY");
 }
 
-SpanAnswer hijri_month_span(std::string_view text) {
+SpanAnswer hijri_month_span(std::string_view text, const HijriReckoningPointer& hijri) {
     const auto numbers = numbers_of<2>(text);
-    return numbers ? hijri_month_span((*numbers)[0], (*numbers)[1]) : refused_text(text, "YYYY-MM");
+    return numbers ? hijri_month_span((*numbers)[0], (*numbers)[1], hijri) : refused_text(text, "YYYY-MM");
 }
 
-SpanAnswer hijri_year_span(std::string_view text) {
+SpanAnswer hijri_year_span(std::string_view text, const HijriReckoningPointer& hijri) {
     const auto numbers = numbers_of<1>(text);
-    return numbers ? hijri_year_span((*numbers)[0]) : refused_text(text, "YYYY");
+    return numbers ? hijri_year_span((*numbers)[0], hijri) : refused_text(text, "YYYY");
 }
 
 SpanAnswer dates_span(std::string_view from, std::string_view to) {

@@ -3,6 +3,7 @@
 
 #include "base/datenumbers.h"
 #include "base/twintext.h"
+#include "calendar/hijricalendar.h"
 #include "calendar/yearlimits.h"
 
 #include <optional>
@@ -40,15 +41,17 @@ struct SpanAnswer {
 
 SpanAnswer month_span(double year, double month);
 SpanAnswer year_span(double year);
-SpanAnswer hijri_month_span(double year, double month);
-SpanAnswer hijri_year_span(double year);
+/// In     hijri  by which its months begin; null for the tabular calendar
+/// Error  raises RunTimeFailure, as the reckoning does; so do the others that take one.
+SpanAnswer hijri_month_span(double year, double month, const HijriReckoningPointer& hijri = nullptr);
+SpanAnswer hijri_year_span(double year, const HijriReckoningPointer& hijri = nullptr);
 SpanAnswer dates_span(const DateNumbers& from, const DateNumbers& to);
 
 // The same from a command line's texts: "2026-02", "2026", "1447-09", "1447", "2026-02-18".
 SpanAnswer month_span(std::string_view text);
 SpanAnswer year_span(std::string_view text);
-SpanAnswer hijri_month_span(std::string_view text);
-SpanAnswer hijri_year_span(std::string_view text);
+SpanAnswer hijri_month_span(std::string_view text, const HijriReckoningPointer& hijri = nullptr);
+SpanAnswer hijri_year_span(std::string_view text, const HijriReckoningPointer& hijri = nullptr);
 SpanAnswer dates_span(std::string_view from, std::string_view to);
 
 } // namespace halvane

@@ -9,6 +9,7 @@
 #include "qibla/qibladay.h"
 #include "settings/enginesettings.h"
 #include "timetable/clockunits.h"
+#include "timetable/hijridays.h"
 #include "timetable/skydays.h"
 
 #include <algorithm>
@@ -107,7 +108,8 @@ SkyTime part_of_night(const SkyDay& day, bool until_fajer, double part) {
 class Maker {
 public:
     Maker(Ephemeris& ephemeris, Timetable& timetable)
-        : ephemeris_(ephemeris), timetable_(timetable), days_(sky_days(ephemeris, timetable.settings)),
+        : ephemeris_(ephemeris), timetable_(timetable), hijri_(timetable.settings),
+          days_(sky_days(ephemeris, timetable.settings)),
           precision_(profile().preferences ? precision_of(*profile().preferences)
                                            : (profile().seconds ? 0 : 1)) {
         if (days_->whole_minutes())
@@ -124,7 +126,7 @@ public:
         TimetableRow row;
         row.jd = jd;
         row.date = civil_date(jd);
-        row.hijri = hijri_of_civil(row.date.year, row.date.month, row.date.day);
+        row.hijri = hijri_.on(jd);
         row.weekday = static_cast<int>(std::fmod(jd + 1.5, 7));
         row.offset = offset_of(clock);
         const RowClock on(place(), jd, row.offset, precision_);
@@ -212,6 +214,7 @@ private:
 
     Ephemeris& ephemeris_;
     Timetable& timetable_;
+    HijriDays hijri_;
     std::unique_ptr<SkyDays> days_;
     int precision_; ///< as modctim takes it
     std::optional<MoonPhases> phases_;
@@ -257,6 +260,7 @@ std::optional<Timetable> make_timetable(Ephemeris& ephemeris, const TimetableSet
     return about_place(settings.place.location.name, [&]() -> std::optional<Timetable> {
         Timetable timetable;
         timetable.settings = settings;
+        timetable.settings.hijri = reckoning_within(settings.hijri, settings.span);
         const int days = settings.span.days();
         timetable.rows.reserve(static_cast<std::size_t>(days));
         Maker maker(ephemeris, timetable);

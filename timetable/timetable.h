@@ -3,6 +3,7 @@
 
 #include "base/datenumbers.h"
 #include "base/progress.h"
+#include "calendar/hijricalendar.h"
 #include "calendar/moddateconv.h"
 #include "calendar/taggedtime.h"
 #include "ephemeris/ephemeris.h"
@@ -81,6 +82,9 @@ struct TimetableSettings {
     TimetablePlace place;
     Profile profile;
     DaySpan span;
+    /// By which the Hijri dates are told; null for the tabular calendar, which also tells those of a span
+    /// that is not within hijri_timetable_years.
+    HijriReckoningPointer hijri = nullptr;
 };
 
 /// Days on which the stored zone and summer dates differ from the rules of the place's time zone.

@@ -91,6 +91,13 @@ std::string place_part(double degrees, const char* hemispheres) {
     return std::to_string(std::labs(rounded)) + hemispheres[rounded < 0 ? 1 : 0];
 }
 
+TwinWords month_begins(const HijriReckoningPointer& hijri) {
+    if (!hijri)
+        return TwinText{"First day of the month by the tabular Hijri calendar",
+                        "أول أيام الشهر حسب التقويم الهجري الحسابي"};
+    return {"First day of the month: " + hijri->name.english, "أول أيام الشهر: " + hijri->name.arabic};
+}
+
 /// What the events of one timetable share, and their text as it grows.
 class Calendar {
 public:
@@ -110,12 +117,14 @@ private:
     const PageSettings& page_;
     std::string text_;
     std::string stamp_;
+    TwinWords month_begins_;  ///< what is told of the first day of a Hijri month
     std::string place_lines_; ///< LOCATION and GEO, folded
     std::string uid_end_;
 };
 
 Calendar::Calendar(const Timetable& timetable, const PageSettings& page, std::int64_t stamp)
-    : profile_(timetable.settings.profile), page_(page) {
+    : profile_(timetable.settings.profile), page_(page),
+      month_begins_(month_begins(timetable.settings.hijri)) {
     const Location& location = timetable.settings.place.location;
     const double latitude = latitude_of(location);
     const double longitude = longitude_of(location);
@@ -171,13 +180,11 @@ void Calendar::add_hijri_month(const TimetableRow& row) {
     const std::string year = ' ' + plain_number(row.hijri.year);
     const TwinWords month(hijri_month_name(row.hijri.month, Language::english) + year,
                           hijri_month_name(row.hijri.month, Language::arabic) + year);
-    const TwinText calendar{"First day of the month by the tabular Hijri calendar",
-                            "أول أيام الشهر حسب التقويم الهجري الحسابي"};
     const std::string date = date_text(row);
     begin_event(date, "hijri-month");
     line("DTSTART;VALUE=DATE:" + date);
     end_event(escaped(text_in(page_.language, month)));
-    line("DESCRIPTION:" + escaped(text_in(page_.language, calendar)));
+    line("DESCRIPTION:" + escaped(text_in(page_.language, month_begins_)));
     line("END:VEVENT");
 }
 

@@ -189,10 +189,13 @@ Json json_of(const Profile& profile) {
 }
 
 Json json_of(const TimetableSettings& settings) {
-    return {{"place", json_of(settings.place.location)},
-            {"zone", zone_of(settings.place)},
-            {"span", json_of(settings.span)},
-            {"profile", json_of(settings.profile)}};
+    Json json{{"place", json_of(settings.place.location)},
+              {"zone", zone_of(settings.place)},
+              {"span", json_of(settings.span)},
+              {"profile", json_of(settings.profile)}};
+    if (settings.hijri)
+        json["hijri_dates"] = twin(settings.hijri->name);
+    return json;
 }
 
 // --- Columns and rows -------------------------------------------------------------------------------------

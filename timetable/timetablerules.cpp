@@ -32,7 +32,7 @@ TwinWords unknown_zone(const std::string& name) {
 
 } // namespace
 
-SpanAnswer span_of(const SpanChoice& choice) {
+SpanAnswer span_of(const SpanChoice& choice, const HijriReckoningPointer& hijri) {
     const bool dates = choice.kind == SpanKind::dates;
     if (dates ? !is_whole(choice.from.year) || !is_whole(choice.to.year) : !is_whole(choice.year))
         return {{}, year_not_whole};
@@ -42,9 +42,9 @@ SpanAnswer span_of(const SpanChoice& choice) {
     case SpanKind::year:
         return year_span(choice.year);
     case SpanKind::hijri_month:
-        return hijri_month_span(choice.year, choice.month);
+        return hijri_month_span(choice.year, choice.month, hijri);
     case SpanKind::hijri_year:
-        return hijri_year_span(choice.year);
+        return hijri_year_span(choice.year, hijri);
     case SpanKind::dates:
         break;
     }
@@ -92,7 +92,7 @@ ChoiceAnswer settings_of(const TimetableChoice& choice) {
     const auto refuse = [&answer](ChoicePart part, TwinWords words) {
         answer.wrong.push_back({part, std::move(words)});
     };
-    const SpanAnswer span = span_of(choice.span);
+    const SpanAnswer span = span_of(choice.span, choice.hijri);
     if (span.refused)
         refuse(ChoicePart::span, sentence(*span.refused));
     std::optional<TimetablePlace> place = chosen_place(choice.place);
@@ -108,7 +108,7 @@ ChoiceAnswer settings_of(const TimetableChoice& choice) {
     if (!answer.wrong.empty())
         return answer;
     place->zone = choice.zone ? std::optional(TimeZone(*choice.zone)) : std::nullopt;
-    answer.settings = TimetableSettings{std::move(*place), choice.profile, span.span};
+    answer.settings = TimetableSettings{std::move(*place), choice.profile, span.span, choice.hijri};
     return answer;
 }
 

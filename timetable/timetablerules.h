@@ -22,7 +22,9 @@ struct SpanChoice {
 };
 
 /// The days of a choice, or why there are none.
-SpanAnswer span_of(const SpanChoice& choice);
+/// In     hijri  by which Hijri months begin; null for the tabular calendar
+/// Error  raises RunTimeFailure, as the reckoning does
+SpanAnswer span_of(const SpanChoice& choice, const HijriReckoningPointer& hijri = nullptr);
 
 /// The civil month of a clock's date.
 SpanChoice month_of(const MachineTime& clock);
@@ -42,6 +44,7 @@ struct TimetableChoice {
     std::optional<std::string> place; ///< name in the list; without it the stored location
     std::optional<std::string> zone;  ///< IANA name; without it the stored zone and summer dates
     Profile profile;
+    HijriReckoningPointer hijri = nullptr; ///< by which the Hijri dates are told; null: the tabular calendar
 };
 
 /// What of a choice is wrong.

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "calendar/civildate.h"
+#include "tests/timetable/otherreckoning.h"
 #include "timetable/span.h"
 
 #include <gtest/gtest.h>
@@ -29,6 +30,34 @@ TEST(Span, OfHijriMonthsAndYears) {
     expect_span(hijri_month_span("1447-09"), {2026, 2, 18}, {2026, 3, 19});
     EXPECT_EQ(hijri_year_span("1447").span.days(), 355);
     EXPECT_EQ(hijri_year_span("1448").span.days(), 354);
+}
+
+// 1 Sha'ban 1447 is 20 January 2026, 1 Ramadan 18 February and 1 Shawwal 20 March in the tabular calendar; by
+// the other reckoning Sha'ban and Shawwal begin a day before.
+TEST(Span, OfHijriMonthsByAnotherReckoning) {
+    const HijriReckoningPointer other = other_reckoning();
+    expect_span(hijri_month_span("1447-08", other), {2026, 1, 19}, {2026, 2, 17});
+    expect_span(hijri_month_span("1447-09", other), {2026, 2, 18}, {2026, 3, 18});
+    expect_span(hijri_month_span("1447-10", other), {2026, 3, 19}, {2026, 4, 17});
+    expect_span(hijri_year_span("1447", other), {2025, 6, 27}, {2026, 6, 16});
+    EXPECT_TRUE(hijri_month_span("1447-13", other).refused);
+    EXPECT_TRUE(hijri_year_span("0", other).refused);
+}
+
+TEST(Span, OfHijriMonthsByAnotherReckoningLosesNoDayAndDoublesNone) {
+    const HijriReckoningPointer other = other_reckoning();
+    double next = hijri_month_span(1440, 1, other).span.first;
+    for (int year = 1440; year < 1445; ++year) {
+        const DaySpan of_year = hijri_year_span(year, other).span;
+        EXPECT_EQ(of_year.first, next) << year;
+        for (int month = 1; month <= 12; ++month) {
+            const DaySpan span = hijri_month_span(year, month, other).span;
+            EXPECT_EQ(span.first, next) << year << ' ' << month;
+            EXPECT_EQ(span.days(), month % 2 == 0 ? (month == 12 ? of_year.days() - 324 : 30) : 29);
+            next = span.last + 1;
+        }
+        EXPECT_EQ(of_year.last + 1, next) << year;
+    }
 }
 
 TEST(Span, OfDates) {

@@ -2,6 +2,7 @@
 #include "prayer/prayerday.h"
 #include "prayer/prayertexts.h"
 #include "stored/loclist.h"
+#include "tests/timetable/otherreckoning.h"
 #include "tests/timetable/timetables.h"
 #include "timetable/cells.h"
 #include "timetable/timetablefiles.h"
@@ -133,6 +134,41 @@ TEST_F(Timetables, GiveIshaItsIntervalAndInRamadanTheOther) {
         EXPECT_EQ(seconds_of(row.times[DayTime::isha]) - seconds_of(row.times[DayTime::maghreb]),
                   minutes * 60);
     }
+}
+
+// By the other reckoning Sha'ban 1447 begins on 19 January 2026, Ramadan on 18 February, Shawwal on 19 March.
+TEST_F(Timetables, TellTheDatesOfAnotherReckoning) {
+    Profile profile = authority_profile(*find_authority("umm-al-qura"));
+    const TimetablePlace makkah = fixed_place(listed("Makkah"));
+    const DaySpan span = dates_span(DateNumbers{2026, 1, 18}, DateNumbers{2026, 3, 20}).span;
+    NoProgress progress;
+    const Timetable timetable =
+        make_timetable(loaded_theory(), {makkah, profile, span, other_reckoning()}, progress).value();
+    const auto expect_date = [&](double day, double month, double hijri_day, int minutes) {
+        const TimetableRow& row = timetable.rows.at(static_cast<std::size_t>(day));
+        EXPECT_EQ(row.hijri.month, month) << day;
+        EXPECT_EQ(row.hijri.day, hijri_day) << day;
+        EXPECT_EQ(seconds_of(row.times[DayTime::isha]) - seconds_of(row.times[DayTime::maghreb]),
+                  minutes * 60)
+            << day;
+    };
+    expect_date(0, 7, 29, 90);
+    expect_date(1, 8, 1, 90);
+    expect_date(30, 8, 30, 90);
+    expect_date(31, 9, 1, 120);
+    expect_date(59, 9, 29, 120);
+    expect_date(60, 10, 1, 90);
+}
+
+TEST_F(Timetables, BeforeTheFirstHijriYearAreOfTheTabularCalendar) {
+    NoProgress progress;
+    const TimetablePlace makkah = fixed_place(listed("Makkah"));
+    const DaySpan span = dates_span(DateNumbers{622, 7, 15}, DateNumbers{622, 7, 17}).span;
+    const Timetable timetable =
+        make_timetable(loaded_theory(), {makkah, Profile(), span, other_reckoning()}, progress).value();
+    EXPECT_EQ(timetable.settings.hijri, nullptr);
+    EXPECT_EQ(timetable.rows[1].hijri.day, 1);
+    EXPECT_EQ(timetable.rows[1].hijri.year, 1);
 }
 
 TEST_F(Timetables, RoundEachTimeAsTheProfileWants) {

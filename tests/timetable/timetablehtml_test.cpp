@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "tests/timetable/handmadetimetable.h"
+#include "tests/timetable/otherreckoning.h"
+#include "timetable/sheetnotes.h"
 #include "timetable/timetablefiles.h"
 #include "timetable/timetablehtml.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <string>
+#include <vector>
 
 namespace halvane {
 namespace {
@@ -75,6 +79,20 @@ TEST(TimetablePage, IsATableWithHeadingsAndTimes) {
                      "Isha 17°", "<caption class=\"unseen\">Prayer times, February 2026 – Amman</caption>",
                      "<th scope=\"col\">Date</th><th scope=\"col\">Day</th><th scope=\"col\">Isha</th>",
                      month_begins, "<time datetime=\"2026-02-19\">19</time></th>", friday, "</html>\n"});
+}
+
+TEST(SheetNotes, NameWhatTheHijriDatesAreToldBy) {
+    Timetable timetable = handmade_timetable();
+    const auto has_note = [&timetable](const char* words) {
+        const std::vector<TwinWords> notes = notes_of(timetable, {}, timetable.rows);
+        return std::any_of(notes.begin(), notes.end(), [words](const TwinWords& note) {
+            return note.english == words || note.arabic == words;
+        });
+    };
+    EXPECT_FALSE(has_note("Hijri dates: Other"));
+    timetable.settings.hijri = other_reckoning();
+    EXPECT_TRUE(has_note("Hijri dates: Other"));
+    EXPECT_TRUE(has_note("التواريخ الهجرية: آخر"));
 }
 
 TEST(TimetablePage, NeedsNothingBesideIt) {

@@ -2,6 +2,7 @@
 #include "base/failure.h"
 #include "base/version.h"
 #include "tests/timetable/handmadetimetable.h"
+#include "tests/timetable/otherreckoning.h"
 #include "tests/timetable/timetables.h"
 #include "timetable/timetablefiles.h"
 #include "timetable/timetableplaces.h"
@@ -93,6 +94,24 @@ TEST(CalendarFile, HoldsTheFivePrayersAndTheFirstOfTheHijriMonth) {
     const std::string month = events.at("20260218-hijri-month-319500n359333e@halvane");
     EXPECT_NE(month.find("\nDTSTART;VALUE=DATE:20260218\n"), std::string::npos) << month;
     EXPECT_NE(month.find("\nSUMMARY:Ramadan 1447\n"), std::string::npos) << month;
+}
+
+TEST(CalendarFile, TellsByWhatTheMonthBegins) {
+    constexpr const char* month = "20260218-hijri-month-319500n359333e@halvane";
+    Timetable timetable = handmade_timetable();
+    EXPECT_NE(events_of(ics_of(timetable, {}, stamp))
+                  .at(month)
+                  .find("\nDESCRIPTION:First day of the month by the tabular Hijri calendar\n"),
+              std::string::npos);
+    timetable.settings.hijri = other_reckoning();
+    EXPECT_NE(events_of(ics_of(timetable, {}, stamp))
+                  .at(month)
+                  .find("\nDESCRIPTION:First day of the month: Other\n"),
+              std::string::npos);
+    PageSettings page;
+    page.language = PageLanguage::arabic;
+    EXPECT_NE(events_of(ics_of(timetable, page, stamp)).at(month).find("\nDESCRIPTION:أول أيام الشهر: آخر\n"),
+              std::string::npos);
 }
 
 TEST(CalendarFile, NamesThePrayersAsThePageDoes) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/timetable/handmadetimetable.h"
+#include "tests/timetable/otherreckoning.h"
 #include "timetable/timetablefiles.h"
 
 #include <gtest/gtest.h>
@@ -110,6 +111,13 @@ TEST(TimetableJson, HoldsTheSettings) {
     EXPECT_EQ(rules["jumuah"].dump(), R"(["13:15"])");
     EXPECT_EQ(rules["high_latitude"].dump(),
               R"({"rule":"latitude","use":"missing","reference_latitude":48.5})");
+}
+
+TEST(TimetableJson, NamesWhatTheHijriDatesAreToldBy) {
+    Timetable timetable = handmade_timetable();
+    EXPECT_FALSE(read(timetable)["settings"].contains("hijri_dates"));
+    timetable.settings.hijri = other_reckoning();
+    EXPECT_EQ(read(timetable)["settings"]["hijri_dates"].dump(), R"({"en":"Other","ar":"آخر"})");
 }
 
 TEST(TimetableJson, NamesTheClockOfAZone) {

@@ -5,6 +5,8 @@
 #include "batch/placeoptions.h"
 #include "batch/runoutput.h"
 #include "batch/usagemistake.h"
+#include "calendar/civildate.h"
+#include "hijri/keptrule.h"
 #include "routines/machineclock.h"
 #include "routines/seriesloader.h"
 #include "stored/outputfile.h"
@@ -12,6 +14,7 @@
 #include "stored/textfile.h"
 #include "stored/unfinishedfile.h"
 #include "timetable/comparetable.h"
+#include "timetable/hijridays.h"
 #include "timetable/manyplaces.h"
 #include "timetable/profilefile.h"
 #include "timetable/profilekeys.h"
@@ -35,8 +38,11 @@
 namespace halvane {
 namespace {
 
+constexpr const char* kept_rule = "kept";
+
 struct TimetableOptions {
     std::string month, year, hijri_month, hijri_year, from, to;
+    std::string hijri_rule = kept_rule;
     PlaceOptions place;
     std::string places_file;
     std::string compare;
@@ -45,23 +51,49 @@ struct TimetableOptions {
     std::string output;
 };
 
-SpanAnswer span_answer(const TimetableOptions& options) {
+SpanAnswer span_answer(const TimetableOptions& options, const HijriReckoningPointer& hijri) {
     if (!options.month.empty())
         return month_span(options.month);
     if (!options.year.empty())
         return year_span(options.year);
     if (!options.hijri_month.empty())
-        return hijri_month_span(options.hijri_month);
+        return hijri_month_span(options.hijri_month, hijri);
     if (!options.hijri_year.empty())
-        return hijri_year_span(options.hijri_year);
+        return hijri_year_span(options.hijri_year, hijri);
     return dates_span(options.from, options.to);
 }
 
-DaySpan span_of(const TimetableOptions& options) {
-    const SpanAnswer answer = span_answer(options);
+DaySpan span_of(const TimetableOptions& options, const HijriReckoningPointer& hijri) {
+    const SpanAnswer answer = span_answer(options, hijri);
     if (answer.refused)
         throw UsageMistake(answer.refused->english);
     return answer.span;
+}
+
+std::optional<HijriChoice> hijri_choice(const TimetableOptions& options) {
+    if (options.hijri_rule == kept_rule)
+        return kept_hijri_rule();
+    HijriChoice choice;
+    choice.rule = options.hijri_rule;
+    return choice;
+}
+
+/// By which the Hijri dates are told; null for the tabular calendar.
+HijriReckoningPointer reckoning_of(const TimetableOptions& options) {
+    const DaySpan span = span_of(options, nullptr);
+    const std::optional<HijriChoice> choice = hijri_choice(options);
+    if (!choice)
+        return nullptr;
+    const double year = civil_date(span.first).year;
+    const bool is_kept = options.hijri_rule == kept_rule;
+    if (!is_kept)
+        if (const HijriAnswer answer = settings_of(*choice, year); !answer.settings)
+            throw UsageMistake("--hijri-rule " + choice->rule + ": " + answer.words.english);
+    load_series();
+    const HijriReckoningPointer hijri = reckoning_of(loaded_theory(), *choice, year);
+    if (hijri && !is_kept && !reckoning_within(hijri, span))
+        throw UsageMistake("--hijri-rule: there are no Hijri months on these days");
+    return hijri;
 }
 
 /// A choice of the command line in the place of the profile's; it is in `names`.
@@ -134,7 +166,8 @@ void load_needed(const Profile& profile) {
 class TimetableWork {
 public:
     TimetableWork(const TimetableOptions& options, const PageMaker& pages)
-        : options_(options), pages_(pages), span_(span_of(options)), format_(format_of(options)) {
+        : options_(options), pages_(pages), format_(format_of(options)), hijri_(reckoning_of(options)),
+          span_(span_of(options, hijri_)) {
         check_place(options_);
         profile_ = profile_of(options_);
         if (format_ == TimetableFormat::pdf)
@@ -170,7 +203,7 @@ private:
                                      : options_.output;
         require_no_program_file(path);
         const std::optional<Timetable> timetable =
-            make_timetable(loaded_theory(), {place, profile_, span_}, progress);
+            make_timetable(loaded_theory(), {place, profile_, span_, hijri_}, progress);
         if (!timetable)
             return cancelled();
         save_result(path, text_of(*timetable));
@@ -187,7 +220,7 @@ private:
         profile_.page.columns = table.columns;
         load_needed(profile_);
         const std::optional<Timetable> timetable =
-            make_timetable(loaded_theory(), {place_of(options_.place), profile_, span_}, progress);
+            make_timetable(loaded_theory(), {place_of(options_.place), profile_, span_, hijri_}, progress);
         if (!timetable)
             return cancelled();
         const std::string path = options_.output.empty() ? std::string(standard_output) : options_.output;
@@ -206,7 +239,7 @@ private:
         std::set<std::string> taken;
         for (const GivenPlace& given :
              places_of_text(read_text_file(options_.places_file), options_.places_file)) {
-            settings.push_back({given_place(given), profile_, span_});
+            settings.push_back({given_place(given), profile_, span_, hijri_});
             paths.push_back(free_path(folder, settings.back().place.location.name, taken));
         }
         const bool all = make_timetables(
@@ -236,8 +269,9 @@ private:
 
     const TimetableOptions& options_;
     const PageMaker& pages_;
-    DaySpan span_;
     TimetableFormat format_;
+    HijriReckoningPointer hijri_;
+    DaySpan span_;
     Profile profile_;
 };
 
@@ -256,6 +290,14 @@ std::vector<std::string> format_names() {
     return names;
 }
 
+/// The names that --hijri-rule takes.
+std::vector<std::string> hijri_rule_names() {
+    std::vector<std::string> names{kept_rule};
+    for (const HijriRule& rule : hijri_rules())
+        names.emplace_back(rule.key);
+    return names;
+}
+
 void add_span_options(CLI::App& command, TimetableOptions& options) {
     CLI::Option_group* span = command.add_option_group("Span", "One of these");
     span->add_option("--month", options.month, "A civil month")->type_name("YYYY-MM");
@@ -268,6 +310,12 @@ void add_span_options(CLI::App& command, TimetableOptions& options) {
     CLI::Option* to = command.add_option("--to", options.to, "Last date")->type_name("YYYY-MM-DD");
     from->needs(to);
     to->needs(from);
+    command
+        .add_option("--hijri-rule", options.hijri_rule,
+                    "By what Hijri dates are told: the kept rule (" + std::string(kept_rule) +
+                        "), or one with its usual settings: " + choice_of(hijri_rule_names()))
+        ->type_name("KEY")
+        ->check(CLI::IsMember(hijri_rule_names()).description(""));
 }
 
 void add_places_options(CLI::App& command, TimetableOptions& options) {

@@ -21,6 +21,7 @@
 #include <filesystem>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 namespace halvane {
 namespace {
@@ -239,6 +240,25 @@ bool is_usual(const HijriSettings& settings) {
     return settings.rule == &hijri_rules().front() && settings.announced.empty();
 }
 
+HijriSettings sound_settings(const HijriChoice& choice, double year) {
+    HijriAnswer answer = settings_of(choice, year);
+    if (!answer.settings)
+        throw RunTimeFailure(answer.words);
+    return std::move(*answer.settings);
+}
+
+/// All that a reckoning is made of, as a text to compare.
+std::string all_of(const HijriChoice& choice, const HijriSettings& settings) {
+    const HijriPlace& place = settings.place;
+    std::string text = text_of(choice) + place.name;
+    for (const double number : {place.longitude, place.latitude, place.height, place.hours_ahead})
+        text += ' ' + plain_number(number);
+    std::vector<AnnouncedRow> rows;
+    for (const AnnouncedStart& start : settings.announced)
+        rows.push_back(row_of(start));
+    return text + text_of(rows);
+}
+
 std::string path_of_rule() {
     return program_path(file_name);
 }
@@ -347,15 +367,22 @@ void forget_hijri_rule() {
 }
 
 HijriReckoningPointer reckoning_of(const TheoryPointer& theory, const HijriChoice& choice, double year) {
-    HijriAnswer answer = settings_of(choice, year);
-    if (!answer.settings)
-        throw RunTimeFailure(answer.words);
-    return is_usual(*answer.settings) ? nullptr : reckoning_of(theory, *answer.settings);
+    const HijriSettings settings = sound_settings(choice, year);
+    return is_usual(settings) ? nullptr : reckoning_of(theory, settings);
 }
 
-HijriReckoningPointer kept_reckoning(const TheoryPointer& theory, double year) {
+HijriReckoningPointer KeptReckoning::now(const TheoryPointer& theory, double year) {
     const std::optional<HijriChoice> choice = kept_hijri_rule();
-    return choice ? reckoning_of(theory, *choice, year) : nullptr;
+    if (!choice)
+        return nullptr;
+    const HijriSettings settings = sound_settings(*choice, year);
+    std::string made_of = all_of(*choice, settings);
+    if (theory != theory_ || made_of != made_of_) {
+        reckoning_ = is_usual(settings) ? nullptr : reckoning_of(theory, settings);
+        theory_ = theory;
+        made_of_ = std::move(made_of);
+    }
+    return reckoning_;
 }
 
 } // namespace halvane

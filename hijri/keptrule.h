@@ -74,7 +74,18 @@ void forget_hijri_rule();
 /// Error  raises RunTimeFailure with the words of what is wrong with the choice, and as settings_of.
 HijriReckoningPointer reckoning_of(const TheoryPointer& theory, const HijriChoice& choice, double year);
 
-/// The same of the kept rule; null where none was chosen.
-HijriReckoningPointer kept_reckoning(const TheoryPointer& theory, double year);
+/// The kept rule for a program that asks again and again: a reckoning, with the months that it has made,
+/// stands until something that it was made of is another.
+class KeptReckoning {
+public:
+    /// The reckoning of the kept rule, read anew; null where none was chosen.
+    /// Error  raises RunTimeFailure, as reckoning_of
+    HijriReckoningPointer now(const TheoryPointer& theory, double year);
+
+private:
+    TheoryPointer theory_;
+    std::string made_of_;
+    HijriReckoningPointer reckoning_;
+};
 
 } // namespace halvane

@@ -56,7 +56,7 @@ HijriChoice full_choice() {
 
 TEST_F(KeptRule, IsNoneAtFirst) {
     EXPECT_FALSE(kept_hijri_rule());
-    EXPECT_EQ(kept_reckoning(nullptr, 2026), nullptr);
+    EXPECT_EQ(KeptReckoning().now(nullptr, 2026), nullptr);
 }
 
 TEST_F(KeptRule, GivesBackWhatWasKept) {
@@ -212,6 +212,34 @@ TEST_F(KeptRule, RefusesAWholeListWithAProblemOrUsesTheRest) {
     choice.announced = AnnouncedUse::none;
     EXPECT_TRUE(settings_of(choice, 2026).settings.value().announced.empty());
     EXPECT_EQ(reckoning_of(nullptr, choice, 2026), nullptr);
+}
+
+TEST_F(KeptRule, StandsUntilSomethingThatItIsMadeOfChanges) {
+    KeptReckoning kept;
+    HijriChoice choice = choice_of("tabular-15");
+    keep_hijri_rule(choice);
+    const HijriReckoningPointer first = kept.now(nullptr, 2026);
+    ASSERT_NE(first, nullptr);
+    EXPECT_EQ(first->name.english, "Tabular with leap year 15");
+    EXPECT_EQ(kept.now(nullptr, 2026), first);
+    choice.announced = AnnouncedUse::sound;
+    keep_hijri_rule(choice);
+    folder.write("hijri-announced.csv", "year,month,first_day,announced_by\n1447,9,2026-02-18,a\n");
+    const HijriReckoningPointer announced = kept.now(nullptr, 2026);
+    EXPECT_NE(announced, first);
+    folder.write("hijri-announced.csv", "year,month,first_day,announced_by\n1447,9,2026-02-19,a\n");
+    EXPECT_NE(kept.now(nullptr, 2026), announced);
+    choice = choice_of("mabims");
+    keep_hijri_rule(choice);
+    const HijriReckoningPointer here = kept.now(nullptr, 2026);
+    Location moved = read_loc();
+    moved.latitude_minutes += 1;
+    write_loc(moved);
+    EXPECT_NE(kept.now(nullptr, 2026), here);
+    keep_hijri_rule(choice_of("tabular"));
+    EXPECT_EQ(kept.now(nullptr, 2026), nullptr);
+    forget_hijri_rule();
+    EXPECT_EQ(kept.now(nullptr, 2026), nullptr);
 }
 
 TEST(SeenBeforeKey, IsReadAndWritten) {

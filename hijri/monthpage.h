@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "timetable/profile.h"
+
+namespace halvane {
+
+/// What the page of a month looks like.
+struct MonthPage {
+    PageLanguage language = PageLanguage::english;
+    PaperSize paper = PaperSize::a4;
+};
+
+} // namespace halvane

@@ -4,6 +4,7 @@
 #include "events/phase.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace halvane {
@@ -11,7 +12,20 @@ namespace {
 
 constexpr int quarters = 4;
 
+constexpr std::array<TwinText, 8> moon_names{{{"New Moon", "محاق"},
+                                              {"crescent", "هلال"},
+                                              {"first quarter", "تربيع أول"},
+                                              {"gibbous", "أحدب"},
+                                              {"Full Moon", "بدر"},
+                                              {"gibbous", "أحدب"},
+                                              {"last quarter", "تربيع ثاني"},
+                                              {"crescent", "هلال"}}};
+
 } // namespace
+
+const TwinText& words_of(MoonOfDay moon) {
+    return moon_names[static_cast<std::size_t>(moon)];
+}
 
 MoonPhases::MoonPhases(Ephemeris& ephemeris, double first, double last) {
     // A phase comes within 15 hours of its mean one, so one month more on each side is enough.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/twintext.h"
 #include "ephemeris/ephemeris.h"
 
 #include <vector>
@@ -18,6 +19,9 @@ enum class MoonOfDay {
     last_quarter,
     waning_crescent
 };
+
+/// "Full Moon", "crescent" ...
+const TwinText& words_of(MoonOfDay moon);
 
 /// The phases about a span of days.
 class MoonPhases {

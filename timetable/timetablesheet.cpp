@@ -16,15 +16,6 @@ namespace {
 
 using Rows = std::span<const TimetableRow>;
 
-constexpr std::array<TwinText, 8> moon_names{{{"New Moon", "محاق"},
-                                              {"crescent", "هلال"},
-                                              {"first quarter", "تربيع أول"},
-                                              {"gibbous", "أحدب"},
-                                              {"Full Moon", "بدر"},
-                                              {"gibbous", "أحدب"},
-                                              {"last quarter", "تربيع ثاني"},
-                                              {"crescent", "هلال"}}};
-
 /// Why there is no time.
 TwinText word_of(NoEvent reason) {
     switch (reason) {
@@ -126,7 +117,7 @@ private:
         case TimetableColumn::hijri:
             return {hijri_words(row)};
         case TimetableColumn::moon_phase:
-            return {moon_names.at(static_cast<std::size_t>(row.moon))};
+            return {words_of(row.moon)};
         case TimetableColumn::rules:
             return {alike(machine_text(timetable_, row, column))};
         default:

@@ -21,6 +21,9 @@ struct MonthDay {
     bool is_white_day() const;
 };
 
+/// A phase as a timetable names it.
+MoonOfDay moon_of(Phase phase);
+
 /// A Hijri month, day by day.
 struct MonthSheet {
     HijriSettings settings;

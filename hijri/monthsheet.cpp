@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#include "hijri/monthsheet.h"
+
+#include "timetable/clockunits.h"
+#include "timetable/moonofday.h"
+#include "timetable/skydays.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace halvane {
+namespace {
+
+constexpr double noon = 0.5;
+
+/// Sunday is 0; that of the Julian day 0, a Monday, is 1.
+int weekday_of(double day_number) {
+    constexpr int days = 7;
+    return static_cast<int>(std::fmod(day_number + 1, days));
+}
+
+/// The phase that falls on a civil date, by the clock of its noon.
+std::optional<Phase> phase_on(const MoonPhases& phases, const TimetablePlace& place, double day_number) {
+    const double date = day_number - noon;
+    const double midnight = date - clock_on(place, date).ahead() / hours_per_day;
+    const int moon = static_cast<int>(phases.on(midnight, midnight + 1));
+    return moon % 2 == 0 ? std::optional(static_cast<Phase>(moon / 2)) : std::nullopt;
+}
+
+} // namespace
+
+bool MonthDay::is_white_day() const {
+    return std::any_of(feasts.begin(), feasts.end(),
+                       [](const Feast* feast) { return feast->is_of_each_month(); });
+}
+
+MoonOfDay moon_of(Phase phase) {
+    return static_cast<MoonOfDay>(2 * static_cast<int>(phase));
+}
+
+std::optional<MonthSheet> month_sheet(const TheoryPointer& theory, const HijriSettings& settings,
+                                      HijriMonthNumber month, const TimetablePlace& place,
+                                      Progress& progress) {
+    const std::optional<std::vector<HijriMonth>> months =
+        hijri_months(theory, settings, month, month, progress);
+    if (!months)
+        return std::nullopt;
+    MonthSheet sheet{settings, months->front(), place, {}};
+    Ephemeris ephemeris(theory);
+    const double first = sheet.month.first_day;
+    const MoonPhases phases(ephemeris, first - 2, first + sheet.month.days + 1);
+    for (int day = 1; day <= sheet.month.days; ++day) {
+        const HijriDate date{static_cast<double>(month.year()), static_cast<double>(month.month()),
+                             static_cast<double>(day)};
+        const double number = first + day - 1;
+        sheet.days.push_back(
+            {date, number, weekday_of(number), phase_on(phases, place, number), feasts_of(date)});
+    }
+    return sheet;
+}
+
+} // namespace halvane

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "events/phase.h"
+#include "hijri/hijriyears.h"
+
+#include <string>
+#include <vector>
+
+namespace halvane {
+
+// What all files and pages of Hijri months say alike.
+
+/// "Ramadan 1447"
+TwinWords month_words(HijriMonthNumber month);
+
+/// "seen-here-yallop-319500n359333e": a rule with its criterion and its place, without announced starts.
+std::string rule_key(const HijriSettings& settings);
+/// The same, with "announced-" before it where announced starts are used.
+std::string settings_key(const HijriSettings& settings);
+/// Those of several rules; where two are alike the later one ends with its number.
+std::vector<std::string> distinct_keys(const std::vector<RuleMonths>& rules,
+                                       std::string (*key)(const HijriSettings&));
+
+/// The notes of a month as one text, "; " between them; empty without any.
+std::string notes_text(const HijriMonth& month, Language language);
+
+/// The keys of a month's notes: "may_differ", "announced" ...
+std::vector<std::string> note_keys(const HijriMonth& month);
+
+/// "Full Moon", "First quarter"
+TwinWords phase_words(Phase phase);
+
+/// "0", "+1", "-1"
+std::string signed_days(int days);
+
+} // namespace halvane

@@ -47,6 +47,20 @@ PageFont page_font(double points, bool bold, const QColor& colour) {
     return font;
 }
 
+std::vector<PageSide> sides_of(PageLanguage language, double left, double right) {
+    const double middle = (left + right) / 2;
+    switch (language) {
+    case PageLanguage::english:
+        return {{Language::english, left, right}};
+    case PageLanguage::arabic:
+        return {{Language::arabic, left, right}};
+    case PageLanguage::both:
+        break;
+    }
+    return {{Language::english, left, middle - between_columns / 2},
+            {Language::arabic, middle + between_columns / 2, right}};
+}
+
 double SideWriter::write(const std::string& words, const PageFont& font, double top) const {
     if (words.empty())
         return top;
@@ -94,6 +108,23 @@ double paint_foot_rule(QPainter& painter, double left, double right, double bott
     painter.setPen(QPen(PageColours::hairline, 0.2 * page_units));
     painter.drawLine(QPointF(left, bottom - rule_above), QPointF(right, bottom - rule_above));
     return bottom - words_above;
+}
+
+void paint_foot(QPainter& painter, const std::vector<PageSide>& sides, double bottom,
+                const std::function<std::string(Language)>& words) {
+    const PageFont font = page_font(7.5, false, PageColours::quiet);
+    const double left = sides.front().left;
+    const double right = sides.back().right;
+    const double top = paint_foot_rule(painter, left, right, bottom);
+    if (sides.size() == 1) {
+        SideWriter(&painter, sides.front())
+            .write_pair(program_name, words(sides.front().language), font, font, top);
+        return;
+    }
+    for (const PageSide& side : sides)
+        SideWriter(&painter, side).write(words(side.language), font, top);
+    const QPointF middle((left + right) / 2, top + baseline_below_top * em_of(font));
+    PageText(program_name, font, Language::english).draw(painter, middle, LineAnchor::centre);
 }
 
 std::string words_of_page(Language language, int number, int pages) {

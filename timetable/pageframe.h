@@ -7,7 +7,9 @@
 #include <QColor>
 #include <QPainter>
 #include <QSizeF>
+#include <functional>
 #include <string>
+#include <vector>
 
 namespace halvane {
 
@@ -46,6 +48,9 @@ struct PageSide {
     double end() const { return language == Language::english ? right : left; }
 };
 
+/// The whole width for one language, or a half for each of both.
+std::vector<PageSide> sides_of(PageLanguage language, double left, double right);
+
 /// Writes texts of one language below one another.
 class SideWriter {
 public:
@@ -74,6 +79,12 @@ double paint_star_rule(QPainter& painter, double left, double right, double top)
 /// Paints the rule above a foot, and gives where the foot's words begin.
 /// In     bottom  of the page within its margins
 double paint_foot_rule(QPainter& painter, double left, double right, double bottom);
+
+/// Paints the foot with its rule: the program's name, and the words of the page in each language.
+/// In     sides   of the page
+///        bottom  of the page within its margins
+void paint_foot(QPainter& painter, const std::vector<PageSide>& sides, double bottom,
+                const std::function<std::string(Language)>& words);
 
 /// "Page 1 of 12"
 std::string words_of_page(Language language, int number, int pages);

@@ -14,20 +14,6 @@ namespace {
 
 constexpr double least_row_height = 4.4 * page_units;
 
-std::vector<PageSide> sides_of(PageLanguage language, double left, double right) {
-    const double middle = (left + right) / 2;
-    switch (language) {
-    case PageLanguage::english:
-        return {{Language::english, left, right}};
-    case PageLanguage::arabic:
-        return {{Language::arabic, left, right}};
-    case PageLanguage::both:
-        break;
-    }
-    return {{Language::english, left, middle - between_columns / 2},
-            {Language::arabic, middle + between_columns / 2, right}};
-}
-
 /// A page that is being painted, in page units.
 class Page {
 public:
@@ -101,21 +87,8 @@ private:
     }
 
     void write_foot(int number, int pages) const {
-        const PageFont font = page_font(7.5, false, PageColours::quiet);
-        const double top = paint_foot_rule(painter_, left_, right_, bottom_);
-        if (sides_.size() == 1)
-            SideWriter(&painter_, sides_.front())
-                .write_pair(program_name, page_words(sides_.front().language, number, pages), font, font,
-                            top);
-        else
-            write_foot_of_both(font, top, number, pages);
-    }
-
-    void write_foot_of_both(const PageFont& font, double top, int number, int pages) const {
-        for (const PageSide& side : sides_)
-            SideWriter(&painter_, side).write(page_words(side.language, number, pages), font, top);
-        const QPointF middle((left_ + right_) / 2, top + baseline_below_top * em_of(font));
-        PageText(program_name, font, Language::english).draw(painter_, middle, LineAnchor::centre);
+        paint_foot(painter_, sides_, bottom_,
+                   [=, this](Language language) { return page_words(language, number, pages); });
     }
 
     std::string page_words(Language language, int number, int pages) const {

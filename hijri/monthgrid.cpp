@@ -1,0 +1,236 @@
+// SPDX-License-Identifier: MIT
+#include "hijri/monthgrid.h"
+
+#include "calendar/civildate.h"
+#include "calendar/modday.h"
+#include "hijri/hijritexts.h"
+#include "timetable/pageframe.h"
+#include "timetable/pagetext.h"
+#include "timetable/placewords.h"
+
+#include <QPen>
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace halvane {
+namespace {
+
+constexpr int days_of_week = 7;
+constexpr int friday = 5;
+constexpr double a_sunday = 6; // day number of one
+constexpr double greatest_row_height = 36 * page_units;
+constexpr double padding = 1.4 * page_units;
+constexpr QColor white_day{0xFB, 0xF3, 0xD9};
+constexpr QColor dark_moon{0x3A, 0x45, 0x40};
+
+/// A text of a cell.
+struct CellLine {
+    std::string text;
+    Language language;
+    bool bold;
+    QColor colour;
+};
+
+class Grid {
+public:
+    Grid(QPainter& painter, const QRectF& room, const MonthSheet& sheet, PageLanguage language)
+        : painter_(painter), room_(room), sheet_(sheet), language_(language),
+          width_(room.width() / days_of_week), first_weekday_(sheet.days.front().weekday) {}
+
+    double paint() const {
+        const double top = paint_headings();
+        const int rows =
+            (first_weekday_ + static_cast<int>(sheet_.days.size()) + days_of_week - 1) / days_of_week;
+        const double height = std::min(greatest_row_height, (room_.bottom() - top) / rows);
+        for (int cell = 0; cell < rows * days_of_week; ++cell)
+            paint_cell(
+                QRectF(left_of(cell % days_of_week), top + cell / days_of_week * height, width_, height),
+                cell - first_weekday_);
+        const QRectF frame(room_.left(), top, room_.width(), rows * height);
+        painter_.setBrush(Qt::NoBrush);
+        painter_.setPen(QPen(PageColours::green, 0.4 * page_units));
+        painter_.drawLine(frame.bottomLeft(), frame.bottomRight());
+        return frame.bottom();
+    }
+
+private:
+    bool mirrored() const { return language_ == PageLanguage::arabic; }
+
+    std::vector<Language> shown_languages() const {
+        std::vector<Language> shown;
+        if (language_ != PageLanguage::arabic)
+            shown.push_back(Language::english);
+        if (language_ != PageLanguage::english)
+            shown.push_back(Language::arabic);
+        return shown;
+    }
+
+    double left_of(int weekday) const {
+        return room_.left() + width_ * (mirrored() ? days_of_week - 1 - weekday : weekday);
+    }
+
+    /// Paints the names of the weekdays, and gives where they end.
+    double paint_headings() const {
+        const std::vector<Language> shown = shown_languages();
+        const PageFont font = page_font(shown.size() == 1 ? 10 : 9, true, Qt::white);
+        const double line = PageText("x", font, shown.front()).height();
+        const double height = line * static_cast<double>(shown.size()) + 2 * page_units;
+        painter_.fillRect(QRectF(room_.left(), room_.top(), room_.width(), height), PageColours::green);
+        for (int weekday = 0; weekday < days_of_week; ++weekday) {
+            double top = room_.top() + page_units;
+            for (const Language language : shown) {
+                const std::string name = weekday_name(a_sunday + weekday, language);
+                const PageFont fitted = fitting(name, font, language, width_ - padding, 6);
+                PageText(name, fitted, language)
+                    .draw(painter_,
+                          QPointF(left_of(weekday) + width_ / 2, top + baseline_below_top * em_of(font)),
+                          LineAnchor::centre);
+                top += line;
+            }
+        }
+        return room_.top() + height;
+    }
+
+    // --- A cell ---
+
+    void paint_cell(const QRectF& cell, int index) const {
+        const bool holds_day = index >= 0 && index < static_cast<int>(sheet_.days.size());
+        if (holds_day)
+            paint_tint(cell, sheet_.days[static_cast<std::size_t>(index)]);
+        painter_.setBrush(Qt::NoBrush);
+        painter_.setPen(QPen(PageColours::hairline, 0.2 * page_units));
+        painter_.drawRect(cell);
+        if (holds_day)
+            paint_day(cell.adjusted(padding, padding, -padding, -padding),
+                      sheet_.days[static_cast<std::size_t>(index)]);
+    }
+
+    void paint_tint(const QRectF& cell, const MonthDay& day) const {
+        if (day.is_white_day())
+            painter_.fillRect(cell, white_day);
+        else if (day.weekday == friday)
+            painter_.fillRect(cell, PageColours::friday);
+    }
+
+    void paint_day(const QRectF& inner, const MonthDay& day) const {
+        const double number = paint_number(inner, day);
+        const double date_bottom = paint_date(inner, day, inner.width() - number - padding);
+        double below = inner.top() + 10.5 * page_units;
+        if (day.phase) {
+            constexpr double radius = 2.5 * page_units;
+            const double x = mirrored() ? inner.left() + radius : inner.right() - radius;
+            const double y = std::max(date_bottom + 0.8 * page_units, inner.top()) + radius;
+            paint_moon(painter_, QPointF(x, y), radius, *day.phase, latitude_of(sheet_.place.location) < 0);
+            below = std::max(below, y + radius + 0.4 * page_units);
+        }
+        paint_words(QRectF(QPointF(inner.left(), below), inner.bottomRight()), words_in(day));
+    }
+
+    bool is_kept(const MonthDay& day) const {
+        return std::any_of(day.feasts.begin(), day.feasts.end(), [](const Feast* feast) {
+            return !feast->is_of_each_month() && !feast->of_the_night;
+        });
+    }
+
+    /// Paints the day of the month, and gives how wide it is.
+    double paint_number(const QRectF& inner, const MonthDay& day) const {
+        const PageFont font = page_font(25, true, is_kept(day) ? PageColours::green : PageColours::ink);
+        const PageText text(std::to_string(static_cast<int>(day.hijri.day)), font, Language::english);
+        const double baseline = inner.top() + 0.78 * em_of(font);
+        text.draw(painter_, QPointF(mirrored() ? inner.right() : inner.left(), baseline),
+                  mirrored() ? LineAnchor::right : LineAnchor::left);
+        return text.width();
+    }
+
+    /// Paints the civil date in the other corner, and gives where it ends.
+    double paint_date(const QRectF& inner, const MonthDay& day, double width) const {
+        const DateNumbers date = civil_date(day.day_number);
+        double top = inner.top();
+        for (const Language language : shown_languages()) {
+            const std::string words = std::to_string(static_cast<int>(date.day)) + " " +
+                                      civil_month_name(static_cast<int>(date.month), language);
+            const PageFont font =
+                fitting(words, page_font(8, date.day == 1, PageColours::quiet), language, width, 5);
+            const PageText text(words, font, language);
+            text.draw(
+                painter_,
+                QPointF(mirrored() ? inner.left() : inner.right(), top + baseline_below_top * em_of(font)),
+                mirrored() ? LineAnchor::left : LineAnchor::right);
+            top += text.height();
+        }
+        return top;
+    }
+
+    std::vector<CellLine> words_in(const MonthDay& day) const {
+        std::vector<CellLine> lines;
+        for (const Language language : shown_languages()) {
+            for (const Feast* const feast : day.feasts)
+                if (!feast->is_of_each_month())
+                    lines.push_back({words_of(*feast).in(language), language, true, PageColours::green});
+            if (day.phase)
+                lines.push_back({phase_words(*day.phase).in(language), language, false, PageColours::quiet});
+        }
+        return lines;
+    }
+
+    /// Writes lines at the bottom of `room`, in the greatest letters that it holds.
+    void paint_words(const QRectF& room, const std::vector<CellLine>& lines) const {
+        constexpr double greatest = 8.5;
+        constexpr double least = 4;
+        double points = greatest;
+        while (points > least && (words_height(room, lines, points) > room.height()))
+            points -= 0.25;
+        double top = room.bottom() - words_height(room, lines, points);
+        for (const CellLine& line : lines) {
+            const PageFont font = page_font(points, line.bold, line.colour);
+            const PageText text(line.text, font, line.language, room.width());
+            const bool right = line.language == Language::arabic;
+            text.draw(painter_,
+                      QPointF(right ? room.right() : room.left(), top + baseline_below_top * em_of(font)),
+                      right ? LineAnchor::right : LineAnchor::left);
+            top += text.height();
+        }
+    }
+
+    static double words_height(const QRectF& room, const std::vector<CellLine>& lines, double points) {
+        double height = 0;
+        for (const CellLine& line : lines)
+            height += PageText(line.text, page_font(points, line.bold), line.language, room.width()).height();
+        return height;
+    }
+
+    QPainter& painter_;
+    QRectF room_;
+    const MonthSheet& sheet_;
+    PageLanguage language_;
+    double width_; ///< of a day
+    int first_weekday_;
+};
+
+} // namespace
+
+double paint_month_grid(QPainter& painter, const QRectF& room, const MonthSheet& sheet,
+                        PageLanguage language) {
+    return Grid(painter, room, sheet, language).paint();
+}
+
+void paint_moon(QPainter& painter, const QPointF& centre, double radius, Phase phase, bool mirrored) {
+    const QRectF disc(centre - QPointF(radius, radius), centre + QPointF(radius, radius));
+    constexpr int right_half = -90 * 16; // Qt counts sixteenths of a degree from the right, counter-clockwise
+    constexpr int left_half = 90 * 16;
+    constexpr int half_circle = 180 * 16;
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(phase == Phase::full_moon ? QColor(Qt::white) : dark_moon);
+    painter.drawEllipse(disc);
+    if (phase == Phase::first_quarter || phase == Phase::last_quarter) {
+        painter.setBrush(Qt::white);
+        painter.drawPie(disc, (phase == Phase::first_quarter) != mirrored ? right_half : left_half,
+                        half_circle);
+    }
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(dark_moon, 0.25 * page_units));
+    painter.drawEllipse(disc);
+}
+
+} // namespace halvane

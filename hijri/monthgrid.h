@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "hijri/monthsheet.h"
+#include "timetable/profile.h"
+
+#include <QPainter>
+#include <QRectF>
+
+namespace halvane {
+
+/// Paints the weeks of a month at the top of `room`, Sunday first, and gives where they end. Of Arabic alone
+/// the week begins at the right.
+double paint_month_grid(QPainter& painter, const QRectF& room, const MonthSheet& sheet,
+                        PageLanguage language);
+
+/// Paints the Moon as a disc: what is lit is white.
+/// In     mirrored  as it is seen from south of the equator
+void paint_moon(QPainter& painter, const QPointF& centre, double radius, Phase phase, bool mirrored);
+
+} // namespace halvane

@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: MIT
+#include "hijri/monthpainter.h"
+
+#include "calendar/civildate.h"
+#include "hijri/hijritexts.h"
+#include "hijri/monthgrid.h"
+#include "timetable/clockunits.h"
+#include "timetable/pageframe.h"
+#include "timetable/placewords.h"
+#include "timetable/skydays.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+#include <vector>
+
+namespace halvane {
+namespace {
+
+constexpr double noon = 0.5;
+
+TwinWords span_words(const MonthSheet& sheet) {
+    return joined(date_words(civil_date(sheet.days.front().day_number)), " - ",
+                  date_words(civil_date(sheet.days.back().day_number)));
+}
+
+/// "Time zone Asia/Amman (UT +2, UT +3)"
+TwinWords zone_words(const MonthSheet& sheet) {
+    std::vector<int> offsets;
+    for (const MonthDay& day : sheet.days) {
+        const double ahead = clock_on(sheet.place, day.day_number - noon).ahead();
+        const int offset = static_cast<int>(std::lround(ahead * seconds_of_hour));
+        if (std::find(offsets.begin(), offsets.end(), offset) == offsets.end())
+            offsets.push_back(offset);
+    }
+    return zone_words(sheet.place, offsets);
+}
+
+/// What is told of the first day, each with its margin where it has one.
+std::vector<TwinWords> warnings_of(const MonthSheet& sheet) {
+    std::vector<TwinWords> warnings;
+    for (const TwinWords& note : notes_of(sheet.month))
+        warnings.push_back(sentence(joined({"First day: ", "أول يوم: "}, "", note)));
+    if (sheet.month.may_differ())
+        warnings.back() = joined(warnings.back(), "",
+                                 {" Margin: " + margin_text(sheet.month) + ".",
+                                  " الهامش: " + left_to_right(margin_text(sheet.month)) + "."});
+    return warnings;
+}
+
+std::vector<TwinWords> notes_of(const MonthSheet& sheet) {
+    const HijriRule& rule = *sheet.settings.rule;
+    const TwinWords name = name_of(sheet.settings);
+    const std::string source = left_to_right(rule.source);
+    return {joined(joined(name, ": ", sentence(rule.told)), " ",
+                   {"Source: " + std::string(rule.source) + ".", "المصدر: " + source + "."}),
+            {"Each day begins at the sunset before it. Tinted: the white days.",
+             "يبدأ كل يوم من غروب الشمس قبله. الأيام المظللة هي الأيام البيض."},
+            joined({"Phases of the Moon by the clock of " + sheet.place.location.name + ": ",
+                    "أطوار القمر بتوقيت " + sheet.place.location.name + ": "},
+                   "", sentence(zone_words(sheet)))};
+}
+
+/// A page that is being painted, in page units.
+class Page {
+public:
+    Page(QPainter& painter, const QSizeF& size, const MonthSheet& sheet, PageLanguage language)
+        : painter_(painter), sheet_(sheet), language_(language), left_(page_margin),
+          right_(size.width() - page_margin), bottom_(size.height() - page_margin),
+          sides_(sides_of(language, left_, right_)) {}
+
+    void paint() const {
+        const double top = paint_star_rule(painter_, left_, right_, write_head());
+        const double room = bottom_ - foot_height - top;
+        const double least_grid = 0.75 * room;
+        const double points = notes_points(room - least_grid);
+        const double notes = write_notes(nullptr, 0, points);
+        const double end =
+            paint_month_grid(painter_, QRectF(left_, top, right_ - left_, room - notes), sheet_, language_);
+        write_notes(&painter_, end, points);
+        paint_foot(painter_, sides_, bottom_,
+                   [](Language language) { return words_of_page(language, 1, 1); });
+    }
+
+private:
+    double write_head() const {
+        double end = page_margin;
+        for (const PageSide& side : sides_)
+            end = std::max(end, write_head_of(side));
+        return end;
+    }
+
+    double write_head_of(const PageSide& side) const {
+        const SideWriter writer(&painter_, side);
+        const auto in = [&side](const TwinWords& words) { return words.in(side.language); };
+        const std::string title = in(month_words(sheet_.month.number));
+        const PageFont large =
+            fitting(title, page_font(26, true, PageColours::ink), side.language, side.width(), 15);
+        double top = writer.write(title, large, page_margin);
+        top = writer.write_pair(in(span_words(sheet_)), in(name_of(sheet_.settings)),
+                                page_font(12, true, PageColours::green),
+                                page_font(12, false, PageColours::ink), top);
+        for (const TwinWords& warning : warnings_of(sheet_))
+            top = writer.write(in(warning), page_font(9, true, PageColours::ink), top + 0.6 * page_units);
+        return top;
+    }
+
+    /// The size at which the notes fill no more than `room`.
+    double notes_points(double room) const {
+        double points = 8;
+        while (points > 4 && write_notes(nullptr, 0, points) > room)
+            points -= 0.25;
+        return points;
+    }
+
+    /// Writes the notes below `top`, and gives how high they are.
+    double write_notes(QPainter* painter, double top, double points) const {
+        double end = top;
+        for (const PageSide& side : sides_) {
+            const SideWriter writer(painter, side);
+            double y = top + 2 * page_units;
+            for (const TwinWords& note : notes_of(sheet_))
+                y = writer.write(note.in(side.language), page_font(points, false, PageColours::quiet), y);
+            end = std::max(end, y);
+        }
+        return end - top;
+    }
+
+    QPainter& painter_;
+    const MonthSheet& sheet_;
+    PageLanguage language_;
+    double left_;
+    double right_;
+    double bottom_;
+    std::vector<PageSide> sides_;
+};
+
+} // namespace
+
+PaintedPages painted_pages(std::shared_ptr<const MonthSheet> sheet, const MonthPage& page) {
+    return {page.paper, page.language, 1,
+            [sheet = std::move(sheet), page](QPainter& painter, const QRectF& room, int /*number*/) {
+                const QSizeF size = paper_size(page.paper) * page_units;
+                painter.save();
+                painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+                painter.translate(room.topLeft());
+                painter.scale(room.width() / size.width(), room.height() / size.height());
+                Page(painter, size, *sheet, page.language).paint();
+                painter.restore();
+            }};
+}
+
+std::string document_title(const MonthSheet& sheet, PageLanguage language) {
+    return month_words(sheet.month.number)
+        .in(language == PageLanguage::arabic ? Language::arabic : Language::english);
+}
+
+} // namespace halvane

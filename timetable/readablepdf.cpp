@@ -129,14 +129,56 @@ QByteArray glyph_map(Code glyphs, Code codes) {
     return map;
 }
 
-/// How many widths stand in a descendant font: "/W [0 [w w w ]\n]".
+/// Where the widths of a descendant font begin and end; -1 without any. They are "0 [w w w ]" from a code on
+/// and "2 11 w" from a code to another one.
+struct WidthsPlace {
+    qsizetype begin = -1;
+    qsizetype end = -1;
+};
+
+WidthsPlace widths_place(const QByteArray& descendant) {
+    const QByteArray key = "/W [";
+    WidthsPlace place;
+    const qsizetype found = descendant.indexOf(key);
+    if (found < 0)
+        return place;
+    place.begin = found + key.size();
+    int open = 1;
+    for (place.end = place.begin; place.end < descendant.size(); ++place.end) {
+        const char letter = descendant[place.end];
+        open += letter == '[' ? 1 : letter == ']' ? -1 : 0;
+        if (open == 0)
+            return place;
+    }
+    return {};
+}
+
+/// How many glyphs a descendant font has a width for.
 Code width_count(const QByteArray& descendant) {
-    const qsizetype widths = descendant.indexOf("/W [0 [");
-    if (widths < 0)
-        return 0;
-    const qsizetype begin = widths + 7;
-    const QByteArray list = descendant.mid(begin, descendant.indexOf(']', begin) - begin).simplified();
-    return list.isEmpty() ? 0 : static_cast<Code>(list.split(' ').size());
+    const WidthsPlace place = widths_place(descendant);
+    QByteArray widths = descendant.mid(place.begin, place.end - place.begin);
+    widths.replace("[", " [ ").replace("]", " ] ");
+    Code count = 0;
+    bool in_list = false;
+    std::vector<int> numbers; // of the part that is being read
+    for (const QByteArray& word : widths.simplified().split(' ')) {
+        if (word == "[") {
+            in_list = true;
+            continue;
+        }
+        if (word != "]")
+            numbers.push_back(word.toInt());
+        const bool is_run = !in_list && numbers.size() == 3;
+        if (word == "]")
+            count = numbers.front() + static_cast<Code>(numbers.size()) - 1;
+        else if (is_run)
+            count = numbers[1] + 1;
+        else
+            continue;
+        in_list = false;
+        numbers.clear();
+    }
+    return count;
 }
 
 /// Adds codes without width and without ink to a descendant font.
@@ -144,8 +186,7 @@ QByteArray with_inkless(QByteArray descendant, Code glyphs, Code codes, int glyp
     QByteArray widths = ' ' + QByteArray::number(glyphs) + " [";
     for (Code code = glyphs; code < codes; ++code)
         widths += "0 ";
-    const qsizetype end = descendant.indexOf(']', descendant.indexOf("/W [0 [")) + 1;
-    descendant.insert(end, widths + ']');
+    descendant.insert(widths_place(descendant).end, widths + "]\n");
     return descendant.replace("/CIDToGIDMap /Identity",
                               "/CIDToGIDMap " + QByteArray::number(glyph_map_object) + " 0 R");
 }

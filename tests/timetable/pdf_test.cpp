@@ -2,9 +2,13 @@
 // The PDF files of pages, read by Poppler's programs.
 #include "tests/support/programfolder.h"
 #include "tests/timetable/writtensheet.h"
+#include "timetable/pagetext.h"
 #include "timetable/readablepdf.h"
 #include "timetable/timetablepdf.h"
 
+#include <QBuffer>
+#include <QPainter>
+#include <QPdfWriter>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QStandardPaths>
@@ -39,6 +43,18 @@ protected:
         EXPECT_EQ(process.exitCode(), 0);
         EXPECT_EQ(process.readAllStandardError(), QByteArray());
         return QString::fromUtf8(process.readAllStandardOutput());
+    }
+
+    /// A page as Poppler paints it.
+    QByteArray picture_of(const QByteArray& pdf) const {
+        const std::string path = (folder / "page.pdf").string();
+        std::ofstream(path, std::ios::binary) << pdf.toStdString();
+        QProcess process;
+        process.start(QStringLiteral("pdftoppm"), {QString::fromStdString(path)});
+        EXPECT_TRUE(process.waitForFinished());
+        const QByteArray picture = process.readAllStandardOutput();
+        EXPECT_TRUE(picture.startsWith("P6")) << process.readAllStandardError().toStdString();
+        return picture;
     }
 
     TemporaryProgramFolder folder;
@@ -155,6 +171,34 @@ TEST_F(Pdf, HasAPageForEachSheetAndATitle) {
     EXPECT_TRUE(letter.contains(QRegularExpression(QStringLiteral("612 x 792 pts"))));
     const QString text = told_by("pdftotext", year, page_in(PageLanguage::english));
     EXPECT_TRUE(text.contains(QStringLiteral("Page 12 of 12")));
+}
+
+/// A page of some texts, one below the other, as QPdfWriter writes it.
+QByteArray written_page(const std::vector<std::string>& texts) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&buffer);
+    QPainter painter(&writer);
+    painter.scale(0.3, 0.3);
+    double baseline = 3 * page_units;
+    for (const std::string& text : texts) {
+        PageFont font;
+        font.points = 20;
+        PageText(text, font, Language::arabic)
+            .draw(painter, QPointF(100 * page_units, baseline += 12 * page_units), LineAnchor::right);
+    }
+    painter.end();
+    return bytes;
+}
+
+TEST_F(Pdf, LooksAsBeforeItWasMadeReadable) {
+    // Fonts write the widths of many figures in a row, and of letters, in two ways.
+    const QByteArray written = written_page({"لا إله", "0123456789", "Gent, Utrecht 2005"});
+    ASSERT_TRUE(written.contains(" 572 \n")) << "the figures of Noto Sans are of one width";
+    const QByteArray readable = readable_pdf(written);
+    EXPECT_NE(readable, written);
+    EXPECT_TRUE(picture_of(readable) == picture_of(written));
 }
 
 TEST(ReadablePdf, LeavesWhatItDoesNotKnow) {

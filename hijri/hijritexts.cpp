@@ -20,7 +20,7 @@ std::string rule_key(const HijriSettings& settings) {
     std::string key = settings.rule->key;
     if (asks_criterion(*settings.rule)) {
         (key += '-') += settings.criterion->key;
-        if (settings.seen_class != usual_seen_class(*settings.criterion))
+        if (settings.seen_class != settings.criterion->by_eye)
             key += "-class-" + std::to_string(settings.seen_class);
     }
     if (asks_place(*settings.rule))

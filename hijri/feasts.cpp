@@ -58,7 +58,7 @@ std::vector<const Feast*> feasts_of(const HijriDate& date) {
 TwinWords words_of(const Feast& feast) {
     if (!feast.of_the_night)
         return feast.name;
-    return {std::string(feast.name.english) + " (the night before)",
+    return {std::string(feast.name.english) + " (night before)",
             std::string(feast.name.arabic) + " (الليلة السابقة)"};
 }
 

@@ -28,7 +28,7 @@ std::span<const Feast> feasts();
 /// Those of a date. The 13th of Thul Hejjah is a day of Tashriq and no white day.
 std::vector<const Feast*> feasts_of(const HijriDate& date);
 
-/// Its name, with "(the night before)" where it is of the night.
+/// Its name, with "(night before)" where it is of the night.
 TwinWords words_of(const Feast& feast);
 
 /// A feast in a month, on days one after the other.

@@ -51,7 +51,7 @@ Json json_of(const HijriSettings& settings, Language language) {
     Json told{{"key", rule.key},
               {"name", as_utf8(name_of(settings).in(language))},
               {"told", rule.told.in(language)},
-              {"source", rule.source},
+              {"source", source_of(settings)},
               {"place", nullptr},
               {"criterion", nullptr},
               {"region", nullptr},

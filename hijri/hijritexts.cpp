@@ -44,6 +44,10 @@ std::vector<std::string> distinct_keys(const std::vector<RuleMonths>& rules,
     return keys;
 }
 
+std::string source_of(const HijriSettings& settings) {
+    return asks_criterion(*settings.rule) ? settings.criterion->source : settings.rule->source;
+}
+
 std::string notes_text(const HijriMonth& month, Language language) {
     std::string text;
     for (const TwinWords& note : notes_of(month))

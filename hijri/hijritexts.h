@@ -22,6 +22,9 @@ std::string settings_key(const HijriSettings& settings);
 std::vector<std::string> distinct_keys(const std::vector<RuleMonths>& rules,
                                        std::string (*key)(const HijriSettings&));
 
+/// The book or the body that a rule comes from, or its criterion where it asks for one.
+std::string source_of(const HijriSettings& settings);
+
 /// The notes of a month as one text, "; " between them; empty without any.
 std::string notes_text(const HijriMonth& month, Language language);
 

@@ -19,8 +19,10 @@ namespace {
 constexpr int days_of_week = 7;
 constexpr int friday = 5;
 constexpr double a_sunday = 6; // day number of one
-constexpr double greatest_row_height = 36 * page_units;
+constexpr double greatest_row_height = 46 * page_units;
 constexpr double padding = 1.4 * page_units;
+constexpr double number_points = 23;
+constexpr double civil_points = 11;
 constexpr QColor white_day{0xFB, 0xF3, 0xD9};
 constexpr QColor dark_moon{0x3A, 0x45, 0x40};
 
@@ -36,7 +38,8 @@ class Grid {
 public:
     Grid(QPainter& painter, const QRectF& room, const MonthSheet& sheet, PageLanguage language)
         : painter_(painter), room_(room), sheet_(sheet), language_(language),
-          width_(room.width() / days_of_week), first_weekday_(sheet.days.front().weekday) {}
+          width_(room.width() / days_of_week), first_weekday_(sheet.days.front().weekday),
+          month_points_(points_of_months()) {}
 
     double paint() const {
         const double top = paint_headings();
@@ -114,13 +117,13 @@ private:
     }
 
     void paint_day(const QRectF& inner, const MonthDay& day) const {
-        const double number = paint_number(inner, day);
-        const double date_bottom = paint_date(inner, day, inner.width() - number - padding);
-        double below = inner.top() + 10.5 * page_units;
+        paint_number(inner, day);
+        const double date_bottom = paint_date(inner, day);
+        double below = std::max(inner.top() + 10.5 * page_units, date_bottom + 0.4 * page_units);
         if (day.phase) {
             constexpr double radius = 2.5 * page_units;
             const double x = mirrored() ? inner.left() + radius : inner.right() - radius;
-            const double y = std::max(date_bottom + 0.8 * page_units, inner.top()) + radius;
+            const double y = std::max(date_bottom + 0.6 * page_units, inner.top()) + radius;
             paint_moon(painter_, QPointF(x, y), radius, *day.phase, latitude_of(sheet_.place.location) < 0);
             below = std::max(below, y + radius + 0.4 * page_units);
         }
@@ -133,32 +136,53 @@ private:
         });
     }
 
-    /// Paints the day of the month, and gives how wide it is.
-    double paint_number(const QRectF& inner, const MonthDay& day) const {
-        const PageFont font = page_font(25, true, is_kept(day) ? PageColours::green : PageColours::ink);
-        const PageText text(std::to_string(static_cast<int>(day.hijri.day)), font, Language::english);
-        const double baseline = inner.top() + 0.78 * em_of(font);
-        text.draw(painter_, QPointF(mirrored() ? inner.right() : inner.left(), baseline),
+    static PageText number_of(const MonthDay& day, const QColor& colour) {
+        return {std::to_string(static_cast<int>(day.hijri.day)), page_font(number_points, true, colour),
+                Language::english};
+    }
+
+    static std::string civil_month_of(const MonthDay& day, Language language) {
+        return civil_month_name(static_cast<int>(civil_date(day.day_number).month), language);
+    }
+
+    /// The size in which the civil months stand beside the days of the month                      [pt]
+    double points_of_months() const {
+        constexpr double greatest = 7.5;
+        constexpr double least = 4;
+        const double inner = width_ - 2 * padding;
+        double points = greatest;
+        for (const MonthDay& day : sheet_.days)
+            for (const Language language : shown_languages())
+                points =
+                    std::min(points, fitting(civil_month_of(day, language), page_font(greatest, true),
+                                             language, inner - number_of(day, {}).width() - padding, least)
+                                         .points);
+        return points;
+    }
+
+    void paint_number(const QRectF& inner, const MonthDay& day) const {
+        const double baseline = inner.top() + 0.78 * em_of(page_font(number_points, true));
+        number_of(day, is_kept(day) ? PageColours::green : PageColours::ink)
+            .draw(painter_, QPointF(mirrored() ? inner.right() : inner.left(), baseline),
                   mirrored() ? LineAnchor::right : LineAnchor::left);
-        return text.width();
     }
 
     /// Paints the civil date in the other corner, and gives where it ends.
-    double paint_date(const QRectF& inner, const MonthDay& day, double width) const {
-        const DateNumbers date = civil_date(day.day_number);
-        double top = inner.top();
-        for (const Language language : shown_languages()) {
-            const std::string words = std::to_string(static_cast<int>(date.day)) + " " +
-                                      civil_month_name(static_cast<int>(date.month), language);
-            const PageFont font =
-                fitting(words, page_font(8, date.day == 1, PageColours::quiet), language, width, 5);
-            const PageText text(words, font, language);
-            text.draw(
-                painter_,
-                QPointF(mirrored() ? inner.left() : inner.right(), top + baseline_below_top * em_of(font)),
-                mirrored() ? LineAnchor::left : LineAnchor::right);
-            top += text.height();
-        }
+    double paint_date(const QRectF& inner, const MonthDay& day) const {
+        const int date = static_cast<int>(civil_date(day.day_number).day);
+        const bool bold = date == 1;
+        double top = inner.top() - 0.4 * page_units;
+        const auto draw = [&](const std::string& words, const PageFont& font, Language language) {
+            PageText(words, font, language)
+                .draw(painter_,
+                      QPointF(mirrored() ? inner.left() : inner.right(),
+                              top + baseline_below_top * em_of(font)),
+                      mirrored() ? LineAnchor::left : LineAnchor::right);
+            top += em_of(font) * 1.2;
+        };
+        draw(std::to_string(date), page_font(civil_points, bold, PageColours::quiet), Language::english);
+        for (const Language language : shown_languages())
+            draw(civil_month_of(day, language), page_font(month_points_, bold, PageColours::quiet), language);
         return top;
     }
 
@@ -206,6 +230,7 @@ private:
     PageLanguage language_;
     double width_; ///< of a day
     int first_weekday_;
+    double month_points_;
 };
 
 } // namespace

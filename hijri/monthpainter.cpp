@@ -49,11 +49,9 @@ std::vector<TwinWords> warnings_of(const MonthSheet& sheet) {
 }
 
 std::vector<TwinWords> notes_of(const MonthSheet& sheet) {
-    const HijriRule& rule = *sheet.settings.rule;
-    const TwinWords name = name_of(sheet.settings);
-    const std::string source = left_to_right(rule.source);
-    return {joined(joined(name, ": ", sentence(rule.told)), " ",
-                   {"Source: " + std::string(rule.source) + ".", "المصدر: " + source + "."}),
+    const std::string source = source_of(sheet.settings);
+    return {joined(joined(name_of(sheet.settings), ": ", sentence(sheet.settings.rule->told)), " ",
+                   {"Source: " + source + ".", "المصدر: " + left_to_right(source) + "."}),
             {"Each day begins at the sunset before it. Tinted: the white days.",
              "يبدأ كل يوم من غروب الشمس قبله. الأيام المظللة هي الأيام البيض."},
             joined({"Phases of the Moon by the clock of " + sheet.place.location.name + ": ",
@@ -69,7 +67,7 @@ public:
           right_(size.width() - page_margin), bottom_(size.height() - page_margin),
           sides_(sides_of(language, left_, right_)) {}
 
-    void paint() const {
+    void paint(int number, int pages) const {
         const double top = paint_star_rule(painter_, left_, right_, write_head());
         const double room = bottom_ - foot_height - top;
         const double least_grid = 0.75 * room;
@@ -79,7 +77,7 @@ public:
             paint_month_grid(painter_, QRectF(left_, top, right_ - left_, room - notes), sheet_, language_);
         write_notes(&painter_, end, points);
         paint_foot(painter_, sides_, bottom_,
-                   [](Language language) { return words_of_page(language, 1, 1); });
+                   [=](Language language) { return words_of_page(language, number, pages); });
     }
 
 private:
@@ -97,9 +95,12 @@ private:
         const PageFont large =
             fitting(title, page_font(26, true, PageColours::ink), side.language, side.width(), 15);
         double top = writer.write(title, large, page_margin);
-        top = writer.write_pair(in(span_words(sheet_)), in(name_of(sheet_.settings)),
-                                page_font(12, true, PageColours::green),
-                                page_font(12, false, PageColours::ink), top);
+        const PageFont green = page_font(12, true, PageColours::green);
+        const PageFont plain = page_font(12, false, PageColours::ink);
+        const std::string span = in(span_words(sheet_));
+        const std::string rule = in(name_of(sheet_.settings));
+        top = sides_.size() == 1 ? writer.write_pair(span, rule, green, plain, top)
+                                 : writer.write(rule, plain, writer.write(span, green, top));
         for (const TwinWords& warning : warnings_of(sheet_))
             top = writer.write(in(warning), page_font(9, true, PageColours::ink), top + 0.6 * page_units);
         return top;
@@ -137,22 +138,32 @@ private:
 
 } // namespace
 
-PaintedPages painted_pages(std::shared_ptr<const MonthSheet> sheet, const MonthPage& page) {
-    return {page.paper, page.language, 1,
-            [sheet = std::move(sheet), page](QPainter& painter, const QRectF& room, int /*number*/) {
+PaintedPages painted_pages(std::shared_ptr<const std::vector<MonthSheet>> sheets, const MonthPage& page) {
+    const int count = static_cast<int>(sheets->size());
+    return {page.paper, page.language, count,
+            [sheets = std::move(sheets), page, count](QPainter& painter, const QRectF& room, int number) {
                 const QSizeF size = paper_size(page.paper) * page_units;
+                const MonthSheet& sheet = (*sheets)[static_cast<std::size_t>(number - 1)];
                 painter.save();
                 painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
                 painter.translate(room.topLeft());
                 painter.scale(room.width() / size.width(), room.height() / size.height());
-                Page(painter, size, *sheet, page.language).paint();
+                Page(painter, size, sheet, page.language).paint(number, count);
                 painter.restore();
             }};
 }
 
-std::string document_title(const MonthSheet& sheet, PageLanguage language) {
-    return month_words(sheet.month.number)
-        .in(language == PageLanguage::arabic ? Language::arabic : Language::english);
+PaintedPages painted_pages(std::shared_ptr<const MonthSheet> sheet, const MonthPage& page) {
+    return painted_pages(std::make_shared<const std::vector<MonthSheet>>(1, *sheet), page);
+}
+
+std::string document_title(const std::vector<MonthSheet>& sheets, PageLanguage language) {
+    const auto title = [language](const MonthSheet& sheet) {
+        return month_words(sheet.month.number)
+            .in(language == PageLanguage::arabic ? Language::arabic : Language::english);
+    };
+    const std::string first = title(sheets.front());
+    return sheets.size() == 1 ? first : first + " - " + title(sheets.back());
 }
 
 } // namespace halvane

@@ -7,6 +7,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace halvane {
 
@@ -14,7 +15,10 @@ namespace halvane {
 /// PDF. A QGuiApplication must be running. What is painted owns all that it needs.
 PaintedPages painted_pages(std::shared_ptr<const MonthSheet> sheet, const MonthPage& page);
 
-/// "Ramadan 1447"
-std::string document_title(const MonthSheet& sheet, PageLanguage language);
+/// The same of several months, a page each. In     sheets  not empty
+PaintedPages painted_pages(std::shared_ptr<const std::vector<MonthSheet>> sheets, const MonthPage& page);
+
+/// "Ramadan 1447", or "Muharram 1447 - Thul Hejjah 1447".
+std::string document_title(const std::vector<MonthSheet>& sheets, PageLanguage language);
 
 } // namespace halvane

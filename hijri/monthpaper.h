@@ -5,6 +5,7 @@
 #include "hijri/monthsheet.h"
 
 #include <string>
+#include <vector>
 
 namespace halvane {
 
@@ -12,5 +13,7 @@ namespace halvane {
 /// A QGuiApplication must be running.
 /// Error  raises RunTimeFailure when the system has no font for the page's language.
 std::string pdf_of(const MonthSheet& sheet, const MonthPage& page);
+/// The same of several months, a page each. In     sheets  not empty
+std::string pdf_of(const std::vector<MonthSheet>& sheets, const MonthPage& page);
 
 } // namespace halvane

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace halvane {
 namespace {
@@ -27,6 +28,18 @@ std::optional<Phase> phase_on(const MoonPhases& phases, const TimetablePlace& pl
     return moon % 2 == 0 ? std::optional(static_cast<Phase>(moon / 2)) : std::nullopt;
 }
 
+std::vector<MonthDay> days_of(const HijriMonth& month, const MoonPhases& phases,
+                              const TimetablePlace& place) {
+    std::vector<MonthDay> days;
+    for (int day = 1; day <= month.days; ++day) {
+        const HijriDate date{static_cast<double>(month.number.year()),
+                             static_cast<double>(month.number.month()), static_cast<double>(day)};
+        const double number = month.first_day + day - 1;
+        days.push_back({date, number, weekday_of(number), phase_on(phases, place, number), feasts_of(date)});
+    }
+    return days;
+}
+
 } // namespace
 
 bool MonthDay::is_white_day() const {
@@ -38,25 +51,32 @@ MoonOfDay moon_of(Phase phase) {
     return static_cast<MoonOfDay>(2 * static_cast<int>(phase));
 }
 
+std::optional<std::vector<MonthSheet>> month_sheets(const TheoryPointer& theory,
+                                                    const HijriSettings& settings, HijriMonthNumber first,
+                                                    HijriMonthNumber last, const TimetablePlace& place,
+                                                    Progress& progress) {
+    const std::optional<std::vector<HijriMonth>> months =
+        hijri_months(theory, settings, first, last, progress);
+    if (!months)
+        return std::nullopt;
+    Ephemeris ephemeris(theory);
+    const double before = months->front().first_day - 2;
+    const double after = months->back().first_day + months->back().days + 1;
+    const MoonPhases phases(ephemeris, before, after);
+    std::vector<MonthSheet> sheets;
+    for (const HijriMonth& month : *months)
+        sheets.push_back({settings, month, place, days_of(month, phases, place)});
+    return sheets;
+}
+
 std::optional<MonthSheet> month_sheet(const TheoryPointer& theory, const HijriSettings& settings,
                                       HijriMonthNumber month, const TimetablePlace& place,
                                       Progress& progress) {
-    const std::optional<std::vector<HijriMonth>> months =
-        hijri_months(theory, settings, month, month, progress);
-    if (!months)
+    std::optional<std::vector<MonthSheet>> sheets =
+        month_sheets(theory, settings, month, month, place, progress);
+    if (!sheets)
         return std::nullopt;
-    MonthSheet sheet{settings, months->front(), place, {}};
-    Ephemeris ephemeris(theory);
-    const double first = sheet.month.first_day;
-    const MoonPhases phases(ephemeris, first - 2, first + sheet.month.days + 1);
-    for (int day = 1; day <= sheet.month.days; ++day) {
-        const HijriDate date{static_cast<double>(month.year()), static_cast<double>(month.month()),
-                             static_cast<double>(day)};
-        const double number = first + day - 1;
-        sheet.days.push_back(
-            {date, number, weekday_of(number), phase_on(phases, place, number), feasts_of(date)});
-    }
-    return sheet;
+    return std::move(sheets->front());
 }
 
 } // namespace halvane

@@ -32,11 +32,17 @@ struct MonthSheet {
     std::vector<MonthDay> days;
 };
 
-/// A month by a rule. Nothing after a cancel.
-/// In     theory  with `termfull.vsk`, `elp.vsk` and `mterm.vsk`
-///        month   of hijri_rule_years
-///        place   whose clock gives the phases their dates
+/// The months from one to another by a rule. Nothing after a cancel.
+/// In     theory       with `termfull.vsk`, `elp.vsk` and `mterm.vsk`
+///        first, last  months of hijri_rule_years
+///        place        whose clock gives the phases their dates
 /// Accuracy and errors as those of hijri_months.
+std::optional<std::vector<MonthSheet>> month_sheets(const TheoryPointer& theory,
+                                                    const HijriSettings& settings, HijriMonthNumber first,
+                                                    HijriMonthNumber last, const TimetablePlace& place,
+                                                    Progress& progress);
+
+/// One month, as month_sheets.
 std::optional<MonthSheet> month_sheet(const TheoryPointer& theory, const HijriSettings& settings,
                                       HijriMonthNumber month, const TimetablePlace& place,
                                       Progress& progress);

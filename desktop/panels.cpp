@@ -8,16 +8,20 @@
 #include "desktop/settingscheck.h"
 #include "finemap/frmfinemap.h"
 #include "hijri/frmhej.h"
+#include "hijri/keptrule.h"
 #include "panel/messages.h"
 #include "phases/frmphase.h"
 #include "prayer/frmalerts.h"
 #include "qibla/frmqib.h"
+#include "routines/machineclock.h"
+#include "routines/seriesloader.h"
 #include "stored/loc.h"
 #include "tables/frmcoor.h"
 #include "telescope/frmtele.h"
 #include "timetable/frmtimetable.h"
 #include "watch/frmwatch.h"
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -74,6 +78,12 @@ void open_fine_map(frmcresv& crescent, CrescentKind kind, double conjunction, in
     bring_forward(map);
 }
 
+QDialog* make_timetable_panel(QWidget* owner) {
+    return new frmtimetable(owner, [kept = std::make_shared<KeptReckoning>()] {
+        return kept->now(loaded_theory(), machine_time().year);
+    });
+}
+
 QDialog* make_crescent_panel(QWidget* owner) {
     auto* const crescent = new frmcresv(owner);
     QObject::connect(crescent, &frmcresv::watch_wanted, crescent,
@@ -96,7 +106,7 @@ std::span<const Panel> panels() {
         {"frmdate", "cmddat", true, make_panel<frmdate>},
         {"frmpreferences", "cmdpre", true, make_panel<frmpreferences>},
         {"frmhej", "cmdcon", true, make_panel<frmhej>},
-        {"frmtimetable", "cmdtable", false, make_panel<frmtimetable>},
+        {"frmtimetable", "cmdtable", false, make_timetable_panel},
         {"frmphase", "cmdpha", false, make_panel<frmphase>},
         {"frmqib", "cmdqib", false, make_panel<frmqib>},
         {"frmcoor", "cmdcoor", false, make_panel<frmcoor>},

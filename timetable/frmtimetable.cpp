@@ -128,9 +128,9 @@ QString join(const std::vector<TwinWords>& words, Language language) {
 
 } // namespace
 
-frmtimetable::frmtimetable(QWidget* owner)
+frmtimetable::frmtimetable(QWidget* owner, HijriProvider hijri)
     : QDialog(owner), ui_(std::make_unique<Ui::frmtimetable>()), language_(stored_language()),
-      job_(new TimetableJob(this)), pause_(new QTimer(this)) {
+      hijri_(std::move(hijri)), job_(new TimetableJob(this)), pause_(new QTimer(this)) {
     ui_->setupUi(this);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     pause_->setSingleShot(true);
@@ -298,11 +298,23 @@ PrayerNames frmtimetable::shown_names() const {
 }
 
 /// What the boxes say; `wrong` takes those that say nothing that can be used.
+HijriReckoningPointer frmtimetable::reckoning(std::vector<WrongBox>& wrong) const {
+    try {
+        return hijri_ ? hijri_() : nullptr;
+    } catch (const RunTimeFailure& failure) {
+        wrong.push_back({"cbokind", "lblspanwrong", words_of(failure, language_)});
+        return nullptr;
+    }
+}
+
 TimetableChoice frmtimetable::shown(std::vector<WrongBox>& wrong) const {
     TimetableChoice choice{shown_span(), shown_place(), std::nullopt, profile_};
+    std::vector<WrongBox> wrong_hijri;
+    choice.hijri = reckoning(wrong_hijri);
     if (ui_->optzonerules->isChecked())
         choice.zone = text_of(*ui_->cbozone);
     wrong = boxes_->take(choice.profile);
+    wrong.insert(wrong.begin(), wrong_hijri.begin(), wrong_hijri.end());
     if (!choice.profile.preferences)
         choice.profile.authority = ui_->cboauthority->currentData().toString().toStdString();
     choice.profile.page.columns = checked_columns(*ui_->lstcolumns);
@@ -338,7 +350,8 @@ void frmtimetable::change_kind() {
         return;
     SpanChoice before = shown_span();
     before.kind = kind_;
-    show_span(in_kind(before, static_cast<SpanKind>(ui_->cbokind->currentData().toInt())));
+    std::vector<WrongBox> wrong; // told with the next timetable
+    show_span(in_kind(before, static_cast<SpanKind>(ui_->cbokind->currentData().toInt()), reckoning(wrong)));
     change();
 }
 

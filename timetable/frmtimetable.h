@@ -6,6 +6,7 @@
 #include "timetable/timetablerules.h"
 
 #include <QDialog>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -23,12 +24,17 @@ class frmtimetable;
 class TimetableJob;
 
 /// The panel of timetables: choices, rules, and the page as it is printed. The constructor loads it with the
-/// current month of the stored location by the stored preferences; the series must have been loaded.
+/// current month of the stored location by the stored preferences; the series must have been loaded. Its
+/// Hijri dates follow the reckoning that it is given, asked anew for each timetable; a failure to give one is
+/// told beside the days.
 /// Error  raises RunTimeFailure for a missing or damaged `pref.vsk`, `loc.vsk` or `zones.csv`.
 class frmtimetable : public QDialog {
     Q_OBJECT
 public:
-    explicit frmtimetable(QWidget* owner = nullptr);
+    /// Gives the reckoning of Hijri dates; null for the tabular calendar.
+    using HijriProvider = std::function<HijriReckoningPointer()>;
+
+    explicit frmtimetable(QWidget* owner = nullptr, HijriProvider hijri = {});
     ~frmtimetable() override;
 
     void cmdsave_click();
@@ -54,6 +60,7 @@ private:
 
     // What the boxes hold.
     SpanChoice shown_span() const;
+    HijriReckoningPointer reckoning(std::vector<WrongBox>& wrong) const;
     TimetableChoice shown(std::vector<WrongBox>& wrong) const;
     std::optional<std::string> shown_place() const;
     PrayerNames shown_names() const;
@@ -94,6 +101,7 @@ private:
 
     std::unique_ptr<Ui::frmtimetable> ui_;
     Language language_;
+    HijriProvider hijri_;
     std::unique_ptr<ProfileBoxes> boxes_;
     TimetableJob* job_;
     QTimer* pause_;                      ///< between a change and the calculation

@@ -12,13 +12,13 @@ HijriReckoningPointer reckoning_within(const HijriReckoningPointer& hijri, const
     const auto is_within = [](double jd) {
         return hijri_timetable_years.holds(hijri_of_day_number(jd + noon_after_midnight).year);
     };
-    return hijri && is_within(span.first) && is_within(span.last) ? hijri : nullptr;
+    const bool counts = is_hijri(span.kind) || (is_within(span.first) && is_within(span.last));
+    return counts ? hijri : nullptr;
 }
 
-HijriDays::HijriDays(const TimetableSettings& settings) {
-    if (settings.hijri)
-        months_ = settings.hijri->months(settings.span.first + noon_after_midnight,
-                                         settings.span.last + noon_after_midnight);
+HijriDays::HijriDays(const HijriReckoningPointer& hijri, const DaySpan& span) {
+    if (hijri)
+        months_ = hijri->months(span.first + noon_after_midnight, span.last + noon_after_midnight);
 }
 
 HijriDate HijriDays::on(double jd) const {

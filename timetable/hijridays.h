@@ -1,21 +1,22 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "timetable/timetable.h"
+#include "timetable/span.h"
 
 #include <optional>
 
 namespace halvane {
 
-/// The reckoning by which the Hijri dates of a span are told; null for the tabular calendar.
+/// The reckoning by which the Hijri dates of a span are told: null for the tabular calendar, also for days
+/// that are not within hijri_timetable_years, unless they are of a Hijri month or year.
 HijriReckoningPointer reckoning_within(const HijriReckoningPointer& hijri, const DaySpan& span);
 
-/// The Hijri dates of a timetable's days.
+/// The Hijri dates of the days of a span.
 class HijriDays {
 public:
-    /// In     settings  with a reckoning as reckoning_within gives it
+    /// In     hijri  as reckoning_within gives it
     /// Error  raises RunTimeFailure, as the reckoning does
-    explicit HijriDays(const TimetableSettings& settings);
+    HijriDays(const HijriReckoningPointer& hijri, const DaySpan& span);
 
     /// The date of a day of the span. In     jd  0 h of the civil date                               [d]
     HijriDate on(double jd) const;

@@ -75,8 +75,8 @@ void take_source(SkyDay& day, TimeSource source) {
 class RuleDays final : public SkyDays {
 public:
     RuleDays(Ephemeris& ephemeris, const TimetableSettings& settings)
-        : ephemeris_(ephemeris), settings_(settings), hijri_(settings), nights_(ephemeris, sky_of(settings)),
-          lower_(ephemeris, lower_sky()),
+        : ephemeris_(ephemeris), settings_(settings), hijri_(settings.hijri, settings.span),
+          nights_(ephemeris, sky_of(settings)), lower_(ephemeris, lower_sky()),
           parts_(night_parts(profile().high_latitude, profile().fajer_angle, profile().isha_angle)),
           city_(prayer_settings(Preferences(), settings.place.location, DayMode::today).city) {}
 

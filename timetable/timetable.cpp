@@ -108,7 +108,8 @@ SkyTime part_of_night(const SkyDay& day, bool until_fajer, double part) {
 class Maker {
 public:
     Maker(Ephemeris& ephemeris, Timetable& timetable)
-        : ephemeris_(ephemeris), timetable_(timetable), hijri_(timetable.settings),
+        : ephemeris_(ephemeris), timetable_(timetable),
+          hijri_(timetable.settings.hijri, timetable.settings.span),
           days_(sky_days(ephemeris, timetable.settings)),
           precision_(profile().preferences ? precision_of(*profile().preferences)
                                            : (profile().seconds ? 0 : 1)) {

@@ -82,8 +82,8 @@ struct TimetableSettings {
     TimetablePlace place;
     Profile profile;
     DaySpan span;
-    /// By which the Hijri dates are told; null for the tabular calendar, which also tells those of a span
-    /// that is not within hijri_timetable_years.
+    /// By which the Hijri dates are told; null for the tabular calendar. A timetable keeps it where
+    /// reckoning_within (hijridays.h) does.
     HijriReckoningPointer hijri = nullptr;
 };
 

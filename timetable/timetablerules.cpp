@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "timetable/timetablerules.h"
 
+#include "base/failure.h"
 #include "calendar/civildate.h"
 #include "stored/loclist.h"
+#include "timetable/hijridays.h"
 #include "timetable/placewords.h"
 #include "timetable/profilefile.h"
 #include "timetable/profilekeys.h"
@@ -15,7 +17,6 @@ namespace halvane {
 namespace {
 
 constexpr int months_of_year = 12;
-constexpr double half_day = 0.5;
 
 constexpr TwinText year_not_whole{"a year is a whole number", "السنة رقم صحيح"};
 constexpr TwinText no_column{"Choose at least one column.", "اختر عمودا واحدا على الأقل."};
@@ -28,6 +29,30 @@ TwinWords unknown_zone(const std::string& name) {
     if (name.empty())
         return {"Choose a time zone.", "اختر منطقة زمنية."};
     return {"There is no time zone \"" + name + "\".", "لا توجد منطقة زمنية باسم \"" + name + "\"."};
+}
+
+/// The days of a choice; the failure of a reckoning is a refusal.
+SpanAnswer told_span(const SpanChoice& choice, const HijriReckoningPointer& hijri) {
+    try {
+        return span_of(choice, hijri);
+    } catch (const RunTimeFailure& failure) {
+        const FailureParts& parts = failure.parts();
+        return {{}, TwinWords{words_of(parts, Language::english), words_of(parts, Language::arabic)}};
+    }
+}
+
+/// The Hijri date of a day, of the tabular calendar where the reckoning fails.
+DateNumbers hijri_numbers(double jd, const HijriReckoningPointer& hijri) {
+    const DaySpan day{SpanKind::dates, jd, jd};
+    const auto date_by = [&day](const HijriReckoningPointer& reckoning) {
+        const HijriDate date = HijriDays(reckoning_within(reckoning, day), day).on(day.first);
+        return DateNumbers{date.year, date.month, date.day};
+    };
+    try {
+        return date_by(hijri);
+    } catch (const RunTimeFailure&) {
+        return date_by(nullptr);
+    }
 }
 
 } // namespace
@@ -58,16 +83,16 @@ SpanChoice month_of(const MachineTime& clock) {
     return choice;
 }
 
-SpanChoice in_kind(const SpanChoice& choice, SpanKind kind) {
+SpanChoice in_kind(const SpanChoice& choice, SpanKind kind, const HijriReckoningPointer& hijri) {
     SpanChoice other = choice;
     other.kind = kind;
-    const SpanAnswer answer = span_of(choice);
+    const SpanAnswer answer = told_span(choice, hijri);
     if (answer.refused)
         return other;
     const DateNumbers first = civil_date(answer.span.first);
-    const HijriDate hijri = hijri_of_day_number(answer.span.first + half_day);
-    other.year = is_hijri(kind) ? hijri.year : first.year;
-    other.month = is_hijri(kind) ? hijri.month : first.month;
+    const DateNumbers in_kinds_calendar = is_hijri(kind) ? hijri_numbers(answer.span.first, hijri) : first;
+    other.year = in_kinds_calendar.year;
+    other.month = in_kinds_calendar.month;
     other.from = first;
     other.to = civil_date(answer.span.last);
     return other;
@@ -92,7 +117,7 @@ ChoiceAnswer settings_of(const TimetableChoice& choice) {
     const auto refuse = [&answer](ChoicePart part, TwinWords words) {
         answer.wrong.push_back({part, std::move(words)});
     };
-    const SpanAnswer span = span_of(choice.span, choice.hijri);
+    const SpanAnswer span = told_span(choice.span, choice.hijri);
     if (span.refused)
         refuse(ChoicePart::span, sentence(*span.refused));
     std::optional<TimetablePlace> place = chosen_place(choice.place);

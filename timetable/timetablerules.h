@@ -30,7 +30,7 @@ SpanAnswer span_of(const SpanChoice& choice, const HijriReckoningPointer& hijri 
 SpanChoice month_of(const MachineTime& clock);
 
 /// A choice of another kind about the first day of this one; without days only the kind changes.
-SpanChoice in_kind(const SpanChoice& choice, SpanKind kind);
+SpanChoice in_kind(const SpanChoice& choice, SpanKind kind, const HijriReckoningPointer& hijri = nullptr);
 
 /// Whether a choice is one month, civil or Hijri.
 bool is_one_month(SpanKind kind);
@@ -61,7 +61,8 @@ struct ChoiceAnswer {
     std::vector<WrongChoice> wrong;
 };
 
-/// Reads `loc.vsk`, `pref.vsk`, `zones.csv`, and `loc.txt` for a place of the list.
+/// Reads `loc.vsk`, `pref.vsk`, `zones.csv`, and `loc.txt` for a place of the list. A reckoning that fails is
+/// told as what is wrong with the span.
 /// Error  raises RunTimeFailure for a missing or damaged file.
 ChoiceAnswer settings_of(const TimetableChoice& choice);
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "base/failure.h"
 #include "panel/frmwait.h"
 #include "panel/messages.h"
 #include "panel/typednumber.h"
@@ -6,6 +7,7 @@
 #include "stored/loclist.h"
 #include "stored/pref.h"
 #include "tests/panel/panelchecks.h"
+#include "tests/timetable/otherreckoning.h"
 #include "timetable/frmtimetable.h"
 #include "timetable/pageprinter.h"
 #include "timetable/pageview.h"
@@ -31,6 +33,7 @@
 #include <QTabWidget>
 #include <algorithm>
 #include <filesystem>
+#include <memory>
 #include <sstream>
 
 namespace halvane {
@@ -174,6 +177,51 @@ TEST_F(TimetablePanelTest, TheHijriMonthIsThatOfTheFirstDay) {
     EXPECT_EQ(text(form, "txtyear"), QStringLiteral("1445"));
     EXPECT_EQ(page(form).pages(), 1);
     EXPECT_EQ(page(form).sheets()[0].rows.size(), 30U);
+}
+
+// By the other reckoning the eleventh month of 1445 has 29 days.
+TEST_F(TimetablePanelTest, FollowsTheReckoningThatItIsGiven) {
+    HijriReckoningPointer given = other_reckoning();
+    frmtimetable form(nullptr, [&given] { return given; });
+    pick(form, "cbokind", QStringLiteral("A Hijri month"));
+    EXPECT_EQ(control<QComboBox>(form, "cbomonth").currentIndex(), 10);
+    EXPECT_EQ(page(form).sheets().at(0).rows.size(), 29U);
+    const std::vector<TwinWords>& notes = page(form).sheets()[0].notes;
+    EXPECT_TRUE(std::any_of(notes.begin(), notes.end(),
+                            [](const TwinWords& note) { return note.english == "Hijri dates: Other"; }));
+    given = nullptr;
+    pick(form, "cbomonth", entries(form, "cbomonth").at(8));
+    pick(form, "cbomonth", entries(form, "cbomonth").at(10));
+    EXPECT_EQ(page(form).sheets().at(0).rows.size(), 30U);
+}
+
+TEST_F(TimetablePanelTest, TellsThatThereIsNoReckoning) {
+    bool fails = true;
+    frmtimetable form(nullptr, [&fails]() -> HijriReckoningPointer {
+        if (fails)
+            throw RunTimeFailure(TwinWords{"The rule is damaged.", "القاعدة تالفة."});
+        return nullptr;
+    });
+    settle(form);
+    EXPECT_EQ(words(form, "lblspanwrong"), QStringLiteral("The rule is damaged."));
+    EXPECT_EQ(page(form).pages(), 0);
+    fails = false;
+    pick(form, "cbomonth", QStringLiteral("May"));
+    EXPECT_EQ(words(form, "lblspanwrong"), QString());
+    EXPECT_EQ(page(form).pages(), 1);
+}
+
+TEST_F(TimetablePanelTest, TellsThatAReckoningFails) {
+    const auto failing = std::make_shared<HijriReckoning>(
+        HijriReckoning{{"Failing", "فاشلة"}, [](double, double) -> HijriCalendar {
+                           throw RunTimeFailure(TwinWords{"There is no month.", "لا يوجد شهر."});
+                       }});
+    frmtimetable form(nullptr, [&failing] { return failing; });
+    settle(form);
+    EXPECT_EQ(page(form).pages(), 0);
+    EXPECT_TRUE(control<QLabel>(form, "lblstate").text().contains(QStringLiteral("There is no month.")));
+    pick(form, "cbokind", QStringLiteral("A Hijri month"));
+    EXPECT_EQ(words(form, "lblspanwrong"), QStringLiteral("There is no month."));
 }
 
 TEST_F(TimetablePanelTest, ADateToADateHasAPageForEachMonth) {

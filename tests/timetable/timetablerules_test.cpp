@@ -4,6 +4,7 @@
 #include "stored/loclist.h"
 #include "tests/support/places.h"
 #include "tests/support/programfolder.h"
+#include "tests/timetable/otherreckoning.h"
 #include "timetable/timetablerules.h"
 
 #include <gtest/gtest.h>
@@ -53,6 +54,10 @@ TEST(SpanChoice, KeepsItsFirstDayInAnotherKind) {
     EXPECT_EQ(ramadan.year, 1447);
     EXPECT_EQ(ramadan.month, 9);
     EXPECT_EQ(in_kind(dates, SpanKind::hijri_year).year, 1447);
+    SpanChoice shawwal = dates; // 19 March 2026: 30 Ramadan of the tabular calendar
+    shawwal.from = shawwal.to = {2026, 3, 19};
+    EXPECT_EQ(in_kind(shawwal, SpanKind::hijri_month).month, 9);
+    EXPECT_EQ(in_kind(shawwal, SpanKind::hijri_month, other_reckoning()).month, 10);
     const SpanChoice back = in_kind(ramadan, SpanKind::dates);
     EXPECT_EQ(back.from, (DateNumbers{2026, 2, 18}));
     EXPECT_EQ(back.to, (DateNumbers{2026, 3, 19}));

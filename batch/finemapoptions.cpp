@@ -2,19 +2,19 @@
 #include "batch/finemapoptions.h"
 
 #include "base/numberformat.h"
+#include "batch/criteriaoptions.h"
 #include "batch/listedlocation.h"
 #include "batch/runoutput.h"
 #include "batch/usagemistake.h"
 #include "finemap/mapframe.h"
 #include "finemap/mapstyle.h"
+#include "timetable/inivalues.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cmath>
-#include <string_view>
 #include <utility>
 
 namespace halvane {
@@ -23,83 +23,13 @@ namespace {
 constexpr std::array<const char*, 3> steps{"1", "0.5", "0.25"};
 constexpr const char* usual_step = "0.5";
 
-/// The whole text as a finite number; nothing for any other.
-std::optional<double> number_of_text(std::string_view text) {
-    double number = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error != std::errc() || end != text.data() + text.size() || !std::isfinite(number))
-        return std::nullopt;
-    return number;
-}
-
-std::vector<std::string> parts_of(const std::string& text) {
-    return CLI::detail::split(text, ',');
-}
-
 MapWindow window_of(const FineMapOptions& options, double step) {
     if (options.window.empty())
         return {};
-    std::vector<double> sides;
-    for (const std::string& part : parts_of(options.window)) {
-        const std::optional<double> side = number_of_text(part);
-        if (!side)
-            throw UsageMistake("--window: wanted W,S,E,N in degrees, found \"" + options.window + "\"");
-        sides.push_back(*side);
-    }
-    if (sides.size() != 4)
-        throw UsageMistake("--window: wanted W,S,E,N in degrees, found \"" + options.window + "\"");
-    MapWindow window{sides[0], sides[1], sides[2], sides[3]};
-    if (window.east < window.west && window.east >= -180)
-        window.east += 360; // it crosses the date line
+    const MapWindow window = window_of_text("--window", options.window);
     if (const std::optional<TwinWords> refused = refused_window(window, step))
         throw UsageMistake("--window: " + refused->english);
     return window;
-}
-
-struct LimitName {
-    const char* name;
-    std::optional<double> UserLimits::*limit;
-};
-constexpr std::array<LimitName, 4> limit_names{{{"lag", &UserLimits::lag},
-                                                {"altitude", &UserLimits::altitude},
-                                                {"elongation", &UserLimits::elongation},
-                                                {"age", &UserLimits::age}}};
-
-/// Takes one limit: "altitude=5", or "age=" for none.
-void set_limit(UserLimits& limits, const std::string& text) {
-    const std::size_t equals = text.find('=');
-    const std::string name = text.substr(0, equals);
-    const auto* const found = std::find_if(limit_names.begin(), limit_names.end(),
-                                           [&name](const LimitName& known) { return name == known.name; });
-    if (found == limit_names.end() || equals == std::string::npos)
-        throw UsageMistake("--limits: wanted lag=, altitude=, elongation= or age=, found \"" + text + "\"");
-    const std::string value = text.substr(equals + 1);
-    const std::optional<double> number = number_of_text(value);
-    if (!number && !value.empty())
-        throw UsageMistake("--limits: wanted a number or nothing behind \"" + name + "=\", found \"" + value +
-                           "\"");
-    limits.*(found->limit) = number;
-}
-
-CriteriaSettings limits_of(const FineMapOptions& options) {
-    CriteriaSettings settings;
-    if (!options.limits.empty() && options.criterion != "user")
-        throw UsageMistake("--limits is of the criterion user");
-    if (options.danjon && options.criterion != "danjon")
-        throw UsageMistake("--danjon is of the criterion danjon");
-    for (const std::string& text :
-         options.limits.empty() ? std::vector<std::string>() : parts_of(options.limits))
-        set_limit(settings.user, text);
-    const bool is_any = std::any_of(limit_names.begin(), limit_names.end(), [&](const LimitName& known) {
-        return (settings.user.*(known.limit)).has_value();
-    });
-    if (!is_any)
-        throw UsageMistake("--limits: one limit at least is wanted");
-    constexpr double half_circle = 180;
-    if (options.danjon && !(*options.danjon >= 0 && *options.danjon <= half_circle))
-        throw UsageMistake("--danjon: wanted an angle from 0 to 180 degrees");
-    settings.danjon_limit = options.danjon.value_or(settings.danjon_limit);
-    return settings;
 }
 
 int width_of(const FineMapOptions& options, MapFormat format) {
@@ -176,7 +106,7 @@ FineMapSettings map_settings(const FineMapOptions& options) {
     FineMapSettings settings;
     settings.kind = options.old_crescent ? CrescentKind::old_crescent : CrescentKind::new_crescent;
     settings.criterion = catalogued_criterion(options.criterion);
-    settings.limits = limits_of(options);
+    settings.limits = criteria_settings(options.criterion, options.limits, options.danjon);
     settings.step = number_of_text(options.step.empty() ? usual_step : options.step).value();
     settings.window = window_of(options, settings.step);
     if (const std::optional<TwinWords> refused = refused_map(settings))

@@ -5,10 +5,13 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace halvane {
 
 struct CrescentWatch;
+struct MonthPage;
+struct MonthSheet;
 struct PageSettings;
 struct Timetable;
 struct WatchPage;
@@ -25,6 +28,8 @@ struct PageMaker {
     std::function<std::string(const CrescentWatch&, const WatchPage&)> watch_pdf = nullptr;
     /// The same as a PNG picture, one page below the other. In     width  [pixels]
     std::function<std::string(const CrescentWatch&, const WatchPage&, int width)> watch_png = nullptr;
+    /// The pages of Hijri months as a PDF file's bytes.
+    std::function<std::string(const std::vector<MonthSheet>&, const MonthPage&)> hijri_pdf = nullptr;
     /// A file of maps, as draw_maps of the room finemap/.
     std::function<void(const MapDocument&, const WorldOutline&, MapFormat, const TakeBytes&)> draw_maps =
         nullptr;

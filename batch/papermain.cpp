@@ -2,6 +2,7 @@
 // halvane-paper: halvane-report with a painter, which it becomes for painted pages.
 #include "batch/batchprogram.h"
 #include "finemap/mappicturefiles.h"
+#include "hijri/monthpaper.h"
 #include "timetable/timetablepdf.h"
 #include "watch/watchpaper.h"
 
@@ -24,6 +25,9 @@ int main(int argc, char** argv) {
         return halvane::pdf_of(watch, page);
     };
     pages.watch_png = halvane::png_of;
+    pages.hijri_pdf = [](const std::vector<halvane::MonthSheet>& sheets, const halvane::MonthPage& page) {
+        return halvane::pdf_of(sheets, page);
+    };
     pages.draw_maps = halvane::draw_maps;
     return halvane::run_batch(argc, argv, pages);
 }

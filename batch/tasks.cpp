@@ -2,6 +2,7 @@
 #include "batch/tasks.h"
 
 #include "batch/finemaptask.h"
+#include "batch/hijritask.h"
 #include "batch/runoutput.h"
 #include "batch/timetabletask.h"
 #include "batch/watchtask.h"
@@ -134,6 +135,7 @@ std::vector<Task> batch_tasks(const PageMaker& pages) {
                  stored_telescope, moon_below_horizon.text.in(Language::english)),
         timetable_task(pages),
         watch_task(pages),
+        hijri_task(pages),
     };
 }
 

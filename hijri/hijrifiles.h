@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "hijri/hijriconverter.h"
 #include "hijri/hijriyears.h"
 #include "hijri/monthsheet.h"
 
@@ -47,6 +48,16 @@ std::string ics_of(const MonthSheet& sheet, Language language, std::int64_t stam
 /// Tables for people.
 std::string table_of(const HijriYears& years, Language language);
 std::string table_of(const MonthSheet& sheet, Language language);
+
+/// A converted date in a line: "2026-02-18 Wednesday = 1447-09-01 (1 Ramadan 1447), Umm al-Qura".
+std::string line_of(const HijriDay& day, const HijriSettings& settings, Language language);
+/// The same as an object with both dates, the rule and the month.
+std::string json_of(const HijriDay& day, const HijriSettings& settings, Language language);
+
+/// Every rule: key, name, what it asks for.
+std::string rule_table(Language language);
+/// The same as a list of objects, with what the rule is and its source.
+std::string rule_json(Language language);
 
 /// "hijri-1447-umm-al-qura", "hijri-1447-1450-tabular-two-rules", without an ending.
 std::string file_name_of(const HijriYears& years);

@@ -159,4 +159,26 @@ std::string json_of(const MonthSheet& sheet, Language language) {
     return text_of(json);
 }
 
+std::string json_of(const HijriDay& day, const HijriSettings& settings, Language language) {
+    Json json = head_of("hijri-date");
+    json["date"] = iso_date(day.day_number);
+    json["weekday"] = weekday_name(day.day_number, language);
+    json["hijri"] = iso_hijri(day.hijri);
+    json["month"] = json_of(day.month, language);
+    json["rule"] = json_of(settings, language);
+    return text_of(json);
+}
+
+std::string rule_json(Language language) {
+    Json json = head_of("hijri-rules");
+    Json& rules = json["rules"] = Json::array();
+    for (const HijriRule& rule : hijri_rules())
+        rules.push_back({{"key", rule.key},
+                         {"name", rule.name.in(language)},
+                         {"told", rule.told.in(language)},
+                         {"source", rule.source},
+                         {"asks", asked_things(rule)}});
+    return text_of(json);
+}
+
 } // namespace halvane

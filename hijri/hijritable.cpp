@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "calendar/modday.h"
+#include "hijri/alignedlines.h"
 #include "hijri/hijrifiles.h"
 #include "hijri/hijritexts.h"
+#include "timetable/cells.h"
 
 #include <algorithm>
 #include <string>
@@ -10,50 +12,13 @@
 namespace halvane {
 namespace {
 
-/// How many characters UTF-8 has; those of a table are each as wide as a letter.
-std::size_t length(const std::string& text) {
-    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char octet) {
-        return (static_cast<unsigned char>(octet) & 0xC0U) != 0x80U;
-    }));
-}
-
-/// Lines whose fields stand below one another.
-class Lines {
-public:
-    void add(std::vector<std::string> fields) { rows_.push_back(std::move(fields)); }
-
-    std::string text() const {
-        std::vector<std::size_t> widths;
-        for (const std::vector<std::string>& row : rows_) {
-            widths.resize(std::max(widths.size(), row.size()));
-            for (std::size_t i = 0; i < row.size(); ++i)
-                widths[i] = std::max(widths[i], length(row[i]));
-        }
-        std::string text;
-        for (const std::vector<std::string>& row : rows_)
-            text += line_of(row, widths) + "\n";
-        return text;
-    }
-
-private:
-    static std::string line_of(const std::vector<std::string>& row, const std::vector<std::size_t>& widths) {
-        constexpr std::size_t between = 2;
-        std::string line;
-        for (std::size_t i = 0; i < row.size(); ++i)
-            (line += row[i]).append(widths[i] - length(row[i]) + between, ' ');
-        return line.erase(line.find_last_not_of(' ') + 1);
-    }
-
-    std::vector<std::vector<std::string>> rows_;
-};
-
 std::string date_and_weekday(double day_number, Language language) {
     return iso_date(day_number) + " " + weekday_name(day_number, language);
 }
 
 std::string table_of_rule(const RuleMonths& rule, Language language) {
     const auto in = [language](const TwinText& text) { return std::string(text.in(language)); };
-    Lines lines;
+    AlignedLines lines;
     lines.add({in({"Month", "الشهر"}), in({"First day", "أول يوم"}), in({"Days", "الأيام"}),
                in({"Margin", "الهامش"}), in({"Notes", "ملاحظات"})});
     for (const HijriMonth& month : rule.months)
@@ -63,7 +28,7 @@ std::string table_of_rule(const RuleMonths& rule, Language language) {
 }
 
 std::string table_of_rules(const HijriYears& years, Language language) {
-    Lines lines;
+    AlignedLines lines;
     std::vector<std::string> head{TwinText{"Month", "الشهر"}.in(language)};
     for (std::size_t rule = 1; rule <= years.rules.size(); ++rule) {
         head.push_back("(" + std::to_string(rule) + ")");
@@ -113,7 +78,7 @@ std::string table_of(const MonthSheet& sheet, Language language) {
     const std::string notes = notes_text(sheet.month, language);
     if (!notes.empty())
         text += notes + "\n";
-    Lines lines;
+    AlignedLines lines;
     for (const MonthDay& day : sheet.days) {
         std::string told = day.phase ? phase_words(*day.phase).in(language) : std::string();
         for (const Feast* const feast : day.feasts)
@@ -122,6 +87,26 @@ std::string table_of(const MonthSheet& sheet, Language language) {
                    date_and_weekday(day.day_number, language), told});
     }
     return text + "\n" + lines.text();
+}
+
+std::string line_of(const HijriDay& day, const HijriSettings& settings, Language language) {
+    const TwinWords words = month_words(day.month.number);
+    std::string line = date_and_weekday(day.day_number, language) + " = " + iso_hijri(day.hijri) + " (" +
+                       std::to_string(static_cast<int>(day.hijri.day)) + " " + words.in(language) + "), " +
+                       name_of(settings).in(language);
+    const std::string notes = notes_text(day.month, language);
+    return (notes.empty() ? line : line + "; " + notes) + "\n";
+}
+
+std::string rule_table(Language language) {
+    AlignedLines lines;
+    for (const HijriRule& rule : hijri_rules()) {
+        std::string asked;
+        for (const std::string& thing : asked_things(rule))
+            (asked += asked.empty() ? "" : ", ") += thing;
+        lines.add({rule.key, rule.name.in(language), asked});
+    }
+    return lines.text();
 }
 
 } // namespace halvane

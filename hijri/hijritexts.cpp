@@ -48,6 +48,17 @@ std::string source_of(const HijriSettings& settings) {
     return asks_criterion(*settings.rule) ? settings.criterion->source : settings.rule->source;
 }
 
+std::vector<std::string> asked_things(const HijriRule& rule) {
+    std::vector<std::string> things;
+    if (asks_place(rule))
+        things.emplace_back("place");
+    if (asks_criterion(rule))
+        things.emplace_back("criterion");
+    if (asks_region(rule))
+        things.emplace_back("region");
+    return things;
+}
+
 std::string notes_text(const HijriMonth& month, Language language) {
     std::string text;
     for (const TwinWords& note : notes_of(month))

@@ -263,15 +263,17 @@ std::string path_of_rule() {
     return program_path(file_name);
 }
 
-} // namespace
-
-HijriAnswer settings_of(const HijriChoice& choice, double year, const AnnouncedList& announced) {
+/// In     given  the place, where it is not that of the choice
+HijriAnswer settings_at(const HijriChoice& choice, double year, const AnnouncedList& announced,
+                        const TimetablePlace* given) {
     HijriSettings settings;
     settings.rule = choice.rule.empty() ? &hijri_rules().front() : hijri_rule(choice.rule);
     if (settings.rule == nullptr)
         return refused(HijriPart::rule,
                        unknown_words({"rule", "قاعدة"}, choice.rule, keys_of(hijri_rules())));
-    if (asks_place(*settings.rule)) {
+    if (asks_place(*settings.rule) && given != nullptr) {
+        settings.place = place_of(*given, year);
+    } else if (asks_place(*settings.rule)) {
         const std::optional<std::string> name = place_name(*settings.rule, choice);
         const std::optional<TimetablePlace> place = chosen_place(name);
         if (!place)
@@ -292,6 +294,17 @@ HijriAnswer settings_of(const HijriChoice& choice, double year, const AnnouncedL
     if (choice.announced != AnnouncedUse::none)
         settings.announced = announced.starts;
     return {std::move(settings), HijriPart::rule, {}};
+}
+
+} // namespace
+
+HijriAnswer settings_of(const HijriChoice& choice, double year, const AnnouncedList& announced) {
+    return settings_at(choice, year, announced, nullptr);
+}
+
+HijriAnswer settings_of(const HijriChoice& choice, double year, const AnnouncedList& announced,
+                        const TimetablePlace& place) {
+    return settings_at(choice, year, announced, &place);
 }
 
 HijriAnswer settings_of(const HijriChoice& choice, double year) {

@@ -14,6 +14,8 @@
 
 namespace halvane {
 
+struct TimetablePlace;
+
 /// A rule of months as a person chooses it. What the rule does not ask for is kept, and not looked at.
 struct HijriChoice {
     std::string rule;                      ///< key; empty: the first rule
@@ -47,6 +49,10 @@ HijriAnswer settings_of(const HijriChoice& choice, double year);
 
 /// The same of a list that has been read.
 HijriAnswer settings_of(const HijriChoice& choice, double year, const AnnouncedList& announced);
+
+/// The same, whatever the choice's place is, at one that has been found: it is "here" too.
+HijriAnswer settings_of(const HijriChoice& choice, double year, const AnnouncedList& announced,
+                        const TimetablePlace& place);
 
 /// "any-time", "midnight", "fajer": the name in files and on the command line.
 const char* key_of(SeenBefore before);

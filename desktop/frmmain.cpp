@@ -8,6 +8,7 @@
 #include "panel/formpage.h"
 #include "panel/frmwait.h"
 #include "panel/messages.h"
+#include "panel/namelabel.h"
 #include "panel/panelstyle.h"
 #include "prayer/moonrun.h"
 #include "prayer/prayerrun.h"
@@ -135,6 +136,7 @@ frmmain::frmmain(std::span<const Panel> panels)
     set_sizes();
     connect_buttons(panels);
     new FormPage(*this);
+    ui_->lblmdate->installEventFilter(this);
     timertime_->setObjectName(QStringLiteral("timertime"));
     timertime_->setInterval(clock_interval);
     connect(timertime_, &QTimer::timeout, this, &frmmain::timertime_event);
@@ -147,8 +149,22 @@ frmmain::~frmmain() {
 
 void frmmain::load() {
     load_main_panel(*this, state_);
+    tell_hijri();
     show_series();
     timertime_->start();
+}
+
+/// Tells the date line's day by the kept rule.
+void frmmain::tell_hijri() {
+    const std::optional<std::string> tip = hijri_tip(kept_rule_, state_);
+    ui_->lblmdate->setToolTip(tip ? plain_tip(QString::fromStdString(*tip)) : QString());
+}
+
+/// The rule may have been chosen since the load.
+bool frmmain::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ToolTip)
+        tell_hijri();
+    return QWidget::eventFilter(watched, event);
 }
 
 /// The foot tells of series files that are not the delivered ones, and has no room without them.

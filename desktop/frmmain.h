@@ -55,6 +55,8 @@ private:
     void show_date(const std::string& line) override;
     void show_clock() override;
 
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void tell_hijri();
     void unload();
     void run_report(const QPushButton& button,
                     RunPointer (*run_of)(const TheoryPointer&, const MachineTime&));
@@ -72,6 +74,7 @@ private:
     std::unique_ptr<Ui::frmmain> ui_;
     QTimer* timertime_;
     MainPanelState state_;
+    KeptReckoning kept_rule_; ///< of the date line's tool tip
     bool sizing_ = false;
     std::array<QLabel*, 6> titles_;
     std::array<QLabel*, 6> times_;

@@ -33,6 +33,10 @@ std::string whole(double value) {
     return std::to_string(static_cast<long>(value));
 }
 
+std::string hijri_text(const HijriDate& date, Language language) {
+    return whole(date.day) + " " + hijri_month_name(date.month, language) + " " + whole(date.year);
+}
+
 /// Runs one part of the load step.
 template <class Part>
 void run_part(bool pass_over, Part part) {
@@ -84,8 +88,23 @@ std::string day_text(const MachineTime& date, Language language) {
 std::string date_line(const MachineTime& today, double todayjd, Language language) {
     static constexpr TwinText head{"Machine's Date: ", "تاريخ الجهاز:  "};
     const HijriDate hijri = hijri_of_day_number(todayjd + noon_after_midnight);
-    return head.in(language) + day_text(today, language) + " ( " + whole(hijri.day) + " " +
-           hijri_month_name(hijri.month, language) + " " + whole(hijri.year) + " )";
+    return head.in(language) + day_text(today, language) + " ( " + hijri_text(hijri, language) + " )";
+}
+
+std::optional<std::string> hijri_tip(KeptReckoning& kept, const MainPanelState& state) {
+    static constexpr TwinText by{" by ", " حسب "};
+    try {
+        const double day_number = state.todayjd + noon_after_midnight;
+        const HijriReckoningPointer hijri = kept.now(loaded_theory(), state.loaded_at.year);
+        if (!hijri)
+            return std::nullopt;
+        const std::optional<HijriDate> date = hijri->months(day_number, day_number).date_of(day_number);
+        if (!date)
+            return std::nullopt;
+        return hijri_text(*date, state.language) + by.in(state.language) + hijri->name.in(state.language);
+    } catch (const RunTimeFailure&) {
+        return std::nullopt;
+    }
 }
 
 std::string clock_line(const std::string& short_time, Language language) {

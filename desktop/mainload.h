@@ -3,6 +3,7 @@
 
 #include "base/language.h"
 #include "base/machinetime.h"
+#include "hijri/keptrule.h"
 #include "prayer/prayermoments.h"
 #include "prayer/prayertexts.h"
 
@@ -44,6 +45,10 @@ void load_main_panel(MainPanelFace& face, MainPanelState& state);
 /// "Machine's Date: Friday, 21 June 2024 ( 14 Thul Hejjah 1445 )", or the same in Arabic.
 /// In     todayjd  Julian day at 0 h of the machine's date
 std::string date_line(const MachineTime& today, double todayjd, Language language);
+
+/// What the date line's tool tip tells of its day: "10 Ramadan 1447 by Umm al-Qura", or the same in Arabic.
+/// Nothing where no rule is kept, or the kept one has no answer. Raises nothing of a missing or damaged file.
+std::optional<std::string> hijri_tip(KeptReckoning& kept, const MainPanelState& state);
 
 /// "Friday, 21 June 2024", or the same in Arabic.
 std::string day_text(const MachineTime& date, Language language);

@@ -3,6 +3,7 @@
 #include "calendar/locationclock.h"
 #include "desktop/frmmain.h"
 #include "desktop/mainload.h"
+#include "hijri/keptrule.h"
 #include "panel/frmwait.h"
 #include "panel/namelabel.h"
 #include "routines/machineclock.h"
@@ -297,6 +298,62 @@ TEST_F(MainPanelTest, OverMidnightTheDateAndTheTimesStayTillTheNextLoad) {
     form.reload();
     EXPECT_EQ(text(form, "lblmdate"),
               QStringLiteral("Machine's Date: Saturday, 22 June 2024 ( 15 Thul Hejjah 1445 )"));
+}
+
+// The clock shows 21 June 2024, 14 Thul Hejjah 1445 of the tabular calendar. The Umm al-Qura calendar has 1
+// Thul Hejjah 1445 on 7 June 2024 (R. H. van Gent, The Umm al-Qura calendar of Saudi Arabia).
+TEST_F(MainPanelTest, TheDateLinesTipTellsTheDayByTheKeptRule) {
+    frmmain form;
+    form.load();
+    const QString line = text(form, "lblmdate");
+    const auto hovered_tip = [&form] {
+        auto& label = control<QLabel>(form, "lblmdate");
+        QHelpEvent help(QEvent::ToolTip, QPoint(2, 2), label.mapToGlobal(QPoint(2, 2)));
+        QApplication::sendEvent(&label, &help);
+        QToolTip::hideText();
+        return label.toolTip();
+    };
+    EXPECT_EQ(hovered_tip(), QString());
+    HijriChoice choice;
+    choice.rule = "umm-al-qura";
+    keep_hijri_rule(choice);
+    EXPECT_EQ(hovered_tip(), plain_tip(QStringLiteral("15 Thul Hejjah 1445 by Umm al-Qura")));
+    EXPECT_EQ(text(form, "lblmdate"), line) << "the line stays tabular";
+    set_clock(22, 0, 1);
+    form.timertime_event();
+    EXPECT_EQ(hovered_tip(), plain_tip(QStringLiteral("15 Thul Hejjah 1445 by Umm al-Qura")))
+        << "as the line, it is of the day of the load";
+    form.reload();
+    EXPECT_EQ(control<QLabel>(form, "lblmdate").toolTip(),
+              plain_tip(QStringLiteral("16 Thul Hejjah 1445 by Umm al-Qura")));
+    set_language(Language::arabic);
+    form.reload();
+    EXPECT_EQ(control<QLabel>(form, "lblmdate").toolTip(),
+              plain_tip(QStringLiteral("16 ذو الحجة 1445 حسب أم القرى")));
+    forget_hijri_rule();
+    EXPECT_EQ(hovered_tip(), QString());
+}
+
+TEST_F(MainPanelTest, ADamagedRuleOrAMissingFileGivesNoTipAndEndsNothing) {
+    HijriChoice choice;
+    choice.rule = "istanbul-2016";
+    keep_hijri_rule(choice);
+    frmmain form;
+    form.load();
+    EXPECT_NE(control<QLabel>(form, "lblmdate").toolTip(), QString());
+    remove("world.txt");
+    form.reload();
+    EXPECT_EQ(control<QLabel>(form, "lblmdate").toolTip(), QString());
+    put("hijri-rule.ini", "[rule]\nrule = nonsense\n");
+    form.reload();
+    EXPECT_EQ(control<QLabel>(form, "lblmdate").toolTip(), QString());
+    choice.rule = "tabular";
+    choice.announced = AnnouncedUse::whole;
+    keep_hijri_rule(choice);
+    put("hijri-announced.csv", "wrong\n");
+    form.reload();
+    EXPECT_EQ(control<QLabel>(form, "lblmdate").toolTip(), QString());
+    EXPECT_FALSE(text(form, "lblmdate").isEmpty());
 }
 
 TEST_F(MainPanelTest, ShowsTodaysTimesOfTheStoredLocation) {

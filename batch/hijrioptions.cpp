@@ -133,6 +133,8 @@ AnnouncedList announced_of(const HijriOptions& options, const std::vector<HijriC
     const std::string path = options.announced_file.empty() ? usual_list : options.announced_file;
     AnnouncedList list =
         options.announced_file.empty() ? read_announced() : announced_of_text(read_text_file(path));
+    if (list.starts.empty() && list.problems.empty())
+        std::cerr << path << ": there is no announced start; the rule alone counts\n";
     if (list.problems.empty())
         return list;
     const TwinWords problems = problems_of(list, path);
@@ -184,6 +186,12 @@ HijriFormat format_of(const HijriOptions& options) {
         throw UsageMistake("--language both and --paper are of pdf");
     if (format == HijriFormat::pdf && !options.compare.empty())
         throw UsageMistake("--compare has no page; its formats are text, csv, json and ics");
+    if (options.list_rules && (!options.rule.empty() || !options.compare.empty()))
+        throw UsageMistake("--list-rules lists every rule; --rule and --compare do not go with it");
+    if ((options.is_conversion() || options.list_rules) && options.month)
+        throw UsageMistake("--month belongs to --year");
+    if (options.is_conversion() && !options.compare.empty())
+        throw UsageMistake("--compare is of years, not of dates");
     if ((options.is_conversion() || options.list_rules) && format != HijriFormat::text &&
         format != HijriFormat::json)
         throw UsageMistake("the formats of --convert, --convert-hijri and --list-rules are text and json");

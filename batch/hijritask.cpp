@@ -64,7 +64,7 @@ public:
         if (options_.list_rules)
             return print(format_ == HijriFormat::json ? rule_json(language_) : rule_table(language_));
         if (options_.is_conversion())
-            return convert();
+            return options_.convert.empty() ? convert_hijri() : convert_civil();
         const YearsOfRun years = years_of(options_);
         const std::vector<HijriSettings> rules =
             rules_of(options_, civil_year_of(static_cast<double>(years.first)));
@@ -125,14 +125,6 @@ private:
     }
 
     // --- Dates ---
-
-    int convert() const {
-        if (!options_.compare.empty())
-            throw UsageMistake("--compare is of years, not of dates");
-        if (options_.month)
-            throw UsageMistake("--month belongs to --year");
-        return options_.convert.empty() ? convert_hijri() : convert_civil();
-    }
 
     int convert_civil() const {
         const SpanAnswer answer = dates_span(options_.convert, options_.convert);

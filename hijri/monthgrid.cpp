@@ -123,7 +123,7 @@ private:
         if (day.phase) {
             constexpr double radius = 2.5 * page_units;
             const double x = mirrored() ? inner.left() + radius : inner.right() - radius;
-            const double y = std::max(date_bottom + 0.6 * page_units, inner.top()) + radius;
+            const double y = std::max(date_bottom + page_units, inner.top()) + radius;
             paint_moon(painter_, QPointF(x, y), radius, *day.phase, latitude_of(sheet_.place.location) < 0);
             below = std::max(below, y + radius + 0.4 * page_units);
         }

@@ -92,9 +92,10 @@ private:
         const SideWriter writer(&painter_, side);
         const auto in = [&side](const TwinWords& words) { return words.in(side.language); };
         const std::string title = in(month_words(sheet_.month.number));
-        const PageFont large =
-            fitting(title, page_font(26, true, PageColours::ink), side.language, side.width(), 15);
-        double top = writer.write(title, large, page_margin);
+        const PageFont large = fitting(title, page_font(26, true, PageColours::ink), side.language,
+                                       side.width() - page_units, 15);
+        double top =
+            writer.write(title, large, page_margin) + 1.2 * page_units; // letters reach below the line
         const PageFont green = page_font(12, true, PageColours::green);
         const PageFont plain = page_font(12, false, PageColours::ink);
         const std::string span = in(span_words(sheet_));

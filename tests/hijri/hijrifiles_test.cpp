@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+#include "hijri/hijrifiles.h"
+#include "hijri/hijritexts.h"
+#include "tests/hijri/handmadeyears.h"
+
+#include <gtest/gtest.h>
+#include <string>
+
+namespace halvane {
+namespace {
+
+// 2026 January 2, 3 h 4 min 5 s Universal Time.
+constexpr std::int64_t stamp = 1767323045;
+
+TEST(YearsAsCsv, OfOneRuleHaveARowForEachMonth) {
+    EXPECT_EQ(csv_of(handmade_years(1), Language::english),
+              "year,month,name,first_day,days,margin,note\r\n"
+              "1447,9,Ramadan,2026-02-18,30,-4.2 s,may differ by a day\r\n"
+              "1447,10,Shawwal,2026-03-20,29,,\"announced by Court, \"\"High\"\"\"\r\n");
+}
+
+TEST(YearsAsCsv, OfTwoRulesHaveTheirDifferences) {
+    EXPECT_EQ(csv_of(handmade_years(2), Language::arabic),
+              "year,month,name,umm-al-qura_first_day,umm-al-qura_difference,tabular_first_day,"
+              "tabular_difference\r\n"
+              "1447,9,رمضان,2026-02-18,0,2026-02-19,1\r\n"
+              "1447,10,شوال,2026-03-20,0,2026-03-19,-1\r\n");
+}
+
+TEST(YearsAsText, StandBelowOneAnother) {
+    EXPECT_EQ(table_of(handmade_years(1), Language::english),
+              "Hijri months\n"
+              "Umm al-Qura\n"
+              "\n"
+              "Month         First day             Days  Margin  Notes\n"
+              "Ramadan 1447  2026-02-18 Wednesday  30    -4.2 s  may differ by a day\n"
+              "Shawwal 1447  2026-03-20 Friday     29            announced by Court, \"High\"\n");
+    EXPECT_EQ(table_of(handmade_years(2), Language::english),
+              "Hijri months\n"
+              "(1) Umm al-Qura\n"
+              "(2) Tabular\n"
+              "\n"
+              "Month         (1)                     (2)                  Days after (1)\n"
+              "Ramadan 1447  2026-02-18 Wednesday *  2026-02-19 Thursday  +1\n"
+              "Shawwal 1447  2026-03-20 Friday       2026-03-19 Thursday  -1\n"
+              "* may differ by a day\n");
+}
+
+TEST(CalendarOfMonths, HasWholeDays) {
+    const std::string text = ics_of(handmade_years(1), Language::english, stamp);
+    EXPECT_NE(text.find("BEGIN:VEVENT\r\n"
+                        "UID:hijri-1447-09-umm-al-qura@halvane\r\n"
+                        "DTSTAMP:20260102T030405Z\r\n"
+                        "DTSTART;VALUE=DATE:20260218\r\n"
+                        "DTEND;VALUE=DATE:20260219\r\n"
+                        "SUMMARY:Ramadan 1447\r\n"
+                        "DESCRIPTION:Umm al-Qura\\nmay differ by a day\r\n"
+                        "TRANSP:TRANSPARENT\r\n"
+                        "END:VEVENT\r\n"),
+              std::string::npos)
+        << text;
+    EXPECT_NE(text.find("UID:hijri-1447-10-eid_al_fitr-umm-al-qura@halvane\r\n"
+                        "DTSTAMP:20260102T030405Z\r\n"
+                        "DTSTART;VALUE=DATE:20260320\r\n"
+                        "DTEND;VALUE=DATE:20260323\r\n"),
+              std::string::npos)
+        << text;
+}
+
+TEST(CalendarOfMonths, NamesTheRuleWhereThereAreSeveral) {
+    const std::string text = ics_of(handmade_years(2), Language::english, stamp);
+    EXPECT_NE(text.find("SUMMARY:Ramadan 1447 (Tabular)\r\n"), std::string::npos) << text;
+}
+
+TEST(CalendarOfMonths, KeepsItsUidsWhenAStartIsAnnounced) {
+    HijriYears years = handmade_years(1);
+    years.rules.front().settings.announced.push_back({HijriMonthNumber::of(1447, 9), 2461091, ""});
+    years.rules.front().months.front().first_day += 1;
+    const std::string text = ics_of(years, Language::english, stamp);
+    EXPECT_NE(text.find("UID:hijri-1447-09-umm-al-qura@halvane\r\n"), std::string::npos) << text;
+}
+
+TEST(RuleKeys, TellTwoOfOneRuleApart) {
+    HijriYears years = handmade_years(2);
+    years.rules[1].settings = years.rules[0].settings;
+    EXPECT_EQ(distinct_keys(years.rules, rule_key),
+              (std::vector<std::string>{"umm-al-qura", "umm-al-qura-2"}));
+}
+
+TEST(RuleKeys, HoldCriterionAndPlaceWhereTheRuleAsksForThem) {
+    HijriSettings settings;
+    settings.rule = hijri_rule("seen-here");
+    settings.criterion = catalogued_criterion("yallop");
+    settings.seen_class = settings.criterion->by_eye;
+    settings.place = {"Cape Town", 18.4239, -33.9253, 0, 2};
+    EXPECT_EQ(rule_key(settings), "seen-here-yallop-339253s184239e");
+    settings.seen_class += 1;
+    EXPECT_EQ(rule_key(settings),
+              "seen-here-yallop-class-" + std::to_string(settings.seen_class) + "-339253s184239e");
+    settings.announced.push_back({HijriMonthNumber::of(1447, 9), 2461090, ""});
+    EXPECT_TRUE(settings_key(settings).starts_with("announced-seen-here-"));
+}
+
+TEST(FilesOfMonths, AreNamedAfterYearsAndRules) {
+    EXPECT_EQ(file_name_of(handmade_years(2)), "hijri-1447-umm-al-qura-tabular");
+    HijriYears years = handmade_years(1);
+    years.last = 1450;
+    EXPECT_EQ(file_name_of(years), "hijri-1447-1450-umm-al-qura");
+}
+
+} // namespace
+} // namespace halvane

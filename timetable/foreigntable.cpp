@@ -204,7 +204,7 @@ std::optional<FieldClock> clock_of(std::string_view text) {
         parts.push_back(0);
     else if (parts.size() != 3 || behind_hours != std::string_view(":mm:ss").size())
         return std::nullopt;
-    if (behind_hours < std::string_view(":mm").size() || parts[1] > 59 || parts[2] > 59)
+    if (behind_hours < std::string_view(":mm").size() || parts[0] > 24 || parts[1] > 59 || parts[2] > 59)
         return std::nullopt;
     int hours = parts[0];
     if (clock.half_told) {

@@ -121,8 +121,8 @@ TEST(ForeignTable, TellsWhatItCannotRead) {
               std::string::npos);
     EXPECT_EQ(refusal_of("date,fajr\n2026-02-18,5:10\n2026-02-19,soon\n"),
               "theirs.csv, line 3: a time cannot be read: \"soon\".");
-    for (const char* const clock : {"25:00", "24:01", "4:60", "4:5", "4:57:3", "457", "13:00 PM", "0:10 AM",
-                                    "4:57 XM", "-4:57", "4:57:30:10", "16.5"})
+    for (const char* const clock : {"25:00", "24:01", "2157484:57", "4:60", "4:5", "4:57:3", "457",
+                                    "13:00 PM", "0:10 AM", "4:57 XM", "-4:57", "4:57:30:10", "16.5"})
         EXPECT_NE(refusal_of(std::string("date,fajr\n2026-02-18,") + clock + "\n").find(clock),
                   std::string::npos)
             << clock;

@@ -170,9 +170,11 @@ AnnouncedList checked(std::vector<AnnouncedRow> rows) {
     return list;
 }
 
-/// A blank at an end, and a row of nothing, are read back only from within quote marks.
-void append_field(std::string& text, const std::string& field, bool is_alone) {
+/// A blank at an end, and a row of nothing, are read back only from within quote marks; a line end is not
+/// read back at all.
+void append_field(std::string& text, std::string field, bool is_alone) {
     constexpr std::string_view blanks = " \t";
+    std::replace(field.begin(), field.end(), '\n', ' ');
     const bool has_blanks = !field.empty() && (blanks.find(field.front()) != std::string_view::npos ||
                                                blanks.find(field.back()) != std::string_view::npos);
     if (has_blanks || (is_alone && field.empty()))
@@ -210,11 +212,8 @@ AnnouncedList announced_of_text(std::string_view text) {
 
 AnnouncedList announced_of_rows(std::vector<AnnouncedRow> rows) {
     int line = 2;
-    for (AnnouncedRow& row : rows) {
-        row.line = line;
-        const std::string text = line_of(row);
-        line += static_cast<int>(std::count(text.begin(), text.end(), '\n'));
-    }
+    for (AnnouncedRow& row : rows)
+        row.line = line++;
     return checked(std::move(rows));
 }
 

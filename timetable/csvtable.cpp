@@ -97,34 +97,12 @@ std::vector<CsvRow> rows_of(std::string_view text, const std::string& path) {
     return std::move(rows.rows);
 }
 
-/// The rows of a whole text; nothing where its quote marks do not go together.
-std::optional<std::vector<CsvLine>> whole_lines(std::string_view text, char separator) {
+/// The rows of a line; nothing where its quote marks do not go together.
+std::optional<std::vector<CsvRow>> rows_of_line(std::string_view line, char separator) {
     Rows rows(separator);
-    while (!text.empty())
-        if (!rows.take(cut_line(text)))
-            return std::nullopt;
-    if (!rows.finish())
+    if (!rows.take(line) || !rows.finish())
         return std::nullopt;
-    std::vector<CsvLine> lines;
-    for (CsvRow& row : rows.rows)
-        lines.push_back({row.line, std::move(row.fields), {}});
-    return lines;
-}
-
-std::vector<CsvLine> single_lines(std::string_view text, char separator) {
-    std::vector<CsvLine> lines;
-    for (int number = 1; !text.empty(); ++number) {
-        std::string_view line = cut_line(text);
-        if (std::optional<std::vector<CsvLine>> read = whole_lines(line, separator)) {
-            for (CsvLine& found : *read)
-                lines.push_back({number, std::move(found.fields), {}});
-            continue;
-        }
-        while (line.ends_with('\n') || line.ends_with('\r'))
-            line.remove_suffix(1);
-        lines.push_back({number, {}, std::string(line)});
-    }
-    return lines;
+    return std::move(rows.rows);
 }
 
 } // namespace
@@ -156,8 +134,19 @@ CsvTable read_csv_table(std::string_view text, const std::string& path) {
 std::vector<CsvLine> read_csv_lines(std::string_view text) {
     text = without_byte_order_mark(text);
     const char separator = separator_of_text(text);
-    std::optional<std::vector<CsvLine>> lines = whole_lines(text, separator);
-    return lines ? std::move(*lines) : single_lines(text, separator);
+    std::vector<CsvLine> lines;
+    for (int number = 1; !text.empty(); ++number) {
+        std::string_view line = cut_line(text);
+        if (std::optional<std::vector<CsvRow>> rows = rows_of_line(line, separator)) {
+            for (CsvRow& row : *rows)
+                lines.push_back({number, std::move(row.fields), {}});
+            continue;
+        }
+        while (line.ends_with('\n') || line.ends_with('\r'))
+            line.remove_suffix(1);
+        lines.push_back({number, {}, std::string(line)});
+    }
+    return lines;
 }
 
 TwinWords field_count_words(std::size_t wanted, std::size_t found) {

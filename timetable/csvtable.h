@@ -41,8 +41,9 @@ struct CsvLine {
     bool operator==(const CsvLine&) const = default;
 };
 
-/// Every row of a text, its head too, each with the fields that it has; empty lines are passed over. Where
-/// the quote marks of the text do not go together, each line is read by itself. The rest as read_csv_table.
+/// Every row of a text, its head too, each with the fields that it has; empty lines are passed over. Each
+/// line is read by itself, so that a wrong one takes no other with it: a line end within quote marks leaves
+/// two lines that are none. The rest as read_csv_table.
 std::vector<CsvLine> read_csv_lines(std::string_view text);
 
 /// "wanted 4 fields, found 3"

@@ -110,13 +110,13 @@ TEST(AnnouncedList, TellsEveryProblemAndUsesTheRest) {
 }
 
 TEST(AnnouncedList, LosesNothingOfABadFile) {
-    const std::string text = std::string(head) + "1447,9,2026-02-18,\"the \"\"Court\"\"\r\nof two lines\"\r\n"
+    const std::string text = std::string(head) + "1447,9,2026-02-18,\"the \"\"Court\"\", of Riyadh\"\r\n"
                                                  "one,two\r\n"
                                                  "1447,13,2026-02-18,\" a \",more\r\n"
                                                  "\"\"\r\n";
     const AnnouncedList list = announced_of_text(text);
     EXPECT_EQ(list.rows.size(), 4U);
-    EXPECT_EQ(list.rows[0].fields[3], "the \"Court\"\r\nof two lines");
+    EXPECT_EQ(list.rows[0].fields[3], "the \"Court\", of Riyadh");
     EXPECT_EQ(text_of(list.rows), text);
 }
 
@@ -131,6 +131,15 @@ TEST(AnnouncedList, KeepsALineWithOpenQuoteMarks) {
     EXPECT_EQ(text_of(list.rows), text);
 }
 
+TEST(AnnouncedList, OfAWrongLineTakesNoOtherWithIt) {
+    const AnnouncedList list = list_of("\"1447\r\n1447,9,2026-02-18,\"a\"\r\n1447\"\r\n");
+    EXPECT_EQ(list.problems.size(), 2U);
+    ASSERT_EQ(list.starts.size(), 1U);
+    const AnnouncedList again = announced_of_text(text_of(list.rows));
+    EXPECT_EQ(again.rows, list.rows);
+    EXPECT_EQ(again.starts.size(), 1U);
+}
+
 TEST(AnnouncedList, OfEditedRowsNumbersThem) {
     AnnouncedList list = list_of("1447,9,2026-02-18,a\r\n");
     list.rows.insert(list.rows.begin(),
@@ -138,11 +147,11 @@ TEST(AnnouncedList, OfEditedRowsNumbersThem) {
     const AnnouncedList edited = announced_of_rows(list.rows);
     ASSERT_EQ(edited.problems.size(), 1U);
     EXPECT_EQ(edited.problems[0].row, 1U);
-    EXPECT_EQ(edited.problems[0].line, 4);
+    EXPECT_EQ(edited.problems[0].line, 3);
     const AnnouncedList stored = announced_of_text(text_of(edited.rows));
     EXPECT_EQ(stored.rows[0].fields[2], "2026-01-21");
     EXPECT_EQ(words_of(stored.problems).english,
-              "hijri-announced.csv, line 4: Sha'ban 1447 would be a month of 28 days, by line 2.");
+              "hijri-announced.csv, line 3: Sha'ban 1447 would be a month of 28 days, by line 2.");
 }
 
 TEST(AnnouncedUseKey, IsReadAndWritten) {

@@ -44,9 +44,9 @@ bool lies_within(const fs::path& file, const fs::path& folder) {
     return false;
 }
 
-/// A stored file, a profile, a series, the lists of places and their zones, the world's lines, the guide or a
-/// program. Some file systems let every file run, so that this right alone says nothing of a name with an
-/// ending.
+/// A stored file, a profile, what is kept of Hijri months, a series, the lists of places and their zones, the
+/// world's lines, the guide or a program. Some file systems let every file run, so that this right alone says
+/// nothing of a name with an ending.
 bool is_data_or_program(const fs::path& file) {
     const std::string ending = ending_of(file.string());
     std::error_code ignored;
@@ -55,8 +55,9 @@ bool is_data_or_program(const fs::path& file) {
     const fs::path name = file.filename();
     const bool is_delivered_text =
         name == "loc.txt" || name == "zones.csv" || name == "world.txt" || name == "help.txt";
-    const bool is_profile = ending == ".ini" && name.string().starts_with("profile-");
-    return fs::is_regular_file(status) && (ending == ".vsk" || is_delivered_text || is_profile ||
+    const bool is_kept_text = name == "hijri-rule.ini" || name == "hijri-announced.csv" ||
+                              (ending == ".ini" && name.string().starts_with("profile-"));
+    return fs::is_regular_file(status) && (ending == ".vsk" || is_delivered_text || is_kept_text ||
                                            ending == ".exe" || (ending.empty() && can_run));
 }
 

@@ -2,8 +2,10 @@
 #include "base/failure.h"
 #include "ephemeris/theory.h"
 #include "hijri/keptrule.h"
+#include "routines/seriesloader.h"
 #include "stored/loc.h"
 #include "tests/support/programfolder.h"
+#include "timetable/span.h"
 
 #include <gtest/gtest.h>
 #include <limits>
@@ -240,6 +242,23 @@ TEST_F(KeptRule, StandsUntilSomethingThatItIsMadeOfChanges) {
     EXPECT_EQ(kept.now(nullptr, 2026), nullptr);
     forget_hijri_rule();
     EXPECT_EQ(kept.now(nullptr, 2026), nullptr);
+}
+
+// Each span is asked of a reckoning of its own, which has made no other months before.
+TEST_F(KeptRule, LosesNoDayBetweenTimetablesOfHijriMonths) {
+    load_series();
+    for (const char* rule : {"umm-al-qura", "seen-here", "turkey"}) {
+        const auto span_of = [rule](int year, int month) {
+            return hijri_month_span(year, month, reckoning_of(loaded_theory(), choice_of(rule), 2026)).span;
+        };
+        double next = span_of(1446, 1).first;
+        for (int month = 0; month < 24; ++month) {
+            const DaySpan span = span_of(1446 + month / 12, month % 12 + 1);
+            EXPECT_EQ(span.first, next) << rule << month;
+            EXPECT_TRUE(span.days() == 29 || span.days() == 30) << rule << month;
+            next = span.last + 1;
+        }
+    }
 }
 
 TEST(SeenBeforeKey, IsReadAndWritten) {

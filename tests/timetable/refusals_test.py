@@ -26,7 +26,11 @@ FILES = {
     "profile-angle.ini": "[rules]\nfajer_angle = 99\n",
     "profile-key.ini": "[rules]\n\nfajr = 18\n",
     "profile-bytes.ini": "\x00\x01\x02\n",
+    "hijri-announced.csv": "year,month,first_day,announced_by\n",
 }
+DAMAGED_RULE = "[rule]\nrule = nobody\n"
+WRONG_LIST = "year,month,first_day,announced_by\n1447,9,2026-02-18,A\n1447,10,2026-03-18,A\n"
+WHOLE_LIST_RULE = "[rule]\nannounced = whole\n"
 MONTH = ["--month", "2026-02"]
 TO_NOWHERE = ["--output", "-"]
 
@@ -75,6 +79,17 @@ CASES = [
     ([*MONTH, "--output", "pref.vsk"], 1, "file of the program"),
     ([*MONTH, "--output", "profile-angle.ini"], 1, "file of the program"),
     ([*MONTH, "--places", "hole.csv", "--output", "pref.vsk"], 2, "no folder"),
+    ([*MONTH, "--output", "hijri-announced.csv"], 1, "file of the program"),
+    ([*MONTH, "--hijri-rule", "nobody"], 2, "nobody"),
+    ([*MONTH, "--hijri-rule", "seen-at"], 2, "Choose a place of the list"),
+    (["--year", "500", "--hijri-rule", "umm-al-qura"], 2, "no Hijri months"),
+]
+
+# Rule that is kept, list of announced months, and the refusal of a timetable by them.
+KEPT_CASES = [
+    (DAMAGED_RULE, "", (MONTH, 1, "line 2: rule: wanted tabular")),
+    (WHOLE_LIST_RULE, WRONG_LIST, (MONTH, 1, "hijri-announced.csv, line 3: Ramadan 1447 would be a month of 28 days")),
+    (WHOLE_LIST_RULE, WRONG_LIST, ([*MONTH, "--output", "hijri-rule.ini", "--hijri-rule", "tabular"], 1, "of the program")),
 ]
 
 
@@ -114,7 +129,13 @@ def main():
             if finding := refused(program, folder, case):
                 print(" ".join(case[0]), ":", finding)
                 wrong += 1
-    print(f"{len(CASES)} command lines, {wrong} not refused as they should be")
+        for rule, announced, case in KEPT_CASES:
+            (folder / "hijri-rule.ini").write_text(rule)
+            (folder / "hijri-announced.csv").write_text(announced)
+            if finding := refused(program, folder, case):
+                print(" ".join(case[0]), ":", finding)
+                wrong += 1
+    print(f"{len(CASES) + len(KEPT_CASES)} command lines, {wrong} not refused as they should be")
     return 1 if wrong else 0
 
 

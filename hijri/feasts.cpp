@@ -7,7 +7,7 @@
 namespace halvane {
 namespace {
 
-constexpr TwinText odd_night{"Odd night of Ramadan", "ليلة وتر من العشر الأواخر"};
+constexpr TwinText odd_night{"Odd night of Ramadan", "ليلة وتر من رمضان"};
 
 constexpr std::array<Feast, 18> table{{
     {1, 1, 1, "new_year", {"Hijri New Year", "رأس السنة الهجرية"}},

@@ -23,6 +23,8 @@ constexpr double greatest_row_height = 46 * page_units;
 constexpr double padding = 1.4 * page_units;
 constexpr double number_points = 23;
 constexpr double civil_points = 11;
+constexpr double line_height = 1.2; ///< of the em, of single words below one another
+constexpr double number_height = 9.5 * page_units;
 constexpr QColor white_day{0xFB, 0xF3, 0xD9};
 constexpr QColor dark_moon{0x3A, 0x45, 0x40};
 
@@ -30,8 +32,6 @@ constexpr QColor dark_moon{0x3A, 0x45, 0x40};
 struct CellLine {
     std::string text;
     Language language;
-    bool bold;
-    QColor colour;
 };
 
 class Grid {
@@ -119,15 +119,35 @@ private:
     void paint_day(const QRectF& inner, const MonthDay& day) const {
         paint_number(inner, day);
         const double date_bottom = paint_date(inner, day);
-        double below = std::max(inner.top() + 10.5 * page_units, date_bottom + 0.4 * page_units);
-        if (day.phase) {
-            constexpr double radius = 2.5 * page_units;
-            const double x = mirrored() ? inner.left() + radius : inner.right() - radius;
-            const double y = std::max(date_bottom + page_units, inner.top()) + radius;
-            paint_moon(painter_, QPointF(x, y), radius, *day.phase, latitude_of(sheet_.place.location) < 0);
-            below = std::max(below, y + radius + 0.4 * page_units);
+        const double top = std::max(inner.top() + number_height, date_bottom + 0.4 * page_units);
+        const double bottom = day.phase ? paint_phase(inner, *day.phase) : inner.bottom();
+        paint_words(QRectF(QPointF(inner.left(), top), QPointF(inner.right(), bottom)), feasts_in(day));
+    }
+
+    /// Paints the Moon at the bottom of a cell, its name beside it, and gives where they begin.
+    double paint_phase(const QRectF& inner, Phase phase) const {
+        constexpr double radius = 2.5 * page_units;
+        constexpr double greatest = 7.5;
+        constexpr double least = 5;
+        const std::vector<Language> shown = shown_languages();
+        const double middle = inner.bottom() - radius;
+        const double x = mirrored() ? inner.right() - radius : inner.left() + radius;
+        paint_moon(painter_, QPointF(x, middle), radius, phase, latitude_of(sheet_.place.location) < 0);
+        const double side = 2 * radius + 0.8 * page_units;
+        double top =
+            middle - line_height * em_of(page_font(greatest, false)) * static_cast<double>(shown.size()) / 2;
+        for (const Language language : shown) {
+            const std::string words = phase_words(phase).in(language);
+            const PageFont font = fitting(words, page_font(greatest, false, PageColours::quiet), language,
+                                          inner.width() - side, least);
+            PageText(words, font, language)
+                .draw(painter_,
+                      QPointF(mirrored() ? inner.right() - side : inner.left() + side,
+                              top + baseline_below_top * em_of(font)),
+                      mirrored() ? LineAnchor::right : LineAnchor::left);
+            top += line_height * em_of(page_font(greatest, false));
         }
-        paint_words(QRectF(QPointF(inner.left(), below), inner.bottomRight()), words_in(day));
+        return middle - radius - 0.6 * page_units;
     }
 
     bool is_kept(const MonthDay& day) const {
@@ -178,7 +198,7 @@ private:
                       QPointF(mirrored() ? inner.left() : inner.right(),
                               top + baseline_below_top * em_of(font)),
                       mirrored() ? LineAnchor::left : LineAnchor::right);
-            top += em_of(font) * 1.2;
+            top += em_of(font) * line_height;
         };
         draw(std::to_string(date), page_font(civil_points, bold, PageColours::quiet), Language::english);
         for (const Language language : shown_languages())
@@ -186,15 +206,14 @@ private:
         return top;
     }
 
-    std::vector<CellLine> words_in(const MonthDay& day) const {
+    std::vector<CellLine> feasts_in(const MonthDay& day) const {
         std::vector<CellLine> lines;
-        for (const Language language : shown_languages()) {
+        for (const Language language : shown_languages())
             for (const Feast* const feast : day.feasts)
                 if (!feast->is_of_each_month())
-                    lines.push_back({words_of(*feast).in(language), language, true, PageColours::green});
-            if (day.phase)
-                lines.push_back({phase_words(*day.phase).in(language), language, false, PageColours::quiet});
-        }
+                    lines.push_back(
+                        {std::string(feast->name.in(language)) + (feast->of_the_night ? night_mark : ""),
+                         language});
         return lines;
     }
 
@@ -207,7 +226,7 @@ private:
             points -= 0.25;
         double top = room.bottom() - words_height(room, lines, points);
         for (const CellLine& line : lines) {
-            const PageFont font = page_font(points, line.bold, line.colour);
+            const PageFont font = page_font(points, true, PageColours::green);
             const PageText text(line.text, font, line.language, room.width());
             const bool right = line.language == Language::arabic;
             text.draw(painter_,
@@ -220,7 +239,7 @@ private:
     static double words_height(const QRectF& room, const std::vector<CellLine>& lines, double points) {
         double height = 0;
         for (const CellLine& line : lines)
-            height += PageText(line.text, page_font(points, line.bold), line.language, room.width()).height();
+            height += PageText(line.text, page_font(points, true), line.language, room.width()).height();
         return height;
     }
 

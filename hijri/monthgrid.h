@@ -9,6 +9,9 @@
 
 namespace halvane {
 
+/// What stands behind a feast that is kept in the night before its day.
+inline constexpr const char* night_mark = "*";
+
 /// Paints the weeks of a month at the top of `room`, Sunday first, and gives where they end. Of Arabic alone
 /// the week begins at the right.
 double paint_month_grid(QPainter& painter, const QRectF& room, const MonthSheet& sheet,

@@ -48,12 +48,25 @@ std::vector<TwinWords> warnings_of(const MonthSheet& sheet) {
     return warnings;
 }
 
+/// What the days of the page are, and its tint and mark.
+TwinWords days_words(const MonthSheet& sheet) {
+    const TwinWords words{"Each day begins at the sunset before it. Tinted: the white days.",
+                          "يبدأ كل يوم من غروب الشمس قبله. الأيام المظللة هي الأيام البيض."};
+    const bool has_nights = std::any_of(sheet.days.begin(), sheet.days.end(), [](const MonthDay& day) {
+        return std::any_of(day.feasts.begin(), day.feasts.end(),
+                           [](const Feast* feast) { return feast->of_the_night; });
+    });
+    const std::string mark = std::string(" ") + night_mark;
+    return has_nights
+               ? joined(words, mark.c_str(), {" In the night before the day.", " في الليلة السابقة لليوم."})
+               : words;
+}
+
 std::vector<TwinWords> notes_of(const MonthSheet& sheet) {
     const std::string source = source_of(sheet.settings);
     return {joined(joined(name_of(sheet.settings), ": ", sentence(sheet.settings.rule->told)), " ",
                    {"Source: " + source + ".", "المصدر: " + left_to_right(source) + "."}),
-            {"Each day begins at the sunset before it. Tinted: the white days.",
-             "يبدأ كل يوم من غروب الشمس قبله. الأيام المظللة هي الأيام البيض."},
+            days_words(sheet),
             joined({"Phases of the Moon by the clock of " + sheet.place.location.name + ": ",
                     "أطوار القمر بتوقيت " + sheet.place.location.name + ": "},
                    "", sentence(zone_words(sheet)))};
@@ -94,8 +107,7 @@ private:
         const std::string title = in(month_words(sheet_.month.number));
         const PageFont large = fitting(title, page_font(26, true, PageColours::ink), side.language,
                                        side.width() - page_units, 15);
-        double top =
-            writer.write(title, large, page_margin) + 1.2 * page_units; // letters reach below the line
+        double top = writer.write(title, large, page_margin) + 2 * page_units; // letters reach below the line
         const PageFont green = page_font(12, true, PageColours::green);
         const PageFont plain = page_font(12, false, PageColours::ink);
         const std::string span = in(span_words(sheet_));

@@ -15,8 +15,7 @@ std::string keys_of(int month, int day) {
     return keys;
 }
 
-// The public data set of holidays (package "holidays", Islamic group): 1/1, 1/9, 1/10, 3/12, 7/27, 8/15, 9/1,
-// 10/1 to 10/3, 12/9, 12/10 to 12/13.
+// The dates of docs/hijri.md, by the sources that are named there.
 TEST(Feasts, LieOnTheirPublishedDates) {
     EXPECT_EQ(keys_of(1, 1), "new_year");
     EXPECT_EQ(keys_of(1, 9), "tasua");

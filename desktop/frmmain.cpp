@@ -47,6 +47,7 @@ constexpr ControlText twins[] = {
     {"cmdpha", "M&oon Phases", "أ&طوار القمر"},
     {"cmdcresv", "Crescent &Visibility", "&رؤية الهلال"},
     {"cmdtele", "Tele&scope", "تلس&كوب"},
+    {"cmdmonths", "Hi&jri Months", "الأشهر اله&جرية"},
     {"cmdext", "E&xit", "&خروج"},
     {"cmdhel", "&Help", "م&ساعدة"},
     {"cmdcon", "Hejric &Gregorian ", "&هجري ميلا&دي"},
@@ -77,10 +78,12 @@ constexpr ControlText lines[] = {
 };
 
 constexpr std::pair<const char*, const char*> icons[] = {
-    {"cmddat", "date"},        {"cmdloc", "location"},    {"cmdpre", "preferences"}, {"cmdqib", "qiblah"},
-    {"cmdcom", "prayertimes"}, {"cmdale", "alerts"},      {"cmdpha", "moonphases"},  {"cmdcresv", "crescent"},
-    {"cmdtele", "telescope"},  {"cmdext", "exit"},        {"cmdhel", "help"},        {"cmdcon", "hejric"},
-    {"cmdmoon", "moontimes"},  {"cmdtable", "timetable"}, {"cmdcoor", "ephemeris"},
+    {"cmddat", "date"},           {"cmdloc", "location"},    {"cmdpre", "preferences"},
+    {"cmdqib", "qiblah"},         {"cmdcom", "prayertimes"}, {"cmdale", "alerts"},
+    {"cmdpha", "moonphases"},     {"cmdcresv", "crescent"},  {"cmdtele", "telescope"},
+    {"cmdext", "exit"},           {"cmdhel", "help"},        {"cmdcon", "hejric"},
+    {"cmdmoon", "moontimes"},     {"cmdtable", "timetable"}, {"cmdcoor", "ephemeris"},
+    {"cmdmonths", "hijrimonths"},
 };
 
 std::string short_time(const MachineTime& clock) {

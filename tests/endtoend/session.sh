@@ -113,7 +113,7 @@ shows_todays_times arabic
 shows arabic 1.2 "مواقيت الصلاة اليوم" || fail "the Arabic title"
 shows arabic 1.2 "Today's Prayer Times" && fail "the English title in Arabic"
 # The keyboard has no Arabic letters here: Tab leads from the first button to the options.
-keys Tab Tab Tab Tab Tab Tab Tab Tab Tab Tab Tab space
+keys Tab Tab Tab Tab Tab Tab Tab Tab Tab Tab Tab Tab space
 wait_for "الخيارات"
 picture arabic-preferences
 keys shift+Tab shift+Tab shift+Tab shift+Tab Right space

@@ -41,6 +41,7 @@ constexpr ControlText captions[] = {
     {"cmdpha", "M&oon Phases", "أ&طوار القمر"},
     {"cmdcresv", "Crescent &Visibility", "&رؤية الهلال"},
     {"cmdtele", "Tele&scope", "تلس&كوب"},
+    {"cmdmonths", "Hi&jri Months", "الأشهر اله&جرية"},
     {"cmdext", "E&xit", "&خروج"},
     {"cmdhel", "&Help", "م&ساعدة"},
     {"cmdcon", "Hejric &Gregorian ", "&هجري ميلا&دي"},
@@ -607,7 +608,7 @@ TEST_F(MainPanelTest, AButtonWithoutAPanelDoesNothing) {
     form.load();
     form.show();
     for (const char* name : {"cmddat", "cmdloc", "cmdpre", "cmdqib", "cmdale", "cmdpha", "cmdcresv",
-                             "cmdtele", "cmdcon", "cmdcoor"})
+                             "cmdtele", "cmdcon", "cmdcoor", "cmdmonths"})
         click(form, name);
     EXPECT_TRUE(form.isVisible());
     EXPECT_TRUE(platform_double.shown_files.empty());

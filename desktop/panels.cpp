@@ -8,6 +8,7 @@
 #include "desktop/settingscheck.h"
 #include "finemap/frmfinemap.h"
 #include "hijri/frmhej.h"
+#include "hijri/frmmonths.h"
 #include "hijri/keptrule.h"
 #include "panel/messages.h"
 #include "phases/frmphase.h"
@@ -106,6 +107,7 @@ std::span<const Panel> panels() {
         {"frmdate", "cmddat", true, make_panel<frmdate>},
         {"frmpreferences", "cmdpre", true, make_panel<frmpreferences>},
         {"frmhej", "cmdcon", true, make_panel<frmhej>},
+        {"frmmonths", "cmdmonths", false, make_panel<frmmonths>},
         {"frmtimetable", "cmdtable", false, make_timetable_panel},
         {"frmphase", "cmdpha", false, make_panel<frmphase>},
         {"frmqib", "cmdqib", false, make_panel<frmqib>},

@@ -14,6 +14,7 @@
 #include <QDialog>
 #include <QFocusEvent>
 #include <QGroupBox>
+#include <QHeaderView>
 #include <QLayout>
 #include <QLineEdit>
 #include <QListWidget>
@@ -111,8 +112,8 @@ private:
 
 TEST_P(EveryWindowTest, EveryScrollBarIsAsWideAsItsStyleMakesIt) {
     for (QAbstractScrollArea* area : window().findChildren<QAbstractScrollArea*>()) {
-        if (area->window() != &window())
-            continue; // of a list that is not open
+        if (area->window() != &window() || qobject_cast<QHeaderView*>(area) != nullptr)
+            continue; // of a list that is not open; titles scroll with their table
         show_tab_of(*area);
         area->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
         QCoreApplication::processEvents();
@@ -219,7 +220,8 @@ TEST_P(EveryWindowTest, ATextThatIsNoNumberIsMarkedUntilItIsOne) {
 bool grows(const QWidget& window) {
     static const QStringList growing{QStringLiteral("frmmap"),       QStringLiteral("frmqmap"),
                                      QStringLiteral("frmqib"),       QStringLiteral("frmtele"),
-                                     QStringLiteral("frmtimetable"), QStringLiteral("viewer")};
+                                     QStringLiteral("frmtimetable"), QStringLiteral("frmmonths"),
+                                     QStringLiteral("viewer")};
     return growing.contains(window.objectName());
 }
 

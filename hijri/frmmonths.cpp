@@ -1,0 +1,884 @@
+// SPDX-License-Identifier: MIT
+#include "hijri/frmmonths.h"
+
+#include "base/failure.h"
+#include "calendar/hijriconversion.h"
+#include "calendar/locationclock.h"
+#include "hijri/hijritexts.h"
+#include "hijri/monthpainter.h"
+#include "hijri/monthpaper.h"
+#include "hijri/monthsrules.h"
+#include "panel/choicelists.h"
+#include "panel/formpage.h"
+#include "panel/messages.h"
+#include "panel/namelabel.h"
+#include "panel/numberbox.h"
+#include "panel/numberlists.h"
+#include "panel/panelstyle.h"
+#include "panel/panelsupport.h"
+#include "panel/placenames.h"
+#include "routines/machineclock.h"
+#include "routines/seriesloader.h"
+#include "stored/loclist.h"
+#include "stored/outputfile.h"
+#include "timetable/pageprinter.h"
+#include "timetable/timetableplaces.h"
+#include "ui_frmmonths.h"
+
+#include <QFileInfo>
+#include <QPointer>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QScopedValueRollback>
+#include <QScreen>
+#include <QTimer>
+#include <algorithm>
+
+namespace halvane {
+
+namespace {
+
+constexpr ControlText twins[] = {
+    {"frmmonths", "Hijri Months", "الأشهر الهجرية"},
+    {"frayear", "Hijri year", "السنة الهجرية"},
+    {"cmdyearbefore", "Year &before", "السنة ال&سابقة"},
+    {"cmdyearafter", "Year &after", "السنة ال&تالية"},
+    {"frarule", "Rule", "القاعدة"},
+    {"fraplace", "Place", "الموقع"},
+    {"optlisted", "A place of the l&ist:", "موقع من ال&قائمة:"},
+    {"fracriterion", "Crescent", "الهلال"},
+    {"lblclass", "Counts as seen from:", "يعد مرئيا من:"},
+    {"fraregion", "Where it is seen", "أين يرى"},
+    {"optworld", "The &world, 60° N to 60° S", "&العالم، من 60° شمالا إلى 60° جنوبا"},
+    {"optpart", "A part of the world [°]:", "جزء من العالم [°]:"},
+    {"lblwest", "West:", "الغرب:"},
+    {"lbleast", "East:", "الشرق:"},
+    {"lblsouth", "South:", "الجنوب:"},
+    {"lblnorth", "North:", "الشمال:"},
+    {"lblbefore", "When it is seen:", "متى يرى:"},
+    {"fraannounced", "Announced months", "الأشهر المعلنة"},
+    {"chkannounced", "Announced months ta&ke its place", "تقدم الأش&هر المعلنة عليها"},
+    {"chkwhole", "Re&fuse a list with a fault", "ترفض القائمة إذا كان &فيها خطأ"},
+    {"cmdeditlist", "&Edit List...", "ت&عديل القائمة..."},
+    {"fracompare", "Compare with", "المقارنة مع"},
+    {"cmdprevious", "Pre&vious month", "الشهر السا&بق"},
+    {"cmdnext", "Ne&xt month", "الشهر التا&لي"},
+    {"fratohijri", "From civil to Hijri", "من ميلادي إلى هجري"},
+    {"fratocivil", "From Hijri to civil", "من هجري إلى ميلادي"},
+    {"cmdadd", "A&dd", "إ&ضافة"},
+    {"cmdremove", "Re&move", "إ&زالة"},
+    {"cmdsavelist", "Save &List", "حفظ القائم&ة"},
+    {"cmdrevert", "Re&vert", "ت&راجع"},
+    {"cmduse", "&Use This Rule", "استعمال هذه القاع&دة"},
+    {"cmdtabular", "Back to &Tabular", "العودة إلى ال&جدولي"},
+    {"cmdstop", "Sto&p", "إ&يقاف"},
+    {"cmdsave", "&Save As...", "&حفظ باسم..."},
+    {"cmdprint", "P&rint...", "&طباعة..."},
+    {"cmdclose", "&Close", "إ&غلاق"},
+    {"txtyear@spoken", "Hijri year", "السنة الهجرية"},
+    {"cborule@spoken", "Rule", "القاعدة"},
+    {"cboplace@spoken", "Place of the list", "موقع من القائمة"},
+    {"cbocriterion@spoken", "Criterion", "المعيار"},
+    {"cbocompare@spoken", "Compare with", "المقارنة مع"},
+    {"cbomonth@spoken", "Month", "الشهر"},
+    {"cbolanguage@spoken", "Language of the page", "لغة الصفحة"},
+    {"cbopaper@spoken", "Paper", "الورق"},
+    {"areapreview@spoken", "The page", "الصفحة"},
+    {"tblyear@spoken", "Months of the year", "أشهر السنة"},
+    {"tblannounced@spoken", "Announced months", "الأشهر المعلنة"},
+    {"cbocivilday@spoken", "Civil day", "اليوم الميلادي"},
+    {"cbocivilmonth@spoken", "Civil month", "الشهر الميلادي"},
+    {"txtcivilyear@spoken", "Civil year", "السنة الميلادية"},
+    {"cbohijriday@spoken", "Hijri day", "اليوم الهجري"},
+    {"cbohijrimonth@spoken", "Hijri month", "الشهر الهجري"},
+    {"txthijriyear@spoken", "Hijri year", "السنة الهجرية"},
+    {"cmduse@tip", "For the tool tip of the main panel's date and for timetables",
+     "لتلميح التاريخ في اللوحة الرئيسة و للتقاويم"},
+    {"cmdprint@tip", "Prints the month's page", "يطبع صفحة الشهر"},
+};
+
+constexpr TwinText tabs[] = {
+    {"&Year", "السن&ة"}, {"Mont&h", "ال&شهر"}, {"Co&nvert", "التح&ويل"}, {"Announced", "ال&معلنة"}};
+
+constexpr TwinText stored_place_words{"The st&ored location: %1", "الموقع المحفو&ظ: %1"};
+constexpr TwinText no_rule{"No other rule", "بلا مقارنة"};
+constexpr TwinText both_languages{"Both", "كلتاهما"};
+constexpr TwinText month_title{"Month", "الشهر"};
+constexpr TwinText first_day_title{"First day", "اليوم الأول"};
+constexpr TwinText days_title{"Days", "الأيام"};
+constexpr TwinText margin_title{"Margin", "الهامش"};
+constexpr TwinText notes_title{"Notes", "ملاحظات"};
+constexpr TwinText difference_title{"Difference", "الفرق"};
+constexpr TwinText calculating{"Calculating: %1 %", "جار الحساب: %1 %"};
+constexpr TwinText stopped_words{"Stopped. Nothing is shown.", "أوقف. لا يعرض شيء."};
+constexpr TwinText nothing_shown{"Nothing is shown. %1", "لا يعرض شيء. %1"};
+constexpr TwinText used_words{"Used: %1", "المستعملة: %1"};
+constexpr TwinText faults_words{"Lines of the list with a fault, which are left out: %1",
+                                "أسطر القائمة التي فيها خطأ و لا تستعمل: %1"};
+constexpr TwinText saved{"Saved: %1", "تم الحفظ: %1"};
+constexpr TwinText save_title{"Save Hijri Months", "حفظ الأشهر الهجرية"};
+constexpr TwinText error_title{"File Error", "خطأ"};
+constexpr TwinText not_printed{"The printer has not taken the pages.", "لم تستلم الطابعة الصفحات."};
+constexpr TwinText list_title{"Announced Months", "الأشهر المعلنة"};
+constexpr TwinText unsaved_question{
+    "The announced months have edits that are not saved. Close and lose them?",
+    "في الأشهر المعلنة تعديلات غير محفوظة. هل تريد الإغلاق و فقدها؟"};
+constexpr TwinText revert_question{"Are you sure you want to take back all edits that are not saved?",
+                                   "هل أنت متأكد من التراجع عن كل التعديلات غير المحفوظة؟"};
+constexpr TwinText changed_question{"Another program has changed the list since it was read. Replace it?",
+                                    "عدل برنامج آخر القائمة منذ قراءتها. هل تريد استبدالها؟"};
+
+struct KindWords {
+    HijriFormat format;
+    TwinText words;
+};
+constexpr KindWords kinds[] = {
+    {HijriFormat::pdf, {"PDF, the printed page", "PDF، الصفحة المطبوعة"}},
+    {HijriFormat::csv, {"CSV table", "جدول CSV"}},
+    {HijriFormat::json, {"JSON data", "بيانات JSON"}},
+    {HijriFormat::ics, {"Calendar file", "ملف تقويم"}},
+    {HijriFormat::text, {"Text", "نص"}},
+};
+
+constexpr PageLanguage page_languages[] = {PageLanguage::english, PageLanguage::arabic, PageLanguage::both};
+
+constexpr const char* longest_year = "-88888";
+constexpr const char* longest_angle = "-888.8";
+constexpr int pause_after_change = 200; // [ms]
+constexpr int months_of_a_year = 12;
+
+/// In     of_month  else those of a year, which has no page
+QList<SaveKind> save_kinds(bool of_month, Language language) {
+    QList<SaveKind> all;
+    for (const KindWords& kind : kinds)
+        if (of_month || kind.format != HijriFormat::pdf)
+            all += save_kind(text_of(kind.words, language), QString::fromLatin1(ending_of(kind.format)));
+    return all;
+}
+
+HijriFormat format_of_name(const QString& name, HijriFormat usual) {
+    for (const HijriFormat format : hijri_formats())
+        if (name.endsWith(u'.' + QLatin1String(ending_of(format)), Qt::CaseInsensitive))
+            return format;
+    return usual;
+}
+
+void fill_months(QComboBox& list, ConversionDirection direction, Language language) {
+    for (const std::string& name : conversion_months(direction, language))
+        list.addItem(QString::fromStdString(name));
+}
+
+void choose_data(QComboBox& list, const QVariant& data) {
+    list.setCurrentIndex(std::max(0, list.findData(data)));
+}
+
+/// A converted date with its weekday, and what is told of its month.
+QString day_words(const HijriDay& day, bool as_hijri, Language language) {
+    const std::string date = as_hijri ? long_hijri_date(day, language) : long_date(day.day_number, language);
+    const std::string notes = notes_text(day.month, language);
+    return QString::fromStdString(notes.empty() ? date : date + " (" + notes + ")");
+}
+
+} // namespace
+
+std::span<const ControlText> frmmonths_twins() {
+    return twins;
+}
+
+frmmonths::frmmonths(QWidget* owner)
+    : QDialog(owner), ui_(std::make_unique<Ui::frmmonths>()), language_(stored_language()),
+      year_job_(new ResultJob<HijriYears>(this)), sheet_job_(new ResultJob<MonthSheet>(this)),
+      convert_job_(new ResultJob<Converted>(this)), pause_(new QTimer(this)) {
+    ui_->setupUi(this);
+    setWindowFlag(Qt::WindowMaximizeButtonHint);
+    pause_->setSingleShot(true);
+    pause_->setInterval(pause_after_change);
+    apply_language(*this, twins, language_);
+    for (int tab = 0; tab < ui_->tabpages->count(); ++tab)
+        ui_->tabpages->setTabText(tab, text_of(tabs[tab], language_));
+    {
+        const QScopedValueRollback quiet(showing_, true);
+        fill_lists();
+        set_sizes(); // while all that a rule may ask for is there
+        show_today();
+        std::optional<HijriChoice> kept;
+        telling_failures([&kept] { kept = kept_hijri_rule(); });
+        show_choice(kept.value_or(HijriChoice{}));
+    }
+    select_whole_text_on_focus(*this);
+    connect_controls();
+    fit_form(*this, Qt::Horizontal | Qt::Vertical);
+    constexpr double of_the_screen = 0.85;
+    resize((screen()->availableSize() * of_the_screen).expandedTo(size()));
+    telling_failures([this] { read_list(); });
+    show_used();
+    calculate();
+}
+
+frmmonths::~frmmonths() = default;
+
+// --- Lists and sizes ---
+
+void frmmonths::fill_lists() {
+    ui_->cbocompare->addItem(text_of(no_rule, language_), QString());
+    for (QComboBox* list : {ui_->cborule, ui_->cbocompare})
+        for (const HijriRule& rule : hijri_rules())
+            list->addItem(text_of(rule.name, language_), QString::fromLatin1(rule.key));
+    const QString stored =
+        shortened(QString::fromStdString(read_loc().name)).replace(u'&', QStringLiteral("&&"));
+    ui_->optstored->setText(text_of(stored_place_words, language_).arg(isolated(stored)));
+    ui_->cboplace->addItems(sorted_place_names(readable_location_list()));
+    filter_while_typing(*ui_->cboplace);
+    for (const CataloguedCriterion& criterion : catalogued_criteria())
+        ui_->cbocriterion->addItem(text_of(criterion.name, language_), QString::fromLatin1(criterion.key));
+    for (const SeenBefore before : seen_befores())
+        ui_->cbobefore->addItem(text_of(words_of(before), language_), static_cast<int>(before));
+    fill_months(*ui_->cbomonth, ConversionDirection::hijri_to_civil, language_);
+    fill_months(*ui_->cbohijrimonth, ConversionDirection::hijri_to_civil, language_);
+    fill_months(*ui_->cbocivilmonth, ConversionDirection::civil_to_hijri, language_);
+    fill_with_days(*ui_->cbocivilday);
+    constexpr int hijri_days = 30;
+    fill_with_numbers(*ui_->cbohijriday, hijri_days);
+    ui_->cbolanguage->addItems(
+        {QStringLiteral("English"), QStringLiteral("العربية"), text_of(both_languages, language_)});
+    ui_->cbolanguage->setCurrentIndex(language_ == Language::arabic ? 1 : 0);
+    ui_->cbopaper->addItems({QStringLiteral("A4"), QStringLiteral("Letter")});
+}
+
+/// The classes of the chosen criterion; what the eye sees is proposed.
+void frmmonths::fill_classes() {
+    const QScopedValueRollback quiet(showing_, true);
+    const CataloguedCriterion& criterion =
+        *catalogued_criterion(ui_->cbocriterion->currentData().toString().toStdString());
+    ui_->cboclass->clear();
+    for (const TwinText& name : classes_to_see(criterion))
+        ui_->cboclass->addItem(text_of(name, language_));
+    ui_->cboclass->setCurrentIndex(static_cast<int>(criterion.by_eye) - 1);
+}
+
+void frmmonths::set_sizes() {
+    constexpr int least_lines = 12;
+    set_spacing(*this);
+    for (QLineEdit* year : {ui_->txtyear, ui_->txtcivilyear, ui_->txthijriyear})
+        shape_number_box(*year, longest_year);
+    for (QLineEdit* angle : {ui_->txtwest, ui_->txteast, ui_->txtsouth, ui_->txtnorth})
+        shape_number_box(*angle, longest_angle);
+    for (QComboBox* list :
+         {ui_->cborule, ui_->cboplace, ui_->cbocriterion, ui_->cboclass, ui_->cbobefore, ui_->cbocompare})
+        limit_width(*list);
+    for (QComboBox* list : {ui_->cborule, ui_->cbocompare})
+        list->view()->setMinimumWidth(list->view()->sizeHintForColumn(0));
+    make_bold(*ui_->lblwrong);
+    const int line = fontMetrics().lineSpacing();
+    for (QWidget* area : std::initializer_list<QWidget*>{ui_->tblyear, ui_->tblannounced, ui_->areapreview})
+        area->setMinimumHeight(least_lines / 2 * line);
+    for (QLabel* answer : {ui_->lbltohijri, ui_->lbltocivil})
+        answer->setMinimumHeight(line);
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    ui_->areapreview->setMinimumWidth(ui_->preview->minimumSizeHint().width() + bar);
+    shape_choices(*ui_->areachoices, least_lines);
+}
+
+// --- Controls ---
+
+void frmmonths::connect_controls() {
+    connect(pause_, &QTimer::timeout, this, &frmmonths::calculate);
+    connect(year_job_, &BesideJob::advanced, this,
+            [this](int percent) { show_state(text_of(calculating, language_).arg(percent)); });
+    connect(year_job_, &BesideJob::ended, this, &frmmonths::show_year);
+    connect(sheet_job_, &BesideJob::advanced, this,
+            [this](int percent) { show_state(text_of(calculating, language_).arg(percent)); });
+    connect(sheet_job_, &BesideJob::ended, this, &frmmonths::show_sheet);
+    connect(convert_job_, &BesideJob::ended, this, &frmmonths::show_converted);
+    connect(ui_->tabpages, &QTabWidget::currentChanged, this, &frmmonths::make_shown_tab);
+    connect(ui_->tblyear, &QTableWidget::cellActivated, this, [this](int row) {
+        ui_->cbomonth->setCurrentIndex(row);
+        ui_->tabpages->setCurrentWidget(ui_->tabmonth);
+    });
+    connect(ui_->tblannounced, &AnnouncedTable::edited, this, &frmmonths::show_list_buttons);
+    keep_focus_in_sight(*ui_->areachoices);
+    connect_choices();
+    connect_buttons();
+}
+
+void frmmonths::connect_choices() {
+    connect(ui_->txtyear, &QLineEdit::textChanged, this, &frmmonths::change);
+    for (QComboBox* list : {ui_->cborule, ui_->cbocompare, ui_->cbobefore})
+        connect(list, &QComboBox::currentIndexChanged, this, &frmmonths::change_rule);
+    connect(ui_->cbocriterion, &QComboBox::currentIndexChanged, this, [this] {
+        fill_classes();
+        change();
+    });
+    connect(ui_->cboclass, &QComboBox::currentIndexChanged, this, &frmmonths::change);
+    connect(ui_->cboplace, &QComboBox::currentTextChanged, this, &frmmonths::change);
+    for (QAbstractButton* option : std::initializer_list<QAbstractButton*>{ui_->optlisted, ui_->optpart,
+                                                                           ui_->chkannounced, ui_->chkwhole})
+        connect(option, &QAbstractButton::toggled, this, &frmmonths::change_rule);
+    for (QLineEdit* side : {ui_->txtwest, ui_->txteast, ui_->txtsouth, ui_->txtnorth})
+        connect(side, &QLineEdit::textChanged, this, &frmmonths::change);
+    connect(ui_->cbomonth, &QComboBox::currentIndexChanged, this, &frmmonths::make_sheet);
+    for (QComboBox* list : {ui_->cbolanguage, ui_->cbopaper})
+        connect(list, &QComboBox::currentIndexChanged, this, &frmmonths::show_sheet);
+    for (QComboBox* list : {ui_->cbocivilday, ui_->cbocivilmonth, ui_->cbohijriday, ui_->cbohijrimonth})
+        connect(list, &QComboBox::currentIndexChanged, this, &frmmonths::convert);
+    for (QLineEdit* year : {ui_->txtcivilyear, ui_->txthijriyear})
+        connect(year, &QLineEdit::textChanged, this, &frmmonths::convert);
+}
+
+void frmmonths::connect_buttons() {
+    connect(ui_->cmdyearbefore, &QPushButton::clicked, this, [this] { move_year(-1); });
+    connect(ui_->cmdyearafter, &QPushButton::clicked, this, [this] { move_year(1); });
+    connect(ui_->cmdprevious, &QPushButton::clicked, this, [this] { move_month(-1); });
+    connect(ui_->cmdnext, &QPushButton::clicked, this, [this] { move_month(1); });
+    connect(ui_->cmdeditlist, &QPushButton::clicked, this,
+            [this] { ui_->tabpages->setCurrentWidget(ui_->tabannounced); });
+    connect(ui_->cmdadd, &QPushButton::clicked, this, [this] { ui_->tblannounced->add(shown_month()); });
+    connect(ui_->cmdremove, &QPushButton::clicked, ui_->tblannounced, &AnnouncedTable::remove_current);
+    connect(ui_->cmdsavelist, &QPushButton::clicked, this, &frmmonths::cmdsavelist_click);
+    connect(ui_->cmdrevert, &QPushButton::clicked, this, &frmmonths::cmdrevert_click);
+    connect(ui_->cmduse, &QPushButton::clicked, this, &frmmonths::cmduse_click);
+    connect(ui_->cmdtabular, &QPushButton::clicked, this, &frmmonths::cmdtabular_click);
+    connect(ui_->cmdstop, &QPushButton::clicked, this, &frmmonths::cmdstop_click);
+    connect(ui_->cmdsave, &QPushButton::clicked, this, &frmmonths::cmdsave_click);
+    connect(ui_->cmdprint, &QPushButton::clicked, this, &frmmonths::cmdprint_click);
+    connect(ui_->cmdclose, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+// --- What is chosen ---
+
+void frmmonths::show_today() {
+    const MachineTime today = location_clock(read_pref(), read_loc(), universal_time()).time;
+    const HijriDate hijri = hijri_of_civil(today.year, today.month, today.day);
+    for (QLineEdit* year : {ui_->txtyear, ui_->txthijriyear})
+        year->setText(QString::number(hijri.year));
+    for (QComboBox* month : {ui_->cbomonth, ui_->cbohijrimonth})
+        month->setCurrentIndex(static_cast<int>(hijri.month) - 1);
+    ui_->cbohijriday->setCurrentIndex(static_cast<int>(hijri.day) - 1);
+    ui_->cbocivilday->setCurrentIndex(today.day - 1);
+    ui_->cbocivilmonth->setCurrentIndex(today.month - 1);
+    ui_->txtcivilyear->setText(QString::number(today.year));
+}
+
+void frmmonths::show_choice(const HijriChoice& choice) {
+    choose_data(*ui_->cborule, QString::fromStdString(choice.rule));
+    (choice.place ? ui_->optlisted : ui_->optstored)->setChecked(true);
+    if (choice.place)
+        ui_->cboplace->setEditText(QString::fromStdString(*choice.place));
+    choose_data(*ui_->cbocriterion, QString::fromStdString(choice.criterion));
+    fill_classes();
+    if (choice.seen_class)
+        ui_->cboclass->setCurrentIndex(static_cast<int>(*choice.seen_class) - 1);
+    (choice.region == HijriChoice{}.region ? ui_->optworld : ui_->optpart)->setChecked(true);
+    for (const auto& [box, angle] : {std::pair{ui_->txtwest, choice.region.west},
+                                     {ui_->txteast, choice.region.east},
+                                     {ui_->txtsouth, choice.region.south},
+                                     {ui_->txtnorth, choice.region.north}})
+        box->setText(QString::number(angle));
+    choose_data(*ui_->cbobefore, static_cast<int>(choice.before));
+    ui_->chkannounced->setChecked(choice.announced != AnnouncedUse::none);
+    ui_->chkwhole->setChecked(choice.announced == AnnouncedUse::whole);
+    show_asked();
+}
+
+const HijriRule& frmmonths::shown_rule() const {
+    return *hijri_rule(ui_->cborule->currentData().toString().toStdString());
+}
+
+const HijriRule* frmmonths::compared_rule() const {
+    return hijri_rule(ui_->cbocompare->currentData().toString().toStdString());
+}
+
+SeenBefore frmmonths::shown_before() const {
+    return static_cast<SeenBefore>(ui_->cbobefore->currentData().toInt());
+}
+
+/// What the chosen rules ask for is shown, nothing else.
+void frmmonths::show_asked() {
+    const AskedParts asked = asked_of(shown_rule(), compared_rule(), shown_before());
+    ui_->fraplace->setVisible(asked.place);
+    ui_->fracriterion->setVisible(asked.criterion);
+    ui_->fraregion->setVisible(asked.region);
+    ui_->cboplace->setEnabled(ui_->optlisted->isChecked());
+    for (QLineEdit* side : {ui_->txtwest, ui_->txteast, ui_->txtsouth, ui_->txtnorth})
+        side->setEnabled(ui_->optpart->isChecked());
+    ui_->chkwhole->setVisible(ui_->chkannounced->isChecked());
+    ui_->lbltold->setText(text_of(told_words(shown_rule()), language_));
+}
+
+HijriChoice frmmonths::shown_choice() const {
+    HijriChoice choice;
+    choice.rule = shown_rule().key;
+    if (ui_->optlisted->isChecked())
+        choice.place = text_of(*ui_->cboplace);
+    choice.criterion = ui_->cbocriterion->currentData().toString().toStdString();
+    choice.seen_class = static_cast<std::size_t>(ui_->cboclass->currentIndex()) + 1;
+    if (ui_->optpart->isChecked())
+        choice.region = {number_in(*ui_->txtwest), number_in(*ui_->txtsouth), number_in(*ui_->txteast),
+                         number_in(*ui_->txtnorth)};
+    choice.before = shown_before();
+    choice.announced = !ui_->chkannounced->isChecked() ? AnnouncedUse::none
+                       : ui_->chkwhole->isChecked()    ? AnnouncedUse::whole
+                                                       : AnnouncedUse::sound;
+    return choice;
+}
+
+MonthPage frmmonths::shown_page() const {
+    return {page_languages[std::max(0, ui_->cbolanguage->currentIndex())],
+            ui_->cbopaper->currentIndex() == 1 ? PaperSize::letter : PaperSize::a4};
+}
+
+HijriMonthNumber frmmonths::shown_month() const {
+    return HijriMonthNumber::of(static_cast<int>(number_in(*ui_->txtyear)),
+                                ui_->cbomonth->currentIndex() + 1);
+}
+
+void frmmonths::move_year(int years) {
+    settle_numbers(*this);
+    ui_->txtyear->setText(QString::number(number_in(*ui_->txtyear) + years));
+    calculate();
+}
+
+void frmmonths::move_month(int months) {
+    const int month = ui_->cbomonth->currentIndex() + months;
+    if (month >= 0 && month < months_of_a_year) {
+        ui_->cbomonth->setCurrentIndex(month);
+        return;
+    }
+    {
+        const QScopedValueRollback quiet(showing_, true);
+        ui_->cbomonth->setCurrentIndex(month < 0 ? months_of_a_year - 1 : 0);
+    }
+    move_year(months);
+}
+
+void frmmonths::change_rule() {
+    if (showing_)
+        return;
+    show_asked();
+    change();
+}
+
+/// What is chosen is calculated after a short pause, in which more may change.
+void frmmonths::change() {
+    if (showing_)
+        return;
+    drop();
+    show_buttons();
+    pause_->start();
+}
+
+// --- What is made of it ---
+
+bool frmmonths::is_settled() const {
+    return !pause_->isActive() && !year_job_->is_running() && !sheet_job_->is_running() &&
+           !convert_job_->is_running();
+}
+
+void frmmonths::stop() {
+    pause_->stop();
+    year_job_->cancel();
+    sheet_job_->cancel();
+    convert_job_->cancel();
+}
+
+/// Nothing that was made for other choices stays.
+void frmmonths::drop() {
+    stop();
+    settings_.reset();
+    years_.reset();
+    ui_->tblyear->setRowCount(0);
+    show_words(*ui_->lblwrong, {});
+    show_state({});
+    show_sheet();
+    is_converted_ = false;
+    for (QLabel* answer : {ui_->lbltohijri, ui_->lbltocivil})
+        answer->clear();
+}
+
+void frmmonths::calculate() {
+    drop();
+    try {
+        const std::optional<std::vector<HijriSettings>> rules = chosen_rules();
+        if (!rules)
+            return;
+        settings_ = rules->front();
+        const int year = static_cast<int>(number_in(*ui_->txtyear));
+        show_state(text_of(calculating, language_).arg(0));
+        year_job_->start([theory = loaded_theory(), rules = *rules, year](Progress& progress) {
+            return hijri_years(theory, rules, year, year, progress);
+        });
+    } catch (const RunTimeFailure& failure) {
+        show_nothing(words_of(failure, language_));
+    }
+    show_buttons();
+    make_shown_tab();
+}
+
+/// The rule with the one that it is compared with; nothing where one is wrong, which is told.
+std::optional<std::vector<HijriSettings>> frmmonths::chosen_rules() {
+    const double year = number_in(*ui_->txtyear);
+    if (const std::optional<TwinWords> refused = refused_hijri_year(year)) {
+        refuse(text_of(*refused, language_));
+        return std::nullopt;
+    }
+    const double civil_year = civil_year_of(static_cast<int>(year));
+    HijriChoice choice = shown_choice();
+    std::vector<HijriChoice> choices{choice};
+    if (const HijriRule* other = compared_rule()) {
+        choice.rule = other->key;
+        choice.announced = AnnouncedUse::none;
+        choices.push_back(choice);
+    }
+    std::vector<HijriSettings> rules;
+    for (const HijriChoice& one : choices) {
+        const HijriAnswer answer = settings_of(one, civil_year);
+        if (!answer.settings) {
+            refuse(text_of(answer.words, language_));
+            return std::nullopt;
+        }
+        rules.push_back(*answer.settings);
+    }
+    return rules;
+}
+
+void frmmonths::refuse(const QString& words) {
+    show_words(*ui_->lblwrong, words);
+    show_nothing(words);
+}
+
+void frmmonths::show_nothing(const QString& words) {
+    show_state(text_of(nothing_shown, language_).arg(words));
+    show_buttons();
+}
+
+void frmmonths::show_failure(std::exception_ptr failure) {
+    try {
+        std::rethrow_exception(failure);
+    } catch (const RunTimeFailure& told) {
+        show_nothing(words_of(told, language_));
+    }
+}
+
+void frmmonths::show_year() {
+    if (year_job_->failure() != nullptr) {
+        show_failure(year_job_->failure());
+        return;
+    }
+    years_ = year_job_->result();
+    QStringList titles{text_of(month_title, language_)};
+    for (const RuleMonths& rule : years_->rules) {
+        const QString by = years_->rules.size() == 1
+                               ? QString()
+                               : u'\n' + shortened(text_of(rule.settings.rule->name, language_));
+        titles << text_of(first_day_title, language_) + by << text_of(days_title, language_);
+        titles << text_of(margin_title, language_) << text_of(notes_title, language_);
+    }
+    if (years_->rules.size() > 1)
+        titles.insert(1, text_of(difference_title, language_));
+    CellTable& table = *ui_->tblyear;
+    table.show_columns(titles);
+    const std::vector<MonthRow> rows = rows_of(*years_, language_);
+    table.setRowCount(static_cast<int>(rows.size()));
+    for (int row = 0; row < table.rowCount(); ++row) {
+        const MonthRow& month = rows[static_cast<std::size_t>(row)];
+        const bool is_marked = month.parts.front().may_differ;
+        int column = 0;
+        table.show_cell(row, column++, QString::fromStdString(month.month), is_marked);
+        if (!month.difference.empty())
+            table.show_cell(row, column++, QString::fromStdString(month.difference), is_marked);
+        for (const MonthRow::Part& part : month.parts)
+            for (const std::string& text : {part.first_day, part.days, part.margin, part.notes})
+                table.show_cell(row, column++, isolated(QString::fromStdString(text)), part.may_differ);
+    }
+    table.fit_cells();
+    show_state(text_of(summary_of(*years_), language_));
+    show_buttons();
+    make_shown_tab();
+}
+
+/// What the shown tab shows beside the year.
+void frmmonths::make_shown_tab() {
+    if (sheet_ == nullptr && !sheet_job_->is_running())
+        make_sheet();
+    if (!is_converted_)
+        convert();
+    show_buttons();
+}
+
+bool frmmonths::is_month_shown() const {
+    return ui_->tabpages->currentWidget() == ui_->tabmonth;
+}
+
+void frmmonths::make_sheet() {
+    if (showing_)
+        return;
+    sheet_job_->cancel();
+    show_sheet();
+    if (!is_month_shown() || years_ == nullptr)
+        return;
+    try {
+        const bool is_listed = ui_->optlisted->isChecked() && !ui_->fraplace->isHidden();
+        const std::optional<TimetablePlace> place =
+            chosen_place(is_listed ? std::optional(text_of(*ui_->cboplace)) : std::nullopt);
+        sheet_job_->start([theory = loaded_theory(), settings = *settings_, month = shown_month(),
+                           place = place ? *place : stored_place()](Progress& progress) {
+            return month_sheet(theory, settings, month, place, progress);
+        });
+    } catch (const RunTimeFailure& failure) {
+        show_nothing(words_of(failure, language_));
+    }
+    show_buttons();
+}
+
+/// Shows the page of the month that was made; an empty one where there is none.
+void frmmonths::show_sheet() {
+    sheet_ = sheet_job_->result();
+    const MonthPage page = shown_page();
+    if (sheet_job_->failure() != nullptr)
+        show_failure(sheet_job_->failure());
+    else if (sheet_ != nullptr)
+        show_state(text_of(summary_of(*years_), language_));
+    ui_->preview->show_pages(sheet_ != nullptr ? painted_pages(sheet_, page)
+                                               : PaintedPages{page.paper, PageLanguage::english, 0, nullptr});
+    ui_->areapreview->setAccessibleDescription(
+        sheet_ != nullptr ? text_of(month_words(sheet_->month.number), language_) : QString());
+    show_buttons();
+}
+
+void frmmonths::convert() {
+    if (showing_)
+        return;
+    convert_job_->cancel();
+    is_converted_ = false;
+    for (QLabel* answer : {ui_->lbltohijri, ui_->lbltocivil})
+        answer->clear();
+    if (ui_->tabpages->currentWidget() != ui_->tabconvert || !settings_)
+        return;
+    is_converted_ = true;
+    const DateNumbers civil{number_in(*ui_->txtcivilyear), ui_->cbocivilmonth->currentIndex() + 1.0,
+                            number_in(*ui_->cbocivilday)};
+    const HijriDate hijri{number_in(*ui_->txthijriyear), ui_->cbohijrimonth->currentIndex() + 1.0,
+                          number_in(*ui_->cbohijriday)};
+    convert_job_->start([theory = loaded_theory(), settings = *settings_, civil,
+                         hijri](Progress&) -> std::optional<Converted> {
+        return Converted{day_of_civil(theory, settings, civil), day_of_hijri(theory, settings, hijri)};
+    });
+}
+
+void frmmonths::show_converted() {
+    if (convert_job_->failure() != nullptr) {
+        show_failure(convert_job_->failure());
+        return;
+    }
+    const std::shared_ptr<const Converted> converted = convert_job_->result();
+    const auto words = [this](const HijriDayAnswer& answer, bool as_hijri) {
+        return answer.day ? day_words(*answer.day, as_hijri, language_) : text_of(answer.refused, language_);
+    };
+    ui_->lbltohijri->setText(words(converted->of_civil, true));
+    ui_->lbltocivil->setText(words(converted->of_hijri, false));
+}
+
+void frmmonths::show_state(const QString& words) {
+    ui_->lblstate->setText(words);
+}
+
+void frmmonths::show_buttons() {
+    const bool is_of_page = is_month_shown();
+    const bool is_file = is_of_page || ui_->tabpages->currentWidget() == ui_->tabyear;
+    // The focus of a button that goes must not come to Close.
+    if ((!is_file && ui_->cmdsave->hasFocus()) || (!is_of_page && ui_->cmdprint->hasFocus()))
+        ui_->tabpages->setFocus();
+    ui_->cmdstop->setEnabled(year_job_->is_running() || sheet_job_->is_running());
+    ui_->cmdsave->setEnabled(is_file);
+    ui_->cmdprint->setEnabled(is_of_page);
+    show_list_buttons();
+}
+
+void frmmonths::cmdstop_click() {
+    stop();
+    show_state(text_of(stopped_words, language_));
+    show_buttons();
+}
+
+// --- The list of announced starts ---
+
+void frmmonths::read_list() {
+    const AnnouncedList list = read_announced();
+    show_faults(list);
+    ui_->tblannounced->show_list(list, language_);
+    show_list_buttons();
+}
+
+void frmmonths::show_faults(const AnnouncedList& list) {
+    show_words(*ui_->lblfaults,
+               list.problems.empty()
+                   ? QString()
+                   : text_of(faults_words, language_).arg(AnnouncedEdit(list).faulty_rows()));
+}
+
+void frmmonths::show_list_buttons() {
+    const AnnouncedEdit& edit = ui_->tblannounced->edit();
+    ui_->cmdremove->setEnabled(edit.rows() > 0);
+    ui_->cmdsavelist->setEnabled(edit.is_changed());
+    ui_->cmdrevert->setEnabled(edit.is_changed());
+}
+
+// The panel may be closed and deleted while a question stands.
+void frmmonths::cmdsavelist_click() {
+    telling_failures([this] { write_list(); });
+}
+
+void frmmonths::write_list() {
+    const QPointer<frmmonths> self(this);
+    const bool is_as_read = read_announced().rows == ui_->tblannounced->edit().stored();
+    if (!is_as_read &&
+        (!ask(this, text_of(list_title, language_), text_of(changed_question, language_), language_) ||
+         self == nullptr))
+        return;
+    write_announced(ui_->tblannounced->edit().list().rows);
+    read_list();
+    ui_->tblannounced->setFocus();
+    if (ui_->chkannounced->isChecked())
+        calculate();
+}
+
+void frmmonths::cmdrevert_click() {
+    const QPointer<frmmonths> self(this);
+    if (ask(this, text_of(list_title, language_), text_of(revert_question, language_), language_) &&
+        self != nullptr) {
+        telling_failures([this] { read_list(); });
+        ui_->tblannounced->setFocus();
+    }
+}
+
+void frmmonths::done(int result) {
+    const QPointer<frmmonths> self(this);
+    if (ui_->tblannounced->edit().is_changed() &&
+        (!ask(this, text_of(list_title, language_), text_of(unsaved_question, language_), language_) ||
+         self == nullptr))
+        return;
+    stop();
+    QDialog::done(result);
+}
+
+// --- The kept rule ---
+
+/// By which rule dates outside the panel are told.
+void frmmonths::show_used() {
+    QString used = text_of(hijri_rules().front().name, language_);
+    bool is_kept = true;
+    try {
+        const std::optional<HijriChoice> kept = kept_hijri_rule();
+        is_kept = kept.has_value();
+        if (kept) {
+            const HijriAnswer answer = settings_of(*kept, number_in(*ui_->txtcivilyear));
+            used = answer.settings ? text_of(name_of(*answer.settings), language_)
+                                   : text_of(answer.words, language_);
+        }
+    } catch (const RunTimeFailure& failure) {
+        used = words_of(failure, language_);
+    }
+    ui_->lblused->setText(text_of(used_words, language_).arg(isolated(used)));
+    ui_->cmdtabular->setEnabled(is_kept);
+}
+
+void frmmonths::cmduse_click() {
+    if (!numbers_are_meant(*this, language_))
+        return;
+    if (pause_->isActive())
+        calculate();
+    if (!settings_) {
+        warn(this, windowTitle(), ui_->lblstate->text(), language_);
+        return;
+    }
+    telling_failures([this] { keep_hijri_rule(shown_choice()); });
+    show_used();
+}
+
+void frmmonths::cmdtabular_click() {
+    telling_failures([] { forget_hijri_rule(); });
+    show_used();
+}
+
+// --- Files and paper ---
+
+void frmmonths::tell(const QString& words) {
+    warn(this, text_of(error_title, language_), isolated(words), language_);
+}
+
+template <class Work>
+void frmmonths::telling_failures(const Work& work) {
+    const QPointer<frmmonths> self(this);
+    try {
+        work();
+    } catch (const RunTimeFailure& failure) {
+        if (self != nullptr)
+            tell(words_of(failure, language_));
+    }
+}
+
+/// Whether what is to be written is there; else tells what keeps it.
+bool frmmonths::is_ready() {
+    if (!numbers_are_meant(*this, language_))
+        return false;
+    if (pause_->isActive())
+        calculate();
+    const bool is_there = is_settled() && years_ != nullptr && (!is_month_shown() || sheet_ != nullptr);
+    if (!is_there)
+        warn(this, windowTitle(), ui_->lblstate->text(), language_);
+    return is_there;
+}
+
+void frmmonths::cmdsave_click() {
+    if (!is_ready())
+        return;
+    const QPointer<frmmonths> self(this);
+    const bool of_month = is_month_shown();
+    const std::string proposed = of_month ? file_name_of(*sheet_) + "." + ending_of(HijriFormat::pdf)
+                                          : file_name_of(*years_) + "." + ending_of(HijriFormat::csv);
+    const QString name = choose_save_file(this, text_of(save_title, language_),
+                                          QString::fromStdString(proposed), save_kinds(of_month, language_));
+    if (self == nullptr || name.isEmpty() || years_ == nullptr || (of_month && sheet_ == nullptr))
+        return;
+    telling_failures([this, &name] { save(name); });
+}
+
+void frmmonths::save(const QString& name) {
+    const bool of_month = is_month_shown();
+    const HijriFormat format = format_of_name(name, of_month ? HijriFormat::pdf : HijriFormat::csv);
+    const std::int64_t stamp = utc_second_now();
+    if (!of_month)
+        save_result(name.toStdString(), text_of_years(*years_, format, language_, stamp));
+    else if (format == HijriFormat::pdf)
+        save_result(name.toStdString(), pdf_of(*sheet_, shown_page()));
+    else
+        save_result(name.toStdString(), text_of_month(*sheet_, format, language_, stamp));
+    show_state(text_of(saved, language_).arg(isolated(QFileInfo(name).fileName())));
+}
+
+void frmmonths::cmdprint_click() {
+    if (is_ready())
+        telling_failures([this] { print(); });
+}
+
+void frmmonths::print() {
+    const QPointer<frmmonths> self(this);
+    const std::shared_ptr<const MonthSheet> printed = sheet_;
+    const MonthPage page = shown_page();
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setDocName(windowTitle());
+    set_paper(printer, page.paper);
+    const QPointer<QPrintDialog> dialog(new QPrintDialog(&printer, this));
+    const bool agreed = dialog->exec() == QDialog::Accepted;
+    if (self == nullptr)
+        return;
+    delete dialog;
+    if (!agreed)
+        return;
+    if (!printer.outputFileName().isEmpty())
+        save_result(printer.outputFileName().toStdString(), pdf_of(*printed, page));
+    else if (!print_pages(printer, painted_pages(printed, page)))
+        tell(text_of(not_printed, language_));
+}
+
+} // namespace halvane

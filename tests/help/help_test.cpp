@@ -64,6 +64,7 @@ TEST(Guide, EverySectionIsThereInBothLanguages) {
                               "MOON TIMES: THE REPORT",
                               "TIMETABLE",
                               "WATCH SHEET",
+                              "HIJRI MONTHS",
                               "PRAYER ALERTS",
                               "MESSAGES",
                               "FILES",
@@ -76,6 +77,7 @@ TEST(Guide, EverySectionIsThereInBothLanguages) {
                               "جدول مواقيت القمر",
                               "التقويم الشهري",
                               "ورقة الرصد",
+                              "الأشهر الهجرية",
                               "منبه الصلاة",
                               "الرسائل",
                               "الملفات"})
@@ -83,32 +85,14 @@ TEST(Guide, EverySectionIsThereInBothLanguages) {
 }
 
 TEST(Guide, TellsEveryButtonOfTheMainPanel) {
-    for (const char* caption : {"Prayer Times ",
-                                "Moon Times ",
-                                "Qiblah ",
-                                "Hejric Gregorian ",
-                                "Timetable ",
-                                "Crescent Visibility ",
-                                "Moon Phases ",
-                                "Sun Moon Ephemeris ",
-                                "Telescope ",
-                                "Location ",
-                                "Date ",
-                                "Preferences ",
-                                "Prayer Alerts ",
-                                "Help ",
-                                "Exit ",
-                                "مواقيت الصلاة ",
-                                "مواقيت القمر ",
-                                "اتجاه القبلة ",
-                                "هجري ميلادي ",
-                                "التقويم الشهري ",
-                                "رؤية الهلال ",
-                                "أطوار القمر ",
-                                "أزياج الشمس و القمر ",
-                                "تلسكوب ",
-                                "مساعدة ",
-                                "خروج "})
+    for (const char* caption :
+         {"Prayer Times ",   "Moon Times ",          "Qiblah ",       "Hejric Gregorian ",
+          "Timetable ",      "Crescent Visibility ", "Moon Phases ",  "Sun Moon Ephemeris ",
+          "Telescope ",      "Hijri Months ",        "Location ",     "Date ",
+          "Preferences ",    "Prayer Alerts ",       "Help ",         "Exit ",
+          "مواقيت الصلاة ",  "مواقيت القمر ",        "اتجاه القبلة ", "هجري ميلادي ",
+          "التقويم الشهري ", "رؤية الهلال ",         "أطوار القمر ",  "أزياج الشمس و القمر ",
+          "تلسكوب ",         "الأشهر الهجرية ",      "مساعدة ",       "خروج "})
         EXPECT_NE(guide().find("\n  " + std::string(caption) + " "), std::string::npos) << caption;
 }
 

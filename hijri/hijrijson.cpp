@@ -57,7 +57,7 @@ Json json_of(const HijriSettings& settings, Language language) {
               {"region", nullptr},
               {"before", nullptr},
               {"announced", announced_of(settings.announced)}};
-    if (asks_place(rule))
+    if (asks_place(rule, settings.before))
         told["place"] = json_of(settings.place);
     if (asks_criterion(rule))
         told["criterion"] = criterion_of(settings, language);

@@ -210,6 +210,10 @@ bool asks_place(const HijriRule& rule) {
     return rule.kind == HijriRuleKind::seen_at_place || rule.kind == HijriRuleKind::mabims;
 }
 
+bool asks_place(const HijriRule& rule, SeenBefore before) {
+    return asks_place(rule) || (asks_region(rule) && before == SeenBefore::fajer);
+}
+
 bool asks_criterion(const HijriRule& rule) {
     return rule.kind == HijriRuleKind::seen_at_place || rule.kind == HijriRuleKind::seen_anywhere;
 }

@@ -54,6 +54,9 @@ enum class SeenBefore {
     fajer,    ///< Fajer of the next day at the place: its night is not over (Sun 18 deg below)
 };
 
+/// Whether they depend on a place, that whose Fajer ends a night too.
+bool asks_place(const HijriRule& rule, SeenBefore before);
+
 /// A place whose sky decides.
 struct HijriPlace {
     std::string name;

@@ -23,7 +23,7 @@ std::string rule_key(const HijriSettings& settings) {
         if (settings.seen_class != settings.criterion->by_eye)
             key += "-class-" + std::to_string(settings.seen_class);
     }
-    if (asks_place(*settings.rule))
+    if (asks_place(*settings.rule, settings.before))
         key += '-' + calendar_place(settings.place.latitude, settings.place.longitude);
     return key;
 }

@@ -271,9 +271,10 @@ HijriAnswer settings_at(const HijriChoice& choice, double year, const AnnouncedL
     if (settings.rule == nullptr)
         return refused(HijriPart::rule,
                        unknown_words({"rule", "قاعدة"}, choice.rule, keys_of(hijri_rules())));
-    if (asks_place(*settings.rule) && given != nullptr) {
+    const bool is_of_place = asks_place(*settings.rule, choice.before);
+    if (is_of_place && given != nullptr) {
         settings.place = place_of(*given, year);
-    } else if (asks_place(*settings.rule)) {
+    } else if (is_of_place) {
         const std::optional<std::string> name = place_name(*settings.rule, choice);
         const std::optional<TimetablePlace> place = chosen_place(name);
         if (!place)

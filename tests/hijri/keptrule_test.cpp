@@ -162,6 +162,18 @@ TEST_F(KeptRule, SeenHereIsOfTheStoredPlace) {
     EXPECT_EQ(settings_of(choice, 2026).settings.value().place.name, read_loc().name);
 }
 
+TEST_F(KeptRule, TheNightOfAPlaceEndsByItsOwnFajer) {
+    HijriChoice choice = choice_of("seen-anywhere");
+    choice.place = "Abu Dhabi";
+    EXPECT_EQ(settings_of(choice, 2026).settings.value().place.name, "");
+    choice.before = SeenBefore::fajer;
+    const HijriPlace place = settings_of(choice, 2026).settings.value().place;
+    EXPECT_EQ(place.name, "Abu Dhabi");
+    EXPECT_NEAR(place.longitude, 54 + 23 / 60.0 + 49 / 3600.0, 1e-9);
+    choice.place = "Nowhere";
+    expect_refused(choice, HijriPart::place, "There is no place \"Nowhere\" in the list.");
+}
+
 TEST_F(KeptRule, OfEveryRuleHasSettings) {
     for (const HijriRule& rule : hijri_rules()) {
         HijriChoice choice = choice_of(rule.key);

@@ -5,7 +5,7 @@
 #include "batch/runoutput.h"
 #include "batch/usagemistake.h"
 #include "calendar/civildate.h"
-#include "calendar/moddateconv.h"
+#include "hijri/monthsrules.h"
 #include "routines/machineclock.h"
 #include "routines/seriesloader.h"
 #include "stored/outputfile.h"
@@ -29,11 +29,6 @@ constexpr int months_of_year = 12;
 int cancelled() {
     std::cerr << "Cancelled: no file has been written.\n";
     return status_failure;
-}
-
-/// The civil year in which a Hijri year begins.
-double civil_year_of(double hijri_year) {
-    return civil_date(day_number_of_hijri(hijri_year, 1, 1)).year;
 }
 
 /// "1447-09-01"; nothing for any other form.

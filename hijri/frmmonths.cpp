@@ -168,6 +168,11 @@ void fill_months(QComboBox& list, ConversionDirection direction, Language langua
         list.addItem(QString::fromStdString(name));
 }
 
+/// The open list is as wide as its entries, whatever the width of its box.
+void open_wide(QComboBox& list) {
+    list.view()->setMinimumWidth(list.view()->sizeHintForColumn(0));
+}
+
 void choose_data(QComboBox& list, const QVariant& data) {
     list.setCurrentIndex(std::max(0, list.findData(data)));
 }
@@ -254,6 +259,7 @@ void frmmonths::fill_classes() {
     for (const TwinText& name : classes_to_see(criterion))
         ui_->cboclass->addItem(text_of(name, language_));
     ui_->cboclass->setCurrentIndex(static_cast<int>(criterion.by_eye) - 1);
+    open_wide(*ui_->cboclass);
 }
 
 void frmmonths::set_sizes() {
@@ -266,8 +272,8 @@ void frmmonths::set_sizes() {
     for (QComboBox* list :
          {ui_->cborule, ui_->cboplace, ui_->cbocriterion, ui_->cboclass, ui_->cbobefore, ui_->cbocompare})
         limit_width(*list);
-    for (QComboBox* list : {ui_->cborule, ui_->cbocompare})
-        list->view()->setMinimumWidth(list->view()->sizeHintForColumn(0));
+    for (QComboBox* list : {ui_->cborule, ui_->cbocriterion, ui_->cbobefore, ui_->cbocompare})
+        open_wide(*list);
     make_bold(*ui_->lblwrong);
     const int line = fontMetrics().lineSpacing();
     for (QWidget* area : std::initializer_list<QWidget*>{ui_->tblyear, ui_->tblannounced, ui_->areapreview})
@@ -396,6 +402,9 @@ SeenBefore frmmonths::shown_before() const {
 void frmmonths::show_asked() {
     const AskedParts asked = asked_of(shown_rule(), compared_rule(), shown_before());
     ui_->fraplace->setVisible(asked.place);
+    ui_->optstored->setVisible(!asked.is_listed);
+    if (asked.is_listed)
+        ui_->optlisted->setChecked(true);
     ui_->fracriterion->setVisible(asked.criterion);
     ui_->fraregion->setVisible(asked.region);
     ui_->cboplace->setEnabled(ui_->optlisted->isChecked());
@@ -521,7 +530,7 @@ std::optional<std::vector<HijriSettings>> frmmonths::chosen_rules() {
         refuse(text_of(*refused, language_));
         return std::nullopt;
     }
-    const double civil_year = civil_year_of(static_cast<int>(year));
+    const double civil_year = civil_year_of(year);
     HijriChoice choice = shown_choice();
     std::vector<HijriChoice> choices{choice};
     if (const HijriRule* other = compared_rule()) {

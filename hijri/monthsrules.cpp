@@ -44,7 +44,8 @@ AskedParts asked_of(const HijriRule& rule, const HijriRule* other, SeenBefore be
             continue;
         asked.criterion |= asks_criterion(*one);
         asked.region |= asks_region(*one);
-        asked.place |= asks_place(*one) || (asks_region(*one) && before == SeenBefore::fajer);
+        asked.place |= asks_place(*one, before) && one->key != std::string_view("seen-here");
+        asked.is_listed |= one->key == std::string_view("seen-at");
     }
     return asked;
 }
@@ -83,7 +84,7 @@ std::optional<TwinWords> refused_hijri_year(double year) {
                      "السنوات الهجرية من " + from + " إلى " + to + ".");
 }
 
-double civil_year_of(int hijri_year) {
+double civil_year_of(double hijri_year) {
     return civil_date(day_number_of_hijri(hijri_year, 1, 1)).year;
 }
 

@@ -13,7 +13,8 @@ namespace halvane {
 
 /// What one or two rules ask for.
 struct AskedParts {
-    bool place = false; ///< of the list, or the stored location
+    bool place = false;     ///< of the list, or the stored location
+    bool is_listed = false; ///< a place of the list alone
     bool criterion = false;
     bool region = false; ///< and until when a crescent in it counts
 };
@@ -35,7 +36,7 @@ TwinText words_of(SeenBefore before);
 std::optional<TwinWords> refused_hijri_year(double year);
 
 /// The civil year of the first day of a Hijri year in the tabular calendar.
-double civil_year_of(int hijri_year);
+double civil_year_of(double hijri_year);
 
 /// A month's row, as it is shown.
 struct MonthRow {

@@ -151,7 +151,7 @@ TEST_P(MonthsPanelRule, ShowsWhatItAsksForAndItsWords) {
 INSTANTIATE_TEST_SUITE_P(
     Of, MonthsPanelRule,
     ::testing::Values(Asked{"tabular", false, false, false}, Asked{"tabular-fatimid", false, false, false},
-                      Asked{"umm-al-qura", false, false, false}, Asked{"seen-here", true, true, false},
+                      Asked{"umm-al-qura", false, false, false}, Asked{"seen-here", false, true, false},
                       Asked{"seen-at", true, true, false}, Asked{"seen-anywhere", false, true, true},
                       Asked{"mabims", true, false, false}, Asked{"turkey", false, false, false},
                       Asked{"istanbul-2016", false, false, false}));
@@ -175,6 +175,25 @@ TEST_F(MonthsPanelTest, FajerIsThatOfAPlace) {
     EXPECT_FALSE(shown(form, "fraplace"));
     choose(form, "cbobefore", "before Fajer at the place");
     EXPECT_TRUE(shown(form, "fraplace"));
+    settle(form);
+    ASSERT_NE(form.years(), nullptr) << state(form).toStdString();
+    EXPECT_EQ(form.years()->rules.front().settings.place.name, "Amman");
+}
+
+TEST_F(MonthsPanelTest, SeenAtAPlaceIsOfTheList) {
+    frmmonths form;
+    choose_rule(form, "seen-at");
+    EXPECT_TRUE(checked(form, "optlisted"));
+    EXPECT_FALSE(shown(form, "optstored"));
+    settle(form);
+    EXPECT_EQ(form.years(), nullptr);
+    EXPECT_EQ(caption(form, "lblwrong"), "Choose a place of the list.");
+    control<QComboBox>(form, "cboplace").setEditText("Sydney");
+    settle(form);
+    ASSERT_NE(form.years(), nullptr) << state(form).toStdString();
+    EXPECT_EQ(form.years()->rules.front().settings.place.name, "Sydney");
+    choose_rule(form, "mabims");
+    EXPECT_TRUE(shown(form, "optstored"));
 }
 
 TEST_F(MonthsPanelTest, ShowsAPublishedYear) {

@@ -118,9 +118,10 @@ constexpr const char* usual_list = "hijri-announced.csv";
 TwinWords problems_of(const AnnouncedList& list, const std::string& path) {
     TwinWords told;
     for (const AnnouncedProblem& problem : list.problems) {
+        const char* const between = told.english.empty() ? "" : "\n";
         const std::string line = std::to_string(problem.line) + ": ";
-        told.english += (told.english.empty() ? "" : "\n") + path + ", line " + line + problem.words.english;
-        told.arabic += (told.arabic.empty() ? "" : "\n") + path + "، السطر " + line + problem.words.arabic;
+        (((told.english += between) += path) += ", line " + line) += problem.words.english;
+        (((told.arabic += between) += path) += "، السطر " + line) += problem.words.arabic;
     }
     return told;
 }

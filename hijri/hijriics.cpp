@@ -40,7 +40,7 @@ public:
         add({uid + key, month.first_day, 1, month_words(month.number).in(language_) + behind,
              told_of(month, rule)});
         for (const KeptFeast& kept : feasts_of_month(month.number, month.days))
-            add({uid + kept.feast->key + '-' + key, month.first_day + kept.first - 1, kept.days,
+            add({(uid + kept.feast->key).append("-").append(key), month.first_day + kept.first - 1, kept.days,
                  words_of(*kept.feast).in(language_) + behind, rule});
     }
 

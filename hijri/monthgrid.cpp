@@ -46,10 +46,10 @@ public:
         const int rows =
             (first_weekday_ + static_cast<int>(sheet_.days.size()) + days_of_week - 1) / days_of_week;
         const double height = std::min(greatest_row_height, (room_.bottom() - top) / rows);
-        for (int cell = 0; cell < rows * days_of_week; ++cell)
-            paint_cell(
-                QRectF(left_of(cell % days_of_week), top + cell / days_of_week * height, width_, height),
-                cell - first_weekday_);
+        for (int row = 0; row < rows; ++row)
+            for (int weekday = 0; weekday < days_of_week; ++weekday)
+                paint_cell(QRectF(left_of(weekday), top + row * height, width_, height),
+                           row * days_of_week + weekday - first_weekday_);
         const QRectF frame(room_.left(), top, room_.width(), rows * height);
         painter_.setBrush(Qt::NoBrush);
         painter_.setPen(QPen(PageColours::green, 0.4 * page_units));

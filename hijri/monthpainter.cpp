@@ -166,7 +166,7 @@ PaintedPages painted_pages(std::shared_ptr<const std::vector<MonthSheet>> sheets
             }};
 }
 
-PaintedPages painted_pages(std::shared_ptr<const MonthSheet> sheet, const MonthPage& page) {
+PaintedPages painted_pages(const std::shared_ptr<const MonthSheet>& sheet, const MonthPage& page) {
     return painted_pages(std::make_shared<const std::vector<MonthSheet>>(1, *sheet), page);
 }
 

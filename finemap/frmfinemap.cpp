@@ -38,11 +38,6 @@ namespace {
 constexpr ControlText twins[] = {
     {"frmfinemap", "Fine Map", "الخريطة الدقيقة"},
     {"fracriterion", "Criterion", "المعيار"},
-    {"lbldanjon", "Least elongation [°]:", "أقل استطالة [°]:"},
-    {"lbllag", "Least lag [min]:", "أقل مكث [دقيقة]:"},
-    {"lblaltitude", "Least altitude [°]:", "أقل ارتفاع [°]:"},
-    {"lblelongation", "Least elongation [°]:", "أقل استطالة [°]:"},
-    {"lblage", "Least age [h]:", "أقل عمر [ساعة]:"},
     {"fraday", "Crescent", "الهلال"},
     {"optnew", "&New (evening)", "أ&ول الشهر (مساء)"},
     {"optold", "&Old (morning)", "&آخر الشهر (صباحا)"},
@@ -85,8 +80,6 @@ constexpr TwinText no_place_words{"Click a place of the map, or press Space for 
 constexpr TwinText making_words{"Being made: %1 %", "جار الحساب: %1 %"};
 constexpr TwinText stopped_words{"Stopped. What is shown is a sketch.", "أوقف. المعروض رسم تقريبي."};
 constexpr TwinText stopped_early_words{"Stopped. Nothing is shown.", "أوقف. لا يعرض شيء."};
-constexpr TwinText wrong_limit{"A limit is a number, or nothing.", "الحد رقم، أو لا شيء."};
-constexpr TwinText no_limit{"One limit at least is needed.", "يلزم حد واحد على الأقل."};
 constexpr TwinText unknown_place{"There is no such place in the list.", "لا يوجد مكان كهذا في القائمة."};
 constexpr TwinText end_of_years{"The theories end there.", "هنا تنتهي النظريات."};
 constexpr TwinText save_title{"Save the Map", "حفظ الخريطة"};
@@ -144,7 +137,7 @@ std::span<const ControlText> frmfinemap_twins() {
 }
 
 frmfinemap::frmfinemap(QWidget* owner)
-    : QDialog(owner), ui_(std::make_unique<Ui::frmfinemap>()), language_(stored_language()),
+    : QDialog(owner), ui_(std::make_unique<Ui::frmfinemap>()), language_(stored_language()), limits_(*this),
       job_(new FineMapJob(this)), pause_(new QTimer(this)), world_(std::make_shared<const WorldOutline>()) {
     ui_->setupUi(this);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
@@ -201,15 +194,7 @@ void frmfinemap::fill_lists() {
     ui_->cboplace->addItems(sorted_place_names(readable_location_list()));
     ui_->cboplace->setCurrentIndex(-1);
     filter_while_typing(*ui_->cboplace);
-    const CriteriaSettings usual;
-    const auto show = [](QLineEdit& box, const std::optional<double>& limit) {
-        box.setText(limit ? QString::number(*limit) : QString());
-    };
-    show(*ui_->txtdanjon, usual.danjon_limit);
-    show(*ui_->txtlag, usual.user.lag);
-    show(*ui_->txtaltitude, usual.user.altitude);
-    show(*ui_->txtelongation, usual.user.elongation);
-    show(*ui_->txtage, usual.user.age);
+    limits_.show(CriteriaSettings());
     show_limits();
 }
 
@@ -225,10 +210,8 @@ void frmfinemap::fill_criteria() {
 
 void frmfinemap::set_sizes() {
     constexpr int numbers_lines = 6;
-    constexpr const char* longest_limit = "-888.88";
     set_spacing(*this);
-    for (QLineEdit* box : {ui_->txtdanjon, ui_->txtlag, ui_->txtaltitude, ui_->txtelongation, ui_->txtage})
-        shape_number_box(*box, longest_limit);
+    limits_.shape(language_);
     for (QComboBox* list : {ui_->cbocriterion, ui_->cboplace})
         limit_width(*list);
     const int line = fontMetrics().lineSpacing();
@@ -257,7 +240,7 @@ void frmfinemap::connect_controls() {
     for (QRadioButton* day : {ui_->opt0, ui_->opt1, ui_->opt2})
         connect(day, &QRadioButton::toggled, this, &frmfinemap::change);
     connect(ui_->cbostep, &QComboBox::currentIndexChanged, this, &frmfinemap::change);
-    for (QLineEdit* box : {ui_->txtdanjon, ui_->txtlag, ui_->txtaltitude, ui_->txtelongation, ui_->txtage})
+    for (QLineEdit* box : limits_.boxes())
         connect(box, &QLineEdit::textChanged, this, &frmfinemap::change);
     for (QCheckBox* box : {ui_->chklag, ui_->chkage, ui_->chkaltitude, ui_->chkelongation, ui_->chkplace})
         connect(box, &QCheckBox::toggled, this, &frmfinemap::show_look);
@@ -293,7 +276,7 @@ void frmfinemap::show_dates() {
     FineMapSettings settings;
     settings.kind = kind();
     settings.conjunction = conjunction_;
-    settings.criterion = catalogued_criterion(ui_->cbocriterion->currentData().toString().toStdString());
+    settings.criterion = catalogued_criterion(shown_criterion());
     const SheetTexts texts =
         sheet_texts(settings, clock_of(read_pref(), read_loc(), conjunction_), language_);
     ui_->lblconjunction->setText(QString::fromStdString(texts.month + "\n" + texts.conjunction));
@@ -307,13 +290,11 @@ void frmfinemap::show_dates() {
 
 /// The limits that the chosen criterion has.
 void frmfinemap::show_limits() {
-    const QString key = ui_->cbocriterion->currentData().toString();
-    for (QWidget* part : std::initializer_list<QWidget*>{ui_->lbldanjon, ui_->txtdanjon})
-        part->setVisible(key == u"danjon");
-    for (QWidget* part :
-         std::initializer_list<QWidget*>{ui_->lbllag, ui_->txtlag, ui_->lblaltitude, ui_->txtaltitude,
-                                         ui_->lblelongation, ui_->txtelongation, ui_->lblage, ui_->txtage})
-        part->setVisible(key == u"user");
+    limits_.show_those_of(shown_criterion());
+}
+
+std::string frmfinemap::shown_criterion() const {
+    return ui_->cbocriterion->currentData().toString().toStdString();
 }
 
 /// What is chosen is made after a short pause, in which more may change.
@@ -345,38 +326,17 @@ void frmfinemap::move_month(int months) {
     change();
 }
 
-bool frmfinemap::take_limit(QLineEdit& box, std::optional<double>& limit) {
-    const TypedLimit typed = typed_limit(text_of(box));
-    limit = typed.value;
-    return !typed.is_wrong;
-}
-
 std::optional<FineMapSettings> frmfinemap::shown_settings() {
     FineMapSettings settings;
     settings.kind = kind();
     settings.conjunction = conjunction_;
     const std::vector<double> days = days_of_crescent(conjunction_, settings.kind);
     settings.day = days[ui_->opt2->isChecked() ? 2 : ui_->opt1->isChecked() ? 1 : 0];
-    settings.criterion = catalogued_criterion(ui_->cbocriterion->currentData().toString().toStdString());
+    settings.criterion = catalogued_criterion(shown_criterion());
     settings.step = ui_->cbostep->currentData().toDouble();
-    UserLimits& user = settings.limits.user;
-    std::optional<double> danjon;
-    const bool danjon_is_right = take_limit(*ui_->txtdanjon, danjon) && danjon;
-    bool user_is_right = true;
-    for (const auto& [box, limit] : {std::pair{ui_->txtlag, &user.lag},
-                                     {ui_->txtaltitude, &user.altitude},
-                                     {ui_->txtelongation, &user.elongation},
-                                     {ui_->txtage, &user.age}})
-        user_is_right = take_limit(*box, *limit) && user_is_right;
-    const bool has_limit = user.lag || user.altitude || user.elongation || user.age;
-    settings.limits.danjon_limit = danjon.value_or(settings.limits.danjon_limit);
-    const QString key = ui_->cbocriterion->currentData().toString();
-    const bool is_wrong = (key == u"danjon" && !danjon_is_right) || (key == u"user" && !user_is_right);
-    const bool is_empty = key == u"user" && !has_limit;
-    show_words(*ui_->lbllimitwrong, is_wrong   ? text_of(wrong_limit, language_)
-                                    : is_empty ? text_of(no_limit, language_)
-                                               : QString());
-    return is_wrong || is_empty ? std::nullopt : std::optional(settings);
+    const std::optional<TwinText> wrong = limits_.take(shown_criterion(), settings.limits);
+    show_words(*ui_->lbllimitwrong, wrong ? text_of(*wrong, language_) : QString());
+    return wrong ? std::nullopt : std::optional(settings);
 }
 
 MapLook frmfinemap::shown_look() const {

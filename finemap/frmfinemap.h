@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "finemap/limitboxes.h"
 #include "finemap/mapdocument.h"
 #include "panel/formlanguage.h"
 
@@ -8,7 +9,6 @@
 #include <memory>
 #include <optional>
 
-class QLineEdit;
 class QTimer;
 
 namespace halvane {
@@ -74,15 +74,16 @@ private:
     void show_marks();
 
     CrescentKind kind() const;
+    std::string shown_criterion() const; ///< its key
     /// Nothing when a limit is wrong, which is told.
     std::optional<FineMapSettings> shown_settings();
-    bool take_limit(QLineEdit& box, std::optional<double>& limit);
     MapLook shown_look() const;
     bool is_up_to_date() const;
     void save(const QString& name);
 
     std::unique_ptr<Ui::frmfinemap> ui_;
     Language language_;
+    LimitBoxes limits_;
     FineMapJob* job_;
     QTimer* pause_;
     std::shared_ptr<const WorldOutline> world_; ///< an empty one where its file cannot be read

@@ -82,6 +82,7 @@ protected:
 TEST_F(FineMapPanelTest, SpeaksBothLanguages) {
     in_both_languages<frmfinemap>([](frmfinemap& form, Language language) {
         expect_captions(form, frmfinemap_twins(), language);
+        expect_captions(form, LimitBoxes::twins(), language);
         show_ramadan(form);
         EXPECT_EQ(words(form, "lblstate"), language == Language::english
                                                ? QStringLiteral("Evening of Wednesday, 18 February 2026")

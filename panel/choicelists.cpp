@@ -22,6 +22,18 @@ void show_whole(QScrollArea& area, const QWidget& control) {
                        place.height() / 2 + space_unit(area));
 }
 
+/// The wheel would choose another entry of a list that it passes over.
+class WheelKeeper : public QObject {
+public:
+    using QObject::QObject;
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() != QEvent::Wheel || static_cast<QWidget*>(watched)->hasFocus())
+            return false;
+        event->ignore();
+        return true;
+    }
+};
+
 } // namespace
 
 void filter_while_typing(QComboBox& list) {
@@ -53,6 +65,11 @@ void shape_choices(QScrollArea& area, int lines) {
     area.setMinimumHeight(lines * area.fontMetrics().lineSpacing());
     area.setMinimumWidth(area.widget()->sizeHint().width() +
                          area.style()->pixelMetric(QStyle::PM_ScrollBarExtent));
+    auto* const keeper = new WheelKeeper(&area);
+    for (QComboBox* list : area.findChildren<QComboBox*>()) {
+        list->setFocusPolicy(Qt::StrongFocus); // the wheel gives none
+        list->installEventFilter(keeper);
+    }
     // What is behind it shows through.
     area.viewport()->setAutoFillBackground(false);
     area.widget()->setAutoFillBackground(false);

@@ -19,7 +19,8 @@ void make_bold(QLabel& label);
 /// Shows a label's words, or hides a label without any.
 void show_words(QLabel& label, const QString& words);
 
-/// Makes a scroll area as wide as the choices in it, which scroll up and down only.
+/// Makes a scroll area as wide as the choices in it, which scroll up and down only. The wheel scrolls it over
+/// a list too, unless the list has the focus.
 /// In     lines  of text that it shows at least
 void shape_choices(QScrollArea& area, int lines);
 

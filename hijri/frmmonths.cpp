@@ -191,7 +191,7 @@ std::span<const ControlText> frmmonths_twins() {
 }
 
 frmmonths::frmmonths(QWidget* owner)
-    : QDialog(owner), ui_(std::make_unique<Ui::frmmonths>()), language_(stored_language()),
+    : QDialog(owner), ui_(std::make_unique<Ui::frmmonths>()), language_(stored_language()), limits_(*this),
       year_job_(new ResultJob<HijriYears>(this)), sheet_job_(new ResultJob<MonthSheet>(this)),
       convert_job_(new ResultJob<Converted>(this)), pause_(new QTimer(this)) {
     ui_->setupUi(this);
@@ -253,8 +253,7 @@ void frmmonths::fill_lists() {
 /// The classes of the chosen criterion; what the eye sees is proposed.
 void frmmonths::fill_classes() {
     const QScopedValueRollback quiet(showing_, true);
-    const CataloguedCriterion& criterion =
-        *catalogued_criterion(ui_->cbocriterion->currentData().toString().toStdString());
+    const CataloguedCriterion& criterion = shown_criterion();
     ui_->cboclass->clear();
     for (const TwinText& name : classes_to_see(criterion))
         ui_->cboclass->addItem(text_of(name, language_));
@@ -265,6 +264,7 @@ void frmmonths::fill_classes() {
 void frmmonths::set_sizes() {
     constexpr int least_lines = 12;
     set_spacing(*this);
+    limits_.shape(language_);
     for (QLineEdit* year : {ui_->txtyear, ui_->txtcivilyear, ui_->txthijriyear})
         shape_number_box(*year, longest_year);
     for (QLineEdit* angle : {ui_->txtwest, ui_->txteast, ui_->txtsouth, ui_->txtnorth})
@@ -313,8 +313,10 @@ void frmmonths::connect_choices() {
         connect(list, &QComboBox::currentIndexChanged, this, &frmmonths::change_rule);
     connect(ui_->cbocriterion, &QComboBox::currentIndexChanged, this, [this] {
         fill_classes();
-        change();
+        change_rule();
     });
+    for (QLineEdit* limit : limits_.boxes())
+        connect(limit, &QLineEdit::textChanged, this, &frmmonths::change);
     connect(ui_->cboclass, &QComboBox::currentIndexChanged, this, &frmmonths::change);
     connect(ui_->cboplace, &QComboBox::currentTextChanged, this, &frmmonths::change);
     for (QAbstractButton* option : std::initializer_list<QAbstractButton*>{ui_->optlisted, ui_->optpart,
@@ -371,6 +373,7 @@ void frmmonths::show_choice(const HijriChoice& choice) {
     if (choice.place)
         ui_->cboplace->setEditText(QString::fromStdString(*choice.place));
     choose_data(*ui_->cbocriterion, QString::fromStdString(choice.criterion));
+    limits_.show(choice.limits);
     fill_classes();
     if (choice.seen_class)
         ui_->cboclass->setCurrentIndex(static_cast<int>(*choice.seen_class) - 1);
@@ -388,6 +391,10 @@ void frmmonths::show_choice(const HijriChoice& choice) {
 
 const HijriRule& frmmonths::shown_rule() const {
     return *hijri_rule(ui_->cborule->currentData().toString().toStdString());
+}
+
+const CataloguedCriterion& frmmonths::shown_criterion() const {
+    return *catalogued_criterion(ui_->cbocriterion->currentData().toString().toStdString());
 }
 
 const HijriRule* frmmonths::compared_rule() const {
@@ -411,7 +418,8 @@ void frmmonths::show_asked() {
     for (QLineEdit* side : {ui_->txtwest, ui_->txteast, ui_->txtsouth, ui_->txtnorth})
         side->setEnabled(ui_->optpart->isChecked());
     ui_->chkwhole->setVisible(ui_->chkannounced->isChecked());
-    ui_->lbltold->setText(text_of(told_words(shown_rule()), language_));
+    limits_.show_those_of(shown_criterion().key);
+    ui_->lbltold->setText(text_of(told_words(shown_rule(), shown_criterion()), language_));
 }
 
 HijriChoice frmmonths::shown_choice() const {
@@ -419,11 +427,12 @@ HijriChoice frmmonths::shown_choice() const {
     choice.rule = shown_rule().key;
     if (ui_->optlisted->isChecked())
         choice.place = text_of(*ui_->cboplace);
-    choice.criterion = ui_->cbocriterion->currentData().toString().toStdString();
+    choice.criterion = shown_criterion().key;
     choice.seen_class = static_cast<std::size_t>(ui_->cboclass->currentIndex()) + 1;
     if (ui_->optpart->isChecked())
         choice.region = {number_in(*ui_->txtwest), number_in(*ui_->txtsouth), number_in(*ui_->txteast),
                          number_in(*ui_->txtnorth)};
+    limits_.take(choice.criterion, choice.limits);
     choice.before = shown_before();
     choice.announced = !ui_->chkannounced->isChecked() ? AnnouncedUse::none
                        : ui_->chkwhole->isChecked()    ? AnnouncedUse::whole
@@ -530,8 +539,13 @@ std::optional<std::vector<HijriSettings>> frmmonths::chosen_rules() {
         refuse(text_of(*refused, language_));
         return std::nullopt;
     }
-    const double civil_year = civil_year_of(year);
     HijriChoice choice = shown_choice();
+    const bool is_judged = !ui_->fracriterion->isHidden();
+    if (const auto wrong = is_judged ? limits_.take(choice.criterion, choice.limits) : std::nullopt) {
+        refuse(text_of(*wrong, language_));
+        return std::nullopt;
+    }
+    const double civil_year = civil_year_of(year);
     std::vector<HijriChoice> choices{choice};
     if (const HijriRule* other = compared_rule()) {
         choice.rule = other->key;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "finemap/limitboxes.h"
 #include "hijri/hijriconverter.h"
 #include "hijri/hijrifiles.h"
 #include "hijri/keptrule.h"
@@ -61,6 +62,7 @@ private:
     void show_choice(const HijriChoice& choice);
     void show_asked();
     HijriChoice shown_choice() const;
+    const CataloguedCriterion& shown_criterion() const;
     MonthPage shown_page() const;
     const HijriRule& shown_rule() const;
     const HijriRule* compared_rule() const;
@@ -111,6 +113,7 @@ private:
 
     std::unique_ptr<Ui::frmmonths> ui_;
     Language language_;
+    LimitBoxes limits_;
     ResultJob<HijriYears>* year_job_;
     ResultJob<MonthSheet>* sheet_job_;
     ResultJob<Converted>* convert_job_;

@@ -50,8 +50,9 @@ AskedParts asked_of(const HijriRule& rule, const HijriRule* other, SeenBefore be
     return asked;
 }
 
-TwinWords told_words(const HijriRule& rule) {
-    return TwinWords(rule.told) + TwinText{"\nSource: ", "\nالمصدر: "} + plain_words(rule.source);
+TwinWords told_words(const HijriRule& rule, const CataloguedCriterion& criterion) {
+    return TwinWords(rule.told) + TwinText{"\nSource: ", "\nالمصدر: "} +
+           plain_words(asks_criterion(rule) ? criterion.source : rule.source);
 }
 
 std::vector<TwinText> classes_to_see(const CataloguedCriterion& criterion) {

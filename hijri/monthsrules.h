@@ -23,8 +23,8 @@ struct AskedParts {
 ///        before  until when a crescent that is seen anywhere counts: until Fajer it is a place's
 AskedParts asked_of(const HijriRule& rule, const HijriRule* other, SeenBefore before);
 
-/// The rule in words, with its source in a line of its own.
-TwinWords told_words(const HijriRule& rule);
+/// The rule in words, with its source, or that of the criterion that it asks for, in a line of its own.
+TwinWords told_words(const HijriRule& rule, const CataloguedCriterion& criterion);
 
 /// The classes of a criterion that may count as seen: a class's index is one above its place here.
 std::vector<TwinText> classes_to_see(const CataloguedCriterion& criterion);

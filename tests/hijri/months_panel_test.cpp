@@ -13,6 +13,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QTabWidget>
+#include <QWheelEvent>
 
 namespace halvane {
 namespace {
@@ -90,6 +91,7 @@ TEST_F(MonthsPanelTest, SpeaksBothLanguages) {
     in_both_languages<frmmonths>([](frmmonths& form, Language language) {
         settle(form);
         expect_captions(form, frmmonths_twins(), language);
+        expect_captions(form, LimitBoxes::twins(), language);
         EXPECT_EQ(cell(table(form), 8, 0),
                   language == Language::english ? QStringLiteral("Ramadan") : QStringLiteral("رمضان"));
     });
@@ -145,7 +147,8 @@ TEST_P(MonthsPanelRule, ShowsWhatItAsksForAndItsWords) {
     EXPECT_EQ(shown(form, "fraregion"), asked.region);
     const HijriRule& rule = *hijri_rule(asked.rule);
     EXPECT_TRUE(caption(form, "lbltold").contains(QString::fromUtf8(rule.told.english)));
-    EXPECT_TRUE(caption(form, "lbltold").contains(QString::fromUtf8(rule.source)));
+    const char* const source = asked.criterion ? catalogued_criterion("yallop")->source : rule.source;
+    EXPECT_TRUE(caption(form, "lbltold").contains(QString::fromUtf8(source)));
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -280,6 +283,46 @@ TEST_F(MonthsPanelTest, TakesTheCriterionAndTheClassThatCounts) {
     const HijriSettings& settings = form.years()->rules.front().settings;
     EXPECT_STREQ(settings.criterion->key, "yallop-1997");
     EXPECT_EQ(settings.seen_class, 1U);
+}
+
+TEST_F(MonthsPanelTest, TakesTheLimitsOfACriterion) {
+    frmmonths form;
+    choose_rule(form, "seen-here");
+    EXPECT_FALSE(shown(form, "txtage"));
+    choose_rule(form, "user", "cbocriterion");
+    EXPECT_TRUE(shown(form, "txtage"));
+    EXPECT_FALSE(shown(form, "txtdanjon"));
+    enter(form, "txtage", "20");
+    settle(form);
+    ASSERT_NE(form.years(), nullptr) << state(form).toStdString();
+    EXPECT_EQ(form.years()->rules.front().settings.limits.user.age, 20);
+    enter(form, "txtage", "x");
+    settle(form);
+    EXPECT_EQ(form.years(), nullptr);
+    EXPECT_EQ(caption(form, "lblwrong"), "A limit is a number, or nothing.");
+    choose_rule(form, "umm-al-qura"); // has no use for it
+    settle(form);
+    EXPECT_NE(form.years(), nullptr);
+}
+
+TEST_F(MonthsPanelTest, TheWheelChoosesNothingInPassing) {
+    frmmonths form;
+    form.show();
+    auto& rules = control<QComboBox>(form, "cborule");
+    const QPointF at = QRectF(rules.rect()).center();
+    const auto turn = [&rules, at] {
+        QWheelEvent event(at, rules.mapToGlobal(at), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&rules, &event);
+    };
+    form.activateWindow();
+    control(form, "txtyear").setFocus();
+    turn();
+    EXPECT_EQ(rules.currentIndex(), 0);
+    rules.setFocus();
+    ASSERT_TRUE(QTest::qWaitFor([&rules] { return rules.hasFocus(); }, patience));
+    turn();
+    EXPECT_EQ(rules.currentIndex(), 1);
 }
 
 TEST_F(MonthsPanelTest, ResultsOfOlderSettingsNeverShow) {
@@ -561,6 +604,9 @@ TEST_F(MonthsPanelTest, EveryChoiceOfAKeptRuleComesBack) {
     kept.place = "Sydney";
     kept.criterion = "yallop-1997";
     kept.seen_class = 1;
+    kept.limits.danjon_limit = 6.4;
+    kept.limits.user.lag = 20.5;
+    kept.limits.user.altitude.reset();
     kept.region = {-20, -35, 60, 37};
     kept.before = SeenBefore::fajer;
     kept.announced = AnnouncedUse::whole;

@@ -10,6 +10,7 @@
 #include "desktop/frmmain.h"
 #include "desktop/panels.h"
 #include "finemap/frmfinemap.h"
+#include "hijri/frmmonths.h"
 #include "panel/frmwait.h"
 #include "panel/messages.h"
 #include "panel/panelstyle.h"
@@ -201,8 +202,16 @@ const char* button_with_answer(std::string_view form) {
     return form == "frmhej" ? "cmdcon" : nullptr;
 }
 
-void take_all(const QString& folder, Language language) {
+/// Waits until a panel of this kind shows what it makes; does nothing for another kind.
+template <class Form>
+void wait_until_settled(const QWidget& panel) {
     constexpr double a_moment = 0.05; // [s]
+    if (const auto* form = qobject_cast<const Form*>(&panel))
+        while (!form->is_settled())
+            waitseconds(a_moment);
+}
+
+void take_all(const QString& folder, Language language) {
     set_sample_settings(language);
     const Camera camera(folder, language);
     frmmain main_panel(panels());
@@ -212,9 +221,8 @@ void take_all(const QString& folder, Language language) {
         const std::unique_ptr<QDialog> form(panel.make(nullptr));
         if (const char* button = button_with_answer(panel.form))
             form->findChild<QPushButton*>(QString::fromLatin1(button))->click();
-        if (const auto* timetable = qobject_cast<frmtimetable*>(form.get()))
-            while (!timetable->is_settled())
-                waitseconds(a_moment);
+        wait_until_settled<frmtimetable>(*form);
+        wait_until_settled<frmmonths>(*form);
         camera.take(*form, QString::fromLatin1(panel.form));
     }
     frmqmap qiblah_map;

@@ -184,6 +184,38 @@ QString day_words(const HijriDay& day, bool as_hijri, Language language) {
     return QString::fromStdString(notes.empty() ? date : date + " (" + notes + ")");
 }
 
+/// Of the columns that show_row fills: the first days of the rules side by side, then the rest of each.
+QStringList year_titles(const HijriYears& years, Language language) {
+    const bool is_compared = years.rules.size() > 1;
+    QStringList first_days{text_of(month_title, language)};
+    QStringList rest;
+    for (const RuleMonths& rule : years.rules) {
+        const QString by =
+            is_compared ? u'\n' + shortened(text_of(rule.settings.rule->name, language)) : QString();
+        first_days << text_of(first_day_title, language) + by;
+        for (const TwinText& title : {days_title, margin_title, notes_title})
+            rest << text_of(title, language) + by;
+    }
+    if (is_compared)
+        first_days << text_of(difference_title, language);
+    return first_days + rest;
+}
+
+void show_row(CellTable& table, int row, const MonthRow& month) {
+    int column = 0;
+    const auto show = [&table, row, &column](const std::string& text, bool is_marked) {
+        table.show_cell(row, column++, isolated(QString::fromStdString(text)), is_marked);
+    };
+    show(month.month, month.parts.front().may_differ);
+    for (const MonthRow::Part& part : month.parts)
+        show(part.first_day, part.may_differ);
+    if (!month.difference.empty())
+        show(month.difference, false);
+    for (const MonthRow::Part& part : month.parts)
+        for (const std::string& text : {part.days, part.margin, part.notes})
+            show(text, part.may_differ);
+}
+
 } // namespace
 
 std::span<const ControlText> frmmonths_twins() {
@@ -588,31 +620,12 @@ void frmmonths::show_year() {
         return;
     }
     years_ = year_job_->result();
-    QStringList titles{text_of(month_title, language_)};
-    for (const RuleMonths& rule : years_->rules) {
-        const QString by = years_->rules.size() == 1
-                               ? QString()
-                               : u'\n' + shortened(text_of(rule.settings.rule->name, language_));
-        titles << text_of(first_day_title, language_) + by << text_of(days_title, language_);
-        titles << text_of(margin_title, language_) << text_of(notes_title, language_);
-    }
-    if (years_->rules.size() > 1)
-        titles.insert(1, text_of(difference_title, language_));
     CellTable& table = *ui_->tblyear;
-    table.show_columns(titles);
+    table.show_columns(year_titles(*years_, language_));
     const std::vector<MonthRow> rows = rows_of(*years_, language_);
     table.setRowCount(static_cast<int>(rows.size()));
-    for (int row = 0; row < table.rowCount(); ++row) {
-        const MonthRow& month = rows[static_cast<std::size_t>(row)];
-        const bool is_marked = month.parts.front().may_differ;
-        int column = 0;
-        table.show_cell(row, column++, QString::fromStdString(month.month), is_marked);
-        if (!month.difference.empty())
-            table.show_cell(row, column++, QString::fromStdString(month.difference), is_marked);
-        for (const MonthRow::Part& part : month.parts)
-            for (const std::string& text : {part.first_day, part.days, part.margin, part.notes})
-                table.show_cell(row, column++, isolated(QString::fromStdString(text)), part.may_differ);
-    }
+    for (int row = 0; row < table.rowCount(); ++row)
+        show_row(table, row, rows[static_cast<std::size_t>(row)]);
     table.fit_cells();
     show_state(text_of(summary_of(*years_), language_));
     show_buttons();

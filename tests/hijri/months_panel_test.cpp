@@ -214,6 +214,8 @@ TEST_F(MonthsPanelTest, ComparesWithAnotherRule) {
     frmmonths form;
     choose_rule(form, "tabular-astronomical", "cbocompare");
     show_year(form, "tabular", 1447);
+    EXPECT_EQ(table(form).horizontalHeaderItem(1)->text(), "First day\nTabular");
+    EXPECT_EQ(table(form).horizontalHeaderItem(2)->text(), "First day\nTabular, astronomical epoch");
     // The same table from an epoch one day before.
     const int difference = column_of(table(form), "Difference");
     for (int row = 0; row < 12; ++row)

@@ -19,7 +19,7 @@ public:
     void add(HijriMonthNumber month);
     void remove_current();
 
-    const AnnouncedEdit& edit() const { return edit_; }
+    const AnnouncedEdit& list_edit() const { return edit_; }
 
 signals:
     void edited();

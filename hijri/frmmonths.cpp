@@ -606,7 +606,7 @@ void frmmonths::show_nothing(const QString& words) {
     show_buttons();
 }
 
-void frmmonths::show_failure(std::exception_ptr failure) {
+void frmmonths::show_failure(const std::exception_ptr& failure) {
     try {
         std::rethrow_exception(failure);
     } catch (const RunTimeFailure& told) {
@@ -753,7 +753,7 @@ void frmmonths::show_faults(const AnnouncedList& list) {
 }
 
 void frmmonths::show_list_buttons() {
-    const AnnouncedEdit& edit = ui_->tblannounced->edit();
+    const AnnouncedEdit& edit = ui_->tblannounced->list_edit();
     ui_->cmdremove->setEnabled(edit.rows() > 0);
     ui_->cmdsavelist->setEnabled(edit.is_changed());
     ui_->cmdrevert->setEnabled(edit.is_changed());
@@ -766,12 +766,12 @@ void frmmonths::cmdsavelist_click() {
 
 void frmmonths::write_list() {
     const QPointer<frmmonths> self(this);
-    const bool is_as_read = read_announced().rows == ui_->tblannounced->edit().stored();
+    const bool is_as_read = read_announced().rows == ui_->tblannounced->list_edit().stored();
     if (!is_as_read &&
         (!ask(this, text_of(list_title, language_), text_of(changed_question, language_), language_) ||
          self == nullptr))
         return;
-    write_announced(ui_->tblannounced->edit().list().rows);
+    write_announced(ui_->tblannounced->list_edit().list().rows);
     read_list();
     ui_->tblannounced->setFocus();
     if (ui_->chkannounced->isChecked())
@@ -789,7 +789,7 @@ void frmmonths::cmdrevert_click() {
 
 void frmmonths::done(int result) {
     const QPointer<frmmonths> self(this);
-    if (ui_->tblannounced->edit().is_changed() &&
+    if (ui_->tblannounced->list_edit().is_changed() &&
         (!ask(this, text_of(list_title, language_), text_of(unsaved_question, language_), language_) ||
          self == nullptr))
         return;

@@ -80,7 +80,7 @@ private:
     std::optional<std::vector<HijriSettings>> chosen_rules();
     void refuse(const QString& words);
     void show_nothing(const QString& words);
-    void show_failure(std::exception_ptr failure);
+    void show_failure(const std::exception_ptr& failure);
     void show_year();
     void make_shown_tab();
     void make_sheet();

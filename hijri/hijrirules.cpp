@@ -22,7 +22,7 @@ constexpr TwinText told_16{
     "Leap years 2, 5, 7, 10, 13, 16, 18, 21, 24, 26 and 29 of 30: the most usual table, that of the main "
     "panel and the reports.",
     "السنوات الكبيسة 2 و 5 و 7 و 10 و 13 و 16 و 18 و 21 و 24 و 26 و 29 من كل 30: أكثر الجداول شيوعا، و هو "
-    "جدول الشاشة الرئيسية و التقارير."};
+    "جدول اللوحة الرئيسة و التقارير."};
 constexpr TwinText told_15{"As the usual table, with the leap year 15 in the place of 16.",
                            "كالجدول الشائع، و السنة الكبيسة 15 بدلا من 16."};
 constexpr TwinText told_fatimid{

@@ -229,7 +229,7 @@ double days_ahead(const HijriPlace& place) {
 }
 
 TwinWords name_of(const HijriSettings& settings) {
-    const TwinWords rule = with_rule(settings);
+    TwinWords rule = with_rule(settings);
     if (settings.announced.empty())
         return rule;
     return {"Announced, else " + rule.english, "المعلن، و إلا " + rule.arabic};

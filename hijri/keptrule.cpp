@@ -109,6 +109,29 @@ constexpr ChoiceKey side_key(const char* key) {
             [](const HijriChoice& choice) { return plain_number(choice.region.*side); }};
 }
 
+constexpr char escape = '\\';
+
+/// A name whose semicolons begin no comment.
+std::string with_escapes(std::string_view name) {
+    std::string text;
+    for (const char letter : name) {
+        if (letter == ';' || letter == escape)
+            text += escape;
+        text += letter;
+    }
+    return text;
+}
+
+std::string without_escapes(std::string_view text) {
+    std::string name;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == escape && i + 1 < text.size())
+            ++i;
+        name += text[i];
+    }
+    return name;
+}
+
 constexpr ChoiceKey keys[] = {
     {"rule", "rule", take_rule,
      [](const HijriChoice& choice) {
@@ -127,10 +150,10 @@ constexpr ChoiceKey keys[] = {
      [](HijriChoice& choice, std::string_view value) -> std::string {
          choice.place.reset();
          if (!value.empty())
-             choice.place = value;
+             choice.place = without_escapes(value);
          return {};
      },
-     [](const HijriChoice& choice) { return choice.place.value_or(""); }},
+     [](const HijriChoice& choice) { return with_escapes(choice.place.value_or("")); }},
     {"crescent", "criterion", take_criterion, [](const HijriChoice& choice) { return choice.criterion; }},
     {"crescent", "class", take_class,
      [](const HijriChoice& choice) {

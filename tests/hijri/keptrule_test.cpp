@@ -93,8 +93,7 @@ TEST_F(KeptRule, OfAllDefaultsGivesThemBack) {
 
 TEST_F(KeptRule, RefusesANameThatItCannotHold) {
     HijriChoice choice = full_choice();
-    for (const std::string& name :
-         {std::string(" Amman"), std::string("Amman ;old"), std::string(250, 'x')}) {
+    for (const std::string& name : {std::string(" Amman"), std::string(250, 'x')}) {
         choice.place = name;
         EXPECT_THROW(keep_hijri_rule(choice), RunTimeFailure) << name;
         EXPECT_FALSE(folder.has("hijri-rule.ini"));
@@ -277,6 +276,15 @@ TEST(SeenBeforeKey, IsReadAndWritten) {
     for (const SeenBefore before : seen_befores())
         EXPECT_EQ(seen_before_of(key_of(before)), before);
     EXPECT_FALSE(seen_before_of("dawn"));
+}
+
+TEST(HijriChoice, APlaceMayHaveAnyLettersInItsName) {
+    for (const char* name :
+         {"; Abu Dhabi", "Abu ; Dhabi", "Abu;Dhabi", "Abu \\ Dhabi", "Abu Dhabi\\", "\\;"}) {
+        HijriChoice choice;
+        choice.place = name;
+        EXPECT_EQ(hijri_choice_of_text(text_of(choice), "x.ini").place, name);
+    }
 }
 
 } // namespace

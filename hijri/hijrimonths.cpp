@@ -52,6 +52,13 @@ private:
     const std::vector<AnnouncedStart>& starts_;
 };
 
+/// Days from which and until which a month may begin.
+struct Bounds {
+    double earliest, latest;
+
+    double held(double day) const { return std::clamp(day, earliest, latest); }
+};
+
 /// What a rule says of months, each asked once.
 class RuledStarts {
 public:
@@ -65,6 +72,11 @@ public:
     }
 
     const MonthRule& rule() const { return *rule_; }
+
+    /// When a month may begin. In     before  first day of the month before it
+    Bounds bounds_after(double before, const RuledStart& ruled) const {
+        return {before + (ruled.evening ? rule_->least_days() : least_days), before + most_days};
+    }
 
     /// Asks for many months on all cores. Returns false after a cancel.
     bool prepare(HijriMonthNumber first, HijriMonthNumber last, Progress& progress) {
@@ -95,29 +107,18 @@ private:
     std::map<HijriMonthNumber, RuledStart> starts_;
 };
 
-/// Days from which and until which a month may begin.
-struct Bounds {
-    double earliest, latest;
-
-    double held(double day) const { return std::clamp(day, earliest, latest); }
-};
-
 /// Months one after the other from a first one whose start hangs on no other.
 class Chain {
 public:
     Chain(RuledStarts& starts, const Announced& announced) : starts_(starts), announced_(announced) {}
 
-    void begin(HijriMonthNumber month) {
+    /// In     first_day  of the first month, if it is not announced
+    void begin(HijriMonthNumber month, double first_day) {
         HijriMonth begun{month, 0, 0, std::nullopt, 0, {}};
         if (const AnnouncedStart* start = announced_.of(month)) {
             take_announced(begun, *start);
         } else {
-            const RuledStart& ruled = starts_.of(month);
-            const double by_rule = ruled.first_day().value_or(first_day_of({}, month));
-            begun.first_day = held_for_the_next(month, by_rule);
-            if (begun.first_day == by_rule)
-                begun.margin = margin_of_begun(month, ruled);
-            note(begun, MonthNote::rule_doubtful, ruled.doubtful);
+            begun.first_day = held_for_the_next(month, first_day);
         }
         months_.push_back(begun);
     }
@@ -130,7 +131,6 @@ public:
         else
             take_ruled(month, before);
         before.days = static_cast<int>(month.first_day - before.first_day);
-        note(month, MonthNote::seen_on_28th, before.days < least_days);
         months_.push_back(month);
     }
 
@@ -150,14 +150,17 @@ private:
 
     void take_ruled(HijriMonth& month, const HijriMonth& before) {
         const RuledStart& ruled = starts_.of(month.number);
-        const Bounds bounds{before.first_day + starts_.rule().least_days(), before.first_day + most_days};
-        const double wanted = ruled.first_day().value_or(bounds.latest);
-        const double held = bounds.held(wanted);
-        month.first_day = held_for_the_next(month.number, held);
+        const Bounds bounds = starts_.bounds_after(before.first_day, ruled);
+        month.first_day = held_for_the_next(month.number, bounds.held(ruled.first_day()));
         month.margin = margin_on_the_29th(ruled, before.first_day + least_days - 1);
-        const bool completed = !ruled.evening || wanted > bounds.latest;
+        const double days = month.first_day - before.first_day;
+        const bool completed = days == most_days && (!ruled.evening || ruled.first_day() > month.first_day);
+        const bool on_the_28th = days < least_days;
         note(month, MonthNote::completed, completed);
-        note(month, MonthNote::made_to_fit, month.first_day != wanted && !completed);
+        note(month, MonthNote::undecided, !ruled.evening && !completed);
+        note(month, MonthNote::seen_on_28th, on_the_28th);
+        note(month, MonthNote::made_to_fit,
+             month.first_day != ruled.first_day() && !completed && !on_the_28th);
         note(month, MonthNote::rule_doubtful, ruled.doubtful);
     }
 
@@ -176,44 +179,53 @@ private:
         return ruled.evening == evening + 1 ? ruled.on_the_one_before : std::nullopt;
     }
 
-    std::optional<MonthMargin> margin_of_begun(HijriMonthNumber month, const RuledStart& ruled) {
-        const std::optional<double> before = starts_.of(month - 1).first_day();
-        return before ? margin_on_the_29th(ruled, *before + least_days - 1) : std::nullopt;
-    }
-
     RuledStarts& starts_;
     const Announced& announced_;
     std::vector<HijriMonth> months_;
 };
 
-/// The month from which a chain begins so that it comes to the same months wherever it is asked for: an
-/// announced one, else one that follows another after 29 days by the rule alone. A month that stands a day
-/// off before it, because the one before was held to its length, is not off any more after it.
-HijriMonthNumber begin_of_chain(RuledStarts& starts, const Announced& announced, HijriMonthNumber first) {
-    constexpr int long_ago = 120;  // months after which nothing is left of an announced start
-    constexpr int far_enough = 24; // months
-    if (starts.rule().is_tabular() && announced.is_empty())
-        return first;
-    const AnnouncedStart* last = announced.last_until(first);
-    if (last != nullptr && first.value - last->month.value <= long_ago)
-        return last->month;
-    for (int back = 0; back < far_enough; ++back) {
-        const auto day = starts.of(first - back).first_day();
-        const auto before = starts.of(first - back - 1).first_day();
-        const auto earlier = starts.of(first - back - 2).first_day();
-        if (day && before && earlier && *day - *before == least_days && *before - *earlier >= least_days &&
-            *before - *earlier <= most_days)
-            return first - back;
+/// Where a chain begins.
+struct ChainStart {
+    HijriMonthNumber month;
+    double first_day = 0;
+};
+
+/// The first day of a month as it follows from one that began so many days off the rule.
+double first_day_after(RuledStarts& starts, HijriMonthNumber begin, double off, HijriMonthNumber month) {
+    double day = starts.of(begin).first_day() + off;
+    for (HijriMonthNumber next = begin + 1; next <= month; ++next.value) {
+        const RuledStart& ruled = starts.of(next);
+        day = starts.bounds_after(day, ruled).held(ruled.first_day());
     }
-    return first - far_enough;
+    return day;
 }
 
-/// The last month that has to be known: the one after the last that is asked for, or the next announced one,
-/// for which the months before it make room.
-HijriMonthNumber end_of_chain(const Announced& announced, HijriMonthNumber last) {
-    constexpr int makes_room = 24; // months
-    const AnnouncedStart* next = announced.next_from(last + 1);
-    return next != nullptr && next->month.value - last.value <= makes_room ? next->month : last + 1;
+/// The start of a month, wherever a chain to it begins: chains from long enough before it come to the same
+/// day, however far off the rule they begin.
+ChainStart start_of_chain(RuledStarts& starts, HijriMonthNumber month, int months_before) {
+    constexpr double farthest_off = 4; // [d]
+    constexpr int long_enough = 400;   // months
+    for (int back = months_before;; back *= 2) {
+        const HijriMonthNumber begin = month - back;
+        const double early = first_day_after(starts, begin, -farthest_off, month);
+        if (back > long_enough || early == first_day_after(starts, begin, farthest_off, month))
+            return {month, early};
+    }
+}
+
+/// Months before the first that is asked for at which its chain begins.
+constexpr int usual_lead = 12;
+
+/// Where the chain to a month begins: at itself where nothing holds a start, at an announced one before it,
+/// else at the month before it, since its margin hangs on that one.
+ChainStart begin_of_chain(RuledStarts& starts, const Announced& announced, HijriMonthNumber first) {
+    constexpr int long_ago = 120; // months after which nothing is left of an announced start
+    if (starts.rule().is_tabular() && announced.is_empty())
+        return {first, starts.of(first).first_day()};
+    const AnnouncedStart* last = announced.last_until(first);
+    if (last != nullptr && first.value - last->month.value <= long_ago)
+        return {last->month, last->first_day};
+    return start_of_chain(starts, first - 1, usual_lead);
 }
 
 } // namespace
@@ -223,15 +235,14 @@ std::optional<std::vector<HijriMonth>> hijri_months(const TheoryPointer& theory,
                                                     HijriMonthNumber last, Progress& progress) {
     RuledStarts starts(theory, settings);
     const Announced announced(settings.announced);
-    const HijriMonthNumber end = end_of_chain(announced, last);
-    const HijriMonthNumber begin = begin_of_chain(starts, announced, first);
-    if (!starts.prepare(begin, end, progress))
+    if (!starts.prepare(first - usual_lead - 1, last + 1, progress))
         return std::nullopt;
+    const ChainStart begin = begin_of_chain(starts, announced, first);
     Chain chain(starts, announced);
-    chain.begin(begin);
-    while (chain.months().back().number < end)
+    chain.begin(begin.month, begin.first_day);
+    while (chain.months().back().number <= last)
         chain.add_next();
-    const auto begun = chain.months().begin() + (first.value - begin.value);
+    const auto begun = chain.months().begin() + (first.value - begin.month.value);
     return std::vector<HijriMonth>(begun, begun + (last.value - first.value + 1));
 }
 

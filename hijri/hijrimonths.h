@@ -30,6 +30,7 @@ enum class MonthNote {
         2,         ///< its start is not the rule's: every month has 29 or 30 days, also beside announced ones
     completed = 4, ///< the month before has 30 days without a crescent after them
     seen_on_28th = 8,   ///< the month before has 28 days: the crescent was seen on the evening of the 28th
+    undecided = 32,     ///< no evening that was asked showed a crescent
     rule_doubtful = 16, ///< by which rule these years were made is not known
 };
 

@@ -222,6 +222,10 @@ bool asks_region(const HijriRule& rule) {
     return rule.kind == HijriRuleKind::seen_anywhere;
 }
 
+bool has_exception_of_the_americas(const HijriRule& rule) {
+    return rule.kind == HijriRuleKind::istanbul_2016 || rule.kind == HijriRuleKind::istanbul_2016_geocentric;
+}
+
 double days_ahead(const HijriPlace& place) {
     constexpr double degrees_an_hour = 15;
     constexpr double hours_a_day = 24;

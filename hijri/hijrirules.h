@@ -47,6 +47,9 @@ bool asks_place(const HijriRule& rule);
 bool asks_criterion(const HijriRule& rule);
 bool asks_region(const HijriRule& rule);
 
+/// Whether crescents of the mainland of the Americas count longer than others.
+bool has_exception_of_the_americas(const HijriRule& rule);
+
 /// Until when a crescent that is seen anywhere counts.
 enum class SeenBefore {
     any_time,

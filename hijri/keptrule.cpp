@@ -311,7 +311,7 @@ HijriAnswer settings_at(const HijriChoice& choice, double year, const AnnouncedL
         if (std::optional<HijriAnswer> answer = take_region(settings, choice))
             return *answer;
     settings.before = choice.before;
-    if (settings.rule->kind == HijriRuleKind::istanbul_2016)
+    if (has_exception_of_the_americas(*settings.rule))
         settings.americas = mainland_of_the_americas(read_world_outline());
     if (choice.announced == AnnouncedUse::whole && !announced.problems.empty())
         return refused(HijriPart::announced, words_of(announced.problems));

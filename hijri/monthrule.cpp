@@ -20,7 +20,7 @@ class TabularRule final : public MonthRule {
 public:
     explicit TabularRule(const TabularCycle& cycle) : cycle_(cycle) {}
     RuledStart start_of(HijriMonthNumber month) override {
-        return {first_day_of(cycle_, month) - 1, std::nullopt, std::nullopt};
+        return {first_day_of(cycle_, month) - 1, std::nullopt, std::nullopt, false, 0};
     }
     bool is_tabular() const override { return true; }
 
@@ -142,7 +142,7 @@ private:
         const MonthMargin met{MonthMargin::Of::age, (midnight - conjunction) * seconds_a_day, error, "s"};
         const MonthMargin missed{MonthMargin::Of::age, (midnight - 1 - conjunction) * seconds_a_day, error,
                                  "s"};
-        return {midnight - noon, met, missed};
+        return {midnight - noon, met, missed, false, midnight - noon};
     }
 };
 
@@ -156,6 +156,7 @@ double conjunction_before(Ephemeris& ephemeris, HijriMonthNumber month) {
 RuledStart first_evening(double first, int evenings,
                          const std::function<std::optional<MonthMargin>(double evening)>& margin_on) {
     RuledStart start;
+    start.first_asked = first;
     start.on_the_one_before = margin_on(first - 1);
     for (int i = 0; i < evenings; ++i) {
         const double evening = first + i;

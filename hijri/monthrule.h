@@ -15,10 +15,12 @@ struct RuledStart {
     std::optional<double> evening; ///< day number of its civil date; nothing when no evening meets it    [d]
     std::optional<MonthMargin> on_it;
     std::optional<MonthMargin> on_the_one_before;
-    bool doubtful = false; ///< which rule held in these years is not known
+    bool doubtful = false;  ///< which rule held in these years is not known
+    double first_asked = 0; ///< day number of the first evening that was asked                        [d]
 
-    /// The first day that follows from it.
-    std::optional<double> first_day() const { return evening ? std::optional(*evening + 1) : std::nullopt; }
+    /// The first day that follows from it: without an evening the third after the first that was asked, when
+    /// every crescent is old enough.
+    double first_day() const { return (evening ? *evening : first_asked + 2) + 1; }
 };
 
 /// A rule at work, for one thread.

@@ -40,9 +40,11 @@ std::vector<TwinWords> notes_of(const HijriMonth& month) {
                             ? TwinWords(TwinText{"announced", "معلن"})
                             : TwinWords("announced by " + month.announced_by, "أعلنه " + month.announced_by));
     if (month.has(MonthNote::made_to_fit))
-        notes.push_back(TwinText{"moved, as a month has 29 or 30 days", "عدل لأن الشهر 29 أو 30 يوما"});
+        notes.push_back(TwinText{"moved to keep the months whole", "عدل لتبقى الأشهر تامة"});
     if (month.has(MonthNote::completed))
         notes.push_back(TwinText{"30 days were completed without a crescent", "أكملت 30 يوما بلا هلال"});
+    if (month.has(MonthNote::undecided))
+        notes.push_back(TwinText{"no evening showed the crescent", "لم ير الهلال في أي مساء"});
     if (month.has(MonthNote::seen_on_28th))
         notes.push_back(TwinText{"seen on the evening of the 28th", "رؤي مساء 28"});
     if (month.has(MonthNote::rule_doubtful))

@@ -30,9 +30,13 @@ private:
     }
 
     HijriCalendar made(double first, double last) const {
-        NoProgress progress;
-        return calendar_of(
-            *hijri_months(theory_, settings_, month_about(first, -1), month_about(last, 1), progress));
+        for (int around = 1;; ++around) {
+            NoProgress progress;
+            HijriCalendar calendar = calendar_of(*hijri_months(
+                theory_, settings_, month_about(first, -around), month_about(last, around), progress));
+            if (calendar.first_day() <= first && calendar.last_day() >= last)
+                return calendar;
+        }
     }
 
     TheoryPointer theory_;

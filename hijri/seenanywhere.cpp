@@ -51,7 +51,7 @@ public:
     }
 
 private:
-    static constexpr int coarse = 12;      // [deg]
+    static constexpr double coarse = 12;   // [deg]
     static constexpr double fine = 3;      // [deg]
     static constexpr double of_coasts = 1; // where land counts alone                            [deg]
 
@@ -70,14 +70,36 @@ private:
         return {worth_of(place, margin), margin, std::move(place)};
     }
 
+    /// Places along a line, evenly spread, with both its ends.
+    struct Spread {
+        double first = 0;
+        double step = 0;
+        std::size_t count = 1;
+
+        double at(std::size_t number) const { return first + static_cast<double>(number) * step; }
+    };
+    static Spread spread(double first, double last, double widest_step) {
+        const double steps = std::ceil((last - first) / widest_step);
+        if (!(steps > 0))
+            return {first, 0, 1};
+        return {first, (last - first) / steps, static_cast<std::size_t>(steps) + 1};
+    }
+
+    /// The parallels that a coast is known along.
+    static Spread whole_degrees(double south, double north) {
+        const double first = std::ceil(south);
+        return {first, 1, static_cast<std::size_t>(std::max(std::floor(north) - first + 1, 0.0))};
+    }
+
     /// Judges places along a parallel.
     template <class Take>
-    void along(double latitude, double west, double east, double step, const Take& take) const {
+    void along(double latitude, const Spread& longitudes, const Take& take) const {
         MapJudge::OfRow of_west(west_, latitude);
         MapJudge::OfRow of_east(east_, latitude);
-        std::size_t column = 0;
-        for (double longitude = west; longitude <= east; longitude += step)
-            take(column++, seen((longitude < antimeridian ? of_west : of_east).at(longitude)));
+        for (std::size_t column = 0; column < longitudes.count; ++column) {
+            const double longitude = longitudes.at(column);
+            take(column, seen((longitude < antimeridian ? of_west : of_east).at(longitude)));
+        }
     }
 
     bool counts(const MapPosition& place) const {
@@ -90,15 +112,16 @@ private:
     }
 
     void take_coarse_grid() {
-        columns_ = static_cast<std::size_t>(std::floor((region().east - region().west) / coarse)) + 1;
-        rows_ = static_cast<std::size_t>(std::floor((region().north - region().south) / coarse)) + 1;
-        worths_.assign(columns_ * rows_, nothing);
-        for (std::size_t row = 0; row < rows_; ++row)
-            along(region().south + static_cast<double>(row) * coarse, region().west, region().east, coarse,
-                  [&](std::size_t column, Seen seen) {
-                      worths_[row * columns_ + column] = seen.worth;
-                      take(std::move(seen));
-                  });
+        columns_ = spread(region().west, region().east, coarse);
+        rows_ = spread(region().south, region().north, coarse);
+        worths_.assign(columns_.count * rows_.count, nothing);
+        for (std::size_t row = 0; row < rows_.count; ++row)
+            along(rows_.at(row), columns_, [&](std::size_t column, Seen seen) {
+                worths_[row * columns_.count + column] = seen.worth;
+                take(std::move(seen));
+            });
+        is_blind_ =
+            std::all_of(worths_.begin(), worths_.end(), [](double worth) { return worth == nothing; });
     }
 
     /// The places nearer to one of the coarse grid than to the others.
@@ -110,22 +133,24 @@ private:
     /// What the places around one of the grid may be worth: as much more than it as the steepest step to a
     /// neighbour is. Around a place without a worth beside one with it, anything.
     double bound_of(std::size_t column, std::size_t row) const {
-        const double worth = worths_[row * columns_ + column];
+        if (is_blind_)
+            return std::numeric_limits<double>::infinity();
+        const double worth = worths_[row * columns_.count + column];
         double highest = nothing;
         double steepest = 0;
         const auto look = [&](std::size_t other_column, std::size_t other_row) {
-            const double other = worths_[other_row * columns_ + other_column];
+            const double other = worths_[other_row * columns_.count + other_column];
             highest = std::max(highest, other);
             if (other > nothing && worth > nothing)
                 steepest = std::max(steepest, std::fabs(other - worth));
         };
         if (column > 0)
             look(column - 1, row);
-        if (column + 1 < columns_)
+        if (column + 1 < columns_.count)
             look(column + 1, row);
         if (row > 0)
             look(column, row - 1);
-        if (row + 1 < rows_)
+        if (row + 1 < rows_.count)
             look(column, row + 1);
         if (!(worth > nothing) && !(highest > nothing))
             return nothing;
@@ -135,10 +160,9 @@ private:
 
     void take_fine_grid() {
         std::vector<Cell> cells;
-        for (std::size_t row = 0; row < rows_; ++row)
-            for (std::size_t column = 0; column < columns_; ++column)
-                cells.push_back({region().west + static_cast<double>(column) * coarse,
-                                 region().south + static_cast<double>(row) * coarse, bound_of(column, row)});
+        for (std::size_t row = 0; row < rows_.count; ++row)
+            for (std::size_t column = 0; column < columns_.count; ++column)
+                cells.push_back({columns_.at(column), rows_.at(row), bound_of(column, row)});
         std::sort(cells.begin(), cells.end(), [](const Cell& a, const Cell& b) { return a.bound > b.bound; });
         for (const Cell& cell : cells) {
             if (cell.bound < best_.worth || !(cell.bound > nothing))
@@ -148,13 +172,16 @@ private:
     }
 
     void take_cell(double longitude, double latitude) {
-        constexpr double half = coarse / 2;
+        const double west = std::max(longitude - columns_.step / 2, region().west);
+        const double east = std::min(longitude + columns_.step / 2, region().east);
+        const double south = std::max(latitude - rows_.step / 2, region().south);
+        const double north = std::min(latitude + rows_.step / 2, region().north);
         const double step = search_.land == nullptr ? fine : of_coasts;
-        const double west = std::max(longitude - half, region().west);
-        const double east = std::min(longitude + half, region().east);
-        const double north = std::min(latitude + half, region().north);
-        for (double at = std::max(latitude - half, region().south); at <= north; at += step)
-            along(at, west, east, step, [&](std::size_t, Seen seen) { take(std::move(seen)); });
+        const Spread rows =
+            search_.land == nullptr ? spread(south, north, step) : whole_degrees(south, north);
+        for (std::size_t row = 0; row < rows.count; ++row)
+            along(rows.at(row), spread(west, east, step),
+                  [&](std::size_t, Seen seen) { take(std::move(seen)); });
     }
 
     /// Goes to the best of eight neighbours, then to ever nearer ones.
@@ -188,8 +215,9 @@ private:
     const SeenSearch& search_;
     FineMapSettings settings_;
     MapJudge west_, east_;
-    std::size_t columns_ = 0, rows_ = 0;
-    std::vector<double> worths_; ///< of the coarse grid
+    Spread columns_, rows_;      ///< of the coarse grid
+    std::vector<double> worths_; ///< of its places
+    bool is_blind_ = false;      ///< whether none of them has a worth
     Seen best_;
 };
 

@@ -63,6 +63,11 @@ protected:
             .value();
     }
 
+    static std::vector<HijriMonth> months_of(const HijriSettings& settings, HijriMonthNumber month) {
+        NoProgress progress;
+        return hijri_months(loaded_theory(), settings, month, month, progress).value();
+    }
+
     TemporaryProgramFolder folder;
 };
 

@@ -191,5 +191,32 @@ TEST_F(PublishedMonths, TheBestPlaceIsThatOfWholeDegrees) {
             }
 }
 
+/// Parts of any sides, down to a point.
+TEST_F(PublishedMonths, TheBestPlaceIsThatOfEveryPart) {
+    constexpr double tenth_of_uncertainty = 0.1;
+    Ephemeris ephemeris(loaded_theory());
+    const double conjunction =
+        geocentric_conjunction(ephemeris, first_day_of({}, HijriMonthNumber::of(1447, 1)) - 2);
+    const CataloguedCriterion& criterion = *catalogued_criterion("yallop-1997");
+    for (const double evenings : {0.0, 1.0}) {
+        const double day = start_of_date(conjunction) + evenings;
+        const SkyPolynomials sky = sky_around_date(ephemeris, day);
+        for (const MapWindow& region :
+             {MapWindow{4.4, 0, 16.4, 30}, MapWindow{5.4, 10, 17.4, 11}, MapWindow{-95, 0, -84, 11},
+              MapWindow{-95, 0, -83, 12}, MapWindow{-88, 0, -84, 11}, MapWindow{20, 20, 20.5, 20.5},
+              MapWindow{4.1, -31.3, 64.1, 17.9}, MapWindow{-100, -60, -63.4, 58.5}})
+            for (const bool before_midnight : {false, true}) {
+                SeenSearch search{&criterion, criterion.by_eye, {}, region, {}, nullptr};
+                if (before_midnight)
+                    search.before = day + 1;
+                const auto found = best_margin(sky, day, conjunction, search);
+                const double whole = best_of_whole_degrees(sky, day, conjunction, search);
+                const double worth = found ? found->value / found->uncertainty : -1e9;
+                EXPECT_GE(worth, whole - tenth_of_uncertainty)
+                    << region.west << " " << region.south << " " << before_midnight;
+            }
+    }
+}
+
 } // namespace
 } // namespace halvane

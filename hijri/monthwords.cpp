@@ -34,21 +34,21 @@ std::string margin_text(const HijriMonth& month) {
 std::vector<TwinWords> notes_of(const HijriMonth& month) {
     std::vector<TwinWords> notes;
     if (month.may_differ())
-        notes.push_back(TwinText{"may differ by a day", "قد يختلف بيوم"});
+        notes.emplace_back(TwinText{"may differ by a day", "قد يختلف بيوم"});
     if (month.has(MonthNote::announced))
         notes.push_back(month.announced_by.empty()
                             ? TwinWords(TwinText{"announced", "معلن"})
                             : TwinWords("announced by " + month.announced_by, "أعلنه " + month.announced_by));
     if (month.has(MonthNote::made_to_fit))
-        notes.push_back(TwinText{"moved to keep the months whole", "عدل لتبقى الأشهر تامة"});
+        notes.emplace_back(TwinText{"moved to keep the months whole", "عدل لتبقى الأشهر تامة"});
     if (month.has(MonthNote::completed))
-        notes.push_back(TwinText{"30 days were completed without a crescent", "أكملت 30 يوما بلا هلال"});
+        notes.emplace_back(TwinText{"30 days were completed without a crescent", "أكملت 30 يوما بلا هلال"});
     if (month.has(MonthNote::undecided))
-        notes.push_back(TwinText{"no evening showed the crescent", "لم ير الهلال في أي مساء"});
+        notes.emplace_back(TwinText{"no evening showed the crescent", "لم ير الهلال في أي مساء"});
     if (month.has(MonthNote::seen_on_28th))
-        notes.push_back(TwinText{"seen on the evening of the 28th", "رؤي مساء 28"});
+        notes.emplace_back(TwinText{"seen on the evening of the 28th", "رؤي مساء 28"});
     if (month.has(MonthNote::rule_doubtful))
-        notes.push_back(TwinText{"the rule of these years is doubtful", "قاعدة هذه السنين غير مؤكدة"});
+        notes.emplace_back(TwinText{"the rule of these years is doubtful", "قاعدة هذه السنين غير مؤكدة"});
     return notes;
 }
 

@@ -63,11 +63,11 @@ private:
         return margin && !is_late ? margin->value / margin->uncertainty : nothing;
     }
 
-    Seen seen(JudgedPlaceOfMap place) const {
+    Seen seen(const JudgedPlaceOfMap& place) const {
         std::optional<MonthMargin> margin;
         if (place.evening && place.value)
             margin = margin_of_value(*place.evening, *search_.criterion, *place.value, search_.seen_class);
-        return {worth_of(place, margin), margin, std::move(place)};
+        return {worth_of(place, margin), margin, place};
     }
 
     /// Places along a line, evenly spread, with both its ends.
@@ -106,9 +106,9 @@ private:
         return search_.land == nullptr || search_.land->holds(place);
     }
 
-    void take(Seen seen) {
+    void take(const Seen& seen) {
         if (seen.worth > best_.worth && counts(seen.place.place))
-            best_ = std::move(seen);
+            best_ = seen;
     }
 
     void take_coarse_grid() {
@@ -116,9 +116,9 @@ private:
         rows_ = spread(region().south, region().north, coarse);
         worths_.assign(columns_.count * rows_.count, nothing);
         for (std::size_t row = 0; row < rows_.count; ++row)
-            along(rows_.at(row), columns_, [&](std::size_t column, Seen seen) {
+            along(rows_.at(row), columns_, [&](std::size_t column, const Seen& seen) {
                 worths_[row * columns_.count + column] = seen.worth;
-                take(std::move(seen));
+                take(seen);
             });
         is_blind_ =
             std::all_of(worths_.begin(), worths_.end(), [](double worth) { return worth == nothing; });
@@ -180,8 +180,7 @@ private:
         const Spread rows =
             search_.land == nullptr ? spread(south, north, step) : whole_degrees(south, north);
         for (std::size_t row = 0; row < rows.count; ++row)
-            along(rows.at(row), spread(west, east, step),
-                  [&](std::size_t, Seen seen) { take(std::move(seen)); });
+            along(rows.at(row), spread(west, east, step), [&](std::size_t, const Seen& seen) { take(seen); });
     }
 
     /// Goes to the best of eight neighbours, then to ever nearer ones.
@@ -322,7 +321,7 @@ protected:
                                          double conjunction) const override {
         SeenSearch search = world_search(criterion_);
         search.before = day + 1;
-        const std::optional<MonthMargin> before_midnight = best_margin(sky, day, conjunction, search);
+        std::optional<MonthMargin> before_midnight = best_margin(sky, day, conjunction, search);
         if ((before_midnight && before_midnight->value >= 0) || settings().americas.empty())
             return before_midnight;
         const std::optional<MonthMargin> after_it = margin_in_the_americas(sky, day, conjunction);

@@ -70,6 +70,7 @@ std::vector<std::string> note_keys(const HijriMonth& month) {
     constexpr std::pair<MonthNote, const char*> keys[] = {{MonthNote::announced, "announced"},
                                                           {MonthNote::made_to_fit, "made_to_fit"},
                                                           {MonthNote::completed, "completed"},
+                                                          {MonthNote::undecided, "undecided"},
                                                           {MonthNote::seen_on_28th, "seen_on_28th"},
                                                           {MonthNote::rule_doubtful, "rule_doubtful"}};
     std::vector<std::string> found;

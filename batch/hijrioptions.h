@@ -18,7 +18,7 @@ namespace halvane {
 /// What the command line says of Hijri months, as it is typed.
 struct HijriOptions {
     std::optional<int> year, from_year, to_year, month;
-    std::string convert, convert_hijri; ///< YYYY-MM-DD
+    std::optional<std::string> convert, convert_hijri; ///< YYYY-MM-DD
     bool list_rules = false;
     std::string rule;
     std::vector<std::string> compare;
@@ -31,7 +31,7 @@ struct HijriOptions {
     std::string announced_file;
     std::string format, language, paper, output;
 
-    bool is_conversion() const { return !convert.empty() || !convert_hijri.empty(); }
+    bool is_conversion() const { return convert || convert_hijri; }
 };
 
 void add_hijri_options(CLI::App& command, HijriOptions& options);

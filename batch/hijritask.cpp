@@ -59,7 +59,8 @@ public:
         if (options_.list_rules)
             return print(format_ == HijriFormat::json ? rule_json(language_) : rule_table(language_));
         if (options_.is_conversion())
-            return options_.convert.empty() ? convert_hijri() : convert_civil();
+            return options_.convert ? convert_civil(*options_.convert)
+                                    : convert_hijri(*options_.convert_hijri);
         const YearsOfRun years = years_of(options_);
         const std::vector<HijriSettings> rules =
             rules_of(options_, civil_year_of(static_cast<double>(years.first)));
@@ -121,8 +122,8 @@ private:
 
     // --- Dates ---
 
-    int convert_civil() const {
-        const SpanAnswer answer = dates_span(options_.convert, options_.convert);
+    int convert_civil(const std::string& text) const {
+        const SpanAnswer answer = dates_span(text, text);
         if (answer.refused)
             throw UsageMistake("--convert: " + answer.refused->english);
         const DateNumbers date = civil_date(answer.span.first);
@@ -131,11 +132,10 @@ private:
         return tell("--convert: ", day_of_civil(loaded_theory(), rule, date), rule);
     }
 
-    int convert_hijri() const {
-        const std::optional<HijriDate> date = hijri_of_text(options_.convert_hijri);
+    int convert_hijri(const std::string& text) const {
+        const std::optional<HijriDate> date = hijri_of_text(text);
         if (!date)
-            throw UsageMistake("--convert-hijri: wanted YYYY-MM-DD, found \"" + options_.convert_hijri +
-                               "\"");
+            throw UsageMistake("--convert-hijri: wanted YYYY-MM-DD, found \"" + text + "\"");
         const HijriSettings rule = rules_of(options_, civil_year_of(date->year)).front();
         load_series();
         return tell("--convert-hijri: ", day_of_hijri(loaded_theory(), rule, *date), rule);

@@ -71,6 +71,8 @@ REFUSALS = [
     ([*YEAR, "--strict"], "of announced months"),
     (["--convert", "2026-02-30"], "no such date"),
     (["--convert", "soon"], "wanted YYYY-MM-DD"),
+    (["--convert", ""], '--convert: wanted YYYY-MM-DD, found ""'),
+    (["--convert-hijri", ""], '--convert-hijri: wanted YYYY-MM-DD, found ""'),
     (["--convert", "0600-01-01"], "1 to 9600"),
     (["--convert", "2026-02-18", "--format", "csv"], "text and json"),
     (["--convert", "2026-02-18", "--month", "9"], "--month belongs to --year"),

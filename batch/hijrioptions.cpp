@@ -175,6 +175,16 @@ int year_in(int year, const char* option) {
     return year;
 }
 
+/// The list of the rules is the same whatever is said of a rule: only how it is written can be told.
+void keep_to_outputs(CLI::App& command, CLI::Option& list) {
+    constexpr std::array<std::string_view, 3> outputs{"--format", "--language", "--output"};
+    for (CLI::Option* const option : command.get_options()) {
+        const bool is_output = std::find(outputs.begin(), outputs.end(), option->get_name()) != outputs.end();
+        if (!is_output && option != command.get_help_ptr())
+            list.excludes(option);
+    }
+}
+
 } // namespace
 
 HijriFormat format_of(const HijriOptions& options) {
@@ -187,9 +197,7 @@ HijriFormat format_of(const HijriOptions& options) {
         throw UsageMistake("--language both and --paper are of pdf");
     if (format == HijriFormat::pdf && !options.compare.empty())
         throw UsageMistake("--compare has no page; its formats are text, csv, json and ics");
-    if (options.list_rules && (!options.rule.empty() || !options.compare.empty()))
-        throw UsageMistake("--list-rules lists every rule; --rule and --compare do not go with it");
-    if ((options.is_conversion() || options.list_rules) && options.month)
+    if (options.is_conversion() && options.month)
         throw UsageMistake("--month belongs to --year");
     if (options.is_conversion() && !options.compare.empty())
         throw UsageMistake("--compare is of years, not of dates");
@@ -274,7 +282,8 @@ void add_hijri_options(CLI::App& command, HijriOptions& options) {
             ->type_name("YYYY");
     wanted->add_option("--convert", options.convert, "A civil date")->type_name("YYYY-MM-DD");
     wanted->add_option("--convert-hijri", options.convert_hijri, "A Hijri date")->type_name("YYYY-MM-DD");
-    wanted->add_flag("--list-rules", options.list_rules, "The rules with what they ask for");
+    CLI::Option* list =
+        wanted->add_flag("--list-rules", options.list_rules, "The rules with what they ask for");
     wanted->require_option(1);
     CLI::Option* to = text("--to-year", options.to_year, "YYYY", "Last Hijri year");
     from->needs(to);
@@ -309,6 +318,7 @@ void add_hijri_options(CLI::App& command, HijriOptions& options) {
     one_of("--language", options.language, "Language of names and pages: ", {"en", "ar", "both"});
     one_of("--paper", options.paper, "Paper of a pdf: ", {"A4", "Letter"});
     text("--output", options.output, "FILE", "File to write, - for standard output");
+    keep_to_outputs(command, *list);
 }
 
 } // namespace halvane

@@ -172,12 +172,16 @@ std::string json_of(const HijriDay& day, const HijriSettings& settings, Language
 std::string rule_json(Language language) {
     Json json = head_of("hijri-rules");
     Json& rules = json["rules"] = Json::array();
-    for (const HijriRule& rule : hijri_rules())
+    for (const HijriRule& rule : hijri_rules()) {
+        Json asks = Json::array();
+        for (const AskedThing& thing : asked_things(rule))
+            asks.push_back(thing.key);
         rules.push_back({{"key", rule.key},
                          {"name", rule.name.in(language)},
                          {"told", rule.told.in(language)},
                          {"source", rule.source},
-                         {"asks", asked_things(rule)}});
+                         {"asks", asks}});
+    }
     return text_of(json);
 }
 

@@ -99,11 +99,12 @@ std::string line_of(const HijriDay& day, const HijriSettings& settings, Language
 }
 
 std::string rule_table(Language language) {
+    constexpr TwinText between{", ", "، "};
     AlignedLines lines;
     for (const HijriRule& rule : hijri_rules()) {
         std::string asked;
-        for (const std::string& thing : asked_things(rule))
-            (asked += asked.empty() ? "" : ", ") += thing;
+        for (const AskedThing& thing : asked_things(rule))
+            (asked += asked.empty() ? "" : between.in(language)) += thing.name.in(language);
         lines.add({rule.key, rule.name.in(language), asked});
     }
     return lines.text();

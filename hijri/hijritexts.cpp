@@ -48,14 +48,16 @@ std::string source_of(const HijriSettings& settings) {
     return asks_criterion(*settings.rule) ? settings.criterion->source : settings.rule->source;
 }
 
-std::vector<std::string> asked_things(const HijriRule& rule) {
-    std::vector<std::string> things;
+std::vector<AskedThing> asked_things(const HijriRule& rule) {
+    std::vector<AskedThing> things;
     if (asks_place(rule))
-        things.emplace_back("place");
+        things.push_back({"place", {"place", "المكان"}});
     if (asks_criterion(rule))
-        things.emplace_back("criterion");
+        things.push_back({"criterion", {"criterion", "المعيار"}});
     if (asks_region(rule))
-        things.emplace_back("region");
+        things.push_back({"region", {"region", "المنطقة"}});
+    if (!asks_place(rule) && asks_place(rule, SeenBefore::fajer))
+        things.push_back({"place_before_fajer", {"place (before Fajer)", "المكان (قبل الفجر)"}});
     return things;
 }
 

@@ -25,8 +25,12 @@ std::vector<std::string> distinct_keys(const std::vector<RuleMonths>& rules,
 /// The book or the body that a rule comes from, or its criterion where it asks for one.
 std::string source_of(const HijriSettings& settings);
 
-/// What a rule asks for: "place", "criterion", "region", the names of the options.
-std::vector<std::string> asked_things(const HijriRule& rule);
+/// What a rule asks for.
+struct AskedThing {
+    const char* key; ///< "place", "criterion", "region": the names of the options; "place_before_fajer"
+    TwinText name;
+};
+std::vector<AskedThing> asked_things(const HijriRule& rule);
 
 /// The notes of a month as one text, "; " between them; empty without any.
 std::string notes_text(const HijriMonth& month, Language language);

@@ -81,7 +81,11 @@ REFUSALS = [
     (["--convert-hijri", "1447-13-01"], "months 1 to 12"),
     (["--convert-hijri", "1447-10-30", *QURA], "has 29 days"),
     (["--convert-hijri", "1447-00-01"], "months 1 to 12"),
-    (["--list-rules", "--rule", "tabular"], "lists every rule"),
+    *((["--list-rules", *words], f"{words[0]} excludes --list-rules") for words in (
+        ["--rule", "tabular"], ["--compare", "tabular"], ["--place", "Amman"], ["--latitude", "91"],
+        ["--criterion", "yallop"], ["--class", "1"], ["--limits", "lag=5"], ["--danjon", "7"],
+        ["--region", "1,2,3,4"], ["--before", "fajer"], ["--announced"], ["--announced-file", "none.csv"],
+        ["--strict"], ["--month", "9"], ["--paper", "A4"])),
 ]
 
 
@@ -327,6 +331,13 @@ def check_rules(program):
     for rule in rules:
         words = [*YEAR, "--rule", rule["key"], *(["--place", "Amman"] if "place" in rule["asks"] else [])]
         expect(len(rows_of(program.file("csv", *words))) == 12, rule["key"])
+    asked = {rule["key"]: rule["asks"] for rule in rules}
+    expect(asked["seen-anywhere"] == ["criterion", "region", "place_before_fajer"], f"{asked}")
+    expect(asked["mabims"] == ["place"] and asked["seen-at"] == ["place", "criterion"], f"{asked}")
+    arabic = program.made("--list-rules", "--language", "ar").splitlines()
+    for line, (key, things) in zip(arabic, asked.items()):
+        expect(line.startswith(key) and bool(re.search("المكان|المعيار", line)) == bool(things), line)
+        expect(not re.search("[A-Za-z]", line.removeprefix(key)), f"not Arabic: {line}")
 
 
 def check_default_files(program):

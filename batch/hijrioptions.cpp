@@ -105,8 +105,11 @@ void check_use(const HijriOptions& options, const std::vector<HijriChoice>& choi
         throw UsageMistake("--region and --before are of rules that ask for a part of the world");
     if (options.strict && !is_any(choices, AnnouncedUse::whole))
         throw UsageMistake("--strict is of announced months");
+    const bool is_named =
+        std::find(options.compare.begin(), options.compare.end(), rule_at_place) != options.compare.end() ||
+        options.rule == rule_at_place;
     for (const HijriChoice& choice : choices)
-        if (choice.rule == rule_at_place && !choice.place && !has_place(options))
+        if (is_named && choice.rule == rule_at_place && !choice.place && !has_place(options))
             throw UsageMistake(std::string("the rule ") + rule_at_place +
                                " needs --place, or --latitude and --longitude");
 }
@@ -147,24 +150,34 @@ AnnouncedList announced_of(const HijriOptions& options, const std::vector<HijriC
 
 // --- Settings ---
 
-const char* option_of(HijriPart part) {
+/// The option that a part of a choice was given by; nothing where it is that of the kept rule.
+std::optional<std::string> option_of(HijriPart part, const HijriOptions& options) {
+    const auto given = [](bool is_given, const char* option) {
+        return is_given ? std::optional<std::string>(option) : std::nullopt;
+    };
     switch (part) {
     case HijriPart::place:
-        return "--place: ";
+        return given(has_place(options), "--place");
     case HijriPart::criterion:
-        return "--criterion: ";
+        return given(!options.criterion.empty(), "--criterion");
     case HijriPart::seen_class:
-        return "--class: ";
+        return given(options.seen_class.has_value(), "--class");
     case HijriPart::limits:
-        return "--limits: ";
+        return options.danjon ? "--danjon" : given(!options.limits.empty(), "--limits");
     case HijriPart::region:
-        return "--region: ";
+        return given(!options.region.empty(), "--region");
     case HijriPart::announced:
-        return "--announced: ";
+        return given(options.strict, "--strict");
     case HijriPart::rule:
         break;
     }
-    return "--rule: ";
+    return given(!options.rule.empty(), "--rule");
+}
+
+[[noreturn]] void refuse(const HijriAnswer& answer, const HijriOptions& options) {
+    if (const std::optional<std::string> option = option_of(answer.wrong, options))
+        throw UsageMistake(*option + ": " + answer.words.english);
+    throw kept_rule_failure(answer);
 }
 
 int year_in(int year, const char* option) {
@@ -259,7 +272,7 @@ std::vector<HijriSettings> rules_of(const HijriOptions& options, double year) {
         HijriAnswer answer =
             place ? settings_of(choice, year, announced, *place) : settings_of(choice, year, announced);
         if (!answer.settings)
-            throw UsageMistake(option_of(answer.wrong) + answer.words.english);
+            refuse(answer, options);
         rules.push_back(*std::move(answer.settings));
     }
     return rules;

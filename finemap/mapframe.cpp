@@ -14,6 +14,10 @@ std::optional<TwinWords> refused_window(const MapWindow& window, double step) {
     if (!within(window.south, most_southern, most_northern) ||
         !within(window.north, most_southern, most_northern))
         return TwinWords{"The latitudes of a map are from -85 to 85.", "عروض الخريطة من -85 إلى 85."};
+    if (window.east < window.west)
+        return TwinWords{
+            "The eastern side of a map is not below its western one: beyond the date line it is above 180.",
+            "طول الجانب الشرقي للخريطة لا يقل عن الغربي: و هو بعد خط التاريخ فوق 180."};
     if (!within(window.west, -180, 179.999) || !within(window.east - window.west, 0, 360))
         return TwinWords{"The western side of a map is from -180 to below 180, and it is at most 360 wide.",
                          "طول الجانب الغربي للخريطة من -180 إلى ما دون 180، و عرضها 360 على الأكثر."};

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "hijri/keptrule.h"
 
-#include "base/failure.h"
 #include "base/numberformat.h"
 #include "calendar/modjul.h"
 #include "finemap/mapframe.h"
@@ -282,6 +281,27 @@ std::string all_of(const HijriChoice& choice, const HijriSettings& settings) {
     return text + text_of(rows);
 }
 
+/// The keys of the file that a part of a choice stands in.
+const char* keys_of(HijriPart part) {
+    switch (part) {
+    case HijriPart::place:
+        return "name";
+    case HijriPart::criterion:
+        return "criterion";
+    case HijriPart::seen_class:
+        return "class";
+    case HijriPart::limits:
+        return "danjon_limit, lag, altitude, elongation, age";
+    case HijriPart::region:
+        return "west, south, east, north";
+    case HijriPart::announced:
+        return "announced";
+    case HijriPart::rule:
+        break;
+    }
+    return "rule";
+}
+
 std::string path_of_rule() {
     return program_path(file_name);
 }
@@ -384,6 +404,13 @@ std::optional<HijriChoice> kept_hijri_rule() {
             throw;
         return std::nullopt;
     }
+}
+
+RunTimeFailure kept_rule_failure(const HijriAnswer& answer) {
+    const std::string where = keys_of(answer.wrong);
+    return RunTimeFailure(TwinWords{std::string(file_name) + ", " + where + ": " + answer.words.english,
+                                    std::string(file_name) + "، " + where + ": " + answer.words.arabic},
+                          FailureKind::damaged_file);
 }
 
 void keep_hijri_rule(const HijriChoice& choice) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/failure.h"
 #include "calendar/hijricalendar.h"
 #include "ephemeris/theory.h"
 #include "hijri/announcedlist.h"
@@ -71,6 +72,8 @@ std::string text_of(const HijriChoice& choice);
 /// Nothing where no rule was chosen.
 /// Error  raises RunTimeFailure for a damaged file.
 std::optional<HijriChoice> kept_hijri_rule();
+/// A fault of the kept rule that settings_of has told: "hijri-rule.ini, class: ...".
+RunTimeFailure kept_rule_failure(const HijriAnswer& answer);
 /// Error  raises RunTimeFailure; an earlier file then stands.
 void keep_hijri_rule(const HijriChoice& choice);
 /// As if none had been chosen.

@@ -362,6 +362,31 @@ def check_refusals(program):
     expect(before == after, "a refused run has written")
 
 
+# A kept rule, what is given beside it, how the run ends and what it says.
+KEPT_FAULTS = [
+    ("rule = seen-here\n[crescent]\ncriterion = saao\nclass = 5", [], 1, "hijri-rule.ini, class: The class"),
+    ("rule = seen-here\n[crescent]\ncriterion = saao\nclass = 5", ["--class", "4"], 2, "--class: The class"),
+    ("rule = seen-anywhere\n[region]\nwest = 50\neast = 10", [], 1,
+     "hijri-rule.ini, west, south, east, north: The eastern side of a map is not below its western one"),
+    ("rule = seen-anywhere\n[region]\nwest = 50\neast = 10", ["--region", "10,20,5,-95"], 2, "--region: "),
+    ("rule = seen-at\n[place]\nname = Nowhere", [], 1, 'hijri-rule.ini, name: There is no place "Nowhere"'),
+    ("rule = seen-at", [], 1, "hijri-rule.ini, name: Choose a place"),
+    ("rule = tabular", ["--compare", "seen-at"], 2, "the rule seen-at needs --place"),
+    ("rule = seen-here\n[crescent]\ncriterion = user\nlag = none\naltitude = none\nelongation = none\nage = none", [], 1,
+     "hijri-rule.ini, danjon_limit, lag, altitude, elongation, age: One limit"),
+]
+
+
+def check_kept_faults(program):
+    kept = program.folder / "hijri-rule.ini"
+    for text, words, status, wanted in KEPT_FAULTS:
+        kept.write_text(f"[rule]\n{text}\n", encoding="utf-8")
+        done = program.hijri(*YEAR, *words)
+        expect(done.returncode == status and not done.stdout, f"{text} {words}: {done.returncode} {done.stderr}")
+        expect(wanted in done.stderr.decode(), f"{text} {words}: {done.stderr.decode()}")
+    kept.unlink()
+
+
 def check_all(source, program, scratch):
     rows = check_years(program)
     starts = first_days(rows)
@@ -379,6 +404,7 @@ def check_all(source, program, scratch):
     check_rules(program)
     check_default_files(program)
     check_refusals(program)
+    check_kept_faults(program)
 
 
 def main(source, report):

@@ -18,7 +18,8 @@ struct HijriMonthNumber {
     static constexpr HijriMonthNumber of(int year, int month) { return {(year - 1) * 12 + month - 1}; }
     constexpr int year() const { return (value - month() + 1) / 12 + 1; }
     constexpr int month() const { return (value % 12 + 12) % 12 + 1; } ///< 1 Muharram to 12 Thul Hejjah
-    constexpr auto operator<=>(const HijriMonthNumber&) const = default;
+    // clang-tidy takes the 0 of the comparison for a null pointer.
+    constexpr auto operator<=>(const HijriMonthNumber&) const = default; // NOLINT(modernize-use-nullptr)
 };
 
 /// Months one after the other as some rule begins them: each day from the first to the last has one date.

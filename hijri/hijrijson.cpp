@@ -24,11 +24,30 @@ Json json_of(const HijriPlace& place) {
             {"hours_ahead", place.hours_ahead}};
 }
 
+Json number_or_null(const std::optional<double>& number) {
+    return number ? Json(*number) : Json();
+}
+
+/// Of the criteria that have some, as the kept rule names them.
+Json limits_of(const HijriSettings& settings) {
+    const std::string_view criterion = settings.criterion->key;
+    const UserLimits& user = settings.limits.user;
+    if (criterion == danjon_criterion)
+        return {{"danjon_limit", settings.limits.danjon_limit}};
+    if (criterion != users_criterion)
+        return nullptr;
+    return {{"lag", number_or_null(user.lag)},
+            {"altitude", number_or_null(user.altitude)},
+            {"elongation", number_or_null(user.elongation)},
+            {"age", number_or_null(user.age)}};
+}
+
 Json criterion_of(const HijriSettings& settings, Language language) {
     return {{"key", settings.criterion->key},
             {"name", settings.criterion->name.in(language)},
             {"class", settings.seen_class},
-            {"class_name", settings.criterion->bands()[settings.seen_class].text.in(language)}};
+            {"class_name", settings.criterion->bands()[settings.seen_class].text.in(language)},
+            {"limits", limits_of(settings)}};
 }
 
 Json json_of(const MapWindow& region) {

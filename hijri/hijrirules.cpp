@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "hijri/hijrirules.h"
 
+#include "crescent/measurewords.h"
+#include "hijri/unusualsettings.h"
+
 #include <algorithm>
 #include <cmath>
 #include <iterator>
@@ -226,6 +229,18 @@ bool has_exception_of_the_americas(const HijriRule& rule) {
     return rule.kind == HijriRuleKind::istanbul_2016 || rule.kind == HijriRuleKind::istanbul_2016_geocentric;
 }
 
+TwinText words_of(SeenBefore before) {
+    switch (before) {
+    case SeenBefore::midnight:
+        return {"before midnight, Universal Time", "قبل منتصف الليل بالتوقيت العالمي"};
+    case SeenBefore::fajer:
+        return {"before Fajer at the place", "قبل الفجر في المكان"};
+    case SeenBefore::any_time:
+        break;
+    }
+    return {"at any time", "في أي وقت"};
+}
+
 double days_ahead(const HijriPlace& place) {
     constexpr double degrees_an_hour = 15;
     constexpr double hours_a_day = 24;
@@ -233,7 +248,7 @@ double days_ahead(const HijriPlace& place) {
 }
 
 TwinWords name_of(const HijriSettings& settings) {
-    TwinWords rule = with_rule(settings);
+    const TwinWords rule = with_rule(settings) + unusual_words(settings);
     if (settings.announced.empty())
         return rule;
     return {"Announced, else " + rule.english, "المعلن، و إلا " + rule.arabic};

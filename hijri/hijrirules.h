@@ -57,6 +57,9 @@ enum class SeenBefore {
     fajer,    ///< Fajer of the next day at the place: its night is not over (Sun 18 deg below)
 };
 
+/// "any time", "before midnight UT", "before Fajer at the place"
+TwinText words_of(SeenBefore before);
+
 /// Whether they depend on a place, that whose Fajer ends a night too.
 bool asks_place(const HijriRule& rule, SeenBefore before);
 
@@ -88,7 +91,12 @@ struct HijriSettings {
     std::vector<AnnouncedStart> announced;
 };
 
-/// "Seen at Amman by Yallop", "Umm al-Qura", with "announced, else ..." before it where months are announced.
+/// The keys of the criteria that have limits of the user's.
+inline constexpr std::string_view danjon_criterion = "danjon";
+inline constexpr std::string_view users_criterion = "user";
+
+/// "Seen at Amman by Yallop", "Umm al-Qura", with what is not the usual behind it (unusualsettings.h), and
+/// with "announced, else ..." before it where months are announced.
 TwinWords name_of(const HijriSettings& settings);
 
 } // namespace halvane

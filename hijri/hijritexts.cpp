@@ -2,6 +2,7 @@
 #include "hijri/hijritexts.h"
 
 #include "hijri/monthsheet.h"
+#include "hijri/unusualsettings.h"
 #include "timetable/calendartext.h"
 
 #include <algorithm>
@@ -18,11 +19,9 @@ TwinWords month_words(HijriMonthNumber month) {
 
 std::string rule_key(const HijriSettings& settings) {
     std::string key = settings.rule->key;
-    if (asks_criterion(*settings.rule)) {
+    if (asks_criterion(*settings.rule))
         (key += '-') += settings.criterion->key;
-        if (settings.seen_class != settings.criterion->by_eye)
-            key += "-class-" + std::to_string(settings.seen_class);
-    }
+    key += unusual_key(settings);
     if (asks_place(*settings.rule, settings.before))
         key += '-' + calendar_place(settings.place.latitude, settings.place.longitude);
     return key;

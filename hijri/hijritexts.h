@@ -14,7 +14,8 @@ namespace halvane {
 /// "Ramadan 1447"
 TwinWords month_words(HijriMonthNumber month);
 
-/// "seen-here-yallop-319500n359333e": a rule with its criterion and its place, without announced starts.
+/// "seen-here-yallop-319500n359333e": a rule with its criterion, what is not the usual
+/// (unusualsettings.h) and its place, without announced starts.
 std::string rule_key(const HijriSettings& settings);
 /// The same, with "announced-" before it where announced starts are used.
 std::string settings_key(const HijriSettings& settings);

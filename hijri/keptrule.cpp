@@ -27,7 +27,6 @@ namespace {
 
 constexpr const char* file_name = "hijri-rule.ini";
 constexpr const char* none = "none";
-constexpr const char* users_criterion = "user";
 constexpr double greatest_limit = 1000; // far beyond any use
 constexpr double eastern_most = 540;    // of a window that goes once around from the date line       [deg]
 

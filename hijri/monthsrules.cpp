@@ -62,18 +62,6 @@ std::vector<TwinText> classes_to_see(const CataloguedCriterion& criterion) {
     return classes;
 }
 
-TwinText words_of(SeenBefore before) {
-    switch (before) {
-    case SeenBefore::midnight:
-        return {"before midnight, Universal Time", "قبل منتصف الليل بالتوقيت العالمي"};
-    case SeenBefore::fajer:
-        return {"before Fajer at the place", "قبل الفجر في المكان"};
-    case SeenBefore::any_time:
-        break;
-    }
-    return {"at any time", "في أي وقت"};
-}
-
 std::optional<TwinWords> refused_hijri_year(double year) {
     if (std::floor(year) != year)
         return TwinText{"A year is a whole number.", "السنة رقم صحيح."};

@@ -29,9 +29,6 @@ TwinWords told_words(const HijriRule& rule, const CataloguedCriterion& criterion
 /// The classes of a criterion that may count as seen: a class's index is one above its place here.
 std::vector<TwinText> classes_to_see(const CataloguedCriterion& criterion);
 
-/// "any time", "before midnight UT", "before Fajer at the place"
-TwinText words_of(SeenBefore before);
-
 /// What is told of a year that has no months here; nothing for a whole one of hijri_rule_years.
 std::optional<TwinWords> refused_hijri_year(double year);
 

@@ -101,6 +101,83 @@ TEST(RuleKeys, HoldCriterionAndPlaceWhereTheRuleAsksForThem) {
     EXPECT_TRUE(settings_key(settings).starts_with("announced-seen-here-"));
 }
 
+HijriSettings seen_anywhere_by(const char* criterion) {
+    HijriSettings settings;
+    settings.rule = hijri_rule("seen-anywhere");
+    settings.criterion = catalogued_criterion(criterion);
+    settings.seen_class = settings.criterion->by_eye;
+    return settings;
+}
+
+void expect_told(const HijriSettings& settings, const std::string& key, const std::string& name) {
+    EXPECT_EQ(rule_key(settings), key);
+    EXPECT_EQ(name_of(settings).english, name);
+    EXPECT_FALSE(name_of(settings).arabic.empty());
+}
+
+TEST(RuleKeys, AreShortWhereAllIsUsual) {
+    expect_told(seen_anywhere_by("yallop"), "seen-anywhere-yallop", "Seen anywhere by Yallop");
+    expect_told(seen_anywhere_by("user"), "seen-anywhere-user",
+                "Seen anywhere by Lag, altitude, elongation, age");
+}
+
+TEST(RuleKeys, TellThePartOfTheWorldAndItsLimit) {
+    HijriSettings settings = seen_anywhere_by("yallop");
+    settings.region = {-30.25, -10, 190, 45};
+    expect_told(settings, "seen-anywhere-yallop-30.25w-10s-190e-45n",
+                "Seen anywhere by Yallop (30.25° W to 170° W, 10° S to 45° N)");
+    settings = seen_anywhere_by("yallop");
+    settings.before = SeenBefore::midnight;
+    expect_told(settings, "seen-anywhere-yallop-before-midnight",
+                "Seen anywhere by Yallop (before midnight, Universal Time)");
+    settings.before = SeenBefore::fajer;
+    settings.place = {"Cape Town", 18.4239, -33.9253, 0, 2};
+    expect_told(settings, "seen-anywhere-yallop-before-fajer-339253s184239e",
+                "Seen anywhere by Yallop (before Fajer at the place: Cape Town)");
+}
+
+TEST(RuleKeys, TellTheClassAndTheLimitsOfACriterion) {
+    HijriSettings settings = seen_anywhere_by("saao");
+    settings.seen_class = 1;
+    expect_told(settings, "seen-anywhere-saao-class-1",
+                std::string("Seen anywhere by ") + settings.criterion->name.english +
+                    " (class: Improbable by naked eye)");
+    settings = seen_anywhere_by("user");
+    settings.limits.user.lag = 20.5;
+    settings.limits.user.age.reset();
+    expect_told(settings, "seen-anywhere-user-lag-20.5-age-none",
+                "Seen anywhere by Lag, altitude, elongation, age (lag 20.5 min; age: none)");
+    settings = seen_anywhere_by("danjon");
+    settings.limits.user.lag = 20.5; // no limit of this one
+    settings.limits.danjon_limit = 6.4;
+    expect_told(settings, "seen-anywhere-danjon-limit-6.4",
+                std::string("Seen anywhere by ") + settings.criterion->name.english + " (elongation 6.4°)");
+}
+
+TEST(RuleKeys, PassOverWhatARuleDoesNotAskFor) {
+    HijriSettings settings;
+    settings.rule = hijri_rule("turkey");
+    settings.region = {0, 0, 10, 10};
+    settings.before = SeenBefore::fajer;
+    settings.limits.danjon_limit = 6.4;
+    expect_told(settings, "turkey", "Turkey");
+}
+
+TEST(YearsAsJson, HaveTheLimitsOfTheCriterion) {
+    HijriYears years = handmade_years(1);
+    years.rules.front().settings = seen_anywhere_by("user");
+    years.rules.front().settings.limits.user = {20.5, std::nullopt, 8, 0};
+    EXPECT_NE(json_of(years, Language::english)
+                  .find("\"limits\": {\n     \"lag\": 20.5,\n     \"altitude\": null,\n     "
+                        "\"elongation\": 8.0,\n     \"age\": 0.0\n"),
+              std::string::npos)
+        << json_of(years, Language::english);
+    years.rules.front().settings = seen_anywhere_by("danjon");
+    EXPECT_NE(json_of(years, Language::english).find("\"danjon_limit\": 7.0"), std::string::npos);
+    years.rules.front().settings = seen_anywhere_by("yallop");
+    EXPECT_NE(json_of(years, Language::english).find("\"limits\": null"), std::string::npos);
+}
+
 TEST(FilesOfMonths, AreNamedAfterYearsAndRules) {
     EXPECT_EQ(file_name_of(handmade_years(2)), "hijri-1447-umm-al-qura-tabular");
     HijriYears years = handmade_years(1);

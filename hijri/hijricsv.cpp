@@ -41,7 +41,7 @@ std::string csv_of_rule(const std::vector<HijriMonth>& months, Language language
 std::string csv_of_rules(const HijriYears& years, Language language) {
     std::string text;
     std::vector<std::string> head{"year", "month", "name"};
-    for (const std::string& key : distinct_keys(years.rules, settings_key)) {
+    for (const std::string& key : distinct_keys(years.rules)) {
         head.push_back(key + "_first_day");
         head.push_back(key + "_difference");
     }

@@ -68,7 +68,7 @@ std::string file_name_of(const HijriYears& years) {
     std::string name = "hijri-" + std::to_string(years.first);
     if (years.last != years.first)
         name += '-' + std::to_string(years.last);
-    for (const std::string& key : distinct_keys(years.rules, settings_key))
+    for (const std::string& key : distinct_keys(years.rules))
         name += '-' + key;
     return name;
 }

@@ -6,6 +6,8 @@
 #include "timetable/cells.h"
 #include "timetable/placewords.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -94,8 +96,11 @@ std::string ics_of(const HijriYears& years, Language language, std::int64_t stam
     for (std::size_t rule = 1; rule < years.rules.size(); ++rule)
         rules = joined(rules, " / ", name_of(years.rules[rule].settings));
     DayCalendar calendar(title_of(rules), language, stamp);
-    const std::vector<std::string> keys = distinct_keys(years.rules, rule_key);
+    const std::vector<std::string> keys = event_keys(years.rules);
     for (std::size_t rule = 0; rule < years.rules.size(); ++rule) {
+        const auto own = keys.begin() + static_cast<std::ptrdiff_t>(rule);
+        if (std::find(keys.begin(), own, *own) != own)
+            continue; // the same events
         const HijriSettings& settings = years.rules[rule].settings;
         const std::string behind = years.rules.size() == 1 ? "" : " (" + name_of(settings).in(language) + ")";
         for (const HijriMonth& month : years.rules[rule].months)

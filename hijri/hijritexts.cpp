@@ -31,14 +31,25 @@ std::string settings_key(const HijriSettings& settings) {
     return (settings.announced.empty() ? "" : "announced-") + rule_key(settings);
 }
 
-std::vector<std::string> distinct_keys(const std::vector<RuleMonths>& rules,
-                                       std::string (*key)(const HijriSettings&)) {
+std::vector<std::string> distinct_keys(const std::vector<RuleMonths>& rules) {
     std::vector<std::string> keys;
     for (const RuleMonths& rule : rules) {
-        std::string own = key(rule.settings);
+        std::string own = settings_key(rule.settings);
         if (std::find(keys.begin(), keys.end(), own) != keys.end())
             own += '-' + std::to_string(keys.size() + 1);
         keys.push_back(std::move(own));
+    }
+    return keys;
+}
+
+std::vector<std::string> event_keys(const std::vector<RuleMonths>& rules) {
+    std::vector<std::string> keys;
+    for (const RuleMonths& rule : rules) {
+        const std::string own = rule_key(rule.settings);
+        const bool is_reckoned_too = std::any_of(rules.begin(), rules.end(), [&own](const RuleMonths& other) {
+            return other.settings.announced.empty() && rule_key(other.settings) == own;
+        });
+        keys.push_back(is_reckoned_too ? settings_key(rule.settings) : own);
     }
     return keys;
 }

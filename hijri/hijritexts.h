@@ -19,9 +19,12 @@ TwinWords month_words(HijriMonthNumber month);
 std::string rule_key(const HijriSettings& settings);
 /// The same, with "announced-" before it where announced starts are used.
 std::string settings_key(const HijriSettings& settings);
-/// Those of several rules; where two are alike the later one ends with its number.
-std::vector<std::string> distinct_keys(const std::vector<RuleMonths>& rules,
-                                       std::string (*key)(const HijriSettings&));
+/// Those of several rules, by settings_key; where two are alike the later one ends with its number.
+std::vector<std::string> distinct_keys(const std::vector<RuleMonths>& rules);
+/// Those of the events of several rules: each its rule_key, so that an event stays itself when its start is
+/// announced; its settings_key where the same rule stands there without announced starts too. Their order
+/// counts for nothing, and two of one rule with the same starts are alike.
+std::vector<std::string> event_keys(const std::vector<RuleMonths>& rules);
 
 /// The book or the body that a rule comes from, or its criterion where it asks for one.
 std::string source_of(const HijriSettings& settings);

@@ -241,6 +241,11 @@ def check_announced(program, rows):
     expect(rows_of(program.file("csv", *YEAR, *QURA, "--announced")) == announced, "the kept list")
     expect(rows_of(program.file("csv", *YEAR, "--rule", "announced")) == announced, "the rule announced")
     expect(rows_of(program.file("csv", *YEAR, *QURA)) != announced, "a list that nobody asked for")
+    plain, moved = (events_of(program.file("ics", *YEAR, "--rule", rule)) for rule in ("umm-al-qura", "announced"))
+    wanted = plain | {uid.replace("umm-al-qura", "announced-umm-al-qura"): days for uid, days in moved.items()}
+    for rule, other in (("umm-al-qura", "announced"), ("announced", "umm-al-qura")):
+        found = events_of(program.file("ics", *YEAR, "--rule", rule, "--compare", other))
+        expect(found == wanted, f"{rule} beside {other}: {set(found.items()) ^ set(wanted.items())}")
     kept.unlink()
     path.unlink()
     done = program.hijri(*YEAR, "--rule", "announced")

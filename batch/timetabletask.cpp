@@ -90,7 +90,7 @@ HijriReckoningPointer reckoning_of(const TimetableOptions& options) {
         if (const HijriAnswer answer = settings_of(*choice, year); !answer.settings)
             throw UsageMistake("--hijri-rule " + choice->rule + ": " + answer.words.english);
     load_series();
-    const HijriReckoningPointer hijri = reckoning_of(loaded_theory(), *choice, year);
+    HijriReckoningPointer hijri = reckoning_of(loaded_theory(), *choice, year);
     if (hijri && !is_kept && !reckoning_within(hijri, span))
         throw UsageMistake("--hijri-rule: there are no Hijri months on these days");
     return hijri;

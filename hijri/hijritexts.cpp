@@ -79,12 +79,10 @@ std::string notes_text(const HijriMonth& month, Language language) {
 }
 
 std::vector<std::string> note_keys(const HijriMonth& month) {
-    constexpr std::pair<MonthNote, const char*> keys[] = {{MonthNote::announced, "announced"},
-                                                          {MonthNote::made_to_fit, "made_to_fit"},
-                                                          {MonthNote::completed, "completed"},
-                                                          {MonthNote::undecided, "undecided"},
-                                                          {MonthNote::seen_on_28th, "seen_on_28th"},
-                                                          {MonthNote::rule_doubtful, "rule_doubtful"}};
+    constexpr std::pair<MonthNote, const char*> keys[] = {
+        {MonthNote::announced, "announced"},       {MonthNote::made_to_fit, "made_to_fit"},
+        {MonthNote::completed, "completed"},       {MonthNote::undecided, "undecided"},
+        {MonthNote::seen_on_28th, "seen_on_28th"}, {MonthNote::rule_doubtful, "rule_doubtful"}};
     std::vector<std::string> found;
     if (month.may_differ())
         found.emplace_back("may_differ");

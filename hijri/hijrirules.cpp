@@ -248,7 +248,7 @@ double days_ahead(const HijriPlace& place) {
 }
 
 TwinWords name_of(const HijriSettings& settings) {
-    const TwinWords rule = with_rule(settings) + unusual_words(settings);
+    TwinWords rule = with_rule(settings) + unusual_words(settings);
     if (settings.announced.empty())
         return rule;
     return {"Announced, else " + rule.english, "المعلن، و إلا " + rule.arabic};

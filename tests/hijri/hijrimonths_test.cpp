@@ -102,7 +102,7 @@ TEST_P(EveryRule, TellsAYearAsItTellsMany) {
     const std::vector<HijriMonth> many = months_of(settings, 1438, 1447);
     for (int year = 1438; year <= 1447; ++year) {
         const std::vector<HijriMonth> one = months_of(settings, year, year);
-        const auto begun = many.begin() + (year - 1438) * 12;
+        const auto begun = many.begin() + std::ptrdiff_t{12} * (year - 1438);
         for (std::size_t i = 0; i < one.size(); ++i) {
             const HijriMonth& same = *(begun + static_cast<std::ptrdiff_t>(i));
             EXPECT_EQ(iso_date(one[i].first_day), iso_date(same.first_day)) << year << " " << i + 1;

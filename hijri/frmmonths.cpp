@@ -17,6 +17,7 @@
 #include "panel/panelstyle.h"
 #include "panel/panelsupport.h"
 #include "panel/placenames.h"
+#include "panel/printerchoice.h"
 #include "routines/machineclock.h"
 #include "routines/seriesloader.h"
 #include "stored/loclist.h"
@@ -27,7 +28,6 @@
 
 #include <QFileInfo>
 #include <QPointer>
-#include <QPrintDialog>
 #include <QPrinter>
 #include <QScopedValueRollback>
 #include <QScreen>
@@ -103,12 +103,6 @@ constexpr TwinText tabs[] = {
 constexpr TwinText stored_place_words{"The st&ored location: %1", "الموقع المحفو&ظ: %1"};
 constexpr TwinText no_rule{"No other rule", "بلا مقارنة"};
 constexpr TwinText both_languages{"Both", "كلتاهما"};
-constexpr TwinText month_title{"Month", "الشهر"};
-constexpr TwinText first_day_title{"First day", "اليوم الأول"};
-constexpr TwinText days_title{"Days", "الأيام"};
-constexpr TwinText margin_title{"Margin", "الهامش"};
-constexpr TwinText notes_title{"Notes", "ملاحظات"};
-constexpr TwinText difference_title{"Difference", "الفرق"};
 constexpr TwinText calculating{"Calculating: %1 %", "جار الحساب: %1 %"};
 constexpr TwinText stopped_words{"Stopped. Nothing is shown.", "أوقف. لا يعرض شيء."};
 constexpr TwinText nothing_shown{"Nothing is shown. %1", "لا يعرض شيء. %1"};
@@ -118,7 +112,6 @@ constexpr TwinText faults_words{"Lines of the list with a fault, which are left 
 constexpr TwinText saved{"Saved: %1", "تم الحفظ: %1"};
 constexpr TwinText save_title{"Save Hijri Months", "حفظ الأشهر الهجرية"};
 constexpr TwinText error_title{"File Error", "خطأ"};
-constexpr TwinText not_printed{"The printer has not taken the pages.", "لم تستلم الطابعة الصفحات."};
 constexpr TwinText list_title{"Announced Months", "الأشهر المعلنة"};
 constexpr TwinText unsaved_question{
     "The announced months have edits that are not saved. Close and lose them?",
@@ -182,38 +175,6 @@ QString day_words(const HijriDay& day, bool as_hijri, Language language) {
     const std::string date = as_hijri ? long_hijri_date(day, language) : long_date(day.day_number, language);
     const std::string notes = notes_text(day.month, language);
     return QString::fromStdString(notes.empty() ? date : date + " (" + notes + ")");
-}
-
-/// Of the columns that show_row fills: the first days of the rules side by side, then the rest of each.
-QStringList year_titles(const HijriYears& years, Language language) {
-    const bool is_compared = years.rules.size() > 1;
-    QStringList first_days{text_of(month_title, language)};
-    QStringList rest;
-    for (const RuleMonths& rule : years.rules) {
-        const QString by =
-            is_compared ? u'\n' + shortened(text_of(rule.settings.rule->name, language)) : QString();
-        first_days << text_of(first_day_title, language) + by;
-        for (const TwinText& title : {days_title, margin_title, notes_title})
-            rest << text_of(title, language) + by;
-    }
-    if (is_compared)
-        first_days << text_of(difference_title, language);
-    return first_days + rest;
-}
-
-void show_row(CellTable& table, int row, const MonthRow& month) {
-    int column = 0;
-    const auto show = [&table, row, &column](const std::string& text, bool is_marked) {
-        table.show_cell(row, column++, isolated(QString::fromStdString(text)), is_marked);
-    };
-    show(month.month, month.parts.front().may_differ);
-    for (const MonthRow::Part& part : month.parts)
-        show(part.first_day, part.may_differ);
-    if (!month.difference.empty())
-        show(month.difference, false);
-    for (const MonthRow::Part& part : month.parts)
-        for (const std::string& text : {part.days, part.margin, part.notes})
-            show(text, part.may_differ);
 }
 
 } // namespace
@@ -620,13 +581,7 @@ void frmmonths::show_year() {
         return;
     }
     years_ = year_job_->result();
-    CellTable& table = *ui_->tblyear;
-    table.show_columns(year_titles(*years_, language_));
-    const std::vector<MonthRow> rows = rows_of(*years_, language_);
-    table.setRowCount(static_cast<int>(rows.size()));
-    for (int row = 0; row < table.rowCount(); ++row)
-        show_row(table, row, rows[static_cast<std::size_t>(row)]);
-    table.fit_cells();
+    ui_->tblyear->show_year(*years_, language_);
     show_state(text_of(summary_of(*years_), language_));
     show_buttons();
     make_shown_tab();
@@ -898,18 +853,12 @@ void frmmonths::cmdprint_click() {
 }
 
 void frmmonths::print() {
-    const QPointer<frmmonths> self(this);
     const std::shared_ptr<const MonthSheet> printed = sheet_;
     const MonthPage page = shown_page();
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(windowTitle());
     set_paper(printer, page.paper);
-    const QPointer<QPrintDialog> dialog(new QPrintDialog(&printer, this));
-    const bool agreed = dialog->exec() == QDialog::Accepted;
-    if (self == nullptr)
-        return;
-    delete dialog;
-    if (!agreed)
+    if (!choose_printer(printer, *this))
         return;
     if (!printer.outputFileName().isEmpty())
         save_result(printer.outputFileName().toStdString(), pdf_of(*printed, page));

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "panel/viewer.h"
+#include "panel/printerchoice.h"
 
 #include "base/failure.h"
 #include "base/version.h"
@@ -17,7 +18,6 @@
 #include <QLineEdit>
 #include <QPdfWriter>
 #include <QPointer>
-#include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
 #include <QShortcut>
@@ -69,7 +69,6 @@ constexpr TwinText missing{"There is no file of this name yet:", "لا يوجد 
 constexpr TwinText save_title{"Save As", "حفظ باسم"};
 constexpr TwinText text_kind{"Text", "نص"};
 constexpr TwinText pdf_title{"Save PDF", "حفظ PDF"};
-constexpr TwinText not_printed{"The printer has not taken the pages.", "لم تستلم الطابعة الصفحات."};
 constexpr TwinText error_title{"File Error", "خطأ"};
 
 bool is_report(const QString& path) {
@@ -465,12 +464,7 @@ void Viewer::print() {
     const QPointer<Viewer> self(this);
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(title());
-    auto* const dialog = new QPrintDialog(&printer, this);
-    const bool agreed = dialog->exec() == QDialog::Accepted;
-    if (self == nullptr)
-        return;
-    delete dialog;
-    if (!agreed)
+    if (!choose_printer(printer, *this))
         return;
     if (!printer.outputFileName().isEmpty()) {
         write_pdf(printer.outputFileName(), &printer);

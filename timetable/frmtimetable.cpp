@@ -14,6 +14,7 @@
 #include "panel/panelstyle.h"
 #include "panel/panelsupport.h"
 #include "panel/placenames.h"
+#include "panel/printerchoice.h"
 #include "routines/machineclock.h"
 #include "routines/seriesloader.h"
 #include "stored/loclist.h"
@@ -33,7 +34,6 @@
 
 #include <QFileInfo>
 #include <QPointer>
-#include <QPrintDialog>
 #include <QPrinter>
 #include <QScopedValueRollback>
 #include <QScrollBar>
@@ -77,7 +77,6 @@ constexpr TwinText save_title{"Save the Timetable", "حفظ التقويم"};
 constexpr TwinText compare_title{"Compare with a Table", "المقارنة مع جدول"};
 constexpr TwinText compare_filter{"Tables (*.csv *.txt)", "جداول \u200E(*.csv *.txt)"};
 constexpr TwinText error_title{"File Error", "خطأ"};
-constexpr TwinText not_printed{"The printer has not taken the pages.", "لم تستلم الطابعة الصفحات."};
 constexpr TwinText profile_title{"Profile", "مجموعة القواعد"};
 constexpr TwinText replace_question{"There is a profile \"%1\" already. Replace it?",
                                     "توجد مجموعة قواعد باسم \"%1\". هل تريد استبدالها؟"};
@@ -733,18 +732,12 @@ void frmtimetable::cmdprint_click() {
 }
 
 void frmtimetable::print(const Timetable& timetable) {
-    const QPointer<frmtimetable> self(this);
     const Timetable printed = timetable;
     const PageSettings& page = printed.settings.profile.page;
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(windowTitle());
     set_paper(printer, page.paper);
-    const QPointer<QPrintDialog> dialog(new QPrintDialog(&printer, this));
-    const bool agreed = dialog->exec() == QDialog::Accepted;
-    if (self == nullptr)
-        return;
-    delete dialog;
-    if (!agreed)
+    if (!choose_printer(printer, *this))
         return;
     if (!printer.outputFileName().isEmpty()) {
         if (const auto bytes = file_of(printed, page, TimetableFormat::pdf))

@@ -13,6 +13,7 @@
 #include "panel/panelstyle.h"
 #include "panel/panelsupport.h"
 #include "panel/placenames.h"
+#include "panel/printerchoice.h"
 #include "routines/machineclock.h"
 #include "routines/seriesloader.h"
 #include "stored/loclist.h"
@@ -26,7 +27,6 @@
 
 #include <QFileInfo>
 #include <QPointer>
-#include <QPrintDialog>
 #include <QPrinter>
 #include <QScopedValueRollback>
 #include <QScrollBar>
@@ -68,7 +68,6 @@ constexpr TwinText page_words{"Page %1 of %2", "صفحة %1 من %2"};
 constexpr TwinText saved{"Saved: %1", "تم الحفظ: %1"};
 constexpr TwinText save_title{"Save the Watch Sheet", "حفظ ورقة الرصد"};
 constexpr TwinText error_title{"File Error", "خطأ"};
-constexpr TwinText not_printed{"The printer has not taken the pages.", "لم تستلم الطابعة الصفحات."};
 
 struct KindWords {
     WatchFormat format;
@@ -333,18 +332,12 @@ void frmwatch::cmdprint_click() {
 }
 
 void frmwatch::print() {
-    const QPointer<frmwatch> self(this);
     const std::shared_ptr<const CrescentWatch> printed = watch_;
     const WatchPage page = shown_page();
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(windowTitle());
     set_paper(printer, page.paper);
-    const QPointer<QPrintDialog> dialog(new QPrintDialog(&printer, this));
-    const bool agreed = dialog->exec() == QDialog::Accepted;
-    if (self == nullptr)
-        return;
-    delete dialog;
-    if (!agreed)
+    if (!choose_printer(printer, *this))
         return;
     if (!printer.outputFileName().isEmpty())
         save_result(printer.outputFileName().toStdString(), pdf_of(*printed, page));

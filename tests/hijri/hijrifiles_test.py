@@ -20,8 +20,8 @@ import tempfile
 
 import icalendar
 
-sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "timetable"))
-from paper_test import SKIPPED, Difference, check_fonts, check_margins, expect, run, told, words_of  # noqa: E402
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "support"))
+from taskfiles import SKIPPED, Difference, Task, check_fonts, check_margins, expect, told, words_of  # noqa: E402
 
 HEAD = "year,month,name,first_day,days,margin,note"
 YEARS = (1440, 1447)
@@ -89,17 +89,12 @@ REFUSALS = [
 ]
 
 
-class Program:
+class Hijri(Task):
     def __init__(self, report, folder):
-        self.report, self.folder = report, folder
-
-    def hijri(self, *words):
-        return run(self.report, "--folder", self.folder, "hijri", *words)
+        super().__init__(report, folder, "hijri")
 
     def made(self, *words):
-        done = self.hijri(*words)
-        expect(done.returncode == 0 and not done.stderr, f"{words}: {done.stderr}")
-        return done.stdout.decode()
+        return super().made(*words).decode()
 
     def file(self, form, *words):
         return self.made(*words, "--format", form, "--output", "-")
@@ -230,10 +225,10 @@ def check_announced(program, rows):
 
     path.write_text(f"{LIST_HEAD}1447,9,{later},Court\n1447,13,{later},Nobody\n", encoding="utf-8")
     words = [*YEAR, *QURA, "--format", "csv", "--output", "-", "--announced-file", path]
-    done = program.hijri(*words)
+    done = program.run(*words)
     expect(done.returncode == 0 and f"{path}, line 3: ".encode() in done.stderr, f"a fault: {done.stderr}")
     expect(rows_of(done.stdout.decode()) == announced, "the sound line is not used")
-    done = program.hijri(*words, "--strict")
+    done = program.run(*words, "--strict")
     expect(done.returncode == 1 and b"line 3: " in done.stderr and not done.stdout, f"--strict: {done.stderr}")
 
     kept = program.folder / "hijri-announced.csv"
@@ -248,7 +243,7 @@ def check_announced(program, rows):
         expect(found == wanted, f"{rule} beside {other}: {set(found.items()) ^ set(wanted.items())}")
     kept.unlink()
     path.unlink()
-    done = program.hijri(*YEAR, "--rule", "announced")
+    done = program.run(*YEAR, "--rule", "announced")
     expect(done.returncode == 0 and b"no announced start" in done.stderr, f"an empty list: {done.stderr}")
 
 
@@ -356,12 +351,12 @@ def check_default_files(program):
 def check_refusals(program):
     before = {path.name: path.read_bytes() for path in program.folder.iterdir() if path.is_file()}
     for words, wanted in REFUSALS:
-        done = program.hijri(*words)
+        done = program.run(*words)
         expect(done.returncode == 2 and not done.stdout, f"{words}: status {done.returncode} {done.stderr}")
         expect(re.search(wanted, done.stderr.decode()), f"{words}: {done.stderr.decode()}")
     for words, wanted in (([*YEAR, "--output", "pref.vsk"], b"file of the program"),
                           ([*YEAR, "--announced-file", "none.csv"], b"No such file")):
-        done = program.hijri(*words)
+        done = program.run(*words)
         expect(done.returncode == 1 and wanted in done.stderr, f"{words}: {done.stderr}")
     after = {path.name: path.read_bytes() for path in program.folder.iterdir() if path.is_file()}
     expect(before == after, "a refused run has written")
@@ -386,7 +381,7 @@ def check_kept_faults(program):
     kept = program.folder / "hijri-rule.ini"
     for text, words, status, wanted in KEPT_FAULTS:
         kept.write_text(f"[rule]\n{text}\n", encoding="utf-8")
-        done = program.hijri(*YEAR, *words)
+        done = program.run(*YEAR, *words)
         expect(done.returncode == status and not done.stdout, f"{text} {words}: {done.returncode} {done.stderr}")
         expect(wanted in done.stderr.decode(), f"{text} {words}: {done.stderr.decode()}")
     kept.unlink()
@@ -424,7 +419,7 @@ def main(source, report):
         shutil.copytree(pathlib.Path(source) / "data", folder)
         os.chdir(folder)
         try:
-            check_all(pathlib.Path(source), Program(pathlib.Path(report), folder), scratch)
+            check_all(pathlib.Path(source), Hijri(pathlib.Path(report), folder), scratch)
         except Difference as difference:
             print(f"FAILED: {difference}")
             return 1

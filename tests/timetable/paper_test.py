@@ -7,66 +7,29 @@ are embedded, the pages are counted, and words tell of what cannot be done.
 """
 
 import csv
-import html
 import io
 import os
 import pathlib
 import re
 import shutil
-import subprocess
 import sys
 import tempfile
 
-SKIPPED = 77
-DOTS_PER_MM = 200 / 25.4
-MARGIN = 14.6  # mm; the rules at the margins are smoothed
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "support"))
+from taskfiles import SKIPPED, Difference, Task, check_fonts, check_margins, expect, told, words_of  # noqa: E402
+
 ROW = 3  # points that words of one row differ in, at most
 MANY = "date,weekday,hijri,imsak,fajer,fajer_iqamah,shuroq,dhohur,dhohur_iqamah,aser_standard,aser_hanafi,maghreb,isha,midnight"
 
 
-class Difference(Exception):
-    pass
-
-
-def expect(holds, what):
-    if not holds:
-        raise Difference(what)
-
-
-def run(*command, **options):
-    return subprocess.run([str(word) for word in command], capture_output=True, check=False, **options)
-
-
-def told(*command):
-    done = run(*command)
-    expect(done.returncode == 0 and not done.stderr, f"{command}: {done.stderr}")
-    return done.stdout
-
-
-class Programs:
+class Timetables(Task):
     def __init__(self, report, folder):
-        self.report, self.folder = report, folder
-
-    def timetable(self, *words):
-        return run(self.report, "--folder", self.folder, "timetable", *words)
-
-    def made(self, *words):
-        done = self.timetable(*words)
-        expect(done.returncode == 0 and not done.stderr, f"{words}: {done.stderr}")
-        return done.stdout
+        super().__init__(report, folder, "timetable")
 
     def pdf(self, name, *words):
         path = self.folder / f"{name}.pdf"
         expect(self.made(*words, "--format", "pdf", "--output", path) == f"{path}\n".encode(), f"{name}: its path")
         return path
-
-
-def words_of(path):
-    """The words of each page: text, left side, middle line."""
-    pages = told("pdftotext", "-bbox", path, "-").decode().split("<page ")[1:]
-    word = re.compile(r'<word xMin="([\d.]+)" yMin="([\d.]+)" xMax="([\d.]+)" yMax="([\d.]+)">([^<]*)</word>')
-    return [[(html.unescape(m[5]), float(m[1]), (float(m[2]) + float(m[4])) / 2) for m in word.finditer(page)]
-            for page in pages]
 
 
 def check_rows(path, rows, language):
@@ -86,24 +49,6 @@ def check_rows(path, rows, language):
             shown.reverse()
         times = [value for value in row.values() if clock.fullmatch(value)]
         expect(shown == times, f"{path.name}, {row['date']}: {shown} where the rows have {times}")
-
-
-def check_margins(path):
-    picture = told("pdftoppm", "-r", "200", "-gray", "-f", "1", "-l", "1", path)
-    _, size, _, dots = picture.split(b"\n", 3)
-    width, height = map(int, size.split())
-    lines = [dots[y * width:(y + 1) * width] for y in range(height)]
-    blank = b"\xff" * width
-    across = round(MARGIN * DOTS_PER_MM)
-    expect(all(line == blank for line in lines[:across] + lines[-across:]), f"{path.name}: a margin above or below")
-    side = b"\xff" * across
-    expect(all(line.startswith(side) and line.endswith(side) for line in lines), f"{path.name}: a margin at a side")
-    expect(any(line != blank for line in lines), f"{path.name}: the page is blank")
-
-
-def check_fonts(path):
-    fonts = told("pdffonts", path).decode().splitlines()[2:]
-    expect(fonts and all(re.search(r" yes +yes +yes +\d+ +\d+$", font) for font in fonts), f"{path.name}: {fonts}")
 
 
 def check_month(programs, language, paper, columns):
@@ -157,7 +102,7 @@ def check_fontless(programs, scratch):
     fonts = scratch / "fonts.conf"
     fonts.write_text('<?xml version="1.0"?><fontconfig><dir>/nowhere</dir></fontconfig>')
     os.environ["FONTCONFIG_FILE"] = str(fonts)
-    done = programs.timetable("--month", "2026-02", "--format", "pdf", "--output", "-")
+    done = programs.run("--month", "2026-02", "--format", "pdf", "--output", "-")
     del os.environ["FONTCONFIG_FILE"]
     expect(done.returncode == 1 and not done.stdout and b"no font" in done.stderr, f"without fonts: {done.stderr}")
 
@@ -166,15 +111,15 @@ def check_failures(programs, scratch):
     lonely = scratch / "lonely"
     lonely.mkdir()
     shutil.copy(programs.report, lonely)
-    alone = Programs(lonely / programs.report.name, programs.folder)
-    done = alone.timetable("--month", "2026-02", "--format", "pdf", "--output", "-")
+    alone = Timetables(lonely / programs.report.name, programs.folder)
+    done = alone.run("--month", "2026-02", "--format", "pdf", "--output", "-")
     expect(done.returncode == 1 and not done.stdout, "without halvane-paper")
     expect(done.stderr.decode().startswith("halvane-report: ") and b"halvane-paper" in done.stderr and
            done.stderr.count(b"\n") == 1, f"its words: {done.stderr}")
-    expect(alone.timetable("--month", "2026-02", "--output", "-").returncode == 0, "CSV without halvane-paper")
-    mistake = programs.timetable("--month", "2026-13", "--format", "pdf", "--output", "-")
+    expect(alone.run("--month", "2026-02", "--output", "-").returncode == 0, "CSV without halvane-paper")
+    mistake = programs.run("--month", "2026-13", "--format", "pdf", "--output", "-")
     expect(mistake.returncode == 2 and mistake.stderr.startswith(b"halvane-report: "), "a month that is none")
-    unwritten = programs.timetable("--month", "2026-02", "--format", "pdf", "--output", scratch / "none" / "page.pdf")
+    unwritten = programs.run("--month", "2026-02", "--format", "pdf", "--output", scratch / "none" / "page.pdf")
     expect(unwritten.returncode == 1 and unwritten.stderr.startswith(b"halvane-report: "), "a folder that is not there")
 
 
@@ -188,7 +133,7 @@ def main(source, report):
         scratch = pathlib.Path(scratch_name)
         folder = scratch / "program folder"
         shutil.copytree(pathlib.Path(source) / "data", folder)
-        programs = Programs(pathlib.Path(report), folder)
+        programs = Timetables(pathlib.Path(report), folder)
         try:
             for language in ("en", "ar", "both"):
                 for paper in ("A4", "Letter"):

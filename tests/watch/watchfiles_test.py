@@ -18,8 +18,8 @@ import struct
 import sys
 import tempfile
 
-sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "timetable"))
-from paper_test import SKIPPED, Difference, check_fonts, check_margins, expect, run, told, words_of  # noqa: E402
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "support"))
+from taskfiles import SKIPPED, Difference, Task, check_fonts, check_margins, expect, told, words_of  # noqa: E402
 
 EVENING = ["--date", "2026-02-18"]
 HEAD = ("local_time,universal_time,moon_altitude_deg,moon_apparent_altitude_deg,moon_azimuth_deg,sun_altitude_deg,"
@@ -49,17 +49,9 @@ REFUSALS = [
 ]
 
 
-class Program:
+class Watch(Task):
     def __init__(self, report, folder):
-        self.report, self.folder = report, folder
-
-    def watch(self, *words):
-        return run(self.report, "--folder", self.folder, "watch", *words)
-
-    def made(self, *words):
-        done = self.watch(*words)
-        expect(done.returncode == 0 and not done.stderr, f"{words}: {done.stderr}")
-        return done.stdout
+        super().__init__(report, folder, "watch")
 
     def rows(self, *words):
         text = self.made(*words, "--format", "csv", "--output", "-").decode()
@@ -158,12 +150,12 @@ def check_default_file(program):
 def check_refusals(program):
     before = {path.name: path.read_bytes() for path in program.folder.iterdir() if path.is_file()}
     for words, wanted in REFUSALS:
-        done = program.watch(*words)
+        done = program.run(*words)
         expect(done.returncode == 2 and not done.stdout, f"{words}: status {done.returncode} {done.stderr}")
         expect(wanted in done.stderr.decode(), f"{words}: {done.stderr.decode()}")
-    done = program.watch(*EVENING, "--format", "csv", "--output", "pref.vsk")
+    done = program.run(*EVENING, "--format", "csv", "--output", "pref.vsk")
     expect(done.returncode == 1 and b"file of the program" in done.stderr, f"a program's file: {done.stderr}")
-    done = program.watch(*EVENING, "--format", "csv", "--output", "none/x.csv")
+    done = program.run(*EVENING, "--format", "csv", "--output", "none/x.csv")
     expect(done.returncode == 1 and b"No such file" in done.stderr, f"no folder: {done.stderr}")
     after = {path.name: path.read_bytes() for path in program.folder.iterdir() if path.is_file()}
     expect(before == after, "a refused run has written")
@@ -179,7 +171,7 @@ def main(source, report):
         scratch = pathlib.Path(scratch_name)
         folder = scratch / "program folder"
         shutil.copytree(pathlib.Path(source) / "data", folder)
-        program = Program(pathlib.Path(report), folder)
+        program = Watch(pathlib.Path(report), folder)
         os.chdir(folder)
         try:
             for place in ("Amman", "Makkah", "Cape Town", "Tromso"):

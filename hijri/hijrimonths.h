@@ -17,7 +17,7 @@ struct MonthMargin {
     Of of = Of::lag;
     double value = 0;       ///< met where positive; seconds of lag or of age at sunset, units of the measure
     double uncertainty = 0; ///< within which the theory cannot tell it from its limit
-    std::string unit;       ///< "s", or that of the measure; empty for a mere number
+    const char* unit = "";  ///< "s", or that of the measure; empty for a mere number
 
     bool is_near_tie() const { return value < uncertainty && value > -uncertainty; }
 };

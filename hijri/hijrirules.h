@@ -76,6 +76,9 @@ struct HijriPlace {
 /// beyond the date line.
 double days_ahead(const HijriPlace& place);
 
+/// Where crescents are looked for that count anywhere, unless a part is chosen.
+inline constexpr MapWindow inhabited_world{-180, -60, 180, 60};
+
 /// A rule with what it asks for.
 struct HijriSettings {
     const HijriRule* rule = nullptr;
@@ -83,7 +86,7 @@ struct HijriSettings {
     const CataloguedCriterion* criterion = nullptr;
     std::size_t seen_class = 1; ///< the lowest class that counts as seen; usually the criterion's `by_eye`
     CriteriaSettings limits;
-    MapWindow region{-180, -60, 180, 60}; ///< within which a crescent counts
+    MapWindow region = inhabited_world; ///< within which a crescent counts
     SeenBefore before = SeenBefore::any_time;
     /// Mainland of the Americas (mainland.h) for the exception of Istanbul 2016; empty: without it.
     MapRing americas;

@@ -84,7 +84,8 @@ public:
         const double top = paint_star_rule(painter_, left_, right_, write_head());
         const double room = bottom_ - foot_height - top;
         const double least_grid = 0.75 * room;
-        const double points = notes_points(room - least_grid);
+        const double points =
+            notes_points(room - least_grid, [this](double size) { return write_notes(nullptr, 0, size); });
         const double notes = write_notes(nullptr, 0, points);
         const double end =
             paint_month_grid(painter_, QRectF(left_, top, right_ - left_, room - notes), sheet_, language_);
@@ -117,14 +118,6 @@ private:
         for (const TwinWords& warning : warnings_of(sheet_))
             top = writer.write(in(warning), page_font(9, true, PageColours::ink), top + 0.6 * page_units);
         return top;
-    }
-
-    /// The size at which the notes fill no more than `room`.
-    double notes_points(double room) const {
-        double points = 8;
-        while (points > 4 && write_notes(nullptr, 0, points) > room)
-            points -= 0.25;
-        return points;
     }
 
     /// Writes the notes below `top`, and gives how high they are.

@@ -28,7 +28,8 @@ std::string margin_text(const HijriMonth& month) {
     if (!month.margin)
         return "";
     const std::string number = format_number(month.margin->value, pattern_of(*month.margin));
-    return month.margin->unit.empty() ? number : number + " " + month.margin->unit;
+    const std::string unit = month.margin->unit;
+    return unit.empty() ? number : number + " " + unit;
 }
 
 std::vector<TwinWords> notes_of(const HijriMonth& month) {

@@ -280,8 +280,6 @@ private:
     const HijriSettings& settings_;
 };
 
-constexpr MapWindow whole_world{-180, -60, 180, 60};
-
 std::optional<double> geocentric_measure(const CrescentEvening& evening,
                                          const CriteriaSettings& /*settings*/) {
     return istanbul_margin(evening, evening.at_sun_event.geocentric);
@@ -296,7 +294,7 @@ CataloguedCriterion limits_of_istanbul(HijriRuleKind kind) {
 }
 
 SeenSearch world_search(const CataloguedCriterion& criterion) {
-    return {&criterion, criterion.by_eye, {}, whole_world, std::nullopt, nullptr};
+    return {&criterion, criterion.by_eye, {}, inhabited_world, std::nullopt, nullptr};
 }
 
 class Turkey final : public SeenAnywhere {
@@ -344,7 +342,7 @@ private:
             return dawn;
         SeenSearch search = world_search(criterion_);
         search.land = &americas_;
-        search.region = americas_.box_within(whole_world);
+        search.region = americas_.box_within(inhabited_world);
         const std::optional<MonthMargin> seen = best_margin(sky, day, conjunction, search);
         if (!seen)
             return std::nullopt;

@@ -131,4 +131,14 @@ std::string words_of_page(Language language, int number, int pages) {
     return QString::fromUtf8(page_of_pages.in(language)).arg(number).arg(pages).toStdString();
 }
 
+double notes_points(double room, const std::function<double(double points)>& height_of) {
+    constexpr double usual = 8;
+    constexpr double least = 4;
+    constexpr double step = 0.25;
+    double points = usual;
+    while (points > least && height_of(points) > room)
+        points -= step;
+    return points;
+}
+
 } // namespace halvane

@@ -76,6 +76,10 @@ private:
 /// Paints the rule below a head, with a star in its middle, and gives where it ends.
 double paint_star_rule(QPainter& painter, double left, double right, double top);
 
+/// The size, of 8 points down to 4, at which notes fill no more than `room`.
+/// In     height_of  how high they are at so many points
+double notes_points(double room, const std::function<double(double points)>& height_of);
+
 /// Paints the rule above a foot, and gives where the foot's words begin.
 /// In     bottom  of the page within its margins
 double paint_foot_rule(QPainter& painter, double left, double right, double bottom);

@@ -26,7 +26,9 @@ public:
         const double table_top = paint_star_rule(painter_, left_, right_, write_head());
         const PageTable table(sheet_, settings_.language, right_ - left_);
         const double room = bottom_ - foot_height - table_top;
-        const double notes_size = notes_points(room - table.least_height(least_row_height));
+        const double notes_size =
+            notes_points(room - table.least_height(least_row_height),
+                         [this](double points) { return write_notes(nullptr, 0, points); });
         const double notes_height = write_notes(nullptr, 0, notes_size);
         const double table_bottom =
             table.paint(painter_, QRectF(left_, table_top, right_ - left_, room - notes_height));
@@ -61,14 +63,6 @@ private:
             top = writer.write(sheet_.zone.in(language), small,
                                writer.write(sheet_.coordinates.in(language), small, top));
         return writer.write(sheet_.rules.in(language), small, top);
-    }
-
-    /// The size at which the notes fill no more than `room`.
-    double notes_points(double room) const {
-        double points = 8;
-        while (points > 4 && write_notes(nullptr, 0, points) > room)
-            points -= 0.25;
-        return points;
     }
 
     /// Writes the notes below `top`, and gives how high they are.

@@ -7,7 +7,8 @@
 #include "panel/panelsupport.h"
 #include "routines/seriesloader.h"
 #include "stored/programfolder.h"
-#include "stored/unfinishedfile.h"
+#include "system/programstart.h"
+#include "system/unfinishedfile.h"
 
 #include <QStandardPaths>
 #include <cstdio>

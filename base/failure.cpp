@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "base/failure.h"
 
+#include "system/systemerrors.h"
+
 #include <cerrno>
 #include <cmath>
 #include <cstdio>
@@ -31,7 +33,6 @@ constexpr SystemError system_errors[] = {
     {EPERM, "لا إذن بذلك"},
     {EROFS, "القرص للقراءة فقط"},
     {ENOSPC, "لم تبق مساحة على القرص"},
-    {EDQUOT, "استهلكت المساحة المسموح بها على القرص"},
     {EFBIG, "تجاوز الملف الحجم المسموح به"},
     {EISDIR, "هذا مجلد و ليس ملفا"},
     {ENOTDIR, "جزء من المسار ليس مجلدا"},
@@ -44,6 +45,8 @@ constexpr SystemError system_errors[] = {
 };
 
 std::string text_of_error(int error, Language language) {
+    if (language == Language::arabic && is_quota_error(error))
+        return "استهلكت المساحة المسموح بها على القرص";
     if (language == Language::arabic)
         for (const SystemError& known : system_errors)
             if (known.error == error)
@@ -60,13 +63,12 @@ FailureKind kind_of_error(int error) {
     case EROFS:
         return FailureKind::no_right;
     case ENOSPC:
-    case EDQUOT:
     case EFBIG:
         return FailureKind::no_space;
     case ENOMEM:
         return FailureKind::no_memory;
     default:
-        return FailureKind::system;
+        return is_quota_error(error) ? FailureKind::no_space : FailureKind::system;
     }
 }
 

@@ -11,7 +11,8 @@
 #include "routines/seriesloader.h"
 #include "stored/outputfile.h"
 #include "stored/programfolder.h"
-#include "stored/unfinishedfile.h"
+#include "system/programstart.h"
+#include "system/unfinishedfile.h"
 
 #include <CLI/CLI.hpp>
 

@@ -1,32 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "batch/console.h"
 
-#include "stored/unfinishedfile.h"
+#include "system/console.h"
+#include "system/interrupts.h"
 
 #include <algorithm>
-#include <csignal>
 #include <cstdio>
 #include <string>
-#include <unistd.h>
 
 namespace halvane {
-namespace {
-
-volatile std::sig_atomic_t interrupted = 0;
-
-/// The first interrupt cancels; a second one ends a run that does not come to that.
-void interrupt(int signal) {
-    if (interrupted != 0)
-        end_by_signal(signal);
-    interrupted = 1;
-}
-
-} // namespace
-
-ConsoleProgress::ConsoleProgress() : terminal_(::isatty(STDERR_FILENO) == 1) {
-    struct sigaction action {};
-    action.sa_handler = interrupt;
-    sigaction(SIGINT, &action, nullptr);
+ConsoleProgress::ConsoleProgress() : terminal_(errors_are_on_a_terminal()) {
+    take_interrupts();
 }
 
 ConsoleProgress::~ConsoleProgress() {
@@ -48,7 +32,7 @@ void ConsoleProgress::percent(double value) {
 }
 
 bool ConsoleProgress::yield() {
-    return interrupted == 0;
+    return !interrupted();
 }
 
 } // namespace halvane

@@ -16,7 +16,7 @@
 #include "report/valuetext.h"
 #include "routines/seriesloader.h"
 #include "stored/outputfile.h"
-#include "stored/unfinishedfile.h"
+#include "system/unfinishedfile.h"
 #include "timetable/span.h"
 
 #include <CLI/CLI.hpp>

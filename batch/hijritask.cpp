@@ -10,7 +10,7 @@
 #include "routines/seriesloader.h"
 #include "stored/outputfile.h"
 #include "stored/programfolder.h"
-#include "stored/unfinishedfile.h"
+#include "system/unfinishedfile.h"
 #include "timetable/span.h"
 
 #include <CLI/CLI.hpp>

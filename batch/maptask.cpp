@@ -11,7 +11,7 @@
 #include "crescent/maptexts.h"
 #include "routines/seriesloader.h"
 #include "stored/outputfile.h"
-#include "stored/unfinishedfile.h"
+#include "system/unfinishedfile.h"
 
 #include <CLI/CLI.hpp>
 

@@ -3,6 +3,7 @@
 #include "batch/batchprogram.h"
 #include "finemap/mappicturefiles.h"
 #include "hijri/monthpaper.h"
+#include "system/commandline.h"
 #include "timetable/timetablepdf.h"
 #include "watch/watchpaper.h"
 
@@ -11,6 +12,7 @@
 #include <optional>
 
 int main(int argc, char** argv) {
+    halvane::CommandLine line(argc, argv);
     std::optional<QGuiApplication> application; // fonts need one
     halvane::PageMaker pages;
     pages.begin = [&] {
@@ -29,5 +31,5 @@ int main(int argc, char** argv) {
         return halvane::pdf_of(sheets, page);
     };
     pages.draw_maps = halvane::draw_maps;
-    return halvane::run_batch(argc, argv, pages);
+    return halvane::run_batch(line.count(), line.words(), pages);
 }

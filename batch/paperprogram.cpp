@@ -3,10 +3,10 @@
 
 #include "base/failure.h"
 #include "stored/programfolder.h"
+#include "system/executable.h"
 
 #include <cerrno>
 #include <string>
-#include <unistd.h>
 
 namespace halvane {
 namespace {
@@ -21,8 +21,8 @@ RunTimeFailure no_paper_program(const std::string& path, int error) {
 } // namespace
 
 void become_paper_program(char** words) {
-    const std::string path = executable_folder() + "/halvane-paper";
-    execv(path.c_str(), words);
+    const std::string path = executable_folder() + "/" + program_file("halvane-paper");
+    continue_as(path, words);
     throw no_paper_program(path, errno);
 }
 

@@ -7,7 +7,7 @@
 #include "crescent/picturename.h"
 #include "stored/outputfile.h"
 #include "stored/programfolder.h"
-#include "stored/unfinishedfile.h"
+#include "system/unfinishedfile.h"
 
 #include <CLI/CLI.hpp>
 

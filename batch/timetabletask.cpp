@@ -12,7 +12,7 @@
 #include "stored/outputfile.h"
 #include "stored/programfolder.h"
 #include "stored/textfile.h"
-#include "stored/unfinishedfile.h"
+#include "system/unfinishedfile.h"
 #include "timetable/comparetable.h"
 #include "timetable/hijridays.h"
 #include "timetable/manyplaces.h"

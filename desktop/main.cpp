@@ -6,7 +6,8 @@
 #include "panel/panelstyle.h"
 #include "panel/panelsupport.h"
 #include "stored/programfolder.h"
-#include "stored/unfinishedfile.h"
+#include "system/programstart.h"
+#include "system/unfinishedfile.h"
 
 #include <cstdio>
 #include <cstdlib>

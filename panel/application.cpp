@@ -6,7 +6,7 @@
 #include "panel/formlanguage.h"
 #include "panel/messages.h"
 #include "panel/panelsupport.h"
-#include "stored/unfinishedfile.h"
+#include "system/unfinishedfile.h"
 
 #include <QIcon>
 #include <cstdio>

@@ -4,14 +4,12 @@
 #include "stored/outputfile.h"
 #include "stored/textfile.h"
 #include "stored/windows1256.h"
+#include "system/regularfile.h"
 
 #include <algorithm>
 #include <cerrno>
-#include <fcntl.h>
 #include <filesystem>
 #include <optional>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace halvane {
 
@@ -50,18 +48,6 @@ private:
     bool ended_ = false;
 };
 
-/// What tells one state of a file from another.
-std::string state_of(const Descriptor& file) {
-    struct stat status {};
-    if (::fstat(file.number(), &status) != 0)
-        return {};
-    std::string state;
-    const std::int64_t parts[] = {status.st_size, status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
-    for (const std::int64_t part : parts)
-        state += std::to_string(part) + ' ';
-    return state;
-}
-
 /// How many of `bytes`, counted from the first, end with a whole UTF-8 character.
 std::size_t whole_characters(std::string_view bytes) {
     constexpr std::size_t longest_character = 4;
@@ -78,12 +64,12 @@ std::size_t whole_characters(std::string_view bytes) {
 
 /// A file of its own beside `path`, or where temporary files go, that has no name; none where there is no
 /// room.
-Descriptor nameless_file(const std::string& path) {
+Descriptor copy_beside(const std::string& path) {
     const std::filesystem::path parent = std::filesystem::path(path).parent_path();
     const std::string folders[] = {parent.empty() ? "." : parent.string(),
                                    std::filesystem::temp_directory_path().string()};
     for (const std::string& folder : folders)
-        if (Descriptor file(::open(folder.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0600)); file.is_open())
+        if (Descriptor file = nameless_file(folder); file.is_open())
             return file;
     return Descriptor();
 }
@@ -174,18 +160,16 @@ std::shared_ptr<const KeptText> KeptText::of_file(const std::string& path) {
 /// One pass over the file: keeps its bytes and finds its lines. A file that changes meanwhile is read again.
 void KeptText::take(Descriptor file) {
     for (int look = 0; look < looks; ++look) {
-        state_ = state_of(file);
+        state_ = FileIdentity::of(file.number());
         const bool is_long = file.size() > held_in_memory;
-        Descriptor copy = is_long ? nameless_file(name_) : Descriptor();
+        Descriptor copy = is_long ? copy_beside(name_) : Descriptor();
         is_copy_ = copy.is_open();
         held_.clear();
         size_ = 0;
         std::string bytes(portion, '\0');
         std::optional<Reader> reader;
         for (;;) {
-            const ssize_t count = ::pread(file.number(), bytes.data(), portion, size_);
-            if (count < 0 && errno == EINTR)
-                continue;
+            const std::ptrdiff_t count = read_at(file.number(), bytes.data(), portion, size_);
             if (count < 0)
                 throw file_failure(FileAction::read, name_, errno);
             std::string_view read(bytes.data(), static_cast<std::size_t>(count));
@@ -210,7 +194,7 @@ void KeptText::take(Descriptor file) {
         lines_ = reader->lines;
         utf8_ = reader->utf8;
         longest_ = utf8_ ? reader->longest_utf8 : reader->longest_single;
-        if (state_of(file) == state_) {
+        if (FileIdentity::of(file.number()).has_content_of(state_)) {
             file_ = is_copy_ ? std::move(copy) : is_long ? std::move(file) : Descriptor();
             return;
         }
@@ -219,7 +203,7 @@ void KeptText::take(Descriptor file) {
 }
 
 void KeptText::require_unchanged() const {
-    if (file_.is_open() && !is_copy_ && state_of(file_) != state_)
+    if (file_.is_open() && !is_copy_ && !FileIdentity::of(file_.number()).has_content_of(state_))
         throw damaged_file(name_, same_file, changed_file);
 }
 
@@ -229,10 +213,8 @@ std::string KeptText::bytes_at(std::int64_t from, std::int64_t to) const {
     std::string bytes(static_cast<std::size_t>(to - from), '\0');
     std::size_t done = 0;
     while (done < bytes.size()) {
-        const ssize_t count = ::pread(file_.number(), bytes.data() + done, bytes.size() - done,
-                                      from + static_cast<std::int64_t>(done));
-        if (count < 0 && errno == EINTR)
-            continue;
+        const std::ptrdiff_t count = read_at(file_.number(), bytes.data() + done, bytes.size() - done,
+                                             from + static_cast<std::int64_t>(done));
         if (count <= 0) {
             require_unchanged();
             throw file_failure(FileAction::read, name_, count < 0 ? errno : EIO);

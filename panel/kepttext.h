@@ -2,7 +2,8 @@
 #pragma once
 
 #include "base/failure.h"
-#include "stored/descriptor.h"
+#include "system/descriptor.h"
+#include "system/fileidentity.h"
 
 #include <QString>
 #include <cstddef>
@@ -88,7 +89,7 @@ private:
     std::string held_;
     Descriptor file_; ///< the copy, or the file itself; none for a text in memory
     bool is_copy_ = false;
-    std::string state_; ///< of the file when it was opened
+    FileIdentity state_; ///< of the file when it was opened
     std::int64_t size_ = 0;
     std::int64_t start_ = 0; ///< of the text, behind a byte order mark
     std::int64_t lines_ = 1;

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "routines/machineclock.h"
 
+#include "system/localclock.h"
+
+#include <chrono>
 #include <cmath>
 #include <ctime>
 #include <optional>
@@ -16,16 +19,14 @@ MachineTime shown_by(const std::tm& clock) {
 }
 
 /// Seconds of the system's count at which a clock `zone` hours ahead of Universal Time shows `time`.
-std::time_t seconds_of(const MachineTime& time, double zone) {
+std::int64_t seconds_of(const MachineTime& time, double zone) {
+    using namespace std::chrono;
     constexpr double seconds_per_hour = 3600;
-    std::tm clock{};
-    clock.tm_year = time.year - 1900;
-    clock.tm_mon = time.month - 1;
-    clock.tm_mday = time.day;
-    clock.tm_hour = time.hour;
-    clock.tm_min = time.minute;
-    clock.tm_sec = time.second;
-    return timegm(&clock) - static_cast<std::time_t>(std::floor(zone * seconds_per_hour + 0.5));
+    const year_month_day date(year(time.year), month(static_cast<unsigned>(time.month)),
+                              day(static_cast<unsigned>(time.day)));
+    const sys_seconds shown = sys_days(date) + hours(time.hour) + minutes(time.minute) + seconds(time.second);
+    return shown.time_since_epoch().count() -
+           static_cast<std::int64_t>(std::floor(zone * seconds_per_hour + 0.5));
 }
 
 } // namespace
@@ -33,10 +34,7 @@ std::time_t seconds_of(const MachineTime& time, double zone) {
 MachineTime machine_time() {
     if (fixed_time)
         return *fixed_time;
-    const std::time_t now = std::time(nullptr);
-    std::tm local{};
-    localtime_r(&now, &local);
-    return shown_by(local);
+    return shown_by(local_clock());
 }
 
 std::int64_t utc_second_now() {
@@ -44,10 +42,17 @@ std::int64_t utc_second_now() {
 }
 
 MachineTime universal_time() {
-    const std::time_t now = utc_second_now();
-    std::tm universal{};
-    gmtime_r(&now, &universal);
-    return shown_by(universal);
+    using namespace std::chrono;
+    const sys_seconds now{seconds(utc_second_now())};
+    const sys_days midnight = floor<days>(now);
+    const year_month_day date(midnight);
+    const hh_mm_ss clock(now - midnight);
+    return {static_cast<int>(date.year()),
+            static_cast<int>(static_cast<unsigned>(date.month())),
+            static_cast<int>(static_cast<unsigned>(date.day())),
+            static_cast<int>(clock.hours().count()),
+            static_cast<int>(clock.minutes().count()),
+            static_cast<int>(clock.seconds().count())};
 }
 
 void set_machine_time(const MachineTime& time) {

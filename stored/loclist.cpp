@@ -6,13 +6,12 @@
 #include "stored/programfolder.h"
 #include "stored/storedfile.h"
 #include "stored/textfile.h"
+#include "system/folderlock.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
-#include <fcntl.h>
 #include <filesystem>
-#include <sys/file.h>
 #include <system_error>
 #include <thread>
 
@@ -42,11 +41,10 @@ void fill(RecordReader& reader, std::vector<Location>& locations) {
 /// list itself is replaced by every edit, and a file of its own would stay behind.
 class ListEdit {
 public:
-    ListEdit() : list_(program_path(list_name)) {
-        folder_ = Descriptor(::open(program_folder().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    ListEdit() : list_(program_path(list_name)), folder_(program_folder()) {
         const auto given_up = std::chrono::steady_clock::now() + longest_wait;
-        while (!folder_.is_open() || ::flock(folder_.number(), LOCK_EX | LOCK_NB) != 0) {
-            const bool is_held = folder_.is_open() && (errno == EWOULDBLOCK || errno == EINTR);
+        for (auto answer = folder_.take(); answer != FolderLock::Answer::taken; answer = folder_.take()) {
+            const bool is_held = answer == FolderLock::Answer::held;
             if (!is_held || std::chrono::steady_clock::now() >= given_up)
                 give_up(is_held);
             std::this_thread::sleep_for(between_looks);
@@ -68,7 +66,7 @@ private:
     static constexpr auto longest_wait = std::chrono::seconds(10);
     static constexpr auto between_looks = std::chrono::milliseconds(2);
     std::string list_;
-    Descriptor folder_;
+    FolderLock folder_;
 };
 
 std::vector<Location> locations_of(const std::string& text, const std::string& path) {

@@ -2,8 +2,9 @@
 #pragma once
 
 #include "base/failure.h"
-#include "stored/descriptor.h"
-#include "stored/unfinishedfile.h"
+#include "system/descriptor.h"
+#include "system/outputplace.h"
+#include "system/unfinishedfile.h"
 
 #include <memory>
 #include <string>
@@ -36,10 +37,10 @@ public:
     void commit();
 
 private:
-    void open_beside(FileRights rights, bool replaces, unsigned rights_before);
+    void open_beside(FileRights rights);
 
-    std::string path_;  ///< as it was given, for messages
-    std::string place_; ///< where the links lead
+    std::string path_; ///< as it was given, for messages
+    OutputPlace place_;
     std::unique_ptr<UnfinishedFile> beside_;
     Descriptor in_place_;
 };

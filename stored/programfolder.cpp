@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "stored/programfolder.h"
 
+#include "system/executable.h"
+
 #include <algorithm>
 #include <array>
 #include <filesystem>
@@ -48,9 +50,8 @@ unsigned program_folder_generation() {
 }
 
 std::string executable_folder() {
-    std::error_code error;
-    const std::filesystem::path executable = std::filesystem::read_symlink("/proc/self/exe", error);
-    return error ? std::string(".") : executable.parent_path().string();
+    const std::filesystem::path executable = executable_path();
+    return executable.empty() ? std::string(".") : executable.parent_path().string();
 }
 
 std::string program_path(std::string_view name) {

@@ -4,25 +4,26 @@
 #include "base/failure.h"
 #include "stored/outputfile.h"
 #include "stored/windows1256.h"
+#include "system/regularfile.h"
 
 #include <array>
 #include <cerrno>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
+#include <utility>
 
 namespace halvane {
 namespace {
 
-/// What stands in the place of a file.
-TwinWords other_kind(mode_t mode) {
-    if (S_ISDIR(mode))
+TwinWords words_of(FileKind kind) {
+    switch (kind) {
+    case FileKind::folder:
         return {"a folder", "مجلد"};
-    if (S_ISFIFO(mode))
+    case FileKind::pipe:
         return {"a named pipe", "أنبوب"};
-    if (S_ISSOCK(mode))
+    case FileKind::socket:
         return {"a socket", "مقبس"};
-    return {"a device", "جهاز"};
+    default:
+        return {"a device", "جهاز"};
+    }
 }
 
 TwinWords at_most(std::size_t size) {
@@ -30,33 +31,15 @@ TwinWords at_most(std::size_t size) {
     return {"a file of at most " + megabytes + " MB", "ملف لا يزيد على " + megabytes + " ميغابايت"};
 }
 
-/// In     known  whether the system has given the status
-void require_regular(bool known, const struct stat& status, const std::string& path) {
-    if (!known)
-        throw file_failure(FileAction::open, path, errno);
-    if (!S_ISREG(status.st_mode))
-        throw damaged_file(path, {"a file", "ملف"}, other_kind(status.st_mode));
-}
-
-/// Up to `count` further bytes; none at the end.
-std::size_t read_some(const Descriptor& file, char* bytes, std::size_t count, const std::string& path) {
-    for (;;) {
-        const ssize_t taken = ::read(file.number(), bytes, count);
-        if (taken >= 0)
-            return static_cast<std::size_t>(taken);
-        if (errno != EINTR)
-            throw file_failure(FileAction::read, path, errno);
-    }
-}
-
 } // namespace
 
 Descriptor open_regular_file(const std::string& path) {
-    struct stat status {};
-    require_regular(::stat(path.c_str(), &status) == 0, status, path);
-    Descriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
-    require_regular(file.is_open() && ::fstat(file.number(), &status) == 0, status, path);
-    return file;
+    RegularFile opened = open_regular(path);
+    if (opened.kind != FileKind::regular)
+        throw damaged_file(path, {"a file", "ملف"}, words_of(opened.kind));
+    if (!opened.file.is_open())
+        throw file_failure(FileAction::open, path, errno);
+    return std::move(opened.file);
 }
 
 std::string read_file(const std::string& path) {
@@ -69,10 +52,13 @@ std::string read_file(const std::string& path) {
     std::string bytes;
     bytes.reserve(file.size() + 1);
     std::array<char, 65536> block{};
-    for (std::size_t count = 0; (count = read_some(file, block.data(), block.size(), path)) > 0;) {
-        bytes.append(block.data(), count);
+    std::ptrdiff_t count = 0;
+    while ((count = read_some(file.number(), block.data(), block.size())) > 0) {
+        bytes.append(block.data(), static_cast<std::size_t>(count));
         require_allowed(bytes.size()); // it may grow, or not know its size
     }
+    if (count < 0)
+        throw file_failure(FileAction::read, path, errno);
     return bytes;
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "stored/descriptor.h"
+#include "system/descriptor.h"
 
 #include <cstddef>
 #include <string>

@@ -25,8 +25,9 @@
 #include "stored/programfolder.h"
 #include "stored/tele.h"
 #include "stored/textfile.h"
-#include "stored/unfinishedfile.h"
 #include "stored/visib.h"
+#include "system/programstart.h"
+#include "system/unfinishedfile.h"
 #include "tools/measuring/random.h"
 
 #include <cmath>

@@ -1,22 +1,17 @@
 // SPDX-License-Identifier: MIT
-#include "stored/unfinishedfile.h"
+#include "system/unfinishedfile.h"
+
+#include "system/filecalls.h"
 
 #include <algorithm>
 #include <array>
 #include <atomic>
 #include <cerrno>
-#include <climits>
-#include <csignal>
-#include <cstring>
-#include <ctime>
-#include <fcntl.h>
+#include <chrono>
 #include <filesystem>
-#include <initializer_list>
 #include <random>
 #include <string_view>
-#include <sys/stat.h>
 #include <system_error>
-#include <unistd.h>
 #include <utility>
 
 namespace halvane {
@@ -42,9 +37,11 @@ std::string new_name() {
     return name;
 }
 
+constexpr std::size_t longest_path = 4096; // of Linux; Windows has shorter ones [bytes]
+
 /// One path that a signal handler removes. It reads the path only while `used` is set.
 struct Slot {
-    std::array<char, PATH_MAX> path{};
+    std::array<char, longest_path> path{};
     std::atomic<bool> used = false;
 };
 static_assert(std::atomic<bool>::is_always_lock_free);
@@ -54,7 +51,7 @@ std::array<Slot, slot_count> slots;
 
 /// The slot that has taken `path`; -1 when all are used or it is too long for any.
 int take_slot(const std::string& path) {
-    if (path.size() >= PATH_MAX)
+    if (path.size() >= longest_path)
         return -1;
     for (int i = 0; i < slot_count; ++i) {
         Slot& slot = slots[static_cast<std::size_t>(i)];
@@ -73,24 +70,6 @@ void free_slot(int slot) {
         slots[static_cast<std::size_t>(slot)].used = false;
 }
 
-void flush_folder_of(const std::string& path) {
-    const fs::path parent = fs::path(path).parent_path();
-    const int folder = ::open(parent.empty() ? "." : parent.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (folder < 0)
-        return;
-    ::fsync(folder);
-    ::close(folder);
-}
-
-void handle(int number, void (*handler)(int)) {
-    struct sigaction present {};
-    if (::sigaction(number, nullptr, &present) != 0 || present.sa_handler == SIG_IGN)
-        return; // as nohup and a shell's background jobs ask for
-    struct sigaction action {};
-    action.sa_handler = handler;
-    ::sigaction(number, &action, nullptr);
-}
-
 } // namespace
 
 UnfinishedFile::UnfinishedFile(const std::string& folder, unsigned rights) {
@@ -100,8 +79,8 @@ UnfinishedFile::UnfinishedFile(const std::string& folder, unsigned rights) {
     for (int i = 0; i < tries; ++i) {
         path_ = (base / new_name()).string();
         slot_ = take_slot(path_);
-        descriptor_ = ::open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, rights);
-        if (descriptor_ >= 0)
+        file_ = Descriptor(make_file(path_, rights));
+        if (file_.is_open())
             return;
         free_slot(std::exchange(slot_, -1));
         if (errno != EEXIST)
@@ -110,28 +89,24 @@ UnfinishedFile::UnfinishedFile(const std::string& folder, unsigned rights) {
 }
 
 UnfinishedFile::~UnfinishedFile() {
-    if (descriptor_ < 0)
+    if (!file_.is_open())
         return;
-    close();
+    file_.close();
     remove();
 }
 
-bool UnfinishedFile::close() {
-    return ::close(std::exchange(descriptor_, -1)) == 0;
-}
-
 void UnfinishedFile::remove() {
-    ::unlink(path_.c_str());
+    remove_file(path_.c_str());
     free_slot(std::exchange(slot_, -1));
 }
 
 bool UnfinishedFile::move_to(const std::string& place) {
-    const bool flushed = ::fsync(descriptor_) == 0;
+    const bool flushed = flush_file(file_.number());
     int error = errno;
-    const bool closed = close();
+    const bool closed = file_.close();
     if (flushed && !closed)
         error = errno;
-    const bool moved = flushed && closed && ::rename(path_.c_str(), place.c_str()) == 0;
+    const bool moved = flushed && closed && replace_file(path_, place);
     if (flushed && closed && !moved)
         error = errno;
     if (moved) {
@@ -147,37 +122,17 @@ bool UnfinishedFile::move_to(const std::string& place) {
 void remove_unfinished_files() {
     for (const Slot& slot : slots)
         if (slot.used)
-            ::unlink(slot.path.data());
-}
-
-void end_by_signal(int number) {
-    remove_unfinished_files();
-    ::signal(number, SIG_DFL);
-    ::raise(number);
-}
-
-void begin_program() {
-    // In the other direction than the stream's: its use stays the error that it is when closed.
-    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
-        if (::fcntl(stream, F_GETFD) < 0 && errno == EBADF) [[maybe_unused]]
-            const int placeholder = ::open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
-    ::signal(SIGPIPE, SIG_IGN);
-    ::signal(SIGXFSZ, SIG_IGN);
-    for (const int number : {SIGTERM, SIGHUP, SIGINT})
-        handle(number, end_by_signal);
+            remove_file(slot.path.data());
 }
 
 void remove_old_leftovers(const std::string& folder) {
-    constexpr std::time_t day = 86400;
-    const std::time_t now = std::time(nullptr);
     std::error_code error;
     fs::directory_iterator entry(folder.empty() ? "." : folder, error);
     for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
-        struct stat status {};
+        const std::string path = entry->path().string();
         if (is_name_of_unfinished(entry->path().filename().string()) &&
-            ::lstat(entry->path().c_str(), &status) == 0 && S_ISREG(status.st_mode) &&
-            status.st_uid == ::geteuid() && now - status.st_mtime > day)
-            ::unlink(entry->path().c_str());
+            is_own_file_unwritten_for(std::chrono::hours(24), path))
+            remove_file(path.c_str());
     }
 }
 

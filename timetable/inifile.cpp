@@ -2,10 +2,9 @@
 #include "timetable/inifile.h"
 
 #include "timetable/csvtable.h"
+#include "timetable/inilines.h"
 
 #include <algorithm>
-#include <cstring>
-#include <ini.h>
 
 namespace halvane {
 namespace {
@@ -17,49 +16,36 @@ public:
         : rest_(text), path_(path), take_(take) {}
 
     void run() {
-        const int bad_line = ini_parse_stream(next_line, this, take_value, this);
-        if (bad_line > 0 || unreadable_ > 0)
-            raise_bad_line(path_, unreadable_ > 0 ? unreadable_ : bad_line,
-                           "wanted \"key = value\" or \"[section]\"",
+        while (!rest_.empty())
+            take_line(rest_.substr(0, std::min(rest_.find('\n'), rest_.size() - 1) + 1));
+        if (unreadable_ > 0)
+            raise_bad_line(path_, unreadable_, "wanted \"key = value\" or \"[section]\"",
                            "المطلوب \"key = value\" أو \"[section]\"");
         if (!refused_.english.empty())
             raise_bad_line(path_, refused_line_, refused_.english, refused_.arabic);
     }
 
 private:
-    static char* next_line(char* buffer, int size, void* self) {
-        return static_cast<IniReader*>(self)->line_into(buffer, static_cast<std::size_t>(size));
-    }
-
-    char* line_into(char* buffer, std::size_t size) {
-        if (rest_.empty())
-            return nullptr;
+    void take_line(std::string_view line) {
+        constexpr std::size_t longest_line = 199; // [bytes]
+        rest_.remove_prefix(line.size());
         ++line_;
-        const std::size_t length = std::min(rest_.find('\n'), rest_.size() - 1) + 1;
-        const std::size_t taken = std::min(length, size - 1);
-        const bool is_text = rest_.substr(0, length).find('\0') == std::string_view::npos;
-        if ((taken < length || !is_text) && unreadable_ == 0)
+        const bool is_text = line.size() <= longest_line && line.find('\0') == std::string_view::npos;
+        const IniLines::Found found = is_text ? lines_.take(line) : IniLines::Found::unreadable;
+        if (found == IniLines::Found::unreadable && unreadable_ == 0)
             unreadable_ = line_;
-        std::memcpy(buffer, rest_.data(), taken);
-        buffer[taken] = '\0';
-        rest_.remove_prefix(length);
-        return buffer;
-    }
-
-    static int take_value(void* self, const char* section, const char* name, const char* value) {
-        IniReader& reader = *static_cast<IniReader*>(self);
-        if (reader.refused_.english.empty()) {
-            reader.refused_ = reader.take_(section, name, value);
-            reader.refused_line_ = reader.line_;
+        if (found == IniLines::Found::value && refused_.english.empty()) {
+            refused_ = take_(lines_.section(), lines_.name(), lines_.value());
+            refused_line_ = line_;
         }
-        return 1;
     }
 
     std::string_view rest_;
     const std::string& path_;
     const TakeIniValue& take_;
+    IniLines lines_;
     int line_ = 0;
-    int unreadable_ = 0; ///< first line that the parser cannot take
+    int unreadable_ = 0; ///< first line that is none of an INI text
     TwinWords refused_;
     int refused_line_ = 0;
 };

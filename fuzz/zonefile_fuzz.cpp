@@ -36,6 +36,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string bytes(data, data + size);
     if (const auto rule = ZoneRule::read(bytes))
         check_rule(*rule);
+    if (const auto clocks = halvane::clocks_of_zone_file(bytes))
+        for (std::size_t i = 1; i < clocks->size(); ++i)
+            require((*clocks)[i - 1].begin < (*clocks)[i].begin);
     if (const auto found = halvane::rule_of_zone_file(bytes))
         check_rule(found->rule);
     return 0;

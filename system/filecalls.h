@@ -2,14 +2,16 @@
 // The calls that an unfinished file is made of. What fails leaves its reason in errno.
 #pragma once
 
+#include "system/descriptor.h"
+
 #include <chrono>
 #include <string>
 
 namespace halvane {
 
-/// Makes a file that is not there yet, open for writing. Returns its number, or -1.
+/// Makes a file that is not there yet, open for writing. Not open when errno tells why not.
 /// In     rights  at most these, where the system knows such; the umask takes from them
-int make_file(const std::string& path, unsigned rights);
+Descriptor make_file(const std::string& path, unsigned rights);
 
 /// Gives the open file these rights; a file system without rights refuses, and keeps its own.
 void give_rights(int file, unsigned rights);

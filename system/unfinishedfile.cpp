@@ -79,7 +79,7 @@ UnfinishedFile::UnfinishedFile(const std::string& folder, unsigned rights) {
     for (int i = 0; i < tries; ++i) {
         path_ = (base / new_name()).string();
         slot_ = take_slot(path_);
-        file_ = Descriptor(make_file(path_, rights));
+        file_ = make_file(path_, rights);
         if (file_.is_open())
             return;
         free_slot(std::exchange(slot_, -1));

@@ -3,56 +3,96 @@
 
 #include "base/failure.h"
 #include "stored/textfile.h"
+#include "system/regularfile.h"
+#include "system/zonefolder.h"
 #include "zones/zonefile.h"
 
 #include <algorithm>
-#include <chrono>
+#include <array>
 #include <cmath>
-#include <date/tz.h>
-#include <exception>
+#include <filesystem>
 #include <optional>
 #include <string_view>
+#include <system_error>
+#include <utility>
 
 namespace halvane {
 namespace {
 
+namespace fs = std::filesystem;
+
 constexpr std::int64_t one_day = 86400; // [s]
 
-/// The folder that the date library takes the zones from.
-constexpr std::string_view zone_folder = "/usr/share/zoneinfo/";
-
-/// Not zones of the IANA: the machine's own one is a link among them.
-bool is_alias_of_the_machine(std::string_view name) {
-    return name == "localtime";
+/// What the folder of the zones holds besides: the machine's own zone, and every zone again with other leap
+/// seconds.
+bool is_no_zone(const std::string& entry) {
+    static constexpr std::array<std::string_view, 5> names{"Factory", "localtime", "posix", "posixrules",
+                                                           "right"};
+    return std::find(names.begin(), names.end(), entry) != names.end();
 }
 
-/// The zones of the system; none when it has no zone files.
-const date::tzdb* installed_zones() {
-    try {
-        const date::tzdb& zones = date::get_tzdb();
-        return zones.zones.empty() ? nullptr : &zones;
-    } catch (const std::exception&) {
-        return nullptr;
+/// The names in `folder`; none where there is no such folder.
+std::vector<std::string> entries_of(const fs::path& folder) {
+    std::vector<std::string> names;
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error); !error && entry != fs::directory_iterator();
+         entry.increment(error))
+        names.push_back(entry->path().filename().string());
+    return names;
+}
+
+/// Whether `name` stands in the folder of the zones letter by letter, which not every file system asks for.
+bool is_listed(const std::string& name) {
+    fs::path folder = zone_folder();
+    std::size_t begin = 0;
+    while (begin <= name.size()) {
+        const std::size_t end = std::min(name.find('/', begin), name.size());
+        const std::string entry = name.substr(begin, end - begin);
+        const std::vector<std::string> present = entries_of(folder);
+        if ((begin == 0 && is_no_zone(entry)) ||
+            std::find(present.begin(), present.end(), entry) == present.end())
+            return false;
+        folder /= entry;
+        begin = end + 1;
     }
+    return true;
 }
 
+/// The file of that zone; nothing when it is none.
 std::optional<std::string> zone_file(const std::string& name) {
     try {
-        std::string bytes = read_file(std::string(zone_folder) + name);
-        if (bytes.starts_with("TZif"))
-            return bytes;
+        if (is_listed(name)) {
+            std::string bytes = read_file((fs::path(zone_folder()) / name).string());
+            if (bytes.starts_with("TZif"))
+                return bytes;
+        }
     } catch (const RunTimeFailure&) { // NOLINT(bugprone-empty-catch): no zone then
     }
     return std::nullopt;
 }
 
-const date::time_zone* find_zone(const date::tzdb& zones, const std::string& name) {
-    if (is_alias_of_the_machine(name))
-        return nullptr;
-    const auto found = std::lower_bound(
-        zones.zones.begin(), zones.zones.end(), name,
-        [](const date::time_zone& zone, const std::string& wanted) { return zone.name() < wanted; });
-    return found != zones.zones.end() && found->name() == name ? &*found : nullptr;
+bool begins_a_zone_file(const std::string& path) {
+    constexpr std::string_view begin = "TZif";
+    std::array<char, begin.size()> bytes{};
+    const RegularFile opened = open_regular(path);
+    return opened.file.is_open() &&
+           read_some(opened.file.number(), bytes.data(), bytes.size()) ==
+               static_cast<std::ptrdiff_t>(bytes.size()) &&
+           std::string_view(bytes.data(), bytes.size()) == begin;
+}
+
+/// Adds the zones in a folder of the zones, whose name within it is `prefix`.
+void list_zones(const fs::path& folder, const std::string& prefix, std::vector<std::string>& names) {
+    for (const std::string& entry : entries_of(folder)) {
+        const fs::path path = folder / entry;
+        std::error_code ignored;
+        if (prefix.empty() && is_no_zone(entry))
+            continue;
+        if (fs::is_directory(path, ignored))
+            list_zones(path, prefix + entry + '/', names);
+        else if (begins_a_zone_file(path.string()))
+            names.push_back(prefix + entry);
+    }
 }
 
 std::int64_t second_of(double jd) {
@@ -77,35 +117,17 @@ RunTimeFailure unknown_zone(const std::string& name) {
 } // namespace
 
 struct TimeZone::Rules {
-    struct Period {
-        std::int64_t begin; ///< seconds after 1970 January 1, 0 h UT
-        int offset;         ///< [s]
-    };
     std::string name;
-    std::vector<Period> periods; ///< the first one has no beginning
+    std::vector<ZoneClock> periods;
     std::optional<RuleOfFile> rule;
 };
 
 std::shared_ptr<const TimeZone::Rules> TimeZone::read(const std::string& name) {
-    const date::tzdb* zones = installed_zones();
-    if (!zones)
-        throw no_zone_files();
-    const date::time_zone* zone = find_zone(*zones, name);
-    const std::optional<std::string> file = zone ? zone_file(name) : std::nullopt;
-    if (!file)
-        throw unknown_zone(name);
-    const date::sys_seconds first = date::sys_days(date::year(-9999) / 1 / 1);
-    const date::sys_seconds last = date::sys_days(date::year(9999) / 12 / 31);
-    auto rules = std::make_shared<Rules>();
-    rules->name = name;
-    for (date::sys_seconds at = first; at < last;) {
-        const date::sys_info info = zone->get_info(at);
-        rules->periods.push_back(
-            {info.begin.time_since_epoch().count(), static_cast<int>(info.offset.count())});
-        at = info.end;
-    }
-    rules->rule = rule_of_zone_file(*file);
-    return rules;
+    const std::optional<std::string> file = zone_file(name);
+    std::optional<std::vector<ZoneClock>> clocks = file ? clocks_of_zone_file(*file) : std::nullopt;
+    if (!clocks)
+        throw entries_of(zone_folder()).empty() ? no_zone_files() : unknown_zone(name);
+    return std::make_shared<Rules>(Rules{name, std::move(*clocks), rule_of_zone_file(*file)});
 }
 
 TimeZone::TimeZone(const std::string& name) : rules_(read(name)) {}
@@ -115,10 +137,10 @@ const std::string& TimeZone::name() const {
 }
 
 int TimeZone::offset_at_second(std::int64_t utc_second) const {
-    const std::vector<Rules::Period>& periods = rules_->periods;
-    const auto next = std::upper_bound(
-        periods.begin() + 1, periods.end(), utc_second,
-        [](std::int64_t second, const Rules::Period& period) { return second < period.begin; });
+    const std::vector<ZoneClock>& periods = rules_->periods;
+    const auto next =
+        std::upper_bound(periods.begin() + 1, periods.end(), utc_second,
+                         [](std::int64_t second, const ZoneClock& period) { return second < period.begin; });
     if (next == periods.end() && rules_->rule && utc_second > rules_->rule->last_change)
         return rules_->rule->rule.offset_at_second(utc_second);
     return (next - 1)->offset;
@@ -141,16 +163,13 @@ int TimeZone::offset_on(double jd) const {
 }
 
 bool is_zone_name(const std::string& name) {
-    const date::tzdb* zones = installed_zones();
-    return zones && find_zone(*zones, name) && zone_file(name);
+    return zone_file(name).has_value();
 }
 
 std::vector<std::string> zone_names() {
     std::vector<std::string> names;
-    if (const date::tzdb* zones = installed_zones())
-        for (const date::time_zone& zone : zones->zones)
-            if (!is_alias_of_the_machine(zone.name()))
-                names.push_back(zone.name());
+    list_zones(zone_folder(), {}, names);
+    std::sort(names.begin(), names.end());
     return names;
 }
 

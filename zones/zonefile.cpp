@@ -45,22 +45,61 @@ std::int64_t last_change(std::string_view block) {
                       : big_endian(block.substr(head_size + (count - 1) * time, time));
 }
 
-} // namespace
-
-std::optional<RuleOfFile> rule_of_zone_file(std::string_view bytes) {
-    // The first block, whose times have four bytes, is for readers of the first version.
+/// The second block of the file and what follows it; the first one, whose times have four bytes, is for
+/// readers of the first version. Nothing when they are not whole.
+struct SecondBlock {
+    std::string_view bytes;
+    std::size_t length;
+};
+std::optional<SecondBlock> second_block(std::string_view bytes) {
     const std::optional<std::size_t> first = block_length(bytes, 4);
     if (!first)
         return std::nullopt;
     bytes.remove_prefix(*first);
     const std::optional<std::size_t> second = block_length(bytes, 8);
-    if (!second)
+    return second ? std::optional(SecondBlock{bytes, *second}) : std::nullopt;
+}
+
+} // namespace
+
+std::optional<std::vector<ZoneClock>> clocks_of_zone_file(std::string_view bytes) {
+    const std::optional<SecondBlock> block = second_block(bytes);
+    if (!block)
         return std::nullopt;
-    const std::string_view line = bytes.substr(*second);
+    constexpr std::size_t time = 8;
+    constexpr std::size_t clock_size = 6;
+    const std::size_t change_count = count_of(block->bytes, changes);
+    const std::size_t clock_count = count_of(block->bytes, clocks);
+    const std::string_view times = block->bytes.substr(head_size, change_count * time);
+    const std::string_view kinds = block->bytes.substr(head_size + times.size(), change_count);
+    const std::string_view listed = block->bytes.substr(head_size + times.size() + kinds.size());
+    const auto offset_of = [listed](std::size_t kind) {
+        constexpr std::size_t offset_size = 4;
+        return static_cast<int>(
+            static_cast<std::int32_t>(big_endian(listed.substr(kind * clock_size, offset_size))));
+    };
+    if (clock_count == 0)
+        return std::nullopt;
+    std::vector<ZoneClock> found{{std::numeric_limits<std::int64_t>::min(), offset_of(0)}};
+    for (std::size_t i = 0; i < change_count; ++i) {
+        const auto kind = static_cast<unsigned char>(kinds[i]);
+        const std::int64_t begin = big_endian(times.substr(i * time, time));
+        if (kind >= clock_count || (i > 0 && begin <= found.back().begin))
+            return std::nullopt;
+        found.push_back({begin, offset_of(kind)});
+    }
+    return found;
+}
+
+std::optional<RuleOfFile> rule_of_zone_file(std::string_view bytes) {
+    const std::optional<SecondBlock> block = second_block(bytes);
+    if (!block)
+        return std::nullopt;
+    const std::string_view line = block->bytes.substr(block->length);
     if (line.size() < 2 || line.front() != '\n' || line.back() != '\n')
         return std::nullopt;
     const std::optional<ZoneRule> rule = ZoneRule::read(line.substr(1, line.size() - 2));
-    return rule ? std::optional(RuleOfFile{*rule, last_change(bytes)}) : std::nullopt;
+    return rule ? std::optional(RuleOfFile{*rule, last_change(block->bytes)}) : std::nullopt;
 }
 
 } // namespace halvane

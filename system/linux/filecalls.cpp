@@ -11,8 +11,8 @@
 
 namespace halvane {
 
-int make_file(const std::string& path, unsigned rights) {
-    return ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, rights);
+Descriptor make_file(const std::string& path, unsigned rights) {
+    return Descriptor(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, rights));
 }
 
 void give_rights(int file, unsigned rights) {

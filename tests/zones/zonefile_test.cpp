@@ -55,6 +55,29 @@ TEST(ZoneFile, WithoutChangesHasItsRuleAlways) {
     EXPECT_EQ(found->last_change, std::numeric_limits<std::int64_t>::min());
 }
 
+TEST(ZoneFile, HasTheFirstOfItsClocksBeforeItsChanges) {
+    const auto clocks = clocks_of_zone_file(zone_file({-9000000000, 5, 7}, "<+03>-3"));
+    ASSERT_TRUE(clocks);
+    ASSERT_EQ(clocks->size(), 4U);
+    constexpr std::int64_t begins[]{std::numeric_limits<std::int64_t>::min(), -9000000000, 5, 7};
+    constexpr int offsets[]{3600, 3600, 7200, 3600};
+    for (std::size_t i = 0; i < clocks->size(); ++i) {
+        EXPECT_EQ((*clocks)[i].begin, begins[i]);
+        EXPECT_EQ((*clocks)[i].offset, offsets[i]);
+    }
+}
+
+TEST(ZoneFile, OfAnotherFormHasNoClocks) {
+    EXPECT_FALSE(clocks_of_zone_file(zone_file({7, 5}, ""))) << "changes out of order";
+    std::string bytes = zone_file({5}, "");
+    constexpr std::size_t second_block = 44 + 2 * 6 + 8 + 8 + 4;
+    bytes[second_block + 44 + 8] = 2;
+    EXPECT_FALSE(clocks_of_zone_file(bytes)) << "a clock that is not there";
+    const std::string whole = zone_file({1, 2, 3}, "");
+    for (std::size_t size = 0; size < whole.size() - 2; ++size)
+        EXPECT_FALSE(clocks_of_zone_file(whole.substr(0, size))) << size;
+}
+
 TEST(ZoneFile, OfAnotherFormHasNoRule) {
     const std::string whole = zone_file({1, 2, 3}, "CET-1CEST,M3.5.0,M10.5.0/3");
     for (std::size_t size = 0; size < whole.size(); ++size)

@@ -7,6 +7,7 @@
 #include "panel/panelsupport.h"
 #include "routines/seriesloader.h"
 #include "stored/programfolder.h"
+#include "system/path.h"
 #include "system/programstart.h"
 #include "system/unfinishedfile.h"
 
@@ -27,7 +28,7 @@ QString session_folder() {
 /// A user's folder keeps its copy of the program when the package goes, and links that lead nowhere.
 bool package_is_gone() {
     std::error_code ignored;
-    const std::string series = series_path("term.vsk");
+    const std::filesystem::path series = path_of(series_path("term.vsk"));
     return std::filesystem::is_symlink(series, ignored) && !std::filesystem::exists(series, ignored);
 }
 

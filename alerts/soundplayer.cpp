@@ -2,6 +2,7 @@
 #include "alerts/soundplayer.h"
 
 #include "stored/programfolder.h"
+#include "system/path.h"
 
 #include <QApplication>
 #include <QAudioDevice>
@@ -19,7 +20,7 @@ constexpr const char* beep_file = "beep.wav";
 
 bool is_there(const std::string& name) {
     std::error_code error;
-    return std::filesystem::is_regular_file(program_path(name), error);
+    return std::filesystem::is_regular_file(path_of(program_path(name)), error);
 }
 
 } // namespace

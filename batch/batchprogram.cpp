@@ -11,6 +11,7 @@
 #include "routines/seriesloader.h"
 #include "stored/outputfile.h"
 #include "stored/programfolder.h"
+#include "system/path.h"
 #include "system/programstart.h"
 #include "system/unfinishedfile.h"
 
@@ -18,9 +19,11 @@
 
 #include <cerrno>
 #include <exception>
+#include <filesystem>
 #include <iostream>
 #include <optional>
 #include <string>
+#include <system_error>
 #include <vector>
 
 namespace halvane {
@@ -44,6 +47,15 @@ std::string read_now(const std::string& text, MachineTime& time) {
         return "wanted a time as YYYY-MM-DDTHH:MM, found \"" + text + "\"";
     time = *read;
     return {};
+}
+
+/// An empty text for a folder that is there, as the command line library asks for.
+std::string read_folder(const std::string& text) {
+    std::error_code ignored;
+    const std::filesystem::file_status status = std::filesystem::status(path_of(text), ignored);
+    if (!std::filesystem::exists(status))
+        return "Directory does not exist: " + text;
+    return std::filesystem::is_directory(status) ? "" : "Directory is actually a file: " + text;
 }
 
 std::vector<std::string> names_of(const std::vector<Task>& tasks) {
@@ -84,7 +96,7 @@ int run(int argc, char** argv, const PageMaker& pages) {
            "Folder of the stored files and the reports; the program's own when not given. The series files "
            "are the program's own when the folder holds none.")
         ->type_name("DIR")
-        ->check(CLI::Validator(CLI::ExistingDirectory).description(""));
+        ->check(read_folder);
     std::string now;
     MachineTime time;
     app.add_option("--now", now, "Sets the machine's clock for the run: YYYY-MM-DDTHH:MM")

@@ -16,6 +16,7 @@
 #include "report/valuetext.h"
 #include "routines/seriesloader.h"
 #include "stored/outputfile.h"
+#include "system/path.h"
 #include "system/unfinishedfile.h"
 #include "timetable/span.h"
 
@@ -184,7 +185,7 @@ public:
         const std::string path =
             options_.output.empty() ? usual_name + "." + name_of(format_) : options_.output;
         require_no_program_file(path);
-        remove_old_leftovers(std::filesystem::path(path).parent_path().string());
+        remove_old_leftovers(folder_of(path));
         try {
             write_document(document_, format_, painter_, path);
         } catch (const Cancelled&) {

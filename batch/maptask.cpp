@@ -11,6 +11,7 @@
 #include "crescent/maptexts.h"
 #include "routines/seriesloader.h"
 #include "stored/outputfile.h"
+#include "system/path.h"
 #include "system/unfinishedfile.h"
 
 #include <CLI/CLI.hpp>
@@ -91,10 +92,6 @@ MapRun map_run(const CrescentRecords& crescent, const MapOptions& options) {
     run.conjunction = map_conjunction(ephemeris, find_conjunction(ephemeris, crescent).dynamical);
     run.day = map_day(run.conjunction, run.kind, number_of_day(options.day));
     return run;
-}
-
-std::string folder_of(const std::string& path) {
-    return std::filesystem::path(path).parent_path().string();
 }
 
 /// Tells the name of a written file: on standard output, or beside it when that is a result itself.

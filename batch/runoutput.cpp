@@ -7,6 +7,7 @@
 #include "crescent/picturename.h"
 #include "stored/outputfile.h"
 #include "stored/programfolder.h"
+#include "system/path.h"
 #include "system/unfinishedfile.h"
 
 #include <CLI/CLI.hpp>
@@ -22,7 +23,7 @@ namespace {
 
 /// The file of a run that the command line names none for.
 std::string usual_file(const Run& run, ReportFormat format) {
-    std::filesystem::path name(run.report_name());
+    std::filesystem::path name = path_of(run.report_name());
     if (name.empty())
         return std::string(standard_output);
     if (format != ReportFormat::text)
@@ -62,7 +63,7 @@ void add_output_options(CLI::App& command, RunOutput& output) {
 }
 
 void require_no_program_file(const std::string& path) {
-    if (!is_standard_output(path) && is_program_file(path))
+    if (!is_standard_output(path) && is_program_file(path_of(path)))
         throw RunTimeFailure(TwinWords{path + " is a file of the program; no result replaces it.",
                                        path + " من ملفات البرنامج، و لا تحل نتيجة محله."});
 }
@@ -71,7 +72,7 @@ int write_and_tell(const Run& run, const RunOutput& output, Progress& progress, 
     const std::string path = output.file.empty() ? usual_file(run, output.format) : output.file;
     require_no_program_file(path);
     if (!output.file.empty())
-        remove_old_leftovers(std::filesystem::path(path).parent_path().string());
+        remove_old_leftovers(folder_of(path));
     const RunOutcome outcome = write_run(run, output.format, path, progress);
     if (outcome == RunOutcome::refused) {
         std::cerr << refusal << "\n";

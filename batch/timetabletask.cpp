@@ -12,6 +12,7 @@
 #include "stored/outputfile.h"
 #include "stored/programfolder.h"
 #include "stored/textfile.h"
+#include "system/path.h"
 #include "system/unfinishedfile.h"
 #include "timetable/comparetable.h"
 #include "timetable/hijridays.h"
@@ -232,7 +233,7 @@ private:
 
     int run_many(Progress& progress) {
         const std::string folder = options_.output.empty() ? program_folder() : options_.output;
-        if (!std::filesystem::is_directory(folder))
+        if (!std::filesystem::is_directory(path_of(folder)))
             throw UsageMistake("--output: \"" + folder + "\" is no folder; --places writes one file a place");
         std::vector<TimetableSettings> settings;
         std::vector<std::string> paths;
@@ -260,7 +261,7 @@ private:
                           std::set<std::string>& taken) const {
         for (int number = 1;; ++number) {
             const std::string numbered = number == 1 ? name : name + "-" + std::to_string(number);
-            std::string path = (std::filesystem::path(folder) / file_name(numbered, options_)).string();
+            std::string path = joined_path(folder, file_name(numbered, options_));
             require_no_program_file(path);
             if (taken.insert(path).second)
                 return path;

@@ -13,6 +13,7 @@
 #include "routines/crescentday.h"
 #include "routines/seriesloader.h"
 #include "stored/programfolder.h"
+#include "system/path.h"
 #include "ui_frmmap.h"
 
 #include <QCoreApplication>
@@ -272,7 +273,7 @@ QString frmmap::ask_for_name() {
         if (!self || chosen.isEmpty())
             return {};
         name = QString::fromStdString(gif_name(chosen.toStdString()));
-        if (!QFileInfo::exists(name) || is_program_file(name.toStdString()))
+        if (!QFileInfo::exists(name) || is_program_file(path_of(name.toStdString())))
             return name;
         const bool replace =
             ask(this, text_of(save_title, language_),
@@ -285,7 +286,7 @@ QString frmmap::ask_for_name() {
 }
 
 void frmmap::save_picture(const QString& name) {
-    if (is_program_file(name.toStdString())) {
+    if (is_program_file(path_of(name.toStdString()))) {
         show_save(refused, name);
         return;
     }
@@ -298,7 +299,7 @@ void frmmap::save_picture(const QString& name) {
     content.bare = plain(bare_colour(ui_->pic->map()));
     content.language = language_;
     GIF gif;
-    if (gif.SaveGIF(indexed_picture(map_sheet(ui_->pic->map(), content)), name.toStdString()))
+    if (gif.SaveGIF(indexed_picture(map_sheet(ui_->pic->map(), content)), path_of(name.toStdString())))
         show_save(saved, name);
     else
         show_save(not_saved, {}, gif.failure().value().parts());

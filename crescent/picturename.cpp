@@ -2,6 +2,7 @@
 #include "crescent/picturename.h"
 
 #include "stored/programfolder.h"
+#include "system/path.h"
 
 #include <algorithm>
 #include <array>
@@ -19,7 +20,7 @@ constexpr std::array<std::string_view, 11> picture_endings = {
     ".gif", ".bmp", ".png", ".jpg", ".jpeg", ".tif", ".tiff", ".webp", ".svg", ".ppm", ".xpm"};
 
 std::string ending_of(const std::string& name) {
-    std::string ending = fs::path(name).extension().string();
+    std::string ending = path_of(name).extension().string();
     std::transform(ending.begin(), ending.end(), ending.begin(),
                    [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
     return ending;
@@ -79,7 +80,8 @@ std::string gif_name(const std::string& chosen) {
 
 bool is_program_file(const fs::path& name) {
     const fs::path file = resolved(name);
-    return is_file_of(resolved(program_folder()), file) || is_file_of(resolved(executable_folder()), file);
+    return is_file_of(resolved(path_of(program_folder())), file) ||
+           is_file_of(resolved(path_of(executable_folder())), file);
 }
 
 } // namespace halvane

@@ -9,6 +9,7 @@
 #include "hijri/mainland.h"
 #include "stored/programfolder.h"
 #include "stored/textfile.h"
+#include "system/path.h"
 #include "timetable/inifile.h"
 #include "timetable/inivalues.h"
 #include "timetable/placewords.h"
@@ -424,7 +425,7 @@ void keep_hijri_rule(const HijriChoice& choice) {
 void forget_hijri_rule() {
     const std::string path = path_of_rule();
     std::error_code error;
-    std::filesystem::remove(path, error);
+    std::filesystem::remove(path_of(path), error);
     if (error)
         throw file_failure(FileAction::write, path, error.value());
 }

@@ -4,6 +4,7 @@
 #include "stored/outputfile.h"
 #include "stored/textfile.h"
 #include "stored/windows1256.h"
+#include "system/path.h"
 #include "system/regularfile.h"
 
 #include <algorithm>
@@ -65,8 +66,8 @@ std::size_t whole_characters(std::string_view bytes) {
 /// A file of its own beside `path`, or where temporary files go, that has no name; none where there is no
 /// room.
 Descriptor copy_beside(const std::string& path) {
-    const std::filesystem::path parent = std::filesystem::path(path).parent_path();
-    const std::string folders[] = {parent.empty() ? "." : parent.string(),
+    const std::string parent = folder_of(path);
+    const std::string folders[] = {parent.empty() ? "." : parent,
                                    std::filesystem::temp_directory_path().string()};
     for (const std::string& folder : folders)
         if (Descriptor file = nameless_file(folder); file.is_open())

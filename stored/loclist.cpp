@@ -7,6 +7,7 @@
 #include "stored/storedfile.h"
 #include "stored/textfile.h"
 #include "system/folderlock.h"
+#include "system/path.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -86,7 +87,7 @@ void rewrite_list(std::string_view name, const std::string& added) {
             lines += listed_fields.line(location);
     edit.replace(lines + added);
     std::error_code ignored;
-    std::filesystem::remove(program_path(earlier_working_copy), ignored);
+    std::filesystem::remove(path_of(program_path(earlier_working_copy)), ignored);
 }
 
 } // namespace

@@ -2,11 +2,11 @@
 #include "stored/outputfile.h"
 
 #include "system/filecalls.h"
+#include "system/path.h"
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <filesystem>
 #include <utility>
 
 namespace halvane {
@@ -55,8 +55,7 @@ void OutputFile::open_beside(FileRights rights) {
     unsigned wanted = place_.rights.value_or(rights_of_new);
     if (rights == FileRights::of_umask)
         wanted &= rights_of_new;
-    beside_ =
-        std::make_unique<UnfinishedFile>(std::filesystem::path(place_.path).parent_path().string(), wanted);
+    beside_ = std::make_unique<UnfinishedFile>(folder_of(place_.path), wanted);
     if (beside_->descriptor() < 0)
         throw write_failure(path_);
     if (place_.rights && rights == FileRights::as_before)

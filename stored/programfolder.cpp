@@ -2,6 +2,7 @@
 #include "stored/programfolder.h"
 
 #include "system/executable.h"
+#include "system/path.h"
 
 #include <algorithm>
 #include <array>
@@ -18,20 +19,16 @@ std::string& folder() {
 
 unsigned generation = 0;
 
-std::string joined(const std::string& base, std::string_view name) {
-    return (std::filesystem::path(base) / name).string();
-}
-
 bool is_there(const std::string& path) {
     std::error_code ignored;
-    return std::filesystem::exists(path, ignored);
+    return std::filesystem::exists(path_of(path), ignored);
 }
 
 bool holds_series(const std::string& base) {
     static constexpr std::array<std::string_view, 4> names{"termfull.vsk", "term.vsk", "mterm.vsk",
                                                            "elp.vsk"};
     return std::any_of(names.begin(), names.end(),
-                       [&base](std::string_view name) { return is_there(joined(base, name)); });
+                       [&base](std::string_view name) { return is_there(joined_path(base, name)); });
 }
 
 } // namespace
@@ -50,21 +47,21 @@ unsigned program_folder_generation() {
 }
 
 std::string executable_folder() {
-    const std::filesystem::path executable = executable_path();
-    return executable.empty() ? std::string(".") : executable.parent_path().string();
+    const std::string executable = executable_path();
+    return executable.empty() ? std::string(".") : folder_of(executable);
 }
 
 std::string program_path(std::string_view name) {
-    return joined(program_folder(), name);
+    return joined_path(program_folder(), name);
 }
 
 std::string series_path(std::string_view name) {
-    return joined(holds_series(program_folder()) ? program_folder() : executable_folder(), name);
+    return joined_path(holds_series(program_folder()) ? program_folder() : executable_folder(), name);
 }
 
 std::string delivered_path(std::string_view name) {
     std::string path = program_path(name);
-    return is_there(path) ? path : joined(executable_folder(), name);
+    return is_there(path) ? path : joined_path(executable_folder(), name);
 }
 
 } // namespace halvane

@@ -2,6 +2,7 @@
 #include "system/unfinishedfile.h"
 
 #include "system/filecalls.h"
+#include "system/path.h"
 
 #include <algorithm>
 #include <array>
@@ -75,7 +76,7 @@ void free_slot(int slot) {
 UnfinishedFile::UnfinishedFile(const std::string& folder, unsigned rights) {
     constexpr int tries = 100;
     std::error_code error;
-    const fs::path base = fs::absolute(folder.empty() ? fs::path(".") : fs::path(folder), error);
+    const fs::path base = fs::absolute(path_of(folder.empty() ? "." : folder), error);
     for (int i = 0; i < tries; ++i) {
         path_ = (base / new_name()).string();
         slot_ = take_slot(path_);
@@ -127,7 +128,7 @@ void remove_unfinished_files() {
 
 void remove_old_leftovers(const std::string& folder) {
     std::error_code error;
-    fs::directory_iterator entry(folder.empty() ? "." : folder, error);
+    fs::directory_iterator entry(path_of(folder.empty() ? "." : folder), error);
     for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
         const std::string path = entry->path().string();
         if (is_name_of_unfinished(entry->path().filename().string()) &&

@@ -4,6 +4,7 @@
 #include "base/failure.h"
 #include "stored/programfolder.h"
 #include "stored/textfile.h"
+#include "system/path.h"
 #include "timetable/inifile.h"
 #include "timetable/profilekeys.h"
 
@@ -17,7 +18,7 @@ namespace {
 constexpr std::string_view file_begins = "profile-";
 constexpr std::string_view file_ends = ".ini";
 
-std::string path_of(const std::string& name) {
+std::string path_of_profile(const std::string& name) {
     return program_path(std::string(file_begins) + name + std::string(file_ends));
 }
 
@@ -73,7 +74,7 @@ std::optional<TwinWords> refused_profile_name(std::string_view name) {
 std::vector<std::string> profile_names() {
     std::vector<std::string> names;
     std::error_code error;
-    for (const auto& entry : std::filesystem::directory_iterator(program_folder(), error)) {
+    for (const auto& entry : std::filesystem::directory_iterator(path_of(program_folder()), error)) {
         const std::string file = entry.path().filename().string();
         if (file.size() <= file_begins.size() + file_ends.size() || !file.starts_with(file_begins) ||
             !file.ends_with(file_ends))
@@ -89,20 +90,20 @@ std::vector<std::string> profile_names() {
 
 Profile read_profile(const std::string& name) {
     require_name(name);
-    const std::string path = path_of(name);
+    const std::string path = path_of_profile(name);
     return profile_of_text(read_text_file(path), name, path);
 }
 
 void write_profile(const Profile& profile) {
     require_name(profile.name);
-    save_text_file(path_of(profile.name), text_of(profile));
+    save_text_file(path_of_profile(profile.name), text_of(profile));
 }
 
 void delete_profile(const std::string& name) {
     require_name(name);
-    const std::string path = path_of(name);
+    const std::string path = path_of_profile(name);
     std::error_code error;
-    std::filesystem::remove(path, error);
+    std::filesystem::remove(path_of(path), error);
     if (error)
         throw file_failure(FileAction::write, path, error.value());
 }

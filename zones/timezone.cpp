@@ -3,6 +3,7 @@
 
 #include "base/failure.h"
 #include "stored/textfile.h"
+#include "system/path.h"
 #include "system/regularfile.h"
 #include "system/zonefolder.h"
 #include "zones/zonefile.h"
@@ -43,7 +44,7 @@ std::vector<std::string> entries_of(const fs::path& folder) {
 
 /// Whether `name` stands in the folder of the zones letter by letter, which not every file system asks for.
 bool is_listed(const std::string& name) {
-    fs::path folder = zone_folder();
+    fs::path folder = path_of(zone_folder());
     std::size_t begin = 0;
     while (begin <= name.size()) {
         const std::size_t end = std::min(name.find('/', begin), name.size());
@@ -52,7 +53,7 @@ bool is_listed(const std::string& name) {
         if ((begin == 0 && is_no_zone(entry)) ||
             std::find(present.begin(), present.end(), entry) == present.end())
             return false;
-        folder /= entry;
+        folder /= path_of(entry);
         begin = end + 1;
     }
     return true;
@@ -62,7 +63,7 @@ bool is_listed(const std::string& name) {
 std::optional<std::string> zone_file(const std::string& name) {
     try {
         if (is_listed(name)) {
-            std::string bytes = read_file((fs::path(zone_folder()) / name).string());
+            std::string bytes = read_file(joined_path(zone_folder(), name));
             if (bytes.starts_with("TZif"))
                 return bytes;
         }
@@ -84,7 +85,7 @@ bool begins_a_zone_file(const std::string& path) {
 /// Adds the zones in a folder of the zones, whose name within it is `prefix`.
 void list_zones(const fs::path& folder, const std::string& prefix, std::vector<std::string>& names) {
     for (const std::string& entry : entries_of(folder)) {
-        const fs::path path = folder / entry;
+        const fs::path path = folder / path_of(entry);
         std::error_code ignored;
         if (prefix.empty() && is_no_zone(entry))
             continue;
@@ -126,7 +127,7 @@ std::shared_ptr<const TimeZone::Rules> TimeZone::read(const std::string& name) {
     const std::optional<std::string> file = zone_file(name);
     std::optional<std::vector<ZoneClock>> clocks = file ? clocks_of_zone_file(*file) : std::nullopt;
     if (!clocks)
-        throw entries_of(zone_folder()).empty() ? no_zone_files() : unknown_zone(name);
+        throw entries_of(path_of(zone_folder())).empty() ? no_zone_files() : unknown_zone(name);
     return std::make_shared<Rules>(Rules{name, std::move(*clocks), rule_of_zone_file(*file)});
 }
 
@@ -168,7 +169,7 @@ bool is_zone_name(const std::string& name) {
 
 std::vector<std::string> zone_names() {
     std::vector<std::string> names;
-    list_zones(zone_folder(), {}, names);
+    list_zones(path_of(zone_folder()), {}, names);
     std::sort(names.begin(), names.end());
     return names;
 }

@@ -2,27 +2,10 @@
 #include "system/executable.h"
 
 #include "system/windows/handle.h"
+#include "system/windows/quotedword.h"
 #include "system/windows/widepath.h"
 
 namespace halvane {
-namespace {
-
-/// `word` as a program takes it apart again: Microsoft, "Parsing C command-line arguments".
-std::wstring quoted(const std::wstring& word) {
-    std::wstring text = L"\"";
-    std::size_t backslashes = 0;
-    for (const wchar_t c : word) {
-        if (c == L'"')
-            text.append(backslashes + 1, L'\\');
-        backslashes = c == L'\\' ? backslashes + 1 : 0;
-        text += c;
-    }
-    text.append(backslashes, L'\\');
-    return text + L'"';
-}
-
-} // namespace
-
 std::string executable_path() {
     std::wstring path(MAX_PATH, L'\0');
     for (;;) {
@@ -41,7 +24,7 @@ std::string program_file(std::string_view program) {
 void continue_as(const std::string& path, char** words) {
     std::wstring line;
     for (; *words != nullptr; ++words)
-        line += (line.empty() ? L"" : L" ") + quoted(wide(*words));
+        line += (line.empty() ? L"" : L" ") + quoted_word(wide(*words));
     STARTUPINFOW start{};
     start.cb = sizeof start;
     PROCESS_INFORMATION begun{};

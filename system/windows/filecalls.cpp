@@ -5,8 +5,9 @@
 #include "system/windows/widepath.h"
 
 #include <cerrno>
-#include <io.h>
+#include <cstring>
 #include <thread>
+#include <vector>
 
 namespace halvane {
 namespace {
@@ -14,17 +15,41 @@ namespace {
 /// Does `call` again for a while when another program has the file open for a moment, as scanners do.
 template <class Call>
 bool patiently(const Call& call) {
-    constexpr int tries = 50;
-    constexpr std::chrono::milliseconds between(10);
-    for (int i = 0; i < tries; ++i) {
+    constexpr std::chrono::seconds longest_wait(2);
+    constexpr std::chrono::milliseconds between(1);
+    const auto given_up = std::chrono::steady_clock::now() + longest_wait;
+    for (;;) {
         if (call())
             return true;
         const DWORD error = ::GetLastError();
-        if (error != ERROR_SHARING_VIOLATION && error != ERROR_ACCESS_DENIED)
+        const bool is_open_elsewhere = error == ERROR_SHARING_VIOLATION || error == ERROR_ACCESS_DENIED;
+        if (!is_open_elsewhere || std::chrono::steady_clock::now() >= given_up) {
+            ::SetLastError(error);
             return false;
+        }
         std::this_thread::sleep_for(between);
     }
-    return false;
+}
+
+/// Moves `from` over `to` also while others read what stood there. Not every file system can.
+bool move_over_open_file(const std::wstring& from, const std::wstring& to) {
+    const Handle file(::CreateFileW(from.c_str(), DELETE | SYNCHRONIZE,
+                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                    OPEN_EXISTING, FILE_FLAG_WRITE_THROUGH, nullptr));
+    std::wstring whole(32768, L'\0'); // the longest path of the system
+    const DWORD length =
+        ::GetFullPathNameW(to.c_str(), static_cast<DWORD>(whole.size()), whole.data(), nullptr);
+    if (!file.is_open() || length == 0 || length >= whole.size())
+        return false;
+    constexpr auto rename_info_ex = static_cast<FILE_INFO_BY_HANDLE_CLASS>(22); // of Windows 10 1607
+    const std::size_t name_size = length * sizeof(wchar_t);
+    std::vector<FILE_RENAME_INFO> block(2 + name_size / sizeof(FILE_RENAME_INFO));
+    FILE_RENAME_INFO& move = block.front();
+    move.Flags = FILE_RENAME_FLAG_REPLACE_IF_EXISTS | FILE_RENAME_FLAG_POSIX_SEMANTICS;
+    move.FileNameLength = static_cast<DWORD>(name_size);
+    std::memcpy(static_cast<void*>(move.FileName), whole.data(), name_size);
+    return ::SetFileInformationByHandle(file.get(), rename_info_ex, block.data(),
+                                        static_cast<DWORD>(block.size() * sizeof(FILE_RENAME_INFO))) != 0;
 }
 
 bool is_folder(const std::wstring& path) {
@@ -54,6 +79,8 @@ bool replace_file(const std::string& path, const std::string& place) {
         errno = EISDIR;
         return false;
     }
+    if (move_over_open_file(from, to))
+        return true;
     const DWORD how = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
     if (patiently([&] { return ::MoveFileExW(from.c_str(), to.c_str(), how) != 0; }))
         return true;

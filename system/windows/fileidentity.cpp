@@ -3,6 +3,8 @@
 
 #include "system/windows/handle.h"
 
+#include <algorithm>
+
 namespace halvane {
 namespace {
 
@@ -42,8 +44,11 @@ FileIdentity FileIdentity::of(int descriptor) {
 }
 
 bool FileIdentity::settled_at(std::chrono::system_clock::time_point moment) const {
-    constexpr std::chrono::milliseconds tick(2000); // of the times that FAT keeps
+    constexpr std::chrono::seconds step_of_fat(2);         // whole ones are what it keeps of a time
+    constexpr std::chrono::milliseconds step_of_clock(40); // twice the slowest one of the system
     const std::chrono::nanoseconds latest(std::max(content_changed, entry_changed));
+    const bool is_coarse = latest % step_of_fat == std::chrono::nanoseconds(0);
+    const std::chrono::nanoseconds tick = is_coarse ? std::chrono::nanoseconds(step_of_fat) : step_of_clock;
     const std::chrono::nanoseconds age = moment.time_since_epoch() - latest;
     return age > tick || age < -tick;
 }

@@ -2,13 +2,12 @@
 #include "system/zonefolder.h"
 
 #include "system/executable.h"
-
-#include <filesystem>
+#include "system/path.h"
 
 namespace halvane {
 
 std::string zone_folder() {
-    return (std::filesystem::path(executable_path()).parent_path() / "zoneinfo").string();
+    return joined_path(folder_of(executable_path()), "zoneinfo");
 }
 
 } // namespace halvane

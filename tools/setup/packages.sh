@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# Sourced by ./run and ./check: installs the Debian packages that are missing. When none is, any user may build, without
+# Sourced by ./run, ./check and ./windows: installs the Debian packages that are missing. When none is, any user may build, without
 # apt and without a network.
 
 # The packages' own names: a virtual name is never installed.
@@ -7,6 +7,8 @@ build_packages="g++ cmake ninja-build ccache libcli11-dev nlohmann-json3-dev lib
 libgd-dev zlib1g-dev qt6-base-dev qt6-svg-dev qt6-multimedia-dev qt6-translations-l10n libgl-dev fonts-dejavu-core fonts-noto-core"
 test_packages="libgtest-dev libbenchmark-dev libgif-dev libical-dev python3-icalendar python3-jsonschema python3-shapely librsvg2-bin poppler-utils libswe-dev swe-standard-data clang-format clang-tidy xvfb \
 xauth xdotool openbox x11-utils imagemagick python3 locales git desktop-file-utils appstream"
+# For ./windows only: the cross compiler, what runs its programs, and what libraries are built from.
+windows_packages="g++-mingw-w64-x86-64-posix libz-mingw-w64-dev wine wine64 dpkg-dev googletest python3 python3-icalendar"
 # Sourced for these by tools/testpackage.sh only.
 package_packages="dpkg-dev lintian appstream desktop-file-utils xvfb xdotool file"
 

@@ -26,8 +26,17 @@ void for_every_set(Check check) {
     }
 }
 
+/// The standard library's function of what is left of `x` without its half turns. The library takes them off
+/// itself, but on x87 processors by a pi of 66 bits, too short for millions of radians.
 double plain(TermFunction function, double x) {
-    return function == TermFunction::sine ? std::sin(x) : std::cos(x);
+    // pi in base 16; the products of the first two parts with a million half turns are exact.
+    constexpr std::array<long double, 3> pi{0x3.243F6A88p0L, 0x0.85A308D3p-32L, 0x0.13198A2E03707344p-64L};
+    const long double half_turns = std::nearbyint(x / pi[0]);
+    long double rest = x;
+    for (const long double part : pi)
+        rest -= half_turns * part;
+    const long double value = function == TermFunction::sine ? std::sin(rest) : std::cos(rest);
+    return static_cast<double>(std::fmod(half_turns, 2) == 0 ? value : -value);
 }
 
 struct Sum {
@@ -73,7 +82,8 @@ TEST(SeriesSums, TermsAgreeWithTheStandardLibraryUpToThreeMillionRadians) {
 TEST(SeriesSums, SineIsRelativelyExactNearItsZeros) {
     for_every_set([](const SeriesSums& set) {
         for (const double x : {1e-12, 3.14159, -3.1415926, 6.2831853, 314.159265358, -1e-300})
-            EXPECT_NEAR(value_of(set, TermFunction::sine, x) / std::sin(x), 1, 1e-15) << "of " << x;
+            EXPECT_NEAR(value_of(set, TermFunction::sine, x) / plain(TermFunction::sine, x), 1, 1e-15)
+                << "of " << x;
     });
 }
 

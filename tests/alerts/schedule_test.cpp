@@ -14,8 +14,6 @@
 
 #include <chrono>
 #include <cmath>
-#include <cstdlib>
-#include <ctime>
 #include <iterator>
 #include <map>
 
@@ -314,25 +312,6 @@ TEST_F(ScheduleTest, TheStoredSummerTimeBeginsAndEndsWithoutLossOrRepetition) {
         EXPECT_EQ(seen.size(), 50U);
         expect_windows(prayers(from, from + 240h), seen);
     }
-}
-
-TEST_F(ScheduleTest, AlertsFollowTheInstantWhateverTheMachinesZone) {
-    write_loc(place_at({35, 54}, {31, 57}, 3));
-    const char* zone = std::getenv("TZ");
-    const std::string before = zone != nullptr ? zone : "";
-    // Dhohur of 20 June 2024: the Sun's transit at 12:38 on the place's clock, 9:38 UT.
-    for (const char* machine : {"UTC0", "EST5EDT", "AMM-3", "NPT-5:45"}) {
-        ::setenv("TZ", machine, 1);
-        ::tzset();
-        AlertSchedule schedule{loaded_theory()};
-        EXPECT_TRUE(schedule.due({2024, 6, 20, 9, 37, 59}).empty()) << machine;
-        EXPECT_EQ(schedule.due({2024, 6, 20, 9, 38, 0}).size(), 1U) << machine;
-    }
-    if (zone != nullptr)
-        ::setenv("TZ", before.c_str(), 1);
-    else
-        ::unsetenv("TZ");
-    ::tzset();
 }
 
 TEST_F(ScheduleTest, APrayerInAnHourThatTheMachineSkipsComesRightAfterIt) {

@@ -2,15 +2,12 @@
 // halvane-report as its users run it: a process, its arguments, its streams and its exit status.
 #pragma once
 
+#include "tests/support/childprocess.h"
 #include "tests/support/programfolder.h"
 
 #include <algorithm>
-#include <fcntl.h>
-#include <functional>
 #include <gtest/gtest.h>
 #include <string>
-#include <sys/wait.h>
-#include <unistd.h>
 #include <vector>
 
 namespace halvane {
@@ -22,43 +19,24 @@ struct Outcome {
 
 class BatchTest : public testing::Test {
 protected:
-    /// In     in_child  what the new process does before the program takes its place
-    pid_t start(
-        std::vector<std::string> arguments, const std::function<void()>& in_child = [] {}) const {
-        arguments.insert(arguments.begin(), HALVANE_REPORT);
-        std::vector<char*> words;
-        words.reserve(arguments.size() + 1);
-        for (std::string& argument : arguments)
-            words.push_back(argument.data());
-        words.push_back(nullptr);
-        const std::string out = (streams / "out").string();
-        const std::string err = (streams / "err").string();
-        const pid_t child = ::fork();
-        if (child == 0) {
-            ::dup2(::open(out.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), STDOUT_FILENO);
-            ::dup2(::open(err.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), STDERR_FILENO);
-            in_child();
-            ::execv(HALVANE_REPORT, words.data());
-            ::_exit(127);
-        }
-        return child;
-    }
-    Outcome wait_for(pid_t child) const {
-        int status = 0;
-        ::waitpid(child, &status, 0);
+    Outcome outcome_of(ChildProcess& process) const {
         Outcome outcome;
-        outcome.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+        outcome.status = process.wait();
         outcome.output = bytes_of(streams / "out");
         outcome.errors = bytes_of(streams / "err");
         return outcome;
     }
-    Outcome run(const std::vector<std::string>& arguments) const { return wait_for(start(arguments)); }
-    Outcome run_in_folder(
-        std::vector<std::string> arguments, const std::function<void()>& in_child = [] {}) const {
-        arguments.insert(arguments.begin(), {"--folder", folder.path().string()});
-        return wait_for(start(arguments, in_child));
+    Outcome run(const std::vector<std::string>& arguments) const {
+        ChildProcess process(HALVANE_REPORT, arguments, streams / "out", streams / "err");
+        return outcome_of(process);
     }
-    static long lines(const std::string& text) { return std::count(text.begin(), text.end(), '\n'); }
+    Outcome run_in_folder(std::vector<std::string> arguments) const {
+        arguments.insert(arguments.begin(), {"--folder", folder.path().string()});
+        return run(arguments);
+    }
+    static std::ptrdiff_t lines(const std::string& text) {
+        return std::count(text.begin(), text.end(), '\n');
+    }
     static bool holds(const std::string& text, const std::string& part) {
         return text.find(part) != std::string::npos;
     }

@@ -2,7 +2,7 @@
 // Where the results of halvane-report go: files, links, pipes, devices, standard output; and what a process
 // that is ended leaves behind.
 
-#include "tests/batch/batchprocess.h"
+#include "tests/batch/forkedbatch.h"
 
 #include <array>
 #include <cerrno>
@@ -29,7 +29,7 @@ mode_t rights_of(const fs::path& path) {
     return ::stat(path.c_str(), &status) == 0 ? status.st_mode & 07777U : 0U;
 }
 
-class BatchOutputs : public BatchTest {
+class BatchOutputs : public ForkedBatch {
 protected:
     Outcome run_map(
         std::vector<std::string> options, const std::function<void()>& in_child = [] {}) const {
@@ -430,7 +430,7 @@ TEST_F(BatchOutputs, LeftoversOfAnotherUserStay) {
 }
 
 /// Pipes, endless devices, folders and files too large in the place of what is read.
-class BatchInputs : public BatchTest {};
+class BatchInputs : public ForkedBatch {};
 
 TEST_F(BatchInputs, OfAnotherKindThanAFileAreNamed) {
     struct Reader {

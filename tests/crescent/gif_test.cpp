@@ -20,7 +20,6 @@
 #include <gif_lib.h>
 #include <gtest/gtest.h>
 #include <random>
-#include <unistd.h>
 
 namespace halvane::test {
 namespace {
@@ -193,7 +192,7 @@ protected:
     static void write(const std::filesystem::path& file_name, const std::string& content) {
         std::ofstream(file_name, std::ios::binary) << content;
     }
-    [[nodiscard]] long file_count() const {
+    [[nodiscard]] std::ptrdiff_t file_count() const {
         return std::distance(std::filesystem::directory_iterator(folder_.path()), {});
     }
 

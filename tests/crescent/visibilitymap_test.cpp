@@ -16,9 +16,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <fstream>
 #include <gtest/gtest.h>
-#include <unistd.h>
 #include <vector>
 
 namespace halvane {
@@ -363,28 +361,6 @@ TEST_F(VisibilityMap, ClassesAgreeWithTheCrescentReportAwayFromTheBands) {
             ++compared;
         }
     EXPECT_GT(compared, 40);
-}
-
-/// Resident memory of this process                                                             [MB]
-double resident_megabytes() {
-    std::ifstream file("/proc/self/statm");
-    double total = 0;
-    double resident = 0;
-    file >> total >> resident;
-    return resident * static_cast<double>(::sysconf(_SC_PAGESIZE)) / 1e6;
-}
-
-TEST_F(VisibilityMap, HundredMapsNeedNoMoreMemoryThanOne) {
-#ifdef __SANITIZE_ADDRESS__
-    GTEST_SKIP() << "the address sanitizer keeps freed memory";
-#endif
-    const MapRun run = map_near(29, 3, 2025, CrescentKind::new_crescent, 1, Criterion::yallop);
-    drawn(run);
-    const double first = resident_megabytes();
-    ASSERT_GT(first, 0);
-    for (int i = 0; i < 100; ++i)
-        drawn(run);
-    EXPECT_LT(resident_megabytes() - first, 5);
 }
 
 TEST_F(VisibilityMap, DaysAreCountedAwayFromTheConjunction) {

@@ -8,24 +8,20 @@
 #include "stored/pref.h"
 #include "stored/programfolder.h"
 #include "stored/textfile.h"
+#include "system/executable.h"
+#include "tests/support/childprocess.h"
+#include "tests/support/programfolder.h"
 
 #include <array>
 #include <chrono>
-#include <csignal>
-#include <cstdlib>
-#include <filesystem>
 #include <gtest/gtest.h>
 #include <random>
 #include <set>
 #include <string>
-#include <sys/wait.h>
 #include <thread>
-#include <unistd.h>
 
 namespace halvane {
 namespace {
-
-namespace fs = std::filesystem;
 
 constexpr int kills = 200;
 constexpr int longest_life = 12; // [ms]
@@ -51,11 +47,14 @@ void save_all(bool second) {
     modify_location(location);
 }
 
-/// The process that is killed; it tells when it has begun.
-[[noreturn]] void save_without_end(int tell) {
+constexpr const char* save_word = "save-without-end"; // of the command line
+constexpr const char* started_file = "started";
+
+/// The process that is killed; a file tells that it has begun.
+[[noreturn]] void save_without_end(const char* folder) {
+    set_program_folder(folder);
     save_all(true);
-    if (::write(tell, "s", 1) != 1)
-        ::_exit(EXIT_FAILURE);
+    save_text_file(program_path(started_file), "");
     for (bool which = false;; which = !which)
         save_all(which);
 }
@@ -69,14 +68,17 @@ std::array<std::string, files.size()> contents() {
 
 class KilledSave : public ::testing::Test {
 protected:
-    KilledSave() : folder_(fs::path(::testing::TempDir()) / ("killed" + std::to_string(::getpid()))) {
-        fs::create_directories(folder_);
-        set_program_folder(folder_.string());
+    KilledSave() {
+        set_program_folder(folder_.path().string());
         save_text_file(program_path("loc.txt"), "");
     }
-    ~KilledSave() override { fs::remove_all(folder_); }
+    void wait_for_begin() const {
+        while (!folder_.has(started_file))
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        folder_.erase(started_file);
+    }
 
-    fs::path folder_;
+    TemporaryFolder folder_;
 };
 
 TEST_F(KilledSave, LeavesTheOldRecordOrTheNewOneWhole) {
@@ -88,21 +90,10 @@ TEST_F(KilledSave, LeavesTheOldRecordOrTheNewOneWhole) {
     std::uniform_int_distribution<int> life(0, longest_life * 1000);
     std::set<std::string> states;
     for (int kill_number = 0; kill_number < kills; ++kill_number) {
-        std::array<int, 2> started{};
-        ASSERT_EQ(::pipe(started.data()), 0);
-        const pid_t child = ::fork();
-        ASSERT_GE(child, 0);
-        if (child == 0)
-            save_without_end(started[1]);
-        char ready = 0;
-        ASSERT_EQ(::read(started[0], &ready, 1), 1);
-        ::close(started[0]);
-        ::close(started[1]);
+        ChildProcess saver(executable_path(), {save_word, folder_.path().string()});
+        wait_for_begin();
         std::this_thread::sleep_for(std::chrono::microseconds(life(random)));
-        ASSERT_EQ(::kill(child, SIGKILL), 0);
-        int status = 0;
-        ASSERT_EQ(::waitpid(child, &status, 0), child);
-        ASSERT_TRUE(WIFSIGNALED(status)) << "the process ended by itself";
+        ASSERT_TRUE(saver.kill()) << "the process ended by itself";
         const auto now = contents();
         std::string state;
         for (std::size_t file = 0; file < files.size(); ++file) {
@@ -121,3 +112,10 @@ TEST_F(KilledSave, LeavesTheOldRecordOrTheNewOneWhole) {
 
 } // namespace
 } // namespace halvane
+
+int main(int argc, char** argv) {
+    if (argc == 3 && argv[1] == std::string(halvane::save_word))
+        halvane::save_without_end(argv[2]);
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}

@@ -25,8 +25,8 @@ public:
     explicit Picture(const std::string& name) {
         const std::filesystem::path file_name = std::filesystem::path(HALVANE_DATA_FOLDER) / name;
         const auto close = [](GifFileType* gif) { DGifCloseFile(gif, nullptr); };
-        const std::unique_ptr<GifFileType, decltype(close)> gif(DGifOpenFileName(file_name.c_str(), nullptr),
-                                                                close);
+        const std::unique_ptr<GifFileType, decltype(close)> gif(
+            DGifOpenFileName(file_name.string().c_str(), nullptr), close);
         if (!gif || DGifSlurp(gif.get()) != GIF_OK || gif->ImageCount != 1) {
             throw std::runtime_error("no picture in " + file_name.string());
         }

@@ -1,51 +1,16 @@
 // SPDX-License-Identifier: MIT
-#include "tests/stored/storedrecords.h"
+#include "tests/stored/locationlist.h"
 
 #include "stored/loclist.h"
+#include "system/folderlock.h"
 
 #include <cmath>
-#include <cstdlib>
-#include <fcntl.h>
-#include <functional>
 #include <gtest/gtest.h>
-#include <set>
-#include <stdexcept>
 #include <string>
-#include <sys/file.h>
-#include <sys/wait.h>
-#include <unistd.h>
 #include <vector>
 
 namespace halvane {
 namespace {
-
-// Name, latitude, longitude, north, east, zone, elevation, city, pressure, temperature.
-constexpr const char* two_places = "\"Amman\",31,57,0,35,54,0,1,1,2,900,0,1010,10\r\n"
-                                   "\"Rio\",22,54,36,43,10,12,0,0,-3,11,2.5,1000,25.5\r\n";
-
-Location place(const std::string& name) {
-    Location location;
-    location.name = name;
-    location.longitude_degrees = 1;
-    location.latitude_degrees = 2;
-    return location;
-}
-
-std::vector<std::string> names() {
-    std::vector<std::string> result;
-    for (const Location& location : read_location_list())
-        result.push_back(location.name);
-    return result;
-}
-
-using Names = std::vector<std::string>;
-
-/// A folder whose list holds two places.
-class LocationList : public testing::Test {
-protected:
-    LocationList() { folder.write("loc.txt", two_places); }
-    const TemporaryProgramFolder folder;
-};
 
 TEST_F(LocationList, ReadsTheFieldsInTheOrderOfTheList) {
     const std::vector<Location> list = read_location_list();
@@ -156,71 +121,12 @@ TEST_F(LocationList, NeverTouchesTheCurrentLocation) {
     EXPECT_EQ(folder.read("loc.vsk"), current);
 }
 
-/// Begins a process of its own that does `work`.
-pid_t in_a_process(const std::function<void()>& work) {
-    const pid_t child = ::fork();
-    if (child != 0)
-        return child;
-    int status = EXIT_SUCCESS;
-    try {
-        work();
-    } catch (const std::exception&) {
-        status = EXIT_FAILURE;
-    }
-    ::_exit(status);
-}
-
-bool succeeded(pid_t child) {
-    int status = 0;
-    return ::waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == EXIT_SUCCESS;
-}
-
-TEST_F(LocationList, EditsOfTwoProcessesAreAllKept) {
-    constexpr int edits = 100;
-    folder.write("loc.txt", "");
-    const auto add_all = [](const std::string& first_letter) {
-        for (int i = 0; i < edits; ++i)
-            if (!add_location(place(first_letter + std::to_string(i))))
-                throw std::runtime_error("taken for a double");
-    };
-    const auto change_all = [] {
-        for (int i = 0; i < edits; ++i) {
-            modify_location(place("changed" + std::to_string(i)));
-            delete_location("changed" + std::to_string(i - 1));
-        }
-    };
-    const std::vector<std::function<void()>> works{[&] { add_all("a"); }, [&] { add_all("b"); }, change_all};
-    std::vector<pid_t> children;
-    for (const auto& work : works)
-        children.push_back(in_a_process(work));
-    for (const pid_t child : children)
-        EXPECT_TRUE(succeeded(child));
-    const Names kept = names();
-    EXPECT_EQ(kept.size(), 2U * edits + 1U);
-    const std::set<std::string> different(kept.begin(), kept.end());
-    EXPECT_EQ(different.size(), kept.size());
-    EXPECT_TRUE(different.contains("changed" + std::to_string(edits - 1)));
-}
-
-TEST_F(LocationList, EditsOfOnePlaceByTwoProcessesKeepOne) {
-    std::vector<pid_t> children;
-    for (int i = 0; i < 4; ++i)
-        children.push_back(in_a_process([] {
-            for (int round = 0; round < 25; ++round) {
-                add_location(place("Suva"));
-                modify_location(place("Suva"));
-            }
-        }));
-    for (const pid_t child : children)
-        EXPECT_TRUE(succeeded(child));
-    EXPECT_EQ(names(), (Names{"Amman", "Rio", "Suva"}));
-}
-
 TEST_F(LocationList, AnEditThatWaitsInVainForAnotherTellsSo) {
-    const int held = ::open(folder.path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    ASSERT_EQ(::flock(held, LOCK_EX), 0);
-    expect_failure_that_tells([] { add_location(place("Suva")); }, {(folder / "loc.txt").string()});
-    ::close(held);
+    {
+        FolderLock held(folder.path().string());
+        ASSERT_EQ(held.take(), FolderLock::Answer::taken);
+        expect_failure_that_tells([] { add_location(place("Suva")); }, {(folder / "loc.txt").string()});
+    }
     EXPECT_EQ(folder.read("loc.txt"), two_places);
     EXPECT_TRUE(add_location(place("Suva")));
 }

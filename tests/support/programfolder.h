@@ -5,9 +5,9 @@
 #include "tests/support/bytes.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <random>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -37,10 +37,11 @@ inline constexpr const char* world_file = "world.txt";
 class TemporaryFolder {
 public:
     explicit TemporaryFolder(const std::filesystem::path& base = std::filesystem::temp_directory_path()) {
-        std::string name = (base / "halvane-test-XXXXXX").string();
-        if (::mkdtemp(name.data()) == nullptr)
-            throw std::runtime_error("cannot make a folder in " + base.string());
-        path_ = name;
+        std::random_device random;
+        do
+            path_ = base / ("halvane-test-" + std::to_string(random()));
+        while (!std::filesystem::create_directory(path_)); // one of that name is there
+        std::filesystem::permissions(path_, std::filesystem::perms::owner_all);
     }
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
@@ -75,7 +76,15 @@ private:
     std::filesystem::path path_;
 };
 
-/// A program folder of its own with the stored files of `source` and links to the delivered series files,
+/// Puts a delivered file into a folder: as a link, or as a copy where the system has no links for users.
+inline void put_delivered(const char* file, const std::filesystem::path& folder) {
+    std::error_code no_link;
+    std::filesystem::create_symlink(delivered(file), folder / file, no_link);
+    if (no_link)
+        std::filesystem::copy_file(delivered(file), folder / file);
+}
+
+/// A program folder of its own with the stored files of `source` and the delivered series files,
 /// zones and lines of the world. The program folder of before comes back at its end.
 class TemporaryProgramFolder : public TemporaryFolder {
 public:
@@ -85,9 +94,9 @@ public:
             if (std::filesystem::exists(source / file))
                 std::filesystem::copy_file(source / file, path() / file);
         for (const char* file : series_files)
-            std::filesystem::create_symlink(delivered(file), path() / file);
+            put_delivered(file, path());
         for (const char* file : {zone_list_file, world_file})
-            std::filesystem::create_symlink(delivered(file), path() / file);
+            put_delivered(file, path());
         set_program_folder(path().string());
     }
     TemporaryProgramFolder(const TemporaryProgramFolder&) = delete;

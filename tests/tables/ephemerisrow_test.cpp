@@ -12,6 +12,7 @@
 
 #include <cmath>
 #include <gtest/gtest.h>
+#include <numbers>
 
 namespace halvane {
 namespace {
@@ -73,8 +74,8 @@ TEST_F(EphemerisRowTest, TheObserversPlaceIsShiftedByTheParallax) {
     const EphemerisRow place =
         ephemeris_row(named_ephemeris(), named_instant(jd), amman_, TableBody::moon, false);
     // Parallax lowers the Moon by about sin(HP) cos(altitude); the azimuth hardly changes.
-    const double expected =
-        std::sin(centre.parallax * M_PI / 180) * std::cos(place.altitude * M_PI / 180) * 180 / M_PI;
+    const double expected = std::sin(centre.parallax * std::numbers::pi / 180) *
+                            std::cos(place.altitude * std::numbers::pi / 180) * 180 / std::numbers::pi;
     EXPECT_NEAR(centre.altitude - place.altitude, expected, 0.01);
     EXPECT_NEAR(centre.azimuth, place.azimuth, 0.2);
     EXPECT_EQ(centre.distance, place.distance);

@@ -18,6 +18,7 @@
 #include "tests/support/places.h"
 
 #include <cmath>
+#include <numbers>
 
 namespace halvane {
 namespace {
@@ -27,7 +28,7 @@ std::optional<TelescopePointing> pointing_of(const TelescopeSettings& settings) 
     return telescope_pointing(loaded_theory(), settings, read_pref(), read_loc());
 }
 
-constexpr double degree = M_PI / 180;
+constexpr double degree = std::numbers::pi / 180;
 
 struct Direction {
     double x, y, z;

@@ -3,6 +3,7 @@
 
 #include "base/failure.h"
 #include "stored/loclist.h"
+#include "system/path.h"
 #include "tests/support/programfolder.h"
 
 #include <gtest/gtest.h>
@@ -72,7 +73,7 @@ TEST(ZoneList, IsReadFromTheExecutablesFolderWhereTheProgramFolderHasNone) {
     const TemporaryProgramFolder folder;
     EXPECT_EQ(delivered_path(zone_list_file), (folder / zone_list_file).string());
     folder.erase(zone_list_file);
-    EXPECT_EQ(delivered_path(zone_list_file), executable_folder() + "/" + zone_list_file);
+    EXPECT_EQ(delivered_path(zone_list_file), joined_path(executable_folder(), zone_list_file));
 }
 
 TEST(ZoneList, NamesWhatIsWrongOfItsFile) {

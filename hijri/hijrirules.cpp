@@ -26,8 +26,8 @@ constexpr TwinText told_16{
     "panel and the reports.",
     "السنوات الكبيسة 2 و 5 و 7 و 10 و 13 و 16 و 18 و 21 و 24 و 26 و 29 من كل 30: أكثر الجداول شيوعا، و هو "
     "جدول اللوحة الرئيسة و التقارير."};
-constexpr TwinText told_15{"As the usual table, with the leap year 15 in the place of 16.",
-                           "كالجدول الشائع، و السنة الكبيسة 15 بدلا من 16."};
+constexpr TwinText told_15{"Leap years 2, 5, 7, 10, 13, 15, 18, 21, 24, 26 and 29 of 30.",
+                           "السنوات الكبيسة 2 و 5 و 7 و 10 و 13 و 15 و 18 و 21 و 24 و 26 و 29 من كل 30."};
 constexpr TwinText told_fatimid{
     "Leap years 2, 5, 8, 10, 13, 16, 19, 21, 24, 27 and 29 of 30: the table of the Fatimids, kept by Ismaili "
     "communities.",
@@ -39,8 +39,9 @@ constexpr TwinText told_habash{
     "السنوات الكبيسة 2 و 5 و 8 و 11 و 13 و 16 و 19 و 21 و 24 و 27 و 30 من كل 30: جدول حبش الحاسب (القرن "
     "الثالث الهجري)."};
 constexpr TwinText told_astronomical{
-    "The same from the epoch of the astronomers, 15 July 622: each day a day before.",
-    "الجدول نفسه من مبدأ الفلكيين، 15 تموز 622: كل يوم قبله بيوم."};
+    "The table of that name counted from the epoch of the astronomers, 15 July 622: each month begins a day "
+    "before.",
+    "الجدول بهذا الاسم محسوبا من مبدأ الفلكيين، 15 تموز 622: يبدأ كل شهر قبله بيوم."};
 
 constexpr HijriRule table[] = {
     {.key = "tabular",
@@ -115,7 +116,10 @@ constexpr HijriRule table[] = {
     {.key = "seen-at",
      .name = {"Seen at a place", "الرؤية في مكان"},
      .kind = HijriRuleKind::seen_at_place,
-     .told = {"The same at a place of the list.", "الرؤية نفسها في مكان من القائمة."},
+     .told =
+         {"The crescent is seen at a place of the list on the evening of the 29th, by a criterion of your "
+          "choice; else the month has 30 days.",
+          "رؤية الهلال في مكان من القائمة مساء 29 بمعيار تختاره، و إلا فالشهر 30 يوما."},
      .source = "the criterion's own"},
     {.key = "seen-anywhere",
      .name = {"Seen anywhere", "الرؤية في أي مكان"},
@@ -150,18 +154,19 @@ constexpr HijriRule table[] = {
     {.key = "istanbul-2016",
      .name = {"Istanbul 2016", "إسطنبول 2016"},
      .kind = HijriRuleKind::istanbul_2016,
-     .told = {"One calendar for the world: the same limits, reached anywhere before midnight in Universal "
-              "Time; after it only on the mainland of the Americas, if the conjunction is before dawn in New "
-              "Zealand.",
-              "تقويم واحد للعالم: الحدود نفسها في أي مكان قبل منتصف الليل بالتوقيت العالمي؛ و بعده في بر "
-              "الأمريكتين فقط إذا كان الاقتران قبل فجر نيوزيلندا."},
+     .told =
+         {"One calendar for the world: the Moon 5 degrees high and 8 degrees from the Sun anywhere before "
+          "midnight in Universal Time; after it only on the mainland of the Americas, if the conjunction is "
+          "before dawn in New Zealand.",
+          "تقويم واحد للعالم: ارتفاع القمر 5 درجات و بعده عن الشمس 8 درجات في أي مكان قبل منتصف الليل "
+          "بالتوقيت العالمي؛ و بعده في بر الأمريكتين فقط إذا كان الاقتران قبل فجر نيوزيلندا."},
      .source = "Congress on the unification of the Hijri calendar, Istanbul, 28 to 30 May 2016"},
     {.key = "istanbul-2016-geocentric",
      .name = {"Istanbul 2016, geocentric", "إسطنبول 2016، مركزي أرضي"},
      .kind = HijriRuleKind::istanbul_2016_geocentric,
-     .told = {"The same with the altitude from the Earth's centre, a degree higher: the decision leaves open "
-              "which altitude it means.",
-              "الحدود نفسها و الارتفاع من مركز الأرض، و هو أعلى بدرجة: لم يبين القرار أي ارتفاع يقصد."},
+     .told = {"As Istanbul 2016, with the altitude from the Earth's centre, a degree higher: the decision "
+              "leaves open which altitude it means.",
+              "كإسطنبول 2016 و الارتفاع من مركز الأرض، و هو أعلى بدرجة: لم يبين القرار أي ارتفاع يقصد."},
      .source = "Congress on the unification of the Hijri calendar, Istanbul, 28 to 30 May 2016"},
 };
 

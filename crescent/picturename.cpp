@@ -19,11 +19,15 @@ namespace fs = std::filesystem;
 constexpr std::array<std::string_view, 11> picture_endings = {
     ".gif", ".bmp", ".png", ".jpg", ".jpeg", ".tif", ".tiff", ".webp", ".svg", ".ppm", ".xpm"};
 
-std::string ending_of(const std::string& name) {
-    std::string ending = path_of(name).extension().string();
-    std::transform(ending.begin(), ending.end(), ending.begin(),
+/// In small letters, since not every file system tells `PREF.VSK` from `pref.vsk`.
+std::string small_letters(std::string text) {
+    std::transform(text.begin(), text.end(), text.begin(),
                    [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
-    return ending;
+    return text;
+}
+
+std::string ending_of(const std::string& name) {
+    return small_letters(path_of(name).extension().string());
 }
 
 bool is_same_file(const fs::path& one, const fs::path& other) {
@@ -49,24 +53,36 @@ bool lies_within(const fs::path& file, const fs::path& folder) {
 /// world's lines, the guide or a program. Some file systems let every file run, so that this right alone says
 /// nothing of a name with an ending.
 bool is_data_or_program(const fs::path& file) {
-    const std::string ending = ending_of(file.string());
+    const std::string name = small_letters(file.filename().string());
+    const std::string ending = ending_of(name);
     std::error_code ignored;
     const fs::file_status status = fs::status(file, ignored);
     const bool can_run = (status.permissions() & fs::perms::owner_exec) != fs::perms::none;
-    const fs::path name = file.filename();
     const bool is_delivered_text =
         name == "loc.txt" || name == "zones.csv" || name == "world.txt" || name == "help.txt";
     const bool is_kept_text = name == "hijri-rule.ini" || name == "hijri-announced.csv" ||
-                              (ending == ".ini" && name.string().starts_with("profile-"));
+                              (ending == ".ini" && name.starts_with("profile-"));
     return fs::is_regular_file(status) && (ending == ".vsk" || is_delivered_text || is_kept_text ||
                                            ending == ".exe" || (ending.empty() && can_run));
 }
 
+/// Whether `folder` holds `file` under the name of such a one.
+bool has_data_or_program(const fs::path& folder, const fs::path& file) {
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error); !error && entry != fs::directory_iterator();
+         entry.increment(error))
+        if (is_data_or_program(entry->path()) && is_same_file(file, entry->path()))
+            return true;
+    return false;
+}
+
 bool is_file_of(const fs::path& folder, const fs::path& file) {
-    const auto is_picture = [&](const char* name) { return is_same_file(file, resolved(folder / name)); };
-    return is_picture("map.gif") || is_picture("qmap.gif") ||
-           lies_within(file, resolved(folder / "images")) ||
-           (is_same_file(file.parent_path(), folder) && is_data_or_program(file));
+    const auto is_map = [&](const char* map) {
+        return is_same_file(file, resolved(folder / map)) ||
+               (small_letters(file.filename().string()) == map && is_same_file(file.parent_path(), folder));
+    };
+    return is_map("map.gif") || is_map("qmap.gif") || lies_within(file, resolved(folder / "images")) ||
+           has_data_or_program(folder, file);
 }
 
 } // namespace

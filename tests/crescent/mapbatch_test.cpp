@@ -197,6 +197,26 @@ TEST_F(MapBatch, FilesOfTheProgramAreNotReplaced) {
     EXPECT_EQ(folder.read("loc.vsk"), place);
 }
 
+TEST_F(MapBatch, FilesOfTheProgramAreNotReplacedInOtherLetters) {
+    folder.write("hijri-rule.ini", "[rule]\nrule = tabular\n");
+    folder.write("profile-mine.ini", "[rules]\n");
+    const std::pair<const char*, const char*> names[] = {{"PREF.VSK", "pref.vsk"},
+                                                         {"Loc.TXT", "loc.txt"},
+                                                         {"Hijri-Rule.INI", "hijri-rule.ini"},
+                                                         {"PROFILE-mine.ini", "profile-mine.ini"}};
+    for (const auto& [capitals, name] : names) {
+        const std::string before = folder.read(name);
+        if (!folder.has(capitals)) // the file system tells the two apart
+            folder.write(capitals, before);
+        EXPECT_EQ(run(std::string("map --csv '") + (folder / capitals).string() + "'"), 1) << capitals;
+        EXPECT_NE(folder.read("err").find("a file of the program"), std::string::npos) << capitals;
+        EXPECT_EQ(folder.read(name), before);
+        EXPECT_EQ(folder.read(capitals), before);
+    }
+    EXPECT_EQ(run("map --output '" + (folder / "MAP.gif").string() + "'"), 1);
+    EXPECT_NE(folder.read("err").find("a file of the program"), std::string::npos);
+}
+
 TEST_F(MapBatch, AnEarlierPictureIsReplacedWhateverItsRights) {
     const std::string path = (folder / "mine.gif").string();
     ASSERT_EQ(run("map --output '" + path + "'"), 0) << folder.read("err");

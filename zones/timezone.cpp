@@ -106,8 +106,9 @@ std::int64_t second_of(double jd) {
 }
 
 RunTimeFailure no_zone_files() {
-    return RunTimeFailure(TwinWords("This system has no time zone files. Install the package tzdata.",
-                                    "لا توجد ملفات المناطق الزمنية في هذا النظام. ثبّت الحزمة tzdata."));
+    return RunTimeFailure(
+        TwinWords("There are no time zone files (package tzdata; on Windows the folder zoneinfo).",
+                  "لا توجد ملفات المناطق الزمنية (الحزمة tzdata، و في ويندوز المجلد zoneinfo)."));
 }
 
 RunTimeFailure unknown_zone(const std::string& name) {

@@ -104,8 +104,8 @@ TEST(Guide, TellsEveryMarkAndWordOfTheReports) {
 TEST(Guide, TellsEveryMessageOfTheSettings) {
     for (const char* message :
          {"Fajer Angle Must Be Positive!", "Isha Angle Must Be Positive!",
-          "This system has no time zone files. Install the package tzdata.",
-          "لا توجد ملفات المناطق الزمنية في هذا النظام. ثبّت الحزمة tzdata.",
+          "There are no time zone files (package tzdata; on Windows the folder zoneinfo).",
+          "لا توجد ملفات المناطق الزمنية (الحزمة tzdata، و في ويندوز المجلد zoneinfo).",
           "You Can Not Have Two Locations of the Same Name!", "Again... You will delete this location!",
           "The end date must be AFTER the beginning date!", "The Year must be more than Zero!",
           "Your Date Must Be After 15/July/622 CE!",

@@ -2,7 +2,6 @@
 #include "batch/batchprogram.h"
 
 #include "base/failure.h"
-#include "base/version.h"
 #include "batch/clocktime.h"
 #include "batch/console.h"
 #include "batch/nearestname.h"
@@ -11,6 +10,7 @@
 #include "routines/seriesloader.h"
 #include "stored/outputfile.h"
 #include "stored/programfolder.h"
+#include "stored/versiontext.h"
 #include "system/path.h"
 #include "system/programstart.h"
 #include "system/unfinishedfile.h"
@@ -86,7 +86,7 @@ void tell_series() {
 int run(int argc, char** argv, const PageMaker& pages) {
     CLI::App app("The reports of Halvane without its panels, from the stored files of a folder.",
                  "halvane-report");
-    app.set_version_flag("--version", std::string("halvane-report ") + version);
+    app.set_version_flag("--version", [] { return version_text("halvane-report"); });
     app.require_subcommand(1);
     app.failure_message(CLI::FailureMessage::simple);
 

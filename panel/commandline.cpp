@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "panel/commandline.h"
 
-#include "base/version.h"
+#include "stored/versiontext.h"
+#include "system/console.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -23,10 +24,12 @@ std::optional<int> answer_on_terminal(int count, const char* const* words, const
     for (int i = 1; i < count; ++i) {
         const std::string_view word = words[i];
         if (word == "--version") {
-            std::printf("%s %s\n", name, version);
+            open_starters_terminal();
+            std::printf("%s\n", version_text(name).c_str());
             return status_of_output();
         }
         if (word == "--help" || word == "-h") {
+            open_starters_terminal();
             std::printf("Usage: %s [--help] [--version]\n\n%s", name, help);
             return status_of_output();
         }

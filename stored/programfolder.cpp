@@ -1,19 +1,27 @@
 // SPDX-License-Identifier: MIT
 #include "stored/programfolder.h"
 
+#include "stored/programplace.h"
 #include "system/executable.h"
 #include "system/path.h"
+#include "system/usersfolder.h"
 
 #include <algorithm>
 #include <array>
 #include <filesystem>
+#include <optional>
 #include <system_error>
 
 namespace halvane {
 namespace {
 
-std::string& folder() {
-    static std::string value = executable_folder();
+std::optional<std::string>& folder() {
+    static std::optional<std::string> value;
+    return value;
+}
+
+const std::string& own_folder() {
+    static const std::string value = working_folder(present_place());
     return value;
 }
 
@@ -34,12 +42,16 @@ bool holds_series(const std::string& base) {
 } // namespace
 
 const std::string& program_folder() {
-    return folder();
+    return folder() ? *folder() : own_folder();
 }
 
 void set_program_folder(const std::string& value) {
     folder() = value;
     ++generation;
+}
+
+std::optional<std::string> told_program_folder() {
+    return users_folder() ? std::optional(program_folder()) : std::nullopt;
 }
 
 unsigned program_folder_generation() {

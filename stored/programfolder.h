@@ -1,16 +1,21 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace halvane {
 
-/// The folder of the stored files and reports: the executable's own folder until a program sets another.
+/// The folder of the stored files and reports, until a program sets another: the executable's, or the user's
+/// own where the system has such (`working_folder`).
 const std::string& program_folder();
 
 /// Makes `folder` the program folder. Every reader drops the copy it keeps.
 void set_program_folder(const std::string& folder);
+
+/// The program folder where a user cannot know it from where the program stands; nothing elsewhere.
+std::optional<std::string> told_program_folder();
 
 /// Counts the calls of set_program_folder, so that a kept path or copy can tell that it is stale.
 unsigned program_folder_generation();

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "alerts/alertsounds.h"
 #include "alerts/alertwindow.h"
-#include "alerts/soundplayer.h"
 #include "prayer/alertschedule.h"
 #include "routines/seriesloader.h"
 

@@ -5,23 +5,31 @@
 #include "panel/commandline.h"
 #include "panel/panelstyle.h"
 #include "panel/panelsupport.h"
+#include "platform/desktoplook.h"
 #include "routines/seriesloader.h"
 #include "stored/programfolder.h"
+#include "system/display.h"
 #include "system/path.h"
 #include "system/programstart.h"
 #include "system/unfinishedfile.h"
 
+#include <QDir>
 #include <QStandardPaths>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <memory>
 #include <system_error>
 
 namespace halvane {
 namespace {
 
+/// Where the system has no folder for what lasts as long as a session it names the user's home, which is kept
+/// clean.
 QString session_folder() {
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    if (folder == QDir::homePath())
+        folder = QDir::tempPath();
     return folder.isEmpty() ? QString::fromStdString(program_folder()) : folder;
 }
 
@@ -47,6 +55,7 @@ int run(int count, char** words) {
         std::fputs("halvane: there is no display to show alerts on\n", stderr);
         return EXIT_FAILURE;
     }
+    follow_desktop_colours();
     Application application(count, words);
     QApplication::setApplicationName(QStringLiteral("Halvane Alerts"));
     QApplication::setQuitOnLastWindowClosed(false);
@@ -62,8 +71,8 @@ int run(int count, char** words) {
     try {
         load_term();
         load_mterm();
-        SoundPlayer sounds;
-        AlertProgram program(sounds);
+        const std::unique_ptr<AlertSounds> sounds = make_alert_sounds();
+        AlertProgram program(*sounds);
         QObject::connect(&copy, &OnlyCopy::asked_to_show, &program, &AlertProgram::show_main_window);
         program.start();
         return QApplication::exec();

@@ -3,6 +3,7 @@
 #include "batch/batchprogram.h"
 #include "finemap/mappicturefiles.h"
 #include "hijri/monthpaper.h"
+#include "platform/deliveredfonts.h"
 #include "system/commandline.h"
 #include "timetable/timetablepdf.h"
 #include "watch/watchpaper.h"
@@ -19,6 +20,7 @@ int main(int argc, char** argv) {
         qputenv("QT_QPA_PLATFORM", "offscreen");                                   // nothing is shown
         QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false")); // of a missing session
         application.emplace(argc, argv);
+        halvane::use_delivered_fonts();
     };
     pages.timetable_pdf = [](const halvane::Timetable& timetable, const halvane::PageSettings& page) {
         return halvane::pdf_of(timetable, page);

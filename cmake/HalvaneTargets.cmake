@@ -65,8 +65,11 @@ if(NOT HALVANE_SANITIZE AND NOT HALVANE_SANITIZE_THREADS)
   endif()
 endif()
 if(WIN32)
-  # One file: the compiler's runtime, its threads and its stack protector are linked into the program.
-  add_link_options(-static)
+  # One file: the compiler's runtime, its threads and its stack protector are linked into the program. With Qt's DLLs,
+  # which exceptions pass through, all share one runtime.
+  if(NOT HALVANE_PANELS)
+    add_link_options(-static)
+  endif()
   # Windows 10 and later, by the calls that take UTF-16.
   target_compile_definitions(halvane_settings INTERFACE _WIN32_WINNT=0x0A00 WIN32_LEAN_AND_MEAN NOMINMAX UNICODE _UNICODE)
 endif()
@@ -89,6 +92,17 @@ function(halvane_panel NAME)
     target_link_libraries(${NAME} PUBLIC halvane_panel_support)
   endif()
   set_target_properties(${NAME} PROPERTIES AUTOMOC ON AUTOUIC ON AUTORCC ON)
+endfunction()
+
+# halvane_program(NAME [PANELS] DESCRIPTION text): a delivered program, in the program folder.
+function(halvane_program NAME)
+  cmake_parse_arguments(PROGRAM "PANELS" "DESCRIPTION" "" ${ARGN})
+  set_target_properties(${NAME} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${HALVANE_PROGRAM_FOLDER} WIN32_EXECUTABLE
+                                                                                              ${PROGRAM_PANELS})
+  add_dependencies(${NAME} program_folder)
+  if(WIN32)
+    add_windows_resources(${NAME} "${PROGRAM_DESCRIPTION}")
+  endif()
 endfunction()
 
 # halvane_panel_test(NAME SOURCES ... USES ...): GoogleTests of panels, run without a screen.

@@ -5,7 +5,9 @@
 #include "panel/commandline.h"
 #include "panel/panelstyle.h"
 #include "panel/panelsupport.h"
+#include "platform/desktoplook.h"
 #include "stored/programfolder.h"
+#include "system/display.h"
 #include "system/programstart.h"
 #include "system/unfinishedfile.h"
 
@@ -26,6 +28,7 @@ int run(int count, char** words) {
         std::fputs("halvane: there is no display to show the panels on\n", stderr);
         return EXIT_FAILURE;
     }
+    follow_desktop_colours();
     Application application(count, words);
     QApplication::setApplicationName(QStringLiteral("Halvane"));
     use_halvane_look();

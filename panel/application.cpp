@@ -5,10 +5,11 @@
 #include "base/version.h"
 #include "panel/formlanguage.h"
 #include "panel/messages.h"
+#include "panel/panelstyle.h"
 #include "panel/panelsupport.h"
+#include "platform/deliveredfonts.h"
 #include "system/unfinishedfile.h"
 
-#include <QIcon>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
@@ -47,7 +48,8 @@ void MemoryReserve::give_back() {
 Application::Application(int& count, char** words) : QApplication(count, words) {
     setApplicationVersion(QString::fromLatin1(version));
     setDesktopFileName(QStringLiteral("halvane"));
-    setWindowIcon(QIcon(QStringLiteral(":/icons/halvane.svg")));
+    setWindowIcon(panel_icon(QStringLiteral("halvane")));
+    use_delivered_fonts();
     silence_late_clicks();
 }
 
@@ -60,11 +62,6 @@ bool Application::notify(QObject* receiver, QEvent* event) {
             return false;
         end_with_present_failure();
     }
-}
-
-bool has_display() {
-    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
-           qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
 }
 
 void end_with_failure(const std::exception& failure) {

@@ -29,9 +29,6 @@ private:
     MemoryReserve reserve_;
 };
 
-/// Whether there is a display to show panels on.
-bool has_display();
-
 /// Tells a failure in one box, in the stored language where it can be read, and ends with status 1.
 [[noreturn]] void end_with_failure(const std::exception& failure);
 

@@ -2,7 +2,6 @@
 #include "panel/currentplatform.h"
 
 #include "panel/viewer.h"
-#include "platform/linuxplatform.h"
 #include "stored/programfolder.h"
 
 namespace halvane {
@@ -29,8 +28,8 @@ Platform& platform() {
 }
 
 Platform& own_platform() {
-    static LinuxPlatform own(show_in_viewer);
-    return own;
+    static const std::unique_ptr<Platform> own = make_platform(show_in_viewer);
+    return *own;
 }
 
 void set_platform(Platform* other) {

@@ -2,6 +2,7 @@
 #include "panel/panelstyle.h"
 
 #include "panel/formpage.h"
+#include "platform/desktoplook.h"
 #include "stored/programfolder.h"
 
 #include <QAbstractScrollArea>
@@ -97,11 +98,13 @@ QString wrapped(QString text, const QFont& font, int width) {
     return lines.join(u'\n');
 }
 
-/// The system's style with two marks of its own: a chosen option takes the accent, and an access key within
+/// The desktop's style with two marks of its own: a chosen option takes the accent, and an access key within
 /// letters that join is underlined with the text laid out whole, where Qt draws the letter apart and breaks
 /// the joins on both sides of it.
 class HalvaneStyle : public QProxyStyle {
 public:
+    using QProxyStyle::QProxyStyle;
+
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override {
         const auto* const button = qstyleoption_cast<const QStyleOptionButton*>(option);
@@ -286,7 +289,7 @@ QColor accent_colour(const QWidget& widget) {
 }
 
 void use_halvane_look() {
-    QApplication::setStyle(new HalvaneStyle);
+    QApplication::setStyle(new HalvaneStyle(desktop_style()));
     set_accent();
     qApp->installEventFilter(new AccentKeeper(qApp));
 }

@@ -55,4 +55,11 @@ public:
     virtual void start_minimised(const std::string& path, const std::string& working_folder) = 0;
 };
 
+/// How the program shows a text file of its folder by its bare name; the run of a report, none of another
+/// text.
+using ShowText = void (*)(const std::string& name, const std::shared_ptr<const Run>& run);
+
+/// The platform of the operating system that Halvane is built for.
+std::unique_ptr<Platform> make_platform(ShowText show_text);
+
 } // namespace halvane

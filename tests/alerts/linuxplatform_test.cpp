@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "platform/desktopentry.h"
-#include "platform/linuxplatform.h"
+#include "platform/linux/desktopentry.h"
+#include "platform/linux/linuxplatform.h"
 #include "stored/textfile.h"
 #include "tests/panel/panelharness.h"
 

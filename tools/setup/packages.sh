@@ -8,7 +8,7 @@ libgd-dev zlib1g-dev qt6-base-dev qt6-svg-dev qt6-multimedia-dev qt6-translation
 test_packages="libgtest-dev libbenchmark-dev libgif-dev libical-dev python3-icalendar python3-jsonschema python3-shapely librsvg2-bin poppler-utils libswe-dev swe-standard-data clang-format clang-tidy xvfb \
 xauth xdotool openbox x11-utils imagemagick python3 locales git desktop-file-utils appstream"
 # For ./windows only: the cross compiler, what runs its programs, and what libraries are built from.
-windows_packages="g++-mingw-w64-x86-64-posix libz-mingw-w64-dev wine wine64 dpkg-dev googletest python3 python3-icalendar"
+windows_packages="g++-mingw-w64-x86-64-posix libz-mingw-w64-dev wine wine64 dpkg-dev librsvg2-bin icoutils googletest python3 python3-icalendar"
 # Sourced for these by tools/testpackage.sh only.
 package_packages="dpkg-dev lintian appstream desktop-file-utils xvfb xdotool file"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/runningprograms.h"
+#include "platform/linux/runningprograms.h"
 
 #include <algorithm>
 #include <cctype>

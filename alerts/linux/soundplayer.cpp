@@ -1,34 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "alerts/soundplayer.h"
-
-#include "stored/programfolder.h"
-#include "system/path.h"
+#include "alerts/linux/soundplayer.h"
 
 #include <QApplication>
 #include <QAudioDevice>
 #include <QMediaDevices>
 #include <QSoundEffect>
 #include <QUrl>
-#include <filesystem>
 
 namespace halvane {
-
-namespace {
-
-constexpr const char* chime_file = "chime.wav";
-constexpr const char* beep_file = "beep.wav";
-
-bool is_there(const std::string& name) {
-    std::error_code error;
-    return std::filesystem::is_regular_file(path_of(program_path(name)), error);
-}
-
-} // namespace
-
-std::string athan_file(Athan athan) {
-    const std::string recording = athan == Athan::mecca ? "mecca.wav" : "jerusalem.wav";
-    return is_there(recording) ? recording : chime_file;
-}
 
 SoundPlayer::SoundPlayer() = default;
 SoundPlayer::~SoundPlayer() = default;
@@ -50,7 +29,8 @@ void SoundPlayer::stop() {
 }
 
 void SoundPlayer::play_file(const std::string& name) {
-    if (!is_there(name)) {
+    const std::optional<std::string> path = sound_path(name);
+    if (!path) {
         QApplication::beep();
         return;
     }
@@ -62,10 +42,10 @@ void SoundPlayer::play_file(const std::string& name) {
         [this, sound, name] {
             if (sound != sound_.get() || sound->status() != QSoundEffect::Error)
                 return;
-            if (name == chime_file || name == beep_file)
-                QApplication::beep();
+            if (const std::optional<std::string> other = sound_in_place_of(name))
+                play_file(*other);
             else
-                play_file(chime_file);
+                QApplication::beep();
         },
         Qt::QueuedConnection);
     connect(
@@ -75,8 +55,12 @@ void SoundPlayer::play_file(const std::string& name) {
                 stop();
         },
         Qt::QueuedConnection);
-    sound->setSource(QUrl::fromLocalFile(QString::fromStdString(program_path(name))));
+    sound->setSource(QUrl::fromLocalFile(QString::fromStdString(*path)));
     sound->play();
+}
+
+std::unique_ptr<AlertSounds> make_alert_sounds() {
+    return std::make_unique<SoundPlayer>();
 }
 
 } // namespace halvane

@@ -1,15 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "platform/linuxplatform.h"
+#include "platform/linux/linuxplatform.h"
 
-#include "platform/desktopentry.h"
-#include "platform/runningprograms.h"
-#include "platform/topmost.h"
+#include "platform/linux/desktopentry.h"
+#include "platform/linux/runningprograms.h"
 #include "stored/textfile.h"
 
-#include <QLocale>
 #include <QProcess>
-#include <QTime>
-#include <QWidget>
 #include <cstdlib>
 #include <filesystem>
 #include <pwd.h>
@@ -53,28 +49,6 @@ std::string delivered_program(const std::string& target) {
 
 } // namespace
 
-void LinuxPlatform::show_text_file(const std::string& name) {
-    show_text_(name, nullptr);
-}
-
-void LinuxPlatform::show_report(const std::string& name, const std::shared_ptr<const Run>& run) {
-    show_text_(name, run);
-}
-
-std::string LinuxPlatform::short_time(int hour, int minute, int second) {
-    const QLocale locale = QLocale::system();
-    const QTime time(hour, minute, second);
-    // The format of the C locale shows seconds, which no user of a short format expects.
-    const QString text = locale.language() == QLocale::C ? time.toString(QStringLiteral("HH:mm"))
-                                                         : locale.toString(time, QLocale::ShortFormat);
-    return text.toStdString();
-}
-
-void LinuxPlatform::keep_on_top(void* panel, bool on_top) {
-    static TopMost kept;
-    kept.keep(*static_cast<QWidget*>(panel), on_top);
-}
-
 void LinuxPlatform::create_shortcut(const Shortcut& shortcut) {
     const std::filesystem::path entry = autostart_entry(shortcut.name);
     std::filesystem::create_directories(entry.parent_path());
@@ -91,6 +65,10 @@ bool LinuxPlatform::is_running(const std::string&, const std::string& executable
 
 void LinuxPlatform::start_minimised(const std::string& path, const std::string& working_folder) {
     QProcess::startDetached(QString::fromStdString(path), {}, QString::fromStdString(working_folder));
+}
+
+std::unique_ptr<Platform> make_platform(ShowText show_text) {
+    return std::make_unique<LinuxPlatform>(show_text);
 }
 
 } // namespace halvane

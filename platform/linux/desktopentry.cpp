@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/desktopentry.h"
+#include "platform/linux/desktopentry.h"
 
 #include <filesystem>
 

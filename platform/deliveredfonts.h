@@ -1,0 +1,10 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+namespace halvane {
+
+/// Makes the fonts of the folder "fonts" beside the executable known to this program, where there is one.
+/// Called once, after Qt's application is made.
+void use_delivered_fonts();
+
+} // namespace halvane

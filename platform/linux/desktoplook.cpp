@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+#include "platform/desktoplook.h"
+
+namespace halvane {
+
+void follow_desktop_colours() {} // they do by themselves
+
+QString desktop_style() {
+    return {};
+}
+
+} // namespace halvane

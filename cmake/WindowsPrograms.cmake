@@ -53,7 +53,7 @@ function(deliver_windows_runtime)
     endforeach()
   endmacro()
 
-  foreach(LIBRARY Core Gui PrintSupport Svg Widgets)
+  foreach(LIBRARY Core Gui Network PrintSupport Svg Widgets)
     get_target_property(DLL Qt6::${LIBRARY} IMPORTED_LOCATION_RELEASE)
     deliver(. ${DLL})
   endforeach()

@@ -16,6 +16,7 @@
 #include "routines/seriesloader.h"
 #include "stored/date.h"
 #include "stored/pref.h"
+#include "stored/programfolder.h"
 #include "ui_frmmain.h"
 
 #include <QApplication>
@@ -35,6 +36,8 @@ constexpr double figure_size = 2.2;
 constexpr double line_size = 1.2;
 constexpr double arabic_line_points = 12;
 constexpr double desktop_icon = 2.4; // of the unit of space
+
+constexpr TwinText folder_text{"Settings and reports are in %1", "الإعدادات و التقارير في %1"};
 
 constexpr ControlText twins[] = {
     {"frmmain", program_title, program_title},
@@ -153,6 +156,7 @@ frmmain::~frmmain() {
 void frmmain::load() {
     load_main_panel(*this, state_);
     tell_hijri();
+    tell_folder();
     show_series();
     timertime_->start();
 }
@@ -161,6 +165,18 @@ void frmmain::load() {
 void frmmain::tell_hijri() {
     const std::optional<std::string> tip = hijri_tip(kept_rule_, state_);
     ui_->lblmdate->setToolTip(tip ? plain_tip(QString::fromStdString(*tip)) : QString());
+}
+
+/// The title, which names the program's version, tells where its files are when that needs telling.
+void frmmain::tell_folder() {
+    const std::optional<std::string> folder = told_program_folder();
+    const QString words =
+        folder ? text_of(folder_text, state_.language).arg(isolated(QString::fromStdString(*folder)))
+               : QString();
+    for (QLabel* label : {ui_->lbltitle, ui_->lblby}) {
+        label->setToolTip(folder ? plain_tip(words) : QString());
+        label->setAccessibleDescription(words);
+    }
 }
 
 /// The rule may have been chosen since the load.

@@ -57,6 +57,7 @@ private:
 
     bool eventFilter(QObject* watched, QEvent* event) override;
     void tell_hijri();
+    void tell_folder();
     void unload();
     void run_report(const QPushButton& button,
                     RunPointer (*run_of)(const TheoryPointer&, const MachineTime&));

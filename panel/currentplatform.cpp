@@ -9,7 +9,7 @@ namespace halvane {
 namespace {
 
 void show_in_viewer(const std::string& name, const RunPointer& run) {
-    auto* viewer = new Viewer(QString::fromStdString(program_path(name)), run);
+    auto* viewer = new Viewer(QString::fromStdString(delivered_path(name)), run);
     viewer->setAttribute(Qt::WA_DeleteOnClose);
     viewer->showMaximized();
     viewer->raise();

@@ -113,7 +113,7 @@ void use_standard_texts(Language language) {
     if (language == Language::english)
         return;
     const QString name = QStringLiteral("qtbase_ar");
-    if (arabic.load(name, QString::fromStdString(program_path("translations"))) ||
+    if (arabic.load(name, QString::fromStdString(delivered_path("translations"))) ||
         arabic.load(name, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QCoreApplication::installTranslator(&arabic);
 }

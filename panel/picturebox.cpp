@@ -18,7 +18,7 @@ constexpr int width_without_picture = 48; // [units of space]
 
 QImage stored_picture(std::string_view name) {
     try {
-        return QImage::fromData(QByteArray::fromStdString(read_file(program_path(name))));
+        return QImage::fromData(QByteArray::fromStdString(read_file(delivered_path(name))));
     } catch (const RunTimeFailure&) {
         return {};
     }

@@ -148,7 +148,7 @@ void frmalerts::Create_ShortCut(const std::string& target, const std::string& fo
 
 void frmalerts::start_alert_program() {
     if (!platform().is_running(window_title, program))
-        platform().start_minimised(program_path(program), program_folder());
+        platform().start_minimised(delivered_path(program), program_folder());
 }
 
 void frmalerts::save() const {
@@ -169,7 +169,7 @@ void frmalerts::cmdok_click() {
         return;
     if (ui_->chkpep->isChecked() || ui_->chkpra->isChecked() || ui_->chkpopup->isChecked()) {
         pass_over_errors([] {
-            Create_ShortCut(program_path(program), startup_folder, shortcut_name, program_folder(), 0, 0);
+            Create_ShortCut(delivered_path(program), startup_folder, shortcut_name, program_folder(), 0, 0);
         });
         pass_over_errors([this] { start_alert_program(); });
     } else {

@@ -3,6 +3,8 @@
 
 #include "base/failure.h"
 #include "stored/alert.h"
+#include "stored/programfolder.h"
+#include "system/path.h"
 #include "tests/panel/panelchecks.h"
 
 #include <QLineEdit>
@@ -43,6 +45,7 @@ constexpr ControlText captions[] = {
 
 class AlertsTest : public PanelTest {
 protected:
+    AlertsTest() { put("alert63.exe", "the alert program"); }
     static void expect_athans_enabled(QWidget& form, bool enabled) {
         for (const char* name : athans)
             EXPECT_EQ(control(form, name).isEnabled(), enabled) << name;
@@ -186,6 +189,18 @@ TEST_F(AlertsTest, OkMakesTheShortcutAndStartsTheProgram) {
     EXPECT_EQ(platform_double.started[0].path, path("alert63.exe"));
     EXPECT_EQ(platform_double.started[0].working_folder, shortcut.working_folder);
     EXPECT_TRUE(platform_double.deleted_shortcuts.empty());
+}
+
+TEST_F(AlertsTest, AProgramThatIsNotInTheUsersFolderIsTheOneBesideTheExecutable) {
+    remove("alert63.exe");
+    frmalerts form;
+    form.show();
+    click(form, "chkpopup");
+    click(form, "cmdok");
+    ASSERT_EQ(platform_double.shortcuts.size(), 1U);
+    EXPECT_EQ(platform_double.shortcuts[0].target, joined_path(executable_folder(), "alert63.exe"));
+    ASSERT_EQ(platform_double.started.size(), 1U);
+    EXPECT_EQ(platform_double.started[0].path, platform_double.shortcuts[0].target);
 }
 
 TEST_F(AlertsTest, ASecondOkStartsNoSecondCopy) {

@@ -230,13 +230,18 @@ void set_accent() {
     QApplication::setPalette(palette);
 }
 
-/// Fits the accent when the system goes from light to dark colours or back.
-class AccentKeeper : public QObject {
+void set_colours() {
+    set_accent();
+    fit_desktop_colours();
+}
+
+/// Fits the colours when the system goes from light to dark colours or back.
+class ColourKeeper : public QObject {
 public:
     using QObject::QObject;
     bool eventFilter(QObject*, QEvent* event) override {
         if (event->type() == QEvent::ApplicationPaletteChange)
-            set_accent();
+            set_colours();
         return false;
     }
 };
@@ -290,8 +295,8 @@ QColor accent_colour(const QWidget& widget) {
 
 void use_halvane_look() {
     QApplication::setStyle(new HalvaneStyle(desktop_style()));
-    set_accent();
-    qApp->installEventFilter(new AccentKeeper(qApp));
+    set_colours();
+    qApp->installEventFilter(new ColourKeeper(qApp));
 }
 
 QColor muted_colour(const QWidget& widget) {

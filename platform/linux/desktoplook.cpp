@@ -9,4 +9,6 @@ QString desktop_style() {
     return {};
 }
 
+void fit_desktop_colours() {}
+
 } // namespace halvane

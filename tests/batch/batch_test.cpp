@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "system/usersfolder.h"
 #include "tests/batch/batchprocess.h"
 #include "tests/golden/goldenreport.h"
 
@@ -73,7 +74,12 @@ TEST_F(BatchTest, TellsHelpAndVersion) {
     EXPECT_EQ(help.errors, "");
     const Outcome version = run({"--version"});
     EXPECT_EQ(version.status, 0);
-    EXPECT_EQ(version.output, "halvane-report 5.3.9\n");
+    // The folder is told where a user cannot know it from where the program stands.
+    const std::string first = "halvane-report 5.3.9\n";
+    ASSERT_TRUE(version.output.starts_with(first)) << version.output;
+    const std::string rest = version.output.substr(first.size());
+    EXPECT_EQ(rest.starts_with("Folder of the settings and reports: "), users_folder().has_value());
+    EXPECT_EQ(rest.empty(), !users_folder().has_value());
 }
 
 TEST_F(BatchTest, WrongUsageHasAStatusOfItsOwn) {

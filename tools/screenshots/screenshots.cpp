@@ -16,6 +16,7 @@
 #include "panel/panelstyle.h"
 #include "panel/panelsupport.h"
 #include "panel/viewer.h"
+#include "platform/deliveredfonts.h"
 #include "prayer/prayerrun.h"
 #include "qibla/frmqmap.h"
 #include "routines/machineclock.h"
@@ -240,6 +241,7 @@ int run(int count, char** words) {
         return 2;
     }
     QApplication application(count, words);
+    use_delivered_fonts();
     if (qEnvironmentVariableIsSet("HALVANE_DARK")) {
         QPalette dark(QColor(0x2b, 0x2b, 0x2b), QColor(0x23, 0x23, 0x23));
         QApplication::setPalette(dark);

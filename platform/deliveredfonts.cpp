@@ -5,14 +5,32 @@
 #include "system/path.h"
 
 #include <QDir>
+#include <QFont>
 #include <QFontDatabase>
+#include <QFontInfo>
+#include <QGuiApplication>
 
 namespace halvane {
+namespace {
+
+/// Where the desktop's font for panels is not there, the fallback may be of any shape and height.
+void replace_missing_font() {
+    QFont font = QGuiApplication::font();
+    if (QFontInfo(font).family().compare(font.family(), Qt::CaseInsensitive) == 0)
+        return;
+    font.setFamilies({QStringLiteral("Noto Sans"), QStringLiteral("Noto Sans Arabic")});
+    QGuiApplication::setFont(font);
+}
+
+} // namespace
 
 void use_delivered_fonts() {
     const QDir folder(QString::fromStdString(joined_path(executable_folder(), "fonts")));
-    for (const QFileInfo& font : folder.entryInfoList({QStringLiteral("*.ttf")}, QDir::Files, QDir::Name))
+    const QFileInfoList fonts = folder.entryInfoList({QStringLiteral("*.ttf")}, QDir::Files, QDir::Name);
+    for (const QFileInfo& font : fonts)
         QFontDatabase::addApplicationFont(font.filePath());
+    if (!fonts.empty())
+        replace_missing_font();
 }
 
 } // namespace halvane

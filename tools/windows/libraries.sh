@@ -52,4 +52,8 @@ cmake_library "$(debian_source "$cache" libgd2)" -DBUILD_STATIC_LIBS=ON -DENABLE
 plain_library csv "$(debian_source "$cache" libcsv)" csv.h libcsv.c
 plain_library gif "$(debian_source "$cache" giflib)" gif_lib.h dgif_lib.c egif_lib.c gif_err.c gif_font.c gif_hash.c \
     gifalloc.c openbsd-reallocarray.c quantize.c
+mkdir -p "$prefix/licences"
+for library in libgd2 libcsv; do
+    cp "$(debian_source "$cache" $library)/debian/copyright" "$prefix/licences/$library.txt"
+done
 touch "$prefix/complete"

@@ -42,7 +42,7 @@ endfunction()
 
 # deliver_windows_runtime(): puts what the programs need besides Windows itself into the program folder: Qt with its
 # plugins, its texts in Arabic, the compiler's runtime without its debugging symbols, and the fonts of painted pages.
-# Afterwards WINDOWS_RUNTIME lists the files, relative to that folder.
+# Afterwards the global property WINDOWS_RUNTIME lists the files, relative to that folder.
 function(deliver_windows_runtime)
   set(FILES)
   macro(deliver FOLDER)
@@ -73,5 +73,5 @@ function(deliver_windows_runtime)
                     COMMAND_ERROR_IS_FATAL ANY)
     list(APPEND FILES ./${NAME})
   endforeach()
-  set(WINDOWS_RUNTIME ${FILES} PARENT_SCOPE)
+  set_property(GLOBAL PROPERTY WINDOWS_RUNTIME ${FILES})
 endfunction()

@@ -31,12 +31,12 @@ void for_every_set(Check check) {
 double plain(TermFunction function, double x) {
     // pi in base 16; the products of the first two parts with a million half turns are exact.
     constexpr std::array<long double, 3> pi{0x3.243F6A88p0L, 0x0.85A308D3p-32L, 0x0.13198A2E03707344p-64L};
-    const long double half_turns = std::nearbyint(x / pi[0]);
+    const long long half_turns = std::llrint(x / pi[0]);
     long double rest = x;
     for (const long double part : pi)
-        rest -= half_turns * part;
+        rest -= static_cast<long double>(half_turns) * part;
     const long double value = function == TermFunction::sine ? std::sin(rest) : std::cos(rest);
-    return static_cast<double>(std::fmod(half_turns, 2) == 0 ? value : -value);
+    return static_cast<double>(half_turns % 2 == 0 ? value : -value);
 }
 
 struct Sum {

@@ -1,0 +1,10 @@
+// SPDX-License-Identifier: MIT
+#include "platform/printdialog.h"
+
+namespace halvane {
+
+bool print_dialog_needs_printer() {
+    return true;
+}
+
+} // namespace halvane

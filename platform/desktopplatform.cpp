@@ -31,4 +31,8 @@ void DesktopPlatform::keep_on_top(void* panel, bool on_top) {
     kept.keep(*static_cast<QWidget*>(panel), on_top);
 }
 
+std::unique_ptr<Platform> make_platform(ShowText show_text) {
+    return std::make_unique<DesktopPlatform>(show_text);
+}
+
 } // namespace halvane

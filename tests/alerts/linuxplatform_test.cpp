@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "platform/desktopplatform.h"
 #include "platform/linux/desktopentry.h"
-#include "platform/linux/linuxplatform.h"
 #include "stored/textfile.h"
 #include "tests/panel/panelharness.h"
 
@@ -53,7 +53,7 @@ protected:
         return false;
     }
 
-    LinuxPlatform platform_{[](const std::string&, const auto& /*run*/) {}};
+    DesktopPlatform platform_{[](const std::string&, const auto& /*run*/) {}};
 
 private:
     QTemporaryDir home_;

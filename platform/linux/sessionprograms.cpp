@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/linux/linuxplatform.h"
+#include "platform/desktopplatform.h"
 
 #include "platform/linux/desktopentry.h"
 #include "platform/linux/runningprograms.h"
@@ -49,26 +49,22 @@ std::string delivered_program(const std::string& target) {
 
 } // namespace
 
-void LinuxPlatform::create_shortcut(const Shortcut& shortcut) {
+void DesktopPlatform::create_shortcut(const Shortcut& shortcut) {
     const std::filesystem::path entry = autostart_entry(shortcut.name);
     std::filesystem::create_directories(entry.parent_path());
     save_text_file(entry.string(), desktop_entry(shortcut, delivered_program(shortcut.target)));
 }
 
-void LinuxPlatform::delete_shortcut(const std::string&, const std::string& name) {
+void DesktopPlatform::delete_shortcut(const std::string&, const std::string& name) {
     std::filesystem::remove(autostart_entry(name));
 }
 
-bool LinuxPlatform::is_running(const std::string&, const std::string& executable) {
+bool DesktopPlatform::is_running(const std::string&, const std::string& executable) {
     return user_runs(executable);
 }
 
-void LinuxPlatform::start_minimised(const std::string& path, const std::string& working_folder) {
+void DesktopPlatform::start_minimised(const std::string& path, const std::string& working_folder) {
     QProcess::startDetached(QString::fromStdString(path), {}, QString::fromStdString(working_folder));
-}
-
-std::unique_ptr<Platform> make_platform(ShowText show_text) {
-    return std::make_unique<LinuxPlatform>(show_text);
 }
 
 } // namespace halvane

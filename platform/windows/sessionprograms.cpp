@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/windows/windowsplatform.h"
+#include "platform/desktopplatform.h"
 
 #include "platform/windows/shortcutfile.h"
 #include "system/path.h"
@@ -12,21 +12,21 @@
 
 namespace halvane {
 
-void WindowsPlatform::create_shortcut(const Shortcut& shortcut) {
+void DesktopPlatform::create_shortcut(const Shortcut& shortcut) {
     write_shortcut(startup_folder(), link_fields(shortcut));
 }
 
-void WindowsPlatform::delete_shortcut(const std::string& /*folder*/, const std::string& name) {
+void DesktopPlatform::delete_shortcut(const std::string& /*folder*/, const std::string& name) {
     Shortcut shortcut;
     shortcut.name = name;
     std::filesystem::remove(path_of(joined_path(startup_folder(), link_fields(shortcut).file_name)));
 }
 
-bool WindowsPlatform::is_running(const std::string& window_title, const std::string& /*executable*/) {
+bool DesktopPlatform::is_running(const std::string& window_title, const std::string& /*executable*/) {
     return ::FindWindowW(nullptr, wide(window_title).c_str()) != nullptr;
 }
 
-void WindowsPlatform::start_minimised(const std::string& path, const std::string& working_folder) {
+void DesktopPlatform::start_minimised(const std::string& path, const std::string& working_folder) {
     STARTUPINFOW start{};
     start.cb = sizeof start;
     start.dwFlags = STARTF_USESHOWWINDOW;
@@ -38,10 +38,6 @@ void WindowsPlatform::start_minimised(const std::string& path, const std::string
         throw std::system_error(static_cast<int>(::GetLastError()), std::system_category(), path);
     const Handle thread(begun.hThread);
     const Handle process(begun.hProcess);
-}
-
-std::unique_ptr<Platform> make_platform(ShowText show_text) {
-    return std::make_unique<WindowsPlatform>(show_text);
 }
 
 } // namespace halvane

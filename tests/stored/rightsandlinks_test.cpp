@@ -5,7 +5,6 @@
 
 #include <csignal>
 #include <gtest/gtest.h>
-#include <set>
 #include <string>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -13,17 +12,10 @@
 namespace halvane {
 namespace {
 
-std::set<std::string> names_in(const std::filesystem::path& folder) {
-    std::set<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(folder))
-        names.insert(entry.path().filename().string());
-    return names;
-}
-
 TEST(Saving, KeepsTheOldContentWhenTheDiskTakesNoMore) {
     const TemporaryProgramFolder folder;
     const std::string before = folder.read("loc.txt");
-    const auto names = names_in(folder.path());
+    const auto names = folder.files();
     rlimit old{};
     ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &old), 0);
     const rlimit small{1000, old.rlim_max};
@@ -36,7 +28,7 @@ TEST(Saving, KeepsTheOldContentWhenTheDiskTakesNoMore) {
     ASSERT_TRUE(words.has_value());
     EXPECT_NE(words->find("Cannot write " + (folder / "loc.txt").string()), std::string::npos) << *words;
     EXPECT_EQ(folder.read("loc.txt"), before);
-    EXPECT_EQ(names_in(folder.path()), names);
+    EXPECT_EQ(folder.files(), names);
 }
 
 TEST(Saving, KeepsTheRightsOfTheFile) {

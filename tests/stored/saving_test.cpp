@@ -5,26 +5,18 @@
 #include <atomic>
 #include <chrono>
 #include <gtest/gtest.h>
-#include <set>
 #include <string>
 #include <thread>
 
 namespace halvane {
 namespace {
 
-std::set<std::string> names_in(const std::filesystem::path& folder) {
-    std::set<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(folder))
-        names.insert(entry.path().filename().string());
-    return names;
-}
-
 TEST(Saving, LeavesNothingBesideTheFile) {
     const TemporaryProgramFolder folder;
-    const auto before = names_in(folder.path());
+    const auto before = folder.files();
     for (const StoredRecord& file : stored_records())
         file.write_back();
-    EXPECT_EQ(names_in(folder.path()), before);
+    EXPECT_EQ(folder.files(), before);
 }
 
 TEST(Saving, ShowsAReaderTheOldOrTheNewContentAndNothingElse) {
@@ -59,11 +51,11 @@ TEST(Saving, NamesAFileThatCannotBeReplaced) {
     const TemporaryProgramFolder folder;
     folder.erase("pref.vsk");
     std::filesystem::create_directories(folder / "pref.vsk/occupied");
-    const auto names = names_in(folder.path());
+    const auto names = folder.files();
     const auto words = failure_words([] { write_pref({}); });
     ASSERT_TRUE(words.has_value());
     EXPECT_NE(words->find("Cannot write " + (folder / "pref.vsk").string()), std::string::npos) << *words;
-    EXPECT_EQ(names_in(folder.path()), names);
+    EXPECT_EQ(folder.files(), names);
 }
 
 TEST(Saving, NamesAFolderThatIsNotThere) {

@@ -31,15 +31,8 @@ MachineTime clock_at(double seconds) {
     constexpr double most_days = 1e7;
     const std::chrono::days since(
         static_cast<int>(std::clamp(day - first_day_of_chrono(), -most_days, most_days)));
-    const std::chrono::year_month_day date{std::chrono::sys_days(since)};
-    const std::chrono::hh_mm_ss clock(
-        std::chrono::seconds(static_cast<int>(std::floor(seconds - day * seconds_per_day))));
-    return {static_cast<int>(date.year()),
-            static_cast<int>(static_cast<unsigned>(date.month())),
-            static_cast<int>(static_cast<unsigned>(date.day())),
-            static_cast<int>(clock.hours().count()),
-            static_cast<int>(clock.minutes().count()),
-            static_cast<int>(clock.seconds().count())};
+    return shown_at(std::chrono::sys_days(since) +
+                    std::chrono::seconds(static_cast<int>(std::floor(seconds - day * seconds_per_day))));
 }
 
 double hours_ahead(const Preferences& preferences, const Location& location, double day) {

@@ -42,17 +42,7 @@ std::int64_t utc_second_now() {
 }
 
 MachineTime universal_time() {
-    using namespace std::chrono;
-    const sys_seconds now{seconds(utc_second_now())};
-    const sys_days midnight = floor<days>(now);
-    const year_month_day date(midnight);
-    const hh_mm_ss clock(now - midnight);
-    return {static_cast<int>(date.year()),
-            static_cast<int>(static_cast<unsigned>(date.month())),
-            static_cast<int>(static_cast<unsigned>(date.day())),
-            static_cast<int>(clock.hours().count()),
-            static_cast<int>(clock.minutes().count()),
-            static_cast<int>(clock.seconds().count())};
+    return shown_at(std::chrono::sys_seconds{std::chrono::seconds(utc_second_now())});
 }
 
 void set_machine_time(const MachineTime& time) {

@@ -32,10 +32,7 @@ rm -f "$zip"
 
 # The installer's lists, of what is in the folder.
 is_stored() {
-    case $1 in
-    pref.vsk | loc.vsk | loc.txt | date.vsk | phase.vsk | visib.vsk | coor.vsk | tele.vsk | alert.vsk) return 0 ;;
-    *) return 1 ;;
-    esac
+    grep -qxF "$1" "$build/storedfiles.txt"
 }
 cd "$stage/$name"
 touch "$lists/files.nsh" "$lists/stored.nsh" "$lists/remove.nsh" "$lists/removestored.nsh" "$lists/folders.nsh"

@@ -69,8 +69,11 @@ function(deliver_windows_runtime)
 
   foreach(NAME libgcc_s_seh-1.dll libssp-0.dll libstdc++-6.dll libwinpthread-1.dll)
     execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${NAME} OUTPUT_VARIABLE DLL OUTPUT_STRIP_TRAILING_WHITESPACE)
-    execute_process(COMMAND ${CMAKE_STRIP} --strip-unneeded -o ${HALVANE_PROGRAM_FOLDER}/${NAME} ${DLL}
-                    COMMAND_ERROR_IS_FATAL ANY)
+    # Each strip writes its date into the file.
+    if(${DLL} IS_NEWER_THAN ${HALVANE_PROGRAM_FOLDER}/${NAME})
+      execute_process(COMMAND ${CMAKE_STRIP} --strip-unneeded -o ${HALVANE_PROGRAM_FOLDER}/${NAME} ${DLL}
+                      COMMAND_ERROR_IS_FATAL ANY)
+    endif()
     list(APPEND FILES ./${NAME})
   endforeach()
   set_property(GLOBAL PROPERTY WINDOWS_RUNTIME ${FILES})

@@ -19,4 +19,6 @@ cmake -S "$tools/svg" -B "$made/build" -G Ninja -DCMAKE_TOOLCHAIN_FILE="$tools/t
     -DCMAKE_BUILD_TYPE=Release -DSOURCE="$made/source" -DCMAKE_INSTALL_PREFIX="$prefix"
 cmake --build "$made/build"
 cmake --install "$made/build" --strip
+mkdir -p "$prefix/licences"
+cp "$source/debian/copyright" "$prefix/licences/qtsvg.txt"
 touch "$prefix/complete"

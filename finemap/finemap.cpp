@@ -40,14 +40,14 @@ std::vector<MapPart> parts_of(const MapWindow& window, double step) {
     return parts;
 }
 
+void judge_row(const MapJudge& judge, MapPart& part, std::size_t row) {
+    MapJudge::OfRow judge_of_row(judge, part.latitude(row));
+    for (std::size_t column = 0; column < part.columns; ++column)
+        part.nodes[row * part.columns + column] = node_of(judge_of_row.at(part.longitude(column)));
+}
+
 bool judge_part(const MapJudge& judge, MapPart& part, Progress& progress) {
-    const auto begin = [&]() -> DoPiece {
-        return [&](std::size_t row) {
-            MapJudge::OfRow judge_of_row(judge, part.latitude(row));
-            for (std::size_t column = 0; column < part.columns; ++column)
-                part.nodes[row * part.columns + column] = node_of(judge_of_row.at(part.longitude(column)));
-        };
-    };
+    const auto begin = [&]() -> DoPiece { return [&](std::size_t row) { judge_row(judge, part, row); }; };
     return share_work(part.rows, begin, progress);
 }
 
@@ -92,6 +92,29 @@ std::optional<TwinWords> refused_map(const FineMapSettings& settings) {
                          "معيار " + std::string(criterion.name.arabic) +
                              " لهلال أول الشهر فقط، فلا خريطة له في الصباح.");
     return std::nullopt;
+}
+
+std::optional<std::vector<MapPart>> judged_grid(const TheoryPointer& theory, const FineMapSettings& settings,
+                                                Progress& progress) {
+    if (const std::optional<TwinWords> refused = refused_map(settings))
+        throw RunTimeFailure(*refused);
+    Ephemeris ephemeris(theory);
+    const SkyPolynomials sky = sky_around_date(ephemeris, settings.day);
+    std::vector<MapPart> parts = parts_of(settings.window, settings.step);
+    double rows = 0;
+    for (const MapPart& part : parts)
+        rows += static_cast<double>(part.rows);
+    double done = 0;
+    for (MapPart& part : parts) {
+        const MapJudge judge(settings, sky, part.shift());
+        for (std::size_t row = 0; row < part.rows; ++row) {
+            judge_row(judge, part, row);
+            progress.percent(100 * ++done / rows);
+            if (!progress.yield())
+                return std::nullopt;
+        }
+    }
+    return parts;
 }
 
 std::optional<FineMap> make_fine_map(const TheoryPointer& theory, const FineMapSettings& settings,

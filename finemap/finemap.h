@@ -112,6 +112,12 @@ struct FineMap {
 std::optional<FineMap> make_fine_map(const TheoryPointer& theory, const FineMapSettings& settings,
                                      Progress& progress);
 
+/// The grid of a map alone, without zones, by the calling thread. Nothing after a cancel, which is seen after
+/// each row.
+/// Error  raises RunTimeFailure as make_fine_map
+std::optional<std::vector<MapPart>> judged_grid(const TheoryPointer& theory, const FineMapSettings& settings,
+                                                Progress& progress);
+
 /// What the criterion says of one place.
 struct PlaceAnswer {
     MapClass map_class = MapClass::no_event;

@@ -10,12 +10,6 @@
 namespace halvane {
 namespace {
 
-/// For a few places the polynomials would cost more than they save.
-SeriesUse series_use(std::size_t places) {
-    constexpr std::size_t few_places = 4;
-    return places > few_places ? SeriesUse::interpolated_year : SeriesUse::each_instant;
-}
-
 /// Tells the threads of a work that it is given up, in the middle of a piece too.
 class SharedProgress final : public Progress {
 public:
@@ -45,6 +39,11 @@ private:
 };
 
 } // namespace
+
+SeriesUse series_use(std::size_t places) {
+    constexpr std::size_t few_places = 4;
+    return places > few_places ? SeriesUse::interpolated_year : SeriesUse::each_instant;
+}
 
 bool make_timetables(const TheoryPointer& theory, const std::vector<TimetableSettings>& settings,
                      const std::function<void(std::size_t, const Timetable&)>& take, Progress& progress) {

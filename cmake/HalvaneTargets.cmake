@@ -7,6 +7,12 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 if(NOT CMAKE_BUILD_TYPE)
   set(CMAKE_BUILD_TYPE Release)
 endif()
+# The rooms go into a shared library, too, which shows its interface alone.
+if(NOT WIN32)
+  set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+  set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+  set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+endif()
 
 # The programs and every data file they read stand together in one folder that can be moved.
 set(HALVANE_PROGRAM_FOLDER ${CMAKE_BINARY_DIR}/halvane)

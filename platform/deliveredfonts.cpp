@@ -4,6 +4,7 @@
 #include "stored/programfolder.h"
 #include "system/path.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QFont>
 #include <QFontDatabase>
@@ -19,7 +20,11 @@ void replace_missing_font() {
     if (QFontInfo(font).family().compare(font.family(), Qt::CaseInsensitive) == 0)
         return;
     font.setFamilies({QStringLiteral("Noto Sans"), QStringLiteral("Noto Sans Arabic")});
-    QGuiApplication::setFont(font);
+    // With widgets this one takes the fonts away that the system has for some of them, such as messages.
+    if (qobject_cast<QApplication*>(QCoreApplication::instance()) != nullptr)
+        QApplication::setFont(font);
+    else
+        QGuiApplication::setFont(font);
 }
 
 } // namespace

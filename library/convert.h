@@ -23,7 +23,9 @@ struct Clock::Rules {
 // The engine's values from the interface's, checked.
 // Error  raise Error (bad_argument) for what is out of range.
 halvane::Instant engine_instant(const Instant& instant);
-halvane::Observer engine_observer(const Observer& observer);
+/// The last observer of each thread is kept: calls mostly follow each other for one. The reference holds
+/// until the thread's next call.
+const halvane::Observer& engine_observer(const Observer& observer);
 halvane::Horizon engine_horizon(const Horizon& horizon, const Observer& observer);
 double checked_julian_day(const Date& date);
 
@@ -36,9 +38,5 @@ std::optional<TimeZone> zone_of(const Clock& clock);
 ClockTime clock_time(const TaggedTime& time);
 Missing missing_of(NoEvent reason);
 HijriDate hijri_value(const halvane::HijriDate& date);
-
-/// Error  raises Error (bad_argument) for a kind that there is none of.
-template <class Kind>
-Kind require_kind(const char* what, Kind value, Kind last);
 
 } // namespace halvane::v1

@@ -5,6 +5,7 @@
 #include "base/failure.h"
 #include "base/numberformat.h"
 
+#include <cmath>
 #include <new>
 
 namespace halvane::v1 {
@@ -57,9 +58,11 @@ void raise_bad_argument(const std::string& words) {
 }
 
 void require_within(const char* what, double value, double least, double most) {
-    if (!(value >= least && value <= most))
-        raise_bad_argument(std::string(what) + " must be from " + plain_number(least) + " to " +
-                           plain_number(most) + ", not " + plain_number(value) + ".");
+    if (value >= least && value <= most)
+        return;
+    const std::string found = std::isfinite(value) ? plain_number(value) : "something that is no number";
+    raise_bad_argument(std::string(what) + " must be from " + plain_number(least) + " to " +
+                       plain_number(most) + ", not " + found + ".");
 }
 
 } // namespace halvane::v1

@@ -112,11 +112,18 @@ halvane::Instant engine_instant(const Instant& instant) {
             instant.scale == TimeScale::ut1 ? halvane::TimeScale::ut1 : halvane::TimeScale::dynamical};
 }
 
-halvane::Observer engine_observer(const Observer& observer) {
+const halvane::Observer& engine_observer(const Observer& observer) {
+    thread_local Observer last;
+    thread_local halvane::Observer own = observer_at(0, 0, 0);
+    if (last.latitude == observer.latitude && last.longitude == observer.longitude &&
+        last.height == observer.height)
+        return own;
     require_within("A latitude", observer.latitude, -90, 90);
     require_within("A longitude", observer.longitude, -180, 180);
     require_within("A height", observer.height, -greatest_height, greatest_height);
-    return observer_at(observer.longitude, observer.latitude, observer.height);
+    own = observer_at(observer.longitude, observer.latitude, observer.height);
+    last = observer;
+    return own;
 }
 
 halvane::Horizon engine_horizon(const Horizon& horizon, const Observer& observer) {

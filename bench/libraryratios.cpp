@@ -66,8 +66,9 @@ double moon_of_engine(Engine& engine, double jd) {
 }
 
 double prayers_of_engine(Engine& engine, int number) {
+    const int month = 1 + number / 28;
     double jd = 0;
-    modjul(2026, 1 + number / 28, 1 + number % 28, 0, jd);
+    modjul(2026, month, 1 + number % 28, 0, jd);
     const PrayerDay day = prayer_day(engine.ephemeris, engine.settings, jd, 0);
     return std::get<double>(day.times.maghreb);
 }

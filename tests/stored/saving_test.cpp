@@ -66,7 +66,7 @@ TEST(Saving, NamesAFolderThatIsNotThere) {
 
 TEST(Reading, TakesFilesOfAtMost16MB) {
     const TemporaryProgramFolder folder;
-    constexpr std::size_t largest = 16U * 1024U * 1024U;
+    constexpr std::size_t largest = std::size_t{16} * 1024 * 1024;
     const std::filesystem::path path = folder / "long.txt";
     put_bytes(path, "x");
     std::filesystem::resize_file(path, largest);

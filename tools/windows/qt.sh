@@ -9,6 +9,8 @@ tools=$(cd "$(dirname "$0")" && pwd)
 . "$tools/debiansource.sh"
 
 source=$(debian_source "$cache" qt6-base)
+[ -e "$source/halvane.patched" ] || patch -d "$source" -p1 <"$tools/qt/nodirect3d.patch"
+touch "$source/halvane.patched"
 # What would be found on the building machine by chance stays out, and what needs the tablets' header, which Debian's
 # source leaves out.
 cmake -S "$source" -B "$cache/made/qt6-base" -G Ninja \

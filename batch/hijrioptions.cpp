@@ -7,6 +7,7 @@
 #include "batch/runoutput.h"
 #include "batch/usagemistake.h"
 #include "hijri/keptrule.h"
+#include "hijri/seenbefore.h"
 #include "stored/textfile.h"
 #include "timetable/timetableplaces.h"
 

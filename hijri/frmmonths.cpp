@@ -8,6 +8,7 @@
 #include "hijri/monthpainter.h"
 #include "hijri/monthpaper.h"
 #include "hijri/monthsrules.h"
+#include "hijri/seenbefore.h"
 #include "panel/choicelists.h"
 #include "panel/formpage.h"
 #include "panel/messages.h"

@@ -3,7 +3,7 @@
 #include "calendar/modday.h"
 #include "hijri/hijrifiles.h"
 #include "hijri/hijritexts.h"
-#include "hijri/keptrule.h"
+#include "hijri/seenbefore.h"
 #include "timetable/cells.h"
 #include "timetable/rowtexts.h"
 

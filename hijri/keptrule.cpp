@@ -7,6 +7,7 @@
 #include "finemap/worldoutline.h"
 #include "hijri/hijrimonths.h"
 #include "hijri/mainland.h"
+#include "hijri/seenbefore.h"
 #include "stored/programfolder.h"
 #include "stored/textfile.h"
 #include "system/path.h"
@@ -19,6 +20,7 @@
 #include <array>
 #include <cmath>
 #include <filesystem>
+#include <span>
 #include <system_error>
 #include <utility>
 #include <vector>
@@ -30,10 +32,6 @@ constexpr const char* file_name = "hijri-rule.ini";
 constexpr const char* none = "none";
 constexpr double greatest_limit = 1000; // far beyond any use
 constexpr double eastern_most = 540;    // of a window that goes once around from the date line       [deg]
-
-constexpr std::array<Word<SeenBefore>, 3> before_words{
-    {{"any-time", SeenBefore::any_time}, {"midnight", SeenBefore::midnight}, {"fajer", SeenBefore::fajer}}};
-constexpr std::array<SeenBefore, 3> befores{SeenBefore::any_time, SeenBefore::midnight, SeenBefore::fajer};
 
 /// A key of the file. `take` answers what was wanted when the value is none.
 struct ChoiceKey {
@@ -160,9 +158,9 @@ constexpr ChoiceKey keys[] = {
      }},
     {"crescent", "before",
      [](HijriChoice& choice, std::string_view value) {
-         return take_word(choice.before, value, before_words);
+         return take_word(choice.before, value, seen_before_words);
      },
-     [](const HijriChoice& choice) { return word_of(choice.before, before_words); }},
+     [](const HijriChoice& choice) { return word_of(choice.before, seen_before_words); }},
     {"crescent", "danjon_limit",
      [](HijriChoice& choice, std::string_view value) {
          return take_number(choice.limits.danjon_limit, value, 0, greatest_limit);
@@ -354,24 +352,6 @@ HijriAnswer settings_of(const HijriChoice& choice, double year, const AnnouncedL
 HijriAnswer settings_of(const HijriChoice& choice, double year) {
     return settings_of(choice, year,
                        choice.announced == AnnouncedUse::none ? AnnouncedList() : read_announced());
-}
-
-const char* key_of(SeenBefore before) {
-    for (const Word<SeenBefore>& word : before_words)
-        if (word.value == before)
-            return word.word;
-    return "";
-}
-
-std::optional<SeenBefore> seen_before_of(std::string_view key) {
-    SeenBefore before{};
-    if (take_word(before, key, before_words).empty())
-        return before;
-    return std::nullopt;
-}
-
-std::span<const SeenBefore> seen_befores() {
-    return befores;
 }
 
 HijriChoice hijri_choice_of_text(const std::string& text, const std::string& path) {

@@ -9,7 +9,6 @@
 
 #include <cstddef>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -54,12 +53,6 @@ HijriAnswer settings_of(const HijriChoice& choice, double year, const AnnouncedL
 /// The same, whatever the choice's place is, at one that has been found: it is "here" too.
 HijriAnswer settings_of(const HijriChoice& choice, double year, const AnnouncedList& announced,
                         const TimetablePlace& place);
-
-/// "any-time", "midnight", "fajer": the name in files and on the command line.
-const char* key_of(SeenBefore before);
-std::optional<SeenBefore> seen_before_of(std::string_view key);
-/// Every one, in the order of the lists.
-std::span<const SeenBefore> seen_befores();
 
 /// The choice of an INI text.
 /// Error  raises RunTimeFailure (damaged file) naming `path`, the line, the key and what is wrong there.

@@ -3,7 +3,7 @@
 
 #include "base/numberformat.h"
 #include "crescent/measurewords.h"
-#include "hijri/keptrule.h"
+#include "hijri/seenbefore.h"
 
 #include <array>
 #include <cmath>

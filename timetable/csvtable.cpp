@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "timetable/csvtable.h"
 
-#include "base/failure.h"
-
 #include <algorithm>
 #include <array>
 #include <csv.h>
@@ -154,17 +152,6 @@ TwinWords field_count_words(std::size_t wanted, std::size_t found) {
     const std::string found_count = std::to_string(found);
     return {"wanted " + wanted_count + " fields, found " + found_count,
             "المطلوب " + wanted_count + " من الحقول، و الموجود " + found_count};
-}
-
-TwinWords line_words(const std::string& path, int line, const TwinWords& words) {
-    const std::string number = std::to_string(line);
-    return {path + ", line " + number + ": " + words.english + ".",
-            path + "، السطر " + number + ": " + words.arabic + "."};
-}
-
-void raise_bad_line(const std::string& path, int line, const std::string& english,
-                    const std::string& arabic) {
-    throw RunTimeFailure(line_words(path, line, {english, arabic}), FailureKind::damaged_file);
 }
 
 } // namespace halvane

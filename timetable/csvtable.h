@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/twintext.h"
+#include "timetable/badline.h"
 
 #include <cstddef>
 #include <optional>
@@ -48,12 +49,5 @@ std::vector<CsvLine> read_csv_lines(std::string_view text);
 
 /// "wanted 4 fields, found 3"
 TwinWords field_count_words(std::size_t wanted, std::size_t found);
-
-/// "places.csv, line 3: ...", a sentence.
-TwinWords line_words(const std::string& path, int line, const TwinWords& words);
-
-/// The failure of a line of a file.
-[[noreturn]] void raise_bad_line(const std::string& path, int line, const std::string& english,
-                                 const std::string& arabic);
 
 } // namespace halvane

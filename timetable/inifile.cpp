@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "timetable/inifile.h"
 
-#include "timetable/csvtable.h"
+#include "timetable/badline.h"
 #include "timetable/inilines.h"
 
 #include <algorithm>

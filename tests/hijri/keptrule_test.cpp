@@ -2,6 +2,7 @@
 #include "base/failure.h"
 #include "ephemeris/theory.h"
 #include "hijri/keptrule.h"
+#include "hijri/seenbefore.h"
 #include "routines/seriesloader.h"
 #include "stored/loc.h"
 #include "tests/support/programfolder.h"

@@ -155,7 +155,7 @@ TimetableTime time_value(const TimetableRow& row, const RowTime& time) {
     value.day = time.clock->day;
     value.seconds = time.clock->seconds;
     value.offset = time.clock->offset;
-    value.unix = utc_seconds(row, *time.clock);
+    value.unix_seconds = utc_seconds(row, *time.clock);
     return value;
 }
 

@@ -119,10 +119,10 @@ enum class TimeSource {
 struct TimetableTime {
     Missing missing = Missing::no_event;
     TimeSource source = TimeSource::sky;
-    int day = 0;           ///< days after the row's date: mostly 0, 1 past midnight, -1 before it
-    int seconds = 0;       ///< of that day, 0 to 86399                                         [s]
-    int offset = 0;        ///< of the clock from Universal Time then                           [s]
-    std::int64_t unix = 0; ///< the same moment, seconds since 1970 January 1, 0 h Universal Time
+    int day = 0;                   ///< days after the row's date: mostly 0, 1 past midnight, -1 before it
+    int seconds = 0;               ///< of that day, 0 to 86399                                         [s]
+    int offset = 0;                ///< of the clock from Universal Time then                           [s]
+    std::int64_t unix_seconds = 0; ///< the same moment, since 1970 January 1, 0 h Universal Time [s]
 
     explicit operator bool() const { return missing == Missing::no; }
 };

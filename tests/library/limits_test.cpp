@@ -202,7 +202,7 @@ TEST_F(LibraryLimits, AnswerEightThreadsAsOne) {
                              .verdicts.at(0)
                              .value);
         for (const TimetableDay& day : timetable(engine_, date_, {2026, 11, 25}, place, clock_))
-            values.push_back(static_cast<double>(day.times[4].unix));
+            values.push_back(static_cast<double>(day.times[4].unix_seconds));
         MapChoices map;
         map.date = {2026, 12, 10};
         map.step = 20;

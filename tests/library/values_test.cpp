@@ -273,7 +273,8 @@ TEST_F(LibraryValues, OfTimetablesAreThePrograms) {
                    static_cast<bool>(time) == of_row.clock.has_value() &&
                    (!of_row.clock ||
                     (time.day == of_row.clock->day && time.seconds == of_row.clock->seconds &&
-                     time.offset == of_row.clock->offset && time.unix == utc_seconds(row, *of_row.clock)));
+                     time.offset == of_row.clock->offset &&
+                     time.unix_seconds == utc_seconds(row, *of_row.clock)));
         };
         for (std::size_t k = 0; k < v1::prayers; ++k) {
             EXPECT_TRUE(alike(day.times[k], row.times.values[k])) << authority.key << " " << k;

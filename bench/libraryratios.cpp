@@ -5,6 +5,7 @@
 #include "ephemeris/moon.h"
 #include "ephemeris/sun.h"
 #include "events/riseset.h"
+#include "halvane/halvane.h"
 #include "halvane/prayer.h"
 #include "prayer/prayerday.h"
 #include "routines/seriesloader.h"
@@ -112,5 +113,37 @@ int main() {
     print_ratio("  prayer times of a day", shortest_times(each(days, prayers), each(days, [&](int i) {
                                                               return prayers_of_engine(engine, i);
                                                           })));
+
+    halvane_engine* handle = nullptr;
+    halvane_clock* c_clock = nullptr;
+    if (halvane_engine_open_folder(folder.path().c_str(), &handle) != HALVANE_OK ||
+        halvane_clock_fixed(2, &c_clock) != HALVANE_OK)
+        return 1;
+    const halvane_observer c_cairo{30.05, 31.25, 0};
+    const auto c_sun = [&](int i) {
+        halvane_seen_sun seen{};
+        seen.size = sizeof seen;
+        halvane_sun_seen(handle, {jd_of(i), HALVANE_UT1}, c_cairo, 0, &seen);
+        return seen.topocentric.altitude;
+    };
+    const auto c_moon = [&](int i) {
+        halvane_seen_moon seen{};
+        seen.size = sizeof seen;
+        halvane_moon_seen(handle, {jd_of(i), HALVANE_UT1}, c_cairo, 0, &seen);
+        return seen.topocentric.altitude;
+    };
+    const auto c_prayers = [&](int i) {
+        halvane_prayer_day day{};
+        day.size = sizeof day;
+        halvane_prayer_times(handle, {2026, 1 + i / 28, 1 + i % 28}, c_cairo, c_clock, nullptr, &day);
+        return day.times[HALVANE_MAGHREB].hours;
+    };
+    std::puts("C interface over the C++ one");
+    print_ratio("  place of the Sun, complete, seen",
+                shortest_times(each(instants, c_sun), each(instants, sun)));
+    print_ratio("  place of the Moon, seen", shortest_times(each(instants, c_moon), each(instants, moon)));
+    print_ratio("  prayer times of a day", shortest_times(each(days, c_prayers), each(days, prayers)));
+    halvane_clock_free(c_clock);
+    halvane_engine_close(handle);
     return 0;
 }

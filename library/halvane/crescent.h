@@ -51,6 +51,7 @@ struct CriterionClass {
     std::string arabic_words; ///< UTF-8
 };
 
+/// A criterion of crescent visibility.
 struct Criterion {
     std::string key; ///< "yallop-1997"
     std::string name;
@@ -90,7 +91,8 @@ struct CrescentAnswer {
 };
 
 /// The crescent of a civil date of a place's clock, of the conjunction nearest to it. The horizon is that of
-/// the sea in standard air. Error  raises Error (bad_argument) for a date or a place out of range.
+/// the sea in standard air.
+/// Error  raises Error (bad_argument) for a date or a place out of range.
 HALVANE_EXPORT CrescentAnswer crescent(const Engine& engine, CrescentKind kind, const Date& date,
                                        const Observer& observer, const Clock& clock,
                                        const CriterionLimits& limits = {});
@@ -171,8 +173,8 @@ struct MapGrid {
 /// The grids of a map: one, or two beside each other at the date line. It works on one core; call it from
 /// several threads for several maps.
 /// Error  raises Error: bad_argument for choices out of range, for a criterion that judges by one place or
-/// not of
-///        mornings; cancelled.
+/// not
+///        of mornings; cancelled.
 HALVANE_EXPORT std::vector<MapGrid> crescent_map(const Engine& engine, const MapChoices& choices,
                                                  Progress* progress = nullptr);
 

@@ -35,6 +35,7 @@ public:
     explicit Engine(const EngineData& data);
 
     struct Parts;
+    /// The library's own.
     const Parts& parts() const { return *parts_; }
 
 private:

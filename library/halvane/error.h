@@ -22,10 +22,12 @@ enum class ErrorKind {
 /// The one exception of the library. `what()` is a whole sentence in English, UTF-8.
 class HALVANE_EXPORT Error : public std::runtime_error {
 public:
+    /// In     words  a whole sentence
     Error(ErrorKind kind, const std::string& words);
     Error(const Error&) noexcept = default;
     ~Error() override;
 
+    /// What kind of thing failed.
     ErrorKind kind() const noexcept { return kind_; }
 
 private:

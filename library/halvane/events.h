@@ -19,11 +19,12 @@ struct BodyDay {
     ClockTime set;     ///< of the upper limb
 };
 
-/// The Sun's and the Moon's rise, transit and set on a civil date of a clock.
+/// The Sun's rise, transit and set on a civil date of a clock.
 /// Accuracy  Sun 5 s, Moon 20 s at latitudes up to 60 deg (docs/accuracy.md).
 /// Error  raise Error (bad_argument) for a date or a place out of range.
 HALVANE_EXPORT BodyDay sun_day(const Engine& engine, const Date& date, const Observer& observer,
                                const Clock& clock, const Horizon& horizon = {});
+/// The same of the Moon.
 HALVANE_EXPORT BodyDay moon_day(const Engine& engine, const Date& date, const Observer& observer,
                                 const Clock& clock, const Horizon& horizon = {});
 
@@ -54,6 +55,7 @@ HALVANE_EXPORT std::vector<AltitudePassage> altitude_passages(const Engine& engi
 /// The four phases of the Moon.
 enum class Phase { new_moon = 0, first_quarter = 1, full_moon = 2, last_quarter = 3 };
 
+/// A phase of the Moon.
 struct PhaseMoment {
     Phase phase = Phase::new_moon;
     int lunation = 0; ///< counted from the New Moon of 2000 January 6

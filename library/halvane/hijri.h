@@ -8,6 +8,7 @@ namespace halvane::HALVANE_INLINE v1 {
 /// The tabular calendar: cycles of 30 years from 16 July 622 (Julian), as Halvane's reports reckon.
 /// Error  raise Error (bad_argument) for a date before the calendar, or one that it has not.
 HALVANE_EXPORT HijriDate tabular_hijri(const Date& date);
+/// The civil date of a Hijri one by that calendar.
 HALVANE_EXPORT Date tabular_civil(const HijriDate& date);
 
 /// What decides when a month begins.
@@ -21,6 +22,7 @@ struct HijriRule {
     bool asks_criterion = false;
     bool asks_region = false;
 };
+/// Every rule, in the order of Halvane's lists.
 HALVANE_EXPORT std::vector<HijriRule> hijri_rules();
 
 /// Until when a crescent that is seen anywhere counts.
@@ -62,6 +64,7 @@ enum HijriNote : unsigned {
     hijri_undecided = 32,     ///< no evening that was asked showed a crescent
 };
 
+/// A month by a rule.
 struct HijriMonth {
     int year = 1;
     int month = 1; ///< 1 to 12
@@ -84,8 +87,9 @@ HALVANE_EXPORT std::vector<HijriMonth> hijri_months(const Engine& engine, const 
                                                     int first_year, int first_month, int last_year,
                                                     int last_month, Progress* progress = nullptr);
 
-/// The Hijri date of a civil date by a rule, and the civil date of a Hijri one.
+/// The Hijri date of a civil date by a rule.
 HALVANE_EXPORT HijriDate hijri_date(const Engine& engine, const HijriChoices& choices, const Date& date);
+/// The civil date of a Hijri date by a rule.
 HALVANE_EXPORT Date civil_date_of(const Engine& engine, const HijriChoices& choices, const HijriDate& date);
 
 } // namespace halvane::HALVANE_INLINEv1

@@ -32,9 +32,11 @@ struct ReportRules {
 /// another date's then.
 struct PrayerTimes {
     std::array<ClockTime, prayers> times;
+    /// The time of a prayer.
     const ClockTime& operator[](Prayer prayer) const { return times[static_cast<std::size_t>(prayer)]; }
 };
 
+/// The six times of a date by the report's rules.
 /// Error  raises Error: bad_argument; no_value where the method of high latitudes does not reach.
 HALVANE_EXPORT PrayerTimes prayer_times(const Engine& engine, const Date& date, const Observer& observer,
                                         const Clock& clock, const ReportRules& rules = {});
@@ -62,6 +64,7 @@ enum class RuleUse {
 
 /// When a prayer is begun together.
 struct Iqamah {
+    /// At a clock, or so long after the prayer's time.
     enum class Kind { none = 0, fixed, after };
     Kind kind = Kind::none;
     int minutes = 0;         ///< of the day (fixed, 0 to 1439), or after the prayer's time (0 to 240) [min]
@@ -97,6 +100,7 @@ struct Authority {
     std::string region;
     std::string source; ///< where its rules are told
 };
+/// Every authority, in the order of Halvane's lists.
 HALVANE_EXPORT std::vector<Authority> authorities();
 
 /// The rules of an authority.
@@ -124,6 +128,7 @@ struct TimetableTime {
     int offset = 0;                ///< of the clock from Universal Time then                           [s]
     std::int64_t unix_seconds = 0; ///< the same moment, since 1970 January 1, 0 h Universal Time [s]
 
+    /// Whether there is a time.
     explicit operator bool() const { return missing == Missing::no; }
 };
 
@@ -143,12 +148,13 @@ struct TimetableDay {
     int offset = 0;                    ///< of the clock from Universal Time at its noon        [s]
     bool clock_changes = false;        ///< within the day
 
+    /// The time of a prayer.
     const TimetableTime& operator[](Prayer prayer) const { return times[static_cast<std::size_t>(prayer)]; }
 };
 
 /// The rows from one date to another, both inside, 36600 at most. Each time is found in its own night,
-/// whatever the clock does at midnight or on the days of its change. Error  raises Error: bad_argument for
-/// rules, a place or dates out of range; no_value where the year method
+/// whatever the clock does at midnight or on the days of its change.
+/// Error  raises Error: bad_argument for rules, a place or dates out of range; no_value where the year method
 ///        does not reach; cancelled.
 HALVANE_EXPORT std::vector<TimetableDay> timetable(const Engine& engine, const Date& first, const Date& last,
                                                    const Observer& observer, const Clock& clock,

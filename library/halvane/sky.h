@@ -18,6 +18,7 @@ enum class Accuracy {
     fast = 3,     ///< the same with four terms of the nutation
 };
 
+/// The Sun or the Moon.
 enum class Body { sun = 0, moon = 1 };
 
 /// Apparent geocentric place of the Sun, of the date's equator and ecliptic.
@@ -49,11 +50,13 @@ struct SeenPlace {
     double azimuth = 0;         ///< 0 to 360, 0 north, 90 east                                 [deg]
 };
 
+/// The Sun from the Earth's centre and from an observer's place.
 struct SeenSun {
     SunPlace geocentric;
     SeenPlace topocentric;
 };
 
+/// The Moon from the Earth's centre and from an observer's place.
 struct SeenMoon {
     MoonPlace geocentric;
     SeenPlace topocentric;
@@ -61,7 +64,7 @@ struct SeenMoon {
     double semidiameter = 0; ///< topocentric                                                   [deg]
 };
 
-/// Geocentric places.
+/// The geocentric place of the Sun.
 /// Accuracy  of the complete series: Sun 1", Moon 10" (docs/accuracy.md).
 /// Source  Bretagnon and Francou, Astronomy and Astrophysics 202, 309 (1988) (VSOP87); Chapront-Touze and
 ///         Chapront, Lunar Tables and Programs from 4000 B.C. to A.D. 8000 (1991); Meeus, Astronomical
@@ -70,23 +73,28 @@ struct SeenMoon {
 ///        geocentric place.
 HALVANE_EXPORT SunPlace sun(const Engine& engine, const Instant& instant,
                             Accuracy accuracy = Accuracy::complete);
+/// The same of the Moon.
 HALVANE_EXPORT MoonPlace moon(const Engine& engine, const Instant& instant,
                               Accuracy accuracy = Accuracy::complete);
 
-/// The places from the Earth's centre and from an observer's.
+/// The Sun's places from the Earth's centre and from an observer's.
 HALVANE_EXPORT SeenSun sun_seen(const Engine& engine, const Instant& instant, const Observer& observer,
                                 Accuracy accuracy = Accuracy::complete);
+/// The same of the Moon.
 HALVANE_EXPORT SeenMoon moon_seen(const Engine& engine, const Instant& instant, const Observer& observer,
                                   Accuracy accuracy = Accuracy::complete);
 
-/// The same of many instants, in their order.
+/// sun() of many instants, in their order.
 HALVANE_EXPORT std::vector<SunPlace> suns(const Engine& engine, std::span<const Instant> instants,
                                           Accuracy accuracy = Accuracy::complete);
+/// moon() of many instants, in their order.
 HALVANE_EXPORT std::vector<MoonPlace> moons(const Engine& engine, std::span<const Instant> instants,
                                             Accuracy accuracy = Accuracy::complete);
+/// sun_seen() of many instants, in their order.
 HALVANE_EXPORT std::vector<SeenSun> suns_seen(const Engine& engine, std::span<const Instant> instants,
                                               const Observer& observer,
                                               Accuracy accuracy = Accuracy::complete);
+/// moon_seen() of many instants, in their order.
 HALVANE_EXPORT std::vector<SeenMoon> moons_seen(const Engine& engine, std::span<const Instant> instants,
                                                 const Observer& observer,
                                                 Accuracy accuracy = Accuracy::complete);

@@ -55,18 +55,23 @@ struct Instant {
     double jd = 2451545; ///< Julian day in `scale`                                             [d]
     TimeScale scale = TimeScale::ut1;
 
+    /// The moment of a Julian day in UT1.
     static constexpr Instant of_ut1(double jd) { return {jd, TimeScale::ut1}; }
+    /// The moment of a Julian day in dynamical time.
     static constexpr Instant of_dynamical(double jd) { return {jd, TimeScale::dynamical}; }
+    /// The moment of a number of seconds.
     /// In     seconds  since 1970 January 1, 0 h Universal Time; leap seconds are not counted
     static constexpr Instant of_unix(double seconds) {
         return {unix_epoch + seconds / seconds_per_day, TimeScale::ut1};
     }
+    /// The moment of the system's clock.
     static Instant of(std::chrono::system_clock::time_point moment) {
         return of_unix(std::chrono::duration<double>(moment.time_since_epoch()).count());
     }
 
-    /// The Julian day in either scale, by the library's Delta T                                [d]
+    /// The Julian day in UT1, by the library's Delta T                                         [d]
     HALVANE_EXPORT double ut1() const;
+    /// The Julian day in dynamical time, by the library's Delta T                              [d]
     HALVANE_EXPORT double dynamical() const;
     /// Seconds since 1970 January 1, 0 h Universal Time.
     double unix_seconds() const { return (ut1() - unix_epoch) * seconds_per_day; }
@@ -94,6 +99,7 @@ struct ClockTime {
                                  ///< [h]
     Missing missing = Missing::no_event;
 
+    /// Whether there is a time.
     explicit operator bool() const { return missing == Missing::no; }
 };
 
@@ -115,6 +121,7 @@ public:
     const std::string& zone_name() const;
 
     struct Rules;
+    /// The library's own; nothing for a fixed clock.
     const Rules* rules() const { return rules_.get(); }
 
 private:

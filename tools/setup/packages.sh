@@ -5,7 +5,7 @@
 # The packages' own names: a virtual name is never installed.
 build_packages="g++ cmake ninja-build ccache libcli11-dev nlohmann-json3-dev libhowardhinnant-date-dev tzdata libcsv-dev \
 libgd-dev zlib1g-dev qt6-base-dev qt6-svg-dev qt6-multimedia-dev qt6-translations-l10n libgl-dev fonts-dejavu-core fonts-noto-core"
-test_packages="libgtest-dev libbenchmark-dev libgif-dev libical-dev python3-icalendar python3-jsonschema python3-shapely librsvg2-bin poppler-utils libswe-dev swe-standard-data clang-format clang-tidy xvfb \
+test_packages="doxygen pkgconf libgtest-dev libbenchmark-dev libgif-dev libical-dev python3-icalendar python3-jsonschema python3-shapely librsvg2-bin poppler-utils libswe-dev swe-standard-data clang-format clang-tidy xvfb \
 xauth xdotool openbox x11-utils imagemagick python3 locales git desktop-file-utils appstream"
 # For ./windows only: the cross compiler, what runs its programs, what libraries are built from, the installer's maker,
 # what makes icons and reads shortcuts, a screen for the trial.

@@ -5,8 +5,10 @@
 # The packages' own names: a virtual name is never installed.
 build_packages="g++ cmake ninja-build ccache libcli11-dev nlohmann-json3-dev libhowardhinnant-date-dev tzdata libcsv-dev \
 libgd-dev zlib1g-dev qt6-base-dev qt6-svg-dev qt6-multimedia-dev qt6-translations-l10n libgl-dev fonts-dejavu-core fonts-noto-core"
-test_packages="doxygen pkgconf libgtest-dev libbenchmark-dev libgif-dev libical-dev python3-icalendar python3-jsonschema python3-shapely librsvg2-bin poppler-utils libswe-dev swe-standard-data clang-format clang-tidy xvfb \
-xauth xdotool openbox x11-utils imagemagick python3 locales git desktop-file-utils appstream"
+test_packages="doxygen pkgconf libgtest-dev libbenchmark-dev libgif-dev libical-dev python3-icalendar python3-jsonschema \
+python3-shapely librsvg2-bin poppler-utils libswe-dev swe-standard-data clang-format clang-tidy xvfb xauth xdotool openbox \
+x11-utils imagemagick python3 locales git desktop-file-utils appstream pybind11-dev python3-dev python3-numpy python3-pip \
+python3-venv python3-dask python3-distributed mypy"
 # For ./windows only: the cross compiler, what runs its programs, what libraries are built from, the installer's maker,
 # what makes icons and reads shortcuts, a screen for the trial.
 windows_packages="g++-mingw-w64-x86-64-posix libz-mingw-w64-dev wine wine64 dpkg-dev patch googletest python3 python3-icalendar \

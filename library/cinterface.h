@@ -77,6 +77,16 @@ void require_size(const char* name, std::size_t size) {
         raise_bad_size(name, size, first_size<Record>);
 }
 
+/// Writes as much of a record as the caller's place of `size` bytes holds.
+template <class Record>
+void write_record(void* place, Record& values, std::size_t size) {
+    values.size = size;
+    if (size >= sizeof(Record)) [[likely]]
+        std::memcpy(place, &values, sizeof(Record));
+    else
+        std::memcpy(place, &values, size);
+}
+
 /// A record of the caller that a function fills.
 template <class Record>
 class Filled {
@@ -85,10 +95,7 @@ public:
         require_size<Record>(name, record->size);
     }
 
-    void set(Record values) const {
-        values.size = record_->size;
-        std::memcpy(record_, &values, std::min(values.size, sizeof(Record)));
-    }
+    void set(Record&& values) const { write_record(record_, values, record_->size); }
 
 private:
     Record* record_;
@@ -131,9 +138,8 @@ public:
         throw TooSmall{capacity_, wanted};
     }
 
-    void set(std::size_t index, Record values) const {
-        values.size = element_size_;
-        std::memcpy(first_ + index * element_size_, &values, std::min(element_size_, sizeof(Record)));
+    void set(std::size_t index, Record&& values) const {
+        write_record(first_ + index * element_size_, values, element_size_);
     }
 
     void set_count(std::size_t count) const { *count_ = count; }
@@ -165,7 +171,8 @@ To same(const From& from) {
 /// Error  raises Error (bad_argument) for a number that is none of them.
 template <class Word>
 Word word_of(const char* what, int number, Word last) {
-    require_within(what, number, 0, static_cast<int>(last));
+    if (number < 0 || number > static_cast<int>(last)) [[unlikely]]
+        require_within(what, number, 0, static_cast<int>(last));
     return static_cast<Word>(number);
 }
 

@@ -586,6 +586,57 @@ TEST(CInterfaceErrors, SmallArraysAreLeftAloneAndTheNumberIsTold) {
               HALVANE_OK);
 }
 
+// As in the first version, on 64-bit systems: another number breaks the programs that were built with it. A
+// record that grows keeps its number as `first_size`.
+TEST(CInterfaceErrors, StructuresKeepTheirFirstSizes) {
+    if (sizeof(void*) != 8)
+        GTEST_SKIP() << "The sizes are those of 64-bit systems.";
+    EXPECT_EQ(sizeof(halvane_date), 12U);
+    EXPECT_EQ(sizeof(halvane_hijri_date), 12U);
+    EXPECT_EQ(sizeof(halvane_observer), 24U);
+    EXPECT_EQ(sizeof(halvane_instant), 16U);
+    EXPECT_EQ(sizeof(halvane_clock_time), 16U);
+    EXPECT_EQ(sizeof(halvane_horizon), 24U);
+    EXPECT_EQ(sizeof(halvane_engine_data), 88U);
+    EXPECT_EQ(sizeof(halvane_sun_place), 48U);
+    EXPECT_EQ(sizeof(halvane_moon_place), 40U);
+    EXPECT_EQ(sizeof(halvane_seen_place), 48U);
+    EXPECT_EQ(sizeof(halvane_geocentric_sun), 56U);
+    EXPECT_EQ(sizeof(halvane_geocentric_moon), 48U);
+    EXPECT_EQ(sizeof(halvane_seen_sun), 104U);
+    EXPECT_EQ(sizeof(halvane_seen_moon), 112U);
+    EXPECT_EQ(sizeof(halvane_light), 32U);
+    EXPECT_EQ(sizeof(halvane_body_day), 56U);
+    EXPECT_EQ(sizeof(halvane_twilight_times), 40U);
+    EXPECT_EQ(sizeof(halvane_altitude_passage), 32U);
+    EXPECT_EQ(sizeof(halvane_phase_moment), 32U);
+    EXPECT_EQ(sizeof(halvane_direction_moments), 48U);
+    EXPECT_EQ(sizeof(halvane_report_rules), 104U);
+    EXPECT_EQ(sizeof(halvane_prayer_day), 104U);
+    EXPECT_EQ(sizeof(halvane_iqamah), 12U);
+    EXPECT_EQ(sizeof(halvane_timetable_rules), 256U);
+    EXPECT_EQ(sizeof(halvane_authority), 48U);
+    EXPECT_EQ(sizeof(halvane_timetable_time), 32U);
+    EXPECT_EQ(sizeof(halvane_timetable_day), 696U);
+    EXPECT_EQ(sizeof(halvane_timetable_place), 32U);
+    EXPECT_EQ(sizeof(halvane_crescent_quantities), 72U);
+    EXPECT_EQ(sizeof(halvane_crescent_sky), 168U);
+    EXPECT_EQ(sizeof(halvane_crescent_evening), 408U);
+    EXPECT_EQ(sizeof(halvane_criterion_class), 24U);
+    EXPECT_EQ(sizeof(halvane_criterion), 112U);
+    EXPECT_EQ(sizeof(halvane_criterion_limits), 48U);
+    EXPECT_EQ(sizeof(halvane_verdict), 32U);
+    EXPECT_EQ(sizeof(halvane_crescent_answer), 424U);
+    EXPECT_EQ(sizeof(halvane_circumstance_choices), 56U);
+    EXPECT_EQ(sizeof(halvane_circumstances), 392U);
+    EXPECT_EQ(sizeof(halvane_map_choices), 80U);
+    EXPECT_EQ(sizeof(halvane_map_grid), 96U);
+    EXPECT_EQ(sizeof(halvane_hijri_rule), 64U);
+    EXPECT_EQ(sizeof(halvane_announced_start), 32U);
+    EXPECT_EQ(sizeof(halvane_hijri_choices), 128U);
+    EXPECT_EQ(sizeof(halvane_hijri_month), 72U);
+}
+
 int ends_at_once(void* asked, double percent) {
     ++*static_cast<int*>(asked);
     EXPECT_GE(percent, 0);

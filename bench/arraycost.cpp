@@ -32,10 +32,11 @@ int main(int, char** arguments) {
     std::vector<Instant> days;
     for (int i = 0; i < instants; ++i)
         days.push_back(Instant::of_ut1(2451545 + 0.37 * i));
-    for (const auto& [name, accuracy] :
-         {std::pair("complete", Accuracy::complete), std::pair("medium", Accuracy::medium),
-          std::pair("low", Accuracy::low)}) {
-        std::printf("sun %s %.4f\n", name, least_microseconds([&] { suns(engine, days, accuracy); }));
-        std::printf("moon %s %.4f\n", name, least_microseconds([&] { moons(engine, days, accuracy); }));
+    const std::pair<const char*, Accuracy> accuracies[] = {
+        {"complete", Accuracy::complete}, {"medium", Accuracy::medium}, {"low", Accuracy::low}};
+    for (const auto& row : accuracies) {
+        std::printf("sun %s %.4f\n", row.first, least_microseconds([&] { suns(engine, days, row.second); }));
+        std::printf("moon %s %.4f\n", row.first,
+                    least_microseconds([&] { moons(engine, days, row.second); }));
     }
 }

@@ -25,4 +25,5 @@ def least_microseconds(work):
 for line in subprocess.run(sys.argv[1:3], check=True, capture_output=True, text=True).stdout.splitlines():
     body, accuracy, taken = line.split()
     own = least_microseconds(lambda: getattr(halvane, body)(days, accuracy=accuracy))
-    print(f"{body:5}{accuracy:9} C++ {float(taken):.3f} us, Python {own:.3f} us: {100 * (own / float(taken) - 1):+.0f} %")
+    more = 100 * (own / float(taken) - 1)
+    print(f"{body:5}{accuracy:9} C++ {float(taken):.3f} us, Python {own:.3f} us: {more:+.0f} %")

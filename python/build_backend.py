@@ -2,8 +2,8 @@
 """Builds wheels of the package for pip (PEP 517): CMake compiles and installs it, this packs what it installed.
 
 It needs nothing but Python's standard library and what CMake needs, so that no network is asked. The folder of the
-build, build/wheel-..., is kept: the next wheel compiles only what has changed. The setting `build` names another folder,
-which CMake has configured with HALVANE_PYTHON for this interpreter.
+build, build/wheel-..., is kept: the next wheel compiles only what has changed. The setting `build` names another
+folder, which CMake has configured with HALVANE_PYTHON for this interpreter.
 """
 
 import base64

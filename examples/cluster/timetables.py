@@ -29,7 +29,13 @@ GOLDEN_ANGLE = math.pi * (3 - math.sqrt(5))
 def places_of(path, count):
     """Name, latitude, longitude [deg] and zone of each place."""
     with open(path, encoding="utf-8", newline="") as file:
-        rows = [(row["name"], float(row["latitude"]), float(row["longitude"]), row["zone"]) for row in csv.DictReader(file)]
+        listed = list(csv.DictReader(file))
+    try:
+        rows = [(row["name"], float(row["latitude"]), float(row["longitude"]), row["zone"]) for row in listed]
+    except (KeyError, TypeError, ValueError) as wrong:
+        sys.exit(f"{path} is no list of places with name, latitude, longitude and zone: {wrong}")
+    if not rows:
+        sys.exit(f"{path} has no places.")
     places = []
     for number in range(count):
         turn, place = divmod(number, len(rows))

@@ -137,6 +137,24 @@ class Works(unittest.TestCase):
         self.assertIn("other settings", done.stderr)
         self.equal(self.folder / "serial", wanted)
 
+    def test_bad_lists(self):
+        bad = self.folder / "bad.csv"
+        for text in (
+            "",
+            "name,latitude,longitude,zone\n",
+            "name,latitude\nA,1\n",
+            "name,latitude,longitude,zone\nA,1\n",
+            "name,latitude,longitude,zone\nA,x,2,UTC\n",
+            "name,latitude,longitude,zone\nA,91,2,UTC\n",
+            "name,latitude,longitude,zone\nA,1,2,Nowhere/None\n",
+        ):
+            with self.subTest(text):
+                bad.write_text(text)
+                done = run(["timetables.py", "--list", bad, *SMALLER_TIMETABLES[1:]], self.folder / "none", "--serial")
+                self.assertEqual(done.returncode, 1)
+                self.assertNotIn("Traceback", done.stderr)
+                self.assertEqual(parts_in(self.folder / "none"), 0)
+
     def test_bad_options(self):
         for work in (
             ["timetables.py", "--places", "0"],

@@ -14,7 +14,8 @@ SOURCE, BUILD = map(pathlib.Path, sys.argv[1:3])
 PROGRAM = """
 import halvane, pathlib
 folder = pathlib.Path(halvane.__file__).parent
-print(folder, halvane.__version__, halvane.sun(2451545.0).longitude, len(halvane.hijri_months("umm-al-qura", (1446, 1), (1446, 12))))
+months = halvane.hijri_months("umm-al-qura", (1446, 1), (1446, 12))
+print(folder, halvane.__version__, halvane.sun(2451545.0).longitude, len(months))
 mapped = pathlib.Path("/proc/self/maps").read_text()
 print(*sorted({line.split()[-1] for line in mapped.splitlines() if "libhalvane" in line}))
 """
@@ -48,8 +49,8 @@ class Wheel(unittest.TestCase):
             installed, version, longitude, months = first_line.split()
             self.assertTrue(installed.startswith(str(folder / "venv")), installed)
             self.assertEqual(version, first.name.split("-")[1])
-            # Meeus, Astronomical Algorithms, ch. 25: the Sun's mean longitude at J2000.0 is 280.466 deg, its equation of
-            # the centre -0.08, aberration and nutation -0.01.
+            # Meeus, Astronomical Algorithms, ch. 25: at J2000.0 the Sun's mean longitude is 280.466 deg, its equation
+            # of the centre -0.08, aberration and nutation -0.01.
             self.assertAlmostEqual(float(longitude), 280.37, delta=0.01)
             self.assertEqual(months, "12")
             self.assertEqual(second_line, f"{installed}/libhalvane.so.1")

@@ -44,6 +44,11 @@ double checked_julian_day(const Date& date) {
     require_within("A year", date.year, theory_years.first, theory_years.last);
     require_within("A month", date.month, 1, 12);
     require_within("A day of a month", date.day, 1, 31);
+    // The engine's routine counts the first Gregorian day as a Julian one.
+    constexpr Date first_gregorian{1582, 10, 15};
+    constexpr double first_gregorian_jd = 2299160.5;
+    if (date == first_gregorian)
+        return first_gregorian_jd;
     double jd = 0;
     modjul(date.year, date.month, date.day, 0, jd);
     if (!is_of_calendar(date, jd))

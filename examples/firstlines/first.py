@@ -8,5 +8,6 @@ import halvane
 
 zone = zoneinfo.ZoneInfo("Africa/Cairo")
 day = datetime.date.fromisoformat(sys.argv[1]) if len(sys.argv) > 1 else datetime.datetime.now(zone).date()
-for name, time in halvane.prayer_times(day, (30.05, 31.25, 23), zone).items():
+rules = halvane.rules_of_authority("egypt")
+for name, time in halvane.timetable(day, day, (30.05, 31.25), zone, rules)[0].items():
     print(f"{name:8} {time}")

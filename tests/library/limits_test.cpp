@@ -161,6 +161,17 @@ TEST_F(LibraryLimits, EndALongWorkWhenItsCallerSaysSo) {
     EXPECT_LT(impatient.last, 100);
 }
 
+// Julian days of Meeus, Astronomical Algorithms, 2nd ed., chapter 7: the reform, example 7.a, the epoch 2000.
+TEST_F(LibraryLimits, CountDaysThroughTheReformOfTheCalendar) {
+    EXPECT_EQ(julian_day({1582, 10, 4}), 2299159.5);
+    EXPECT_EQ(julian_day({1582, 10, 15}), 2299160.5);
+    EXPECT_EQ(julian_day({1582, 10, 16}), 2299161.5);
+    EXPECT_EQ(julian_day({1957, 10, 4}), 2436115.5);
+    EXPECT_EQ(julian_day({2000, 1, 1}), 2451544.5);
+    for (double jd = 2299150.5; jd < 2299170; ++jd)
+        EXPECT_EQ(julian_day(civil_date(jd)), jd);
+}
+
 TEST_F(LibraryLimits, KeepTwoEnginesApart) {
     std::optional<Engine> first(engine_);
     const double longitude = moon(*first, {}).longitude;

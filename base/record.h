@@ -60,6 +60,8 @@ public:
     RecordWriter& number_within(double value, double limit);
     RecordWriter& boolean(bool value);
 
+    /// The fields so far, without a line end.
+    const std::string& fields() const { return line_; }
     /// The record with its CR LF.
     std::string line() const { return line_ + "\r\n"; }
 

@@ -21,15 +21,19 @@ struct AlertSettings {
 
 /// What they are, in the order of the file.
 inline constexpr FieldList alert_fields{
-    Field(&AlertSettings::beep, kind::WholeNumber{}, "1: a beep before the prayer time"),
-    Field(&AlertSettings::lead, kind::Number{}, "so long before the prayer time [min]"),
-    Field(&AlertSettings::window_and_athan, kind::WholeNumber{},
+    Field(&AlertSettings::beep, kind::WholeNumber{0, 1}, "beep", "1: a beep before the prayer time"),
+    Field(&AlertSettings::lead, kind::Number{}, "lead", "so long before the prayer time [min]"),
+    Field(&AlertSettings::window_and_athan, kind::WholeNumber{0, 1}, "window-and-athan",
           "1: a pop-up window and the Athan at the prayer time"),
-    Field(&AlertSettings::window_only, kind::WholeNumber{}, "1: only the pop-up window"),
-    Field(&AlertSettings::dhohur_mecca, kind::Boolean{}, "Dhohur: true Mecca Athan, false Jerusalem Athan"),
-    Field(&AlertSettings::asr_mecca, kind::Boolean{}, "Asr: true Mecca Athan, false Jerusalem Athan"),
-    Field(&AlertSettings::maghreb_mecca, kind::Boolean{}, "Maghreb: true Mecca Athan, false Jerusalem Athan"),
-    Field(&AlertSettings::isha_mecca, kind::Boolean{}, "Isha: true Mecca Athan, false Jerusalem Athan"),
+    Field(&AlertSettings::window_only, kind::WholeNumber{0, 1}, "window-only", "1: only the pop-up window"),
+    Field(&AlertSettings::dhohur_mecca, kind::Boolean{}, "dhohur-mecca",
+          "Dhohur: true Mecca Athan, false Jerusalem Athan"),
+    Field(&AlertSettings::asr_mecca, kind::Boolean{}, "asr-mecca",
+          "Asr: true Mecca Athan, false Jerusalem Athan"),
+    Field(&AlertSettings::maghreb_mecca, kind::Boolean{}, "maghreb-mecca",
+          "Maghreb: true Mecca Athan, false Jerusalem Athan"),
+    Field(&AlertSettings::isha_mecca, kind::Boolean{}, "isha-mecca",
+          "Isha: true Mecca Athan, false Jerusalem Athan"),
 };
 
 /// The stored choices. Reads `alert.vsk`. The reference holds until the next read or write.

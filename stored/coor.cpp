@@ -2,6 +2,7 @@
 #include "stored/coor.h"
 
 #include "stored/storedfile.h"
+#include "stored/supposed.h"
 
 namespace halvane {
 namespace {
@@ -16,6 +17,16 @@ const EphemerisSettings& read_coor() {
 
 void write_coor(const EphemerisSettings& settings) {
     file.write(settings);
+}
+
+template <>
+Supposed<EphemerisSettings>::Supposed(const EphemerisSettings& record) {
+    file.suppose(record);
+}
+
+template <>
+Supposed<EphemerisSettings>::~Supposed() {
+    file.stop_supposing();
 }
 
 } // namespace halvane

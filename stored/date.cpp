@@ -23,4 +23,14 @@ CalculationDate as_stored(const CalculationDate& date) {
     return file.reread(date);
 }
 
+template <>
+Supposed<CalculationDate>::Supposed(const CalculationDate& record) {
+    file.suppose(record);
+}
+
+template <>
+Supposed<CalculationDate>::~Supposed() {
+    file.stop_supposing();
+}
+
 } // namespace halvane

@@ -13,9 +13,9 @@ inline constexpr kind::NumberWithin stored_year{largest_stored_year};
 inline constexpr kind::NumberWithin stored_day{largest_stored_day};
 
 inline constexpr FieldList day_fields{
-    Field(&DateNumbers::year, stored_year, "year"),
-    Field(&DateNumbers::month, stored_day, "month"),
-    Field(&DateNumbers::day, stored_day, "day"),
+    Field(&DateNumbers::year, stored_year, "year", "year"),
+    Field(&DateNumbers::month, stored_day, "month", "month"),
+    Field(&DateNumbers::day, stored_day, "day", "day"),
 };
 
 /// `date.vsk`: for which days the prayer, Moon and Qiblah reports are calculated, in the order of the file.
@@ -34,14 +34,15 @@ struct CalculationDate {
 
 /// What they are, in the order of the file.
 inline constexpr FieldList date_fields{
-    Field(&CalculationDate::one_day, kind::Boolean{}, "one day only; decides the wording of the reports"),
-    Field(&CalculationDate::start, day_fields, "first day, as the reports use it"),
-    Field(&CalculationDate::end, day_fields, "last day, as the reports use it"),
-    Field(&CalculationDate::from, day_fields, "first day in the panel's boxes of a period"),
-    Field(&CalculationDate::to, day_fields, "last day in the panel's boxes of a period"),
-    Field(&CalculationDate::one, day_fields, "the panel's boxes of one day"),
-    Field(&CalculationDate::period, kind::Boolean{}, "a period"),
-    Field(&CalculationDate::system_date, kind::Boolean{},
+    Field(&CalculationDate::one_day, kind::Boolean{}, "one-day",
+          "one day only; decides the wording of the reports"),
+    Field(&CalculationDate::start, day_fields, "start", "first day, as the reports use it"),
+    Field(&CalculationDate::end, day_fields, "end", "last day, as the reports use it"),
+    Field(&CalculationDate::from, day_fields, "from", "first day in the panel's boxes of a period"),
+    Field(&CalculationDate::to, day_fields, "to", "last day in the panel's boxes of a period"),
+    Field(&CalculationDate::one, day_fields, "single", "the panel's boxes of one day"),
+    Field(&CalculationDate::period, kind::Boolean{}, "period", "a period"),
+    Field(&CalculationDate::system_date, kind::Boolean{}, "system-date",
           "the machine's date in place of the first and last day"),
 };
 

@@ -48,20 +48,22 @@ void write_loc(const Location& location) {
     file.write(location);
 }
 
-SupposedLocation::SupposedLocation(const Location& location) {
-    file.suppose(location);
-}
-
-SupposedLocation::~SupposedLocation() {
-    file.stop_supposing();
-}
-
 Location as_stored(const Location& location) {
     return file.reread(location);
 }
 
 unsigned loc_version() {
     return file.version();
+}
+
+template <>
+Supposed<Location>::Supposed(const Location& record) {
+    file.suppose(record);
+}
+
+template <>
+Supposed<Location>::~Supposed() {
+    file.stop_supposing();
 }
 
 } // namespace halvane

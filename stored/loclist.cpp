@@ -93,7 +93,7 @@ void rewrite_list(std::string_view name, const std::string& added) {
 } // namespace
 
 std::vector<Location> read_location_list() {
-    const std::string path = program_path(list_name);
+    const std::string path = stored_path(list_name);
     return locations_of(read_text_file(path), path);
 }
 
@@ -102,7 +102,7 @@ std::vector<Location> readable_location_list() {
 }
 
 std::optional<Location> find_location(std::string_view name) {
-    const std::string path = program_path(list_name);
+    const std::string path = stored_path(list_name);
     const std::string text = read_text_file(path);
     RecordReader reader(text, path);
     while (!reader.at_end()) {

@@ -14,7 +14,7 @@ namespace halvane {
 /// A field of `loc.vsk` that `loc.txt` has too, in the form of that file.
 template <class Value, class Kind>
 constexpr auto listed_field(Value Location::*member, Kind what) {
-    return Field(member, what, loc_fields.meaning_of(member));
+    return Field(member, what, loc_fields.name_of(member), loc_fields.meaning_of(member));
 }
 
 /// What `loc.txt` holds of a location, in the order of the file.

@@ -2,6 +2,7 @@
 #include "stored/phase.h"
 
 #include "stored/storedfile.h"
+#include "stored/supposed.h"
 
 namespace halvane {
 namespace {
@@ -16,6 +17,16 @@ const PhaseSettings& read_phase() {
 
 void write_phase(const PhaseSettings& settings) {
     file.write(settings);
+}
+
+template <>
+Supposed<PhaseSettings>::Supposed(const PhaseSettings& record) {
+    file.suppose(record);
+}
+
+template <>
+Supposed<PhaseSettings>::~Supposed() {
+    file.stop_supposing();
 }
 
 } // namespace halvane

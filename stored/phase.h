@@ -18,9 +18,10 @@ struct PhaseSettings {
 
 /// What they are, in the order of the file.
 inline constexpr FieldList phase_fields{
-    Field(&PhaseSettings::year, kind::Text{}, "text of the year box"),
-    Field(&PhaseSettings::geocentric, kind::Boolean{}, "true: geocentric, false: topocentric"),
-    Field(&PhaseSettings::local_ut1, kind::Boolean{}, "true: local UT1, false: local dynamical time"),
+    Field(&PhaseSettings::year, kind::NumberText{}, "year", "text of the year box"),
+    Field(&PhaseSettings::geocentric, kind::Boolean{}, "geocentric", "true: geocentric, false: topocentric"),
+    Field(&PhaseSettings::local_ut1, kind::Boolean{}, "local-ut1",
+          "true: local UT1, false: local dynamical time"),
 };
 
 /// The stored choices. Reads `phase.vsk`. The reference holds until the next read or write.

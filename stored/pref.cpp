@@ -33,16 +33,18 @@ void write_pref(const Preferences& preferences) {
     file.write(preferences);
 }
 
-SupposedPreferences::SupposedPreferences(const Preferences& preferences) {
-    file.suppose(preferences);
-}
-
-SupposedPreferences::~SupposedPreferences() {
-    file.stop_supposing();
-}
-
 Preferences as_stored(const Preferences& preferences) {
     return file.reread(preferences);
+}
+
+template <>
+Supposed<Preferences>::Supposed(const Preferences& record) {
+    file.suppose(record);
+}
+
+template <>
+Supposed<Preferences>::~Supposed() {
+    file.stop_supposing();
 }
 
 } // namespace halvane

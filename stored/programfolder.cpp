@@ -26,6 +26,7 @@ const std::string& own_folder() {
 }
 
 unsigned generation = 0;
+bool takes_delivered = false;
 
 bool is_there(const std::string& path) {
     std::error_code ignored;
@@ -65,6 +66,20 @@ std::string executable_folder() {
 
 std::string program_path(std::string_view name) {
     return joined_path(program_folder(), name);
+}
+
+void take_delivered_files() {
+    takes_delivered = true;
+    ++generation;
+}
+
+bool is_without_stored_files() {
+    return std::none_of(stored_file_names.begin(), stored_file_names.end(),
+                        [](std::string_view name) { return is_there(program_path(name)); });
+}
+
+std::string stored_path(std::string_view name) {
+    return takes_delivered ? delivered_path(name) : program_path(name);
 }
 
 std::string series_path(std::string_view name) {

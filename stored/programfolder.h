@@ -1,11 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
 
 namespace halvane {
+
+/// The files that hold what a user sets.
+inline constexpr std::array<std::string_view, 9> stored_file_names{"pref.vsk", "loc.vsk",   "loc.txt",
+                                                                   "date.vsk", "phase.vsk", "visib.vsk",
+                                                                   "coor.vsk", "tele.vsk",  "alert.vsk"};
 
 /// The folder of the stored files and reports, until a program sets another: the executable's, or the user's
 /// own where the system has such (`working_folder`).
@@ -25,6 +31,16 @@ std::string executable_folder();
 
 /// `name` within the program folder.
 std::string program_path(std::string_view name);
+
+/// From now on the delivered file is read in the place of a stored one that the program folder has not.
+void take_delivered_files();
+
+/// Whether the program folder has none of the stored files.
+bool is_without_stored_files();
+
+/// Where the stored file `name` is read: in the program folder, or as `delivered_path` after
+/// `take_delivered_files`.
+std::string stored_path(std::string_view name);
 
 /// `name` within the folder of the series files: the program folder, or the executable's folder when the
 /// program folder holds none of the four series files (a folder of settings only).

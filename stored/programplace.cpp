@@ -7,17 +7,12 @@
 #include "system/unfinishedfile.h"
 #include "system/usersfolder.h"
 
-#include <array>
 #include <exception>
 #include <filesystem>
 #include <string_view>
 
 namespace halvane {
 namespace {
-
-constexpr std::array<std::string_view, 9> users_files{"pref.vsk", "loc.vsk",   "loc.txt",
-                                                      "date.vsk", "phase.vsk", "visib.vsk",
-                                                      "coor.vsk", "tele.vsk",  "alert.vsk"};
 
 bool takes_files(const std::string& folder) {
     constexpr unsigned own = 0600;
@@ -26,7 +21,7 @@ bool takes_files(const std::string& folder) {
 
 void fill(const std::string& folder, const std::string& delivered) {
     std::filesystem::create_directories(path_of(folder));
-    for (const std::string_view name : users_files) {
+    for (const std::string_view name : stored_file_names) {
         const std::string file = joined_path(folder, name);
         const std::string source = joined_path(delivered, name);
         if (!std::filesystem::exists(path_of(file)) && std::filesystem::exists(path_of(source)))

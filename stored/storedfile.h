@@ -20,7 +20,7 @@ namespace halvane {
 template <class Record, class Fill>
 Record read_while_sound(const char* name, Record record, const Fill& fill) {
     try {
-        const std::string path = program_path(name);
+        const std::string path = stored_path(name);
         const std::string text = read_text_file(path);
         RecordReader reader(text, path);
         fill(reader, record);
@@ -64,7 +64,8 @@ public:
         refresh_path();
         const std::string line = fields_.line(record);
         record_.reset();
-        save_text_file(path_, line);
+        save_text_file(program_path(name_), line);
+        path_ = program_path(name_); // a delivered one may have stood in for it
     }
 
     /// `record` as `read` would give it after it had been written.
@@ -99,7 +100,7 @@ private:
         if (!path_.empty() && generation_ == program_folder_generation())
             return;
         generation_ = program_folder_generation();
-        path_ = program_path(name_);
+        path_ = stored_path(name_);
         file_.forget();
         record_.reset();
     }

@@ -2,6 +2,7 @@
 #include "stored/tele.h"
 
 #include "stored/storedfile.h"
+#include "stored/supposed.h"
 
 namespace halvane {
 namespace {
@@ -16,6 +17,16 @@ const TelescopeSettings& read_tele() {
 
 void write_tele(const TelescopeSettings& settings) {
     file.write(settings);
+}
+
+template <>
+Supposed<TelescopeSettings>::Supposed(const TelescopeSettings& record) {
+    file.suppose(record);
+}
+
+template <>
+Supposed<TelescopeSettings>::~Supposed() {
+    file.stop_supposing();
 }
 
 } // namespace halvane

@@ -25,17 +25,18 @@ struct TelescopeSettings {
 
 /// What they are, in the order of the file.
 inline constexpr FieldList tele_fields{
-    Field(&TelescopeSettings::year, stored_year, "local date: year"),
-    Field(&TelescopeSettings::month, stored_day, "local date: month"),
-    Field(&TelescopeSettings::day, stored_day, "local date: day"),
-    Field(&TelescopeSettings::hour, stored_day, "local clock [h]"),
-    Field(&TelescopeSettings::minute, stored_day, "local clock [min]"),
-    Field(&TelescopeSettings::airless, kind::Boolean{}, "no refraction"),
-    Field(&TelescopeSettings::refracted, kind::Boolean{}, "with refraction"),
-    Field(&TelescopeSettings::of_date, kind::Boolean{}, "coordinates of date"),
-    Field(&TelescopeSettings::j2000, kind::Boolean{}, "coordinates of J2000"),
-    Field(&TelescopeSettings::flip_vertical, kind::WholeNumber{}, "1: vertical flip"),
-    Field(&TelescopeSettings::flip_horizontal, kind::WholeNumber{}, "1: horizontal flip"),
+    Field(&TelescopeSettings::year, stored_year, "year", "local date: year"),
+    Field(&TelescopeSettings::month, stored_day, "month", "local date: month"),
+    Field(&TelescopeSettings::day, stored_day, "day", "local date: day"),
+    Field(&TelescopeSettings::hour, stored_day, "hour", "local clock [h]"),
+    Field(&TelescopeSettings::minute, stored_day, "minute", "local clock [min]"),
+    Field(&TelescopeSettings::airless, kind::Boolean{}, "airless", "no refraction"),
+    Field(&TelescopeSettings::refracted, kind::Boolean{}, "refracted", "with refraction"),
+    Field(&TelescopeSettings::of_date, kind::Boolean{}, "of-date", "coordinates of date"),
+    Field(&TelescopeSettings::j2000, kind::Boolean{}, "j2000", "coordinates of J2000"),
+    Field(&TelescopeSettings::flip_vertical, kind::WholeNumber{0, 1}, "flip-vertical", "1: vertical flip"),
+    Field(&TelescopeSettings::flip_horizontal, kind::WholeNumber{0, 1}, "flip-horizontal",
+          "1: horizontal flip"),
 };
 
 /// The stored choices. Reads `tele.vsk`. The reference holds until the next read or write.

@@ -2,6 +2,7 @@
 #include "stored/visib.h"
 
 #include "stored/storedfile.h"
+#include "stored/supposed.h"
 
 namespace halvane {
 namespace {
@@ -16,6 +17,16 @@ const CrescentSettings& read_visib() {
 
 void write_visib(const CrescentSettings& settings) {
     file.write(settings);
+}
+
+template <>
+Supposed<CrescentSettings>::Supposed(const CrescentSettings& record) {
+    file.suppose(record);
+}
+
+template <>
+Supposed<CrescentSettings>::~Supposed() {
+    file.stop_supposing();
 }
 
 } // namespace halvane

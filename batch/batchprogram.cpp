@@ -6,6 +6,7 @@
 #include "batch/console.h"
 #include "batch/nearestname.h"
 #include "batch/tasks.h"
+#include "batch/usagemistake.h"
 #include "routines/machineclock.h"
 #include "routines/seriesloader.h"
 #include "stored/outputfile.h"
@@ -83,6 +84,14 @@ void tell_series() {
         std::cerr << "halvane-report: " << note << "\n";
 }
 
+int run_task(const Task& task, Progress& progress) {
+    try {
+        return task.run(progress);
+    } catch (const UsageMistake& mistake) {
+        return tell_mistake(mistake);
+    }
+}
+
 int run(int argc, char** argv, const PageMaker& pages) {
     CLI::App app("The reports of Halvane without its panels, from the stored files of a folder.",
                  "halvane-report");
@@ -128,7 +137,7 @@ int run(int argc, char** argv, const PageMaker& pages) {
     for (const Task& task : tasks)
         if (app.got_subcommand(task.name)) {
             ConsoleProgress progress;
-            const int status = task.run(progress);
+            const int status = run_task(task, progress);
             tell_series();
             return status;
         }

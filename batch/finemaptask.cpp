@@ -2,6 +2,7 @@
 #include "batch/finemaptask.h"
 
 #include "base/numberformat.h"
+#include "batch/recordoptions.h"
 #include "batch/runoutput.h"
 #include "batch/usagemistake.h"
 #include "calendar/civildate.h"
@@ -234,6 +235,12 @@ int run_choices(FineMapOptions options, const PageMaker& painter, Progress& prog
     return work.write({dates}, name_of_month(dates, kind), progress);
 }
 
+/// The civil year of an atlas, or the one that a Hijri year begins in; nothing for what is no year.
+std::optional<double> civil_year_of(const FineMapOptions& options) {
+    const SpanAnswer year = options.hijri ? hijri_year_span(options.year) : year_span(options.year);
+    return year.refused ? std::nullopt : std::optional(civil_date(year.span.first).year);
+}
+
 int run_atlas(const FineMapOptions& options, const PageMaker& painter, Progress& progress) {
     const SpanAnswer year = options.hijri ? hijri_year_span(options.year) : year_span(options.year);
     if (year.refused)
@@ -258,8 +265,10 @@ int run_fine_map(const FineMapOptions& options, const PageMaker& painter, Progre
 
 Task atlas_task(const PageMaker& painter) {
     const auto options = std::make_shared<FineMapOptions>();
+    const auto records = std::make_shared<RecordOptions>();
+    records->files = {RecordFile::preferences, RecordFile::location};
     return {"atlas", "Maps of the crescents of a year, a page for each conjunction",
-            [options](CLI::App& command) {
+            [options, records](CLI::App& command) {
                 command.add_option("--year", options->year, "A civil year, or a Hijri one with --hijri")
                     ->type_name("YYYY")
                     ->required();
@@ -276,9 +285,12 @@ Task atlas_task(const PageMaker& painter) {
                     ->check(CLI::IsMember({options->format}).description(""));
                 command.add_option("--output", options->output, "File to write, - for standard output")
                     ->type_name("FILE");
+                add_record_options(command, *records);
             },
-            [options, painter](Progress& progress) {
+            [options, records, painter](Progress& progress) {
                 try {
+                    records->of_year = civil_year_of(*options);
+                    const Supposition supposed = suppose(*records);
                     return run_atlas(*options, painter, progress);
                 } catch (const UsageMistake& mistake) {
                     return tell_mistake(mistake);

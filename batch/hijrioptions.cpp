@@ -289,7 +289,8 @@ void add_hijri_options(CLI::App& command, HijriOptions& options) {
             ->type_name("NAME")
             ->check(CLI::IsMember(choices).description(""));
     };
-    CLI::Option_group* wanted = command.add_option_group("Wanted", "One of these");
+    CLI::Option_group* wanted =
+        command.add_option_group("Wanted", "One of these; without one the date of today");
     wanted->add_option("--year", options.year, "A Hijri year")->type_name("YYYY");
     CLI::Option* from =
         wanted->add_option("--from-year", options.from_year, "First Hijri year, with --to-year")
@@ -298,7 +299,7 @@ void add_hijri_options(CLI::App& command, HijriOptions& options) {
     wanted->add_option("--convert-hijri", options.convert_hijri, "A Hijri date")->type_name("YYYY-MM-DD");
     CLI::Option* list =
         wanted->add_flag("--list-rules", options.list_rules, "The rules with what they ask for");
-    wanted->require_option(1);
+    wanted->require_option(0, 1);
     CLI::Option* to = text("--to-year", options.to_year, "YYYY", "Last Hijri year");
     from->needs(to);
     to->needs(from);
@@ -310,6 +311,7 @@ void add_hijri_options(CLI::App& command, HijriOptions& options) {
         ->delimiter(',')
         ->check(CLI::IsMember(keys).description(""));
     add_place_options(command, options.place);
+    add_record_options(command, options.records);
     text("--criterion", options.criterion, "KEY", "Of who asks whether a crescent is seen (see criteria)")
         ->check(CLI::IsMember(catalogue_keys()).description(""));
     text("--class", options.seen_class, "N", "The lowest class of the criterion that counts as seen, from 1")

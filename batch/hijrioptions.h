@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "batch/placeoptions.h"
+#include "batch/recordoptions.h"
 #include "hijri/hijrifiles.h"
 #include "hijri/monthpage.h"
 
@@ -23,6 +23,7 @@ struct HijriOptions {
     std::string rule;
     std::vector<std::string> compare;
     PlaceOptions place;
+    RecordOptions records = settings_alone();
     std::string criterion, limits, region, before;
     std::optional<double> danjon;
     std::optional<int> seen_class;

@@ -6,6 +6,7 @@
 #include "batch/usagemistake.h"
 #include "calendar/civildate.h"
 #include "hijri/monthsrules.h"
+#include "report/valuetext.h"
 #include "routines/machineclock.h"
 #include "routines/seriesloader.h"
 #include "stored/outputfile.h"
@@ -154,8 +155,26 @@ private:
     Language language_;
 };
 
-int run_hijri(const HijriOptions& options, const PageMaker& pages, Progress& progress) {
+/// Whether nothing is wanted but the date of today.
+bool is_of_today(const HijriOptions& options) {
+    return !options.year && !options.from_year && !options.is_conversion() && !options.list_rules;
+}
+
+int run_hijri(HijriOptions options, const PageMaker& pages, Progress& progress) {
     try {
+        if (options.place.is_given())
+            take_delivered_files();
+        if (is_of_today(options) && options.month)
+            throw UsageMistake("--month belongs to --year");
+        RecordOptions today = options.records;
+        if (is_of_today(options)) {
+            today.place = options.place;
+            today.takes_place = true;
+            today.days = DayUse::today;
+        }
+        const Supposition supposed = suppose(today);
+        if (is_of_today(options))
+            options.convert = iso_date(supposed.date);
         return HijriWork(options, pages).run(progress);
     } catch (const UsageMistake& mistake) {
         return tell_mistake(mistake);

@@ -3,6 +3,7 @@
 
 #include "batch/finemaptask.h"
 #include "batch/mappicture.h"
+#include "batch/recordoptions.h"
 #include "batch/runoutput.h"
 #include "batch/usagemistake.h"
 #include "crescent/conjunction.h"
@@ -35,6 +36,7 @@ struct MapOptions {
     std::string table;
     bool is_fine = false;
     FineMapOptions fine; ///< what only fine maps have
+    RecordOptions records;
 };
 
 /// The texts that an option takes with --fine, and without it.
@@ -230,18 +232,22 @@ FineMapOptions fine_options(const MapOptions& options) {
 
 Task map_task(const PageMaker& painter) {
     const auto options = std::make_shared<MapOptions>();
+    options->records.days = DayUse::month;
+    options->records.files = {RecordFile::preferences, RecordFile::location, RecordFile::crescent};
     const auto of_fine = std::make_shared<std::vector<CLI::Option*>>();
     return {"map", "World map of the stored crescent's visibility, or a fine map by any criterion",
             [options, of_fine](CLI::App& command) {
                 command.add_flag("--fine", options->is_fine, "A map of smooth zones");
                 add_map_options(command, *options);
                 *of_fine = add_fine_options(command, *options);
+                add_record_options(command, options->records);
                 // Each is refused with the kind of map that has none of it.
                 of_fine->push_back(command.get_option("--csv"));
             },
             [options, of_fine, painter](Progress& progress) {
                 try {
                     require_options_of(*of_fine, options->is_fine);
+                    const Supposition supposed = suppose(options->records);
                     return options->is_fine ? run_fine_map(fine_options(*options), painter, progress)
                                             : run_map(*options, progress);
                 } catch (const UsageMistake& mistake) {

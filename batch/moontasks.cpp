@@ -3,6 +3,7 @@
 
 #include "base/numberformat.h"
 #include "base/record.h"
+#include "batch/recordoptions.h"
 #include "batch/runoutput.h"
 #include "crescent/crescentreport.h"
 #include "crescent/crescentrules.h"
@@ -31,17 +32,22 @@ std::string read_delta_t(const std::string& text) {
 
 Task phases_task() {
     const auto delta_t = std::make_shared<std::optional<double>>();
+    const auto records = std::make_shared<RecordOptions>();
+    records->days = DayUse::year;
+    records->files = {RecordFile::preferences, RecordFile::location, RecordFile::phase};
     const auto output = std::make_shared<RunOutput>();
     return {"phases", "Moon phases of the stored year, into results.out",
-            [delta_t, output](CLI::App& command) {
+            [delta_t, records, output](CLI::App& command) {
                 add_output_options(command, *output);
+                add_record_options(command, *records);
                 command
                     .add_option("--delta-t", *delta_t,
                                 "Delta T in seconds in place of the one proposed for the year")
                     ->type_name("SECONDS")
                     ->check(read_delta_t);
             },
-            [delta_t, output](Progress& progress) {
+            [delta_t, records, output](Progress& progress) {
+                const Supposition supposed = suppose(*records);
                 load_termfull();
                 load_mterm();
                 load_elp();
@@ -56,10 +62,25 @@ Task phases_task() {
 }
 
 Task crescent_task() {
-    const auto output = std::make_shared<RunOutput>();
+    struct Options {
+        RunOutput output;
+        RecordOptions records;
+        bool is_short = false;
+    };
+    const auto options = std::make_shared<Options>();
+    options->records.days = DayUse::crescent;
+    options->records.files = {RecordFile::preferences, RecordFile::location, RecordFile::crescent};
     return {"crescent", "Circumstances and visibility of the stored crescent, into visib.out",
-            [output](CLI::App& command) { add_output_options(command, *output); },
-            [output](Progress& progress) {
+            [options](CLI::App& command) {
+                add_output_options(command, options->output);
+                add_record_options(command, options->records);
+                command
+                    .add_flag("--short", options->is_short,
+                              "The answer of every criterion in a line each, on standard output")
+                    ->excludes(command.get_option("--format"));
+            },
+            [options](Progress& progress) {
+                const Supposition supposed = suppose(options->records);
                 load_series();
                 const CrescentSettings settings = read_visib();
                 for (const auto& refused : {refused_conjunction(settings), refused_user_time(settings)})
@@ -70,7 +91,9 @@ Task crescent_task() {
                 DayEvents events;
                 const RunPointer run =
                     crescent_run(loaded_theory(), values, find_conjunction(ephemeris, values), events);
-                return write_and_tell(*run, *output, progress);
+                if (!options->is_short)
+                    return write_and_tell(*run, options->output, progress);
+                return save_text(run->short_answer().english, options->output.file);
             }};
 }
 

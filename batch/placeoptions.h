@@ -18,6 +18,7 @@ struct PlaceOptions {
     std::optional<double> latitude, longitude, zone, height;
 
     bool by_numbers() const { return latitude || longitude; }
+    bool is_given() const { return !place.empty() || by_numbers() || !zone_name.empty(); }
 };
 
 /// Adds --place, --latitude, --longitude, --zone-name, --zone and --height.

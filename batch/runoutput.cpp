@@ -68,6 +68,15 @@ void require_no_program_file(const std::string& path) {
                                        path + " من ملفات البرنامج، و لا تحل نتيجة محله."});
 }
 
+int save_text(const std::string& text, const std::string& path) {
+    const std::string file = path.empty() ? std::string(standard_output) : path;
+    require_no_program_file(file);
+    save_result(file, text.ends_with('\n') ? text : text + "\n");
+    if (!is_standard_output(file))
+        std::cout << file << "\n";
+    return status_done;
+}
+
 int write_and_tell(const Run& run, const RunOutput& output, Progress& progress, const char* refusal) {
     const std::string path = output.file.empty() ? usual_file(run, output.format) : output.file;
     require_no_program_file(path);

@@ -28,6 +28,11 @@ void add_output_options(CLI::App& command, RunOutput& output);
 /// Error  raises RunTimeFailure when `path` names a file of the program: no result replaces it.
 void require_no_program_file(const std::string& path);
 
+/// Writes lines to `path`, standard output where it is empty, and prints the path of a file; gives the exit
+/// status. In     text  without its last line end
+/// Error  raises RunTimeFailure; an earlier file then stands.
+int save_text(const std::string& text, const std::string& path);
+
 /// Writes a run as it was asked for and prints the path of its file; gives the exit status.
 /// In     refusal  what a refused run says
 /// Error  raises RunTimeFailure; an earlier file then stands.

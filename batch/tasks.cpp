@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "batch/tasks.h"
 
+#include "batch/daytasks.h"
 #include "batch/finemaptask.h"
 #include "batch/hijritask.h"
+#include "batch/recordoptions.h"
 #include "batch/runoutput.h"
 #include "batch/timetabletask.h"
 #include "batch/watchtask.h"
@@ -29,16 +31,38 @@
 namespace halvane {
 namespace {
 
+constexpr RecordFile preferences = RecordFile::preferences;
+constexpr RecordFile location = RecordFile::location;
+
+/// What a task takes of the stored files.
+struct TaskRecords {
+    DayUse days = DayUse::none;
+    std::vector<RecordFile> files;
+};
+const TaskRecords records_of_period{DayUse::period, {preferences, location, RecordFile::date}};
+
 /// A task that writes one run.
 /// In     make     reads the stored files and loads the series; nothing when the task has been refused
 ///        refusal  what a refused run says
-Task run_task(const char* name, const char* description, std::function<RunPointer()> make,
-              const char* refusal = "") {
-    const auto output = std::make_shared<RunOutput>();
-    return {name, description, [output](CLI::App& command) { add_output_options(command, *output); },
-            [output, make = std::move(make), refusal](Progress& progress) {
-                const RunPointer run = make();
-                return run != nullptr ? write_and_tell(*run, *output, progress, refusal) : status_failure;
+Task run_task(const char* name, const char* description, const TaskRecords& reads,
+              std::function<RunPointer(const Supposition&)> make, const char* refusal = "") {
+    struct Options {
+        RunOutput output;
+        RecordOptions records;
+    };
+    const auto options = std::make_shared<Options>();
+    options->records.days = reads.days;
+    options->records.files = reads.files;
+    return {name, description,
+            [options](CLI::App& command) {
+                add_output_options(command, options->output);
+                add_record_options(command, options->records);
+            },
+            [options, make = std::move(make), refusal](Progress& progress) {
+                const Supposition supposed = suppose(options->records);
+                const RunPointer run = make(supposed);
+                return run != nullptr ? write_and_tell(*run, options->output, progress, refusal)
+                                      : status_failure;
             }};
 }
 
@@ -50,7 +74,7 @@ bool is_period_refused() {
     return refused.has_value();
 }
 
-RunPointer prayer_of_period() {
+RunPointer prayer_of_period(const Supposition& /*supposed*/) {
     if (is_period_refused())
         return nullptr;
     load_term();
@@ -58,7 +82,7 @@ RunPointer prayer_of_period() {
     return prayer_run(loaded_theory(), machine_time());
 }
 
-RunPointer moon_of_period() {
+RunPointer moon_of_period(const Supposition& /*supposed*/) {
     if (is_period_refused())
         return nullptr;
     load_mterm();
@@ -66,10 +90,14 @@ RunPointer moon_of_period() {
     return moon_run(loaded_theory(), machine_time());
 }
 
-RunPointer times_of_today() {
+RunPointer times_of_today(const Supposition& supposed) {
     load_term();
     load_mterm();
-    return today_run(loaded_theory(), machine_time());
+    MachineTime day = machine_time();
+    day.year = static_cast<int>(supposed.date.year);
+    day.month = static_cast<int>(supposed.date.month);
+    day.day = static_cast<int>(supposed.date.day);
+    return today_run(loaded_theory(), day);
 }
 
 RunPointer qiblah_of_period(QiblahMark mark) {
@@ -80,7 +108,7 @@ RunPointer qiblah_of_period(QiblahMark mark) {
     return qiblah_run(loaded_theory(), machine_time(), stored_qiblah_direction(), mark);
 }
 
-RunPointer stored_ephemeris() {
+RunPointer stored_ephemeris(const Supposition& /*supposed*/) {
     load_termfull();
     load_mterm();
     load_elp();
@@ -95,7 +123,7 @@ RunPointer stored_ephemeris() {
     return run;
 }
 
-RunPointer stored_telescope() {
+RunPointer stored_telescope(const Supposition& /*supposed*/) {
     load_term();
     load_mterm();
     load_elp();
@@ -116,23 +144,30 @@ int report_refused(const Refusal& refused) {
 
 std::vector<Task> batch_tasks(const PageMaker& pages) {
     return {
-        run_task("prayer", "Prayer times of the stored period, into results.out", prayer_of_period,
-                 high_latitude_message.text.in(Language::english)),
-        run_task("moon", "Moon times of the stored period, into mresults.out", moon_of_period),
-        run_task("today", "Today's six prayer times, on standard output", times_of_today),
+        run_task("prayer", "Prayer times of the stored period, into results.out", records_of_period,
+                 prayer_of_period, high_latitude_message.text.in(Language::english)),
+        run_task("moon", "Moon times of the stored period, into mresults.out", records_of_period,
+                 moon_of_period),
+        run_task("today", "Today's six prayer times, on standard output",
+                 {DayUse::today, {preferences, location}}, times_of_today),
+        next_task(),
+        day_task(),
+        sun_task(),
         phases_task(),
         crescent_task(),
         map_task(pages),
         atlas_task(pages),
         criteria_task(),
         run_task("qibla-sun", "When the Sun stands in the direction of the Qiblah, into results.out",
-                 [] { return qiblah_of_period(QiblahMark::sun); }),
+                 records_of_period, [](const Supposition&) { return qiblah_of_period(QiblahMark::sun); }),
         run_task("qibla-shadow",
                  "When the Sun's shadow lies in the direction of the Qiblah, into results.out",
-                 [] { return qiblah_of_period(QiblahMark::shadow); }),
-        run_task("ephemeris", "Table of the Sun or the Moon, into ephemeris.out", stored_ephemeris),
+                 records_of_period, [](const Supposition&) { return qiblah_of_period(QiblahMark::shadow); }),
+        run_task("ephemeris", "Table of the Sun or the Moon, into ephemeris.out",
+                 {DayUse::period, {location, RecordFile::ephemeris}}, stored_ephemeris),
         run_task("telescope", "Pointing numbers of Sun, Moon and crescent, on standard output",
-                 stored_telescope, moon_below_horizon.text.in(Language::english)),
+                 {DayUse::instant, {preferences, location, RecordFile::telescope}}, stored_telescope,
+                 moon_below_horizon.text.in(Language::english)),
         timetable_task(pages),
         watch_task(pages),
         hijri_task(pages),

@@ -3,6 +3,7 @@
 
 #include "base/failure.h"
 #include "batch/placeoptions.h"
+#include "batch/recordoptions.h"
 #include "batch/runoutput.h"
 #include "batch/usagemistake.h"
 #include "calendar/civildate.h"
@@ -45,6 +46,7 @@ struct TimetableOptions {
     std::string month, year, hijri_month, hijri_year, from, to;
     std::string hijri_rule = kept_rule;
     PlaceOptions place;
+    RecordOptions records = settings_alone();
     std::string places_file;
     std::string compare;
     std::string profile, columns, layout, language, paper, clock;
@@ -278,6 +280,9 @@ private:
 
 int run_timetable(const TimetableOptions& options, const PageMaker& pages, Progress& progress) {
     try {
+        if (options.place.is_given())
+            take_delivered_files();
+        const Supposition supposed = suppose(options.records);
         return TimetableWork(options, pages).run(progress);
     } catch (const UsageMistake& mistake) {
         return tell_mistake(mistake);
@@ -364,6 +369,7 @@ Task timetable_task(const PageMaker& pages) {
                 add_span_options(command, *options);
                 add_places_options(command, *options);
                 add_page_options(command, *options);
+                add_record_options(command, options->records);
             },
             [options, pages](Progress& progress) { return run_timetable(*options, pages, progress); }};
 }

@@ -2,6 +2,7 @@
 #include "batch/watchtask.h"
 
 #include "batch/placeoptions.h"
+#include "batch/recordoptions.h"
 #include "batch/runoutput.h"
 #include "batch/usagemistake.h"
 #include "routines/seriesloader.h"
@@ -31,6 +32,7 @@ struct WatchOptions {
     std::string date;
     bool old_crescent = false;
     PlaceOptions place;
+    RecordOptions records = settings_alone();
     std::string format = name_of(WatchFormat::pdf);
     std::string language = "en";
     std::string paper = "A4";
@@ -96,6 +98,9 @@ int watch_crescent(const WatchOptions& options, const PageMaker& pages) {
 
 int run_watch(const WatchOptions& options, const PageMaker& pages) {
     try {
+        if (options.place.is_given())
+            take_delivered_files();
+        const Supposition supposed = suppose(options.records);
         return watch_crescent(options, pages);
     } catch (const UsageMistake& mistake) {
         return tell_mistake(mistake);
@@ -121,6 +126,7 @@ void add_watch_options(CLI::App& command, WatchOptions& options) {
         ->required();
     command.add_flag("--old", options.old_crescent, "The old crescent before sunrise, not the new one");
     add_place_options(command, options.place);
+    add_record_options(command, options.records);
     one_of("--format", options.format, "", format_names());
     one_of("--language", options.language, "Language of the page: ", {"en", "ar"});
     one_of("--paper", options.paper, "Paper: ", {"A4", "Letter"});

@@ -3,7 +3,7 @@
 
 #include "base/progress.h"
 #include "desktop/mainload.h"
-#include "desktop/nextprayer.h"
+#include "prayer/nextprayer.h"
 #include "panel/formlanguage.h"
 #include "panel/panelsupport.h"
 #include "prayer/prayerrun.h"

@@ -49,6 +49,10 @@ void set_machine_time(const MachineTime& time) {
     fixed_time = time;
 }
 
+bool machine_time_is_set() {
+    return fixed_time.has_value();
+}
+
 void set_machine_zone(double hours) {
     fixed_zone = hours;
 }

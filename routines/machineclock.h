@@ -19,6 +19,9 @@ std::int64_t utc_second_now();
 /// Puts a fixed time in place of the machine's clock (tests and reproducible reports).
 void set_machine_time(const MachineTime& time);
 
+/// Whether a fixed time stands in its place.
+bool machine_time_is_set();
+
 /// How far the fixed time is ahead of Universal Time; 0 until it is set.
 /// In     hours  east positive                                                                  [h]
 void set_machine_zone(double hours);

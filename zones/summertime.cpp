@@ -6,6 +6,7 @@
 #include "calendar/zonetext.h"
 #include "zones/zonelist.h"
 
+#include <algorithm>
 #include <cmath>
 #include <string>
 #include <vector>
@@ -99,6 +100,14 @@ SummerTime summer_time_of(const TimeZone& zone, double standard_hours, int year)
     if (firsts.empty())
         return summer.front() ? SummerTime(ahead_all_year(words)) : NoSummerTime{};
     return SummerSpan{civil_date(start + firsts.front()), civil_date(start + lasts.front())};
+}
+
+double least_hours_of(const TimeZone& zone, int year) {
+    const double end = start_of(year + 1);
+    int least = zone.offset_on(start_of(year));
+    for (double day = start_of(year) + 1; day < end; ++day)
+        least = std::min(least, zone.offset_on(day));
+    return static_cast<double>(least) / one_hour;
 }
 
 SummerTime summer_time_at(const Location& location, int year) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "desktop/nextprayer.h"
+#include "prayer/nextprayer.h"
 
 #include <algorithm>
 #include <array>

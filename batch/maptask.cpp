@@ -2,7 +2,6 @@
 #include "batch/tasks.h"
 
 #include "batch/finemaptask.h"
-#include "batch/mappicture.h"
 #include "batch/recordoptions.h"
 #include "batch/runoutput.h"
 #include "batch/usagemistake.h"
@@ -115,13 +114,17 @@ void write_table(const Run& table, ReportFormat format, const std::string& path,
     tell_written(path, other_is_output);
 }
 
-int run_map(const MapOptions& options, Progress& progress) {
+int run_map(const MapOptions& options, const PageMaker& painter, Progress& progress) {
     const bool table_is_output = is_standard_output(options.table);
     const bool result_is_output = is_standard_output(options.file);
     if (table_is_output && result_is_output) {
         std::cerr << "Standard output takes one of the two files, not both.\n";
         return status_usage;
     }
+    const bool is_picture =
+        options.format == picture_format && (!options.file.empty() || options.table.empty());
+    if (is_picture)
+        painter.begin_map();
     load_series();
     const CrescentSettings settings = read_visib();
     if (const auto refused = refused_conjunction(settings))
@@ -135,8 +138,7 @@ int run_map(const MapOptions& options, Progress& progress) {
     const RunPointer table = map_table(run, list.points());
     if (!options.table.empty())
         write_table(*table, ReportFormat::text, options.table, result_is_output);
-    const bool is_picture = options.format == picture_format;
-    if (is_picture && options.file.empty() && !options.table.empty())
+    if (options.format == picture_format && !is_picture)
         return status_done;
     const std::string path = options.file.empty() ? usual_file(run, options.format) : options.file;
     if (!is_picture) {
@@ -144,7 +146,7 @@ int run_map(const MapOptions& options, Progress& progress) {
         return status_done;
     }
     remove_old_leftovers(folder_of(path));
-    save_map_picture(run, list.points(), path);
+    painter.save_map(run, list.points(), path);
     tell_written(path, table_is_output);
     return status_done;
 }
@@ -249,7 +251,7 @@ Task map_task(const PageMaker& painter) {
                     require_options_of(*of_fine, options->is_fine);
                     const Supposition supposed = suppose(options->records);
                     return options->is_fine ? run_fine_map(fine_options(*options), painter, progress)
-                                            : run_map(*options, progress);
+                                            : run_map(*options, painter, progress);
                 } catch (const UsageMistake& mistake) {
                     return tell_mistake(mistake);
                 }

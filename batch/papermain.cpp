@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // halvane-paper: halvane-report with a painter, which it becomes for painted pages.
 #include "batch/batchprogram.h"
+#include "batch/mapprogram.h"
 #include "finemap/mappicturefiles.h"
 #include "hijri/monthpaper.h"
 #include "platform/deliveredfonts.h"
@@ -22,6 +23,7 @@ int main(int argc, char** argv) {
         application.emplace(argc, argv);
         halvane::use_delivered_fonts();
     };
+    halvane::take_map_pictures(pages, line.words());
     pages.timetable_pdf = [](const halvane::Timetable& timetable, const halvane::PageSettings& page) {
         return halvane::pdf_of(timetable, page);
     };

@@ -47,9 +47,8 @@ void check_place_options(const PlaceOptions& options) {
 TimetablePlace place_of(const PlaceOptions& options) {
     if (options.by_numbers())
         return given_place_of(options);
-    if (!options.place.empty())
-        listed_location(options.place);
-    TimetablePlace place = options.place.empty() ? stored_place() : listed_place(options.place);
+    TimetablePlace place =
+        options.place.empty() ? stored_place() : listed_place(listed_location(options.place));
     if (!options.zone_name.empty())
         place.zone = TimeZone(options.zone_name);
     return place;

@@ -6,6 +6,7 @@
 #include "batch/hijritask.h"
 #include "batch/recordoptions.h"
 #include "batch/runoutput.h"
+#include "batch/taskexamples.h"
 #include "batch/timetabletask.h"
 #include "batch/watchtask.h"
 #include "calendar/yearlimits.h"
@@ -143,7 +144,7 @@ int report_refused(const Refusal& refused) {
 }
 
 std::vector<Task> batch_tasks(const PageMaker& pages) {
-    return {
+    std::vector<Task> tasks{
         run_task("prayer", "Prayer times of the stored period, into results.out", records_of_period,
                  prayer_of_period, high_latitude_message.text.in(Language::english)),
         run_task("moon", "Moon times of the stored period, into mresults.out", records_of_period,
@@ -172,6 +173,9 @@ std::vector<Task> batch_tasks(const PageMaker& pages) {
         watch_task(pages),
         hijri_task(pages),
     };
+    for (Task& task : tasks)
+        task.examples = examples_of(task.name);
+    return tasks;
 }
 
 } // namespace halvane

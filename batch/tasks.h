@@ -22,6 +22,7 @@ struct Task {
     std::string description;
     std::function<void(CLI::App&)> add_options; ///< may be empty
     std::function<int(Progress&)> run;
+    std::vector<std::string> examples = {}; ///< whole command lines, for the help
 };
 
 /// Exit statuses of the batch program.

@@ -117,8 +117,12 @@ TimetablePlace listed_place(const std::string& name) {
     if (!location)
         throw RunTimeFailure(TwinWords{"There is no place \"" + name + "\" in the list of locations.",
                                        "لا يوجد موقع باسم \"" + name + "\" في قائمة المواقع."});
-    const std::optional<TimeZone> zone = known_zone(*location);
-    return {*location, zone, read_pref(), zone};
+    return listed_place(*location);
+}
+
+TimetablePlace listed_place(const Location& location) {
+    const std::optional<TimeZone> zone = known_zone(location);
+    return {location, zone, read_pref(), zone};
 }
 
 std::optional<TimetablePlace> chosen_place(const std::optional<std::string>& name) {

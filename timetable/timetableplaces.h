@@ -19,6 +19,9 @@ TimetablePlace stored_place();
 /// Error  raises RunTimeFailure for a name that the list has not, telling the nearest.
 TimetablePlace listed_place(const std::string& name);
 
+/// The same of a location that has been found in the list. Reads `pref.vsk` and `zones.csv`.
+TimetablePlace listed_place(const Location& location);
+
 /// The place of that name in the list, without one the stored location; nothing for a name that the list has
 /// not.
 std::optional<TimetablePlace> chosen_place(const std::optional<std::string>& name);

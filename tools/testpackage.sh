@@ -102,7 +102,7 @@ before=$(installed_traces)
 [ -z "$before" ] || fail "there are traces of Halvane already: $before"
 DEBIAN_FRONTEND=noninteractive apt-get install -y -qq "$package" >/dev/null
 tests/tools/hardening_test.sh /opt/halvane/halvane /opt/halvane/alert63.exe /opt/halvane/halvane-report \
-    /opt/halvane/halvane-paper || fail "the programs are not hardened"
+    /opt/halvane/halvane-paper /opt/halvane/halvane-map || fail "the programs are not hardened"
 desktop-file-validate /usr/share/applications/halvane.desktop
 appstreamcli validate --no-net --no-color /usr/share/metainfo/org.tarsine.halvane.metainfo.xml
 command=$(sed -n 's/^Exec=//p' /usr/share/applications/halvane.desktop)

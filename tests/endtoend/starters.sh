@@ -16,7 +16,7 @@ fail() {
 package=$folder/opt
 mkdir "$package" "$folder/bin" "$folder/home" "$folder/elsewhere"
 cp "$source"/data/*.vsk "$source"/data/*.txt "$source"/data/*.csv "$package"
-cp "$binaries/halvane-report" "$binaries/halvane-paper" "$binaries/halvane" "$binaries/alert63.exe" "$package"
+cp "$binaries/halvane-report" "$binaries/halvane-paper" "$binaries/halvane-map" "$binaries/halvane" "$binaries/alert63.exe" "$package"
 for starter in halvane halvane-report userfolder; do
     sed "s|/opt/halvane|$package|g" "$source/packaging/debian/$starter" >"$folder/bin/$starter"
     chmod +x "$folder/bin/$starter"
@@ -36,7 +36,7 @@ own=$folder/home/.local/share/halvane
 [ ! -s "$folder/errors" ] || fail "words on a sound home: $(cat "$folder/errors")"
 [ -L "$own/term.vsk" ] && [ -f "$own/pref.vsk" ] && [ ! -L "$own/pref.vsk" ] || fail "the user's folder"
 
-[ ! -e "$own/halvane-paper" ] || fail "a program in the user's folder that is not started there"
+[ ! -e "$own/halvane-paper" ] && [ ! -e "$own/halvane-map" ] || fail "a program in the user's folder that is not started there"
 
 echo "A PDF file, which the program beside halvane-report makes"
 env -i PATH="$PATH" HOME="$folder/home" "$folder/bin/halvane-report" timetable --month 2026-02 --format pdf --output - \

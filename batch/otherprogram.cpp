@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "batch/paperprogram.h"
+#include "batch/otherprogram.h"
 
 #include "base/failure.h"
 #include "stored/programfolder.h"
@@ -11,7 +11,7 @@
 namespace halvane {
 namespace {
 
-RunTimeFailure no_paper_program(const std::string& path, int error) {
+RunTimeFailure no_program(const std::string& path, int error) {
     const FailureParts parts = file_failure(FileAction::open, path, error).parts();
     return RunTimeFailure(TwinWords{words_of(parts, Language::english) + " This program makes the pages.",
                                     words_of(parts, Language::arabic) + " هذا البرنامج يصنع الصفحات."},
@@ -20,10 +20,10 @@ RunTimeFailure no_paper_program(const std::string& path, int error) {
 
 } // namespace
 
-void become_paper_program(char** words) {
-    const std::string path = executable_folder() + "/" + program_file("halvane-paper");
+void become_program(const char* program, char** words) {
+    const std::string path = executable_folder() + "/" + program_file(program);
     continue_as(path, words);
-    throw no_paper_program(path, errno);
+    throw no_program(path, errno);
 }
 
 } // namespace halvane

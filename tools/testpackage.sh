@@ -140,6 +140,14 @@ as "$two" sh -c "cd && mkdir other && cp $(own_folder "$two")/*.vsk other && hal
     >/dev/null
 [ -s "$(home_of "$two")/other/results.out" ] || fail "--folder is not taken"
 
+echo "What keeps no file makes no folder"
+useradd -m -s /bin/sh halvane-try-three
+users="$users halvane-try-three"
+as halvane-try-three sh -c 'cd && mkdir empty && cd empty && halvane-report next --place Cairo --json' |
+    grep -q '"place":"Cairo"' || fail "no next prayer at Cairo"
+[ ! -e "$(own_folder halvane-try-three)" ] || fail "a folder was made"
+[ -z "$(ls -A "$(home_of halvane-try-three)/empty")" ] || fail "a file was made"
+
 echo "Without a home, and with a data folder that is not absolute"
 as "$two" env -u HOME halvane-report today | grep -q '^Dhohur' || fail "no times without HOME"
 as "$two" env HOME=/proc halvane-report today | grep -q '^Dhohur' || fail "no times on a home that is read-only"
@@ -166,6 +174,6 @@ DEBIAN_FRONTEND=noninteractive apt-get purge -y -qq halvane >/dev/null
 after=$(installed_traces)
 [ -z "$after" ] || fail "left behind: $after"
 [ ! -e /opt/halvane ] || fail "/opt/halvane is left"
-for user in $users; do
+for user in "$one" "$two"; do
     [ -s "$(own_folder "$user")/pref.vsk" ] || fail "the user's folder went with the package"
 done

@@ -86,6 +86,29 @@ env -i HOME="$folder/fresh" "$folder/bin/halvane" --version | grep -q '^halvane 
 env -i HOME="$folder/fresh" "$folder/bin/halvane-report" --version | grep -q '^halvane-report [0-9]' || fail "--version"
 [ -z "$(ls -A "$folder/fresh")" ] || fail "a folder was made"
 
+echo "What keeps no file in the folder makes none"
+# quiet WORD ...: from an empty folder, of a user without one.
+quiet() { (cd "$folder/nothing" && env -i PATH="$PATH" HOME="$folder/fresh" "$folder/bin/halvane-report" "$@"); }
+mkdir "$folder/nothing"
+quiet next --place Cairo --json | python3 -c '
+import json, sys
+told = json.load(sys.stdin)
+assert told["place"] == "Cairo" and told["prayer"] in ("fajer", "dhohur", "aser", "maghreb", "isha"), told
+assert 0 < told["minutes_left"] <= 24 * 60, told' || fail "next"
+[ "$(quiet day --place Makkah | grep -c ':')" -ge 6 ] || fail "day"
+quiet sun | grep -q '^Sunrise ' || fail "sun"
+quiet hijri --place Cairo | grep -q = || fail "hijri"
+quiet --now 2026-02-18T12:00 prayer --place Cairo --output - | grep -q '^18/02/2026 ' || fail "prayer --output -"
+quiet crescent --date 2026-02-18 --place Makkah --short | grep -q '^Yallop: ' || fail "crescent --short"
+quiet next --help | grep -q '^Examples:' || fail "next --help"
+[ -z "$(ls -A "$folder/fresh")$(ls -A "$folder/nothing")" ] || fail "a folder was made"
+quiet prayer --place sun >/dev/null 2>&1 && fail "a place that is none"
+[ -s "$folder/fresh/.local/share/halvane/pref.vsk" ] || fail "a report makes the folder whatever its place is called"
+quiet prayer --place Cairo >/dev/null || fail "prayer"
+[ -s "$folder/fresh/.local/share/halvane/results.out" ] || fail "a report in the user's folder"
+sed -i 's/^18,18,/12,12,/' "$folder/fresh/.local/share/halvane/pref.vsk"
+[ "$(quiet prayer --output - | grep -c 'Fajer Angle: 12')" = 1 ] || fail "the user's settings once there is a folder"
+
 echo "Menu entries of odd folders"
 command -v desktop-file-validate >/dev/null || { echo "desktop-file-validate is not installed: skipped"; exit 77; }
 # shellcheck disable=SC2016 # the names are meant as they stand

@@ -3,9 +3,9 @@
 
 #include "base/progress.h"
 #include "desktop/mainload.h"
-#include "prayer/nextprayer.h"
 #include "panel/formlanguage.h"
 #include "panel/panelsupport.h"
+#include "prayer/nextprayer.h"
 #include "prayer/prayerrun.h"
 
 #include <QWidget>

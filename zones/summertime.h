@@ -34,8 +34,8 @@ using SummerTime = std::variant<SummerSpan, NoSummerTime, Refusal>;
 /// an hour back), more than one span (a Ramadan without summer time), an hour ahead all year.
 SummerTime summer_time_of(const TimeZone& zone, double standard_hours, int year);
 
-/// The hours from Universal Time of a zone's clock in a year when it is least ahead: those that summer_time_of
-/// takes as the standard ones.
+/// The hours from Universal Time of a zone's clock in a year when it is least ahead: those that
+/// summer_time_of takes as the standard ones.
 double least_hours_of(const TimeZone& zone, int year);
 
 /// The summer time of a year at a location, by the zone that `zones.csv` names for it. Reads `zones.csv`.

@@ -40,7 +40,9 @@ struct TaskRecords {
     DayUse days = DayUse::none;
     std::vector<RecordFile> files;
 };
-const TaskRecords records_of_period{DayUse::period, {preferences, location, RecordFile::date}};
+TaskRecords records_of_period() {
+    return {DayUse::period, {preferences, location, RecordFile::date}};
+}
 
 /// A task that writes one run.
 /// In     make     reads the stored files and loads the series; nothing when the task has been refused
@@ -145,9 +147,9 @@ int report_refused(const Refusal& refused) {
 
 std::vector<Task> batch_tasks(const PageMaker& pages) {
     std::vector<Task> tasks{
-        run_task("prayer", "Prayer times of the stored period, into results.out", records_of_period,
+        run_task("prayer", "Prayer times of the stored period, into results.out", records_of_period(),
                  prayer_of_period, high_latitude_message.text.in(Language::english)),
-        run_task("moon", "Moon times of the stored period, into mresults.out", records_of_period,
+        run_task("moon", "Moon times of the stored period, into mresults.out", records_of_period(),
                  moon_of_period),
         run_task("today", "Today's six prayer times, on standard output",
                  {DayUse::today, {preferences, location}}, times_of_today),
@@ -160,10 +162,10 @@ std::vector<Task> batch_tasks(const PageMaker& pages) {
         atlas_task(pages),
         criteria_task(),
         run_task("qibla-sun", "When the Sun stands in the direction of the Qiblah, into results.out",
-                 records_of_period, [](const Supposition&) { return qiblah_of_period(QiblahMark::sun); }),
-        run_task("qibla-shadow",
-                 "When the Sun's shadow lies in the direction of the Qiblah, into results.out",
-                 records_of_period, [](const Supposition&) { return qiblah_of_period(QiblahMark::shadow); }),
+                 records_of_period(), [](const Supposition&) { return qiblah_of_period(QiblahMark::sun); }),
+        run_task(
+            "qibla-shadow", "When the Sun's shadow lies in the direction of the Qiblah, into results.out",
+            records_of_period(), [](const Supposition&) { return qiblah_of_period(QiblahMark::shadow); }),
         run_task("ephemeris", "Table of the Sun or the Moon, into ephemeris.out",
                  {DayUse::period, {location, RecordFile::ephemeris}}, stored_ephemeris),
         run_task("telescope", "Pointing numbers of Sun, Moon and crescent, on standard output",

@@ -16,7 +16,7 @@ fail() {
 for program in halvane alert63.exe; do
     for display in "" ":99999"; do
         version=$(env -i DISPLAY="$display" "$empty/$program" --version 2>&1) || fail "$program --version"
-        [[ $version =~ ^$program\ [0-9]+\.[0-9]+\.[0-9]+$ ]] || fail "$program --version says: $version"
+        [[ $version =~ ^$program\ [0-9]+\.[0-9]+\.[0-9]+(\ \(commit\ [0-9a-f]+(-dirty)?\))?$ ]] || fail "$program --version says: $version"
         for word in --help -h; do
             help=$(env -i DISPLAY="$display" "$empty/$program" $word 2>&1) || fail "$program $word"
             [ "${help%%$'\n'*}" = "Usage: $program [--help] [--version]" ] || fail "$program $word says: $help"

@@ -40,7 +40,6 @@ FEASTS = {
 
 YEAR = ["--year", "1447"]
 REFUSALS = [
-    ([], "required"),
     (["--year", "0"], "from the year 1 to 9600"),
     (["--year", "9601"], "from the year 1 to 9600"),
     (["--year", "soon"], "soon"),

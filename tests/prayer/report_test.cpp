@@ -155,7 +155,7 @@ TEST_F(PrayerReport, APlaceStoredInTheMiddleOfARunIsThatOfTheNextOne) {
     };
     EXPECT_TRUE(reports(saving) == of_first) << "a row of another place";
     EXPECT_TRUE(reports(silent) == of_second);
-    EXPECT_GT(saving.yields, 18262); // rows
+    EXPECT_GE(saving.yields, 18262); // rows
 }
 
 TEST_F(PrayerReport, IsRefusedWithTheWordsOfItsMessage) {

@@ -128,9 +128,11 @@ std::string told_mistype(const BatchLine& line) {
         if (!option.starts_with("--") || std::find(names.begin(), names.end(), option) != names.end())
             continue;
         const std::string of_task = task == nullptr ? "" : " " + task->name;
-        return "there is no option \"" + option + "\"" + (task == nullptr ? "" : " of" + of_task) +
-               "; the nearest is \"" + nearest_name(option, names) + "\". See halvane-report" + of_task +
-               " --help.";
+        std::string told = "there is no option \"" + option + "\"";
+        if (task != nullptr)
+            (told += " of") += of_task;
+        (told += "; the nearest is \"") += nearest_name(option, names);
+        return (((told += "\". See halvane-report") += of_task) += " --help.");
     }
     return {};
 }

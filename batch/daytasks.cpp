@@ -122,10 +122,12 @@ void tell_hijri(DayAsked& asked) {
     constexpr double noon = 0.5;
     double jd = 0;
     modjul(asked.date.year, asked.date.month, asked.date.day, 0, jd);
-    asked.hijri = hijri_of_civil(asked.date.year, asked.date.month, asked.date.day);
+    const HijriDate tabular = hijri_of_civil(asked.date.year, asked.date.month, asked.date.day);
+    if (tabular.year >= 1)
+        asked.hijri = tabular;
     asked.hijri_rule = "tabular";
     const std::optional<HijriChoice> choice = kept_hijri_rule();
-    if (!choice)
+    if (!choice || !asked.hijri)
         return;
     load_series();
     const HijriReckoningPointer reckoning = reckoning_of(loaded_theory(), *choice, asked.date.year);

@@ -43,7 +43,12 @@ std::optional<DaySpan> given_days(const RecordOptions& options) {
         return span_of(dates_span(options.date, options.date));
     if (options.from.empty())
         return std::nullopt;
-    return span_of(dates_span(options.from, options.to.empty() ? options.from : options.to));
+    DaySpan span = span_of(dates_span(options.from, options.from));
+    if (!options.to.empty())
+        span.last = span_of(dates_span(options.to, options.to)).last;
+    if (span.last < span.first)
+        throw UsageMistake("--to: the last day comes before the first");
+    return span;
 }
 
 /// The setting of which one word, or the whole name, is nearest to a typed name.

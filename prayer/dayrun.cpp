@@ -46,7 +46,7 @@ void write_day_head(Report& report, const DayAsked& asked) {
 struct DayRow {
     DateNumbers date;
     bool summer = false;
-    std::string hijri; ///< "1447-09-01"
+    std::optional<std::string> hijri; ///< "1447-09-01"
     PrayerTimes times;
     MoonTimes moon;
     double lit = 0; ///< of the Moon's disc at the clock's noon                                         [%]
@@ -65,7 +65,7 @@ constexpr ColumnOf<DayRow> day_columns[] = {
     date_column<DayRow>,
     summer_column<DayRow>,
     {{"hijri", {"Hijri date", "التاريخ الهجري"}, "", ValueType::text},
-     [](const DayRow& row) -> Value { return row.hijri; }},
+     [](const DayRow& row) -> Value { return row.hijri ? Value(*row.hijri) : Value(); }},
     {{"fajer", {"Fajer", "الفجر"}, "", ValueType::clock}, prayer_value<&PrayerTimes::fajer>},
     {{"shuroq", {"Shuroq", "الشروق"}, "", ValueType::clock}, prayer_value<&PrayerTimes::shuroq>},
     {{"dhohur", {"Dhohur", "الظهر"}, "", ValueType::clock}, prayer_value<&PrayerTimes::dhohur>},
@@ -109,7 +109,8 @@ public:
         DayRow row;
         row.date = asked_.date;
         row.summer = summer_hours == 1;
-        row.hijri = hijri_text(asked_.hijri);
+        if (asked_.hijri)
+            row.hijri = hijri_text(*asked_.hijri);
         row.times = prayer_times(theory_, asked_.preferences, asked_.location, jd);
         row.moon = moon_day(ephemeris, asked_.preferences, asked_.location, jd, summer_hours);
         row.lit = lit_percent(ephemeris, Instant::of_ut1(jd + (noon - ahead) / hours_per_day));
@@ -127,9 +128,10 @@ public:
 private:
     void write_head(Report& report) const override {
         write_day_head(report, asked_);
-        report.line(plain_number(asked_.hijri.day) + " " +
-                    hijri_month_name(asked_.hijri.month, Language::english) + " " +
-                    plain_number(asked_.hijri.year) + " (" + asked_.hijri_rule + ")");
+        if (asked_.hijri)
+            report.line(plain_number(asked_.hijri->day) + " " +
+                        hijri_month_name(asked_.hijri->month, Language::english) + " " +
+                        plain_number(asked_.hijri->year) + " (" + asked_.hijri_rule + ")");
     }
     void write_row(Report& report, const DayRow& row, int /*number*/) const override {
         const int precision = precision_of(asked_.preferences);

@@ -7,6 +7,7 @@
 #include "stored/loc.h"
 #include "stored/pref.h"
 
+#include <optional>
 #include <string>
 
 namespace halvane {
@@ -15,9 +16,9 @@ namespace halvane {
 struct DayAsked {
     Preferences preferences;
     Location location;
-    DateNumbers date;       ///< civil
-    HijriDate hijri;        ///< of that date
-    std::string hijri_rule; ///< by which it was told, in English
+    DateNumbers date;               ///< civil
+    std::optional<HijriDate> hijri; ///< of that date; nothing before the calendar begins
+    std::string hijri_rule;         ///< by which it was told, in English
 };
 
 /// The times of a day for a terminal, without a report of its own: the six of the main panel, the Moon's, and

@@ -120,7 +120,7 @@ TypedAnswer TypedRecords::take(std::string_view name, std::string_view text) {
                     return TypedAnswer{fields.take(field, text, (this->*record)()), note.range};
             return TypedAnswer{};
         };
-        const TypedAnswer answer = [&] {
+        TypedAnswer answer = [&] {
             switch (file) {
             case RecordFile::location:
                 return take(loc_fields, &TypedRecords::location);

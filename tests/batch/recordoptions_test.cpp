@@ -57,6 +57,8 @@ TEST_F(RecordOptionsTest, APlaceAndDaysMakeTheReportOfStoredOnes) {
     folder.write("date.vsk", march);
     for (const auto& [task, report] : by_options)
         EXPECT_TRUE(same_bytes(report, told({task, "--output", "-"}))) << task;
+    expect_mistake({"prayer", "--from", "2026-03-02", "--to", "2026-03-01"},
+                   "--to: the last day comes before the first.");
     EXPECT_TRUE(same_bytes(by_options["prayer"], told({"prayer", "--place", "London", "--from", "2026-03-01",
                                                        "--to", "2026-03-31", "--output", "-"})));
 }
@@ -220,6 +222,7 @@ TEST_F(RecordOptionsTest, ADayHasThePrayersTheHijriDateAndTheMoon) {
         const std::size_t at = text.find(name) + std::string(name).size();
         EXPECT_TRUE(holds(moon, text.substr(at, 5))) << name << text;
     }
+    EXPECT_TRUE(told({"day", "--date", "0600-01-01"}).starts_with("Amman, Friday 1 January 600\nFajer "));
     // Meeus, Astronomical Algorithms, example 48.a: 1992 April 12, 0 h TD: k = 0.6786.
     const nlohmann::json made =
         nlohmann::json::parse(told({"day", "--latitude", "0", "--longitude", "180", "--zone", "12", "--date",

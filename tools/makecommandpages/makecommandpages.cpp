@@ -7,6 +7,7 @@
 #include "stored/outputfile.h"
 #include "stored/textfile.h"
 #include "stored/typedrecords.h"
+#include "system/path.h"
 
 #include <algorithm>
 #include <exception>
@@ -317,7 +318,7 @@ void write_settings(std::ostream& page, const std::string& data) {
          << "`stored/` and the delivered files; a test compares them.\n";
     for (const RecordFile file : record_files) {
         const std::string name = name_of(file) + std::string(".vsk");
-        const std::string path = data + "/" + name;
+        const std::string path = joined_path(data, name);
         page << "\n## `" << name
              << "`\n\n| Name | Meaning | Unit | Range | Delivered |\n|---|---|---|---|---|\n";
         const std::string text = read_text_file(path);

@@ -397,6 +397,10 @@ constexpr const char* places_file = "places.csv";
 /// From start to end, as a user waits for it.
 constexpr ProgramWork program_works[]{
     {"today", 40},
+    // What status bars ask every minute: not more than `today` took while its program loaded GD.
+    {"next", 9, 12},
+    {"next --place Cairo --json", 9, 12},
+    {"day --place Cairo", 9, 12},
     {"prayer"},
     {"moon"},
     {"phases"},

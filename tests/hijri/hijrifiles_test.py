@@ -46,7 +46,7 @@ REFUSALS = [
     ([*YEAR, "--to-year", "1448"], "--from-year"),
     (["--from-year", "1448", "--to-year", "1447"], "--to-year is before --from-year"),
     (["--from-year", "1447"], "--to-year"),
-    ([*YEAR, "--convert", "2026-02-18"], "2 were given"),
+    ([*YEAR, "--convert", "2026-02-18"], "at most 1"),
     ([*YEAR, "--month", "13"], "13"),
     ([*SPAN, "--month", "9"], "--month belongs to --year"),
     ([*YEAR, "--month", "9", "--compare", "tabular"], "not of --month"),

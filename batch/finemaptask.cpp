@@ -106,8 +106,8 @@ std::vector<CrescentDates> dates_of_hijri_year(Ephemeris& ephemeris, double year
 /// Makes the maps of a run as they are asked for, and tells how far it has come.
 class MapMaker {
 public:
-    MapMaker(FineMapSettings settings, std::vector<CrescentDates> dates, Progress& progress)
-        : settings_(std::move(settings)), dates_(std::move(dates)), progress_(progress),
+    MapMaker(const FineMapSettings& settings, std::vector<CrescentDates> dates, Progress& progress)
+        : settings_(settings), dates_(std::move(dates)), progress_(progress),
           crescent_(read_crescent_records(read_visib())) {
         for (const CrescentDates& each : dates_)
             maps_ += static_cast<double>(each.days.size());

@@ -30,6 +30,7 @@ double least_microseconds(const auto& work) {
 int main(int, char** arguments) {
     const Engine engine(arguments[1]);
     std::vector<Instant> days;
+    days.reserve(instants);
     for (int i = 0; i < instants; ++i)
         days.push_back(Instant::of_ut1(2451545 + 0.37 * i));
     const std::pair<const char*, Accuracy> accuracies[] = {

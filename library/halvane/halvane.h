@@ -35,8 +35,8 @@
 
 #include "halvane/export.h"
 
-#include <stddef.h>
-#include <stdint.h>
+#include <stddef.h> // NOLINT(modernize-deprecated-headers): C reads it too
+#include <stdint.h> // NOLINT(modernize-deprecated-headers)
 
 #ifdef __cplusplus
 extern "C" {

@@ -89,6 +89,7 @@ template <class Handle, class Make>
 halvane_status opened(Handle** handle, const char* name, Make&& make) noexcept {
     return called([&] {
         required(handle, name) = nullptr;
+        // NOLINTNEXTLINE(bugprone-unhandled-exception-at-new): `called` handles it
         *handle = new Handle{make()};
     });
 }

@@ -229,7 +229,7 @@ halvane_status halvane_crescent(const halvane_engine* engine, int kind, halvane_
             record.evening = value_of(*found.evening);
         filled_verdicts.set_all(found.verdicts,
                                 [](const CrescentVerdict& verdict) { return record_of(verdict); });
-        filled.set(std::move(record));
+        filled.set(std::move(record)); // NOLINT(performance-move-const-arg): it is given away
     });
 }
 

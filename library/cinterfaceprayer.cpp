@@ -171,7 +171,7 @@ halvane_status halvane_prayer_times(const halvane_engine* engine, halvane_date d
         halvane_prayer_day record{};
         std::transform(found.times.begin(), found.times.end(), record.times,
                        [](const ClockTime& time) { return same<halvane_clock_time>(time); });
-        filled.set(std::move(record));
+        filled.set(std::move(record)); // NOLINT(performance-move-const-arg): it is given away
     });
 }
 

@@ -48,6 +48,7 @@ void raise_in_python(const halvane::Error& error) {
 PYBIND11_MODULE(_engine, module) {
     using namespace halvane_python;
     module.doc() = "The engine in C++. The functions of the package halvane are made of these.";
+    // NOLINTNEXTLINE(performance-unnecessary-value-param): the form that is asked for
     py::register_exception_translator([](std::exception_ptr failure) {
         try {
             if (failure)

@@ -110,6 +110,7 @@ py::dict timetables(const Engine& engine, const Date& first, const Date& last,
                     const std::vector<std::pair<Observer, Clock>>& places, const TimetableRules& rules,
                     const py::object& progress) {
     std::vector<halvane::TimetablePlace> own;
+    own.reserve(places.size());
     for (const auto& [observer, clock] : places)
         own.push_back({observer, clock});
     return arrays_of(told(progress, [&](halvane::Progress* python) {

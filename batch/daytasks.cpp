@@ -16,6 +16,7 @@
 #include "routines/machineclock.h"
 #include "routines/seriesloader.h"
 #include "stored/programfolder.h"
+#include "timetable/timetablecolumns.h"
 
 #include <CLI/CLI.hpp>
 
@@ -49,8 +50,11 @@ Supposition suppose_day(const RecordOptions& options) {
 
 // --- The next prayer ---
 
-constexpr std::array<const char*, 6> names{"Fajer", "Shuroq", "Dhohur", "Aser", "Maghreb", "Isha"};
-constexpr std::array<const char*, 6> keys{"fajer", "shuroq", "dhohur", "aser", "maghreb", "isha"};
+const ColumnNames& names_of(const NextPrayer& next) {
+    constexpr std::array columns{TimetableColumn::fajer, TimetableColumn::shuroq,  TimetableColumn::dhohur,
+                                 TimetableColumn::aser,  TimetableColumn::maghreb, TimetableColumn::isha};
+    return names_of(columns.at(next.column));
+}
 
 std::vector<PrayerMoment> moments_of(const ClockPlace& place, double jd) {
     const Location there = place.on(jd);
@@ -84,8 +88,8 @@ std::string json_of(const NextPrayer& next, const std::string& place) {
     told["version"] = version;
     told["task"] = "next";
     told["place"] = place;
-    told["prayer"] = keys.at(next.column);
-    told["name"] = names.at(next.column);
+    told["prayer"] = names_of(next).key;
+    told["name"] = names_of(next).halvane.english;
     told["date"] = iso_date(date_of(date));
     told["clock"] = text_of(next.clock);
     told["minutes_left"] = next.minutes_left;
@@ -100,18 +104,15 @@ int run_next(const DayOptions& options) {
     const MachineTime clock = place.now();
     double jd = 0;
     modjul(clock.year, clock.month, clock.day, 0, jd);
-    // Where --now stands in for the clock, it is that of the place.
-    const double now = machine_time_is_set() ? seconds_of(clock) - place.hours_ahead_on(jd) * seconds_per_hour
-                                             : seconds_of(universal_time());
-    const std::optional<NextPrayer> next = next_prayer_at(place, jd, now);
+    const std::optional<NextPrayer> next = next_prayer_at(place, jd, place.universal_now());
     if (!next) {
         std::cerr << "halvane-report: no prayer has a time today or tomorrow at " << place.location.name
                   << ".\n";
         return status_failure;
     }
     const std::string text = options.json ? json_of(*next, place.location.name)
-                                          : names.at(next->column) + (" " + text_of(next->clock)) + " " +
-                                                std::to_string(next->minutes_left) + " min";
+                                          : names_of(*next).halvane.english + (" " + text_of(next->clock)) +
+                                                " " + std::to_string(next->minutes_left) + " min";
     return save_text(text, options.output.file);
 }
 

@@ -297,9 +297,15 @@ MachineTime ClockPlace::now() const {
     return clock_at(seconds_of(universal) + zone->offset_at_second(utc_second_now()));
 }
 
-double ClockPlace::hours_ahead_on(double jd) const {
-    const DateNumbers date = civil_date(jd);
-    return on(jd).zone + (in_summer_time(preferences, date.year, date.month, date.day) ? 1 : 0);
+double ClockPlace::universal_now() const {
+    if (!machine_time_is_set())
+        return seconds_of(universal_time());
+    const MachineTime clock = now();
+    const double local = seconds_of(clock);
+    if (!zone)
+        return local - hours_ahead(preferences, location, day_count_of(clock)) * seconds_per_hour;
+    constexpr MachineTime unix_epoch{1970, 1, 1, 0, 0, 0};
+    return local - zone->offset_of_local(std::llround(local - seconds_of(unix_epoch)));
 }
 
 void add_record_options(CLI::App& command, RecordOptions& options) {

@@ -55,8 +55,8 @@ struct ClockPlace {
     Location on(double jd) const;
     /// What the clock shows now: --now is its time, whatever the machine's zone.
     MachineTime now() const;
-    /// How far it is ahead of Universal Time on a date. In     jd  0 h of it                        [h]
-    double hours_ahead_on(double jd) const;
+    /// Now in Universal Time since the platform's day 0                                            [s]
+    double universal_now() const;
 };
 
 /// Adds what `options` takes.

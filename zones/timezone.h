@@ -29,6 +29,10 @@ public:
     /// The same at so many seconds after 1970 January 1, 0 h UT.
     int offset_at_second(std::int64_t utc_second) const;
 
+    /// The same when the zone's clock shows so many seconds after its own 1970 January 1, 0 h. A clock that a
+    /// change leaves out takes the offset before the change, one that is shown twice the first of the two.
+    int offset_of_local(std::int64_t local_second) const;
+
     /// Offset in force at the noon that the zone's clock shows on a civil date [s, east positive]. A noon
     /// that a change leaves out takes the offset before the change, one that is shown twice the first of the
     /// two. In     jd  0 h of the civil date, without any zone [d] Error  raises RunTimeFailure for a Julian
@@ -40,7 +44,6 @@ public:
 private:
     struct Rules;
     static std::shared_ptr<const Rules> read(const std::string& name);
-    int offset_of_local(std::int64_t local_second) const;
 
     std::shared_ptr<const Rules> rules_;
 };

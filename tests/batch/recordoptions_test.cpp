@@ -201,6 +201,22 @@ TEST_F(RecordOptionsTest, NextCountsAnHourLessInTheNightOfTheChange) {
     EXPECT_EQ(made["minutes_left"], 10 + minutes - 60);
 }
 
+TEST_F(RecordOptionsTest, NextCountsAnHourLessBeforeTheChangeOfTheSameDay) {
+    // The clocks of the United Kingdom go from 1 to 2 h on the last Sunday of March (Summer Time Act 1972, as
+    // amended).
+    const auto left_at = [this](const char* now) {
+        return nlohmann::json::parse(told({"next", "--place", "London", "--now", now, "--json"}));
+    };
+    const nlohmann::json before = left_at("2026-03-29T00:30");
+    const nlohmann::json after = left_at("2026-03-29T02:30");
+    EXPECT_EQ(before["clock"], after["clock"]);
+    const int left_before = before["minutes_left"];
+    const int left_after = after["minutes_left"];
+    EXPECT_EQ(left_before - left_after, 60);
+    const std::string clock = after["clock"];
+    EXPECT_EQ(left_after, std::stoi(clock.substr(0, 2)) * 60 + std::stoi(clock.substr(3)) - 150);
+}
+
 TEST_F(RecordOptionsTest, NextTellsOfANightWithoutPrayers) {
     const Outcome outcome = run_in_folder({"next", "--latitude", "-89", "--longitude", "0", "--zone", "0",
                                            "--set", "add-dhohur=0", "--now", "2026-06-21T12:00"});

@@ -722,6 +722,7 @@ TEST(CInterfaceErrors, EightThreadsGetTheSameNumbersAndTheirOwnErrors) {
     const std::vector<double> alone = longitudes(0);
     std::array<std::vector<double>, 8> found;
     std::vector<std::thread> threads;
+    threads.reserve(found.size());
     for (int thread = 0; thread < 8; ++thread)
         threads.emplace_back(
             [&, thread] { found[static_cast<std::size_t>(thread)] = longitudes(thread + 1); });

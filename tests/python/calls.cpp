@@ -368,7 +368,7 @@ void crescent_calls(const Engine& engine, Chance& chance) {
 
 void hijri_calls(const Engine& engine, Chance& chance) {
     const std::vector<HijriRule> rules = hijri_rules();
-    call("hijri_rules", [&] { return rules; });
+    call("hijri_rules", [] { return hijri_rules(); });
     for (int i = 0; i < 40; ++i) {
         HijriChoices choices;
         choices.rule = rules[static_cast<std::size_t>(i) % rules.size()].key;

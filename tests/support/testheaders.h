@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What most tests include, compiled once for all of them where tests/CMakeLists.txt says so.
+// What most tests include, compiled once for all of them.
 #pragma once
 
 #include <algorithm>

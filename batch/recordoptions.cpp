@@ -111,7 +111,8 @@ void take_table(EphemerisSettings& table, const DaySpan& span) {
 }
 
 void take_crescent(CrescentSettings& crescent, const DaySpan& span) {
-    const DateNumbers middle = civil_date(std::floor((span.first + span.last) / 2));
+    constexpr double midnight = 0.5;
+    const DateNumbers middle = civil_date(std::floor((span.first + span.last) / 2 + midnight) - midnight);
     crescent.day = plain_number(middle.day);
     crescent.month = plain_number(middle.month);
     crescent.year = plain_number(middle.year);
@@ -320,7 +321,8 @@ void add_record_options(CLI::App& command, RecordOptions& options) {
         add("--date", options.date, "YYYY-MM-DD",
             use == DayUse::today ? "A day; today when none is given" : "The day of the stored clock");
     if (use == DayUse::crescent)
-        add("--date", options.date, "YYYY-MM-DD", "The crescent of the conjunction nearest to a day");
+        add("--date", options.date, "YYYY-MM-DD",
+            "The crescent of the conjunction about a day, as its panel finds it");
     if (use == DayUse::period) {
         CLI::Option* const from = add("--from", options.from, "YYYY-MM-DD", "First day");
         command.add_option("--to", options.to, "Last day, with --from; without it one day")

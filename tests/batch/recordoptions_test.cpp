@@ -63,6 +63,21 @@ TEST_F(RecordOptionsTest, APlaceAndDaysMakeTheReportOfStoredOnes) {
                                                        "--to", "2026-03-31", "--output", "-"})));
 }
 
+TEST_F(RecordOptionsTest, TheDayOfACrescentIsThatOfItsSettings) {
+    const auto told_of = [this](const std::string& year, const std::string& month, const std::string& day) {
+        return told({"crescent", "--output", "-", "--set", "visib.year=" + year, "--set",
+                     "visib.month=" + month, "--set", "visib.day=" + day});
+    };
+    // A day earlier belongs to another conjunction.
+    EXPECT_FALSE(same_bytes(told_of("2000", "7", "9"), told_of("2000", "7", "10")));
+    EXPECT_TRUE(
+        same_bytes(told({"crescent", "--output", "-", "--date", "2000-07-10"}), told_of("2000", "7", "10")));
+    // The middle of an even number of days is the earlier one of two.
+    EXPECT_FALSE(same_bytes(told_of("2055", "2", "5"), told_of("2055", "2", "14")));
+    EXPECT_TRUE(
+        same_bytes(told({"crescent", "--output", "-", "--month", "2055-02"}), told_of("2055", "2", "14")));
+}
+
 TEST_F(RecordOptionsTest, NumbersMakeAPlace) {
     folder.write("loc.vsk", "\"\",39.8256,0,0,21.4267,0,0,333,3,#TRUE#,#TRUE#,#FALSE#,#FALSE#,0,1010,10\r\n");
     const std::string stored = told({"today", "--now", "2026-02-18T12:00"});

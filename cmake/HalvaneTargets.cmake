@@ -104,7 +104,7 @@ function(halvane_common_headers NAME FOLDER FILE)
   target_compile_options(${NAME} PRIVATE -fpch-preprocess) # for the compiler's cache
 endfunction()
 
-# halvane_takes_common_headers(NAME HEADERS): both are compiled with the same options.
+# halvane_takes_common_headers(NAME HEADERS): both are compiled with the same options, but for the optimisation.
 function(halvane_takes_common_headers NAME HEADERS)
   if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
     target_precompile_headers(${NAME} REUSE_FROM ${HEADERS})

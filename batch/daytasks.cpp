@@ -16,11 +16,13 @@
 #include "routines/machineclock.h"
 #include "routines/seriesloader.h"
 #include "stored/programfolder.h"
+#include "timetable/rowtexts.h"
 #include "timetable/timetablecolumns.h"
 
 #include <CLI/CLI.hpp>
 
 #include <array>
+#include <cmath>
 #include <iostream>
 #include <memory>
 #include <nlohmann/json.hpp>
@@ -81,8 +83,18 @@ std::optional<NextPrayer> next_prayer_at(const ClockPlace& place, double jd, dou
     return next_prayer(all, now);
 }
 
+/// "2026-02-18T17:25:00+03:00"
+std::string instant_of(const NextPrayer& next, const DateNumbers& date) {
+    constexpr int day = 86400;
+    double jd = 0;
+    modjul(date.year, date.month, date.day, 0, jd);
+    const int shown = next.clock.seconds;
+    const double offset = next.day * seconds_per_day + shown - next.seconds;
+    return instant_text(jd, {shown / day, shown % day, static_cast<int>(std::lround(offset))});
+}
+
 std::string json_of(const NextPrayer& next, const std::string& place) {
-    const MachineTime date = clock_at(next.day * seconds_per_day);
+    const DateNumbers date = date_of(clock_at(next.day * seconds_per_day));
     nlohmann::ordered_json told;
     told["program"] = "Halvane";
     told["version"] = version;
@@ -90,8 +102,9 @@ std::string json_of(const NextPrayer& next, const std::string& place) {
     told["place"] = place;
     told["prayer"] = names_of(next).key;
     told["name"] = names_of(next).halvane.english;
-    told["date"] = iso_date(date_of(date));
+    told["date"] = iso_date(date);
     told["clock"] = text_of(next.clock);
+    told["instant"] = instant_of(next, date);
     told["minutes_left"] = next.minutes_left;
     return told.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
 }
@@ -193,7 +206,7 @@ Task day_task() {
 
 Task sun_task() {
     return day_run_task(
-        "sun", "Rise, transit and set of the Sun on a day, on standard output",
+        "sun", "Twilights, rise, transit and set of the Sun on a day, on standard output",
         [](const Supposition& supposed) { return sun_run(loaded_theory(), asked_of(supposed)); });
 }
 

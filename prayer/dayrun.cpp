@@ -18,6 +18,8 @@
 #include "report/columns.h"
 #include "report/reportrun.h"
 
+#include <array>
+#include <cstddef>
 #include <memory>
 #include <utility>
 
@@ -149,9 +151,17 @@ private:
     DayAsked asked_;
 };
 
+struct Twilight {
+    const char* name;
+    double depression; ///< of the Sun's centre at its dawn and dusk                                    [deg]
+};
+/// As almanacs have them: Explanatory Supplement to the Astronomical Almanac, 3rd ed. (2013), 12.
+constexpr std::array twilights{Twilight{"Astronomical", 18}, Twilight{"Nautical", 12}, Twilight{"Civil", 6}};
+
 struct SunRow {
     DateNumbers date;
     bool summer = false;
+    std::array<RiseSet, twilights.size()> dawns_and_dusks;
     RiseSet events;
     TaggedTime transit = NoEvent::none;
     double up = 0;       ///< from rise to set                                                          [h]
@@ -159,15 +169,30 @@ struct SunRow {
     SunPlace sun;        ///< in transit
 };
 
+template <std::size_t twilight>
+Value dawn_value(const SunRow& row) {
+    return ClockValue{row.dawns_and_dusks[twilight].rise};
+}
+template <std::size_t twilight>
+Value dusk_value(const SunRow& row) {
+    return ClockValue{row.dawns_and_dusks[twilight].set};
+}
+
 constexpr ColumnOf<SunRow> sun_columns[] = {
     date_column<SunRow>,
     summer_column<SunRow>,
+    {{"astronomical_dawn", {"Astronomical dawn", "الفجر الفلكي"}, "", ValueType::clock}, dawn_value<0>},
+    {{"nautical_dawn", {"Nautical dawn", "الفجر البحري"}, "", ValueType::clock}, dawn_value<1>},
+    {{"civil_dawn", {"Civil dawn", "الفجر المدني"}, "", ValueType::clock}, dawn_value<2>},
     {{"sunrise", {"Sunrise", "شروق الشمس"}, "", ValueType::clock},
      [](const SunRow& row) -> Value { return ClockValue{row.events.rise}; }},
     {{"transit", {"Transit", "العبور"}, "", ValueType::clock},
      [](const SunRow& row) -> Value { return ClockValue{row.transit}; }},
     {{"sunset", {"Sunset", "غروب الشمس"}, "", ValueType::clock},
      [](const SunRow& row) -> Value { return ClockValue{row.events.set}; }},
+    {{"civil_dusk", {"Civil dusk", "الغسق المدني"}, "", ValueType::clock}, dusk_value<2>},
+    {{"nautical_dusk", {"Nautical dusk", "الغسق البحري"}, "", ValueType::clock}, dusk_value<1>},
+    {{"astronomical_dusk", {"Astronomical dusk", "الغسق الفلكي"}, "", ValueType::clock}, dusk_value<0>},
     {{"day_length", {"Day length", "طول النهار"}, "h", ValueType::number},
      [](const SunRow& row) -> Value { return row.up; }},
     {{"altitude", {"Altitude in transit", "الارتفاع عند العبور"}, "deg", ValueType::number},
@@ -220,8 +245,14 @@ private:
         SunRow row;
         row.date = asked_.date;
         row.summer = summer_hours == 1;
-        row.events = find_rise_set(ephemeris, Target::sun, Instant::of_ut1(jd - ahead / hours_per_day),
-                                   settings.observer, settings.horizon);
+        const Instant start = Instant::of_ut1(jd - ahead / hours_per_day);
+        for (std::size_t number = 0; number < twilights.size(); ++number) {
+            Horizon horizon = settings.horizon;
+            horizon.fajer_angle = twilights[number].depression;
+            row.dawns_and_dusks[number] =
+                find_rise_set(ephemeris, Target::fajer, start, settings.observer, horizon);
+        }
+        row.events = find_rise_set(ephemeris, Target::sun, start, settings.observer, settings.horizon);
         const SunTransit transit =
             find_sun_transit(ephemeris, jd, {ahead, summer_hours + noon, settings.zone_offset});
         row.transit = transit.hours;
@@ -235,10 +266,16 @@ private:
     void write_head(Report& report) const override { write_day_head(report, asked_); }
     void write_row(Report& report, const SunRow& row, int /*number*/) const override {
         const int precision = precision_of(asked_.preferences);
+        for (std::size_t number = 0; number < twilights.size(); ++number)
+            report.line(twilights[number].name +
+                        (" dawn " + text_of(row.dawns_and_dusks[number].rise, precision)));
         report.line("Sunrise " + text_of(row.events.rise, precision));
         report.line("Transit " + text_of(row.transit, precision) + ", altitude " +
                     format_number(row.altitude, "0.0") + " deg");
         report.line("Sunset " + text_of(row.events.set, precision));
+        for (std::size_t number = twilights.size(); number-- > 0;)
+            report.line(twilights[number].name +
+                        (" dusk " + text_of(row.dawns_and_dusks[number].set, precision)));
         report.line("Day length " + format_number(row.up, "0.00") + " h");
         report.line("Declination " + format_number(row.sun.declination, "0.00") + " deg");
         report.line("Equation of time " + format_number(row.sun.equation_of_time, "0.0") + " min");

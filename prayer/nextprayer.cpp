@@ -22,7 +22,7 @@ std::optional<NextPrayer> next_prayer(std::span<const PrayerMoment> moments, dou
         return std::nullopt;
     return NextPrayer{prayer_columns.at(static_cast<std::size_t>(next->prayer)),
                       static_cast<int>(std::ceil((next->seconds - now) / seconds_per_minute)), next->day,
-                      next->clock};
+                      next->clock, next->seconds};
 }
 
 } // namespace halvane

@@ -15,6 +15,7 @@ struct NextPrayer {
     int minutes_left = 0;   ///< rounded up, so at least 1
     double day = 0;         ///< day count of its civil date on the location's clock
     ShownClock clock;       ///< of the location
+    double seconds = 0;     ///< Universal Time since the platform's day 0                         [s]
 
     bool operator==(const NextPrayer&) const = default;
 };

@@ -30,13 +30,13 @@ std::string text_in(PageLanguage language, const TwinWords& words) {
     return words.english + " / " + words.arabic;
 }
 
-std::string instant_text(const TimetableRow& row, const LocalClock& clock) {
+std::string instant_text(double jd, const LocalClock& clock) {
     constexpr int day = 86400;
     if (clock.offset % 60 != 0) {
         const int universal = clock.seconds - clock.offset + (clock.day + 1) * day;
-        return instant_text(row, {universal / day - 1, universal % day, 0});
+        return instant_text(jd, {universal / day - 1, universal % day, 0});
     }
-    std::string text = clock.day == 0 ? iso_date(row.date) : iso_date(civil_date(row.jd + clock.day));
+    std::string text = iso_date(civil_date(jd + clock.day));
     (text += 'T') += clock_text(clock, true);
     const int minutes = std::abs(clock.offset) / 60;
     append_two(text, clock.offset < 0 ? '-' : '+', minutes / 60);

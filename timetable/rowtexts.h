@@ -15,7 +15,8 @@ const TwinText& name_of(TimetableColumn column, PrayerNames names);
 std::string text_in(PageLanguage language, const TwinWords& words);
 
 /// "2026-02-18T04:57:00+03:00"; in Universal Time where the offset has seconds, which the form has not.
-std::string instant_text(const TimetableRow& row, const LocalClock& clock);
+/// In     jd  0 h of the civil date that the clock's day counts from                               [d]
+std::string instant_text(double jd, const LocalClock& clock);
 
 /// The text itself, or what its bytes are in Windows-1256 where they are not UTF-8, as an unlucky name of a
 /// place may be.

@@ -205,7 +205,7 @@ std::string HtmlFile::cell_text(const SheetCell& cell, TimetableColumn column) c
     std::string shown = escaped(is_arabic() ? cell.text.arabic : cell.text.english);
     if (times.size() > 1 || row_->date.year < 1) // HTML knows no dates before the year 1
         return shown;
-    return "<time datetime=\"" + instant_text(*row_, *times.front().clock) + "\">" + shown + "</time>";
+    return "<time datetime=\"" + instant_text(row_->jd, *times.front().clock) + "\">" + shown + "</time>";
 }
 
 /// For who hears the table, where no column tells the weekday.

@@ -224,7 +224,7 @@ const char* type_of(TimetableColumn column) {
 Json json_of(const Timetable& timetable, const TimetableRow& row, const RowTime& time) {
     if (time.clock)
         return {{"clock", clock_text(*time.clock, timetable.to_second)},
-                {"instant", instant_text(row, *time.clock)},
+                {"instant", instant_text(row.jd, *time.clock)},
                 {"source", key_of(time.source)}};
     if (const std::optional<std::string> reason = iso_time(time.missing))
         return {{"clock", nullptr}, {"missing", *reason}};

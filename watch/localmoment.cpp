@@ -39,10 +39,7 @@ std::string minute_of(const LocalMoment& moment) {
 }
 
 std::string instant_of(const LocalMoment& moment) {
-    TimetableRow row;
-    row.jd = moment.jd;
-    row.date = civil_date(moment.jd);
-    return instant_text(row, {0, moment.seconds, moment.offset});
+    return instant_text(moment.jd, {0, moment.seconds, moment.offset});
 }
 
 } // namespace halvane

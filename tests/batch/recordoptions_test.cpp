@@ -7,6 +7,7 @@
 #include <cmath>
 #include <map>
 #include <nlohmann/json.hpp>
+#include <numbers>
 
 namespace halvane {
 namespace {
@@ -202,6 +203,7 @@ TEST_F(RecordOptionsTest, NextIsTheFirstTimeAhead) {
     EXPECT_EQ(made["clock"], today[4]);
     EXPECT_EQ(made["minutes_left"], 25);
     EXPECT_EQ(made["date"], "2026-02-18");
+    EXPECT_EQ(made["instant"], "2026-02-18T" + today[4] + ":00+03:00");
     EXPECT_EQ(made["place"], "Amman");
 }
 
@@ -214,6 +216,7 @@ TEST_F(RecordOptionsTest, NextCountsAnHourLessInTheNightOfTheChange) {
     EXPECT_TRUE(told({"today", "--place", "Cairo", "--date", "2026-04-24"}).starts_with("Fajer " + clock));
     const int minutes = std::stoi(clock.substr(0, 2)) * 60 + std::stoi(clock.substr(3));
     EXPECT_EQ(made["minutes_left"], 10 + minutes - 60);
+    EXPECT_EQ(made["instant"], "2026-04-24T" + clock + ":00+03:00");
 }
 
 TEST_F(RecordOptionsTest, NextCountsAnHourLessBeforeTheChangeOfTheSameDay) {
@@ -261,7 +264,14 @@ TEST_F(RecordOptionsTest, ADayHasThePrayersTheHijriDateAndTheMoon) {
     EXPECT_NEAR(made["rows"][0]["illumination"].get<double>(), 67.86, 0.02);
 }
 
+double hours_of_clock(const nlohmann::json& clock) {
+    const std::string text = clock;
+    return std::stoi(text.substr(0, 2)) + std::stoi(text.substr(3, 2)) / 60.0 +
+           std::stod(text.substr(6)) / 3600;
+}
+
 TEST_F(RecordOptionsTest, TheSunIsThatOfTheAlmanac) {
+    constexpr double degree = std::numbers::pi / 180;
     // Meeus, Astronomical Algorithms, examples 25.a and 28.b: 1992 October 13, 0 h TD: declination -7.785
     // deg, equation of time 13 min 42.6 s. A quarter of an hour before it the Sun passes the meridian of 180
     // deg.
@@ -275,6 +285,19 @@ TEST_F(RecordOptionsTest, TheSunIsThatOfTheAlmanac) {
     EXPECT_TRUE(row["transit"].get<std::string>().starts_with("11:46:1")) << row;
     // A day and a night of the equator: the refraction of 34' and the half disc of 16' lengthen the day.
     EXPECT_NEAR(row["day_length"].get<double>(), 12 + 2 * 50.0 / 60 / 15, 0.02);
+    // On the equator an altitude a has the hour angle acos(sin a / cos declination).
+    const auto after_transit = [&](const char* name) {
+        return hours_of_clock(row[name]) - hours_of_clock(row["transit"]);
+    };
+    const double declination = row["declination"].get<double>() * degree;
+    for (const auto& [twilight, depression] :
+         {std::pair{"civil", 6.0}, std::pair{"nautical", 12.0}, std::pair{"astronomical", 18.0}}) {
+        const double hours = std::acos(-std::sin(depression * degree) / std::cos(declination)) / degree / 15;
+        EXPECT_NEAR(after_transit((twilight + std::string("_dusk")).c_str()), hours, 0.003) << row;
+        EXPECT_NEAR(after_transit((twilight + std::string("_dawn")).c_str()), -hours, 0.003) << row;
+    }
+    const std::string bright = told({"sun", "--place", "London", "--date", "2026-06-21"});
+    EXPECT_TRUE(holds(bright, "Astronomical dawn Bright\n")) << bright;
     EXPECT_TRUE(
         holds(told({"sun", "--latitude", "78", "--longitude", "15", "--zone", "1", "--date", "2026-06-21"}),
               "Sunrise Up\n"));

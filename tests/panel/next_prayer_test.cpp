@@ -46,27 +46,36 @@ std::vector<PrayerMoment> two_days(const PrayerTimes& times, double zone = 0,
 const PrayerTimes summer = six({"03:51", "05:31", "12:38", "16:19", "19:45", "21:26"});
 
 TEST(NextPrayer, IsTheFirstOneAfterTheInstant) {
-    EXPECT_EQ(next_prayer(two_days(summer), at(15, 7)), (NextPrayer{3, 72, today, clock_at("16:19")}));
-    EXPECT_EQ(next_prayer(two_days(summer), at(0, 0)), (NextPrayer{0, 231, today, clock_at("03:51")}));
+    EXPECT_EQ(next_prayer(two_days(summer), at(15, 7)),
+              (NextPrayer{3, 72, today, clock_at("16:19"), at(16, 19)}));
+    EXPECT_EQ(next_prayer(two_days(summer), at(0, 0)),
+              (NextPrayer{0, 231, today, clock_at("03:51"), at(3, 51)}));
 }
 
 TEST(NextPrayer, IsNeverTheSunrise) {
-    EXPECT_EQ(next_prayer(two_days(summer), at(4, 0)), (NextPrayer{2, 518, today, clock_at("12:38")}));
+    EXPECT_EQ(next_prayer(two_days(summer), at(4, 0)),
+              (NextPrayer{2, 518, today, clock_at("12:38"), at(12, 38)}));
 }
 
 TEST(NextPrayer, AtItsOwnMinuteThePrayerIsNoLongerTheNext) {
-    EXPECT_EQ(next_prayer(two_days(summer), at(16, 19)), (NextPrayer{4, 206, today, clock_at("19:45")}));
+    EXPECT_EQ(next_prayer(two_days(summer), at(16, 19)),
+              (NextPrayer{4, 206, today, clock_at("19:45"), at(19, 45)}));
 }
 
 TEST(NextPrayer, ABegunMinuteCountsWhole) {
-    EXPECT_EQ(next_prayer(two_days(summer), at(16, 18, 30)), (NextPrayer{3, 1, today, clock_at("16:19")}));
-    EXPECT_EQ(next_prayer(two_days(summer), at(16, 18, 59)), (NextPrayer{3, 1, today, clock_at("16:19")}));
-    EXPECT_EQ(next_prayer(two_days(summer), at(16, 18, 0)), (NextPrayer{3, 1, today, clock_at("16:19")}));
-    EXPECT_EQ(next_prayer(two_days(summer), at(16, 17, 59)), (NextPrayer{3, 2, today, clock_at("16:19")}));
+    EXPECT_EQ(next_prayer(two_days(summer), at(16, 18, 30)),
+              (NextPrayer{3, 1, today, clock_at("16:19"), at(16, 19)}));
+    EXPECT_EQ(next_prayer(two_days(summer), at(16, 18, 59)),
+              (NextPrayer{3, 1, today, clock_at("16:19"), at(16, 19)}));
+    EXPECT_EQ(next_prayer(two_days(summer), at(16, 18, 0)),
+              (NextPrayer{3, 1, today, clock_at("16:19"), at(16, 19)}));
+    EXPECT_EQ(next_prayer(two_days(summer), at(16, 17, 59)),
+              (NextPrayer{3, 2, today, clock_at("16:19"), at(16, 19)}));
 }
 
 TEST(NextPrayer, AfterTheLastOneIsTheFirstOfTomorrow) {
-    EXPECT_EQ(next_prayer(two_days(summer), at(22, 0)), (NextPrayer{0, 351, today + 1, clock_at("03:51")}));
+    EXPECT_EQ(next_prayer(two_days(summer), at(22, 0)),
+              (NextPrayer{0, 351, today + 1, clock_at("03:51"), at(3, 51, 0, today + 1)}));
 }
 
 TEST(NextPrayer, SecondsAreReadToo) {
@@ -74,13 +83,15 @@ TEST(NextPrayer, SecondsAreReadToo) {
     Preferences preferences;
     preferences.clock_precision = "0";
     EXPECT_EQ(next_prayer(two_days(seconds, 0, preferences), at(16, 19, 5)),
-              (NextPrayer{3, 1, today, clock_at("16:19:10")}));
+              (NextPrayer{3, 1, today, clock_at("16:19:10"), at(16, 19, 10)}));
 }
 
 TEST(NextPrayer, WordsArePassedOver) {
     const PrayerTimes polar = six({"Bright", "Up", "12:38", "----", "Up", "Bright"});
-    EXPECT_EQ(next_prayer(two_days(polar), at(10, 0)), (NextPrayer{2, 158, today, clock_at("12:38")}));
-    EXPECT_EQ(next_prayer(two_days(polar), at(13, 0)), (NextPrayer{2, 1418, today + 1, clock_at("12:38")}));
+    EXPECT_EQ(next_prayer(two_days(polar), at(10, 0)),
+              (NextPrayer{2, 158, today, clock_at("12:38"), at(12, 38)}));
+    EXPECT_EQ(next_prayer(two_days(polar), at(13, 0)),
+              (NextPrayer{2, 1418, today + 1, clock_at("12:38"), at(12, 38, 0, today + 1)}));
 }
 
 TEST(NextPrayer, WithoutAnyTimeThereIsNone) {
@@ -91,15 +102,18 @@ TEST(NextPrayer, WithoutAnyTimeThereIsNone) {
 
 TEST(NextPrayer, AnIshaAfterMidnightIsTheFirstOfItsClockDay) {
     const PrayerTimes late = six({"02:30", "04:00", "13:00", "17:30", "22:00", "00:20"});
-    EXPECT_EQ(next_prayer(two_days(late), at(0, 5)), (NextPrayer{5, 15, today, clock_at("00:20")}));
-    EXPECT_EQ(next_prayer(two_days(late), at(23, 0)), (NextPrayer{5, 80, today + 1, clock_at("00:20")}));
+    EXPECT_EQ(next_prayer(two_days(late), at(0, 5)),
+              (NextPrayer{5, 15, today, clock_at("00:20"), at(0, 20)}));
+    EXPECT_EQ(next_prayer(two_days(late), at(23, 0)),
+              (NextPrayer{5, 80, today + 1, clock_at("00:20"), at(0, 20, 0, today + 1)}));
 }
 
 TEST(NextPrayer, CountsFromTheInstantWhateverTheLocationsZone) {
     // 13:36 UT is 16:36 on a clock three hours ahead, and 10:06 on one three and a half behind.
-    EXPECT_EQ(next_prayer(two_days(summer, 3), at(13, 36)), (NextPrayer{4, 189, today, clock_at("19:45")}));
+    EXPECT_EQ(next_prayer(two_days(summer, 3), at(13, 36)),
+              (NextPrayer{4, 189, today, clock_at("19:45"), at(16, 45)}));
     EXPECT_EQ(next_prayer(two_days(summer, -3.5), at(13, 36)),
-              (NextPrayer{2, 152, today, clock_at("12:38")}));
+              (NextPrayer{2, 152, today, clock_at("12:38"), at(16, 8)}));
 }
 
 TEST(PrayerMoments, FollowTheSummerHourOfTheirDate) {

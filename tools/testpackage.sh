@@ -1,8 +1,8 @@
 #!/bin/bash
 # SPDX-License-Identifier: MIT
-# Builds the Debian package and tries it on this machine: testpackage.sh [PACKAGE.deb]. Needs root and a Debian 12 that
-# may be changed: it installs the package, makes two users, lets both work at once, upgrades, purges, and removes the
-# users. Installs through apt what is missing for that.
+# Builds the Debian package and tries it on this machine: testpackage.sh [PACKAGE.deb [OLDER.deb]]. Needs root and a Debian
+# 12 that may be changed: it installs the package, over an older one where that is given, makes two users, lets both work
+# at once, installs again, purges, and removes the users. Installs through apt what is missing for that.
 set -eu
 cd "$(dirname "$0")/.."
 . tools/setup/packages.sh
@@ -20,6 +20,7 @@ if [ -z "$package" ]; then
     package=$(ls -t build/package/halvane_*.deb | head -1)
 fi
 package=$(realpath "$package")
+older=${2:+$(realpath "$2")}
 
 users="halvane-try-one halvane-try-two"
 scratch=$(mktemp -d)
@@ -49,6 +50,7 @@ fail() {
     exit 1
 }
 
+installs() { DEBIAN_FRONTEND=noninteractive apt-get install -y -qq "$@" >/dev/null; }
 home_of() { getent passwd "$1" | cut -d: -f6; }
 own_folder() { echo "$(home_of "$1")/.local/share/halvane"; }
 state() { (cd "$(own_folder "$1")" && find . -type f ! -name 'halvane' -exec cksum {} + | sort -k3); }
@@ -94,13 +96,51 @@ wait_for_window() {
 
 installed_traces() { find /opt /usr /etc /var/lib/dpkg/info -xdev -iname '*halvane*' 2>/dev/null | sort; }
 
+# The first user works with the older package, then finds the own files as they were, and the same reports.
+reports="prayer moon phases crescent ephemeris"
+print_reports() {
+    mkdir "$1"
+    for task in $reports; do
+        as "$user" halvane-report "$task" >/dev/null
+        as "$user" cat "$(own_folder "$user")/results.out" >"$1/$task"
+        [ -s "$1/$task" ] || fail "no report: $task"
+    done
+}
+use_older() {
+    user=${users%% *}
+    as "$user" halvane-report today >/dev/null
+    as "$user" sed -i 's/#FALSE#/#TRUE#/' "$(own_folder "$user")/date.vsk"
+    print_reports "$scratch/older"
+    state "$user" | grep -v alert63 >"$scratch/kept"
+    older_version=$(dpkg-query -W -f '${Version}' halvane)
+}
+find_unchanged() {
+    version=$(dpkg-query -W -f '${Version}' halvane)
+    echo "Upgraded from $older_version to $version"
+    dpkg --compare-versions "$version" gt "$older_version" || fail "$version is not above $older_version"
+    as "$user" halvane-report today >/dev/null
+    cmp /opt/halvane/alert63.exe "$(own_folder "$user")/alert63.exe" || fail "the program was not brought up to date"
+    state "$user" | grep -v alert63 | diff "$scratch/kept" - || fail "the upgrade touched the user's files"
+    print_reports "$scratch/newer"
+    diff -r "$scratch/older" "$scratch/newer" || fail "the reports changed"
+}
+
 echo "Lintian"
 lintian --fail-on error "$package"
+
+for user in $users; do
+    useradd -m -s /bin/sh "$user"
+done
 
 echo "Install"
 before=$(installed_traces)
 [ -z "$before" ] || fail "there are traces of Halvane already: $before"
-DEBIAN_FRONTEND=noninteractive apt-get install -y -qq "$package" >/dev/null
+if [ -n "$older" ]; then
+    installs "$older"
+    use_older
+fi
+installs "$package"
+[ -z "$older" ] || find_unchanged
 tests/tools/hardening_test.sh /opt/halvane/halvane /opt/halvane/alert63.exe /opt/halvane/halvane-report \
     /opt/halvane/halvane-paper /opt/halvane/halvane-map || fail "the programs are not hardened"
 desktop-file-validate /usr/share/applications/halvane.desktop
@@ -110,7 +150,6 @@ command=$(sed -n 's/^Exec=//p' /usr/share/applications/halvane.desktop)
 echo "Two users at once"
 declare -A display_of
 for user in $users; do
-    useradd -m -s /bin/sh "$user"
     open_screen
     display_of[$user]=$display
     start "$user" "$command"
@@ -155,14 +194,14 @@ as "$two" env XDG_DATA_HOME=data sh -c 'cd && halvane-report today && [ ! -e dat
     fail "a relative XDG_DATA_HOME is taken"
 as "$two" halvane --version | grep -q '^halvane ' || fail "halvane --version"
 
-echo "Upgrade"
+echo "Install again"
 state "$one" | grep -v alert63 >"$scratch/one"
 echo "an older program" | as "$one" tee "$(own_folder "$one")/alert63.exe.new" >/dev/null
 as "$one" mv "$(own_folder "$one")/alert63.exe.new" "$(own_folder "$one")/alert63.exe"
-DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --reinstall "$package" >/dev/null
+installs --reinstall "$package"
 as "$one" halvane-report today >/dev/null
 cmp /opt/halvane/alert63.exe "$(own_folder "$one")/alert63.exe" || fail "the program was not refreshed"
-state "$one" | grep -v alert63 | diff "$scratch/one" - || fail "the upgrade touched the user's files"
+state "$one" | grep -v alert63 | diff "$scratch/one" - || fail "the installation touched the user's files"
 [ "$(readlink "$(own_folder "$one")/term.vsk")" = /opt/halvane/term.vsk ] || fail "the series are no links"
 
 echo "Purge"

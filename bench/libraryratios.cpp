@@ -29,6 +29,7 @@ volatile double sink = 0;
 
 constexpr int instants = 4000;
 constexpr int days = 60;
+constexpr int short_calls = 1000000;
 
 double jd_of(int number) {
     return 2461000.5 + 1.37 * number;
@@ -36,6 +37,14 @@ double jd_of(int number) {
 
 void print_ratio(const char* what, const Times& times) {
     std::printf("%-62s %6.3f\n", what, times.ours / times.reference);
+}
+
+/// A call of some nanoseconds, where the interface itself counts.
+void print_short(const char* what, const Work& ours, const Work& reference) {
+    const Times times = shortest_times(ours, reference);
+    constexpr double nanoseconds = 1e9 / short_calls;
+    std::printf("%-62s %6.3f  (%.1f ns more than %.1f ns)\n", what, times.ours / times.reference,
+                (times.ours - times.reference) * nanoseconds, times.reference * nanoseconds);
 }
 
 /// The engine's own side of a comparison.
@@ -143,6 +152,20 @@ int main() {
                 shortest_times(each(instants, c_sun), each(instants, sun)));
     print_ratio("  place of the Moon, seen", shortest_times(each(instants, c_moon), each(instants, moon)));
     print_ratio("  prayer times of a day", shortest_times(each(days, c_prayers), each(days, prayers)));
+    const auto delta_t = [](int i) { return v1::delta_t(jd_of(i % instants)); };
+    const auto c_delta_t = [](int i) {
+        double seconds = 0;
+        halvane_delta_t(jd_of(i % instants), &seconds);
+        return seconds;
+    };
+    const auto refracted = [](int i) { return v1::refracted(0.02 * (i % instants)); };
+    const auto c_refracted = [](int i) {
+        double altitude = 0;
+        halvane_refracted(0.02 * (i % instants), &altitude);
+        return altitude;
+    };
+    print_short("  TDT less UT1", each(short_calls, c_delta_t), each(short_calls, delta_t));
+    print_short("  altitude with refraction", each(short_calls, c_refracted), each(short_calls, refracted));
     halvane_clock_free(c_clock);
     halvane_engine_close(handle);
     return 0;

@@ -6,12 +6,16 @@ REPORT, the batch program, prints seeded reports as JSON, with clocks to the mic
 row is asked of the package again.
 """
 
+import collections
 import datetime
 import json
+import math
+import pathlib
 import random
 import re
 import subprocess
 import sys
+import tempfile
 import unittest
 
 import halvane
@@ -118,6 +122,64 @@ class Reports(unittest.TestCase):
                     self.assert_clock(row[name], getattr(times, name), (words, row, name))
                 self.compared += 1
         self.enough()
+
+    def test_suns(self):
+        for _ in range(WANTED):
+            words, zone = self.place(70.0)
+            date = self.date()
+            facts, (row,) = report("sun", *words, "--date={}-{:02}-{:02}".format(*date))
+            observer = observer_of(facts)
+            day = halvane.sun_day(date, observer, zone)
+            given = {"sunrise": day.rise, "transit": day.transit, "sunset": day.set}
+            for name, depression in (("civil", 6), ("nautical", 12), ("astronomical", 18)):
+                twilight = halvane.twilight(date, observer, zone, depression)
+                given |= {f"{name}_dawn": twilight.morning, f"{name}_dusk": twilight.evening}
+            if row["altitude"] < 0 and not day.transit:
+                given.pop("transit")  # the package tells of none below the horizon
+            for name, time in given.items():
+                self.assert_clock(row[name], time, (words, row, name))
+            self.compared += 1
+        self.enough()
+
+    def test_timetables(self):
+        authorities = [each.key for each in halvane.authorities()]
+        with tempfile.TemporaryDirectory() as folder:
+            for number in range(PLACES):
+                words, zone = self.place(66.0)
+                if number % 2 == 1:
+                    profile = self.random.choice(authorities)
+                    rules = halvane.rules_of_authority(profile)
+                else:
+                    profile = "own"
+                    rules = self.rules()
+                    text = f"[rules]\nfajer_angle={rules.fajer_angle}\nisha_angle={rules.isha_angle}\n"
+                    text += f"aser={'hanafi' if rules.hanafi else 'standard'}\nhigh_latitude={rules.high_latitude}\n"
+                    pathlib.Path(folder, "profile-own.ini").write_text(f"{text}seconds=yes\n")
+                words += [*self.days(), f"--profile={profile}", "--format=json"]
+                told = json.loads(output_of("timetable", *words, f"--folder={folder}"))
+                self.assert_timetable(told, zone, rules, words)
+        self.enough()
+
+    def rules(self):
+        """Rules of a timetable to the second."""
+        angles = {name: round(self.random.uniform(12, 20), 2) for name in ("fajer_angle", "isha_angle")}
+        high_latitude = self.random.choice(("none", "middle", "seventh", "angle", "share"))
+        hanafi = self.random.random() < 0.5
+        return halvane.TimetableRules(**angles, hanafi=hanafi, high_latitude=high_latitude, seconds=True)
+
+    def assert_timetable(self, told, zone, rules, where):
+        settings = told["settings"]
+        first, last = (numbers_of(settings["span"][name]) for name in ("first", "last"))
+        days = halvane.timetable(first, last, observer_of(settings["place"]), zone, rules)
+        for row, day in zip(told["rows"], days, strict=True):
+            self.assertEqual(numbers_of(row["date"]), tuple(day.date), where)
+            self.assertEqual(tuple(row["hijri"].values()), tuple(day.hijri), (where, row))
+            for name, time in day.items():
+                moment = time.datetime()
+                given = (moment.isoformat(), str(time.source)) if moment else (str(time.missing), None)
+                printed = row[name].get("instant", row[name].get("missing")), row[name].get("source")
+                self.assertEqual(printed, given, (where, row, name))
+            self.compared += 1
 
     def test_moon_days(self):
         for _ in range(PLACES):
@@ -268,6 +330,35 @@ class Reports(unittest.TestCase):
                 self.assertLessEqual(abs(float(told["value"]) - verdict.value), half, (words, text, criterion.key))
                 self.assertEqual(told["words"], criterion.classes[verdict.band].words, (words, text, criterion.key))
                 self.compared += 1
+
+    def test_fine_maps(self):
+        numbers = collections.defaultdict(dict)
+        for criterion in halvane.criteria():
+            if criterion.place is not None:
+                continue  # one place judges: there is no map
+            for kind in ("new", "old") if criterion.of_mornings else ("new",):
+                conjunction = halvane.conjunction(halvane.julian_day(self.date()))
+                date = tuple(halvane.civil_date(conjunction.jd + self.random.uniform(-2, 2)))
+                west, south = self.random.randrange(-180, 170), self.random.randrange(-60, 50)
+                window = {"west": west, "south": south, "east": west + 10, "north": south + 10}
+                words = [f"--criterion={criterion.key}", *(["--old"] if kind == "old" else []), "--step=0.5"]
+                words += ["--date={}-{:02}-{:02}".format(*date), "--window=" + ",".join(map(str, window.values()))]
+                lines = output_of("map", "--fine", "--format=csv", *words).splitlines()[1:]
+                (grid,) = halvane.crescent_map(date, kind=kind, criterion=criterion.key, step=0.5, **window)
+                for line, map_class, value in zip(lines, grid.map_class.flatten(), grid.value.flatten(), strict=True):
+                    number, printed = line.split(",")[2:]
+                    self.assertEqual(printed and float(printed), "" if math.isnan(value) else value, (words, line))
+                    self.assertEqual(numbers[criterion.key].setdefault(map_class, number), number, (words, line))
+                    self.compared += 1
+        self.enough()
+        without = {halvane.MAP_CONJUNCTION_TO_COME: "2", halvane.MAP_MOON_GOES_FIRST: "2"}
+        without |= {halvane.MAP_NO_ANSWER: "1", halvane.MAP_NO_EVENT: "1"}
+        for key, given in numbers.items():
+            classes = [map_class for map_class in sorted(given) if map_class not in without]
+            # Those of the small map leave out some of its numbers.
+            usual = {map_class: str(3 + map_class) for map_class in classes if key not in ("vesk", "yallop", "saao")}
+            self.assertEqual(given, given | usual | {each: without[each] for each in given if each in without}, key)
+            self.assertEqual(len({given[each] for each in classes}), len(classes), key)
 
     def test_hijri_months(self):
         place, height = (31.95, 35.93), 800

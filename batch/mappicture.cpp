@@ -211,7 +211,7 @@ private:
 } // namespace
 
 void save_map_picture(const MapRun& run, const std::vector<MapPoint>& points, const std::string& path) {
-    if (is_program_file(path_of(path)))
+    if (ProgramFiles().have(path_of(path)))
         throw RunTimeFailure(TwinWords{path + " is a file of the program; no picture replaces it.",
                                        path + " من ملفات البرنامج، و لا تحل صورة محله."});
     Canvas canvas;

@@ -63,7 +63,12 @@ void add_output_options(CLI::App& command, RunOutput& output) {
 }
 
 void require_no_program_file(const std::string& path) {
-    if (!is_standard_output(path) && is_program_file(path_of(path)))
+    if (!is_standard_output(path))
+        require_no_program_file(path, ProgramFiles());
+}
+
+void require_no_program_file(const std::string& path, const ProgramFiles& files) {
+    if (files.have(path_of(path)))
         throw RunTimeFailure(TwinWords{path + " is a file of the program; no result replaces it.",
                                        path + " من ملفات البرنامج، و لا تحل نتيجة محله."});
 }

@@ -13,6 +13,8 @@ class App;
 
 namespace halvane {
 
+class ProgramFiles;
+
 /// What the command line asks of a task's result.
 struct RunOutput {
     ReportFormat format = ReportFormat::text;
@@ -27,6 +29,8 @@ void add_output_options(CLI::App& command, RunOutput& output);
 
 /// Error  raises RunTimeFailure when `path` names a file of the program: no result replaces it.
 void require_no_program_file(const std::string& path);
+/// The same for one of many paths, none of them standard output.
+void require_no_program_file(const std::string& path, const ProgramFiles& files);
 
 /// Writes lines to `path`, standard output where it is empty, and prints the path of a file; gives the exit
 /// status. In     text  without its last line end

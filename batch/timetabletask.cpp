@@ -7,6 +7,7 @@
 #include "batch/runoutput.h"
 #include "batch/usagemistake.h"
 #include "calendar/civildate.h"
+#include "crescent/picturename.h"
 #include "hijri/keptrule.h"
 #include "routines/machineclock.h"
 #include "routines/seriesloader.h"
@@ -240,10 +241,11 @@ private:
         std::vector<TimetableSettings> settings;
         std::vector<std::string> paths;
         std::set<std::string> taken;
+        const ProgramFiles own;
         for (const GivenPlace& given :
              places_of_text(read_text_file(options_.places_file), options_.places_file)) {
             settings.push_back({given_place(given), profile_, span_, hijri_});
-            paths.push_back(free_path(folder, settings.back().place.location.name, taken));
+            paths.push_back(free_path(folder, settings.back().place.location.name, taken, own));
         }
         const bool all = make_timetables(
             loaded_theory(), settings,
@@ -259,12 +261,12 @@ private:
     }
 
     /// A path that no other place of the run has: two may be of one name.
-    std::string free_path(const std::string& folder, const std::string& name,
-                          std::set<std::string>& taken) const {
+    std::string free_path(const std::string& folder, const std::string& name, std::set<std::string>& taken,
+                          const ProgramFiles& own) const {
         for (int number = 1;; ++number) {
             const std::string numbered = number == 1 ? name : name + "-" + std::to_string(number);
             std::string path = joined_path(folder, file_name(numbered, options_));
-            require_no_program_file(path);
+            require_no_program_file(path, own);
             if (taken.insert(path).second)
                 return path;
         }

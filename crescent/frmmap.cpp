@@ -273,7 +273,7 @@ QString frmmap::ask_for_name() {
         if (!self || chosen.isEmpty())
             return {};
         name = QString::fromStdString(gif_name(chosen.toStdString()));
-        if (!QFileInfo::exists(name) || is_program_file(path_of(name.toStdString())))
+        if (!QFileInfo::exists(name) || ProgramFiles().have(path_of(name.toStdString())))
             return name;
         const bool replace =
             ask(this, text_of(save_title, language_),
@@ -286,7 +286,7 @@ QString frmmap::ask_for_name() {
 }
 
 void frmmap::save_picture(const QString& name) {
-    if (is_program_file(path_of(name.toStdString()))) {
+    if (ProgramFiles().have(path_of(name.toStdString()))) {
         show_save(refused, name);
         return;
     }

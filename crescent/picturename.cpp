@@ -9,6 +9,7 @@
 #include <cctype>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
 namespace halvane {
 
@@ -49,40 +50,42 @@ bool lies_within(const fs::path& file, const fs::path& folder) {
     return false;
 }
 
-/// A stored file, a profile, what is kept of Hijri months, a series, the lists of places and their zones, the
-/// world's lines, the guide or a program. Some file systems let every file run, so that this right alone says
-/// nothing of a name with an ending.
+/// The name of a stored file, a profile, what is kept of Hijri months, a series, the lists of places and
+/// their zones, the world's lines, the guide or a program of Windows.
+bool is_name_of_data(const std::string& name, const std::string& ending) {
+    constexpr std::array<std::string_view, 6> names{"loc.txt",  "zones.csv",      "world.txt",
+                                                    "help.txt", "hijri-rule.ini", "hijri-announced.csv"};
+    return ending == ".vsk" || ending == ".exe" || (ending == ".ini" && name.starts_with("profile-")) ||
+           std::find(names.begin(), names.end(), name) != names.end();
+}
+
+/// Some file systems let every file run, so that this right alone says nothing of a name with an ending.
 bool is_data_or_program(const fs::path& file) {
     const std::string name = small_letters(file.filename().string());
     const std::string ending = ending_of(name);
+    const bool is_data = is_name_of_data(name, ending);
+    // A folder may hold thousands of results, whose names tell enough.
+    if (!is_data && !ending.empty())
+        return false;
     std::error_code ignored;
     const fs::file_status status = fs::status(file, ignored);
     const bool can_run = (status.permissions() & fs::perms::owner_exec) != fs::perms::none;
-    const bool is_delivered_text =
-        name == "loc.txt" || name == "zones.csv" || name == "world.txt" || name == "help.txt";
-    const bool is_kept_text = name == "hijri-rule.ini" || name == "hijri-announced.csv" ||
-                              (ending == ".ini" && name.starts_with("profile-"));
-    return fs::is_regular_file(status) && (ending == ".vsk" || is_delivered_text || is_kept_text ||
-                                           ending == ".exe" || (ending.empty() && can_run));
+    return fs::is_regular_file(status) && (is_data || can_run);
 }
 
-/// Whether `folder` holds `file` under the name of such a one.
-bool has_data_or_program(const fs::path& folder, const fs::path& file) {
+std::vector<fs::path> data_and_programs(const fs::path& folder) {
+    std::vector<fs::path> files;
     std::error_code error;
     for (fs::directory_iterator entry(folder, error); !error && entry != fs::directory_iterator();
          entry.increment(error))
-        if (is_data_or_program(entry->path()) && is_same_file(file, entry->path()))
-            return true;
-    return false;
+        if (is_data_or_program(entry->path()))
+            files.push_back(entry->path());
+    return files;
 }
 
-bool is_file_of(const fs::path& folder, const fs::path& file) {
-    const auto is_map = [&](const char* map) {
-        return is_same_file(file, resolved(folder / map)) ||
-               (small_letters(file.filename().string()) == map && is_same_file(file.parent_path(), folder));
-    };
-    return is_map("map.gif") || is_map("qmap.gif") || lies_within(file, resolved(folder / "images")) ||
-           has_data_or_program(folder, file);
+bool is_map_of(const fs::path& folder, const fs::path& file, const char* map) {
+    return is_same_file(file, resolved(folder / map)) ||
+           (small_letters(file.filename().string()) == map && is_same_file(file.parent_path(), folder));
 }
 
 } // namespace
@@ -94,10 +97,21 @@ std::string gif_name(const std::string& chosen) {
     return chosen.substr(0, chosen.size() - (is_picture ? ending.size() : 0)) + ".gif";
 }
 
-bool is_program_file(const fs::path& name) {
+ProgramFiles::ProgramFiles()
+    : folders_{resolved(path_of(program_folder())), resolved(path_of(executable_folder()))} {
+    for (const fs::path& folder : folders_)
+        for (fs::path& file : data_and_programs(folder))
+            files_.push_back(std::move(file));
+}
+
+bool ProgramFiles::have(const fs::path& name) const {
     const fs::path file = resolved(name);
-    return is_file_of(resolved(path_of(program_folder())), file) ||
-           is_file_of(resolved(path_of(executable_folder())), file);
+    const bool is_picture = std::any_of(folders_.begin(), folders_.end(), [&file](const fs::path& folder) {
+        return is_map_of(folder, file, "map.gif") || is_map_of(folder, file, "qmap.gif") ||
+               lies_within(file, resolved(folder / "images"));
+    });
+    return is_picture || std::any_of(files_.begin(), files_.end(),
+                                     [&file](const fs::path& own) { return is_same_file(file, own); });
 }
 
 } // namespace halvane

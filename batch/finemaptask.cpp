@@ -236,7 +236,7 @@ int run_choices(FineMapOptions options, const PageMaker& painter, Progress& prog
 }
 
 /// The civil year of an atlas, or the one that a Hijri year begins in; nothing for what is no year.
-std::optional<double> civil_year_of(const FineMapOptions& options) {
+std::optional<double> first_year_of(const FineMapOptions& options) {
     const SpanAnswer year = options.hijri ? hijri_year_span(options.year) : year_span(options.year);
     return year.refused ? std::nullopt : std::optional(civil_date(year.span.first).year);
 }
@@ -289,7 +289,7 @@ Task atlas_task(const PageMaker& painter) {
             },
             [options, records, painter](Progress& progress) {
                 try {
-                    records->of_year = civil_year_of(*options);
+                    records->of_year = first_year_of(*options);
                     const Supposition supposed = suppose(*records);
                     return run_atlas(*options, painter, progress);
                 } catch (const UsageMistake& mistake) {

@@ -327,10 +327,7 @@ void add_hijri_options(CLI::App& command, HijriOptions& options) {
     command.add_flag("--announced", options.announced, "The kept list of announced starts over the rule");
     text("--announced-file", options.announced_file, "FILE", "Another list of announced starts");
     command.add_flag("--strict", options.strict, "Refuse a list of announced starts that has a fault");
-    std::vector<std::string> formats;
-    for (const HijriFormat format : hijri_formats())
-        formats.emplace_back(name_of(format));
-    one_of("--format", options.format, "", formats);
+    one_of("--format", options.format, "", format_names(hijri_formats()));
     one_of("--language", options.language, "Language of names and pages: ", {"en", "ar", "both"});
     one_of("--paper", options.paper, "Paper of a pdf: ", {"A4", "Letter"});
     text("--output", options.output, "FILE", "File to write, - for standard output");

@@ -159,13 +159,6 @@ std::vector<std::string> plain_formats() {
     return formats;
 }
 
-std::vector<std::string> fine_formats() {
-    std::vector<std::string> formats;
-    for (const MapFormat format : map_formats)
-        formats.emplace_back(name_of(format));
-    return formats;
-}
-
 CLI::Validator one_of(const std::vector<std::string>& names) {
     return CLI::IsMember(names).description("");
 }
@@ -184,9 +177,9 @@ void add_map_options(CLI::App& command, MapOptions& options) {
         ->check(ChoiceOf(command, CLI::Range(0, 2), {"0", "1", "2", "all"}));
     command
         .add_option("--format", options.format,
-                    choice_of(plain_formats()) + "; with --fine " + choice_of(fine_formats()))
+                    choice_of(plain_formats()) + "; with --fine " + choice_of(format_names(map_formats)))
         ->type_name("FORMAT")
-        ->check(ChoiceOf(command, one_of(plain_formats()), fine_formats()));
+        ->check(ChoiceOf(command, one_of(plain_formats()), format_names(map_formats)));
     command
         .add_option("--output", options.file,
                     "Picture to write, or rows in another format, - for standard output; the "

@@ -46,9 +46,7 @@ std::string choice_of(const std::vector<std::string>& names) {
 }
 
 void add_output_options(CLI::App& command, RunOutput& output) {
-    std::vector<std::string> names;
-    for (const ReportFormat format : report_formats())
-        names.emplace_back(name_of(format));
+    const std::vector<std::string> names = format_names(report_formats());
     command
         .add_option_function<std::string>(
             "--format", [&output](const std::string& name) { output.format = format_of(name).value(); },

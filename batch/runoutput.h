@@ -24,6 +24,15 @@ struct RunOutput {
 /// Names as words of a choice: "a, b or c".
 std::string choice_of(const std::vector<std::string>& names);
 
+/// The names that --format takes.
+template <class Formats>
+std::vector<std::string> format_names(const Formats& formats) {
+    std::vector<std::string> names;
+    for (const auto format : formats)
+        names.emplace_back(name_of(format));
+    return names;
+}
+
 /// Adds --format and --output to a task.
 void add_output_options(CLI::App& command, RunOutput& output);
 

@@ -11,7 +11,7 @@ struct ExamplesOfTask {
     std::array<const char*, 3> lines; ///< without the program's name; null for none
 };
 
-constexpr ExamplesOfTask table[] = {
+constexpr ExamplesOfTask examples_of_tasks[] = {
     {"prayer", {"prayer", "prayer --place Cairo --month 2026-02 --format csv --output -"}},
     {"moon", {"moon", "moon --place Makkah --from 2026-02-18 --to 2026-03-19 --output -"}},
     {"today", {"today", "today --place Cairo --set fajer-angle=19.5 --set isha-angle=17.5"}},
@@ -46,7 +46,7 @@ constexpr ExamplesOfTask table[] = {
 
 std::vector<std::string> examples_of(std::string_view task) {
     std::vector<std::string> examples;
-    for (const ExamplesOfTask& row : table)
+    for (const ExamplesOfTask& row : examples_of_tasks)
         for (const char* const line : row.lines)
             if (row.task == task && line != nullptr)
                 examples.push_back(std::string("halvane-report ") + line);

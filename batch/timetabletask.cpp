@@ -291,13 +291,6 @@ int run_timetable(const TimetableOptions& options, const PageMaker& pages, Progr
     }
 }
 
-std::vector<std::string> format_names() {
-    std::vector<std::string> names;
-    for (const TimetableFormat format : timetable_formats())
-        names.emplace_back(name_of(format));
-    return names;
-}
-
 /// The names that --hijri-rule takes.
 std::vector<std::string> hijri_rule_names() {
     std::vector<std::string> names{kept_rule};
@@ -351,7 +344,7 @@ void add_page_options(CLI::App& command, TimetableOptions& options) {
     one_of("--language", options.language, "Language of the page: ", {"en", "ar", "both"});
     one_of("--paper", options.paper, "Paper: ", {"A4", "Letter"});
     one_of("--clock", options.clock, "Hours of the page: ", {"24", "12"});
-    one_of("--format", options.format, "", format_names());
+    one_of("--format", options.format, "", format_names(timetable_formats()));
     command
         .add_option("--compare", options.compare,
                     "A CSV table of times to compare with: prints the differences in the place of a file")

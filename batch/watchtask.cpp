@@ -107,13 +107,6 @@ int run_watch(const WatchOptions& options, const PageMaker& pages) {
     }
 }
 
-std::vector<std::string> format_names() {
-    std::vector<std::string> names;
-    for (const WatchFormat format : watch_formats())
-        names.emplace_back(name_of(format));
-    return names;
-}
-
 void add_watch_options(CLI::App& command, WatchOptions& options) {
     const auto one_of = [&command](const char* name, std::string& target, const char* description,
                                    const std::vector<std::string>& choices) {
@@ -127,7 +120,7 @@ void add_watch_options(CLI::App& command, WatchOptions& options) {
     command.add_flag("--old", options.old_crescent, "The old crescent before sunrise, not the new one");
     add_place_options(command, options.place);
     add_record_options(command, options.records);
-    one_of("--format", options.format, "", format_names());
+    one_of("--format", options.format, "", format_names(watch_formats()));
     one_of("--language", options.language, "Language of the page: ", {"en", "ar"});
     one_of("--paper", options.paper, "Paper: ", {"A4", "Letter"});
     command.add_option("--width", options.width, "Of a PNG picture")->type_name("PIXELS");

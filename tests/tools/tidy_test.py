@@ -71,6 +71,16 @@ class Tidy(unittest.TestCase):
         self.assertIn("2 of 2 sources read, findings in 0", said)
         self.assertEqual(self.tidy("--all")[::2], (0, 0))
 
+    def test_sources_that_are_compiled_together_are_read_one_by_one(self):
+        self.put("base/other.cpp", PLANTED)
+        together = "build/release/unity_0_cxx.cxx"
+        names = [self.tree / "base/place.cpp", self.tree / "base/other.cpp"]
+        self.put(together, "/* generated */\n\n" + "".join(f'#include "{name}"\n\n' for name in names))
+        self.put("build/release/compile_commands.json", json.dumps([self.command(together)]))
+        status, said, read = self.tidy("--all")
+        self.assertEqual((status, read), (1, 2), said)
+        self.assertIn("base/other.cpp:1", said)
+
     def test_a_planted_finding_fails_every_time(self):
         self.put("base/other.cpp", PLANTED)
         for _ in range(2):

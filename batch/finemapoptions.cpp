@@ -2,6 +2,7 @@
 #include "batch/finemapoptions.h"
 
 #include "base/numberformat.h"
+#include "batch/choices.h"
 #include "batch/criteriaoptions.h"
 #include "batch/listedlocation.h"
 #include "batch/runoutput.h"
@@ -72,18 +73,16 @@ std::vector<std::string> catalogue_keys() {
 
 std::vector<CLI::Option*> add_look_options(CLI::App& command, FineMapOptions& options) {
     std::vector<CLI::Option*> added;
-    const auto one_of = [&](const char* name, std::string& target, const std::string& words,
+    const auto choice = [&](const char* name, std::string& target, const std::string& words,
                             const std::vector<std::string>& choices) {
-        added.push_back(command.add_option(name, target, words + choice_of(choices))
-                            ->type_name("NAME")
-                            ->check(CLI::IsMember(choices).description("")));
+        added.push_back(add_choice(command, name, target, words, choices));
     };
     const auto text = [&](const char* name, auto& target, const char* form, const char* words) {
         added.push_back(command.add_option(name, target, words)->type_name(form));
         return added.back();
     };
     added.push_back(command.add_flag("--old", options.old_crescent, "Mornings of the old crescent"));
-    one_of("--step", options.step,
+    choice("--step", options.step,
            "Degrees between the places that are judged: ", {steps.begin(), steps.end()});
     text("--window", options.window, "W,S,E,N", "Part of the world in degrees; E less than W crosses 180");
     text("--width", options.width, "PIXELS", "Width of a png or svg picture, 64 to 30000");
@@ -92,13 +91,13 @@ std::vector<CLI::Option*> add_look_options(CLI::App& command, FineMapOptions& op
         quantities.emplace_back(key_of(quantity));
     text("--lines", options.lines, "NAME,...", "Lines of equal lag, age, altitude and elongation")
         ->delimiter(',')
-        ->check(CLI::IsMember(quantities).description(""));
+        ->check(one_of(quantities));
     text("--mark", options.marks, "NAME,...", "Places of the list to mark")->delimiter(',');
     text("--limits", options.limits, "NAME=,...",
          "Least lag=, altitude=, elongation=, age= of the criterion user; nothing behind = takes one off");
     text("--danjon", options.danjon, "DEG", "Least elongation of the criterion danjon");
-    one_of("--language", options.language, "Language of the sheet: ", {"en", "ar"});
-    one_of("--paper", options.paper, "Paper of a pdf: ", {"A4", "Letter"});
+    choice("--language", options.language, "Language of the sheet: ", {"en", "ar"});
+    choice("--paper", options.paper, "Paper of a pdf: ", {"A4", "Letter"});
     return added;
 }
 

@@ -2,6 +2,7 @@
 #include "batch/finemaptask.h"
 
 #include "base/numberformat.h"
+#include "batch/choices.h"
 #include "batch/recordoptions.h"
 #include "batch/runoutput.h"
 #include "batch/usagemistake.h"
@@ -277,12 +278,12 @@ Task atlas_task(const PageMaker& painter) {
                 options->criterion = keys.front();
                 command.add_option("--criterion", options->criterion, "Key of a criterion (see criteria)")
                     ->type_name("KEY")
-                    ->check(CLI::IsMember(keys).description(""));
+                    ->check(one_of(keys));
                 add_look_options(command, *options);
                 options->format = name_of(MapFormat::pdf);
                 command.add_option("--format", options->format, options->format)
                     ->type_name("FORMAT")
-                    ->check(CLI::IsMember({options->format}).description(""));
+                    ->check(one_of({options->format}));
                 command.add_option("--output", options->output, "File to write, - for standard output")
                     ->type_name("FILE");
                 add_record_options(command, *records);

@@ -2,6 +2,7 @@
 #include "batch/hijrioptions.h"
 
 #include "base/failure.h"
+#include "batch/choices.h"
 #include "batch/criteriaoptions.h"
 #include "batch/finemapoptions.h"
 #include "batch/runoutput.h"
@@ -283,12 +284,6 @@ void add_hijri_options(CLI::App& command, HijriOptions& options) {
     const auto text = [&command](const char* name, auto& target, const char* form, const char* words) {
         return command.add_option(name, target, words)->type_name(form);
     };
-    const auto one_of = [&command](const char* name, std::string& target, const std::string& words,
-                                   const std::vector<std::string>& choices) {
-        command.add_option(name, target, words + choice_of(choices))
-            ->type_name("NAME")
-            ->check(CLI::IsMember(choices).description(""));
-    };
     CLI::Option_group* wanted =
         command.add_option_group("Wanted", "One of these; without one the date of today");
     wanted->add_option("--year", options.year, "A Hijri year")->type_name("YYYY");
@@ -306,14 +301,14 @@ void add_hijri_options(CLI::App& command, HijriOptions& options) {
     text("--month", options.month, "1-12", "The days of one month of --year")->check(CLI::Range(1, 12));
     const std::vector<std::string> keys = rule_keys();
     text("--rule", options.rule, "KEY", "By which months begin (see --list-rules); else the kept one")
-        ->check(CLI::IsMember(keys).description(""));
+        ->check(one_of(keys));
     text("--compare", options.compare, "KEY,...", "Further rules, side by side with the first")
         ->delimiter(',')
-        ->check(CLI::IsMember(keys).description(""));
+        ->check(one_of(keys));
     add_place_options(command, options.place);
     add_record_options(command, options.records);
     text("--criterion", options.criterion, "KEY", "Of who asks whether a crescent is seen (see criteria)")
-        ->check(CLI::IsMember(catalogue_keys()).description(""));
+        ->check(one_of(catalogue_keys()));
     text("--class", options.seen_class, "N", "The lowest class of the criterion that counts as seen, from 1")
         ->check(CLI::Range(1, static_cast<int>(CataloguedCriterion::most_classes) - 1));
     text("--limits", options.limits, "NAME=,...",
@@ -323,13 +318,14 @@ void add_hijri_options(CLI::App& command, HijriOptions& options) {
     std::vector<std::string> befores;
     for (const SeenBefore before : seen_befores())
         befores.emplace_back(key_of(before));
-    one_of("--before", options.before, "Until when a crescent counts: ", befores);
+    add_choice(command, "--before", options.before, "Until when a crescent counts: ", befores);
     command.add_flag("--announced", options.announced, "The kept list of announced starts over the rule");
     text("--announced-file", options.announced_file, "FILE", "Another list of announced starts");
     command.add_flag("--strict", options.strict, "Refuse a list of announced starts that has a fault");
-    one_of("--format", options.format, "", format_names(hijri_formats()));
-    one_of("--language", options.language, "Language of names and pages: ", {"en", "ar", "both"});
-    one_of("--paper", options.paper, "Paper of a pdf: ", {"A4", "Letter"});
+    add_choice(command, "--format", options.format, "", format_names(hijri_formats()));
+    add_choice(command, "--language", options.language,
+               "Language of names and pages: ", {"en", "ar", "both"});
+    add_choice(command, "--paper", options.paper, "Paper of a pdf: ", {"A4", "Letter"});
     text("--output", options.output, "FILE", "File to write, - for standard output");
     keep_to_outputs(command, *list);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "batch/tasks.h"
 
+#include "batch/choices.h"
 #include "batch/finemaptask.h"
 #include "batch/recordoptions.h"
 #include "batch/runoutput.h"
@@ -38,22 +39,18 @@ struct MapOptions {
     RecordOptions records;
 };
 
-/// The texts that an option takes with --fine, and without it.
-class ChoiceOf {
-public:
-    ChoiceOf(CLI::App& command, const CLI::Validator& plain, std::vector<std::string> fine)
-        : fine_wanted_(command.get_option("--fine")), plain_(plain),
-          fine_(CLI::IsMember(std::move(fine)).description("")) {}
-
-    std::string operator()(const std::string& text) const {
-        return fine_wanted_->count() > 0 ? fine_(text) : plain_(text);
-    }
-
-private:
-    const CLI::Option* fine_wanted_;
-    CLI::Validator plain_;
-    CLI::Validator fine_;
-};
+/// What an option takes with --fine, and without it.
+CLI::Validator by_kind(CLI::App& command, const CLI::Validator& plain, const CLI::Validator& fine) {
+    std::vector<std::string> words = offered_words(plain);
+    for (const std::string& word : offered_words(fine))
+        if (std::find(words.begin(), words.end(), word) == words.end())
+            words.push_back(word);
+    const CLI::Option* const fine_wanted = command.get_option("--fine");
+    const auto check = [fine_wanted, plain, fine](const std::string& text) {
+        return fine_wanted->count() > 0 ? fine(text) : plain(text);
+    };
+    return offering(words, CLI::Validator(check, ""));
+}
 
 /// Keeps the points of a map and tells how far it has come.
 class PointList : public MapReceiver {
@@ -159,27 +156,24 @@ std::vector<std::string> plain_formats() {
     return formats;
 }
 
-CLI::Validator one_of(const std::vector<std::string>& names) {
-    return CLI::IsMember(names).description("");
-}
-
 /// The options of both kinds of map, which take other texts with --fine.
 void add_map_options(CLI::App& command, MapOptions& options) {
     const std::vector<std::string> keys = criterion_keys();
     command
         .add_option("--criterion", options.criterion, choice_of(keys) + "; with --fine any key of criteria")
         ->type_name("NAME")
-        ->check(ChoiceOf(command, one_of(keys), catalogue_keys()));
+        ->check(by_kind(command, one_of(keys), one_of(catalogue_keys())));
     command
         .add_option("--day", options.day,
                     "0 the conjunction's date; 1, 2 days from it; with --fine all for the three")
         ->type_name("DAY")
-        ->check(ChoiceOf(command, CLI::Range(0, 2), {"0", "1", "2", "all"}));
+        ->check(
+            by_kind(command, offering({"0", "1", "2"}, CLI::Range(0, 2)), one_of({"0", "1", "2", "all"})));
     command
         .add_option("--format", options.format,
                     choice_of(plain_formats()) + "; with --fine " + choice_of(format_names(map_formats)))
         ->type_name("FORMAT")
-        ->check(ChoiceOf(command, one_of(plain_formats()), format_names(map_formats)));
+        ->check(by_kind(command, one_of(plain_formats()), one_of(format_names(map_formats))));
     command
         .add_option("--output", options.file,
                     "Picture to write, or rows in another format, - for standard output; the "

@@ -3,6 +3,7 @@
 
 #include "base/failure.h"
 #include "base/twintext.h"
+#include "batch/choices.h"
 #include "batch/tasks.h"
 #include "crescent/picturename.h"
 #include "stored/outputfile.h"
@@ -12,7 +13,6 @@
 
 #include <CLI/CLI.hpp>
 
-#include <cstddef>
 #include <filesystem>
 #include <iostream>
 #include <string>
@@ -38,13 +38,6 @@ void tell_cancelled(ReportFormat format) {
 
 } // namespace
 
-std::string choice_of(const std::vector<std::string>& names) {
-    std::string words = names.front();
-    for (std::size_t i = 1; i < names.size(); ++i)
-        words += (i + 1 < names.size() ? ", " : " or ") + names[i];
-    return words;
-}
-
 void add_output_options(CLI::App& command, RunOutput& output) {
     const std::vector<std::string> names = format_names(report_formats());
     command
@@ -52,7 +45,7 @@ void add_output_options(CLI::App& command, RunOutput& output) {
             "--format", [&output](const std::string& name) { output.format = format_of(name).value(); },
             choice_of(names) + "; text, the fixed report, when not given")
         ->type_name("FORMAT")
-        ->check(CLI::IsMember(names).description(""));
+        ->check(one_of(names));
     command
         .add_option("--output", output.file,
                     "File to write, - for standard output; the report's own name, with the ending of the "

@@ -5,7 +5,6 @@
 #include "report/run.h"
 
 #include <string>
-#include <vector>
 
 namespace CLI {
 class App;
@@ -20,18 +19,6 @@ struct RunOutput {
     ReportFormat format = ReportFormat::text;
     std::string file; ///< "-" standard output; empty: the report's own name, with the ending of the format
 };
-
-/// Names as words of a choice: "a, b or c".
-std::string choice_of(const std::vector<std::string>& names);
-
-/// The names that --format takes.
-template <class Formats>
-std::vector<std::string> format_names(const Formats& formats) {
-    std::vector<std::string> names;
-    for (const auto format : formats)
-        names.emplace_back(name_of(format));
-    return names;
-}
 
 /// Adds --format and --output to a task.
 void add_output_options(CLI::App& command, RunOutput& output);

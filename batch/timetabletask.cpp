@@ -2,6 +2,7 @@
 #include "batch/timetabletask.h"
 
 #include "base/failure.h"
+#include "batch/choices.h"
 #include "batch/placeoptions.h"
 #include "batch/recordoptions.h"
 #include "batch/runoutput.h"
@@ -16,6 +17,7 @@
 #include "stored/textfile.h"
 #include "system/path.h"
 #include "system/unfinishedfile.h"
+#include "timetable/authorities.h"
 #include "timetable/comparetable.h"
 #include "timetable/hijridays.h"
 #include "timetable/manyplaces.h"
@@ -316,7 +318,7 @@ void add_span_options(CLI::App& command, TimetableOptions& options) {
                     "By what Hijri dates are told: the kept rule (" + std::string(kept_rule) +
                         "), or one with its usual settings: " + choice_of(hijri_rule_names()))
         ->type_name("KEY")
-        ->check(CLI::IsMember(hijri_rule_names()).description(""));
+        ->check(one_of(hijri_rule_names()));
 }
 
 void add_places_options(CLI::App& command, TimetableOptions& options) {
@@ -327,24 +329,26 @@ void add_places_options(CLI::App& command, TimetableOptions& options) {
         ->type_name("FILE");
 }
 
+std::vector<std::string> authority_keys() {
+    std::vector<std::string> keys;
+    for (const Authority& authority : authorities())
+        keys.emplace_back(authority.key);
+    return keys;
+}
+
 void add_page_options(CLI::App& command, TimetableOptions& options) {
-    const auto one_of = [&command](const char* name, std::string& target, const char* description,
-                                   const std::vector<std::string>& choices) {
-        command.add_option(name, target, std::string(description) + choice_of(choices))
-            ->type_name("NAME")
-            ->check(CLI::IsMember(choices).description(""));
-    };
     command
         .add_option("--profile", options.profile,
                     "Rules: a stored profile or an authority's key; the preferences when none is given")
-        ->type_name("NAME");
+        ->type_name("NAME")
+        ->check(offering(authority_keys(), CLI::Validator("")));
     command.add_option("--columns", options.columns, "Keys of the columns in their order")
         ->type_name("KEY,...");
-    one_of("--layout", options.layout, "Columns of a kind of screens: ", {display_layout});
-    one_of("--language", options.language, "Language of the page: ", {"en", "ar", "both"});
-    one_of("--paper", options.paper, "Paper: ", {"A4", "Letter"});
-    one_of("--clock", options.clock, "Hours of the page: ", {"24", "12"});
-    one_of("--format", options.format, "", format_names(timetable_formats()));
+    add_choice(command, "--layout", options.layout, "Columns of a kind of screens: ", {display_layout});
+    add_choice(command, "--language", options.language, "Language of the page: ", {"en", "ar", "both"});
+    add_choice(command, "--paper", options.paper, "Paper: ", {"A4", "Letter"});
+    add_choice(command, "--clock", options.clock, "Hours of the page: ", {"24", "12"});
+    add_choice(command, "--format", options.format, "", format_names(timetable_formats()));
     command
         .add_option("--compare", options.compare,
                     "A CSV table of times to compare with: prints the differences in the place of a file")

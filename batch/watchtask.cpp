@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "batch/watchtask.h"
 
+#include "batch/choices.h"
 #include "batch/placeoptions.h"
 #include "batch/recordoptions.h"
 #include "batch/runoutput.h"
@@ -108,21 +109,15 @@ int run_watch(const WatchOptions& options, const PageMaker& pages) {
 }
 
 void add_watch_options(CLI::App& command, WatchOptions& options) {
-    const auto one_of = [&command](const char* name, std::string& target, const char* description,
-                                   const std::vector<std::string>& choices) {
-        command.add_option(name, target, std::string(description) + choice_of(choices))
-            ->type_name("NAME")
-            ->check(CLI::IsMember(choices).description(""));
-    };
     command.add_option("--date", options.date, "The civil date of the evening, or of the morning")
         ->type_name("YYYY-MM-DD")
         ->required();
     command.add_flag("--old", options.old_crescent, "The old crescent before sunrise, not the new one");
     add_place_options(command, options.place);
     add_record_options(command, options.records);
-    one_of("--format", options.format, "", format_names(watch_formats()));
-    one_of("--language", options.language, "Language of the page: ", {"en", "ar"});
-    one_of("--paper", options.paper, "Paper: ", {"A4", "Letter"});
+    add_choice(command, "--format", options.format, "", format_names(watch_formats()));
+    add_choice(command, "--language", options.language, "Language of the page: ", {"en", "ar"});
+    add_choice(command, "--paper", options.paper, "Paper: ", {"A4", "Letter"});
     command.add_option("--width", options.width, "Of a PNG picture")->type_name("PIXELS");
     command.add_option("--output", options.output, "File to write, - for standard output")->type_name("FILE");
 }

@@ -102,6 +102,14 @@ expect(completed("halvane-report", "next", "--js") == ["--json"], "next --js")
 expect(completed("halvane-report", "--now", "2026-02-18T12:00", "prayer", "--fo") == ["--format"], "prayer --fo")
 expect(completed("halvane-report", "prayer", "--js") == [], "prayer --js")
 expect(completed("halvane-report", "prayer", "--set", "pref.fajer") == ["pref.fajer-angle="], "--set pref.fajer")
+expect(set(completed("halvane-report", "prayer", "--format", "")) == {"text", "csv", "json"}, "prayer --format")
+expect(set(completed("halvane-report", "watch", "--format", "")) == {"pdf", "png", "csv"}, "watch --format")
+expect(completed("halvane-report", "timetable", "--profile", "mw") == ["mwl"], "timetable --profile mw")
+expect(set(completed("halvane-report", "map", "--day", "")) == {"0", "1", "2", "all"}, "map --day")
+rules = re.findall(r"^([a-z0-9-]+)", told(report, "hijri", "--list-rules"), re.MULTILINE)
+expect(len(rules) > 10 and set(completed("halvane-report", "hijri", "--rule", "")) == {*rules, "announced"},
+       "hijri --rule")
+expect(completed("halvane-report", "prayer", "--place", "") == [], "prayer --place")
 expect(set(completed("halvane-report", "prayer", "--output", "")) == {"man", "bash", "zsh", "fish"}, "files")
 for shell in ("bash", "zsh", "fish"):
     if shutil.which(shell):

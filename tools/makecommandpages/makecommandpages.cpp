@@ -4,6 +4,7 @@
 // lists of the stored fields and the delivered files of the folder DATA.
 #include "base/version.h"
 #include "batch/batchline.h"
+#include "batch/choices.h"
 #include "stored/outputfile.h"
 #include "stored/textfile.h"
 #include "stored/typedrecords.h"
@@ -13,6 +14,7 @@
 #include <exception>
 #include <functional>
 #include <iostream>
+#include <map>
 #include <memory>
 #include <sstream>
 #include <string>
@@ -33,23 +35,25 @@ struct ToldOption {
     std::string letter; ///< "-h"; mostly empty
     std::string form;   ///< "NAME"; empty for a flag
     std::string words;
+    std::vector<std::string> choices; ///< that completions offer
 
     bool takes_folder() const { return form == "DIR"; }
     bool takes_file() const { return form == "FILE"; }
 };
 
-std::vector<ToldOption> options_of(const CLI::App& app) {
+std::vector<ToldOption> options_of(CLI::App& app) {
     std::vector<ToldOption> told;
-    for (const CLI::Option* const option : app.get_options()) {
+    for (CLI::Option* const option : app.get_options()) {
         if (option->get_lnames().empty())
             continue;
         const bool is_flag = option->get_expected_max() == 0;
         told.push_back({"--" + option->get_lnames().front(),
                         option->get_snames().empty() ? "" : "-" + option->get_snames().front(),
-                        is_flag ? "" : option->get_type_name(), option->get_description()});
+                        is_flag ? "" : option->get_type_name(), option->get_description(),
+                        offered_words(*option)});
     }
     // Groups are apps without a name within theirs.
-    for (const CLI::App* const group :
+    for (CLI::App* const group :
          app.get_subcommands([](const CLI::App* part) { return part->get_name().empty(); })) {
         const std::vector<ToldOption> of_group = options_of(*group);
         told.insert(told.end(), of_group.begin(), of_group.end());
@@ -98,7 +102,7 @@ void write_options(std::ostream& page, const std::vector<ToldOption>& options) {
     }
 }
 
-void write_man(std::ostream& page, const BatchLine& line) {
+void write_man(std::ostream& page, BatchLine& line) {
     page << ".TH HALVANE\\-REPORT 1 \"\" \"" << program_title << "\" \"User commands\"\n"
          << ".SH NAME\nhalvane\\-report \\- the reports of Halvane without its panels\n"
          << ".SH SYNOPSIS\n.B halvane\\-report\n.RI [ OPTION ]...\\& \" TASK \" [ OPTION ]...\n"
@@ -135,6 +139,13 @@ std::string shell_quoted(std::string_view text) {
     return made + "'";
 }
 
+std::string joined(const std::vector<std::string>& words) {
+    std::string made;
+    for (const std::string& word : words)
+        made += (made.empty() ? "" : " ") + word;
+    return made;
+}
+
 template <class Items, class NameOf>
 std::string joined(const Items& items, NameOf name_of) {
     std::string made;
@@ -147,7 +158,7 @@ std::string names_of(const std::vector<ToldOption>& options) {
     return joined(options, [](const ToldOption& option) { return option.name; });
 }
 
-std::string tasks_of(const BatchLine& line) {
+std::string tasks_of(BatchLine& line) {
     return joined(line.tasks, [](const Task& task) { return task.name; });
 }
 
@@ -156,7 +167,7 @@ std::vector<std::string> setting_names() {
 }
 
 /// Options of any task that `is_wanted` takes, each once, as a pattern of the shell.
-std::string pattern_of(const BatchLine& line, const std::function<bool(const ToldOption&)>& is_wanted) {
+std::string pattern_of(BatchLine& line, const std::function<bool(const ToldOption&)>& is_wanted) {
     std::vector<ToldOption> all = options_of(line.app);
     for (const Task& task : line.tasks) {
         const std::vector<ToldOption> more = options_of(*line.app.get_subcommand(task.name));
@@ -172,7 +183,23 @@ std::string pattern_of(const BatchLine& line, const std::function<bool(const Tol
     return pattern;
 }
 
-void write_bash(std::ostream& script, const BatchLine& line) {
+/// The words of choices, which may differ from task to task.
+void write_bash_choices(std::ostream& script, BatchLine& line) {
+    std::map<std::string, std::string> patterns; // of words
+    for (const Task& task : line.tasks)
+        for (const ToldOption& option : options_of(*line.app.get_subcommand(task.name)))
+            if (!option.choices.empty()) {
+                std::string& pattern = patterns[joined(option.choices)];
+                pattern += (pattern.empty() ? "'" : " | '") + task.name + " " + option.name + "'";
+            }
+    script << "    case \"$task $before\" in\n";
+    for (const auto& [words, pattern] : patterns)
+        script << "    " << pattern << ") mapfile -t COMPREPLY < <(compgen -W " << shell_quoted(words)
+               << " -- \"$present\") && return ;;\n";
+    script << "    esac\n";
+}
+
+void write_bash(std::ostream& script, BatchLine& line) {
     script << "# Completion of halvane-report for bash.\n"
            << "_halvane_report() {\n"
            << "    local present=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD-1]} task= words= "
@@ -185,16 +212,16 @@ void write_bash(std::ostream& script, const BatchLine& line) {
     for (const Task& task : line.tasks)
         pattern += (pattern.empty() ? "" : " | ") + task.name;
     script << "        " << pattern << ") task=${COMP_WORDS[number]} && break ;;\n"
-           << "        esac\n    done\n"
-           << "    case $before in\n"
+           << "        esac\n    done\n";
+    write_bash_choices(script, line);
+    script << "    case $before in\n"
            << "    " << pattern_of(line, [](const ToldOption& o) { return o.takes_folder(); })
            << ") mapfile -t COMPREPLY < <(compgen -d -- \"$present\") && return ;;\n"
            << "    " << pattern_of(line, [](const ToldOption& o) { return o.takes_file(); })
            << ") mapfile -t COMPREPLY < <(compgen -f -- \"$present\") && return ;;\n"
            << "    --set)\n"
            << "        compopt -o nospace 2>/dev/null\n"
-           << "        mapfile -t COMPREPLY < <(compgen -S = -W "
-           << shell_quoted(joined(setting_names(), [](const std::string& name) { return name; }))
+           << "        mapfile -t COMPREPLY < <(compgen -S = -W " << shell_quoted(joined(setting_names()))
            << " -- \"$present\")\n        return\n        ;;\n"
            << "    "
            << pattern_of(line,
@@ -227,11 +254,12 @@ std::string zsh_option(const ToldOption& option) {
         spec = "*" + spec + ":setting:(" +
                joined(setting_names(), [](const std::string& name) { return name + "="; }) + ")";
     else if (!option.form.empty())
-        spec += ":" + replaced(option.form, "[]:\\", "\\") + ": ";
+        spec += ":" + replaced(option.form, "[]:\\", "\\") + ":" +
+                (option.choices.empty() ? " " : "(" + joined(option.choices) + ")");
     return shell_quoted(spec);
 }
 
-void write_zsh(std::ostream& script, const BatchLine& line) {
+void write_zsh(std::ostream& script, BatchLine& line) {
     script << "#compdef halvane-report\n# Completion of halvane-report for zsh.\n"
            << "_halvane_report() {\n"
            << "    local context state line\n    typeset -A opt_args\n"
@@ -259,7 +287,7 @@ std::string fish_quoted(std::string_view text) {
     return "'" + replaced(text, "'\\", "\\") + "'";
 }
 
-void write_fish_options(std::ostream& script, const std::string& when, const CLI::App& app) {
+void write_fish_options(std::ostream& script, const std::string& when, CLI::App& app) {
     for (const ToldOption& option : options_of(app)) {
         script << "complete -c halvane-report -n " << fish_quoted(when) << " -l " << option.name.substr(2);
         if (!option.letter.empty())
@@ -272,13 +300,15 @@ void write_fish_options(std::ostream& script, const std::string& when, const CLI
             script << " -x -a " << fish_quoted(joined(setting_names(), [](const std::string& name) {
                 return name + "=";
             }));
+        else if (!option.choices.empty())
+            script << " -x -a " << fish_quoted(joined(option.choices));
         else if (!option.form.empty())
             script << " -x";
         script << " -d " << fish_quoted(option.words) << "\n";
     }
 }
 
-void write_fish(std::ostream& script, const BatchLine& line) {
+void write_fish(std::ostream& script, BatchLine& line) {
     script << "# Completion of halvane-report for fish.\ncomplete -c halvane-report -f\n";
     write_fish_options(script, "__fish_use_subcommand", line.app);
     for (const Task& task : line.tasks)
@@ -342,7 +372,7 @@ int make(const std::vector<std::string>& words) {
         return std::cout.flush() ? 0 : 1;
     }
     const std::unique_ptr<BatchLine> line = batch_line();
-    const std::pair<const char*, void (*)(std::ostream&, const BatchLine&)> writers[] = {
+    const std::pair<const char*, void (*)(std::ostream&, BatchLine&)> writers[] = {
         {"man", write_man}, {"bash", write_bash}, {"zsh", write_zsh}, {"fish", write_fish}};
     const auto* const writer = std::find_if(std::begin(writers), std::end(writers),
                                             [&](const auto& one) { return kind == one.first; });

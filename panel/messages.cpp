@@ -17,8 +17,8 @@ namespace halvane {
 
 namespace {
 
-constexpr TwinText ending{"Halvane cannot go on and ends now. Nothing more is written.",
-                          "لا يستطيع البرنامج المتابعة و سينتهي الآن. لن يكتب شيء آخر."};
+constexpr TwinText last_words{"Halvane cannot go on and ends now. Nothing more is written.",
+                              "لا يستطيع البرنامج المتابعة و سينتهي الآن. لن يكتب شيء آخر."};
 constexpr TwinText warning{"Warning: ", "تنبيه: "};
 
 /// One way out for each kind of failure.
@@ -138,7 +138,7 @@ QStringList series_warnings(Language language) {
 
 void tell_failure(const std::exception& failure, Language language) {
     const FailureParts parts = parts_of(failure);
-    QMessageBox box(QMessageBox::Critical, QString::fromLatin1(program_title), text_of(ending, language),
+    QMessageBox box(QMessageBox::Critical, QString::fromLatin1(program_title), text_of(last_words, language),
                     QMessageBox::Ok);
     QStringList words{isolated(QString::fromStdString(words_of(parts, language)))};
     words += series_warnings(language);

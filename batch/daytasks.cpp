@@ -85,7 +85,7 @@ std::optional<NextPrayer> next_prayer_at(const ClockPlace& place, double jd, dou
 
 /// "2026-02-18T17:25:00+03:00"
 std::string instant_of(const NextPrayer& next, const DateNumbers& date) {
-    constexpr int day = 86400;
+    constexpr int day = static_cast<int>(seconds_per_day);
     double jd = 0;
     modjul(date.year, date.month, date.day, 0, jd);
     const int shown = next.clock.seconds;

@@ -5,9 +5,9 @@
 #include "crescent/gif.h"
 #include "crescent/mapsheet.h"
 #include "crescent/maptexts.h"
-#include "crescent/picturename.h"
 #include "crescent/sheetpainter.h"
 #include "stored/outputfile.h"
+#include "stored/programfiles.h"
 #include "stored/textfile.h"
 #include "system/path.h"
 

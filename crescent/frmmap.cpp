@@ -12,6 +12,7 @@
 #include "panel/panelstyle.h"
 #include "routines/crescentday.h"
 #include "routines/seriesloader.h"
+#include "stored/programfiles.h"
 #include "stored/programfolder.h"
 #include "system/path.h"
 #include "ui_frmmap.h"

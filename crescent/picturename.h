@@ -1,30 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <array>
-#include <filesystem>
 #include <string>
-#include <vector>
 
 namespace halvane {
 
 /// The name that a picture is saved under: `chosen` with the ending of a picture taken off (".gif", ".bmp"
 /// and their kind, capital or not; any other ending belongs to the name) and ".gif" put on.
 std::string gif_name(const std::string& chosen);
-
-/// The files of the program: `map.gif` and `qmap.gif`, all that lies in `images`, and the stored files,
-/// series, list of places, guide and programs of the program folder, as they are when this is made.
-class ProgramFiles {
-public:
-    ProgramFiles();
-
-    /// Whether a result saved under `name` would take the place of one of them. Files are told by what they
-    /// are, so that a link or another spelling of the name makes no difference.
-    bool have(const std::filesystem::path& name) const;
-
-private:
-    std::array<std::filesystem::path, 2> folders_; ///< the program's own and that of the running program
-    std::vector<std::filesystem::path> files_;
-};
 
 } // namespace halvane

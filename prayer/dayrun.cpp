@@ -155,7 +155,7 @@ struct Twilight {
     const char* name;
     double depression; ///< of the Sun's centre at its dawn and dusk                                    [deg]
 };
-/// As almanacs have them: Explanatory Supplement to the Astronomical Almanac, 3rd ed. (2013), 12.
+/// As almanacs have them: Explanatory Supplement to the Astronomical Almanac, 3rd ed. (2013).
 constexpr std::array twilights{Twilight{"Astronomical", 18}, Twilight{"Nautical", 12}, Twilight{"Civil", 6}};
 
 struct SunRow {

@@ -139,19 +139,16 @@ std::string shell_quoted(std::string_view text) {
     return made + "'";
 }
 
-std::string joined(const std::vector<std::string>& words) {
-    std::string made;
-    for (const std::string& word : words)
-        made += (made.empty() ? "" : " ") + word;
-    return made;
-}
-
 template <class Items, class NameOf>
 std::string joined(const Items& items, NameOf name_of) {
     std::string made;
     for (const auto& item : items)
         made += (made.empty() ? "" : " ") + name_of(item);
     return made;
+}
+
+std::string joined(const std::vector<std::string>& words) {
+    return joined(words, [](const std::string& word) { return word; });
 }
 
 std::string names_of(const std::vector<ToldOption>& options) {

@@ -80,8 +80,9 @@ private:
     void watch(std::size_t threads, Progress& progress) {
         constexpr std::chrono::milliseconds pace(20);
         std::unique_lock lock(mutex_);
-        while (ended_threads_ < threads) {
-            ended_.wait_for(lock, pace);
+        bool ended = false;
+        while (!ended) { // the last word is told after the last piece
+            ended = ended_.wait_for(lock, pace, [&] { return ended_threads_ == threads; });
             lock.unlock();
             progress.percent(100.0 * static_cast<double>(done_) / static_cast<double>(pieces_));
             if (!progress.yield())

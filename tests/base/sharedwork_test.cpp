@@ -71,6 +71,28 @@ TEST(SharedWork, TellsHowFarItIsOnTheCallingThread) {
         EXPECT_EQ(thread, std::this_thread::get_id());
 }
 
+TEST(SharedWork, TellsTheEndOfAWorkThatEndsWhileItsProgressIsAsked) {
+    constexpr std::size_t pieces = 4;
+    std::atomic<bool> asked = false;
+    std::atomic<std::size_t> done = 0;
+    AskedProgress progress([&] {
+        asked = true;
+        while (done < pieces)
+            std::this_thread::sleep_for(short_while);
+        std::this_thread::sleep_for(100 * short_while); // the threads end too
+        return true;
+    });
+    const DoPiece do_piece = [&](std::size_t /*piece*/) {
+        while (!asked)
+            std::this_thread::sleep_for(short_while);
+        ++done;
+    };
+    EXPECT_TRUE(share_work(pieces, each_does(do_piece), progress));
+    ASSERT_FALSE(progress.told.empty());
+    EXPECT_EQ(progress.told.front(), 0);
+    EXPECT_EQ(progress.told.back(), 100);
+}
+
 TEST(SharedWork, TheFirstFailureIsRaisedAndEndsTheWork) {
     std::atomic<std::size_t> done = 0;
     std::atomic<bool> failed = false;

@@ -289,9 +289,7 @@ QSize needed_room(QWidget& widget) {
     return widget.minimumSizeHint();
 }
 
-} // namespace
-
-QStringList cut_texts(QWidget& form) {
+QStringList cut_texts_now(QWidget& form) {
     QStringList cut;
     for (QWidget* widget : form.findChildren<QWidget*>()) {
         const bool has_text =
@@ -303,6 +301,14 @@ QStringList cut_texts(QWidget& form) {
             cut << widget->objectName();
     }
     return cut;
+}
+
+} // namespace
+
+QStringList cut_texts(QWidget& form) {
+    constexpr int layout_wait = 5000; // [ms]
+    static_cast<void>(QTest::qWaitFor([&form] { return cut_texts_now(form).isEmpty(); }, layout_wait));
+    return cut_texts_now(form);
 }
 
 PanelTest::PanelTest() {

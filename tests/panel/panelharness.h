@@ -152,7 +152,8 @@ QStringList tab_order(QWidget& form);
 /// Access keys that two visible controls of the form share.
 QStringList shared_access_keys(QWidget& form);
 
-/// Labels and buttons of the shown form whose text does not fit into their rectangle.
+/// Labels and buttons of the shown form whose text does not fit into their rectangle, and stays so: a form
+/// that calculates may be laying out the words that just came.
 QStringList cut_texts(QWidget& form);
 
 /// A temporary program folder with the series files and fresh stored files, a machine clock at 21 June 2024

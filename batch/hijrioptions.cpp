@@ -208,8 +208,9 @@ HijriFormat format_of(const HijriOptions& options) {
         return options.format == name_of(format);
     });
     const HijriFormat format = found == formats.end() ? formats.front() : *found;
-    if (format != HijriFormat::pdf && (options.language == "both" || !options.paper.empty()))
-        throw UsageMistake("--language both and --paper are of pdf");
+    const bool is_of_page = options.language == "both" || !options.paper.empty() || !options.digits.empty();
+    if (format != HijriFormat::pdf && is_of_page)
+        throw UsageMistake("--language both, --paper and --digits are of pdf");
     if (format == HijriFormat::pdf && !options.compare.empty())
         throw UsageMistake("--compare has no page; its formats are text, csv, json and ics");
     if (options.is_conversion() && options.month)
@@ -234,6 +235,8 @@ MonthPage page_of(const HijriOptions& options) {
         page.language = PageLanguage::both;
     if (options.paper == "Letter")
         page.paper = PaperSize::letter;
+    if (options.digits == "arabic")
+        page.digits = PageDigits::arabic;
     return page;
 }
 
@@ -326,6 +329,7 @@ void add_hijri_options(CLI::App& command, HijriOptions& options) {
     add_choice(command, "--language", options.language,
                "Language of names and pages: ", {"en", "ar", "both"});
     add_choice(command, "--paper", options.paper, "Paper of a pdf: ", {"A4", "Letter"});
+    add_choice(command, "--digits", options.digits, "Digits of a pdf's Arabic: ", {"western", "arabic"});
     text("--output", options.output, "FILE", "File to write, - for standard output");
     keep_to_outputs(command, *list);
 }

@@ -30,7 +30,7 @@ struct HijriOptions {
     bool announced = false;
     bool strict = false;
     std::string announced_file;
-    std::string format, language, paper, output;
+    std::string format, language, paper, digits, output;
 
     bool is_conversion() const { return convert || convert_hijri; }
 };

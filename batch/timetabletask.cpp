@@ -52,7 +52,7 @@ struct TimetableOptions {
     RecordOptions records = settings_alone();
     std::string places_file;
     std::string compare;
-    std::string profile, columns, layout, language, paper, clock;
+    std::string profile, columns, layout, language, paper, clock, digits;
     std::string format = "csv";
     std::string output;
 };
@@ -122,6 +122,7 @@ void choose_page(PageSettings& page, const TimetableOptions& options) {
            {{"en", PageLanguage::english}, {"ar", PageLanguage::arabic}, {"both", PageLanguage::both}});
     choose(page.paper, options.paper, {{"A4", PaperSize::a4}, {"Letter", PaperSize::letter}});
     choose(page.clock, options.clock, {{"24", ClockFace::hours_24}, {"12", ClockFace::hours_12}});
+    choose(page.digits, options.digits, {{"western", PageDigits::western}, {"arabic", PageDigits::arabic}});
 }
 
 /// The profile of a run. What --layout needs is among its columns.
@@ -348,6 +349,7 @@ void add_page_options(CLI::App& command, TimetableOptions& options) {
     add_choice(command, "--language", options.language, "Language of the page: ", {"en", "ar", "both"});
     add_choice(command, "--paper", options.paper, "Paper: ", {"A4", "Letter"});
     add_choice(command, "--clock", options.clock, "Hours of the page: ", {"24", "12"});
+    add_choice(command, "--digits", options.digits, "Digits of the page's Arabic: ", {"western", "arabic"});
     add_choice(command, "--format", options.format, "", format_names(timetable_formats()));
     command
         .add_option("--compare", options.compare,

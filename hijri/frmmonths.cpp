@@ -24,6 +24,7 @@
 #include "stored/loclist.h"
 #include "stored/outputfile.h"
 #include "timetable/pageprinter.h"
+#include "timetable/placewords.h"
 #include "timetable/timetableplaces.h"
 #include "ui_frmmonths.h"
 
@@ -83,6 +84,7 @@ constexpr ControlText twins[] = {
     {"cbocompare@spoken", "Compare with", "المقارنة مع"},
     {"cbomonth@spoken", "Month", "الشهر"},
     {"cbolanguage@spoken", "Language of the page", "لغة الصفحة"},
+    {"cbodigits@spoken", "Digits", "الأرقام"},
     {"cbopaper@spoken", "Paper", "الورق"},
     {"areapreview@spoken", "The page", "الصفحة"},
     {"tblyear@spoken", "Months of the year", "أشهر السنة"},
@@ -241,6 +243,8 @@ void frmmonths::fill_lists() {
     ui_->cbolanguage->addItems(
         {QStringLiteral("English"), QStringLiteral("العربية"), text_of(both_languages, language_)});
     ui_->cbolanguage->setCurrentIndex(language_ == Language::arabic ? 1 : 0);
+    for (const char* digits : {"0 1 2 3", "٠ ١ ٢ ٣"})
+        ui_->cbodigits->addItem(QString::fromStdString(left_to_right(digits)));
     ui_->cbopaper->addItems({QStringLiteral("A4"), QStringLiteral("Letter")});
 }
 
@@ -319,7 +323,7 @@ void frmmonths::connect_choices() {
     for (QLineEdit* side : {ui_->txtwest, ui_->txteast, ui_->txtsouth, ui_->txtnorth})
         connect(side, &QLineEdit::textChanged, this, &frmmonths::change);
     connect(ui_->cbomonth, &QComboBox::currentIndexChanged, this, &frmmonths::make_sheet);
-    for (QComboBox* list : {ui_->cbolanguage, ui_->cbopaper})
+    for (QComboBox* list : {ui_->cbolanguage, ui_->cbodigits, ui_->cbopaper})
         connect(list, &QComboBox::currentIndexChanged, this, &frmmonths::show_sheet);
     for (QComboBox* list : {ui_->cbocivilday, ui_->cbocivilmonth, ui_->cbohijriday, ui_->cbohijrimonth})
         connect(list, &QComboBox::currentIndexChanged, this, &frmmonths::convert);
@@ -436,7 +440,8 @@ HijriChoice frmmonths::shown_choice() const {
 
 MonthPage frmmonths::shown_page() const {
     return {page_languages[std::max(0, ui_->cbolanguage->currentIndex())],
-            ui_->cbopaper->currentIndex() == 1 ? PaperSize::letter : PaperSize::a4};
+            ui_->cbopaper->currentIndex() == 1 ? PaperSize::letter : PaperSize::a4,
+            ui_->cbodigits->currentIndex() == 1 ? PageDigits::arabic : PageDigits::western};
 }
 
 HijriMonthNumber frmmonths::shown_month() const {
@@ -626,6 +631,7 @@ void frmmonths::make_sheet() {
 void frmmonths::show_sheet() {
     sheet_ = sheet_job_->result();
     const MonthPage page = shown_page();
+    ui_->cbodigits->setEnabled(page.language != PageLanguage::english);
     if (sheet_job_->failure() != nullptr)
         show_failure(sheet_job_->failure());
     else if (sheet_ != nullptr)

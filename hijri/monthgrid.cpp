@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "hijri/monthgrid.h"
 
+#include "base/numberformat.h"
 #include "calendar/civildate.h"
 #include "calendar/modday.h"
 #include "hijri/hijritexts.h"
+#include "timetable/pagedigits.h"
 #include "timetable/pageframe.h"
 #include "timetable/pagetext.h"
 #include "timetable/placewords.h"
@@ -36,10 +38,9 @@ struct CellLine {
 
 class Grid {
 public:
-    Grid(QPainter& painter, const QRectF& room, const MonthSheet& sheet, PageLanguage language)
-        : painter_(painter), room_(room), sheet_(sheet), language_(language),
-          width_(room.width() / days_of_week), first_weekday_(sheet.days.front().weekday),
-          month_points_(points_of_months()) {}
+    Grid(QPainter& painter, const QRectF& room, const MonthSheet& sheet, const MonthPage& page)
+        : painter_(painter), room_(room), sheet_(sheet), page_(page), width_(room.width() / days_of_week),
+          first_weekday_(sheet.days.front().weekday), month_points_(points_of_months()) {}
 
     double paint() const {
         const double top = paint_headings();
@@ -58,13 +59,13 @@ public:
     }
 
 private:
-    bool mirrored() const { return language_ == PageLanguage::arabic; }
+    bool mirrored() const { return page_.language == PageLanguage::arabic; }
 
     std::vector<Language> shown_languages() const {
         std::vector<Language> shown;
-        if (language_ != PageLanguage::arabic)
+        if (page_.language != PageLanguage::arabic)
             shown.push_back(Language::english);
-        if (language_ != PageLanguage::english)
+        if (page_.language != PageLanguage::english)
             shown.push_back(Language::arabic);
         return shown;
     }
@@ -156,9 +157,13 @@ private:
         });
     }
 
-    static PageText number_of(const MonthDay& day, const QColor& colour) {
-        return {std::to_string(static_cast<int>(day.hijri.day)), page_font(number_points, true, colour),
-                Language::english};
+    /// A number, which stands once for both languages.
+    std::string number_text(double number) const {
+        return in_digits(alike(plain_number(number)), page_.digits).in(shown_languages().back());
+    }
+
+    PageText number_of(const MonthDay& day, const QColor& colour) const {
+        return {number_text(day.hijri.day), page_font(number_points, true, colour), Language::english};
     }
 
     static std::string civil_month_of(const MonthDay& day, Language language) {
@@ -189,7 +194,7 @@ private:
 
     /// Paints the civil date in the other corner, and gives where it ends.
     double paint_date(const QRectF& inner, const MonthDay& day) const {
-        const int date = static_cast<int>(civil_date(day.day_number).day);
+        const double date = civil_date(day.day_number).day;
         const bool bold = date == 1;
         double top = inner.top() - 0.4 * page_units;
         const auto draw = [&](const std::string& words, const PageFont& font, Language language) {
@@ -200,7 +205,7 @@ private:
                       mirrored() ? LineAnchor::left : LineAnchor::right);
             top += em_of(font) * line_height;
         };
-        draw(std::to_string(date), page_font(civil_points, bold, PageColours::quiet), Language::english);
+        draw(number_text(date), page_font(civil_points, bold, PageColours::quiet), Language::english);
         for (const Language language : shown_languages())
             draw(civil_month_of(day, language), page_font(month_points_, bold, PageColours::quiet), language);
         return top;
@@ -246,7 +251,7 @@ private:
     QPainter& painter_;
     QRectF room_;
     const MonthSheet& sheet_;
-    PageLanguage language_;
+    MonthPage page_;
     double width_; ///< of a day
     int first_weekday_;
     double month_points_;
@@ -255,8 +260,8 @@ private:
 } // namespace
 
 double paint_month_grid(QPainter& painter, const QRectF& room, const MonthSheet& sheet,
-                        PageLanguage language) {
-    return Grid(painter, room, sheet, language).paint();
+                        const MonthPage& page) {
+    return Grid(painter, room, sheet, page).paint();
 }
 
 void paint_moon(QPainter& painter, const QPointF& centre, double radius, Phase phase, bool mirrored) {

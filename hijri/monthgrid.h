@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "hijri/monthpage.h"
 #include "hijri/monthsheet.h"
-#include "timetable/profile.h"
 
 #include <QPainter>
 #include <QRectF>
@@ -15,7 +15,7 @@ inline constexpr const char* night_mark = "*";
 /// Paints the weeks of a month at the top of `room`, Sunday first, and gives where they end. Of Arabic alone
 /// the week begins at the right.
 double paint_month_grid(QPainter& painter, const QRectF& room, const MonthSheet& sheet,
-                        PageLanguage language);
+                        const MonthPage& page);
 
 /// Paints the Moon as a disc: what is lit is white.
 /// In     mirrored  as it is seen from south of the equator

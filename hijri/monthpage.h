@@ -9,6 +9,7 @@ namespace halvane {
 struct MonthPage {
     PageLanguage language = PageLanguage::english;
     PaperSize paper = PaperSize::a4;
+    PageDigits digits = PageDigits::western; ///< of the days and of Arabic texts
 };
 
 } // namespace halvane

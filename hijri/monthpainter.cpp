@@ -5,6 +5,7 @@
 #include "hijri/hijritexts.h"
 #include "hijri/monthgrid.h"
 #include "timetable/clockunits.h"
+#include "timetable/pagedigits.h"
 #include "timetable/pageframe.h"
 #include "timetable/placewords.h"
 #include "timetable/skydays.h"
@@ -37,10 +38,10 @@ TwinWords zone_words(const MonthSheet& sheet) {
 }
 
 /// What is told of the first day, each with its margin where it has one.
-std::vector<TwinWords> warnings_of(const MonthSheet& sheet) {
+std::vector<TwinWords> warnings_of(const MonthSheet& sheet, PageDigits digits) {
     std::vector<TwinWords> warnings;
     for (const TwinWords& note : notes_of(sheet.month))
-        warnings.push_back(sentence(joined({"First day: ", "أول يوم: "}, "", note)));
+        warnings.push_back(in_digits(sentence(joined({"First day: ", "أول يوم: "}, "", note)), digits));
     if (sheet.month.may_differ())
         warnings.back() = joined(warnings.back(), "",
                                  {" Margin: " + margin_text(sheet.month) + ".",
@@ -62,23 +63,25 @@ TwinWords days_words(const MonthSheet& sheet) {
                : words;
 }
 
-std::vector<TwinWords> notes_of(const MonthSheet& sheet) {
+/// A source, of books in Latin letters, keeps its digits.
+std::vector<TwinWords> notes_of(const MonthSheet& sheet, PageDigits digits) {
     const std::string source = source_of(sheet.settings);
-    return {joined(joined(name_of(sheet.settings), ": ", sentence(sheet.settings.rule->told)), " ",
+    const TwinWords rule = joined(name_of(sheet.settings), ": ", sentence(sheet.settings.rule->told));
+    const TwinWords clock = joined({"Phases of the Moon by the clock of " + sheet.place.location.name + ": ",
+                                    "أطوار القمر بتوقيت " + sheet.place.location.name + ": "},
+                                   "", sentence(zone_words(sheet)));
+    return {joined(in_digits(rule, digits), " ",
                    {"Source: " + source + ".", "المصدر: " + left_to_right(source) + "."}),
-            days_words(sheet),
-            joined({"Phases of the Moon by the clock of " + sheet.place.location.name + ": ",
-                    "أطوار القمر بتوقيت " + sheet.place.location.name + ": "},
-                   "", sentence(zone_words(sheet)))};
+            in_digits(days_words(sheet), digits), in_digits(clock, digits)};
 }
 
 /// A page that is being painted, in page units.
 class Page {
 public:
-    Page(QPainter& painter, const QSizeF& size, const MonthSheet& sheet, PageLanguage language)
-        : painter_(painter), sheet_(sheet), language_(language), left_(page_margin),
+    Page(QPainter& painter, const QSizeF& size, const MonthSheet& sheet, const MonthPage& page)
+        : painter_(painter), sheet_(sheet), page_(page), left_(page_margin),
           right_(size.width() - page_margin), bottom_(size.height() - page_margin),
-          sides_(sides_of(language, left_, right_)) {}
+          sides_(sides_of(page.language, left_, right_)) {}
 
     void paint(int number, int pages) const {
         const double top = paint_star_rule(painter_, left_, right_, write_head());
@@ -88,10 +91,9 @@ public:
             notes_points(room - least_grid, [this](double size) { return write_notes(nullptr, 0, size); });
         const double notes = write_notes(nullptr, 0, points);
         const double end =
-            paint_month_grid(painter_, QRectF(left_, top, right_ - left_, room - notes), sheet_, language_);
+            paint_month_grid(painter_, QRectF(left_, top, right_ - left_, room - notes), sheet_, page_);
         write_notes(&painter_, end, points);
-        paint_foot(painter_, sides_, bottom_,
-                   [=](Language language) { return words_of_page(language, number, pages); });
+        paint_foot(painter_, sides_, bottom_, in_digits(words_of_page(number, pages), page_.digits));
     }
 
 private:
@@ -104,7 +106,9 @@ private:
 
     double write_head_of(const PageSide& side) const {
         const SideWriter writer(&painter_, side);
-        const auto in = [&side](const TwinWords& words) { return words.in(side.language); };
+        const auto in = [&](const TwinWords& words) {
+            return in_digits(words, page_.digits).in(side.language);
+        };
         const std::string title = in(month_words(sheet_.month.number));
         const PageFont large = fitting(title, page_font(26, true, PageColours::ink), side.language,
                                        side.width() - page_units, 15);
@@ -115,8 +119,9 @@ private:
         const std::string rule = in(name_of(sheet_.settings));
         top = sides_.size() == 1 ? writer.write_pair(span, rule, green, plain, top)
                                  : writer.write(rule, plain, writer.write(span, green, top));
-        for (const TwinWords& warning : warnings_of(sheet_))
-            top = writer.write(in(warning), page_font(9, true, PageColours::ink), top + 0.6 * page_units);
+        for (const TwinWords& warning : warnings_of(sheet_, page_.digits))
+            top = writer.write(warning.in(side.language), page_font(9, true, PageColours::ink),
+                               top + 0.6 * page_units);
         return top;
     }
 
@@ -126,7 +131,7 @@ private:
         for (const PageSide& side : sides_) {
             const SideWriter writer(painter, side);
             double y = top + 2 * page_units;
-            for (const TwinWords& note : notes_of(sheet_))
+            for (const TwinWords& note : notes_of(sheet_, page_.digits))
                 y = writer.write(note.in(side.language), page_font(points, false, PageColours::quiet), y);
             end = std::max(end, y);
         }
@@ -135,7 +140,7 @@ private:
 
     QPainter& painter_;
     const MonthSheet& sheet_;
-    PageLanguage language_;
+    MonthPage page_;
     double left_;
     double right_;
     double bottom_;
@@ -154,7 +159,7 @@ PaintedPages painted_pages(std::shared_ptr<const std::vector<MonthSheet>> sheets
                 painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
                 painter.translate(room.topLeft());
                 painter.scale(room.width() / size.width(), room.height() / size.height());
-                Page(painter, size, sheet, page.language).paint(number, count);
+                Page(painter, size, sheet, page).paint(number, count);
                 painter.restore();
             }};
 }

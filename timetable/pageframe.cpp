@@ -111,24 +111,27 @@ double paint_foot_rule(QPainter& painter, double left, double right, double bott
 }
 
 void paint_foot(QPainter& painter, const std::vector<PageSide>& sides, double bottom,
-                const std::function<std::string(Language)>& words) {
+                const TwinWords& words) {
     const PageFont font = page_font(7.5, false, PageColours::quiet);
     const double left = sides.front().left;
     const double right = sides.back().right;
     const double top = paint_foot_rule(painter, left, right, bottom);
     if (sides.size() == 1) {
         SideWriter(&painter, sides.front())
-            .write_pair(program_name, words(sides.front().language), font, font, top);
+            .write_pair(program_name, words.in(sides.front().language), font, font, top);
         return;
     }
     for (const PageSide& side : sides)
-        SideWriter(&painter, side).write(words(side.language), font, top);
+        SideWriter(&painter, side).write(words.in(side.language), font, top);
     const QPointF middle((left + right) / 2, top + baseline_below_top * em_of(font));
     PageText(program_name, font, Language::english).draw(painter, middle, LineAnchor::centre);
 }
 
-std::string words_of_page(Language language, int number, int pages) {
-    return QString::fromUtf8(page_of_pages.in(language)).arg(number).arg(pages).toStdString();
+TwinWords words_of_page(int number, int pages) {
+    const auto words = [=](const char* text) {
+        return QString::fromUtf8(text).arg(number).arg(pages).toStdString();
+    };
+    return {words(page_of_pages.english), words(page_of_pages.arabic)};
 }
 
 double notes_points(double room, const std::function<double(double points)>& height_of) {

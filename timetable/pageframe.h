@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/twintext.h"
 #include "timetable/pagetext.h"
 #include "timetable/profile.h"
 
@@ -87,11 +88,10 @@ double paint_foot_rule(QPainter& painter, double left, double right, double bott
 /// Paints the foot with its rule: the program's name, and the words of the page in each language.
 /// In     sides   of the page
 ///        bottom  of the page within its margins
-void paint_foot(QPainter& painter, const std::vector<PageSide>& sides, double bottom,
-                const std::function<std::string(Language)>& words);
+void paint_foot(QPainter& painter, const std::vector<PageSide>& sides, double bottom, const TwinWords& words);
 
 /// "Page 1 of 12"
-std::string words_of_page(Language language, int number, int pages);
+TwinWords words_of_page(int number, int pages);
 
 inline constexpr const char* program_name = "Halvane";
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "timetable/pagepainter.h"
 
+#include "timetable/pagedigits.h"
 #include "timetable/pageframe.h"
 #include "timetable/pagetable.h"
 #include "timetable/pagetext.h"
@@ -81,14 +82,7 @@ private:
     }
 
     void write_foot(int number, int pages) const {
-        paint_foot(painter_, sides_, bottom_,
-                   [=, this](Language language) { return page_words(language, number, pages); });
-    }
-
-    std::string page_words(Language language, int number, int pages) const {
-        const std::string words = words_of_page(language, number, pages);
-        const bool arabic = language == Language::arabic && settings_.digits == PageDigits::arabic;
-        return arabic ? arabic_digits(words) : words;
+        paint_foot(painter_, sides_, bottom_, in_digits(words_of_page(number, pages), settings_.digits));
     }
 
     QPainter& painter_;

@@ -2,6 +2,7 @@
 #include "timetable/pagetable.h"
 
 #include "timetable/cells.h"
+#include "timetable/pagedigits.h"
 
 #include <QPen>
 #include <QString>

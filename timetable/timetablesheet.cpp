@@ -4,11 +4,11 @@
 #include "base/numberformat.h"
 #include "calendar/modday.h"
 #include "timetable/cells.h"
+#include "timetable/pagedigits.h"
 #include "timetable/placewords.h"
 #include "timetable/sheetnotes.h"
 
 #include <algorithm>
-#include <array>
 #include <span>
 
 namespace halvane {
@@ -87,8 +87,7 @@ public:
         for (const TimetableRow& row : rows_)
             sheet.rows.push_back(row_of(row));
         sheet.notes = notes_of(timetable_, page_, rows_);
-        if (page_.digits == PageDigits::arabic)
-            take_digits(sheet);
+        take_digits(sheet);
         return sheet;
     }
 
@@ -164,15 +163,16 @@ private:
         return is_iqamah(column) ? TwinWords() : TwinWords(word_of(time.missing));
     }
 
-    static void take_digits(TimetableSheet& sheet) {
+    void take_digits(TimetableSheet& sheet) const {
+        const auto take = [this](TwinWords& words) { words = in_digits(words, page_.digits); };
         for (TwinWords* words :
              {&sheet.title, &sheet.month, &sheet.hijri_months, &sheet.coordinates, &sheet.zone, &sheet.rules})
-            words->arabic = arabic_digits(words->arabic);
+            take(*words);
         for (SheetRow& row : sheet.rows)
             for (SheetCell& cell : row.cells)
-                cell.text.arabic = arabic_digits(cell.text.arabic);
+                take(cell.text);
         for (TwinWords& note : sheet.notes)
-            note.arabic = arabic_digits(note.arabic);
+            take(note);
     }
 
     const Timetable& timetable_;
@@ -182,17 +182,6 @@ private:
 };
 
 } // namespace
-
-std::string arabic_digits(const std::string& text) {
-    constexpr std::array<const char*, 10> digits{"٠", "١", "٢", "٣", "٤", "٥", "٦", "٧", "٨", "٩"};
-    std::string result;
-    for (const char c : text)
-        if (c >= '0' && c <= '9')
-            result += digits.at(static_cast<std::size_t>(c - '0'));
-        else
-            result += c;
-    return result;
-}
 
 std::vector<TimetableSheet> sheets_of(const Timetable& timetable, const PageSettings& page) {
     const bool by_hijri = is_hijri(timetable.settings.span.kind);

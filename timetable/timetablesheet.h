@@ -28,9 +28,6 @@ struct SheetRow {
     bool clock_changes = false;
 };
 
-/// A text with Arabic-Indic digits in the place of 0 to 9.
-std::string arabic_digits(const std::string& text);
-
 /// What stands behind a time that a rule has made.
 inline constexpr const char* rule_mark = "*";
 

@@ -350,7 +350,7 @@ private:
         const PageFont font = page_font(7.5, false, PageColours::quiet);
         const double top = paint_foot_rule(painter, whole_.left, whole_.right, size_.height() - page_margin);
         SideWriter(&painter, whole_)
-            .write_pair(program_name, words_of_page(language_, number, pages()), font, font, top);
+            .write_pair(program_name, words_of_page(number, pages()).in(language_), font, font, top);
     }
 
     static constexpr double rule_height = 5 * page_units;

@@ -56,6 +56,7 @@ REFUSALS = [
     ([*YEAR, "--format", "pdf", "--compare", "tabular"], "--compare has no page"),
     ([*YEAR, "--language", "both"], "of pdf"),
     ([*YEAR, "--paper", "A4"], "of pdf"),
+    ([*YEAR, "--digits", "arabic"], "of pdf"),
     ([*YEAR, "--rule", "seen-at"], "needs --place"),
     ([*YEAR, "--rule", "seen-here", "--place", "Osl"], 'the nearest is "Oslo"'),
     ([*YEAR, "--rule", "seen-here", "--latitude", "50"], "belong together"),
@@ -290,15 +291,17 @@ def check_month(program, starts):
     return rows
 
 
-def check_page(program, scratch, language, paper, rows):
-    path = scratch / f"month-{language}-{paper}.pdf"
-    printed = program.made(*RAMADAN, "--format", "pdf", "--language", language, "--paper", paper, "--output", path)
+def check_page(program, scratch, language, paper, digits, rows):
+    path = scratch / f"month-{language}-{paper}-{digits}.pdf"
+    printed = program.made(*RAMADAN, "--format", "pdf", "--language", language, "--paper", paper, "--digits", digits,
+                           "--output", path)
     expect(printed == f"{path}\n", f"{path.name}: its path {printed}")
     expect(re.search(rb"Pages: +1\n", told("pdfinfo", path)), f"{path.name}: one page")
     check_margins(path)
     check_fonts(path)
     [words] = words_of(path)
-    numbers = sorted(int(text) for text, _, _ in words if re.fullmatch(r"\d{1,2}", text))
+    digit = "[0-9]" if digits == "western" or language == "en" else "[٠-٩]"
+    numbers = sorted(int(text) for text, _, _ in words if re.fullmatch(digit + "{1,2}", text))
     for number in range(1, 31):
         expect(numbers.count(number) >= 1, f"{path.name}: no {number}")
     for row in rows:
@@ -398,7 +401,8 @@ def check_all(source, program, scratch):
     days = check_month(program, starts)
     for language in ("en", "ar", "both"):
         for paper in ("A4", "Letter"):
-            check_page(program, scratch, language, paper, days)
+            for digits in ("western", "arabic"):
+                check_page(program, scratch, language, paper, digits, days)
     check_year_of_pages(program, scratch)
     check_rules(program)
     check_default_files(program)

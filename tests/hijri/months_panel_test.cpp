@@ -388,15 +388,21 @@ TEST_F(MonthsPanelTest, ShowsThePageOfAMonthAndGoesOn) {
     EXPECT_EQ(form.sheet()->month.number, HijriMonthNumber::of(1447, 1));
 }
 
-TEST_F(MonthsPanelTest, ThePageHasTheChosenLanguageAndPaper) {
+TEST_F(MonthsPanelTest, ThePageHasTheChosenLanguageDigitsAndPaper) {
     frmmonths form;
     show_tab(form, month_tab);
     settle(form);
     PaperView& preview = control<PaperView>(form, "preview");
+    auto& digits = control<QComboBox>(form, "cbodigits");
     const int a4 = preview.heightForWidth(1000);
     const QImage english = preview.grab().toImage();
+    EXPECT_FALSE(digits.isEnabled()) << "English has no others";
     control<QComboBox>(form, "cbolanguage").setCurrentIndex(1);
-    EXPECT_NE(preview.grab().toImage(), english);
+    const QImage arabic = preview.grab().toImage();
+    EXPECT_NE(arabic, english);
+    ASSERT_TRUE(digits.isEnabled());
+    digits.setCurrentIndex(1);
+    EXPECT_NE(preview.grab().toImage(), arabic);
     choose(form, "cbopaper", "Letter");
     EXPECT_LT(preview.heightForWidth(1000), a4);
 }

@@ -52,6 +52,9 @@ def words_of(path):
             for page in pages]
 
 
+ARABIC_DIGITS = str.maketrans("٠١٢٣٤٥٦٧٨٩", "0123456789")
+
+
 def check_margins(path):
     picture = told("pdftoppm", "-r", "200", "-gray", "-f", "1", "-l", "1", path)
     _, size, _, dots = picture.split(b"\n", 3)

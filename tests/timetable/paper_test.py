@@ -16,7 +16,7 @@ import sys
 import tempfile
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "support"))
-from taskfiles import SKIPPED, Difference, Task, check_fonts, check_margins, expect, told, words_of  # noqa: E402
+from taskfiles import ARABIC_DIGITS, SKIPPED, Difference, Task, check_fonts, check_margins, expect, told, words_of  # noqa: E402
 
 ROW = 3  # points that words of one row differ in, at most
 MANY = "date,weekday,hijri,imsak,fajer,fajer_iqamah,shuroq,dhohur,dhohur_iqamah,aser_standard,aser_hanafi,maghreb,isha,midnight"
@@ -32,9 +32,10 @@ class Timetables(Task):
         return path
 
 
-def check_rows(path, rows, language):
+def check_rows(path, rows, language, digits="western"):
     """The clocks of each day stand side by side; those of the next one below them."""
-    clock = re.compile(r"\d\d:\d\d")
+    digit = "[0-9]" if digits == "western" or language == "en" else "[٠-٩]"
+    clock = re.compile(f"{digit}{digit}:{digit}{digit}")
     lines = []
     for text, left, middle in sorted((word for page in words_of(path) for word in page if clock.match(word[0])),
                                      key=lambda word: word[2]):
@@ -44,10 +45,10 @@ def check_rows(path, rows, language):
             lines.append([(text, left, middle)])
     expect(len(lines) == len(rows), f"{path.name}: {len(lines)} rows of times, {len(rows)} days")
     for line, row in zip(lines, rows):
-        shown = [clock.match(text)[0] for text, _, _ in sorted(line, key=lambda word: word[1])]
+        shown = [clock.match(text)[0].translate(ARABIC_DIGITS) for text, _, _ in sorted(line, key=lambda word: word[1])]
         if language == "ar":
             shown.reverse()
-        times = [value for value in row.values() if clock.fullmatch(value)]
+        times = [value for value in row.values() if re.fullmatch(r"\d\d:\d\d", value)]
         expect(shown == times, f"{path.name}, {row['date']}: {shown} where the rows have {times}")
 
 
@@ -62,6 +63,15 @@ def check_month(programs, language, paper, columns):
     for words in {"en": ["Prayer times, February 2026"], "ar": ["مواقيت الصلاة"],
                   "both": ["Prayer times, February 2026", "مواقيت الصلاة"]}[language]:
         expect(words in text, f"{path.name}: no {words}")
+
+
+def check_digits(programs):
+    """Arabic-Indic digits are those of a page with Arabic on it."""
+    for language in ("en", "ar", "both"):
+        options = ["--month", "2026-02", "--place", "Amman", "--language", language, "--digits", "arabic"]
+        path = programs.pdf(f"digits-{language}", *options)
+        rows = list(csv.DictReader(io.StringIO(programs.made(*options, "--output", "-").decode())))
+        check_rows(path, rows, language, "arabic")
 
 
 def check_year(programs):
@@ -139,6 +149,7 @@ def main(source, report):
                 for paper in ("A4", "Letter"):
                     for columns in ("date,weekday,hijri,fajer,shuroq,dhohur,aser,maghreb,isha", MANY):
                         check_month(programs, language, paper, columns)
+            check_digits(programs)
             check_year(programs)
             check_places(programs)
             check_light(report)

@@ -2,6 +2,7 @@
 // The PDF files of pages, read by Poppler's programs.
 #include "tests/support/programfolder.h"
 #include "tests/timetable/writtensheet.h"
+#include "timetable/pagedigits.h"
 #include "timetable/pagetext.h"
 #include "timetable/readablepdf.h"
 #include "timetable/timetablepdf.h"
@@ -52,7 +53,7 @@ protected:
         QProcess process;
         process.start(QStringLiteral("pdftoppm"), {QString::fromStdString(path)});
         EXPECT_TRUE(process.waitForFinished());
-        const QByteArray picture = process.readAllStandardOutput();
+        QByteArray picture = process.readAllStandardOutput();
         EXPECT_TRUE(picture.startsWith("P6")) << process.readAllStandardError().toStdString();
         return picture;
     }

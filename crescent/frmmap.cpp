@@ -10,6 +10,7 @@
 #include "panel/messages.h"
 #include "panel/namelabel.h"
 #include "panel/panelstyle.h"
+#include "panel/statewords.h"
 #include "routines/crescentday.h"
 #include "routines/seriesloader.h"
 #include "stored/programfiles.h"
@@ -49,7 +50,6 @@ constexpr TwinText other_choice{"The drawing is of another day or criterion than
                                 "هذا الرسم ليوم آخر أو لمعيار آخر غير المختار: ارسم من جديد."};
 constexpr TwinText not_drawn{"Not drawn here", "لم يرسم هنا"};
 constexpr TwinText replace_question{"%1 is there already. Replace it?", "الملف %1 موجود. هل تريد استبداله؟"};
-constexpr TwinText saved{"Saved: %1", "تم الحفظ: %1"};
 constexpr TwinText not_saved{"Not saved: %1", "لم يتم الحفظ: %1"};
 constexpr TwinText refused{"Not saved: %1 is a file of the program. Choose another name.",
                            "لم يتم الحفظ: %1 من ملفات البرنامج. اختر اسما آخر."};
@@ -301,7 +301,7 @@ void frmmap::save_picture(const QString& name) {
     content.language = language_;
     GIF gif;
     if (gif.SaveGIF(indexed_picture(map_sheet(ui_->pic->map(), content)), path_of(name.toStdString())))
-        show_save(saved, name);
+        show_save(saved_words, name);
     else
         show_save(not_saved, {}, gif.failure().value().parts());
 }

@@ -19,12 +19,12 @@
 #include "panel/panelstyle.h"
 #include "panel/panelsupport.h"
 #include "panel/placenames.h"
+#include "panel/statewords.h"
 #include "routines/seriesloader.h"
 #include "stored/loclist.h"
 #include "stored/outputfile.h"
 #include "ui_frmfinemap.h"
 
-#include <QFileInfo>
 #include <QPointer>
 #include <QScopedValueRollback>
 #include <QScreen>
@@ -79,14 +79,11 @@ constexpr TwinText no_place_words{"Click a place of the map, or press Space for 
                                   "انقر مكانا على الخريطة، أو اضغط مفتاح المسافة للمكان تحت التقاطع."};
 constexpr TwinText making_words{"Being made: %1 %", "جار الحساب: %1 %"};
 constexpr TwinText stopped_words{"Stopped. What is shown is a sketch.", "أوقف. المعروض رسم تقريبي."};
-constexpr TwinText stopped_early_words{"Stopped. Nothing is shown.", "أوقف. لا يعرض شيء."};
 constexpr TwinText unknown_place{"There is no such place in the list.", "لا يوجد مكان كهذا في القائمة."};
 constexpr TwinText end_of_years{"The theories end there.", "هنا تنتهي النظريات."};
 constexpr TwinText save_title{"Save the Map", "حفظ الخريطة"};
 constexpr TwinText saving_words{"The map is being written", "جار كتابة الخريطة"};
-constexpr TwinText saved{"Saved: %1", "تم الحفظ: %1"};
 constexpr TwinText not_saved{"Not saved: given up.", "لم يتم الحفظ: ألغي."};
-constexpr TwinText error_title{"File Error", "خطأ"};
 constexpr TwinText mine_title{"Place of Observation", "موقع الرصد"};
 constexpr TwinText mine_question{"Shall %1 be your place of observation (UT %2 h, at sea level)?",
                                  "هل تجعل %1 موقع رصدك (فرق التوقيت %2 ساعة، عند مستوى البحر)؟"};
@@ -205,7 +202,7 @@ void frmfinemap::fill_criteria() {
     ui_->cbocriterion->clear();
     for (const CataloguedCriterion* criterion : mapped_criteria(kind()))
         ui_->cbocriterion->addItem(text_of(criterion->name, language_), QString::fromLatin1(criterion->key));
-    ui_->cbocriterion->setCurrentIndex(std::max(0, ui_->cbocriterion->findData(chosen)));
+    choose_data(*ui_->cbocriterion, chosen);
 }
 
 void frmfinemap::set_sizes() {
@@ -431,7 +428,7 @@ void frmfinemap::cmdstop_click() {
     ui_->cmdstop->setEnabled(false);
     if (!is_of_choices_)
         show_nothing();
-    show_state(text_of(is_of_choices_ ? stopped_words : stopped_early_words, language_));
+    show_state(text_of(is_of_choices_ ? stopped_words : stopped_empty_words, language_));
 }
 
 void frmfinemap::done(int result) {
@@ -534,12 +531,7 @@ void frmfinemap::cmdsave_click() {
         choose_save_file(this, text_of(save_title, language_), proposed, save_kinds(language_));
     if (self == nullptr || name.isEmpty() || map_ == nullptr)
         return;
-    try {
-        save(name);
-    } catch (const RunTimeFailure& failure) {
-        if (self != nullptr)
-            warn(this, text_of(error_title, language_), isolated(words_of(failure, language_)), language_);
-    }
+    warning_of_failure(*this, language_, [this, &name] { save(name); });
 }
 
 void frmfinemap::save(const QString& name) {
@@ -560,8 +552,7 @@ void frmfinemap::save(const QString& name) {
     if (bytes)
         save_result(name.toStdString(), *bytes);
     if (self != nullptr)
-        show_state(bytes ? text_of(saved, language_).arg(isolated(QFileInfo(name).fileName()))
-                         : text_of(not_saved, language_));
+        show_state(bytes ? saved_text(name, language_) : text_of(not_saved, language_));
 }
 
 } // namespace halvane

@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "hijri/frmmonths.h"
 
-#include "base/failure.h"
 #include "calendar/hijriconversion.h"
 #include "calendar/locationclock.h"
+#include "hijri/announcedtab.h"
 #include "hijri/hijritexts.h"
 #include "hijri/monthpainter.h"
 #include "hijri/monthpaper.h"
+#include "hijri/monthscaptions.h"
 #include "hijri/monthsrules.h"
-#include "hijri/seenbefore.h"
+#include "hijri/rulechoices.h"
 #include "panel/choicelists.h"
 #include "panel/formpage.h"
 #include "panel/messages.h"
@@ -17,20 +18,16 @@
 #include "panel/numberlists.h"
 #include "panel/panelstyle.h"
 #include "panel/panelsupport.h"
-#include "panel/placenames.h"
-#include "panel/printerchoice.h"
+#include "panel/statewords.h"
 #include "routines/machineclock.h"
 #include "routines/seriesloader.h"
-#include "stored/loclist.h"
 #include "stored/outputfile.h"
 #include "timetable/pageprinter.h"
 #include "timetable/placewords.h"
 #include "timetable/timetableplaces.h"
 #include "ui_frmmonths.h"
 
-#include <QFileInfo>
 #include <QPointer>
-#include <QPrinter>
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QTimer>
@@ -40,89 +37,12 @@ namespace halvane {
 
 namespace {
 
-constexpr ControlText twins[] = {
-    {"frmmonths", "Hijri Months", "الأشهر الهجرية"},
-    {"frayear", "Hijri year", "السنة الهجرية"},
-    {"cmdyearbefore", "Year &before", "السنة ال&سابقة"},
-    {"cmdyearafter", "Year &after", "السنة ال&تالية"},
-    {"frarule", "Rule", "القاعدة"},
-    {"fraplace", "Place", "الموقع"},
-    {"optlisted", "A place of the l&ist:", "موقع من ال&قائمة:"},
-    {"fracriterion", "Crescent", "الهلال"},
-    {"lblclass", "Counts as seen from:", "يعد مرئيا من:"},
-    {"fraregion", "Where it is seen", "أين يرى"},
-    {"optworld", "The &world, 60° N to 60° S", "&العالم، من 60° شمالا إلى 60° جنوبا"},
-    {"optpart", "A part of the world [°]:", "جزء من العالم [°]:"},
-    {"lblwest", "West:", "الغرب:"},
-    {"lbleast", "East:", "الشرق:"},
-    {"lblsouth", "South:", "الجنوب:"},
-    {"lblnorth", "North:", "الشمال:"},
-    {"lblbefore", "When it is seen:", "متى يرى:"},
-    {"fraannounced", "Announced months", "الأشهر المعلنة"},
-    {"chkannounced", "Announced months ta&ke its place", "تقدم الأش&هر المعلنة عليها"},
-    {"chkwhole", "Re&fuse a list with a fault", "ترفض القائمة إذا كان &فيها خطأ"},
-    {"cmdeditlist", "&Edit List...", "ت&عديل القائمة..."},
-    {"fracompare", "Compare with", "المقارنة مع"},
-    {"cmdprevious", "Pre&vious month", "الشهر السا&بق"},
-    {"cmdnext", "Ne&xt month", "الشهر التا&لي"},
-    {"fratohijri", "From civil to Hijri", "من ميلادي إلى هجري"},
-    {"fratocivil", "From Hijri to civil", "من هجري إلى ميلادي"},
-    {"cmdadd", "A&dd", "إ&ضافة"},
-    {"cmdremove", "Re&move", "إ&زالة"},
-    {"cmdsavelist", "Save &List", "حفظ القائم&ة"},
-    {"cmdrevert", "Re&vert", "ت&راجع"},
-    {"cmduse", "&Use This Rule", "استعمال هذه القاع&دة"},
-    {"cmdtabular", "Back to &Tabular", "العودة إلى ال&جدولي"},
-    {"cmdstop", "Sto&p", "إ&يقاف"},
-    {"cmdsave", "&Save As...", "&حفظ باسم..."},
-    {"cmdprint", "P&rint...", "&طباعة..."},
-    {"cmdclose", "&Close", "إ&غلاق"},
-    {"txtyear@spoken", "Hijri year", "السنة الهجرية"},
-    {"cborule@spoken", "Rule", "القاعدة"},
-    {"cboplace@spoken", "Place of the list", "موقع من القائمة"},
-    {"cbocriterion@spoken", "Criterion", "المعيار"},
-    {"cbocompare@spoken", "Compare with", "المقارنة مع"},
-    {"cbomonth@spoken", "Month", "الشهر"},
-    {"cbolanguage@spoken", "Language of the page", "لغة الصفحة"},
-    {"cbodigits@spoken", "Digits", "الأرقام"},
-    {"cbopaper@spoken", "Paper", "الورق"},
-    {"areapreview@spoken", "The page", "الصفحة"},
-    {"tblyear@spoken", "Months of the year", "أشهر السنة"},
-    {"tblannounced@spoken", "Announced months", "الأشهر المعلنة"},
-    {"cbocivilday@spoken", "Civil day", "اليوم الميلادي"},
-    {"cbocivilmonth@spoken", "Civil month", "الشهر الميلادي"},
-    {"txtcivilyear@spoken", "Civil year", "السنة الميلادية"},
-    {"cbohijriday@spoken", "Hijri day", "اليوم الهجري"},
-    {"cbohijrimonth@spoken", "Hijri month", "الشهر الهجري"},
-    {"txthijriyear@spoken", "Hijri year", "السنة الهجرية"},
-    {"cmduse@tip", "For the tool tip of the main panel's date and for timetables",
-     "لتلميح التاريخ في اللوحة الرئيسة و للتقاويم"},
-    {"cmdprint@tip", "Prints the month's page", "يطبع صفحة الشهر"},
-};
-
 constexpr TwinText tabs[] = {
     {"&Year", "السن&ة"}, {"Mont&h", "ال&شهر"}, {"Co&nvert", "التح&ويل"}, {"Announced", "ال&معلنة"}};
 
-constexpr TwinText stored_place_words{"The st&ored location: %1", "الموقع المحفو&ظ: %1"};
-constexpr TwinText no_rule{"No other rule", "بلا مقارنة"};
 constexpr TwinText both_languages{"Both", "كلتاهما"};
-constexpr TwinText calculating{"Calculating: %1 %", "جار الحساب: %1 %"};
-constexpr TwinText stopped_words{"Stopped. Nothing is shown.", "أوقف. لا يعرض شيء."};
-constexpr TwinText nothing_shown{"Nothing is shown. %1", "لا يعرض شيء. %1"};
 constexpr TwinText used_words{"Used: %1", "المستعملة: %1"};
-constexpr TwinText faults_words{"Lines of the list with a fault, which are left out: %1",
-                                "أسطر القائمة التي فيها خطأ و لا تستعمل: %1"};
-constexpr TwinText saved{"Saved: %1", "تم الحفظ: %1"};
 constexpr TwinText save_title{"Save Hijri Months", "حفظ الأشهر الهجرية"};
-constexpr TwinText error_title{"File Error", "خطأ"};
-constexpr TwinText list_title{"Announced Months", "الأشهر المعلنة"};
-constexpr TwinText unsaved_question{
-    "The announced months have edits that are not saved. Close and lose them?",
-    "في الأشهر المعلنة تعديلات غير محفوظة. هل تريد الإغلاق و فقدها؟"};
-constexpr TwinText revert_question{"Are you sure you want to take back all edits that are not saved?",
-                                   "هل أنت متأكد من التراجع عن كل التعديلات غير المحفوظة؟"};
-constexpr TwinText changed_question{"Another program has changed the list since it was read. Replace it?",
-                                    "عدل برنامج آخر القائمة منذ قراءتها. هل تريد استبدالها؟"};
 
 struct KindWords {
     HijriFormat format;
@@ -139,7 +59,6 @@ constexpr KindWords kinds[] = {
 constexpr PageLanguage page_languages[] = {PageLanguage::english, PageLanguage::arabic, PageLanguage::both};
 
 constexpr const char* longest_year = "-88888";
-constexpr const char* longest_angle = "-888.8";
 constexpr int pause_after_change = 200; // [ms]
 constexpr int months_of_a_year = 12;
 
@@ -164,15 +83,6 @@ void fill_months(QComboBox& list, ConversionDirection direction, Language langua
         list.addItem(QString::fromStdString(name));
 }
 
-/// The open list is as wide as its entries, whatever the width of its box.
-void open_wide(QComboBox& list) {
-    list.view()->setMinimumWidth(list.view()->sizeHintForColumn(0));
-}
-
-void choose_data(QComboBox& list, const QVariant& data) {
-    list.setCurrentIndex(std::max(0, list.findData(data)));
-}
-
 /// A converted date with its weekday, and what is told of its month.
 QString day_words(const HijriDay& day, bool as_hijri, Language language) {
     const std::string date = as_hijri ? long_hijri_date(day, language) : long_date(day.day_number, language);
@@ -182,36 +92,31 @@ QString day_words(const HijriDay& day, bool as_hijri, Language language) {
 
 } // namespace
 
-std::span<const ControlText> frmmonths_twins() {
-    return twins;
-}
-
 frmmonths::frmmonths(QWidget* owner)
-    : QDialog(owner), ui_(std::make_unique<Ui::frmmonths>()), language_(stored_language()), limits_(*this),
+    : QDialog(owner), ui_(std::make_unique<Ui::frmmonths>()), language_(stored_language()),
       year_job_(new ResultJob<HijriYears>(this)), sheet_job_(new ResultJob<MonthSheet>(this)),
       convert_job_(new ResultJob<Converted>(this)), pause_(new QTimer(this)) {
     ui_->setupUi(this);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     pause_->setSingleShot(true);
     pause_->setInterval(pause_after_change);
-    apply_language(*this, twins, language_);
+    apply_language(*this, frmmonths_twins(), language_);
     for (int tab = 0; tab < ui_->tabpages->count(); ++tab)
         ui_->tabpages->setTabText(tab, text_of(tabs[tab], language_));
-    {
-        const QScopedValueRollback quiet(showing_, true);
-        fill_lists();
-        set_sizes(); // while all that a rule may ask for is there
-        show_today();
-        std::optional<HijriChoice> kept;
-        telling_failures([&kept] { kept = kept_hijri_rule(); });
-        show_choice(kept.value_or(HijriChoice{}));
-    }
+    choices_ = std::make_unique<RuleChoices>(*this, *ui_, language_);
+    list_ = std::make_unique<AnnouncedTab>(*this, *ui_, language_);
+    fill_lists();
+    set_sizes(); // while all that a rule may ask for is there
+    show_today();
+    std::optional<HijriChoice> kept;
+    warning_of_failure(*this, language_, [&kept] { kept = kept_hijri_rule(); });
+    choices_->show(kept.value_or(HijriChoice{}));
     select_whole_text_on_focus(*this);
     connect_controls();
     fit_form(*this, Qt::Horizontal | Qt::Vertical);
     constexpr double of_the_screen = 0.85;
     resize((screen()->availableSize() * of_the_screen).expandedTo(size()));
-    telling_failures([this] { read_list(); });
+    list_->read();
     show_used();
     calculate();
 }
@@ -221,19 +126,6 @@ frmmonths::~frmmonths() = default;
 // --- Lists and sizes ---
 
 void frmmonths::fill_lists() {
-    ui_->cbocompare->addItem(text_of(no_rule, language_), QString());
-    for (QComboBox* list : {ui_->cborule, ui_->cbocompare})
-        for (const HijriRule& rule : hijri_rules())
-            list->addItem(text_of(rule.name, language_), QString::fromLatin1(rule.key));
-    const QString stored =
-        shortened(QString::fromStdString(read_loc().name)).replace(u'&', QStringLiteral("&&"));
-    ui_->optstored->setText(text_of(stored_place_words, language_).arg(isolated(stored)));
-    ui_->cboplace->addItems(sorted_place_names(readable_location_list()));
-    filter_while_typing(*ui_->cboplace);
-    for (const CataloguedCriterion& criterion : catalogued_criteria())
-        ui_->cbocriterion->addItem(text_of(criterion.name, language_), QString::fromLatin1(criterion.key));
-    for (const SeenBefore before : seen_befores())
-        ui_->cbobefore->addItem(text_of(words_of(before), language_), static_cast<int>(before));
     fill_months(*ui_->cbomonth, ConversionDirection::hijri_to_civil, language_);
     fill_months(*ui_->cbohijrimonth, ConversionDirection::hijri_to_civil, language_);
     fill_months(*ui_->cbocivilmonth, ConversionDirection::civil_to_hijri, language_);
@@ -248,30 +140,11 @@ void frmmonths::fill_lists() {
     ui_->cbopaper->addItems({QStringLiteral("A4"), QStringLiteral("Letter")});
 }
 
-/// The classes of the chosen criterion; what the eye sees is proposed.
-void frmmonths::fill_classes() {
-    const QScopedValueRollback quiet(showing_, true);
-    const CataloguedCriterion& criterion = shown_criterion();
-    ui_->cboclass->clear();
-    for (const TwinText& name : classes_to_see(criterion))
-        ui_->cboclass->addItem(text_of(name, language_));
-    ui_->cboclass->setCurrentIndex(static_cast<int>(criterion.by_eye) - 1);
-    open_wide(*ui_->cboclass);
-}
-
 void frmmonths::set_sizes() {
     constexpr int least_lines = 12;
     set_spacing(*this);
-    limits_.shape(language_);
     for (QLineEdit* year : {ui_->txtyear, ui_->txtcivilyear, ui_->txthijriyear})
         shape_number_box(*year, longest_year);
-    for (QLineEdit* angle : {ui_->txtwest, ui_->txteast, ui_->txtsouth, ui_->txtnorth})
-        shape_number_box(*angle, longest_angle);
-    for (QComboBox* list :
-         {ui_->cborule, ui_->cboplace, ui_->cbocriterion, ui_->cboclass, ui_->cbobefore, ui_->cbocompare})
-        limit_width(*list);
-    for (QComboBox* list : {ui_->cborule, ui_->cbocriterion, ui_->cbobefore, ui_->cbocompare})
-        open_wide(*list);
     make_bold(*ui_->lblwrong);
     const int line = fontMetrics().lineSpacing();
     for (QWidget* area : std::initializer_list<QWidget*>{ui_->tblyear, ui_->tblannounced, ui_->areapreview})
@@ -288,10 +161,10 @@ void frmmonths::set_sizes() {
 void frmmonths::connect_controls() {
     connect(pause_, &QTimer::timeout, this, &frmmonths::calculate);
     connect(year_job_, &BesideJob::advanced, this,
-            [this](int percent) { show_state(text_of(calculating, language_).arg(percent)); });
+            [this](int percent) { show_state(text_of(calculating_words, language_).arg(percent)); });
     connect(year_job_, &BesideJob::ended, this, &frmmonths::show_year);
     connect(sheet_job_, &BesideJob::advanced, this,
-            [this](int percent) { show_state(text_of(calculating, language_).arg(percent)); });
+            [this](int percent) { show_state(text_of(calculating_words, language_).arg(percent)); });
     connect(sheet_job_, &BesideJob::ended, this, &frmmonths::show_sheet);
     connect(convert_job_, &BesideJob::ended, this, &frmmonths::show_converted);
     connect(ui_->tabpages, &QTabWidget::currentChanged, this, &frmmonths::make_shown_tab);
@@ -299,7 +172,10 @@ void frmmonths::connect_controls() {
         ui_->cbomonth->setCurrentIndex(row);
         ui_->tabpages->setCurrentWidget(ui_->tabmonth);
     });
-    connect(ui_->tblannounced, &AnnouncedTable::edited, this, &frmmonths::show_list_buttons);
+    connect(list_.get(), &AnnouncedTab::saved, this, [this] {
+        if (ui_->chkannounced->isChecked())
+            calculate();
+    });
     keep_focus_in_sight(*ui_->areachoices);
     connect_choices();
     connect_buttons();
@@ -307,21 +183,7 @@ void frmmonths::connect_controls() {
 
 void frmmonths::connect_choices() {
     connect(ui_->txtyear, &QLineEdit::textChanged, this, &frmmonths::change);
-    for (QComboBox* list : {ui_->cborule, ui_->cbocompare, ui_->cbobefore})
-        connect(list, &QComboBox::currentIndexChanged, this, &frmmonths::change_rule);
-    connect(ui_->cbocriterion, &QComboBox::currentIndexChanged, this, [this] {
-        fill_classes();
-        change_rule();
-    });
-    for (QLineEdit* limit : limits_.boxes())
-        connect(limit, &QLineEdit::textChanged, this, &frmmonths::change);
-    connect(ui_->cboclass, &QComboBox::currentIndexChanged, this, &frmmonths::change);
-    connect(ui_->cboplace, &QComboBox::currentTextChanged, this, &frmmonths::change);
-    for (QAbstractButton* option : std::initializer_list<QAbstractButton*>{ui_->optlisted, ui_->optpart,
-                                                                           ui_->chkannounced, ui_->chkwhole})
-        connect(option, &QAbstractButton::toggled, this, &frmmonths::change_rule);
-    for (QLineEdit* side : {ui_->txtwest, ui_->txteast, ui_->txtsouth, ui_->txtnorth})
-        connect(side, &QLineEdit::textChanged, this, &frmmonths::change);
+    connect(choices_.get(), &RuleChoices::changed, this, &frmmonths::change);
     connect(ui_->cbomonth, &QComboBox::currentIndexChanged, this, &frmmonths::make_sheet);
     for (QComboBox* list : {ui_->cbolanguage, ui_->cbodigits, ui_->cbopaper})
         connect(list, &QComboBox::currentIndexChanged, this, &frmmonths::show_sheet);
@@ -339,9 +201,6 @@ void frmmonths::connect_buttons() {
     connect(ui_->cmdeditlist, &QPushButton::clicked, this,
             [this] { ui_->tabpages->setCurrentWidget(ui_->tabannounced); });
     connect(ui_->cmdadd, &QPushButton::clicked, this, [this] { ui_->tblannounced->add(shown_month()); });
-    connect(ui_->cmdremove, &QPushButton::clicked, ui_->tblannounced, &AnnouncedTable::remove_current);
-    connect(ui_->cmdsavelist, &QPushButton::clicked, this, &frmmonths::cmdsavelist_click);
-    connect(ui_->cmdrevert, &QPushButton::clicked, this, &frmmonths::cmdrevert_click);
     connect(ui_->cmduse, &QPushButton::clicked, this, &frmmonths::cmduse_click);
     connect(ui_->cmdtabular, &QPushButton::clicked, this, &frmmonths::cmdtabular_click);
     connect(ui_->cmdstop, &QPushButton::clicked, this, &frmmonths::cmdstop_click);
@@ -363,79 +222,6 @@ void frmmonths::show_today() {
     ui_->cbocivilday->setCurrentIndex(today.day - 1);
     ui_->cbocivilmonth->setCurrentIndex(today.month - 1);
     ui_->txtcivilyear->setText(QString::number(today.year));
-}
-
-void frmmonths::show_choice(const HijriChoice& choice) {
-    choose_data(*ui_->cborule, QString::fromStdString(choice.rule));
-    (choice.place ? ui_->optlisted : ui_->optstored)->setChecked(true);
-    if (choice.place)
-        ui_->cboplace->setEditText(QString::fromStdString(*choice.place));
-    choose_data(*ui_->cbocriterion, QString::fromStdString(choice.criterion));
-    limits_.show(choice.limits);
-    fill_classes();
-    if (choice.seen_class)
-        ui_->cboclass->setCurrentIndex(static_cast<int>(*choice.seen_class) - 1);
-    (choice.region == HijriChoice{}.region ? ui_->optworld : ui_->optpart)->setChecked(true);
-    for (const auto& [box, angle] : {std::pair{ui_->txtwest, choice.region.west},
-                                     {ui_->txteast, choice.region.east},
-                                     {ui_->txtsouth, choice.region.south},
-                                     {ui_->txtnorth, choice.region.north}})
-        box->setText(QString::number(angle));
-    choose_data(*ui_->cbobefore, static_cast<int>(choice.before));
-    ui_->chkannounced->setChecked(choice.announced != AnnouncedUse::none);
-    ui_->chkwhole->setChecked(choice.announced == AnnouncedUse::whole);
-    show_asked();
-}
-
-const HijriRule& frmmonths::shown_rule() const {
-    return *hijri_rule(ui_->cborule->currentData().toString().toStdString());
-}
-
-const CataloguedCriterion& frmmonths::shown_criterion() const {
-    return *catalogued_criterion(ui_->cbocriterion->currentData().toString().toStdString());
-}
-
-const HijriRule* frmmonths::compared_rule() const {
-    return hijri_rule(ui_->cbocompare->currentData().toString().toStdString());
-}
-
-SeenBefore frmmonths::shown_before() const {
-    return static_cast<SeenBefore>(ui_->cbobefore->currentData().toInt());
-}
-
-/// What the chosen rules ask for is shown, nothing else.
-void frmmonths::show_asked() {
-    const AskedParts asked = asked_of(shown_rule(), compared_rule(), shown_before());
-    ui_->fraplace->setVisible(asked.place);
-    ui_->optstored->setVisible(!asked.is_listed);
-    if (asked.is_listed)
-        ui_->optlisted->setChecked(true);
-    ui_->fracriterion->setVisible(asked.criterion);
-    ui_->fraregion->setVisible(asked.region);
-    ui_->cboplace->setEnabled(ui_->optlisted->isChecked());
-    for (QLineEdit* side : {ui_->txtwest, ui_->txteast, ui_->txtsouth, ui_->txtnorth})
-        side->setEnabled(ui_->optpart->isChecked());
-    ui_->chkwhole->setVisible(ui_->chkannounced->isChecked());
-    limits_.show_those_of(shown_criterion().key);
-    ui_->lbltold->setText(text_of(told_words(shown_rule(), shown_criterion()), language_));
-}
-
-HijriChoice frmmonths::shown_choice() const {
-    HijriChoice choice;
-    choice.rule = shown_rule().key;
-    if (ui_->optlisted->isChecked())
-        choice.place = text_of(*ui_->cboplace);
-    choice.criterion = shown_criterion().key;
-    choice.seen_class = static_cast<std::size_t>(ui_->cboclass->currentIndex()) + 1;
-    if (ui_->optpart->isChecked())
-        choice.region = {number_in(*ui_->txtwest), number_in(*ui_->txtsouth), number_in(*ui_->txteast),
-                         number_in(*ui_->txtnorth)};
-    limits_.take(choice.criterion, choice.limits);
-    choice.before = shown_before();
-    choice.announced = !ui_->chkannounced->isChecked() ? AnnouncedUse::none
-                       : ui_->chkwhole->isChecked()    ? AnnouncedUse::whole
-                                                       : AnnouncedUse::sound;
-    return choice;
 }
 
 MonthPage frmmonths::shown_page() const {
@@ -468,17 +254,8 @@ void frmmonths::move_month(int months) {
     move_year(months);
 }
 
-void frmmonths::change_rule() {
-    if (showing_)
-        return;
-    show_asked();
-    change();
-}
-
 /// What is chosen is calculated after a short pause, in which more may change.
 void frmmonths::change() {
-    if (showing_)
-        return;
     drop();
     show_buttons();
     pause_->start();
@@ -520,7 +297,7 @@ void frmmonths::calculate() {
             return;
         settings_ = rules->front();
         const int year = static_cast<int>(number_in(*ui_->txtyear));
-        show_state(text_of(calculating, language_).arg(0));
+        show_state(text_of(calculating_words, language_).arg(0));
         year_job_->start([theory = loaded_theory(), rules = *rules, year](Progress& progress) {
             return hijri_years(theory, rules, year, year, progress);
         });
@@ -538,29 +315,12 @@ std::optional<std::vector<HijriSettings>> frmmonths::chosen_rules() {
         refuse(text_of(*refused, language_));
         return std::nullopt;
     }
-    HijriChoice choice = shown_choice();
-    const bool is_judged = !ui_->fracriterion->isHidden();
-    if (const auto wrong = is_judged ? limits_.take(choice.criterion, choice.limits) : std::nullopt) {
+    const auto settings = choices_->settings(year);
+    if (const auto* wrong = std::get_if<TwinWords>(&settings)) {
         refuse(text_of(*wrong, language_));
         return std::nullopt;
     }
-    const double civil_year = civil_year_of(year);
-    std::vector<HijriChoice> choices{choice};
-    if (const HijriRule* other = compared_rule()) {
-        choice.rule = other->key;
-        choice.announced = AnnouncedUse::none;
-        choices.push_back(choice);
-    }
-    std::vector<HijriSettings> rules;
-    for (const HijriChoice& one : choices) {
-        const HijriAnswer answer = settings_of(one, civil_year);
-        if (!answer.settings) {
-            refuse(text_of(answer.words, language_));
-            return std::nullopt;
-        }
-        rules.push_back(*answer.settings);
-    }
-    return rules;
+    return std::get<std::vector<HijriSettings>>(settings);
 }
 
 void frmmonths::refuse(const QString& words) {
@@ -569,7 +329,7 @@ void frmmonths::refuse(const QString& words) {
 }
 
 void frmmonths::show_nothing(const QString& words) {
-    show_state(text_of(nothing_shown, language_).arg(words));
+    show_state(text_of(nothing_shown_words, language_).arg(words));
     show_buttons();
 }
 
@@ -614,9 +374,7 @@ void frmmonths::make_sheet() {
     if (!is_month_shown() || years_ == nullptr)
         return;
     try {
-        const bool is_listed = ui_->optlisted->isChecked() && !ui_->fraplace->isHidden();
-        const std::optional<TimetablePlace> place =
-            chosen_place(is_listed ? std::optional(text_of(*ui_->cboplace)) : std::nullopt);
+        const std::optional<TimetablePlace> place = chosen_place(choices_->listed_place());
         sheet_job_->start([theory = loaded_theory(), settings = *settings_, month = shown_month(),
                            place = place ? *place : stored_place()](Progress& progress) {
             return month_sheet(theory, settings, month, place, progress);
@@ -644,8 +402,6 @@ void frmmonths::show_sheet() {
 }
 
 void frmmonths::convert() {
-    if (showing_)
-        return;
     convert_job_->cancel();
     is_converted_ = false;
     for (QLabel* answer : {ui_->lbltohijri, ui_->lbltocivil})
@@ -689,71 +445,16 @@ void frmmonths::show_buttons() {
     ui_->cmdstop->setEnabled(year_job_->is_running() || sheet_job_->is_running());
     ui_->cmdsave->setEnabled(is_file);
     ui_->cmdprint->setEnabled(is_of_page);
-    show_list_buttons();
 }
 
 void frmmonths::cmdstop_click() {
     stop();
-    show_state(text_of(stopped_words, language_));
+    show_state(text_of(stopped_empty_words, language_));
     show_buttons();
 }
 
-// --- The list of announced starts ---
-
-void frmmonths::read_list() {
-    const AnnouncedList list = read_announced();
-    show_faults(list);
-    ui_->tblannounced->show_list(list, language_);
-    show_list_buttons();
-}
-
-void frmmonths::show_faults(const AnnouncedList& list) {
-    show_words(*ui_->lblfaults,
-               list.problems.empty()
-                   ? QString()
-                   : text_of(faults_words, language_).arg(AnnouncedEdit(list).faulty_rows()));
-}
-
-void frmmonths::show_list_buttons() {
-    const AnnouncedEdit& edit = ui_->tblannounced->list_edit();
-    ui_->cmdremove->setEnabled(edit.rows() > 0);
-    ui_->cmdsavelist->setEnabled(edit.is_changed());
-    ui_->cmdrevert->setEnabled(edit.is_changed());
-}
-
-// The panel may be closed and deleted while a question stands.
-void frmmonths::cmdsavelist_click() {
-    telling_failures([this] { write_list(); });
-}
-
-void frmmonths::write_list() {
-    const QPointer<frmmonths> self(this);
-    const bool is_as_read = read_announced().rows == ui_->tblannounced->list_edit().stored();
-    if (!is_as_read &&
-        (!ask(this, text_of(list_title, language_), text_of(changed_question, language_), language_) ||
-         self == nullptr))
-        return;
-    write_announced(ui_->tblannounced->list_edit().list().rows);
-    read_list();
-    ui_->tblannounced->setFocus();
-    if (ui_->chkannounced->isChecked())
-        calculate();
-}
-
-void frmmonths::cmdrevert_click() {
-    const QPointer<frmmonths> self(this);
-    if (ask(this, text_of(list_title, language_), text_of(revert_question, language_), language_) &&
-        self != nullptr) {
-        telling_failures([this] { read_list(); });
-        ui_->tblannounced->setFocus();
-    }
-}
-
 void frmmonths::done(int result) {
-    const QPointer<frmmonths> self(this);
-    if (ui_->tblannounced->list_edit().is_changed() &&
-        (!ask(this, text_of(list_title, language_), text_of(unsaved_question, language_), language_) ||
-         self == nullptr))
+    if (!list_->may_close())
         return;
     stop();
     QDialog::done(result);
@@ -789,31 +490,16 @@ void frmmonths::cmduse_click() {
         warn(this, windowTitle(), ui_->lblstate->text(), language_);
         return;
     }
-    telling_failures([this] { keep_hijri_rule(shown_choice()); });
+    warning_of_failure(*this, language_, [this] { keep_hijri_rule(choices_->shown()); });
     show_used();
 }
 
 void frmmonths::cmdtabular_click() {
-    telling_failures([] { forget_hijri_rule(); });
+    warning_of_failure(*this, language_, [] { forget_hijri_rule(); });
     show_used();
 }
 
 // --- Files and paper ---
-
-void frmmonths::tell(const QString& words) {
-    warn(this, text_of(error_title, language_), isolated(words), language_);
-}
-
-template <class Work>
-void frmmonths::telling_failures(const Work& work) {
-    const QPointer<frmmonths> self(this);
-    try {
-        work();
-    } catch (const RunTimeFailure& failure) {
-        if (self != nullptr)
-            tell(words_of(failure, language_));
-    }
-}
 
 /// Whether what is to be written is there; else tells what keeps it.
 bool frmmonths::is_ready() {
@@ -838,7 +524,7 @@ void frmmonths::cmdsave_click() {
                                           QString::fromStdString(proposed), save_kinds(of_month, language_));
     if (self == nullptr || name.isEmpty() || years_ == nullptr || (of_month && sheet_ == nullptr))
         return;
-    telling_failures([this, &name] { save(name); });
+    warning_of_failure(*this, language_, [this, &name] { save(name); });
 }
 
 void frmmonths::save(const QString& name) {
@@ -851,26 +537,20 @@ void frmmonths::save(const QString& name) {
         save_result(name.toStdString(), pdf_of(*sheet_, shown_page()));
     else
         save_result(name.toStdString(), text_of_month(*sheet_, format, language_, stamp));
-    show_state(text_of(saved, language_).arg(isolated(QFileInfo(name).fileName())));
+    show_state(saved_text(name, language_));
 }
 
 void frmmonths::cmdprint_click() {
     if (is_ready())
-        telling_failures([this] { print(); });
+        warning_of_failure(*this, language_, [this] { print(); });
 }
 
 void frmmonths::print() {
     const std::shared_ptr<const MonthSheet> printed = sheet_;
     const MonthPage page = shown_page();
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setDocName(windowTitle());
-    set_paper(printer, page.paper);
-    if (!choose_printer(printer, *this))
-        return;
-    if (!printer.outputFileName().isEmpty())
-        save_result(printer.outputFileName().toStdString(), pdf_of(*printed, page));
-    else if (!print_pages(printer, painted_pages(printed, page)))
-        tell(text_of(not_printed, language_));
+    print_document(
+        {page.paper, [=] { return painted_pages(printed, page); }, [=] { return pdf_of(*printed, page); }},
+        *this, language_);
 }
 
 } // namespace halvane

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "finemap/limitboxes.h"
 #include "hijri/hijriconverter.h"
 #include "hijri/hijrifiles.h"
 #include "hijri/keptrule.h"
@@ -12,11 +11,13 @@
 #include <QDialog>
 #include <memory>
 #include <optional>
-#include <span>
 
 class QTimer;
 
 namespace halvane {
+
+class AnnouncedTab;
+class RuleChoices;
 
 namespace Ui {
 class frmmonths;
@@ -43,15 +44,12 @@ public:
     void cmduse_click();
     void cmdtabular_click();
     void cmdstop_click();
-    void cmdsavelist_click();
-    void cmdrevert_click();
 
 protected:
     void done(int result) override;
 
 private:
     void fill_lists();
-    void fill_classes();
     void set_sizes();
     void connect_controls();
     void connect_choices();
@@ -59,19 +57,11 @@ private:
 
     // What is chosen.
     void show_today();
-    void show_choice(const HijriChoice& choice);
-    void show_asked();
-    HijriChoice shown_choice() const;
-    const CataloguedCriterion& shown_criterion() const;
     MonthPage shown_page() const;
-    const HijriRule& shown_rule() const;
-    const HijriRule* compared_rule() const;
-    SeenBefore shown_before() const;
     HijriMonthNumber shown_month() const;
     void move_year(int years);
     void move_month(int months);
     void change();
-    void change_rule();
 
     // What is made of it.
     void stop();
@@ -90,21 +80,12 @@ private:
     void show_state(const QString& words);
     void show_buttons();
 
-    // The list of announced starts.
-    void read_list();
-    void write_list();
-    void show_faults(const AnnouncedList& list);
-    void show_list_buttons();
-
     // Files and paper.
     void show_used();
     bool is_month_shown() const;
     bool is_ready();
     void save(const QString& name);
     void print();
-    void tell(const QString& words);
-    template <class Work>
-    void telling_failures(const Work& work);
 
     struct Converted {
         HijriDayAnswer of_civil;
@@ -113,7 +94,8 @@ private:
 
     std::unique_ptr<Ui::frmmonths> ui_;
     Language language_;
-    LimitBoxes limits_;
+    std::unique_ptr<RuleChoices> choices_;
+    std::unique_ptr<AnnouncedTab> list_;
     ResultJob<HijriYears>* year_job_;
     ResultJob<MonthSheet>* sheet_job_;
     ResultJob<Converted>* convert_job_;
@@ -124,8 +106,5 @@ private:
     std::shared_ptr<const MonthSheet> sheet_;
     bool is_converted_ = false; ///< whether the dates of the boxes are converted, or are being so
 };
-
-/// The texts of `frmmonths`.
-std::span<const ControlText> frmmonths_twins();
 
 } // namespace halvane

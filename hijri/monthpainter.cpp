@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "hijri/monthpainter.h"
 
+#include "base/pagewords.h"
 #include "calendar/civildate.h"
 #include "hijri/hijritexts.h"
 #include "hijri/monthgrid.h"

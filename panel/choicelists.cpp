@@ -10,6 +10,8 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QStyle>
+#include <QVariant>
+#include <algorithm>
 
 namespace halvane {
 
@@ -48,6 +50,10 @@ void limit_width(QComboBox& list) {
     list.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     list.setMinimumContentsLength(letters);
     list.setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+void choose_data(QComboBox& list, const QVariant& data) {
+    list.setCurrentIndex(std::max(0, list.findData(data)));
 }
 
 void make_bold(QLabel& label) {

@@ -5,6 +5,7 @@ class QComboBox;
 class QLabel;
 class QScrollArea;
 class QString;
+class QVariant;
 
 namespace halvane {
 
@@ -13,6 +14,9 @@ void filter_while_typing(QComboBox& list);
 
 /// Entries of any length neither widen the panel nor are cut in the open list.
 void limit_width(QComboBox& list);
+
+/// Chooses the entry of a list by its data; the first where none has them.
+void choose_data(QComboBox& list, const QVariant& data);
 
 void make_bold(QLabel& label);
 

@@ -19,6 +19,7 @@ namespace {
 
 constexpr TwinText last_words{"Halvane cannot go on and ends now. Nothing more is written.",
                               "لا يستطيع البرنامج المتابعة و سينتهي الآن. لن يكتب شيء آخر."};
+constexpr TwinText file_error{"File Error", "خطأ"};
 constexpr TwinText warning{"Warning: ", "تنبيه: "};
 
 /// One way out for each kind of failure.
@@ -119,6 +120,20 @@ void warn(QWidget* parent, const TwinMessage& message, Language language) {
 
 void warn(QWidget* parent, const Refusal& refusal, Language language) {
     warn(parent, text_of(refusal.title, language), text_of(refusal.text, language), language);
+}
+
+void warn_of_file(QWidget* parent, const QString& words, Language language) {
+    warn(parent, text_of(file_error, language), isolated(words), language);
+}
+
+void warning_of_failure(QWidget& parent, Language language, const std::function<void()>& work) {
+    const QPointer<QWidget> self(&parent);
+    try {
+        work();
+    } catch (const RunTimeFailure& failure) {
+        if (self != nullptr)
+            warn_of_file(self, words_of(failure, language), language);
+    }
 }
 
 bool ask(QWidget* parent, const QString& title, const QString& text, Language language) {

@@ -16,6 +16,12 @@ void warn(QWidget* parent, const QString& title, const QString& text, Language l
 void warn(QWidget* parent, const TwinMessage& message, Language language);
 void warn(QWidget* parent, const Refusal& refusal, Language language);
 
+/// Warns of a file, or of a printer, that does not do.
+void warn_of_file(QWidget* parent, const QString& words, Language language);
+
+/// Does a work, and warns of its failure as of a file, unless the work has seen `parent` go.
+void warning_of_failure(QWidget& parent, Language language, const std::function<void()>& work);
+
 /// Asks with the exclamation icon and the buttons Yes and No; closing the box is No.
 bool ask(QWidget* parent, const QString& title, const QString& text, Language language);
 

@@ -69,7 +69,6 @@ constexpr TwinText missing{"There is no file of this name yet:", "لا يوجد 
 constexpr TwinText save_title{"Save As", "حفظ باسم"};
 constexpr TwinText text_kind{"Text", "نص"};
 constexpr TwinText pdf_title{"Save PDF", "حفظ PDF"};
-constexpr TwinText error_title{"File Error", "خطأ"};
 
 bool is_report(const QString& path) {
     return QFileInfo(path).suffix() == QLatin1String("out");
@@ -257,7 +256,8 @@ void Viewer::build() {
     setWindowTitle(title().replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
     connect(view_, &TextView::larger, this, &Viewer::zoom_in);
     connect(view_, &TextView::smaller, this, &Viewer::zoom_out);
-    connect(view_, &TextView::cannot_copy, this, &Viewer::tell);
+    connect(view_, &TextView::cannot_copy, this,
+            [this](const QString& words) { warn_of_file(this, words, language_); });
     add_shortcuts();
 }
 
@@ -386,10 +386,6 @@ void Viewer::copy() {
     view_->copy();
 }
 
-void Viewer::tell(const QString& words) {
-    warn(this, text_of(error_title, language_), isolated(words), language_);
-}
-
 void Viewer::save_as() {
     const QPointer<Viewer> self(this);
     const QString proposed = QFileInfo(path_).fileName();
@@ -405,24 +401,16 @@ void Viewer::save_as() {
 }
 
 void Viewer::save_text(const QString& name) {
-    try {
-        text_->save(name.toStdString());
-    } catch (const RunTimeFailure& failure) {
-        tell(words_of(failure, language_));
-    }
+    warning_of_failure(*this, language_, [this, &name] { text_->save(name.toStdString()); });
 }
 
 void Viewer::save_table(const QString& name, ReportFormat format) {
     // The window may be closed while the run goes on: nothing of it is used from there on.
-    const QPointer<Viewer> self(this);
     const RunPointer run = run_;
-    try {
+    warning_of_failure(*this, language_, [this, run, &name, format] {
         WaitProgress progress(title(), this);
         write_run(*run, format, name.toStdString(), progress);
-    } catch (const RunTimeFailure& failure) {
-        if (self != nullptr)
-            tell(words_of(failure, language_));
-    }
+    });
 }
 
 void Viewer::make_pdf() {
@@ -442,8 +430,7 @@ PrintedText Viewer::printed() const {
 void Viewer::write_pdf(const QString& name, const QPrinter* like) {
     // The window may be closed while a long text is printed: nothing of it is used from there on.
     const auto text = text_;
-    const QPointer<Viewer> self(this);
-    try {
+    warning_of_failure(*this, language_, [this, &name, like] {
         BesideFile target(name.toStdString());
         QPdfWriter writer(&target);
         writer.setTitle(title());
@@ -453,10 +440,7 @@ void Viewer::write_pdf(const QString& name, const QPrinter* like) {
         const PageRange range = like != nullptr ? PageRange{like->fromPage(), like->toPage()} : PageRange{};
         if (print_with_progress(writer, printed(), range, this))
             target.commit();
-    } catch (const RunTimeFailure& failure) {
-        if (self != nullptr)
-            tell(words_of(failure, language_));
-    }
+    });
 }
 
 void Viewer::print() {
@@ -473,7 +457,7 @@ void Viewer::print() {
     const bool printing =
         print_with_progress(printer, printed(), {printer.fromPage(), printer.toPage()}, this);
     if (!printing && self != nullptr && printer.printerState() == QPrinter::Error)
-        tell(text_of(not_printed, language_));
+        warn_of_file(this, text_of(not_printed, language_), language_);
 }
 
 } // namespace halvane

@@ -85,7 +85,6 @@ private:
     void write_pdf(const QString& name, const QPrinter* like);
     void save_text(const QString& name);
     void save_table(const QString& name, ReportFormat format);
-    void tell(const QString& words);
 
     QString path_;
     RunPointer run_;

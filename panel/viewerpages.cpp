@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "panel/viewerpages.h"
 
+#include "base/pagewords.h"
 #include "panel/textline.h"
 
 #include <QFont>
@@ -26,8 +27,6 @@ constexpr double head_type = 9;           // [pt]
 constexpr double head_rows = 1.8;         // of the head's lines, down to the text
 constexpr double head_line = 1.25;        // of the head's lines, down to the line under it
 constexpr std::int64_t widest_page = 145; // columns; a longer line is broken
-
-constexpr TwinText page_text{"Page %1 of %2", "صفحة %1 من %2"};
 
 void widen_margins(QPagedPaintDevice& device) {
     const QMarginsF now = device.pageLayout().margins(QPageLayout::Millimeter);
@@ -176,7 +175,7 @@ private:
         painter_.setFont(head_font_);
         painter_.setLayoutDirection(from_right ? Qt::RightToLeft : Qt::LeftToRight);
         const QFontMetricsF metrics(head_font_, &device_);
-        const QString page = text_of(page_text, printed_.language).arg(number).arg(count);
+        const QString page = text_of(words_of_page(number, count), printed_.language);
         const double page_width = metrics.horizontalAdvance(page);
         const double title_width = width_ - page_width - metrics.horizontalAdvance(u'0') * 2;
         const double height = metrics.lineSpacing();

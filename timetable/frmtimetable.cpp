@@ -2,6 +2,7 @@
 #include "timetable/frmtimetable.h"
 
 #include "base/failure.h"
+#include "base/pagewords.h"
 #include "calendar/hijriconversion.h"
 #include "calendar/locationclock.h"
 #include "panel/choicelists.h"
@@ -14,7 +15,7 @@
 #include "panel/panelstyle.h"
 #include "panel/panelsupport.h"
 #include "panel/placenames.h"
-#include "panel/printerchoice.h"
+#include "panel/statewords.h"
 #include "routines/machineclock.h"
 #include "routines/seriesloader.h"
 #include "stored/loclist.h"
@@ -32,9 +33,7 @@
 #include "timetable/timetablepdf.h"
 #include "ui_frmtimetable.h"
 
-#include <QFileInfo>
 #include <QPointer>
-#include <QPrinter>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QSignalBlocker>
@@ -69,14 +68,9 @@ constexpr TwinText changed_words{"Changed, not stored.", "معدلة و غير �
 constexpr TwinText neutral_words{
     "These are the rules of the Preferences, and change there. Save them under a name to change them here.",
     "هذه قواعد الخيارات، و تعدل هناك. احفظها باسم لتعديلها هنا."};
-constexpr TwinText calculating{"Calculating: %1 %", "جار الحساب: %1 %"};
-constexpr TwinText nothing_shown{"Nothing is shown. %1", "لا يعرض شيء. %1"};
-constexpr TwinText page_words{"Page %1 of %2", "صفحة %1 من %2"};
-constexpr TwinText saved{"Saved: %1", "تم الحفظ: %1"};
 constexpr TwinText save_title{"Save the Timetable", "حفظ التقويم"};
 constexpr TwinText compare_title{"Compare with a Table", "المقارنة مع جدول"};
 constexpr TwinText compare_filter{"Tables (*.csv *.txt)", "جداول \u200E(*.csv *.txt)"};
-constexpr TwinText error_title{"File Error", "خطأ"};
 constexpr TwinText profile_title{"Profile", "مجموعة القواعد"};
 constexpr TwinText replace_question{"There is a profile \"%1\" already. Replace it?",
                                     "توجد مجموعة قواعد باسم \"%1\". هل تريد استبدالها؟"};
@@ -112,10 +106,6 @@ std::pair<const char*, const char*> place_of(ChoicePart part, SpanKind kind) {
         break;
     }
     return {"txtmaghreb", "lblangleswrong"};
-}
-
-void choose_data(QComboBox& list, const QVariant& data) {
-    list.setCurrentIndex(std::max(0, list.findData(data)));
 }
 
 QString join(const std::vector<TwinWords>& words, Language language) {
@@ -230,7 +220,7 @@ void frmtimetable::connect_controls() {
     connect_buttons();
     connect(pause_, &QTimer::timeout, this, &frmtimetable::calculate);
     connect(job_, &TimetableJob::advanced, this,
-            [this](int percent) { show_state(text_of(calculating, language_).arg(percent)); });
+            [this](int percent) { show_state(text_of(calculating_words, language_).arg(percent)); });
     connect(job_, &TimetableJob::ended, this, &frmtimetable::show_timetable);
     for (QScrollArea* area : {ui_->areachoices, ui_->arearules})
         keep_focus_in_sight(*area);
@@ -425,7 +415,7 @@ void frmtimetable::choose_profile(const QString& key) {
         profile_ = std::move(profile);
     } catch (const RunTimeFailure& failure) {
         fill_profiles();
-        tell(words_of(failure, language_));
+        warn_of_file(this, words_of(failure, language_), language_);
         return;
     }
     profile_key_ = key;
@@ -480,15 +470,13 @@ void frmtimetable::cmdsaveprofile_click() {
         findChild<QWidget*>(QString::fromLatin1(wrong.front().control))->setFocus(Qt::OtherFocusReason);
         return;
     }
-    try {
+    warning_of_failure(*this, language_, [this, &profile] {
         require_storable(profile);
         if (!may_take_name(profile.name))
             return;
         write_profile(profile);
         select_profile(stored_key + QString::fromStdString(profile.name));
-    } catch (const RunTimeFailure& failure) {
-        tell(words_of(failure, language_));
-    }
+    });
 }
 
 void frmtimetable::cmddelete_click() {
@@ -496,12 +484,10 @@ void frmtimetable::cmddelete_click() {
     if (!ask(this, text_of(profile_title, language_), text_of(delete_question, language_).arg(isolated(name)),
              language_))
         return;
-    try {
+    warning_of_failure(*this, language_, [this, &name] {
         delete_profile(name.toStdString());
         select_profile({});
-    } catch (const RunTimeFailure& failure) {
-        tell(words_of(failure, language_));
-    }
+    });
 }
 
 void frmtimetable::cmdnew_click() {
@@ -558,7 +544,7 @@ bool frmtimetable::tell_wrong(const std::vector<WrongBox>& boxes, const std::vec
     }
     if (all.empty())
         return false;
-    show_state(text_of(nothing_shown, language_).arg(all.front().words));
+    show_state(text_of(nothing_shown_words, language_).arg(all.front().words));
     return true;
 }
 
@@ -603,7 +589,7 @@ void frmtimetable::show_page() {
     const bool month = is_one_month(shown_span().kind);
     ui_->lblpage->setText(preview.pages() == 0
                               ? QString()
-                              : text_of(page_words, language_).arg(preview.page() + 1).arg(preview.pages()));
+                              : text_of(words_of_page(preview.page() + 1, preview.pages()), language_));
     ui_->cmdprevious->setEnabled(month || preview.page() > 0);
     ui_->cmdnext->setEnabled(month || preview.page() + 1 < preview.pages());
     QString spoken;
@@ -627,10 +613,6 @@ void frmtimetable::turn_page(int by) {
 }
 
 // --- Files and paper ---
-
-void frmtimetable::tell(const QString& words) {
-    warn(this, text_of(error_title, language_), isolated(words), language_);
-}
 
 void frmtimetable::show_state(const QString& words) {
     ui_->lblstate->setText(words);
@@ -678,12 +660,7 @@ void frmtimetable::cmdsave_click() {
         file_kinds);
     if (self == nullptr || name.isEmpty())
         return;
-    try {
-        save(name, std::move(*settings));
-    } catch (const RunTimeFailure& failure) {
-        if (self != nullptr)
-            tell(words_of(failure, language_));
-    }
+    warning_of_failure(*this, language_, [this, &name, &settings] { save(name, std::move(*settings)); });
 }
 
 /// The bytes of a file, with the progress window where they take long; nothing after a cancel.
@@ -713,7 +690,7 @@ void frmtimetable::save(const QString& name, TimetableSettings settings) {
         return;
     save_result(name.toStdString(), *bytes);
     if (self != nullptr)
-        show_state(text_of(saved, language_).arg(isolated(QFileInfo(name).fileName())));
+        show_state(saved_text(name, language_));
 }
 
 void frmtimetable::cmdprint_click() {
@@ -721,32 +698,20 @@ void frmtimetable::cmdprint_click() {
     if (!settings)
         return;
     const QPointer<frmtimetable> self(this);
-    try {
+    warning_of_failure(*this, language_, [this, &self, &settings] {
         const std::optional<Timetable> timetable = calculated(*settings);
         if (self != nullptr && timetable)
             print(*timetable);
-    } catch (const RunTimeFailure& failure) {
-        if (self != nullptr)
-            tell(words_of(failure, language_));
-    }
+    });
 }
 
 void frmtimetable::print(const Timetable& timetable) {
     const Timetable printed = timetable;
     const PageSettings& page = printed.settings.profile.page;
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setDocName(windowTitle());
-    set_paper(printer, page.paper);
-    if (!choose_printer(printer, *this))
-        return;
-    if (!printer.outputFileName().isEmpty()) {
-        if (const auto bytes = file_of(printed, page, TimetableFormat::pdf))
-            save_result(printer.outputFileName().toStdString(), *bytes);
-        return;
-    }
     const std::vector<TimetableSheet> sheets = sheets_of(printed, page);
-    if (!print_pages(printer, painted_pages(sheets, page)))
-        tell(text_of(not_printed, language_));
+    print_document({page.paper, [&] { return painted_pages(sheets, page); },
+                    [&] { return file_of(printed, page, TimetableFormat::pdf); }},
+                   *this, language_);
 }
 
 void frmtimetable::cmdcompare_click() {
@@ -758,12 +723,7 @@ void frmtimetable::cmdcompare_click() {
         choose_open_file(this, text_of(compare_title, language_), text_of(compare_filter, language_));
     if (self == nullptr || name.isEmpty())
         return;
-    try {
-        compare(name, std::move(*settings));
-    } catch (const RunTimeFailure& failure) {
-        if (self != nullptr)
-            tell(words_of(failure, language_));
-    }
+    warning_of_failure(*this, language_, [this, &name, &settings] { compare(name, std::move(*settings)); });
 }
 
 void frmtimetable::compare(const QString& name, TimetableSettings settings) {

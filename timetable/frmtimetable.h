@@ -96,7 +96,6 @@ private:
     void print(const Timetable& timetable);
     void compare(const QString& name, TimetableSettings settings);
     bool may_take_name(const std::string& name);
-    void tell(const QString& words);
     void show_state(const QString& words);
 
     std::unique_ptr<Ui::frmtimetable> ui_;

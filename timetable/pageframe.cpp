@@ -12,8 +12,6 @@
 namespace halvane {
 namespace {
 
-constexpr TwinText page_of_pages{"Page %1 of %2", "صفحة %1 من %2"};
-
 LineAnchor opposite(LineAnchor anchor) {
     return anchor == LineAnchor::left ? LineAnchor::right : LineAnchor::left;
 }
@@ -125,13 +123,6 @@ void paint_foot(QPainter& painter, const std::vector<PageSide>& sides, double bo
         SideWriter(&painter, side).write(words.in(side.language), font, top);
     const QPointF middle((left + right) / 2, top + baseline_below_top * em_of(font));
     PageText(program_name, font, Language::english).draw(painter, middle, LineAnchor::centre);
-}
-
-TwinWords words_of_page(int number, int pages) {
-    const auto words = [=](const char* text) {
-        return QString::fromUtf8(text).arg(number).arg(pages).toStdString();
-    };
-    return {words(page_of_pages.english), words(page_of_pages.arabic)};
 }
 
 double notes_points(double room, const std::function<double(double points)>& height_of) {

@@ -90,9 +90,6 @@ double paint_foot_rule(QPainter& painter, double left, double right, double bott
 ///        bottom  of the page within its margins
 void paint_foot(QPainter& painter, const std::vector<PageSide>& sides, double bottom, const TwinWords& words);
 
-/// "Page 1 of 12"
-TwinWords words_of_page(int number, int pages);
-
 inline constexpr const char* program_name = "Halvane";
 
 } // namespace halvane

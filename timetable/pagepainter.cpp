@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "timetable/pagepainter.h"
 
+#include "base/pagewords.h"
 #include "timetable/pagedigits.h"
 #include "timetable/pageframe.h"
 #include "timetable/pagetable.h"

@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "timetable/pageprinter.h"
 
+#include "panel/messages.h"
+#include "panel/printerchoice.h"
+#include "stored/outputfile.h"
 #include "timetable/pageframe.h"
 
 #include <QPainter>
 #include <QPrinter>
+#include <QWidget>
 #include <algorithm>
 
 namespace halvane {
@@ -38,6 +42,21 @@ bool print_pages(QPrinter& printer, const PaintedPages& pages) {
         pages.paint(painter, placed(paper_size(pages.paper), room), number);
     }
     return painter.end() && printer.printerState() != QPrinter::Error;
+}
+
+void print_document(const PrintedDocument& document, QWidget& panel, Language language) {
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setDocName(panel.windowTitle());
+    set_paper(printer, document.paper);
+    if (!choose_printer(printer, panel))
+        return;
+    if (printer.outputFileName().isEmpty()) {
+        if (!print_pages(printer, document.pages()))
+            warn_of_file(&panel, text_of(not_printed, language), language);
+        return;
+    }
+    if (const std::optional<std::string> bytes = document.pdf())
+        save_result(printer.outputFileName().toStdString(), *bytes);
 }
 
 } // namespace halvane

@@ -2,6 +2,7 @@
 #include "watch/frmwatch.h"
 
 #include "base/failure.h"
+#include "base/pagewords.h"
 #include "calendar/hijriconversion.h"
 #include "calendar/locationclock.h"
 #include "panel/choicelists.h"
@@ -13,7 +14,7 @@
 #include "panel/panelstyle.h"
 #include "panel/panelsupport.h"
 #include "panel/placenames.h"
-#include "panel/printerchoice.h"
+#include "panel/statewords.h"
 #include "routines/machineclock.h"
 #include "routines/seriesloader.h"
 #include "stored/loclist.h"
@@ -25,9 +26,7 @@
 #include "watch/watchpaper.h"
 #include "watch/watchsheet.h"
 
-#include <QFileInfo>
 #include <QPointer>
-#include <QPrinter>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QTimer>
@@ -63,11 +62,7 @@ constexpr ControlText twins[] = {
 };
 
 constexpr TwinText stored_place_words{"The s&tored location: %1", "الموقع المحفو&ظ: %1"};
-constexpr TwinText nothing_shown{"Nothing is shown. %1", "لا يعرض شيء. %1"};
-constexpr TwinText page_words{"Page %1 of %2", "صفحة %1 من %2"};
-constexpr TwinText saved{"Saved: %1", "تم الحفظ: %1"};
 constexpr TwinText save_title{"Save the Watch Sheet", "حفظ ورقة الرصد"};
-constexpr TwinText error_title{"File Error", "خطأ"};
 
 struct KindWords {
     WatchFormat format;
@@ -256,7 +251,7 @@ void frmwatch::calculate() {
 
 void frmwatch::show_nothing(const QString& words) {
     ui_->preview->show_pages({shown_page().paper, PageLanguage::english, 0, nullptr});
-    ui_->lblstate->setText(text_of(nothing_shown, language_).arg(words));
+    ui_->lblstate->setText(text_of(nothing_shown_words, language_).arg(words));
     show_page();
 }
 
@@ -270,7 +265,7 @@ void frmwatch::show_page() {
     const PaperView& preview = *ui_->preview;
     ui_->lblpage->setText(preview.pages() == 0
                               ? QString()
-                              : text_of(page_words, language_).arg(preview.page() + 1).arg(preview.pages()));
+                              : text_of(words_of_page(preview.page() + 1, preview.pages()), language_));
     ui_->cmdprevious->setEnabled(preview.page() > 0);
     ui_->cmdnext->setEnabled(preview.page() + 1 < preview.pages());
     ui_->areapreview->setAccessibleDescription(
@@ -284,10 +279,6 @@ void frmwatch::turn_page(int pages) {
 }
 
 // --- Files and paper ---
-
-void frmwatch::tell(const QString& words) {
-    warn(this, text_of(error_title, language_), isolated(words), language_);
-}
 
 bool frmwatch::is_ready() {
     if (!numbers_are_meant(*this, language_))
@@ -308,41 +299,26 @@ void frmwatch::cmdsave_click() {
         choose_save_file(this, text_of(save_title, language_), proposed, save_kinds(language_));
     if (self == nullptr || name.isEmpty() || watch_ == nullptr)
         return;
-    try {
-        save(name);
-    } catch (const RunTimeFailure& failure) {
-        tell(words_of(failure, language_));
-    }
+    warning_of_failure(*this, language_, [this, &name] { save(name); });
 }
 
 void frmwatch::save(const QString& name) {
     const WatchFormat format = watch_format_of(name.toStdString()).value_or(WatchFormat::pdf);
     save_result(name.toStdString(), bytes_of(*watch_, shown_page(), format));
-    ui_->lblstate->setText(text_of(saved, language_).arg(isolated(QFileInfo(name).fileName())));
+    ui_->lblstate->setText(saved_text(name, language_));
 }
 
 void frmwatch::cmdprint_click() {
-    if (!is_ready())
-        return;
-    try {
-        print();
-    } catch (const RunTimeFailure& failure) {
-        tell(words_of(failure, language_));
-    }
+    if (is_ready())
+        warning_of_failure(*this, language_, [this] { print(); });
 }
 
 void frmwatch::print() {
     const std::shared_ptr<const CrescentWatch> printed = watch_;
     const WatchPage page = shown_page();
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setDocName(windowTitle());
-    set_paper(printer, page.paper);
-    if (!choose_printer(printer, *this))
-        return;
-    if (!printer.outputFileName().isEmpty())
-        save_result(printer.outputFileName().toStdString(), pdf_of(*printed, page));
-    else if (!print_pages(printer, painted_pages(printed, page)))
-        tell(text_of(not_printed, language_));
+    print_document(
+        {page.paper, [=] { return painted_pages(printed, page); }, [=] { return pdf_of(*printed, page); }},
+        *this, language_);
 }
 
 } // namespace halvane

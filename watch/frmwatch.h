@@ -60,7 +60,6 @@ private:
     bool is_ready();
     void save(const QString& name);
     void print();
-    void tell(const QString& words);
 
     std::unique_ptr<Ui::frmwatch> ui_;
     Language language_;

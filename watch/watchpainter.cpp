@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "watch/watchpainter.h"
 
+#include "base/pagewords.h"
 #include "timetable/pageframe.h"
 #include "timetable/pagetext.h"
 #include "watch/crescentfigure.h"

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "finemap/limitboxes.h"
 #include "hijri/announcedtable.h"
 #include "hijri/frmmonths.h"
+#include "hijri/monthscaptions.h"
 #include "panel/messages.h"
 #include "routines/machineclock.h"
 #include "routines/seriesloader.h"

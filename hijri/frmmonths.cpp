@@ -114,6 +114,7 @@ frmmonths::frmmonths(QWidget* owner)
     select_whole_text_on_focus(*this);
     connect_controls();
     fit_form(*this, Qt::Horizontal | Qt::Vertical);
+    ui_->txtyear->setFocus(); // else a panel whose first control is a button begins on the one of Enter
     constexpr double of_the_screen = 0.85;
     resize((screen()->availableSize() * of_the_screen).expandedTo(size()));
     list_->read();

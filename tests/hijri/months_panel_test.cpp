@@ -119,6 +119,14 @@ TEST_F(MonthsPanelTest, IsUsedByTheKeyboardAloneWhateverIsAskedFor) {
     });
 }
 
+TEST_F(MonthsPanelTest, OpensWithTheFocusInTheYear) {
+    frmmonths form;
+    form.show();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(form.focusWidget()->objectName(), QStringLiteral("txtyear"));
+    EXPECT_EQ(control<QLineEdit>(form, "txtyear").selectedText(), QStringLiteral("1445"));
+}
+
 TEST_F(MonthsPanelTest, OpensWithTheTabularYearOfToday) {
     frmmonths form;
     settle(form);

@@ -260,10 +260,10 @@ bool is_usual(const HijriSettings& settings) {
     return settings.rule == &hijri_rules().front() && settings.announced.empty();
 }
 
-HijriSettings sound_settings(const HijriChoice& choice, double year) {
-    HijriAnswer answer = settings_of(choice, year);
+HijriSettings sound_settings(const HijriChoice& kept, double year) {
+    HijriAnswer answer = settings_of(kept, year);
     if (!answer.settings)
-        throw RunTimeFailure(answer.words);
+        throw kept_rule_failure(answer);
     return std::move(*answer.settings);
 }
 
@@ -410,8 +410,8 @@ void forget_hijri_rule() {
         throw file_failure(FileAction::write, path, error.value());
 }
 
-HijriReckoningPointer reckoning_of(const TheoryPointer& theory, const HijriChoice& choice, double year) {
-    const HijriSettings settings = sound_settings(choice, year);
+HijriReckoningPointer reckoning_of(const TheoryPointer& theory, const HijriChoice& kept, double year) {
+    const HijriSettings settings = sound_settings(kept, year);
     return is_usual(settings) ? nullptr : reckoning_of(theory, settings);
 }
 

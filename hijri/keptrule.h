@@ -72,9 +72,9 @@ void keep_hijri_rule(const HijriChoice& choice);
 /// As if none had been chosen.
 void forget_hijri_rule();
 
-/// The reckoning of a choice; null for the calendar that is used where nothing is chosen.
-/// Error  raises RunTimeFailure with the words of what is wrong with the choice, and as settings_of.
-HijriReckoningPointer reckoning_of(const TheoryPointer& theory, const HijriChoice& choice, double year);
+/// The reckoning of a kept choice; null for the calendar that is used where nothing is chosen.
+/// Error  raises RunTimeFailure: kept_rule_failure of a choice with a fault, and as settings_of.
+HijriReckoningPointer reckoning_of(const TheoryPointer& theory, const HijriChoice& kept, double year);
 
 /// The kept rule for a program that asks again and again: a reckoning, with the months that it has made,
 /// stands until something that it was made of is another.

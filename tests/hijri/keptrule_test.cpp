@@ -259,6 +259,19 @@ TEST_F(KeptRule, StandsUntilSomethingThatItIsMadeOfChanges) {
     EXPECT_EQ(kept.now(nullptr, 2026), nullptr);
 }
 
+TEST_F(KeptRule, NamesItsFileWhereItIsAtFault) {
+    HijriChoice choice = choice_of("seen-anywhere");
+    choice.region = {10, 20, 5, 30};
+    keep_hijri_rule(choice);
+    try {
+        KeptReckoning().now(nullptr, 2026);
+        FAIL() << "a part of the world without a width is taken";
+    } catch (const RunTimeFailure& failure) {
+        EXPECT_EQ(std::string(failure.what()).rfind("hijri-rule.ini, west, south, east, north: ", 0), 0U)
+            << failure.what();
+    }
+}
+
 // Each span is asked of a reckoning of its own, which has made no other months before.
 TEST_F(KeptRule, LosesNoDayBetweenTimetablesOfHijriMonths) {
     load_series();

@@ -276,9 +276,9 @@ QString frmmap::ask_for_name() {
         name = QString::fromStdString(gif_name(chosen.toStdString()));
         if (!QFileInfo::exists(name) || ProgramFiles().have(path_of(name.toStdString())))
             return name;
-        const bool replace =
-            ask(this, text_of(save_title, language_),
-                text_of(replace_question, language_).arg(isolated(QFileInfo(name).fileName())), language_);
+        const bool replace = ask_before_loss(
+            this, text_of(save_title, language_),
+            text_of(replace_question, language_).arg(isolated(QFileInfo(name).fileName())), language_);
         if (!self)
             return {};
         if (replace)

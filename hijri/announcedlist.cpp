@@ -59,7 +59,7 @@ TwinWords take_first_day(double& first_day, const std::string& text) {
         first_day = date.span.first + noon_after_midnight;
         return {};
     }
-    return wanted_words(headings[2], "YYYY-MM-DD", text);
+    return joined(alike(headings[2]), ": ", *date.refused);
 }
 
 /// A row by itself; words of what is wrong with it.

@@ -48,7 +48,8 @@ bool AnnouncedTab::may_close() {
 /// Whether the user says yes, and the panel is there still.
 bool AnnouncedTab::asks(const TwinText& question) {
     const QPointer<AnnouncedTab> self(this);
-    return ask(&panel_, text_of(list_title, language_), text_of(question, language_), language_) &&
+    return ask_before_loss(&panel_, text_of(list_title, language_), text_of(question, language_),
+                           language_) &&
            self != nullptr;
 }
 

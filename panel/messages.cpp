@@ -86,9 +86,11 @@ void set_arabic_buttons(QMessageBox& box) {
 }
 
 bool show_box(QWidget* parent, const QString& title, const QString& text, Language language,
-              QMessageBox::StandardButtons buttons) {
+              QMessageBox::StandardButtons buttons,
+              QMessageBox::StandardButton of_enter = QMessageBox::NoButton) {
     // It goes with its owner, which may be closed while it waits.
     const QPointer<QMessageBox> box = new QMessageBox(QMessageBox::Warning, title, text, buttons, parent);
+    box->setDefaultButton(of_enter);
     if (language == Language::arabic) {
         box->setLayoutDirection(Qt::RightToLeft);
         set_arabic_buttons(*box);
@@ -138,6 +140,10 @@ void warning_of_failure(QWidget& parent, Language language, const std::function<
 
 bool ask(QWidget* parent, const QString& title, const QString& text, Language language) {
     return show_box(parent, title, text, language, QMessageBox::Yes | QMessageBox::No);
+}
+
+bool ask_before_loss(QWidget* parent, const QString& title, const QString& text, Language language) {
+    return show_box(parent, title, text, language, QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
 }
 
 QString words_of(const RunTimeFailure& failure, Language language) {

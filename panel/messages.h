@@ -25,6 +25,9 @@ void warning_of_failure(QWidget& parent, Language language, const std::function<
 /// Asks with the exclamation icon and the buttons Yes and No; closing the box is No.
 bool ask(QWidget* parent, const QString& title, const QString& text, Language language);
 
+/// Asks so where Yes loses what cannot be had again: Enter is No too.
+bool ask_before_loss(QWidget* parent, const QString& title, const QString& text, Language language);
+
 /// All the words of a failure in the language.
 QString words_of(const RunTimeFailure& failure, Language language);
 

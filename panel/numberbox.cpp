@@ -139,7 +139,8 @@ bool numbers_are_meant(QWidget& form, Language language) {
     }
     if (wrong.isEmpty())
         return true;
-    if (!ask(&form, text_of(title, language), words + u'\n' + text_of(question, language), language)) {
+    if (!ask_before_loss(&form, text_of(title, language), words + u'\n' + text_of(question, language),
+                         language)) {
         ask_again(*wrong.front());
         return false;
     }

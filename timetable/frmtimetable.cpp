@@ -448,8 +448,9 @@ bool frmtimetable::may_take_name(const std::string& name) {
     const bool own = profile_key_ == stored_key + QString::fromStdString(name);
     if (own || std::find(names.begin(), names.end(), name) == names.end())
         return true;
-    return ask(this, text_of(profile_title, language_),
-               text_of(replace_question, language_).arg(isolated(QString::fromStdString(name))), language_);
+    return ask_before_loss(this, text_of(profile_title, language_),
+                           text_of(replace_question, language_).arg(isolated(QString::fromStdString(name))),
+                           language_);
 }
 
 void frmtimetable::cmdsaveprofile_click() {
@@ -481,8 +482,8 @@ void frmtimetable::cmdsaveprofile_click() {
 
 void frmtimetable::cmddelete_click() {
     const QString name = profile_key_.mid(stored_key.size());
-    if (!ask(this, text_of(profile_title, language_), text_of(delete_question, language_).arg(isolated(name)),
-             language_))
+    if (!ask_before_loss(this, text_of(profile_title, language_),
+                         text_of(delete_question, language_).arg(isolated(name)), language_))
         return;
     warning_of_failure(*this, language_, [this, &name] {
         delete_profile(name.toStdString());

@@ -858,6 +858,7 @@ TEST_F(MapPanel, TheConfirmationAsksForTheNameThatIsWritten) {
         ASSERT_EQ(messages.size(), 1U);
         EXPECT_TRUE(messages[0].text.contains(QStringLiteral("X.gif"))) << messages[0].text.toStdString();
         EXPECT_EQ(messages[0].buttons.size(), 2);
+        EXPECT_EQ(messages[0].of_enter, messages[0].buttons[1]) << "No";
         EXPECT_TRUE(content("X.gif") == "kept");
         EXPECT_EQ(asked, 2) << "the dialog comes again after No";
         EXPECT_EQ(proposed_name, QString::fromStdString(path("X.gif")));

@@ -580,6 +580,7 @@ TEST_F(MonthsPanelTest, AsksBeforeEditsAreLost) {
     click(form, "cmdclose");
     ASSERT_EQ(messages.size(), 1U);
     EXPECT_TRUE(messages[0].text.contains("not saved"));
+    EXPECT_EQ(messages[0].of_enter, "No");
     EXPECT_TRUE(form.isVisible());
     EXPECT_FALSE(form.close());
     EXPECT_EQ(messages.size(), 2U);

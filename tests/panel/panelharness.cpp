@@ -388,6 +388,8 @@ bool PanelTest::present(QMessageBox& box) {
     seen.exclamation = box.icon() == QMessageBox::Warning;
     for (QAbstractButton* button : box.buttons())
         seen.buttons << plain(button->text());
+    if (const QPushButton* button = box.defaultButton())
+        seen.of_enter = plain(button->text());
     seen.direction = box.layoutDirection();
     messages.push_back(seen);
     if (answers_.empty())

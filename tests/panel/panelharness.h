@@ -40,6 +40,7 @@ struct SeenMessage {
     QString informative_text;
     bool exclamation = false;
     QStringList buttons; ///< without access key marks
+    QString of_enter;    ///< the button that is chosen for Enter; empty: the first
     Qt::LayoutDirection direction = Qt::LeftToRight;
 };
 

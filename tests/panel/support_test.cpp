@@ -266,6 +266,16 @@ TEST_F(SupportTest, NoTextOfABoxIsMarkup) {
     EXPECT_GE(labels, 3);
 }
 
+TEST_F(SupportTest, EnterIsYesButBeforeALoss) {
+    set_message_presenter({});
+    const auto answered_by_enter = [](auto& question) {
+        QTimer::singleShot(0, [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Return); });
+        return question(nullptr, QString(), QStringLiteral("a question?"), Language::english);
+    };
+    EXPECT_TRUE(answered_by_enter(ask));
+    EXPECT_FALSE(answered_by_enter(ask_before_loss));
+}
+
 TEST_F(SupportTest, ADialogMayGoWithItsOwnerWhileItWaits) {
     set_message_presenter({});
     const std::function<void(QWidget*)> dialogs[] = {
@@ -283,7 +293,7 @@ TEST_F(SupportTest, ADialogMayGoWithItsOwnerWhileItWaits) {
     for (const auto& dialog : dialogs) {
         const QPointer<QWidget> owner = new QWidget;
         owner->show();
-        QTimer::singleShot(0, [owner] { delete owner; });
+        QTimer::singleShot(0, [doomed = owner.data()] { delete doomed; });
         dialog(owner);
         EXPECT_EQ(owner, nullptr);
         EXPECT_EQ(QApplication::activeModalWidget(), nullptr);

@@ -212,7 +212,7 @@ TEST_F(TimetablePanelTest, TellsThatThereIsNoReckoning) {
 }
 
 TEST_F(TimetablePanelTest, TellsThatAReckoningFails) {
-    const auto failing = std::make_shared<HijriReckoning>(
+    auto failing = std::make_shared<HijriReckoning>(
         HijriReckoning{{"Failing", "فاشلة"}, [](double, double) -> HijriCalendar {
                            throw RunTimeFailure(TwinWords{"There is no month.", "لا يوجد شهر."});
                        }});
@@ -591,6 +591,7 @@ TEST_F(TimetablePanelTest, AnotherProfileIsReplacedOnlyWhenTheUserSaysSo) {
     EXPECT_EQ(read_profile("There").fajer_angle, 18);
     ASSERT_EQ(messages.size(), 2U);
     EXPECT_TRUE(messages[0].text.contains(QStringLiteral("There")));
+    EXPECT_EQ(messages[0].of_enter, QStringLiteral("No"));
     settle(form);
 }
 
@@ -603,6 +604,7 @@ TEST_F(TimetablePanelTest, DeleteAsksFirst) {
     show_rules(form);
     answer({false, true});
     click(form, "cmddelete");
+    EXPECT_EQ(messages.back().of_enter, QStringLiteral("No"));
     EXPECT_EQ(profile_names().size(), 1U);
     click(form, "cmddelete");
     EXPECT_EQ(profile_names().size(), 0U);

@@ -10,6 +10,7 @@
 #include "finemap/mapframe.h"
 #include "finemap/mapstyle.h"
 #include "timetable/inivalues.h"
+#include "timetable/pagekeys.h"
 
 #include <CLI/CLI.hpp>
 
@@ -97,7 +98,7 @@ std::vector<CLI::Option*> add_look_options(CLI::App& command, FineMapOptions& op
          "Least lag=, altitude=, elongation=, age= of the criterion user; nothing behind = takes one off");
     text("--danjon", options.danjon, "DEG", "Least elongation of the criterion danjon");
     choice("--language", options.language, "Language of the sheet: ", {"en", "ar"});
-    choice("--paper", options.paper, "Paper of a pdf: ", {"A4", "Letter"});
+    choice("--paper", options.paper, "Paper of a pdf: ", all_words(paper_words));
     return added;
 }
 
@@ -128,7 +129,7 @@ MapDocument empty_document(const FineMapOptions& options, MapFormat format) {
     document.look.language = options.language == "ar" ? Language::arabic : Language::english;
     document.look.lines = lines_of(options);
     document.look.places = places_of(options);
-    document.paper = options.paper == "Letter" ? PaperSize::letter : PaperSize::a4;
+    take_word(document.paper, options.paper, paper_words);
     if (!options.paper.empty() && format != MapFormat::pdf)
         throw UsageMistake("--paper is of pdf");
     document.width = width_of(options, format);

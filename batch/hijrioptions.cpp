@@ -10,6 +10,7 @@
 #include "hijri/keptrule.h"
 #include "hijri/seenbefore.h"
 #include "stored/textfile.h"
+#include "timetable/pagekeys.h"
 #include "timetable/timetableplaces.h"
 
 #include <CLI/CLI.hpp>
@@ -229,14 +230,9 @@ Language language_of(const HijriOptions& options) {
 
 MonthPage page_of(const HijriOptions& options) {
     MonthPage page;
-    if (options.language == "ar")
-        page.language = PageLanguage::arabic;
-    if (options.language == "both")
-        page.language = PageLanguage::both;
-    if (options.paper == "Letter")
-        page.paper = PaperSize::letter;
-    if (options.digits == "arabic")
-        page.digits = PageDigits::arabic;
+    take_word(page.language, options.language, language_words);
+    take_word(page.paper, options.paper, paper_words);
+    take_word(page.digits, options.digits, digits_words);
     return page;
 }
 
@@ -327,9 +323,9 @@ void add_hijri_options(CLI::App& command, HijriOptions& options) {
     command.add_flag("--strict", options.strict, "Refuse a list of announced starts that has a fault");
     add_choice(command, "--format", options.format, "", format_names(hijri_formats()));
     add_choice(command, "--language", options.language,
-               "Language of names and pages: ", {"en", "ar", "both"});
-    add_choice(command, "--paper", options.paper, "Paper of a pdf: ", {"A4", "Letter"});
-    add_choice(command, "--digits", options.digits, "Digits of a pdf's Arabic: ", {"western", "arabic"});
+               "Language of names and pages: ", all_words(language_words));
+    add_choice(command, "--paper", options.paper, "Paper of a pdf: ", all_words(paper_words));
+    add_choice(command, "--digits", options.digits, "Digits of a pdf's Arabic: ", all_words(digits_words));
     text("--output", options.output, "FILE", "File to write, - for standard output");
     keep_to_outputs(command, *list);
 }

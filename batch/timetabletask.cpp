@@ -21,6 +21,7 @@
 #include "timetable/comparetable.h"
 #include "timetable/hijridays.h"
 #include "timetable/manyplaces.h"
+#include "timetable/pagekeys.h"
 #include "timetable/profilefile.h"
 #include "timetable/profilekeys.h"
 #include "timetable/timetablefiles.h"
@@ -102,15 +103,7 @@ HijriReckoningPointer reckoning_of(const TimetableOptions& options) {
     return hijri;
 }
 
-/// A choice of the command line in the place of the profile's; it is in `names`.
-template <class Value>
-void choose(Value& value, const std::string& name,
-            std::initializer_list<std::pair<const char*, Value>> names) {
-    for (const auto& [known, meaning] : names)
-        if (name == known)
-            value = meaning;
-}
-
+/// What the command line says stands in the place of the profile's.
 void choose_page(PageSettings& page, const TimetableOptions& options) {
     if (!options.columns.empty()) {
         std::string unknown;
@@ -118,11 +111,10 @@ void choose_page(PageSettings& page, const TimetableOptions& options) {
         if (page.columns.empty())
             throw UsageMistake("--columns: there is no column \"" + unknown + "\"");
     }
-    choose(page.language, options.language,
-           {{"en", PageLanguage::english}, {"ar", PageLanguage::arabic}, {"both", PageLanguage::both}});
-    choose(page.paper, options.paper, {{"A4", PaperSize::a4}, {"Letter", PaperSize::letter}});
-    choose(page.clock, options.clock, {{"24", ClockFace::hours_24}, {"12", ClockFace::hours_12}});
-    choose(page.digits, options.digits, {{"western", PageDigits::western}, {"arabic", PageDigits::arabic}});
+    take_word(page.language, options.language, language_words);
+    take_word(page.paper, options.paper, paper_words);
+    take_word(page.clock, options.clock, clock_words);
+    take_word(page.digits, options.digits, digits_words);
 }
 
 /// The profile of a run. What --layout needs is among its columns.
@@ -346,10 +338,10 @@ void add_page_options(CLI::App& command, TimetableOptions& options) {
     command.add_option("--columns", options.columns, "Keys of the columns in their order")
         ->type_name("KEY,...");
     add_choice(command, "--layout", options.layout, "Columns of a kind of screens: ", {display_layout});
-    add_choice(command, "--language", options.language, "Language of the page: ", {"en", "ar", "both"});
-    add_choice(command, "--paper", options.paper, "Paper: ", {"A4", "Letter"});
-    add_choice(command, "--clock", options.clock, "Hours of the page: ", {"24", "12"});
-    add_choice(command, "--digits", options.digits, "Digits of the page's Arabic: ", {"western", "arabic"});
+    add_choice(command, "--language", options.language, "Language of the page: ", all_words(language_words));
+    add_choice(command, "--paper", options.paper, "Paper: ", all_words(paper_words));
+    add_choice(command, "--clock", options.clock, "Hours of the page: ", all_words(clock_words));
+    add_choice(command, "--digits", options.digits, "Digits of the page's Arabic: ", all_words(digits_words));
     add_choice(command, "--format", options.format, "", format_names(timetable_formats()));
     command
         .add_option("--compare", options.compare,

@@ -10,6 +10,7 @@
 #include "stored/outputfile.h"
 #include "stored/programfolder.h"
 #include "system/unfinishedfile.h"
+#include "timetable/pagekeys.h"
 #include "timetable/span.h"
 #include "watch/crescentwatch.h"
 #include "watch/watchcsv.h"
@@ -59,8 +60,10 @@ void check_width(const WatchOptions& options) {
 }
 
 WatchPage page_of(const WatchOptions& options) {
-    return {options.language == "ar" ? Language::arabic : Language::english,
-            options.paper == "Letter" ? PaperSize::letter : PaperSize::a4};
+    WatchPage page;
+    page.language = options.language == "ar" ? Language::arabic : Language::english;
+    take_word(page.paper, options.paper, paper_words);
+    return page;
 }
 
 std::string bytes_of(const CrescentWatch& watch, const WatchOptions& options, const PageMaker& pages) {
@@ -117,7 +120,7 @@ void add_watch_options(CLI::App& command, WatchOptions& options) {
     add_record_options(command, options.records);
     add_choice(command, "--format", options.format, "", format_names(watch_formats()));
     add_choice(command, "--language", options.language, "Language of the page: ", {"en", "ar"});
-    add_choice(command, "--paper", options.paper, "Paper: ", {"A4", "Letter"});
+    add_choice(command, "--paper", options.paper, "Paper: ", all_words(paper_words));
     command.add_option("--width", options.width, "Of a PNG picture")->type_name("PIXELS");
     command.add_option("--output", options.output, "File to write, - for standard output")->type_name("FILE");
 }

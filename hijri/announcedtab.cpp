@@ -33,12 +33,14 @@ AnnouncedTab::AnnouncedTab(QWidget& panel, Ui::frmmonths& ui, Language language)
 }
 
 void AnnouncedTab::read() {
-    warning_of_failure(panel_, language_, [this] {
-        const AnnouncedList list = read_announced();
-        show_faults(list);
-        ui_.tblannounced->show_list(list, language_);
-        show_buttons();
-    });
+    warning_of_failure(panel_, language_, [this] { load(); });
+}
+
+void AnnouncedTab::load() {
+    const AnnouncedList list = read_announced();
+    show_faults(list);
+    ui_.tblannounced->show_list(list, language_);
+    show_buttons();
 }
 
 bool AnnouncedTab::may_close() {
@@ -75,16 +77,18 @@ void AnnouncedTab::write() {
     if (!is_as_read && !asks(changed_question))
         return;
     write_announced(ui_.tblannounced->list_edit().list().rows);
-    read();
+    load();
     ui_.tblannounced->setFocus();
     emit saved();
 }
 
 void AnnouncedTab::cmdrevert_click() {
-    if (!asks(revert_question))
-        return;
-    read();
-    ui_.tblannounced->setFocus();
+    // The panel may be closed and deleted while a message stands: nothing of it is used behind one.
+    if (asks(revert_question))
+        warning_of_failure(panel_, language_, [this] {
+            load();
+            ui_.tblannounced->setFocus();
+        });
 }
 
 } // namespace halvane

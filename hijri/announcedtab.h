@@ -31,6 +31,7 @@ signals:
     void saved();
 
 private:
+    void load();
     void write();
     bool asks(const TwinText& question);
     void show_faults(const AnnouncedList& list);

@@ -22,8 +22,8 @@
 #include "routines/machineclock.h"
 #include "routines/seriesloader.h"
 #include "stored/outputfile.h"
+#include "timetable/pagedigits.h"
 #include "timetable/pageprinter.h"
-#include "timetable/placewords.h"
 #include "timetable/timetableplaces.h"
 #include "ui_frmmonths.h"
 
@@ -136,8 +136,7 @@ void frmmonths::fill_lists() {
     ui_->cbolanguage->addItems(
         {QStringLiteral("English"), QStringLiteral("العربية"), text_of(both_languages, language_)});
     ui_->cbolanguage->setCurrentIndex(language_ == Language::arabic ? 1 : 0);
-    for (const char* digits : {"0 1 2 3", "٠ ١ ٢ ٣"})
-        ui_->cbodigits->addItem(QString::fromStdString(left_to_right(digits)));
+    ui_->cbodigits->addItems({text_of(western_entry, language_), text_of(arabic_entry, language_)});
     ui_->cbopaper->addItems({QStringLiteral("A4"), QStringLiteral("Letter")});
 }
 
@@ -491,13 +490,17 @@ void frmmonths::cmduse_click() {
         warn(this, windowTitle(), ui_->lblstate->text(), language_);
         return;
     }
-    warning_of_failure(*this, language_, [this] { keep_hijri_rule(choices_->shown()); });
-    show_used();
+    warning_of_failure(*this, language_, [this] {
+        keep_hijri_rule(choices_->shown());
+        show_used();
+    });
 }
 
 void frmmonths::cmdtabular_click() {
-    warning_of_failure(*this, language_, [] { forget_hijri_rule(); });
-    show_used();
+    warning_of_failure(*this, language_, [this] {
+        forget_hijri_rule();
+        show_used();
+    });
 }
 
 // --- Files and paper ---

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace halvane {
 
@@ -35,6 +36,15 @@ std::string take_word(Value& target, std::string_view value, const std::array<Wo
         (wanted += wanted.empty() ? "" : ", ") += word.word;
     }
     return wanted;
+}
+
+template <class Value, std::size_t count>
+std::vector<std::string> all_words(const std::array<Word<Value>, count>& words) {
+    std::vector<std::string> all;
+    all.reserve(count);
+    for (const Word<Value>& word : words)
+        all.emplace_back(word.word);
+    return all;
 }
 
 template <class Value, std::size_t count>

@@ -28,8 +28,8 @@ struct PrintedDocument {
 };
 
 /// Asks for a printer over a panel, which may be closed meanwhile, and prints a document on it; a printer
-/// that writes a file writes the document's own PDF. A printer that takes nothing is told of. Error  raises
-/// RunTimeFailure when the file cannot be written.
+/// that writes a file writes the document's own PDF. A printer that takes nothing is told of.
+/// Error  raises RunTimeFailure when the file cannot be written.
 void print_document(const PrintedDocument& document, QWidget& panel, Language language);
 
 } // namespace halvane

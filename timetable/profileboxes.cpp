@@ -6,6 +6,7 @@
 #include "panel/numberlists.h"
 #include "panel/panelstyle.h"
 #include "panel/typednumber.h"
+#include "timetable/pagedigits.h"
 #include "timetable/profilekeys.h"
 
 #include <QCheckBox>
@@ -114,8 +115,8 @@ constexpr EntryOfWord entries[] = {
     {"page", "clock", "12", {"12 hours", "12 ساعة"}},
     {"page", "names", "halvane", {"Fajer, Shuroq, Aser ...", "\u2066Fajer, Shuroq, Aser ...\u2069"}},
     {"page", "names", "common", {"Fajr, Sunrise, Asr ...", "\u2066Fajr, Sunrise, Asr ...\u2069"}},
-    {"page", "digits", "western", {"0 1 2 3", "\u20660 1 2 3\u2069"}},
-    {"page", "digits", "arabic", {"٠ ١ ٢ ٣", "\u2066٠ ١ ٢ ٣\u2069"}},
+    {"page", "digits", "western", western_entry},
+    {"page", "digits", "arabic", arabic_entry},
     {"page", "language", "en", {"English", "الإنجليزية"}},
     {"page", "language", "ar", {"Arabic", "العربية"}},
     {"page", "language", "both", {"English and Arabic", "الإنجليزية و العربية"}},

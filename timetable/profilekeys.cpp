@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "timetable/profilekeys.h"
 
+#include "timetable/pagekeys.h"
+
 #include "base/numberformat.h"
 #include "timetable/clockunits.h"
 #include "timetable/inifile.h"
@@ -82,15 +84,8 @@ constexpr std::array<Word<RuleUse>, 3> use_words{
     {{"missing", RuleUse::missing}, {"beyond", RuleUse::beyond}, {"always", RuleUse::always}}};
 constexpr std::array<Word<Rounding>, 3> rounding_words{
     {{"nearest", Rounding::nearest}, {"up", Rounding::up}, {"down", Rounding::down}}};
-constexpr std::array<Word<ClockFace>, 2> clock_words{
-    {{"24", ClockFace::hours_24}, {"12", ClockFace::hours_12}}};
 constexpr std::array<Word<PrayerNames>, 2> names_words{
     {{"halvane", PrayerNames::halvane}, {"common", PrayerNames::common}}};
-constexpr std::array<Word<PageDigits>, 2> digits_words{
-    {{"western", PageDigits::western}, {"arabic", PageDigits::arabic}}};
-constexpr std::array<Word<PageLanguage>, 3> language_words{
-    {{"en", PageLanguage::english}, {"ar", PageLanguage::arabic}, {"both", PageLanguage::both}}};
-constexpr std::array<Word<PaperSize>, 2> paper_words{{{"A4", PaperSize::a4}, {"Letter", PaperSize::letter}}};
 
 template <DayTime time>
 std::string take_added(Profile& profile, std::string_view value) {

@@ -14,8 +14,10 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QTabWidget>
 #include <QWheelEvent>
+#include <filesystem>
 
 namespace halvane {
 namespace {
@@ -569,6 +571,23 @@ TEST_F(MonthsPanelTest, AListThatAnotherProgramChangedIsNotLostUnasked) {
     answer({true});
     click(form, "cmdsavelist");
     EXPECT_NE(content("hijri-announced.csv"), other);
+}
+
+TEST_F(MonthsPanelTest, MayBeClosedWhileAFailureOfItsListIsTold) {
+    auto form = std::make_unique<frmmonths>();
+    show_tab(*form, announced_tab);
+    click(*form, "cmdadd");
+    std::filesystem::create_directory(path("hijri-announced.csv")); // cannot be read as a file
+    QStringList titles;
+    set_message_presenter([&](QMessageBox& box) {
+        titles << box.windowTitle();
+        if (titles.size() == 2)
+            form.reset();
+        return true;
+    });
+    click(*form, "cmdrevert");
+    EXPECT_EQ(titles, (QStringList{"Announced Months", "File Error"}));
+    EXPECT_EQ(form, nullptr);
 }
 
 TEST_F(MonthsPanelTest, AsksBeforeEditsAreLost) {

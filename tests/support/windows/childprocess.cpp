@@ -4,6 +4,7 @@
 #include "system/windows/quotedword.h"
 
 #include <stdexcept>
+#include <string>
 #include <windows.h>
 
 namespace halvane {
@@ -17,6 +18,23 @@ HANDLE stream_to(const std::filesystem::path& file, DWORD own) {
     SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
     return ::CreateFileW(file.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, &inherited,
                          CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+}
+
+/// Begins a process. Under Wine one of several thousand has not begun, for a reason that is not known.
+/// Returns the error of the last try: 0 when the process has begun.
+DWORD begin(const std::filesystem::path& program, std::wstring line, STARTUPINFOW& start,
+            PROCESS_INFORMATION& begun) {
+    constexpr int tries = 3;
+    constexpr DWORD pause = 300; // [ms]
+    DWORD error = 0;
+    for (int tried = 0; tried < tries; ++tried) {
+        if (::CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
+                             &start, &begun) != 0)
+            return 0;
+        error = ::GetLastError();
+        ::Sleep(pause);
+    }
+    return error;
 }
 
 HANDLE handle_of(std::intptr_t process) {
@@ -37,14 +55,13 @@ ChildProcess::ChildProcess(const std::filesystem::path& program, const std::vect
     start.hStdOutput = stream_to(out, STD_OUTPUT_HANDLE);
     start.hStdError = stream_to(err, STD_ERROR_HANDLE);
     PROCESS_INFORMATION begun{};
-    const BOOL is_begun = ::CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE, 0, nullptr,
-                                           nullptr, &start, &begun);
+    const DWORD error = begin(program, line, start, begun);
     if (!out.empty())
         ::CloseHandle(start.hStdOutput);
     if (!err.empty())
         ::CloseHandle(start.hStdError);
-    if (is_begun == 0)
-        throw std::runtime_error("cannot start " + program.string());
+    if (error != 0)
+        throw std::runtime_error("cannot start " + program.string() + ": error " + std::to_string(error));
     ::CloseHandle(begun.hThread);
     process_ = reinterpret_cast<std::intptr_t>(begun.hProcess);
 }
